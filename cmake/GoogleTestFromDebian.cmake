@@ -1,0 +1,16 @@
+# SPDX-License-Identifier: MIT
+# GoogleTest is built from the sources that the distribution ships, so that native and cross builds
+# use it the same way.
+
+set(ZELK_GOOGLETEST_SOURCE /usr/src/googletest CACHE PATH "Sources of GoogleTest")
+if(NOT EXISTS ${ZELK_GOOGLETEST_SOURCE}/CMakeLists.txt)
+  message(FATAL_ERROR "No GoogleTest in ${ZELK_GOOGLETEST_SOURCE}: install the package 'googletest', "
+    "set ZELK_GOOGLETEST_SOURCE, or configure with -DZELK_TESTS=OFF.")
+endif()
+set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
+set(ZELK_SAVED_WERROR ${CMAKE_COMPILE_WARNING_AS_ERROR})
+set(CMAKE_COMPILE_WARNING_AS_ERROR OFF)
+add_subdirectory(${ZELK_GOOGLETEST_SOURCE} ${CMAKE_BINARY_DIR}/_googletest EXCLUDE_FROM_ALL)
+set(CMAKE_COMPILE_WARNING_AS_ERROR ${ZELK_SAVED_WERROR})
+include(GoogleTest)

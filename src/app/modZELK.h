@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Small program-wide helpers.
+namespace modZELK {
+
+inline constexpr std::string_view kTitle = "ZELK";
+inline constexpr int kMajor = 1, kMinor = 0, kRevision = 75;
+
+/// The caption of the main window: "ZELK v1.0-75".
+std::string MainCaption();
+
+/// The caption of a text window: "Properties of " & title, or, when the title begins with "#", the
+/// rest of it alone.
+std::string TextWindowCaption(std::string_view title);
+/// Referring item & " references MISSING " & kind & " file " & file.
+std::string MissingReferenceText(std::string_view file, std::string_view referringItem,
+                                 std::string_view kind);
+/// Radians, in single precision.
+float DegreesToRadians(float degrees);
+/// Appends one line to the trace log (host/Folders.h).
+void WriteLog(std::string_view text);
+
+} // namespace modZELK

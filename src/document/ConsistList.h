@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace host {
+class GameFiles;
+}
+namespace install {
+class Installation;
+}
+
+namespace document {
+
+/// Names of the installed consists that match the filter (host/Filter.h), in listing order. Empty
+/// when there is no consist folder.
+std::vector<std::string> ListConsists(const install::Installation &installation,
+                                      host::GameFiles &files, std::string_view filter);
+
+/// "Consist List 2", or "Consist List 2 (Filtered on GP*)" when the filter limits the list.
+std::string ConsistListCaption(int windowNumber, std::string_view filter);
+
+} // namespace document

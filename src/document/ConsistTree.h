@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "stavfile/StfFile.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace document {
+
+/// A stock item by its three list columns.
+struct StockItem
+{
+    std::string type;   ///< "Engine" or "Wagon"; in a consist with "*" appended when flipped
+    std::string folder; ///< below Trains\Trainset
+    std::string shape;  ///< base name of the .eng or .wag file
+
+    friend bool operator==(const StockItem &, const StockItem &) = default;
+};
+
+/// The path of a stock item's file below an installation folder: its extension is the first three
+/// letters of the type in lower case.
+std::string StockPath(std::string_view installFolder, const StockItem &item);
+
+/// One unit of the train as the editor lists it.
+struct ConsistRow
+{
+    StockItem item;
+    std::int16_t position = 0; ///< 1-based place of the entry among the children of TrainCfg
+
+    friend bool operator==(const ConsistRow &, const ConsistRow &) = default;
+};
+
+/// The editing buttons, by their index.
+enum class Move { Add = 0, Remove = 1, RemoveAll = 2, Forwards = 3, Backwards = 4, Flip = 5 };
+
+/// What an edit leaves for the window to show.
+struct EditResult
+{
+    int selectedRow = 0; ///< 1-based row to select, 0 for none
+    std::string message; ///< why nothing was changed, for the status bar; "" when all is well
+};
+
+/// A consist document and what the editor does with it. The tree is the data; rows are a view of
+/// it, made anew after every edit. Rows count from 1, 0 is "none selected".
+class ConsistTree
+{
+public:
+    explicit ConsistTree(host::GameFiles &files);
+
+    /// Reads a consist file. RuntimeError as StfFile::Load; error 91 with the file's name when
+    /// there is no Train or TrainCfg block (the tree is loaded all the same). Clears Changed.
+    void Load(const std::string &path);
+    /// Starts a new consist from the template and sets Changed.
+    void New();
+
+    bool Changed() const { return m_changed; }
+    void SetChanged(bool changed) { m_changed = changed; }
+
+    const std::vector<ConsistRow> &Rows() const { return m_rows; }
+    /// The values of TrainCfg joined by single blanks, trimmed.
+    std::string Title() const;
+    /// Values of MaxVelocity (index 0 and 1) and Durability as the file's text; "" when absent.
+    std::string MaxVelocity(int index) const;
+    std::string Durability() const;
+
+    /// Performs an editing operation and rebuilds the rows. Every call sets Changed, also one that
+    /// changes nothing. `stock` is the selected row of the stock list, needed by Add only (null for
+    /// none selected). Never throws on the file's content: what cannot be done changes nothing in
+    /// the tree and is said in the result.
+    EditResult Edit(Move move, int selectedRow, const StockItem *stock = nullptr);
+
+    /// Sets the consist's name after the file name in TrainCfg and its name node, writes the
+    /// document to `path` and clears Changed. RuntimeError as StfFile::Save, or 91 with the file's
+    /// name when there is no TrainCfg to hold the name; Changed then stays set.
+    void Save(const std::string &path);
+
+    const StfFile &Document() const { return m_file; }
+
+private:
+    StfNode trainCfg() const;
+    void rebuildRows();
+    EditResult add(const StockItem *stock);
+    EditResult remove(int row);
+    EditResult removeAll();
+    EditResult forwards(int row);
+    EditResult backwards(int row);
+    EditResult flip(int row);
+    void writeName(const std::string &name);
+
+    StfFile m_file;
+    std::vector<ConsistRow> m_rows;
+    bool m_changed = false;
+};
+
+/// The name that a consist gets from its file: the file name without folder and last extension.
+std::string ConsistName(std::string_view path);
+
+} // namespace document

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace host {
+
+enum class DialogIcon { None, Information, Question, Critical };
+enum class DialogButtons { Ok, YesNo, YesNoCancel };
+enum class DialogAnswer { Ok, Yes, No, Cancel };
+
+/// A file dialog: `filter` is "text|pattern|text|pattern...", the first entry is the initial one.
+struct FileDialogRequest
+{
+    std::string title;
+    std::string filter;
+    std::string initialName; ///< what stands in the name box, for example "*.con"
+    std::string folder;      ///< where it opens; "" for the dialog's own choice
+};
+
+/// Everything that stops a command to ask or tell the user something. Qt in the program, scripted
+/// in tests, silent with a log in zelkctl.
+class Dialogs
+{
+public:
+    virtual ~Dialogs() = default;
+
+    /// A message box. With one button the answer is Ok; closing a box with Yes, No and Cancel is
+    /// Cancel, closing one with Yes and No is No.
+    virtual DialogAnswer Message(const std::string &text, const std::string &title, DialogIcon icon,
+                                 DialogButtons buttons = DialogButtons::Ok) = 0;
+    /// An input box; the empty text when it was cancelled or nothing was entered.
+    virtual std::string Input(const std::string &prompt, const std::string &title,
+                              const std::string &defaultAnswer) = 0;
+    /// A file to open; "" when cancelled.
+    virtual std::string OpenFile(const FileDialogRequest &request) = 0;
+    /// A file to save; "" when cancelled. The dialog itself asks nothing about overwriting.
+    virtual std::string SaveFile(const FileDialogRequest &request) = 0;
+};
+
+} // namespace host

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace host {
+
+/// One entry of a folder.
+struct FolderEntry
+{
+    std::string name; ///< as shown: UTF-8 (a name that is no UTF-8 is read as Windows-1252)
+    bool isFolder = false;
+};
+
+/// The only class that turns a game path into one that the disk knows.
+///
+/// A game path is UTF-8 text with "\" or "/" between its steps, in any letter case. On a
+/// case-sensitive disk every step is resolved ignoring case, the exact spelling first; two folders
+/// that differ only in case are both searched. ".." and "." are worked off in the text before the
+/// disk is asked. Where a file is looked for, a folder of that name does not count, and the other
+/// way round.
+///
+/// Listings are kept and checked against the folder's time stamp at every use, so that they are
+/// right while files come and go; Refresh drops them all. Safe to use from several threads.
+class GameFiles
+{
+public:
+    GameFiles();
+    ~GameFiles();
+    GameFiles(const GameFiles &) = delete;
+    GameFiles &operator=(const GameFiles &) = delete;
+
+    /// The disk's path of an existing file (not a folder), or nothing.
+    std::optional<std::filesystem::path> FindFile(std::string_view path);
+    /// The disk's path of an existing folder, or nothing. Of several that differ in case, the
+    /// exactly spelled one, else the first in listing order.
+    std::optional<std::filesystem::path> FindFolder(std::string_view path);
+    bool FileExists(std::string_view path) { return FindFile(path).has_value(); }
+    bool FolderExists(std::string_view path) { return FindFolder(path).has_value(); }
+
+    /// Where a file of this path is, or would have to be written: the existing file of that name in
+    /// any letter case, else the name as given in the resolved parent folder. Nothing when there is
+    /// no parent folder.
+    std::optional<std::filesystem::path> TargetOf(std::string_view path);
+
+    /// Names of the files (or folders) in a folder that match a DOS pattern (host/Filter.h), in
+    /// listing order: by upper case, on every machine. Empty when there is no such folder. "." and
+    /// ".." are never listed. Folders that differ only in case are listed together, a name that
+    /// stands in two of them once.
+    std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern);
+    std::vector<std::string> ListFolders(std::string_view folder, std::string_view pattern = "*");
+
+    /// The whole content of a file. RuntimeError 53 when there is no such file, 76 when there is no
+    /// such folder, 70 or 75 when it cannot be read, 5 when it is larger than `limit` bytes; the
+    /// detail names the path as given and the reason.
+    std::string ReadFile(std::string_view path, std::uint64_t limit = kReadLimit);
+
+    /// Writes a file whole or not at all: a temporary file beside the target, flushed, renamed over
+    /// it. An existing file keeps its permissions, and its spelling where only letter case differs;
+    /// a read-only one is refused. RuntimeError 70, 75 or 76 with the whole path and the reason;
+    /// the old file is then as it was and no temporary file is left.
+    void WriteFile(std::string_view path, std::string_view bytes);
+
+    /// Deletes a file. RuntimeError 53 when there is none, 70 or 75 when it cannot be deleted.
+    void RemoveFile(std::string_view path);
+
+    /// Forgets every listing.
+    void Refresh();
+
+    static constexpr std::uint64_t kReadLimit = 1ull << 30; ///< 1 GiB: larger is no content file
+
+private:
+    class Listings;
+    std::unique_ptr<Listings> m_listings;
+};
+
+/// Text operations on game paths; both separators are accepted everywhere.
+namespace path {
+
+/// The separator that paths are shown with: "\" on Windows, "/" elsewhere.
+extern const char kSeparator;
+/// `folder` & "\" & `relative`, in the platform's own separator; `relative` may begin with one.
+std::string Join(std::string_view folder, std::string_view relative);
+/// The text after the last separator.
+std::string_view FileName(std::string_view path);
+/// The text up to and including the last separator, or "".
+std::string_view FolderWithSeparator(std::string_view path);
+/// The text after the last "." of the whole path, in lower case; the whole path in lower case when
+/// it has none.
+std::string Extension(std::string_view path);
+/// The file name without the part from its last "." on.
+std::string BaseName(std::string_view path);
+/// Separators made the platform's own, "." and ".." worked off, for comparing two paths.
+std::string Normalise(std::string_view path);
+/// UTF-8 text of a path of the disk, and back (both ways exact on Linux).
+std::string FromDisk(const std::filesystem::path &path);
+std::filesystem::path ToDisk(std::string_view path);
+
+} // namespace path
+} // namespace host

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace host {
+
+/// A small text store: "[section]" lines, "key=value" lines, ";" and "#" comment lines. Sections
+/// and keys compare without regard to letter case. Values are UTF-8, taken as they stand after the
+/// "=" with surrounding blanks trimmed; a value in double quotes keeps its blanks. Backslashes
+/// mean themselves. What the reader does not understand is kept when the text is written again.
+class IniFile
+{
+public:
+    static IniFile FromText(std::string_view text);
+    std::string ToText() const;
+
+    std::optional<std::string> Value(std::string_view section, std::string_view key) const;
+    /// Replaces the value where it stands, or adds key and section at the end. Line breaks in a
+    /// value become blanks.
+    void SetValue(std::string_view section, std::string_view key, std::string_view value);
+
+private:
+    struct Line
+    {
+        std::string text; ///< as read, without its line end
+        std::string section, key, value;
+        bool isValue = false;
+    };
+    std::vector<Line> m_lines;
+};
+
+} // namespace host

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <exception>
+#include <string>
+
+namespace host {
+
+/// The numbered run-time errors that commands know how to report.
+enum class ErrorNumber {
+    InvalidCall = 5,
+    Overflow = 6,
+    SubscriptOutOfRange = 9,
+    TypeMismatch = 13,
+    FileNotFound = 53,
+    PermissionDenied = 70,
+    PathFileAccess = 75,
+    PathNotFound = 76,
+    ObjectNotSet = 91,
+    KeyInUse = 457,
+};
+
+/// The classic text of an error, for example "Subscript out of range" for 9.
+const char *ClassicText(ErrorNumber number);
+
+/// A failure of the machine, or a misuse that the product defines as an error. Thrown by the rooms
+/// below the forms, caught at the edge of each command and shown there; never leaves the program.
+class RuntimeError : public std::exception
+{
+public:
+    /// `detail` is what the user needs besides the classic text: the file, the line, what was
+    /// expected. It may be empty.
+    explicit RuntimeError(ErrorNumber number, std::string detail = {});
+
+    int Number() const { return static_cast<int>(m_number); }
+    ErrorNumber Code() const { return m_number; }
+    /// The classic text alone.
+    std::string Text() const { return ClassicText(m_number); }
+    const std::string &Detail() const { return m_detail; }
+    /// "<classic text>: <detail>", or the classic text alone when there is no detail.
+    const char *what() const noexcept override { return m_what.c_str(); }
+
+private:
+    ErrorNumber m_number;
+    std::string m_detail;
+    std::string m_what;
+};
+
+} // namespace host

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace host {
+
+/// The per-user store of settings: application "ZELK", section "Settings".
+class SettingsStore
+{
+public:
+    virtual ~SettingsStore() = default;
+    /// The stored text, or nothing when it is missing or cannot be read.
+    virtual std::optional<std::string> Read(std::string_view key) = 0;
+    /// Stores a text. RuntimeError 70, 75 or 76 when the store cannot be written.
+    virtual void Write(std::string_view key, std::string_view value) = 0;
+};
+
+/// $XDG_CONFIG_HOME/ZELK/ZELK.ini (~/.config where the variable is not set). Every Write replaces
+/// the file whole.
+class IniSettings : public SettingsStore
+{
+public:
+    IniSettings();
+    explicit IniSettings(std::string file) : m_file(std::move(file)) {}
+    std::optional<std::string> Read(std::string_view key) override;
+    void Write(std::string_view key, std::string_view value) override;
+
+private:
+    std::string m_file;
+};
+
+/// A number as stored: decimal text of a single-precision number with "." in every locale. Text
+/// that is no number (surrounding blanks allowed) gives nothing.
+std::optional<float> ParseSingle(std::string_view text);
+std::string FormatSingle(float value);
+
+} // namespace host

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace install {
+
+/// Where Train Simulator lives: the folder that the user chose, or else the one it registered.
+class Installation
+{
+public:
+    /// The override when there is one, otherwise the registered folder (possibly ""), as stored.
+    std::string CurrentFolder() const;
+    /// The folder that Train Simulator registered, read fresh, or "".
+    static std::string RegisteredFolder();
+    /// Stores the location as the override. Text that is empty or "$MSTS" (letter case and
+    /// surrounding blanks ignored) clears it; other text is stored as given.
+    void SetLocation(std::string_view location);
+    const std::string &Override() const { return m_override; }
+
+    /// CurrentFolder() & "\" & a relative path such as "Trains\Consists".
+    std::string PathOf(std::string_view relative) const;
+    /// The file of a consist by its list name.
+    std::string ConsistPath(std::string_view name) const;
+
+private:
+    std::string m_override;
+};
+
+/// What stands for the registered folder wherever a location is stored or typed.
+inline constexpr std::string_view kRegisteredToken = "$MSTS";
+
+/// The location that the Set MSTS Location dialog hands over for the text in its box: the token
+/// when the text is exactly the registered folder, else the text.
+std::string ChosenLocation(std::string_view typed);
+
+/// The full path of the separately installed shape viewer, or "".
+std::string FindShapeViewer();
+
+} // namespace install

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "stavfile/StfFile.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace host {
+class GameFiles;
+}
+namespace install {
+class Installation;
+}
+
+namespace modTS {
+
+/// Creates a block of this name, appends it to the list and returns it.
+StfNode AddNode(StfNodes nodes, std::string_view name);
+/// The same, with values.
+StfNode AddNode(StfNodes nodes, std::string_view name, const std::vector<std::string> &values);
+
+/// Fills an empty document with the tree of a new file of this extension (letter case ignored).
+/// Only "con" has one; for any other the document stays empty.
+void NewDocumentTemplate(StfFile &file, std::string_view extension);
+
+/// The installed routes, separated by "|", in listing order: folders below Routes whose names hold
+/// no ".". With names each entry is the folder, directly followed by "(", the route's name and
+/// ")"; the bare folder where the route file is missing, unreadable or nameless.
+std::string RoutesList(const install::Installation &installation, host::GameFiles &files,
+                       bool withNames);
+
+} // namespace modTS

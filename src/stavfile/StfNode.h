@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/RuntimeError.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+class StfNodes;
+
+namespace stavfile {
+struct Node;
+class Writer;
+} // namespace stavfile
+
+/// A handle on one block of a structured file: NAME [LABEL] ( values and child blocks ).
+///
+/// Cheap to copy; copies refer to the same block, and two handles on the same block are equal. A
+/// handle keeps its block alive, also when the StfFile it came from is gone. An empty handle is "no
+/// object": it tests false, and every use of it is run-time error 91. Values are UTF-8 text without
+/// the enclosing quotes and with the escapes decoded; what is not changed is written back with the
+/// bytes that it was read from. Not safe to use from two threads at once, not even for reading.
+class StfNode
+{
+public:
+    /// No object.
+    StfNode() = default;
+    /// A new block without name, values and children, in no list yet.
+    static StfNode Create();
+
+    explicit operator bool() const { return m_node != nullptr; }
+    friend bool operator==(const StfNode &, const StfNode &) = default;
+
+    std::string Name() const;
+    void SetName(std::string_view name);
+    /// The value between name and bracket ("MAIN" in `matrix MAIN ( ... )`), "" when there is none.
+    std::string Label() const;
+
+    /// The live list of child blocks, in file order, 1-based.
+    StfNodes Children() const;
+    /// The first direct child of exactly this name, or no object.
+    StfNode Child(std::string_view name) const;
+    /// Looks through the children after `position` (0 at the start) for one whose name is exactly
+    /// one of the alternatives, which are separated by "|". True sets `position` to that child's
+    /// 1-based place in Children; false leaves it. Error 6 when the place is beyond 16 bits.
+    bool FindChild(std::string_view names, std::int16_t &position) const;
+
+    /// Number of plain values. (Can pass 16 bits in large files, hence int.)
+    int NumParameters() const;
+    /// Resizes the list of values; new ones are empty and unquoted. Error 5 below 0.
+    void SetNumParameters(int count);
+    /// The value at a 0-based index; error 9 outside the list.
+    std::string Parameter(int index) const;
+    /// The same as spelled in the file, with its quotes, escapes and joins ("" for a value that was
+    /// set and not read). Error 9 outside the list.
+    std::string RawParameter(int index) const;
+    /// Replaces the value at a 0-based index; error 9 outside the list. Text that stands in double
+    /// quotes is written as it stands; other text is quoted when it must be. Setting the text that
+    /// a value has already, with or without quotes around it, leaves the value's spelling as it is.
+    void SetParameter(int index, std::string_view value);
+
+    /// 1-based line of the block's name in the file it was read from; 0 for a new block.
+    int Line() const;
+
+private:
+    friend class StfNodes;
+    friend class StfFile;
+    friend class stavfile::Writer;
+    explicit StfNode(std::shared_ptr<stavfile::Node> node) : m_node(std::move(node)) {}
+    stavfile::Node &node() const;
+
+    std::shared_ptr<stavfile::Node> m_node;
+};
+
+/// A live, ordered, 1-based list of blocks: the children of a block or the top level of a file.
+/// Changing the list changes the document. Places outside the list are error 9.
+class StfNodes
+{
+public:
+    int Count() const;
+    StfNode Item(int place) const;
+    /// Appends. Error 5 when the block holds this list itself (directly or deeper); error 91 for no
+    /// object.
+    void Add(const StfNode &node);
+    /// Inserts so that the block stands at `place`, 1 to Count() + 1.
+    void Insert(const StfNode &node, int place);
+    void Remove(int place);
+
+private:
+    friend class StfNode;
+    friend class StfFile;
+    explicit StfNodes(std::shared_ptr<stavfile::Node> owner) : m_owner(std::move(owner)) {}
+
+    std::shared_ptr<stavfile::Node> m_owner;
+};
