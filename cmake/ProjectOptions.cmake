@@ -27,6 +27,10 @@ else()
   target_compile_options(project_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor
     -Woverloaded-virtual -Wformat=2)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # GCC 12 sees overlapping copies and uninitialised bytes in std::string's own code.
+    target_compile_options(project_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
+  endif()
 endif()
 if(ZELK_SANITIZE)
   target_compile_options(project_options INTERFACE

@@ -82,7 +82,8 @@ public:
 private:
     StfNode trainCfg() const;
     void rebuildRows();
-    EditResult add(const StockItem *stock);
+    EditResult perform(Move move, int row, const StockItem *stock);
+    EditResult add(const StockItem &stock);
     EditResult remove(int row);
     EditResult removeAll();
     EditResult forwards(int row);

@@ -7,6 +7,7 @@
 #include <functional>
 #include <mutex>
 #include <optional>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -18,7 +19,8 @@ std::size_t DefaultWorkers();
 
 /// Runs jobs 0 to count-1 ahead on worker threads and hands their results over in that order, so
 /// that what the caller sees is the same for any number of workers. The job must not throw and
-/// must not touch what belongs to the caller's thread. At most `window` finished results wait.
+/// must not touch what belongs to the caller's thread. At most `window` results (at least one) wait
+/// or are being made. One thread takes and stops.
 template <typename Result> class Ahead
 {
 public:
@@ -26,10 +28,13 @@ public:
 
     Ahead(std::size_t count, Job job, std::size_t workers = DefaultWorkers(),
           std::size_t window = 4096)
-        : m_job(std::move(job)), m_results(count), m_window(window)
+        : m_job(std::move(job))
+        , m_results(count)
+        , m_window(std::max<std::size_t>(1, window))
     {
-        for (std::size_t i = 0; i < std::max<std::size_t>(1, std::min(workers, count)); ++i)
-            m_threads.emplace_back([this](const std::stop_token &stop) { work(stop); });
+        const std::size_t wanted = std::max<std::size_t>(1, std::min(workers, count));
+        while (m_threads.size() < wanted && startThread())
+            continue;
     }
     ~Ahead() { Stop(); }
     Ahead(const Ahead &) = delete;
@@ -71,8 +76,6 @@ public:
         }
         m_room.notify_all();
         m_ready.notify_all();
-        for (auto &thread : m_threads)
-            thread.request_stop();
         m_threads.clear();
     }
 
@@ -86,11 +89,23 @@ private:
         m_room.notify_all();
         return result;
     }
-    void work(const std::stop_token &stop)
+    /// False when the machine gives no further thread; those that run do the work then.
+    bool startThread()
+    {
+        try {
+            m_threads.emplace_back([this] { work(); });
+            return true;
+        } catch (const std::system_error &) {
+            if (m_threads.empty())
+                throw;
+            return false;
+        }
+    }
+    void work()
     {
         std::unique_lock lock(m_mutex);
-        while (!m_stopped && !stop.stop_requested() && m_next < m_results.size()) {
-            if (m_next >= m_taken + m_window) {
+        while (!m_stopped && m_next < m_results.size()) {
+            if (m_next - m_taken >= m_window) {
                 m_room.wait(lock);
                 continue;
             }

@@ -18,5 +18,7 @@ bool MatchesEverything(std::string_view filter);
 /// base name or of the extension). "*.ext" looks at the text after the last dot; "*." matches
 /// names without an extension; "*" and "*.*" match every name.
 bool MatchesDosPattern(std::string_view name, std::string_view pattern);
+/// The same for a name and a pattern that are in upper case already.
+bool MatchesUpperDosPattern(std::string_view name, std::string_view pattern);
 
 } // namespace host

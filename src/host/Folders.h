@@ -24,6 +24,8 @@ std::string ExecutableFolder();
 /// Where the scratch consist, default log names and the association file go: the executable's
 /// folder when it is writable, else the user's data folder & "/zelk" (made when missing).
 std::string ProgramFolder();
+/// `preferred` when files can be made in it, else `otherwise` (made when missing).
+std::string WritableFolder(const std::string &preferred, const std::string &otherwise);
 
 /// A place at which a folder dialog may start: a mounted volume (a drive on Windows).
 struct Volume
@@ -33,6 +35,9 @@ struct Volume
 };
 /// The mounted volumes that hold files of the user, "/" first; pseudo file systems are left out.
 std::vector<Volume> Volumes();
+/// The same from a table of mounts: lines of device, folder, type and more, with blanks between
+/// and octal escapes (\040) within.
+std::vector<Volume> VolumesFromMounts(std::string_view mounts);
 
 /// The trace log file: zelk.log in the user's state folder & "/zelk".
 std::string TraceLogFile();

@@ -11,20 +11,15 @@
 
 namespace host {
 
-/// One entry of a folder.
-struct FolderEntry
-{
-    std::string name; ///< as shown: UTF-8 (a name that is no UTF-8 is read as Windows-1252)
-    bool isFolder = false;
-};
+struct GamePath;
 
 /// The only class that turns a game path into one that the disk knows.
 ///
 /// A game path is UTF-8 text with "\" or "/" between its steps, in any letter case. On a
 /// case-sensitive disk every step is resolved ignoring case, the exact spelling first; two folders
 /// that differ only in case are both searched. ".." and "." are worked off in the text before the
-/// disk is asked. Where a file is looked for, a folder of that name does not count, and the other
-/// way round.
+/// disk is asked. A name on the disk that is no UTF-8 is shown, and found, as Windows-1252 reads
+/// it. Where a file is looked for, a folder of that name does not count, and the other way round.
 ///
 /// Listings are kept and checked against the folder's time stamp at every use, so that they are
 /// right while files come and go; Refresh drops them all. Safe to use from several threads.
@@ -77,6 +72,14 @@ public:
 
 private:
     class Listings;
+
+    /// The files that a path leads to; `folders` are those in which they were looked for.
+    std::vector<std::string> filesAt(const GamePath &path, std::vector<std::string> &folders);
+    /// The disk's path of a file that must be there; the errors of ReadFile.
+    std::string existing(std::string_view path);
+    std::vector<std::string> list(std::string_view folder, std::string_view pattern,
+                                  bool wantFolders);
+
     std::unique_ptr<Listings> m_listings;
 };
 

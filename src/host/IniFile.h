@@ -30,7 +30,10 @@ private:
         std::string section, key, value;
         bool isValue = false;
     };
+    static Line readLine(std::string_view text, bool isFirst, std::string &section);
+
     std::vector<Line> m_lines;
+    std::string m_lineEnd = "\n"; ///< that of the first line read
 };
 
 } // namespace host

@@ -13,11 +13,17 @@ namespace host {
 std::string ToUpper(std::string_view text);
 /// The mapping for one code point.
 char32_t ToUpper(char32_t c);
+/// The same mappings backwards.
+std::string ToLower(std::string_view text);
+char32_t ToLower(char32_t c);
 
 /// Three-way comparison of the upper-case forms by UTF-16 code unit order, as directory listings
 /// are ordered; <0, 0, >0.
 int CompareNoCase(std::string_view a, std::string_view b);
 bool EqualsNoCase(std::string_view a, std::string_view b);
+
+/// Three-way comparison of two texts by UTF-16 code units, letter case counting; <0, 0, >0.
+int CompareCodeUnits(std::string_view a, std::string_view b);
 
 /// Listing order: by upper case, and by bytes where that is equal.
 bool ListsBefore(std::string_view a, std::string_view b);

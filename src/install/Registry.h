@@ -16,4 +16,9 @@ namespace Registry {
 /// fresh at every call.
 std::string QueryValue(std::string_view key, std::string_view value);
 
+/// A Windows path from the registry ("C:\Games\x") as this machine's own: on Windows unchanged,
+/// elsewhere through the drives of the Wine prefix, spelled as the disk has it where something is
+/// there. Other text, and a path on a drive that the prefix does not have, comes back unchanged.
+std::string PathOnThisMachine(std::string_view windowsPath);
+
 } // namespace Registry

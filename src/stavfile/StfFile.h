@@ -13,12 +13,24 @@ class GameFiles;
 
 namespace stavfile {
 
-enum class Encoding { Utf16Le, Utf16Be, Utf8, Windows1252 };
+enum class Encoding
+{
+    Utf16Le,
+    Utf16Be,
+    Utf8,
+    Windows1252
+};
 /// "utf-16le", "utf-16be", "utf-8" or "windows-1252".
 const char *EncodingName(Encoding encoding);
 
 /// What a file turned out to be. All but Text give an empty tree.
-enum class Form { Text, Binary, Compressed, NulsOnly };
+enum class Form
+{
+    Text,
+    Binary,
+    Compressed,
+    NulsOnly
+};
 
 /// Something that the reader mended, or that other readers will trip over.
 struct Note
@@ -48,7 +60,9 @@ public:
     /// RuntimeError 53, 70, 75 or 76 when it cannot be read (the tree is then unchanged). A file
     /// that is binary, compressed or all NULs gives an empty tree; Form says which.
     void Load();
-    /// The same from bytes in memory.
+    /// Makes this an empty new document again.
+    void New();
+    /// The same as Load from bytes in memory.
     void LoadBytes(std::string bytes);
 
     /// Writes the tree to the file named by FileName, whole or not at all (GameFiles::WriteFile).

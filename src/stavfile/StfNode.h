@@ -59,8 +59,9 @@ public:
     /// set and not read). Error 9 outside the list.
     std::string RawParameter(int index) const;
     /// Replaces the value at a 0-based index; error 9 outside the list. Text that stands in double
-    /// quotes is written as it stands; other text is quoted when it must be. Setting the text that
-    /// a value has already, with or without quotes around it, leaves the value's spelling as it is.
+    /// quotes is written as it stands (and read back without them); other text is quoted when it
+    /// must be. Setting the text that a value has already, with or without quotes around it, leaves
+    /// the value's spelling as it is.
     void SetParameter(int index, std::string_view value);
 
     /// 1-based line of the block's name in the file it was read from; 0 for a new block.
@@ -70,11 +71,19 @@ private:
     friend class StfNodes;
     friend class StfFile;
     friend class stavfile::Writer;
-    explicit StfNode(std::shared_ptr<stavfile::Node> node) : m_node(std::move(node)) {}
+    explicit StfNode(std::shared_ptr<stavfile::Node> node)
+        : m_node(std::move(node))
+    {
+    }
     stavfile::Node &node() const;
 
     std::shared_ptr<stavfile::Node> m_node;
 };
+
+namespace stavfile {
+/// A text in double quotes with its escapes, as SetParameter takes it to be written as it stands.
+std::string QuotedValue(std::string_view text);
+} // namespace stavfile
 
 /// A live, ordered, 1-based list of blocks: the children of a block or the top level of a file.
 /// Changing the list changes the document. Places outside the list are error 9.
@@ -93,7 +102,10 @@ public:
 private:
     friend class StfNode;
     friend class StfFile;
-    explicit StfNodes(std::shared_ptr<stavfile::Node> owner) : m_owner(std::move(owner)) {}
+    explicit StfNodes(std::shared_ptr<stavfile::Node> owner)
+        : m_owner(std::move(owner))
+    {
+    }
 
     std::shared_ptr<stavfile::Node> m_owner;
 };

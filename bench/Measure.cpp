@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "Measure.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <limits>
+#include <utility>
+
+namespace bench {
+
+void PrintTable(const std::vector<Row> &rows)
+{
+    std::printf("\n%-44s %12s   %-44s %12s %7s\n", "what", "", "yardstick", "", "ratio");
+    for (const Row &row : rows)
+        std::printf("%-44s %9.2f %-2s   %-44s %9.2f %-2s %7.2f\n", row.what.c_str(), row.value,
+                    row.unit.c_str(), row.yardstick.c_str(), row.yardstickValue, row.unit.c_str(),
+                    row.value / row.yardstickValue);
+    std::fflush(stdout);
+}
+
+double Milliseconds(const std::function<void()> &work)
+{
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point start = Clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+Row Compare(std::string what, const std::function<void()> &work, std::string yardstick,
+            const std::function<void()> &yardstickWork, int rounds)
+{
+    constexpr double kNever = std::numeric_limits<double>::infinity();
+    Row row{std::move(what), std::move(yardstick), kNever, kNever};
+    for (int round = 0; round < rounds; ++round) {
+        row.value = std::min(row.value, Milliseconds(work));
+        row.yardstickValue = std::min(row.yardstickValue, Milliseconds(yardstickWork));
+    }
+    return row;
+}
+
+} // namespace bench

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "samples/Sample.h"
+
+#include "samples/Consists.h"
+#include "samples/Large.h"
+#include "samples/Output.h"
+#include "samples/Routes.h"
+#include "samples/Sounds.h"
+#include "samples/Stock.h"
+
+#include <algorithm>
+#include <limits>
+#include <set>
+#include <stdexcept>
+#include <string>
+
+namespace samples {
+namespace {
+
+constexpr int kStockPerFolder = 10;
+constexpr int kMostFolders = 99'999; // five digits in the names
+constexpr int kMostStock = 10'000'000;
+constexpr int kMostConsists = 99'999;
+
+Totals defaultTotals()
+{
+    std::set<std::string> folders;
+    for (const Vehicle &vehicle : Vehicles())
+        folders.insert(vehicle.folder);
+    return {static_cast<int>(folders.size()), static_cast<int>(Vehicles().size()),
+            static_cast<int>(Consists().size())};
+}
+
+void requireRange(const char *option, std::optional<int> value, int least, int most)
+{
+    if (value && (*value < least || *value > most))
+        throw std::runtime_error("--" + std::string(option) + ' ' + std::to_string(*value) +
+                                 ": must be " + std::to_string(least) + " to " +
+                                 std::to_string(most));
+}
+
+/// Generated stock goes to generated folders only.
+Extra extraOf(const Options &options, const Totals &least)
+{
+    requireRange("folders", options.folders, least.folders, kMostFolders);
+    requireRange("stock", options.stock, least.stock, kMostStock);
+    requireRange("consists", options.consists, least.consists, kMostConsists);
+    Extra extra;
+    extra.folders = options.folders.value_or(least.folders) - least.folders;
+    extra.stock = options.stock.value_or(least.stock) - least.stock;
+    extra.consists = options.consists.value_or(least.consists) - least.consists;
+    extra.seed = options.seed.value_or(extra.seed);
+    if (!options.stock)
+        extra.stock = extra.folders * kStockPerFolder;
+    if (!options.folders)
+        extra.folders = std::min((extra.stock + kStockPerFolder - 1) / kStockPerFolder,
+                                 kMostFolders - least.folders);
+    if (extra.stock > 0 && extra.folders == 0)
+        throw std::runtime_error("--folders " + std::to_string(least.folders) +
+                                 ": more stock needs at least one folder more");
+    return extra;
+}
+
+std::string optionText(const char *name, std::optional<int> value)
+{
+    return value ? " --" + std::string(name) + ' ' + std::to_string(*value) : std::string();
+}
+
+std::string markerText(const Options &options)
+{
+    std::string text = "A sample installation, made by zelk-sample. The program writes its files\n"
+                       "here again as long as this file stands unchanged.\nOptions:";
+    text += optionText("folders", options.folders);
+    text += optionText("stock", options.stock);
+    text += optionText("consists", options.consists);
+    if (options.seed)
+        text += " --seed " + std::to_string(*options.seed);
+    return text + '\n';
+}
+
+} // namespace
+
+Totals WriteSample(const std::filesystem::path &out, const Options &options)
+{
+    Totals totals = defaultTotals();
+    const Extra extra = extraOf(options, totals);
+    Output output(out, markerText(options));
+    for (const auto &files : {StockFiles(), SoundFiles(), CabFiles(), ConsistFiles(), RouteFiles()})
+        for (const SampleFile &file : files)
+            output.Write(file.path, file.bytes);
+    WriteExtra(output, extra);
+    totals.folders += extra.folders;
+    totals.stock += extra.stock;
+    totals.consists += extra.consists;
+    totals.files = output.Count();
+    return totals;
+}
+
+} // namespace samples

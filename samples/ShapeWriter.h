@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace samples {
+
+/// Metres; left-handed: X right, Y up, Z forward.
+struct Vec3
+{
+    float x = 0;
+    float y = 0;
+    float z = 0;
+};
+
+/// v = 0 is the top row of the picture.
+struct Uv
+{
+    float u = 0;
+    float v = 0;
+};
+
+/// Rows A, B, C and the translation D of a row-vector matrix; `parent` is -1 for a root.
+struct ShapeMatrix
+{
+    std::string label;
+    std::array<float, 12> rows = {1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0};
+    int parent = -1;
+};
+
+/// Indices into the points, normals and texture points of the shape.
+struct Corner
+{
+    std::uint32_t point = 0;
+    std::uint32_t normal = 0;
+    std::uint32_t uv = 0;
+};
+
+/// Triangles that share a picture and a matrix. (b-a) x (c-a) points out of the front.
+struct ShapePart
+{
+    std::string name;
+    std::string shader = "TexDiff";
+    std::uint32_t image = 0;
+    std::uint32_t matrix = 0;
+    bool alphaTest = false;
+    std::vector<Corner> corners;
+    std::vector<std::uint32_t> indices; ///< into `corners`, three per triangle
+};
+
+/// A shape with one level of detail.
+struct ShapeModel
+{
+    float radius = 1;
+    std::vector<Vec3> points;
+    std::vector<Uv> uvs;
+    std::vector<Vec3> normals;
+    std::vector<ShapeMatrix> matrices;
+    std::vector<std::string> images;
+    std::vector<ShapePart> parts;
+    /// Written as the count of images where it is not the true one.
+    std::optional<std::uint32_t> imagesDeclared;
+};
+
+/// The ways in which shape files are met.
+enum class ShapeForm
+{
+    TextUtf16,
+    Text8Bit,
+    TextLateMark, ///< 8-bit, with a line end before the header line
+    Binary,
+    Compressed,
+    CompressedOddHeader,    ///< the inner header is a character short and ends in an odd byte
+    CompressedTrailingBytes ///< something follows the compressed part
+};
+
+bool IsTextForm(ShapeForm form);
+
+/// The bytes of a shape file.
+std::string ShapeBytes(const ShapeModel &model, ShapeForm form);
+
+/// One triangle with this texture, seen from in front; all the images are listed.
+ShapeModel SmallestShape(std::vector<std::string> images);
+
+} // namespace samples

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "samples/Sample.h"
+
+#include <CLI/CLI.hpp>
+
+#include <exception>
+#include <iostream>
+#include <string>
+
+namespace {
+
+constexpr int kCouldNotRun = 2;
+
+std::filesystem::path pathOf(const std::string &utf8)
+{
+    return std::u8string(utf8.begin(), utf8.end());
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    CLI::App app("Writes a sample Train Simulator installation into a folder.", "zelk-sample");
+    std::string out;
+    samples::Options options;
+    app.add_option("OUT", out, "New or empty folder, or one made by this program")->required();
+    app.add_option("--folders", options.folders, "Total of stock folders");
+    app.add_option("--stock", options.stock, "Total of engines and wagons");
+    app.add_option("--consists", options.consists, "Total of consists");
+    app.add_option("--seed", options.seed, "Chooses the generated part (1)");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError &error) {
+        return app.exit(error) == 0 ? 0 : kCouldNotRun;
+    }
+    try {
+        const samples::Totals totals = samples::WriteSample(pathOf(out), options);
+        std::cout << out << ": " << totals.folders << " stock folders, " << totals.stock
+                  << " engines and wagons, " << totals.consists << " consists, " << totals.files
+                  << " files\n";
+    } catch (const std::exception &error) {
+        std::cerr << "zelk-sample: " << error.what() << '\n';
+        return kCouldNotRun;
+    }
+    return 0;
+}

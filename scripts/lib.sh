@@ -1,0 +1,71 @@
+# shellcheck shell=bash disable=SC2034
+# SPDX-License-Identifier: MIT
+# Sourced by the scripts beside it; leaves them in the top folder of the project.
+set -euo pipefail
+caller_folder=$PWD
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+core_packages=(cmake ninja-build g++ ccache googletest libdeflate-dev nlohmann-json3-dev libcli11-dev)
+gui_packages=(qt6-base-dev libqt6opengl6-dev)
+display_packages=(xvfb xauth xdotool imagemagick)
+bench_packages=(libbenchmark-dev libpugixml-dev)
+
+# What the scripts themselves have to say goes to stderr, as do the packages' messages.
+say() { printf '== %s\n' "$*" >&2; }
+die() { printf '%s: %s\n' "$(basename "$0")" "$*" >&2; exit 1; }
+
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# Installs those of the named Debian packages that are missing.
+need_packages() {
+  if ! command -v dpkg-query >/dev/null; then
+    say "no Debian packages here: taking for granted $*"
+    return
+  fi
+  local missing=() package
+  for package in "$@"; do
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
+      missing+=("$package")
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+  say "installing ${missing[*]}"
+  if [ -z "${ZELK_APT_UPDATED:-}" ]; then
+    as_root apt-get update -q >&2
+    export ZELK_APT_UPDATED=1
+  fi
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends \
+    "${missing[@]}" </dev/null >&2
+}
+
+# configure_and_build PRESET [cmake's arguments] [-- targets]
+configure_and_build() {
+  local preset=$1 arguments=() start=$SECONDS
+  shift
+  while [ $# -gt 0 ] && [ "$1" != -- ]; do arguments+=("$1"); shift; done
+  [ $# -eq 0 ] || shift
+  cmake --preset "$preset" "${arguments[@]}"
+  cmake --build "build/$preset" ${1+--target "$@"}
+  say "configuring and building $preset took $((SECONDS - start)) s"
+}
+
+# Folders of their own for what programs keep about their user, so that nothing here reads or
+# changes the real ones. They go when the script ends.
+private_folders() {
+  local folder kind
+  folder=$(mktemp -d)
+  # shellcheck disable=SC2064 # the folder is known now
+  trap "rm -rf '$folder'" EXIT
+  for kind in RUNTIME_DIR CONFIG_HOME DATA_HOME STATE_HOME CACHE_HOME; do
+    mkdir -m 700 "$folder/$kind"
+    export "XDG_$kind=$folder/$kind"
+  done
+  export WINEPREFIX=$folder/wine LC_ALL=C.UTF-8
+  unset ZELK_REGISTRY
+}
+
+# Runs a command under an X server of its own.
+with_display() {
+  xvfb-run -a -s "-screen 0 1280x800x24" "$@"
+}

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "app/Colours.h"
+
+#include "app/IconSet.h"
+#include "host/Folders.h"
+#include "host/IniFile.h"
+#include "host/Text.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPalette>
+#include <QProxyStyle>
+#include <QStyleFactory>
+
+#include <array>
+#include <optional>
+#include <string>
+
+namespace app {
+
+namespace {
+
+bool isDark(const QPalette &palette)
+{
+    return palette.color(QPalette::Window).lightness() <
+           palette.color(QPalette::WindowText).lightness();
+}
+
+std::optional<std::string> entry(const std::string &file, const char *section, const char *key)
+{
+    QFile source(QString::fromStdString(host::ConfigFolder() + "/" + file));
+    if (!source.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    constexpr qint64 limit = 1 << 20; // desktop settings are a few kilobytes
+    return host::IniFile::FromText(source.read(limit).toStdString()).Value(section, key);
+}
+
+bool namesDark(const std::string &text)
+{
+    return host::ToUpper(text).find("DARK") != std::string::npos;
+}
+
+/// KDE: the window background as "red,green,blue".
+std::optional<ColourScheme> kdeScheme()
+{
+    const auto text = entry("kdeglobals", "Colors:Window", "BackgroundNormal");
+    if (!text)
+        return std::nullopt;
+    const QStringList parts = QString::fromStdString(*text).split(QLatin1Char(','));
+    if (parts.size() < 3)
+        return std::nullopt;
+    const QColor colour(parts[0].toInt(), parts[1].toInt(), parts[2].toInt());
+    return colour.lightness() < 128 ? ColourScheme::Dark : ColourScheme::Light;
+}
+
+std::optional<ColourScheme> gtkScheme()
+{
+    if (const std::string theme = host::Environment("GTK_THEME"); !theme.empty())
+        return namesDark(theme) ? ColourScheme::Dark : ColourScheme::Light;
+    for (const char *file : {"gtk-4.0/settings.ini", "gtk-3.0/settings.ini"}) {
+        const auto prefers = entry(file, "Settings", "gtk-application-prefer-dark-theme");
+        if (prefers && (*prefers == "1" || host::EqualsNoCase(*prefers, "true")))
+            return ColourScheme::Dark;
+        if (const auto theme = entry(file, "Settings", "gtk-theme-name");
+            theme && namesDark(*theme))
+            return ColourScheme::Dark;
+    }
+    return std::nullopt;
+}
+
+struct RoleColours
+{
+    QPalette::ColorRole role;
+    QRgb light, dark;
+};
+
+constexpr RoleColours kRoles[] = {
+    {QPalette::Window, 0xffeff1f3, 0xff2b2d30},
+    {QPalette::WindowText, 0xff1d2125, 0xffdfe1e5},
+    {QPalette::Base, 0xffffffff, 0xff1e1f22},
+    {QPalette::AlternateBase, 0xfff5f7f9, 0xff25272a},
+    {QPalette::Text, 0xff1d2125, 0xffdfe1e5},
+    {QPalette::PlaceholderText, 0xff73797f, 0xff8c9096},
+    {QPalette::Button, 0xffeaedf0, 0xff393b40},
+    {QPalette::ButtonText, 0xff1d2125, 0xffdfe1e5},
+    {QPalette::BrightText, 0xffffffff, 0xffffffff},
+    {QPalette::ToolTipBase, 0xfffdfdf2, 0xff3c3f45},
+    {QPalette::ToolTipText, 0xff1d2125, 0xffdfe1e5},
+    {QPalette::Highlight, 0xff2f6f9f, 0xff2f6f9f},
+    {QPalette::HighlightedText, 0xffffffff, 0xffffffff},
+    {QPalette::Link, 0xff1f5f8f, 0xff6fb1e0},
+    {QPalette::LinkVisited, 0xff6b4a8f, 0xffb79ad8},
+    {QPalette::Light, 0xffffffff, 0xff4a4d52},
+    {QPalette::Midlight, 0xfff7f8fa, 0xff3f4247},
+    {QPalette::Mid, 0xffb9bfc5, 0xff232528},
+    {QPalette::Dark, 0xff9aa3ab, 0xff18191b},
+    {QPalette::Shadow, 0xff60686f, 0xff0c0d0e},
+};
+
+constexpr std::array<QPalette::ColorRole, 3> kTextRoles = {QPalette::WindowText, QPalette::Text,
+                                                           QPalette::ButtonText};
+
+/// Fusion, with dialog buttons that bear no pictures.
+class Look : public QProxyStyle
+{
+public:
+    Look()
+        : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
+    {
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returned) const override
+    {
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+            return 0;
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
+
+} // namespace
+
+ColourScheme DesktopScheme(const QPalette &platform)
+{
+    const std::string wanted = host::Environment("ZELK_COLORS");
+    if (host::EqualsNoCase(wanted, "dark"))
+        return ColourScheme::Dark;
+    if (host::EqualsNoCase(wanted, "light"))
+        return ColourScheme::Light;
+    if (isDark(platform))
+        return ColourScheme::Dark;
+    if (const auto scheme = kdeScheme())
+        return *scheme;
+    return gtkScheme().value_or(ColourScheme::Light);
+}
+
+QPalette PaletteOf(ColourScheme scheme)
+{
+    const bool dark = scheme == ColourScheme::Dark;
+    QPalette palette;
+    for (const RoleColours &colours : kRoles)
+        palette.setColor(colours.role, QColor::fromRgba(dark ? colours.dark : colours.light));
+    const QColor faded = QColor::fromRgba(dark ? 0xff7d8187 : 0xff8b9298);
+    for (const QPalette::ColorRole role : kTextRoles)
+        palette.setColor(QPalette::Disabled, role, faded);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight,
+                     palette.color(QPalette::Active, QPalette::Mid));
+    return palette;
+}
+
+void DressApplication(QApplication &application)
+{
+    const ColourScheme scheme = DesktopScheme(application.palette());
+    QApplication::setStyle(new Look);
+    QApplication::setPalette(PaletteOf(scheme));
+    QApplication::setWindowIcon(ProgramIcon());
+}
+
+} // namespace app

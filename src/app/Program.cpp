@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "app/Program.h"
+
+#include "app/Colours.h"
+#include "app/QtDialogs.h"
+#include "app/modZELK.h"
+#include "host/GameFiles.h"
+#include "host/Settings.h"
+#include "host/Text.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+namespace app {
+
+namespace {
+
+constexpr char kUsage[] =
+    "Usage: zelk [FILE]\n"
+    "Lists, edits and checks Microsoft Train Simulator rolling stock and consists.\n"
+    "\n"
+    "FILE is opened in a window of its own; without it the installed consists are listed.\n"
+    "\n"
+    "  --version   print the version\n"
+    "  --help      print this text\n";
+
+} // namespace
+
+std::string CommandLineOf(const std::vector<std::string> &arguments)
+{
+    std::string line;
+    for (const std::string &argument : arguments)
+        line += (line.empty() ? "" : " ") + argument;
+    return std::string(host::TrimBlanks(line));
+}
+
+std::optional<std::string> AnswerTo(const std::string &commandLine)
+{
+    if (commandLine == "--version")
+        return modZELK::MainCaption() + "\n";
+    if (commandLine == "--help")
+        return kUsage;
+    return std::nullopt;
+}
+
+std::unique_ptr<frmMain> StartMainWindow(const Services &services, const std::string &commandLine)
+{
+    auto window = std::make_unique<frmMain>(services, commandLine);
+    window->setWindowTitle(QString::fromStdString(modZELK::MainCaption()));
+    if (!commandLine.empty())
+        window->OpenFile(commandLine);
+    window->show();
+    return window;
+}
+
+int RunProgram(int argc, char **argv)
+{
+    const std::string given = CommandLineOf(std::vector<std::string>(argv + 1, argv + argc));
+    if (const auto answer = AnswerTo(given))
+        return std::fputs(answer->c_str(), stdout) < 0 ? 1 : 0;
+
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QString::fromLatin1(modZELK::kTitle.data()));
+    DressApplication(application);
+    // The toolkit has taken out its own options by now.
+    std::vector<std::string> arguments;
+    for (const QString &argument : QApplication::arguments().mid(1))
+        arguments.push_back(argument.toStdString());
+
+    QtDialogs dialogs;
+    host::GameFiles files;
+    host::IniSettings settings;
+    // A message about the file on the command line may be the first window to close.
+    QApplication::setQuitOnLastWindowClosed(false);
+    const auto window = StartMainWindow({dialogs, files, settings}, CommandLineOf(arguments));
+    QApplication::setQuitOnLastWindowClosed(true);
+    return QApplication::exec();
+}
+
+} // namespace app

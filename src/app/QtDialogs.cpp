@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "app/QtDialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMessageBox>
+
+namespace app {
+
+using host::DialogAnswer;
+using host::DialogButtons;
+using host::DialogIcon;
+
+namespace {
+
+QWidget *parentOfDialog()
+{
+    if (QWidget *modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget *active = QApplication::activeWindow())
+        return active;
+    for (QWidget *window : QApplication::topLevelWidgets())
+        if (qobject_cast<QMainWindow *>(window) && window->isVisible())
+            return window;
+    return nullptr;
+}
+
+QMessageBox::Icon iconOf(DialogIcon icon)
+{
+    switch (icon) {
+    case DialogIcon::Information:
+        return QMessageBox::Information;
+    case DialogIcon::Question:
+        return QMessageBox::Question;
+    case DialogIcon::Critical:
+        return QMessageBox::Critical;
+    case DialogIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons buttonsOf(DialogButtons buttons)
+{
+    switch (buttons) {
+    case DialogButtons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case DialogButtons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case DialogButtons::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+/// Prepares a file dialog and runs it; the chosen path or "".
+std::string choose(QFileDialog &dialog, const host::FileDialogRequest &request)
+{
+    const QString initialName = QString::fromStdString(request.initialName);
+    dialog.setWindowTitle(QString::fromStdString(request.title));
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(NameFilters(request.filter));
+    if (!request.folder.empty())
+        dialog.setDirectory(QString::fromStdString(request.folder));
+    if (!initialName.isEmpty())
+        dialog.selectFile(initialName);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    const QString chosen = dialog.selectedFiles().constFirst();
+    // A pattern that was left standing in the name box is no file in some folder.
+    if (initialName.contains(QLatin1Char('*')) &&
+        chosen.section(QLatin1Char('/'), -1) == initialName)
+        return request.initialName;
+    return QDir::toNativeSeparators(chosen).toStdString();
+}
+
+} // namespace
+
+DialogAnswer QtDialogs::Message(const std::string &text, const std::string &title, DialogIcon icon,
+                                DialogButtons buttons)
+{
+    QMessageBox box(iconOf(icon), QString::fromStdString(title), QString(), buttonsOf(buttons),
+                    parentOfDialog());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QString::fromStdString(text));
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    if (buttons == DialogButtons::YesNo)
+        box.setEscapeButton(QMessageBox::No);
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return DialogAnswer::Yes;
+    case QMessageBox::No:
+        return DialogAnswer::No;
+    case QMessageBox::Cancel:
+        return DialogAnswer::Cancel;
+    default:
+        return DialogAnswer::Ok;
+    }
+}
+
+std::string QtDialogs::Input(const std::string &prompt, const std::string &title,
+                             const std::string &defaultAnswer)
+{
+    QInputDialog dialog(parentOfDialog());
+    dialog.setWindowTitle(QString::fromStdString(title));
+    dialog.setInputMode(QInputDialog::TextInput);
+    dialog.setLabelText(QString::fromStdString(prompt));
+    dialog.setTextValue(QString::fromStdString(defaultAnswer));
+    for (QLabel *label : dialog.findChildren<QLabel *>())
+        label->setTextFormat(Qt::PlainText);
+    dialog.resize(360, dialog.sizeHint().height());
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return dialog.textValue().toStdString();
+}
+
+std::string QtDialogs::OpenFile(const host::FileDialogRequest &request)
+{
+    QFileDialog dialog(parentOfDialog());
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return choose(dialog, request);
+}
+
+std::string QtDialogs::SaveFile(const host::FileDialogRequest &request)
+{
+    QFileDialog dialog(parentOfDialog());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    // A name typed without an extension gets that of the filter in force.
+    const auto followFilter = [&dialog](const QString &filter) {
+        const QString suffix =
+            filter.section(QLatin1Char('.'), -1).remove(QLatin1Char(')')).toLower();
+        dialog.setDefaultSuffix(suffix.contains(QLatin1Char('*')) ? QString() : suffix);
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, followFilter);
+    const QStringList filters = NameFilters(request.filter);
+    if (!filters.isEmpty())
+        followFilter(filters.constFirst());
+    return choose(dialog, request);
+}
+
+QStringList NameFilters(const std::string &filter)
+{
+    const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString pattern =
+            parts[i + 1] == QLatin1String("*.*") ? QStringLiteral("*") : parts[i + 1];
+        const QString upper = pattern.toUpper();
+        const QString both = pattern == upper ? pattern : pattern + QLatin1Char(' ') + upper;
+        filters << parts[i] + QStringLiteral(" (") + both + QLatin1Char(')');
+    }
+    return filters;
+}
+
+} // namespace app

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/Dialogs.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace app {
+
+/// The dialogs of the program, modal over the active window. Texts are shown as plain text.
+class QtDialogs : public host::Dialogs
+{
+public:
+    host::DialogAnswer Message(const std::string &text, const std::string &title,
+                               host::DialogIcon icon,
+                               host::DialogButtons buttons = host::DialogButtons::Ok) override;
+    std::string Input(const std::string &prompt, const std::string &title,
+                      const std::string &defaultAnswer) override;
+    std::string OpenFile(const host::FileDialogRequest &request) override;
+    std::string SaveFile(const host::FileDialogRequest &request) override;
+};
+
+/// "text|pattern|text|pattern" as name filters of a file dialog. Patterns that hold letters are
+/// given in both cases, for dialogs that tell them apart.
+QStringList NameFilters(const std::string &filter);
+
+} // namespace app

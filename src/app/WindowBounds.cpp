@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "app/WindowBounds.h"
+
+#include "host/Settings.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace app {
+
+namespace {
+
+struct Setting
+{
+    const char *key;
+    float defaultTwips;
+};
+constexpr Setting kLeft{"MainLeft", 1000}, kTop{"MainTop", 1000}, kWidth{"MainWidth", 6500},
+    kHeight{"MainHeight", 6500};
+
+int readPixels(host::SettingsStore &settings, const Setting &setting)
+{
+    float twips = setting.defaultTwips;
+    if (const auto text = settings.Read(setting.key))
+        if (const auto number = host::ParseSingle(*text); number && std::isfinite(*number))
+            twips = *number;
+    // Far beyond any screen; keeps the sums below within an int.
+    constexpr float limit = 1000000;
+    return static_cast<int>(std::lround(std::clamp(twips, -limit, limit) / kTwipsPerPixel));
+}
+
+/// The least of the title that must be on a screen to drag the window by.
+bool titleCanBeReached(const QRect &bounds, const QRect &screen)
+{
+    const QRect title(bounds.topLeft(), QSize(bounds.width(), 24));
+    const QRect seen = title.intersected(screen);
+    return seen.width() >= std::min(64, bounds.width()) && seen.height() >= 16;
+}
+
+long long distance(const QRect &bounds, const QRect &screen)
+{
+    const QPoint apart = bounds.center() - screen.center();
+    return 1LL * apart.x() * apart.x() + 1LL * apart.y() * apart.y();
+}
+
+} // namespace
+
+QRect ReadMainBounds(host::SettingsStore &settings)
+{
+    return QRect(readPixels(settings, kLeft), readPixels(settings, kTop),
+                 readPixels(settings, kWidth), readPixels(settings, kHeight));
+}
+
+void WriteMainBounds(host::SettingsStore &settings, const QRect &bounds)
+{
+    const auto write = [&](const Setting &setting, int pixels) {
+        settings.Write(setting.key,
+                       host::FormatSingle(static_cast<float>(pixels * kTwipsPerPixel)));
+    };
+    write(kLeft, bounds.x());
+    write(kTop, bounds.y());
+    write(kWidth, bounds.width());
+    write(kHeight, bounds.height());
+}
+
+QRect FitToScreens(const QRect &bounds, const QList<QRect> &screens)
+{
+    if (screens.isEmpty())
+        return bounds;
+    const QRect nearest =
+        *std::min_element(screens.begin(), screens.end(), [&](const QRect &a, const QRect &b) {
+            const bool reachA = titleCanBeReached(bounds, a), reachB = titleCanBeReached(bounds, b);
+            return reachA != reachB ? reachA : distance(bounds, a) < distance(bounds, b);
+        });
+    const QSize size(std::clamp(bounds.width(), 1, nearest.width()),
+                     std::clamp(bounds.height(), 1, nearest.height()));
+    if (size == bounds.size() && titleCanBeReached(bounds, nearest))
+        return bounds;
+    const int x = std::clamp(bounds.x(), nearest.x(), nearest.x() + nearest.width() - size.width());
+    const int y =
+        std::clamp(bounds.y(), nearest.y(), nearest.y() + nearest.height() - size.height());
+    return QRect(QPoint(x, y), size);
+}
+
+} // namespace app

@@ -1,0 +1,390 @@
+// SPDX-License-Identifier: MIT
+#include "app/frmMain.h"
+
+#include "app/IconSet.h"
+#include "app/MainStatusBar.h"
+#include "app/OpenRules.h"
+#include "app/SaveConsist.h"
+#include "app/WindowBounds.h"
+#include "app/modZELK.h"
+#include "document/Guard.h"
+#include "host/Folders.h"
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "host/Settings.h"
+
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScreen>
+#include <QShortcut>
+
+#include <algorithm>
+
+using app::Arrangement;
+using document::Guarded;
+using host::DialogIcon;
+
+namespace {
+
+constexpr int kListMode = 0, kEditorMode = 1, kModes = 4;
+constexpr char kNoViews[] = "3D views are not available in this version yet.";
+
+} // namespace
+
+frmMain::frmMain(const app::Services &services, const std::string &commandLine)
+    : m_services(services)
+    , m_area(new QMdiArea(this))
+{
+    buildFrame();
+    buildStatusBar();
+    buildMenus();
+    buildToolBar();
+    loadSettings();
+    updateActions();
+    if (commandLine.empty())
+        NewDocumentWindow(kListMode, {});
+}
+
+frmMain::~frmMain()
+{
+    // The windows refer to this object; they must not outlive its members.
+    for (frmDocument *window : Documents())
+        delete window;
+}
+
+void frmMain::buildFrame()
+{
+    setObjectName("frmMain");
+    setWindowTitle(QString::fromLatin1(modZELK::kTitle.data()));
+    setAcceptDrops(true);
+    m_area->setObjectName("mdiArea");
+    m_area->setAccessibleName(QStringLiteral("Document windows"));
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setBackground(palette().brush(QPalette::Mid));
+    setCentralWidget(m_area);
+    connect(m_area, &QMdiArea::subWindowActivated, this, &frmMain::updateActions);
+}
+
+void frmMain::buildStatusBar()
+{
+    sbStatusBar = new app::MainStatusBar(this);
+    setStatusBar(sbStatusBar);
+    m_stopKey = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    m_stopKey->setEnabled(false);
+    connect(m_stopKey, &QShortcut::activated, this, &frmMain::stopWork);
+}
+
+void frmMain::buildMenus()
+{
+    app::BuildMenus(*menuBar(), menuTable());
+    for (const char *name : {"mnuFileMRU0", "mnuFileMRU1", "mnuFileMRU2"})
+        command(name)->setVisible(false);
+    command("mnuViewToolbar")->setChecked(true);
+    command("mnuViewStatusBar")->setChecked(true);
+    connect(menu("mnuWindow"), &QMenu::aboutToShow, this, &frmMain::listWindows);
+}
+
+void frmMain::buildToolBar()
+{
+    tbToolBar = addToolBar(QStringLiteral("Toolbar"));
+    tbToolBar->setObjectName("tbToolBar");
+    tbToolBar->setAccessibleName(QStringLiteral("Toolbar"));
+    tbToolBar->setMovable(false);
+    tbToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
+    tbToolBar->setIconSize({24, 24});
+    app::BuildToolBar(*tbToolBar, *this,
+                      {{"New", "New Consist", "consist-new", "mnuFileNewConsist"},
+                       {"Open", "Open File", "open", "mnuFileOpen"},
+                       {"Save", "Save Consist", "save", "mnuFileSave"},
+                       {"Print", "Print", "print", "mnuFilePrint"},
+                       {"", "", "", ""},
+                       {"Cut", "Cut", "cut", "mnuEditCut"},
+                       {"Copy", "Copy", "copy", "mnuEditCopy"},
+                       {"Paste", "Paste", "paste", "mnuEditPaste"},
+                       {"", "", "", ""},
+                       {"Properties", "View Consist Properties", "edit", "mnuConsistEdit"},
+                       {"Render", "View Consist in 3D", "render", "mnuConsistView"},
+                       {"Filter", "Filter Consist List", "filter", "mnuViewFilter", "Filter"},
+                       {"Options", "View Options", "options", ""}});
+}
+
+void frmMain::loadSettings()
+{
+    QList<QRect> screens;
+    for (const QScreen *screen : QGuiApplication::screens())
+        screens << screen->availableGeometry();
+    const QRect bounds = app::FitToScreens(app::ReadMainBounds(m_services.settings), screens);
+    resize(bounds.size());
+    move(bounds.topLeft());
+    m_screenShotFolder =
+        m_services.settings.Read("ScreenShotDir").value_or(host::ExecutableFolder());
+    m_installation.SetLocation(m_services.settings.Read("MSTSDir").value_or(std::string()));
+}
+
+void frmMain::saveSettings()
+{
+    Guarded(m_services.dialogs, "Save Settings", [this] {
+        if (!isMinimized())
+            app::WriteMainBounds(m_services.settings, QRect(pos(), size()));
+        m_services.settings.Write("MSTSDir", m_installation.CurrentFolder());
+        m_services.settings.Write("ScreenShotDir", m_screenShotFolder);
+    });
+}
+
+void frmMain::OpenFile(const std::string &path)
+{
+    const app::OpenKind kind = app::KindOf(path);
+    if (const std::string refusal = app::RefusalOf(kind); !refusal.empty())
+        m_services.dialogs.Message(refusal, "Open File", DialogIcon::Critical);
+    else if (kind == app::OpenKind::Consist)
+        OpenDocumentWindow(path, kEditorMode, "Consist - " + path, {});
+    else
+        m_services.dialogs.Message(kNoViews, "Open File", DialogIcon::Information);
+}
+
+frmDocument *frmMain::NewDocumentWindow(int mode, const std::string &fileName)
+{
+    if (mode < 0 || mode >= kModes)
+        throw host::RuntimeError(host::ErrorNumber::SubscriptOutOfRange,
+                                 "window mode " + std::to_string(mode));
+    static constexpr const char *names[kModes] = {"Consist List", "Consist", "Stock Item", ""};
+    const int number = ++m_counters[static_cast<std::size_t>(mode)];
+    return openWindow(fileName, mode, names[mode] + (" " + std::to_string(number)), {}, number);
+}
+
+void frmMain::OpenDocumentWindow(const std::string &fileName, int mode, const std::string &caption,
+                                 const StfNode &node)
+{
+    openWindow(fileName, mode, caption, node, 0);
+}
+
+frmDocument *frmMain::openWindow(const std::string &fileName, int mode, const std::string &caption,
+                                 const StfNode &node, int number)
+{
+    if (mode > kEditorMode) {
+        SetStatus(kNoViews);
+        return nullptr;
+    }
+    auto *window = new frmDocument(*this, furnishing(), number);
+    window->SetFileName(fileName);
+    window->SetNode(node);
+    window->SetMode(mode);
+    addWindow(window);
+    if (!Guarded(m_services.dialogs, "Open File", [window] { window->LoadForm(); })) {
+        delete window;
+        return nullptr;
+    }
+    window->SetCaption(caption);
+    window->show();
+    keepInside(*window);
+    return window;
+}
+
+void frmMain::addWindow(frmDocument *window)
+{
+    m_documents.push_back(window);
+    connect(window, &QObject::destroyed, this, [this, window] {
+        std::erase(m_documents, window);
+        updateActions();
+    });
+    m_area->addSubWindow(window);
+    const QSize wanted = window->Mode() == kEditorMode ? QSize(660, 440) : QSize(340, 400);
+    window->resize(wanted.boundedTo(areaSize()).expandedTo({320, 260}));
+}
+
+/// The room for windows, also before the main window was laid out for the first time.
+QSize frmMain::areaSize() const
+{
+    if (isVisible())
+        return m_area->maximumViewportSize();
+    const int bars = menuBar()->sizeHint().height() + tbToolBar->sizeHint().height() +
+                     sbStatusBar->sizeHint().height();
+    return size() - QSize(4, bars + 4);
+}
+
+/// A new window may begin anywhere; as much of it as fits is brought into view.
+void frmMain::keepInside(frmDocument &window)
+{
+    const QSize area = areaSize();
+    if (window.isMaximized())
+        return;
+    window.move(std::clamp(window.x(), 0, std::max(0, area.width() - window.width())),
+                std::clamp(window.y(), 0, std::max(0, area.height() - window.height())));
+}
+
+frmDocument *frmMain::ActiveDocument() const
+{
+    return qobject_cast<frmDocument *>(m_area->currentSubWindow());
+}
+
+std::vector<frmDocument *> frmMain::Documents() const
+{
+    return m_documents;
+}
+
+QAction *frmMain::command(const char *name) const
+{
+    return findChild<QAction *>(QLatin1String(name), Qt::FindDirectChildrenOnly);
+}
+
+QMenu *frmMain::menu(const char *name) const
+{
+    return menuBar()->findChild<QMenu *>(QLatin1String(name));
+}
+
+document::Furnishing frmMain::furnishing()
+{
+    const auto popUp = [this](const char *name) {
+        return [list = menu(name)](const QPoint &at) { list->popup(at); };
+    };
+    return {app::TintedIcon, popUp("mnuConsist"), popUp("mnuStock")};
+}
+
+void frmMain::updateActions()
+{
+    const frmDocument *active = ActiveDocument();
+    const bool editor = active && active->Mode() == kEditorMode;
+    for (const char *name :
+         {"mnuFileClose", "mnuViewRefresh", "mnuViewFilter", "mnuWindowCascade",
+          "mnuWindowTileHorizontal", "mnuWindowTileVertical", "mnuWindowArrangeIcons"})
+        command(name)->setEnabled(active != nullptr);
+    for (const char *name : {"mnuFileSave", "mnuFileSaveAs"})
+        command(name)->setEnabled(editor);
+    command("mnuFileSaveAll")
+        ->setEnabled(std::any_of(m_documents.begin(), m_documents.end(),
+                                 [](const auto *window) { return window->Mode() == kEditorMode; }));
+    command("mnuConsistEdit")->setEnabled(active && !editor);
+}
+
+void frmMain::SaveDocument(bool quiet)
+{
+    frmDocument *window = ActiveDocument();
+    if (!window || window->Mode() != kEditorMode)
+        return;
+    const app::SaveTarget target{
+        [window] { return window->FileName(); },
+        [window](const std::string &name) { window->SetFileName(name); },
+        [window](const std::string &caption) { window->SetCaption(caption); },
+        [window](bool silent) { window->SaveForm(silent); }};
+    app::SaveConsist(target, m_services.dialogs, m_services.files,
+                     m_installation.PathOf("Trains\\Consists"), quiet);
+}
+
+void frmMain::SetStatus(const std::string &text)
+{
+    sbStatusBar->SetStatus(QString::fromStdString(text));
+}
+
+void frmMain::SetProgress(int done, int total)
+{
+    sbStatusBar->SetProgress(done, total);
+    m_stopKey->setEnabled(total > 0);
+}
+
+void frmMain::WriteLog(const std::string &text)
+{
+    modZELK::WriteLog(text);
+}
+
+void frmMain::stopWork()
+{
+    for (frmDocument *window : Documents())
+        window->StopWork();
+}
+
+void frmMain::Arrange(Arrangement how)
+{
+    m_tiling = how;
+    const std::vector<frmDocument *> open = documents(false);
+    if (how == Arrangement::Cascade)
+        m_area->cascadeSubWindows();
+    else if (how != Arrangement::ArrangeIcons && !open.empty())
+        arrangeTiles(open, how);
+    arrangeIcons();
+}
+
+void frmMain::arrangeTiles(const std::vector<frmDocument *> &windows, Arrangement how)
+{
+    QRect area(QPoint(0, 0), m_area->maximumViewportSize());
+    if (const auto icons = documents(true); !icons.empty())
+        area.setHeight(area.height() - icons.front()->height());
+    const int count = static_cast<int>(windows.size());
+    const std::vector<QRect> tiles = how == Arrangement::TileHorizontally
+                                         ? app::StackedTiles(area, count)
+                                         : app::SideBySideTiles(area, count);
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        if (windows[i]->isMaximized())
+            windows[i]->showNormal();
+        windows[i]->setGeometry(tiles[i]);
+    }
+}
+
+void frmMain::arrangeIcons()
+{
+    const std::vector<frmDocument *> icons = documents(true);
+    if (icons.empty())
+        return;
+    const std::vector<QRect> places = app::IconRow(
+        m_area->viewport()->rect(), icons.front()->size(), static_cast<int>(icons.size()));
+    for (std::size_t i = 0; i < icons.size(); ++i)
+        icons[i]->move(places[i].topLeft());
+}
+
+std::vector<frmDocument *> frmMain::documents(bool minimised) const
+{
+    std::vector<frmDocument *> found;
+    for (frmDocument *window : m_documents)
+        if (window->isVisible() && window->isMinimized() == minimised)
+            found.push_back(window);
+    return found;
+}
+
+void frmMain::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    if (command("mnuWindowLockTiling")->isChecked() &&
+        (m_tiling == Arrangement::TileHorizontally || m_tiling == Arrangement::TileVertically))
+        Arrange(m_tiling);
+}
+
+void frmMain::closeEvent(QCloseEvent *event)
+{
+    // Every window is asked before one of them goes, so that Cancel leaves all of them.
+    for (frmDocument *window : Documents())
+        if (!window->QueryUnload()) {
+            event->ignore();
+            return;
+        }
+    if (!m_unloading)
+        saveSettings();
+    m_unloading = true;
+    for (frmDocument *window : Documents()) {
+        window->AllowUnload();
+        delete window;
+    }
+    event->accept();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    for (const QUrl &url : event->mimeData()->urls()) {
+        if (!url.isLocalFile())
+            continue;
+        // After the drop, so that a message box does not hold up the window dragged from.
+        QMetaObject::invokeMethod(
+            this, [this, path = url.toLocalFile().toStdString()] { OpenFile(path); },
+            Qt::QueuedConnection);
+    }
+}

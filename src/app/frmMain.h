@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/MainMenu.h"
+#include "app/MdiLayout.h"
+#include "document/DocumentHost.h"
+#include "document/frmDocument.h"
+#include "host/Dialogs.h"
+#include "install/Installation.h"
+
+#include <QMainWindow>
+
+#include <array>
+#include <string>
+#include <vector>
+
+class QMdiArea;
+class QShortcut;
+
+namespace host {
+class GameFiles;
+class SettingsStore;
+} // namespace host
+
+namespace app {
+
+class MainStatusBar;
+
+/// What the main window works with; everything must outlive it.
+struct Services
+{
+    host::Dialogs &dialogs;
+    host::GameFiles &files;
+    host::SettingsStore &settings;
+};
+
+} // namespace app
+
+/// The main window: menus, toolbar and status bar around the document windows. Commands work on the
+/// active document window. Closing it closes the program.
+class frmMain : public QMainWindow, public document::DocumentHost
+{
+    Q_OBJECT
+
+public:
+    /// Reads the settings. Without a command line it opens with a list of the installed consists.
+    frmMain(const app::Services &services, const std::string &commandLine);
+    ~frmMain() override;
+
+    /// Opens a file of any kind in a window of its own, or says why not.
+    void OpenFile(const std::string &path);
+    /// A new numbered window: mode 0 a consist list, 1 a consist editor. Null when it could not be
+    /// filled (the user was told) or the mode is one that this version does not have. Error 9 for a
+    /// mode outside 0 to 3.
+    frmDocument *NewDocumentWindow(int mode, const std::string &fileName);
+    /// The active document window, or null.
+    frmDocument *ActiveDocument() const;
+    /// All document windows in the order in which they were opened.
+    std::vector<frmDocument *> Documents() const;
+    /// Arranges the windows and remembers how.
+    void Arrange(app::Arrangement how);
+
+    host::Dialogs &Dialogs() override { return m_services.dialogs; }
+    host::GameFiles &Files() override { return m_services.files; }
+    const install::Installation &Installation() override { return m_installation; }
+    void OpenDocumentWindow(const std::string &fileName, int mode, const std::string &caption,
+                            const StfNode &node) override;
+    void SaveDocument(bool quiet) override;
+    void SetStatus(const std::string &text) override;
+    void SetProgress(int done, int total) override;
+    void WriteLog(const std::string &text) override;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    // frmMain.cpp
+    void buildFrame();
+    void buildMenus();
+    void buildToolBar();
+    void buildStatusBar();
+    void loadSettings();
+    void saveSettings();
+    frmDocument *openWindow(const std::string &fileName, int mode, const std::string &caption,
+                            const StfNode &node, int number);
+    void addWindow(frmDocument *window);
+    QSize areaSize() const;
+    void keepInside(frmDocument &window);
+    void updateActions();
+    void stopWork();
+    void arrangeTiles(const std::vector<frmDocument *> &windows, app::Arrangement how);
+    void arrangeIcons();
+    std::vector<frmDocument *> documents(bool minimised) const;
+    QAction *command(const char *name) const;
+    QMenu *menu(const char *name) const;
+    document::Furnishing furnishing();
+
+    // frmMainCommands.cpp
+    std::vector<app::MenuEntry> menuTable();
+    std::vector<app::MenuEntry> fileMenu();
+    std::vector<app::MenuEntry> editMenu();
+    std::vector<app::MenuEntry> consistMenu();
+    std::vector<app::MenuEntry> stockMenu();
+    std::vector<app::MenuEntry> viewMenu();
+    std::vector<app::MenuEntry> windowMenu();
+    std::vector<app::MenuEntry> helpMenu();
+    std::function<void()> doing(void (frmMain::*handler)());
+    std::function<void()> arranging(app::Arrangement how);
+    std::function<void()> saying(const char *text);
+    void newConsist();
+    void newConsistList();
+    void openFileDialog();
+    void closeActive();
+    void save();
+    void saveAs();
+    void saveAll();
+    void setMstsLocation();
+    void editSelectedConsist();
+    void refresh();
+    void filter();
+    void toggleToolBar();
+    void toggleStatusBar();
+    void listWindows();
+
+    app::Services m_services;
+    install::Installation m_installation;
+    std::string m_screenShotFolder;
+    QMdiArea *m_area;
+    QToolBar *tbToolBar = nullptr;
+    app::MainStatusBar *sbStatusBar = nullptr;
+    QShortcut *m_stopKey = nullptr;
+    std::vector<frmDocument *> m_documents; ///< in the order of opening
+    std::vector<QAction *> m_windowItems;   ///< the list of windows at the end of the Window menu
+    std::array<int, 4> m_counters{};        ///< numbers given to windows so far, by mode
+    app::Arrangement m_tiling = app::Arrangement::Cascade;
+    bool m_unloading = false;
+};

@@ -1,0 +1,335 @@
+// SPDX-License-Identifier: MIT
+// The menu table of the main window and what its commands do.
+#include "app/frmMain.h"
+
+#include "app/MainStatusBar.h"
+#include "app/OpenRules.h"
+#include "document/Guard.h"
+#include "host/GameFiles.h"
+#include "install/frmSetLoc.h"
+
+#include <QMdiArea>
+#include <QMenuBar>
+
+using app::Arrangement;
+using app::MenuEntry;
+using document::Guarded;
+using host::DialogIcon;
+
+namespace {
+
+constexpr int kListMode = 0, kEditorMode = 1;
+
+} // namespace
+
+std::vector<MenuEntry> frmMain::menuTable()
+{
+    std::vector<MenuEntry> table;
+    for (const auto &menu :
+         {fileMenu(), editMenu(), consistMenu(), stockMenu(), viewMenu(), windowMenu(), helpMenu()})
+        table.insert(table.end(), menu.begin(), menu.end());
+    return table;
+}
+
+// clang-format off
+std::vector<MenuEntry> frmMain::fileMenu()
+{
+    return {
+        {MenuEntry::Menu, "mnuFile", "&File"},
+        {MenuEntry::SubMenu, "mnuFileNew", "&New", "", "", "Open a new window"},
+        {MenuEntry::Command, "mnuFileNewConsist", "&Consist", "Ctrl+N", "consist-new",
+         "Start a new consist", doing(&frmMain::newConsist), 2},
+        {MenuEntry::Command, "mnuFileNewConsistList", "Consist &List Window", "Ctrl+L", "list-new",
+         "Open another list of the installed consists", doing(&frmMain::newConsistList), 2},
+        {MenuEntry::Command, "mnuFileOpen", "&Open...", "Ctrl+O", "open", "Open a Train Simulator file",
+         doing(&frmMain::openFileDialog)},
+        {MenuEntry::Command, "mnuFileClose", "&Close", "Ctrl+F4; Ctrl+W", "close",
+         "Close the active window", doing(&frmMain::closeActive)},
+        {},
+        {MenuEntry::Command, "mnuFileSave", "&Save", "Ctrl+S", "save", "Save the consist",
+         doing(&frmMain::save)},
+        {MenuEntry::Command, "mnuFileSaveAs", "Save &As...", "Ctrl+Shift+S", "save-as",
+         "Save the consist under another name", doing(&frmMain::saveAs)},
+        {MenuEntry::Command, "mnuFileSaveAll", "Save A&ll", "", "save-all", "Save all open consists",
+         doing(&frmMain::saveAll)},
+        {},
+        {MenuEntry::Later, "mnuFilePrint", "&Print...", "Ctrl+P", "print", "Print the active window"},
+        {MenuEntry::Command, "mnuFilePrintPreview", "Print Pre&view...", "", "print-preview",
+         "Show how the active window prints", saying("Print Preview not implemented")},
+        {MenuEntry::Later, "mnuFileProperties", "Propert&ies", "", "properties",
+         "Show the properties of what is selected"},
+        {},
+        {MenuEntry::Command, "mnuFileSetMSTSLoc", "Set &MSTS Location...", "", "location",
+         "Choose the Train Simulator folder to work on", doing(&frmMain::setMstsLocation)},
+        {MenuEntry::Command, "mnuFileMRU0"},
+        {MenuEntry::Command, "mnuFileMRU1"},
+        {MenuEntry::Command, "mnuFileMRU2"},
+        {},
+        {MenuEntry::Command, "mnuFileExit", "E&xit", "Ctrl+Q", "exit", "End the program",
+         [this] { close(); }},
+    };
+}
+
+std::vector<MenuEntry> frmMain::editMenu()
+{
+    return {
+        {MenuEntry::Menu, "mnuEdit", "&Edit"},
+        {MenuEntry::Command, "mnuEditUndo", "&Undo", "Ctrl+Z", "undo", "Undo the last change",
+         saying("Edit Undo not yet implemented")},
+        {},
+        {MenuEntry::Later, "mnuEditCut", "Cu&t", "Ctrl+X", "cut", "Delete the selected consist"},
+        {MenuEntry::Later, "mnuEditCopy", "&Copy", "Ctrl+C", "copy", "Copy the selected consist"},
+        {MenuEntry::Later, "mnuEditPaste", "&Paste", "Ctrl+V", "paste", "Paste a copy of the consist"},
+        {MenuEntry::Command, "mnuEditPasteSpecial", "Paste &Special...", "", "",
+         "Paste in another way", saying("Edit PasteSpecial not yet implemented")},
+        {},
+        {MenuEntry::Later, "mnuEditSetAssoc", "Set &File Association...", "", "association",
+         "Open consist files with this program"},
+    };
+}
+
+std::vector<MenuEntry> frmMain::consistMenu()
+{
+    return {
+        {MenuEntry::Menu, "mnuConsist", "&Consist"},
+        {MenuEntry::Command, "mnuConsistEdit", "&Edit", "Ctrl+E", "edit", "Edit the selected consist",
+         doing(&frmMain::editSelectedConsist)},
+        {MenuEntry::Later, "mnuConsistView", "&View Consist", "", "render",
+         "Show the selected consist in 3D"},
+        {MenuEntry::Later, "mnuConsistViewShape", "View &Shape", "", "shape",
+         "Show the selected stock in 3D"},
+        {},
+        {MenuEntry::Later, "mnuConsistCheckStock", "&Check Stock...", "", "check-stock",
+         "Check the stock of the selected consists"},
+        {MenuEntry::Later, "mnuFileCheckDep", "Chec&k Dependencies...", "", "check-dependencies",
+         "Check where the selected consists are used"},
+    };
+}
+
+std::vector<MenuEntry> frmMain::stockMenu()
+{
+    return {
+        {MenuEntry::Menu, "mnuStock", "&Stock"},
+        {MenuEntry::Later, "mnuStockViewShape", "View &Shape", "", "shape",
+         "Show the selected stock in 3D"},
+        {},
+        {MenuEntry::Later, "mnuStockCheckDep", "Check &Dependencies...", "", "check-dependencies",
+         "Check where the selected stock is used"},
+        {MenuEntry::Later, "mnuStockCheckAll", "Check &All Stock...", "", "check-all",
+         "Check all installed stock"},
+    };
+}
+
+std::vector<MenuEntry> frmMain::viewMenu()
+{
+    return {
+        {MenuEntry::Menu, "mnuView", "&View"},
+        {MenuEntry::Check, "mnuViewToolbar", "&Toolbar", "", "", "Show or hide the toolbar",
+         doing(&frmMain::toggleToolBar)},
+        {MenuEntry::Check, "mnuViewStatusBar", "Status &Bar", "", "", "Show or hide the status bar",
+         doing(&frmMain::toggleStatusBar)},
+        {},
+        {MenuEntry::Command, "mnuViewRefresh", "&Refresh", "F5", "refresh", "Read the window's content again",
+         doing(&frmMain::refresh)},
+        {MenuEntry::Later, "mnuViewReset", "Reset &View", "", "reset-view", "Turn the 3D view back"},
+        {MenuEntry::Command, "mnuViewFilter", "&Filter...", "Ctrl+F", "filter",
+         "Limit the list to names that match", doing(&frmMain::filter)},
+        {MenuEntry::Command, "mnuViewOptions", "&Options...", "", "options", "Set how windows look",
+         saying("View Options not yet implemented")},
+        {},
+        {MenuEntry::Later, "mnuViewTS", "&MSTS", "", "simulator", "Start Train Simulator"},
+        {MenuEntry::Later, "mnuViewTSE", "MSTS &Tools", "", "tools", "Start the simulator's editors"},
+        {MenuEntry::Later, "mnuViewShapeViewer", "&Shape Viewer", "", "shape-viewer",
+         "Start the installed shape viewer"},
+    };
+}
+
+std::vector<MenuEntry> frmMain::windowMenu()
+{
+    return {
+        {MenuEntry::Menu, "mnuWindow", "&Window"},
+        {MenuEntry::Command, "mnuWindowNewWindow", "&New Window", "", "new-window",
+         "Open another list of the installed consists", doing(&frmMain::newConsistList)},
+        {},
+        {MenuEntry::Command, "mnuWindowCascade", "&Cascade", "", "cascade",
+         "Arrange the windows one behind the other", arranging(Arrangement::Cascade)},
+        {MenuEntry::Command, "mnuWindowTileHorizontal", "Tile &Horizontal", "", "tile-horizontal",
+         "Arrange the windows one above the other", arranging(Arrangement::TileHorizontally)},
+        {MenuEntry::Command, "mnuWindowTileVertical", "Tile &Vertical", "", "tile-vertical",
+         "Arrange the windows side by side", arranging(Arrangement::TileVertically)},
+        {MenuEntry::Command, "mnuWindowArrangeIcons", "&Arrange Icons", "", "arrange-icons",
+         "Put minimised windows in a row", arranging(Arrangement::ArrangeIcons)},
+        {MenuEntry::Check, "mnuWindowLockTiling", "&Lock Tiling", "", "",
+         "Tile again whenever the main window changes its size"},
+        {},
+    };
+}
+
+std::vector<MenuEntry> frmMain::helpMenu()
+{
+    return {
+        {MenuEntry::Menu, "mnuHelp", "&Help"},
+        {MenuEntry::Later, "mnuHelpContents", "&Contents", "F1", "help", "Show the help"},
+        {MenuEntry::Later, "mnuHelpSearchForHelpOn", "&Search For Help On...", "", "search",
+         "Look something up in the help"},
+        {},
+        {MenuEntry::Later, "mnuHelpAbout", "&About ", "", "properties", "About this program"},
+    };
+}
+// clang-format on
+
+std::function<void()> frmMain::doing(void (frmMain::*handler)())
+{
+    return [this, handler] {
+        Guarded(m_services.dialogs, windowTitle().toStdString(), [&] { (this->*handler)(); });
+    };
+}
+
+std::function<void()> frmMain::arranging(Arrangement how)
+{
+    return [this, how] { Arrange(how); };
+}
+
+std::function<void()> frmMain::saying(const char *text)
+{
+    return [this, text] {
+        m_services.dialogs.Message(text, windowTitle().toStdString(), DialogIcon::None);
+    };
+}
+
+void frmMain::newConsist()
+{
+    NewDocumentWindow(kEditorMode, {});
+}
+
+void frmMain::newConsistList()
+{
+    NewDocumentWindow(kListMode, {});
+}
+
+void frmMain::openFileDialog()
+{
+    const std::string path = m_services.dialogs.OpenFile(
+        {"Open", app::kOpenFilter, "", m_installation.PathOf("Trains\\Consists")});
+    if (!path.empty())
+        OpenFile(path);
+}
+
+void frmMain::closeActive()
+{
+    if (frmDocument *window = ActiveDocument())
+        window->close();
+}
+
+void frmMain::save()
+{
+    SaveDocument(false);
+}
+
+void frmMain::saveAs()
+{
+    frmDocument *window = ActiveDocument();
+    if (!window || window->Mode() != kEditorMode)
+        return;
+    const std::string before = window->FileName();
+    window->SetFileName({});
+    SaveDocument(false);
+    // Who gives up on the way still has the window of the old file.
+    if (window->FileName().empty())
+        window->SetFileName(before);
+}
+
+void frmMain::saveAll()
+{
+    for (frmDocument *window : Documents()) {
+        m_area->setActiveSubWindow(window);
+        SaveDocument(false);
+    }
+}
+
+void frmMain::setMstsLocation()
+{
+    for (const frmDocument *window : Documents())
+        if (window->Mode() == kEditorMode) {
+            m_services.dialogs.Message("Can't change MSTS location whilst editting a consist!",
+                                       "Set MSTS Location", DialogIcon::Critical);
+            return;
+        }
+    frmSetLoc dialog(m_services.files, this);
+    dialog.SetLocation(m_installation.CurrentFolder());
+    dialog.exec();
+    if (dialog.Cancelled)
+        return;
+    m_installation.SetLocation(dialog.Location);
+    for (frmDocument *window : Documents())
+        window->LoadForm();
+}
+
+void frmMain::editSelectedConsist()
+{
+    frmDocument *window = ActiveDocument();
+    if (!window)
+        return;
+    if (const std::string name = window->SelectedConsist(); !name.empty())
+        window->EditConsist(name);
+    else
+        m_services.dialogs.Message("Nothing selected!", "Edit", DialogIcon::Critical);
+}
+
+void frmMain::refresh()
+{
+    m_services.files.Refresh();
+    if (frmDocument *window = ActiveDocument())
+        window->LoadForm();
+}
+
+void frmMain::filter()
+{
+    frmDocument *window = ActiveDocument();
+    if (!window)
+        return;
+    const bool list = window->Mode() == kListMode;
+    window->SetFilter(m_services.dialogs.Input(
+        list ? "Enter a filter string for consists:" : "Enter a filter string for stock:",
+        list ? "Filter Consist List" : "Filter Stock List", window->Filter()));
+    if (list)
+        window->LoadForm();
+    else
+        window->ReloadAllStock();
+}
+
+void frmMain::toggleToolBar()
+{
+    tbToolBar->setVisible(command("mnuViewToolbar")->isChecked());
+}
+
+void frmMain::toggleStatusBar()
+{
+    sbStatusBar->setVisible(command("mnuViewStatusBar")->isChecked());
+}
+
+void frmMain::listWindows()
+{
+    for (QAction *item : m_windowItems)
+        delete item;
+    m_windowItems.clear();
+    const frmDocument *active = ActiveDocument();
+    int number = 0;
+    for (frmDocument *window : Documents()) {
+        const QString caption =
+            window->windowTitle().replace(QLatin1Char('&'), QLatin1String("&&"));
+        ++number;
+        QAction *item = menu("mnuWindow")
+                            ->addAction(QStringLiteral("%1%2 %3")
+                                            .arg(QLatin1String(number < 10 ? "&" : ""))
+                                            .arg(number)
+                                            .arg(caption));
+        item->setObjectName(QStringLiteral("mnuWindowList%1").arg(number));
+        item->setStatusTip(QStringLiteral("Go to this window"));
+        item->setCheckable(true);
+        item->setChecked(window == active);
+        connect(item, &QAction::triggered, window,
+                [this, window] { m_area->setActiveSubWindow(window); });
+        m_windowItems.push_back(item);
+    }
+}

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include "app/modZELK.h"
+
+#include "host/Folders.h"
+
+namespace modZELK {
+
+std::string MainCaption()
+{
+    return std::string(kTitle) + " v" + std::to_string(kMajor) + '.' + std::to_string(kMinor) +
+           '-' + std::to_string(kRevision);
+}
+
+std::string TextWindowCaption(std::string_view title)
+{
+    if (title.starts_with('#'))
+        return std::string(title.substr(1));
+    return "Properties of " + std::string(title);
+}
+
+std::string MissingReferenceText(std::string_view file, std::string_view referringItem,
+                                 std::string_view kind)
+{
+    return std::string(referringItem) + " references MISSING " + std::string(kind) + " file " +
+           std::string(file);
+}
+
+float DegreesToRadians(float degrees)
+{
+    constexpr double kPi = 3.1415926535898;
+    return static_cast<float>(degrees / 180.0 * kPi);
+}
+
+void WriteLog(std::string_view text)
+{
+    host::AppendTraceLine(text);
+}
+
+} // namespace modZELK

@@ -1,0 +1,270 @@
+// SPDX-License-Identifier: MIT
+#include "document/ConsistEditorPane.h"
+
+#include "host/Filter.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLocale>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace document {
+
+namespace {
+
+struct MoveButton
+{
+    const char *toolTip, *icon;
+    bool gapBefore;
+};
+constexpr MoveButton kMoveButtons[] = {
+    {"Add stock to consist", "add", false},
+    {"Remove stock from consist", "remove", false},
+    {"Remove all consist items", "remove-all", false},
+    {"Move stock forwards", "forwards", true},
+    {"Move stock backwards", "backwards", false},
+    {"Flip stock in consist", "flip", true},
+};
+
+struct ActionButton
+{
+    const char *caption, *toolTip;
+    bool later; ///< opens a 3D view, which this version does not have
+};
+constexpr ActionButton kActionButtons[] = {
+    {"&Cancel", "Abandon changes", false},
+    {"&Apply", "Save changes", false},
+    {"&OK", "Save changes and close window", false},
+    {"View &Consist", "Show consist in 3D", true},
+    {"View &Shape", "Show selected shape in 3D", true},
+};
+
+QLabel *heading(QWidget *parent)
+{
+    auto *label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    return label;
+}
+
+QBoxLayout *listUnder(QLabel *title, ListView *list)
+{
+    auto *layout = new QVBoxLayout;
+    layout->setSpacing(4);
+    layout->addWidget(title);
+    layout->addWidget(list, 1);
+    return layout;
+}
+
+} // namespace
+
+ConsistEditorPane::ConsistEditorPane(const Furnishing &furnishing, QWidget *parent)
+    : QWidget(parent)
+    , lvConsist(new ListView("lvConsist", QStringLiteral("Current consist items"), this))
+    , lvStock(new ListView("lvStock", QStringLiteral("Available installed stock"), this))
+    , lblMaxVelocity(new QLabel(QStringLiteral("Max Velocity"), this))
+    , lblDurability(new QLabel(QStringLiteral("Durability"), this))
+    , m_consist(new ConsistModel(this))
+    , m_stock(new StockListModel(this))
+    , m_consistHeading(heading(this))
+    , m_stockHeading(heading(this))
+{
+    connectLists();
+    auto *splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->addWidget(trainSide());
+    splitter->addWidget(stockSide(furnishing));
+    splitter->setChildrenCollapsible(false);
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 1);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(10, 10, 10, 10);
+    layout->setSpacing(8);
+    layout->addLayout(figures());
+    layout->addWidget(splitter, 1);
+    layout->addLayout(actionRow());
+    setFocusProxy(lvConsist);
+    ShowStockHeading({});
+    ShowChanged(false);
+}
+
+QBoxLayout *ConsistEditorPane::figures()
+{
+    lblMaxVelocity->setObjectName("lblMaxVelocity");
+    lblDurability->setObjectName("lblDurability");
+    txtMaxVelocity[0] = figureBox("txtMaxVelocity0", QStringLiteral("Max Velocity"));
+    txtMaxVelocity[1] = figureBox("txtMaxVelocity1", QStringLiteral("Max Velocity, second value"));
+    txtDurability = figureBox("txtDurability", QStringLiteral("Durability"));
+    auto *layout = new QHBoxLayout;
+    layout->setSpacing(6);
+    layout->addWidget(lblMaxVelocity);
+    layout->addWidget(txtMaxVelocity[0]);
+    layout->addWidget(txtMaxVelocity[1]);
+    layout->addSpacing(18);
+    layout->addWidget(lblDurability);
+    layout->addWidget(txtDurability);
+    layout->addStretch(1);
+    return layout;
+}
+
+QLineEdit *ConsistEditorPane::figureBox(const char *name, const QString &title)
+{
+    auto *box = new QLineEdit(this);
+    box->setObjectName(name);
+    box->setAccessibleName(title);
+    box->setAccessibleDescription(QString::fromLatin1(name));
+    box->setToolTip(title + QStringLiteral(" (for display only)"));
+    box->setReadOnly(true);
+    box->setFocusPolicy(Qt::ClickFocus);
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("000000.00000")) + 16);
+    QPalette colours = box->palette();
+    colours.setColor(QPalette::Base, colours.color(QPalette::Window));
+    box->setPalette(colours);
+    return box;
+}
+
+QWidget *ConsistEditorPane::trainSide()
+{
+    auto *side = new QWidget(this);
+    QBoxLayout *layout = listUnder(m_consistHeading, lvConsist);
+    layout->setContentsMargins(0, 0, 2, 0);
+    side->setLayout(layout);
+    return side;
+}
+
+QWidget *ConsistEditorPane::stockSide(const Furnishing &furnishing)
+{
+    auto *side = new QWidget(this);
+    auto *layout = new QHBoxLayout(side);
+    layout->setContentsMargins(2, 0, 0, 0);
+    layout->setSpacing(8);
+    layout->addLayout(moveColumn(furnishing));
+    layout->addLayout(listUnder(m_stockHeading, lvStock), 1);
+    return side;
+}
+
+QBoxLayout *ConsistEditorPane::moveColumn(const Furnishing &furnishing)
+{
+    auto *layout = new QVBoxLayout;
+    layout->setSpacing(4);
+    layout->addStretch(1);
+    for (int i = 0; i < static_cast<int>(cmdMove.size()); ++i) {
+        const MoveButton &button = kMoveButtons[i];
+        auto *command = new QToolButton(this);
+        const QString toolTip = QString::fromLatin1(button.toolTip);
+        command->setObjectName(QStringLiteral("cmdMove%1").arg(i));
+        command->setAccessibleName(toolTip);
+        command->setAccessibleDescription(command->objectName());
+        command->setToolTip(toolTip);
+        command->setStatusTip(toolTip);
+        command->setIcon(furnishing.icon(button.icon));
+        command->setIconSize({24, 24});
+        command->setFixedSize(36, 34);
+        command->setFocusPolicy(Qt::TabFocus);
+        connect(command, &QToolButton::clicked, this, [this, i] { Q_EMIT MovePressed(i); });
+        if (button.gapBefore)
+            layout->addSpacing(8);
+        layout->addWidget(command);
+        cmdMove[static_cast<std::size_t>(i)] = command;
+    }
+    layout->addStretch(1);
+    return layout;
+}
+
+QBoxLayout *ConsistEditorPane::actionRow()
+{
+    for (int i = 0; i < static_cast<int>(cmdAction.size()); ++i) {
+        const ActionButton &button = kActionButtons[i];
+        auto *command = new QPushButton(QString::fromLatin1(button.caption), this);
+        QString toolTip = QString::fromLatin1(button.toolTip);
+        command->setAccessibleName(toolTip);
+        if (button.later)
+            toolTip += QStringLiteral("\nNot available in this version yet: 3D views");
+        command->setObjectName(QStringLiteral("cmdAction%1").arg(i));
+        command->setAccessibleDescription(command->objectName());
+        command->setToolTip(toolTip);
+        command->setStatusTip(QString(toolTip).replace(QLatin1Char('\n'), QStringLiteral(". ")));
+        command->setEnabled(!button.later);
+        command->setAutoDefault(false);
+        connect(command, &QPushButton::clicked, this, [this, i] { Q_EMIT ActionPressed(i); });
+        cmdAction[static_cast<std::size_t>(i)] = command;
+    }
+    auto *layout = new QHBoxLayout;
+    layout->setSpacing(6);
+    layout->addWidget(cmdAction[3]);
+    layout->addWidget(cmdAction[4]);
+    layout->addStretch(1);
+    layout->addWidget(cmdAction[2]);
+    layout->addWidget(cmdAction[0]);
+    layout->addWidget(cmdAction[1]);
+    return layout;
+}
+
+void ConsistEditorPane::connectLists()
+{
+    lvConsist->setModel(m_consist);
+    lvStock->setModel(m_stock);
+    for (ListView *list : {lvConsist, lvStock}) {
+        list->FitFirstColumn(QStringLiteral("Engine*"));
+        list->SetSearchColumn(2);
+        connect(list, &ListView::MenuWanted, this, &ConsistEditorPane::MenuWanted);
+    }
+    connect(lvStock, &ListView::InsertPressed, this,
+            [this] { Q_EMIT MovePressed(static_cast<int>(Move::Add)); });
+    connect(lvConsist, &ListView::DeletePressed, this, [this](Qt::KeyboardModifiers modifiers) {
+        const Move move = modifiers == Qt::ShiftModifier ? Move::RemoveAll : Move::Remove;
+        Q_EMIT MovePressed(static_cast<int>(move));
+    });
+    lvStock->header()->setSectionsClickable(true);
+    connect(lvStock->header(), &QHeaderView::sectionClicked, this, [this](int column) {
+        m_stock->ClickHeader(column);
+        lvStock->header()->setSortIndicatorShown(true);
+        lvStock->header()->setSortIndicator(
+            column, m_stock->Order().ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+        lvStock->SetSearchColumn(column == 0 ? 2 : column);
+    });
+}
+
+void ConsistEditorPane::ShowConsist(const ConsistTree &consist)
+{
+    m_consist->SetRows(consist.Rows());
+    m_consistHeading->setText(QStringLiteral("Current consist items (%1)")
+                                  .arg(QLocale().toString(m_consist->rowCount())));
+    for (int i = 0; i < 2; ++i)
+        txtMaxVelocity[static_cast<std::size_t>(i)]->setText(
+            QString::fromStdString(consist.MaxVelocity(i)));
+    txtDurability->setText(QString::fromStdString(consist.Durability()));
+    for (QLineEdit *box : {txtMaxVelocity[0], txtMaxVelocity[1], txtDurability})
+        box->setCursorPosition(0);
+}
+
+void ConsistEditorPane::ShowChanged(bool changed)
+{
+    cmdAction[1]->setEnabled(changed);
+    cmdAction[2]->setEnabled(changed);
+}
+
+void ConsistEditorPane::ShowStockHeading(const std::string &filter)
+{
+    QString text = QStringLiteral("Available installed stock (%1)")
+                       .arg(QLocale().toString(m_stock->rowCount()));
+    if (!host::MatchesEverything(filter))
+        text += QStringLiteral(", filtered on ") + QString::fromStdString(filter);
+    m_stockHeading->setText(text);
+    m_stockHeading->setToolTip(text);
+}
+
+const StockItem *ConsistEditorPane::SelectedStock() const
+{
+    const int row = lvStock->SelectedRow();
+    return row < 0 ? nullptr : &m_stock->Item(row);
+}
+
+const StockItem *ConsistEditorPane::SelectedUnit() const
+{
+    const int row = lvConsist->SelectedRow();
+    return row < 0 ? nullptr : &m_consist->Item(row);
+}
+
+} // namespace document

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "document/ConsistModel.h"
+#include "document/ConsistTree.h"
+#include "document/Furnishing.h"
+#include "document/ListView.h"
+#include "document/StockListModel.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QToolButton>
+#include <QWidget>
+
+#include <array>
+#include <string>
+
+class QBoxLayout;
+
+namespace document {
+
+/// The controls of a consist editor: the train at the left, the installed stock at the right, the
+/// editing buttons between them, the consist's figures above and the window's buttons below.
+class ConsistEditorPane : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ConsistEditorPane(const Furnishing &furnishing, QWidget *parent = nullptr);
+
+    void ShowConsist(const ConsistTree &consist);
+    /// Enables Apply and OK exactly while the consist differs from its file.
+    void ShowChanged(bool changed);
+    /// Brings the heading of the stock list up to date.
+    void ShowStockHeading(const std::string &filter);
+
+    /// Rows count from 1, 0 is "none selected".
+    int SelectedConsistRow() const { return lvConsist->SelectedRow() + 1; }
+    void SelectConsistRow(int row) { lvConsist->SelectRow(row - 1); }
+    /// The selected installed stock item, or null.
+    const StockItem *SelectedStock() const;
+    /// The selected unit of the train, or null.
+    const StockItem *SelectedUnit() const;
+    StockListModel &Stock() { return *m_stock; }
+
+    ListView *lvConsist;
+    ListView *lvStock;
+    std::array<QToolButton *, 6> cmdMove{};
+    std::array<QPushButton *, 5> cmdAction{};
+    QLabel *lblMaxVelocity;
+    QLabel *lblDurability;
+    std::array<QLineEdit *, 2> txtMaxVelocity{};
+    QLineEdit *txtDurability;
+
+Q_SIGNALS:
+    void MovePressed(int index);
+    void ActionPressed(int index);
+    void MenuWanted(const QPoint &globalPosition);
+
+private:
+    QBoxLayout *figures();
+    QWidget *trainSide();
+    QWidget *stockSide(const Furnishing &furnishing);
+    QBoxLayout *moveColumn(const Furnishing &furnishing);
+    QBoxLayout *actionRow();
+    QLineEdit *figureBox(const char *name, const QString &title);
+    void connectLists();
+
+    ConsistModel *m_consist;
+    StockListModel *m_stock;
+    QLabel *m_consistHeading;
+    QLabel *m_stockHeading;
+};
+
+} // namespace document

@@ -1,0 +1,334 @@
+// SPDX-License-Identifier: MIT
+#include "document/ConsistTree.h"
+
+#include "host/GameFiles.h"
+#include "host/Text.h"
+#include "install/modTS.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <optional>
+
+using host::ErrorNumber;
+using host::RuntimeError;
+
+namespace document {
+namespace {
+
+constexpr const char *kCounter = "NextWagonUID";
+
+/// The value of a block, "" when the block or the value is absent.
+std::string valueAt(const StfNode &node, int index)
+{
+    return node && index < node.NumParameters() ? node.Parameter(index) : std::string();
+}
+
+/// A 16-bit number as files hold it: decimal, perhaps with a sign or a fraction, which is cut.
+std::optional<int> parseCounter(std::string_view text)
+{
+    text = host::TrimBlanks(text);
+    if (text.starts_with('+'))
+        text.remove_prefix(1);
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    std::string_view rest(end, static_cast<std::size_t>(text.data() + text.size() - end));
+    if (rest.starts_with('.'))
+        rest.remove_prefix(std::min(rest.find_first_not_of("0123456789", 1), rest.size()));
+    if (error != std::errc() || !rest.empty())
+        return std::nullopt;
+    return value;
+}
+
+bool fits16Bits(int value)
+{
+    return value >= std::numeric_limits<std::int16_t>::min() &&
+           value <= std::numeric_limits<std::int16_t>::max();
+}
+
+/// The counter of a consist, looked at before anything is changed.
+struct Counter
+{
+    StfNode node; ///< no object when the consist has none
+    int value = 0;
+    std::string message; ///< why it cannot be moved, "" when it can
+
+    void Write(int moved)
+    {
+        if (node)
+            node.SetParameter(0, std::to_string(moved));
+    }
+};
+
+Counter counterOf(const StfNode &trainCfg, int step)
+{
+    Counter counter;
+    counter.node = trainCfg.Child(kCounter);
+    if (!counter.node)
+        return counter;
+    const std::string text = valueAt(counter.node, 0);
+    const std::optional<int> value = parseCounter(text);
+    if (!value)
+        counter.message = "Nothing was changed: " + std::string(kCounter) + " is \"" + text +
+                          "\", which is no number.";
+    else if (!fits16Bits(*value) || !fits16Bits(*value + step))
+        counter.message = "Nothing was changed: " + std::string(kCounter) + " is " + text +
+                          ", and the new value would not fit into 16 bits.";
+    counter.value = value.value_or(0);
+    return counter;
+}
+
+ConsistRow rowOf(const StfNode &entry, std::int16_t position)
+{
+    const StfNode data = entry.Child(entry.Name() + "Data");
+    if (!data)
+        throw RuntimeError(ErrorNumber::ObjectNotSet, "line " + std::to_string(entry.Line()) +
+                                                          ": " + entry.Name() + " has no block " +
+                                                          entry.Name() + "Data");
+    ConsistRow row;
+    row.position = position;
+    row.item.type = entry.Name();
+    row.item.shape = valueAt(data, 0);
+    row.item.folder = valueAt(data, 1);
+    if (data.NumParameters() == 3)
+        row.item.folder += ' ' + data.Parameter(2);
+    std::int16_t flip = 0;
+    if (entry.FindChild("Flip", flip))
+        row.item.type += '*';
+    return row;
+}
+
+} // namespace
+
+std::string StockPath(std::string_view installFolder, const StockItem &item)
+{
+    std::string extension = item.type.substr(0, 3);
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    const std::string folder = host::path::Join(installFolder, "Trains/Trainset");
+    return host::path::Join(host::path::Join(folder, item.folder), item.shape + '.' + extension);
+}
+
+std::string ConsistName(std::string_view path)
+{
+    return host::path::BaseName(path);
+}
+
+ConsistTree::ConsistTree(host::GameFiles &files)
+    : m_file(files)
+{
+}
+
+void ConsistTree::Load(const std::string &path)
+{
+    m_file.SetFileName(path);
+    m_file.Load();
+    m_changed = false;
+    rebuildRows();
+}
+
+void ConsistTree::New()
+{
+    m_file.New();
+    m_file.SetFileName({});
+    modTS::NewDocumentTemplate(m_file, "con");
+    m_changed = true;
+    rebuildRows();
+}
+
+StfNode ConsistTree::trainCfg() const
+{
+    const StfNode train = m_file.FindNode("Train");
+    const StfNode cfg = train ? train.Child("TrainCfg") : StfNode();
+    if (!cfg)
+        throw RuntimeError(ErrorNumber::ObjectNotSet,
+                           m_file.FileName() + ": there is no " +
+                               (train ? "TrainCfg block in Train" : "Train block"));
+    return cfg;
+}
+
+/// The rows up to the first entry that cannot be shown; that entry is the error.
+void ConsistTree::rebuildRows()
+{
+    m_rows.clear();
+    const StfNode cfg = trainCfg();
+    std::int16_t position = 0;
+    try {
+        while (cfg.FindChild("Engine|Wagon", position))
+            m_rows.push_back(rowOf(cfg.Children().Item(position), position));
+    } catch (const RuntimeError &error) {
+        throw RuntimeError(error.Code(), m_file.FileName() + ", " + error.Detail());
+    }
+}
+
+std::string ConsistTree::Title() const
+{
+    std::string title;
+    const StfNode cfg = trainCfg();
+    for (int i = 0; i < cfg.NumParameters(); ++i)
+        title += cfg.Parameter(i) + ' ';
+    return std::string(host::TrimBlanks(title));
+}
+
+std::string ConsistTree::MaxVelocity(int index) const
+{
+    return valueAt(trainCfg().Child("MaxVelocity"), index);
+}
+
+std::string ConsistTree::Durability() const
+{
+    return valueAt(trainCfg().Child("Durability"), 0);
+}
+
+EditResult ConsistTree::Edit(Move move, int selectedRow, const StockItem *stock)
+{
+    m_changed = true;
+    if (selectedRow < 0 || selectedRow > static_cast<int>(m_rows.size()))
+        selectedRow = 0;
+    EditResult result;
+    try {
+        result = perform(move, selectedRow, stock);
+    } catch (const RuntimeError &error) {
+        result.message = error.what();
+    }
+    if (!result.message.empty())
+        result.selectedRow = selectedRow;
+    return result;
+}
+
+EditResult ConsistTree::perform(Move move, int row, const StockItem *stock)
+{
+    switch (move) {
+    case Move::Add:
+        return stock ? add(*stock) : EditResult{0, "No installed stock is selected."};
+    case Move::Remove:
+        return remove(row);
+    case Move::RemoveAll:
+        return removeAll();
+    case Move::Forwards:
+        return forwards(row);
+    case Move::Backwards:
+        return backwards(row);
+    case Move::Flip:
+        break;
+    }
+    return flip(row);
+}
+
+EditResult ConsistTree::add(const StockItem &stock)
+{
+    StfNode cfg = trainCfg();
+    Counter counter = counterOf(cfg, +1);
+    if (!counter.message.empty())
+        return {0, counter.message};
+    counter.Write(counter.value + 1);
+
+    StfNode entry = modTS::AddNode(cfg.Children(), stock.type);
+    modTS::AddNode(entry.Children(), "UiD", {std::to_string(counter.value)});
+    modTS::AddNode(entry.Children(), stock.type + "Data", {stock.shape, stock.folder});
+    rebuildRows();
+    return {static_cast<int>(m_rows.size()), {}};
+}
+
+EditResult ConsistTree::remove(int row)
+{
+    if (row == 0)
+        return {};
+    StfNode cfg = trainCfg();
+    Counter counter = counterOf(cfg, -1);
+    if (!counter.message.empty())
+        return {0, counter.message};
+    cfg.Children().Remove(m_rows[static_cast<std::size_t>(row - 1)].position);
+    counter.Write(counter.value - 1);
+    rebuildRows();
+    const int next = row > 1 ? row - 1 : row;
+    return {next <= static_cast<int>(m_rows.size()) ? next : 0, {}};
+}
+
+EditResult ConsistTree::removeAll()
+{
+    // Looked at for the whole train first: a press changes all or nothing.
+    const Counter counter = counterOf(trainCfg(), -static_cast<int>(m_rows.size()));
+    if (!counter.message.empty())
+        return {0, counter.message};
+    while (!m_rows.empty())
+        remove(static_cast<int>(m_rows.size()));
+    return {};
+}
+
+EditResult ConsistTree::forwards(int row)
+{
+    if (row < 2)
+        return {row, {}};
+    StfNodes children = trainCfg().Children();
+    const int from = m_rows[static_cast<std::size_t>(row - 1)].position;
+    const int above = m_rows[static_cast<std::size_t>(row - 2)].position;
+    const StfNode entry = children.Item(from);
+    children.Remove(from);
+    children.Insert(entry, above);
+    rebuildRows();
+    return {row - 1, {}};
+}
+
+EditResult ConsistTree::backwards(int row)
+{
+    if (row == 0 || row >= static_cast<int>(m_rows.size()))
+        return {row, {}};
+    StfNodes children = trainCfg().Children();
+    const int from = m_rows[static_cast<std::size_t>(row - 1)].position;
+    const int below = m_rows[static_cast<std::size_t>(row)].position;
+    const StfNode entry = children.Item(from);
+    children.Remove(from);
+    children.Insert(entry, below); // the unit below has moved up by one: this is right behind it
+    rebuildRows();
+    return {row + 1, {}};
+}
+
+EditResult ConsistTree::flip(int row)
+{
+    if (row == 0)
+        return {};
+    const int position = m_rows[static_cast<std::size_t>(row - 1)].position;
+    StfNodes parts = trainCfg().Children().Item(position).Children();
+    int at = 1;
+    while (at <= parts.Count() && parts.Item(at).Name() != "Flip")
+        ++at;
+    if (at <= parts.Count()) {
+        parts.Remove(at);
+    } else {
+        StfNode mark = StfNode::Create();
+        mark.SetName("Flip");
+        mark.SetNumParameters(1);
+        parts.Insert(mark, 1);
+    }
+    rebuildRows();
+    return {};
+}
+
+void ConsistTree::Save(const std::string &path)
+{
+    m_file.SetFileName(path);
+    writeName(ConsistName(path));
+    m_file.Save();
+    m_changed = false;
+}
+
+/// A third of all real consists have no name block and begin with something else, which must not
+/// be overwritten: the first child is taken only when it is the name block.
+void ConsistTree::writeName(const std::string &name)
+{
+    const std::string value = name.find(' ') == name.npos ? name : stavfile::QuotedValue(name);
+    StfNode cfg = trainCfg();
+    cfg.SetNumParameters(1);
+    cfg.SetParameter(0, value);
+    StfNode nameNode = cfg.Child("Name");
+    if (!nameNode) {
+        nameNode = StfNode::Create();
+        nameNode.SetName("Name");
+        cfg.Children().Insert(nameNode, 1);
+    }
+    nameNode.SetNumParameters(1);
+    nameNode.SetParameter(0, value);
+}
+
+} // namespace document

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/Dialogs.h"
+
+#include <exception>
+#include <string>
+
+namespace document {
+
+/// The edge of a command: runs it, and shows a failure in one message box with this title. True
+/// when the command ended without one. No exception gets past it.
+template <typename Command>
+bool Guarded(host::Dialogs &dialogs, const std::string &title, Command &&command)
+{
+    try {
+        command();
+        return true;
+    } catch (const std::exception &failure) {
+        dialogs.Message(failure.what(), title, host::DialogIcon::Critical);
+        return false;
+    }
+}
+
+} // namespace document

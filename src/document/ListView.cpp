@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "document/ListView.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+namespace document {
+
+namespace {
+
+/// Rows with a little air above and below the text.
+class RowDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 5);
+    }
+};
+
+} // namespace
+
+ListView::ListView(const char *name, const QString &title, QWidget *parent)
+    : QTreeView(parent)
+{
+    setObjectName(name);
+    setAccessibleName(title);
+    setAccessibleDescription(QString::fromLatin1(name));
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setAlternatingRowColors(true);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTextElideMode(Qt::ElideRight);
+    header()->setStretchLastSection(false);
+    header()->setMinimumSectionSize(40);
+    setItemDelegate(new RowDelegate(this));
+    connect(header(), &QHeaderView::sectionResized, this, [this] {
+        if (!m_sharing)
+            m_sizedByUser = true;
+    });
+}
+
+int ListView::SelectedRow() const
+{
+    if (!selectionModel())
+        return -1;
+    if (const QModelIndex current = currentIndex();
+        current.isValid() && selectionModel()->isRowSelected(current.row()))
+        return current.row();
+    const std::vector<int> rows = SelectedRows();
+    return rows.empty() ? -1 : rows.front();
+}
+
+std::vector<int> ListView::SelectedRows() const
+{
+    std::vector<int> rows;
+    if (!selectionModel())
+        return rows;
+    for (const QItemSelectionRange &range : selectionModel()->selection())
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(row);
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+void ListView::SelectRow(int row)
+{
+    if (row < 0 || row >= model()->rowCount()) {
+        selectionModel()->clear();
+        return;
+    }
+    const QModelIndex index = model()->index(row, 0);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                 QItemSelectionModel::Rows);
+    scrollTo(index);
+}
+
+void ListView::FitFirstColumn(const QString &widest)
+{
+    m_firstWidth = fontMetrics().horizontalAdvance(widest) + 16;
+    shareWidth();
+}
+
+void ListView::keyboardSearch(const QString &search)
+{
+    // The base class searches the column of the current item, which follows the mouse.
+    if (const QModelIndex current = currentIndex();
+        current.isValid() && current.column() != m_searchColumn)
+        selectionModel()->setCurrentIndex(current.siblingAtColumn(m_searchColumn),
+                                          QItemSelectionModel::NoUpdate);
+    else if (!current.isValid() && model()->rowCount() > 0)
+        selectionModel()->setCurrentIndex(model()->index(0, m_searchColumn),
+                                          QItemSelectionModel::NoUpdate);
+    QTreeView::keyboardSearch(search);
+}
+
+void ListView::keyPressEvent(QKeyEvent *event)
+{
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Q_EMIT ReturnPressed(modifiers);
+        break;
+    case Qt::Key_Insert:
+        Q_EMIT InsertPressed();
+        break;
+    case Qt::Key_Delete:
+        Q_EMIT DeletePressed(modifiers);
+        break;
+    default:
+        QTreeView::keyPressEvent(event);
+    }
+}
+
+void ListView::focusInEvent(QFocusEvent *event)
+{
+    QTreeView::focusInEvent(event);
+    Q_EMIT Focused();
+}
+
+void ListView::mousePressEvent(QMouseEvent *event)
+{
+    QTreeView::mousePressEvent(event);
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT LeftPressed();
+}
+
+void ListView::mouseReleaseEvent(QMouseEvent *event)
+{
+    QTreeView::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT LeftReleased();
+    else if (event->button() == Qt::RightButton)
+        Q_EMIT MenuWanted(event->globalPosition().toPoint());
+}
+
+void ListView::contextMenuEvent(QContextMenuEvent *event)
+{
+    // The mouse is served when its button is released, whatever the desktop's own habit.
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        Q_EMIT MenuWanted(event->globalPos());
+    event->accept();
+}
+
+void ListView::resizeEvent(QResizeEvent *event)
+{
+    QTreeView::resizeEvent(event);
+    shareWidth();
+}
+
+void ListView::shareWidth()
+{
+    const int columns = header()->count();
+    if (m_sizedByUser || columns == 0)
+        return;
+    const QScopedValueRollback<bool> sharing(m_sharing, true);
+    int left = viewport()->width();
+    for (int column = 0; column < columns; ++column) {
+        const bool fitted = column == 0 && m_firstWidth > 0;
+        const int width = fitted ? m_firstWidth : left / (columns - column);
+        header()->resizeSection(column, width);
+        left -= width;
+    }
+}
+
+} // namespace document

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QTreeView>
+
+#include <vector>
+
+namespace document {
+
+/// A list in report style: whole rows, no tree lines, rows of one height, columns that share the
+/// list's width until the user drags one. Typing searches in the search column.
+class ListView : public QTreeView
+{
+    Q_OBJECT
+
+public:
+    /// `name` is the control's fixed name, `title` what a screen reader calls it.
+    ListView(const char *name, const QString &title, QWidget *parent = nullptr);
+
+    /// The selected row, counted from 0; -1 for none. Of several, the current one if it is
+    /// selected, else the uppermost.
+    int SelectedRow() const;
+    /// All selected rows, from the first to the last.
+    std::vector<int> SelectedRows() const;
+    /// Selects this row alone and scrolls to it; -1 selects nothing.
+    void SelectRow(int row);
+
+    void SetSearchColumn(int column) { m_searchColumn = column; }
+    /// Makes the first column just wide enough for this text; the others share the rest. Without
+    /// it all columns share alike.
+    void FitFirstColumn(const QString &widest);
+
+    QSize sizeHint() const override { return {260, 260}; }
+    QSize minimumSizeHint() const override { return {140, 80}; }
+    void keyboardSearch(const QString &search) override;
+
+Q_SIGNALS:
+    void Focused();
+    void ReturnPressed(Qt::KeyboardModifiers modifiers);
+    void InsertPressed();
+    void DeletePressed(Qt::KeyboardModifiers modifiers);
+    void LeftPressed();
+    void LeftReleased();
+    /// The right button was released, or the menu key pressed, here.
+    void MenuWanted(const QPoint &globalPosition);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void shareWidth();
+
+    int m_firstWidth = 0, m_searchColumn = 0;
+    bool m_sharing = false, m_sizedByUser = false;
+};
+
+} // namespace document

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "document/StockList.h"
+
+#include "host/Filter.h"
+#include "host/GameFiles.h"
+#include "host/Text.h"
+#include "install/Installation.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace document {
+namespace {
+
+std::vector<StockItem> stockOfFolder(host::GameFiles &files, const std::string &trainset,
+                                     const std::string &folder)
+{
+    constexpr std::size_t kExtension = 4; // ".eng", ".wag" and whatever else has three letters
+    std::vector<StockItem> items;
+    for (std::string &name : files.ListFiles(host::path::Join(trainset, folder), "*.??g")) {
+        const bool engine = name.ends_with("eng");
+        name.resize(name.size() - kExtension);
+        items.push_back({engine ? "Engine" : "Wagon", folder, std::move(name)});
+    }
+    return items;
+}
+
+const std::string &columnOf(const StockItem &item, int column)
+{
+    return column == 0 ? item.type : column == 1 ? item.folder : item.shape;
+}
+
+} // namespace
+
+StockScan::StockScan(const install::Installation &installation, host::GameFiles &files,
+                     std::string_view filter, std::size_t workers)
+{
+    const std::string trainset = installation.PathOf("Trains/Trainset");
+    std::vector<std::string> folders = files.ListFolders(trainset);
+    std::erase_if(folders,
+                  [&](const std::string &name) { return !host::MatchesFilter(name, filter); });
+    const std::size_t count = folders.size();
+    m_ahead = std::make_unique<host::Ahead<std::vector<StockItem>>>(
+        count,
+        [&files, trainset, folders = std::move(folders)](std::size_t i) {
+            return stockOfFolder(files, trainset, folders[i]);
+        },
+        workers);
+}
+
+void StockOrder::Click(int clicked)
+{
+    ascending = clicked == column ? !ascending : true;
+    column = clicked;
+}
+
+std::vector<int> SortedIndexes(const std::vector<StockItem> &items, const StockOrder &order)
+{
+    std::vector<int> indexes(items.size());
+    std::iota(indexes.begin(), indexes.end(), 0);
+    if (order.column < 0)
+        return indexes;
+    std::vector<std::string> keys;
+    keys.reserve(items.size());
+    for (const StockItem &item : items)
+        keys.push_back(host::ToUpper(columnOf(item, order.column)));
+    const auto before = [&](int a, int b) {
+        const int compared =
+            keys[static_cast<std::size_t>(a)].compare(keys[static_cast<std::size_t>(b)]);
+        return order.ascending ? compared < 0 : compared > 0;
+    };
+    std::stable_sort(indexes.begin(), indexes.end(), before);
+    return indexes;
+}
+
+} // namespace document

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "document/StockLoader.h"
+
+#include "document/DocumentHost.h"
+#include "document/StockListModel.h"
+
+#include <iterator>
+
+namespace document {
+
+namespace {
+
+constexpr int kSliceMilliseconds = 8;
+/// The view lays itself out anew after every append, which costs more than the rows themselves.
+constexpr int kFlushMilliseconds = 100;
+/// How long to leave the workers alone when they have nothing ready.
+constexpr int kPauseMilliseconds = 3;
+
+} // namespace
+
+StockLoader::StockLoader(DocumentHost &host, StockListModel &model, QObject *parent)
+    : QObject(parent)
+    , m_host(host)
+    , m_model(model)
+{
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, &StockLoader::slice);
+}
+
+StockLoader::~StockLoader() = default;
+
+void StockLoader::Start(const std::string &filter)
+{
+    m_found.clear();
+    m_model.Clear();
+    m_scan = std::make_unique<StockScan>(m_host.Installation(), m_host.Files(), filter);
+    m_sinceFlush.invalidate();
+    m_timer.start(0);
+}
+
+void StockLoader::Stop()
+{
+    if (Running())
+        finish(true);
+}
+
+void StockLoader::slice()
+{
+    QElapsedTimer spent;
+    spent.start();
+    bool ready = true;
+    while (ready && spent.elapsed() < kSliceMilliseconds) {
+        auto folder = m_scan->TryTakeFolder();
+        ready = folder.has_value();
+        if (ready)
+            std::move(folder->begin(), folder->end(), std::back_inserter(m_found));
+    }
+    if (m_scan->Done()) {
+        finish(false);
+        return;
+    }
+    if (!m_sinceFlush.isValid() || m_sinceFlush.elapsed() >= kFlushMilliseconds)
+        flush();
+    m_timer.start(ready ? 0 : kPauseMilliseconds);
+}
+
+void StockLoader::flush()
+{
+    m_sinceFlush.start();
+    m_model.Append(std::exchange(m_found, {}));
+    const auto done = m_scan->FoldersDone(), total = m_scan->Folders();
+    m_host.SetStatus("Loading installed stock list... " + std::to_string(done) + " of " +
+                     std::to_string(total));
+    m_host.SetProgress(static_cast<int>(done), static_cast<int>(total));
+    Q_EMIT Progressed();
+}
+
+void StockLoader::finish(bool stopped)
+{
+    m_timer.stop();
+    const auto done = m_scan->FoldersDone(), total = m_scan->Folders();
+    m_scan.reset();
+    m_model.Append(std::exchange(m_found, {}));
+    m_model.Resort();
+    m_host.SetProgress(0, 0);
+    const std::string items = std::to_string(m_model.rowCount()) + " items";
+    if (stopped)
+        m_host.SetStatus("Loading installed stock list stopped after " + std::to_string(done) +
+                         " of " + std::to_string(total) + " folders: " + items);
+    else
+        m_host.SetStatus("Installed stock list loaded: " + items);
+    Q_EMIT Finished(stopped);
+}
+
+} // namespace document

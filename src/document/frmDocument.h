@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "document/ConsistTree.h"
+#include "document/Furnishing.h"
+#include "stavfile/StfNode.h"
+
+#include <QMdiSubWindow>
+
+#include <string>
+#include <vector>
+
+namespace document {
+class ConsistEditorPane;
+class ConsistListPane;
+class DocumentHost;
+class StockLoader;
+} // namespace document
+
+/// The one kind of window inside the main window; its mode decides what it is: 0 the list of
+/// consists, 1 the editor of one consist. The opener sets FileName, node and Mode, has it load, and
+/// gives it its caption.
+///
+/// LoadForm and SaveForm throw host::RuntimeError; the window's own buttons and keys show such a
+/// failure in a message box themselves.
+class frmDocument : public QMdiSubWindow
+{
+    Q_OBJECT
+
+public:
+    /// `host` must outlive the window. The number is shown in a consist list's caption.
+    frmDocument(document::DocumentHost &host, document::Furnishing furnishing, int windowNumber);
+    ~frmDocument() override;
+
+    /// Editor: the path of the stock item selected in the list that was last entered. Otherwise "".
+    std::string SelectedItem() const;
+    int Mode() const { return m_mode; }
+    /// Makes the controls of the mode visible. To be set once, before the window is loaded.
+    void SetMode(int mode);
+    const std::string &Filter() const { return m_filter; }
+    void SetFilter(std::string filter) { m_filter = std::move(filter); }
+    const std::string &FileName() const { return m_fileName; }
+    void SetFileName(std::string fileName) { m_fileName = std::move(fileName); }
+    void SetNode(StfNode node) { m_node = std::move(node); }
+    std::string Caption() const { return windowTitle().toStdString(); }
+    void SetCaption(const std::string &caption);
+
+    /// Runs the handler of an action button: 0 Cancel, 1 Apply, 2 OK, 3 View Consist, 4 View Shape.
+    void ActionClick(int index);
+    /// Editor with a file name: writes the consist, says so unless `quiet`, and marks it unchanged.
+    void SaveForm(bool quiet);
+    /// Fills the window according to its mode; reads the file anew.
+    void LoadForm();
+    /// Editor: reads the installed stock anew, by the filter.
+    void ReloadAllStock();
+    void ResetView();
+    void ShowProperties();
+
+    /// Consist list: the names of the selected consists, from the first to the last.
+    std::vector<std::string> SelectedConsists() const;
+    /// Consist list: the selected consist, of several the current one; "" for none.
+    std::string SelectedConsist() const;
+    /// Opens an installed consist, by its list name, in an editor window.
+    void EditConsist(const std::string &name);
+
+    bool Changed() const;
+    /// Asks whether to save what has changed; false when the window must stay open.
+    bool QueryUnload();
+    /// From now on the window closes without asking.
+    void AllowUnload() { m_unloadAllowed = true; }
+    /// Ends a running scan of the installed stock; what was found stays.
+    void StopWork();
+
+Q_SIGNALS:
+    void CaptionChanged();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void makeListPane();
+    void makeEditorPane();
+    void connectEditor();
+    void loadList();
+    void loadEditor();
+    void loadStock();
+    void showTitle();
+    void editTrain(int index);
+    void cancel();
+    void apply();
+    void saveAndClose();
+    bool saveByHost();
+    void noViewYet();
+    void viewConsists(const std::vector<std::string> &names);
+    void beginDrag();
+    void endDrag();
+
+    document::DocumentHost &m_host;
+    document::Furnishing m_furnishing;
+    int m_windowNumber;
+    int m_mode = -1;
+    std::string m_fileName, m_filter;
+    StfNode m_node;
+    document::ConsistTree m_consist;
+    document::ConsistListPane *m_list = nullptr;
+    document::ConsistEditorPane *m_editor = nullptr;
+    document::StockLoader *m_loader = nullptr;
+    bool m_stockLoaded = false;
+    bool m_consistIsActiveList = false;
+    bool m_asking = false;
+    bool m_unloadAllowed = false;
+    int m_dragRow = -1; ///< row of lvStock on which a left-button press began, -1 for none
+};

@@ -1,0 +1,33 @@
+# SPDX-License-Identifier: MIT
+# The windows: one library, so that tests and benchmarks link them, and the program itself.
+
+zelk_add_room(forms
+  SOURCES
+    app/Colours.cpp
+    app/frmMain.cpp
+    app/frmMainCommands.cpp
+    app/IconSet.cpp
+    app/MainMenu.cpp
+    app/MainStatusBar.cpp
+    app/MdiLayout.cpp
+    app/Program.cpp
+    app/QtDialogs.cpp
+    app/WindowBounds.cpp
+    app/icons.qrc
+    document/ConsistEditorPane.cpp
+    document/ConsistListModel.cpp
+    document/ConsistListPane.cpp
+    document/ConsistModel.cpp
+    document/frmDocument.cpp
+    document/ListView.cpp
+    document/StockListModel.cpp
+    document/StockLoader.cpp
+    install/frmSetLoc.cpp
+  LINKS Qt6::Widgets zelk_app zelk_document zelk_install)
+set_target_properties(zelk_forms PROPERTIES AUTOMOC ON AUTORCC ON)
+
+add_executable(zelk main.cpp)
+target_link_libraries(zelk PRIVATE zelk_forms)
+if(WIN32)
+  set_target_properties(zelk PROPERTIES WIN32_EXECUTABLE ON)
+endif()

@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+#include "host/Disk-posix.h"
+#include "host/Disk.h"
+#include "host/GameFiles.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace host {
+
+const char path::kSeparator = '/';
+
+namespace disk {
+namespace {
+
+constexpr std::int64_t kMillisecond = 1000000; // in nanoseconds
+constexpr std::int64_t kSecond = 1000 * kMillisecond;
+
+std::int64_t nanoseconds(const timespec &time)
+{
+    return static_cast<std::int64_t>(time.tv_sec) * kSecond + time.tv_nsec;
+}
+
+Stamp stampOf(const struct stat &status)
+{
+    return {status.st_dev, status.st_ino, nanoseconds(status.st_mtim), nanoseconds(status.st_ctim)};
+}
+
+/// Farther from now than the clock that wrote it can be coarse. Whole hundredths of a second come
+/// from file systems that store no more (FAT: 2 s); others are marked at every tick of the kernel.
+bool isFarFrom(std::int64_t time, std::int64_t now)
+{
+    const std::int64_t coarse = time % (10 * kMillisecond) == 0 ? 2 * kSecond : 100 * kMillisecond;
+    return time < now - coarse || time > now + coarse;
+}
+
+Kind kindOf(const struct stat &status)
+{
+    if (S_ISREG(status.st_mode))
+        return Kind::File;
+    return S_ISDIR(status.st_mode) ? Kind::Folder : Kind::Other;
+}
+
+Kind kindOf(const dirent &entry, int folder)
+{
+    switch (entry.d_type) {
+    case DT_REG:
+        return Kind::File;
+    case DT_DIR:
+        return Kind::Folder;
+    case DT_LNK:
+        return Kind::Link;
+    case DT_UNKNOWN: {
+        struct stat status = {};
+        if (fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+            return Kind::Absent;
+        return S_ISLNK(status.st_mode) ? Kind::Link : kindOf(status);
+    }
+    default:
+        return Kind::Other;
+    }
+}
+
+/// Reads on until the end of the file: its size is a hint only.
+std::optional<Failure> readAll(int file, std::uint64_t limit, std::size_t expected,
+                               std::string &bytes)
+{
+    std::size_t filled = 0;
+    bytes.resize(expected + 1); // one more than expected, so that the end is met without growing
+    for (;;) {
+        const ssize_t got = read(file, bytes.data() + filled, bytes.size() - filled);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return FailureOf(errno, ErrorNumber::FileNotFound);
+        filled += static_cast<std::size_t>(got);
+        if (filled > limit)
+            return TooLarge(limit);
+        if (got == 0)
+            break;
+        if (filled == bytes.size())
+            bytes.resize(2 * filled);
+    }
+    bytes.resize(filled);
+    return std::nullopt;
+}
+
+} // namespace
+
+Failure FailureOf(int error, ErrorNumber whenMissing)
+{
+    const std::string reason = std::generic_category().message(error);
+    switch (error) {
+    case ENOENT:
+        return {whenMissing, reason};
+    case ENOTDIR:
+        return {ErrorNumber::PathNotFound, reason};
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return {ErrorNumber::PermissionDenied, reason};
+    default:
+        return {ErrorNumber::PathFileAccess, reason};
+    }
+}
+
+Failure TooLarge(std::uint64_t limit)
+{
+    return {ErrorNumber::InvalidCall, "larger than " + std::to_string(limit) + " bytes"};
+}
+
+Handle::~Handle()
+{
+    Close();
+}
+
+int Handle::Close()
+{
+    return m_number < 0 ? 0 : close(std::exchange(m_number, -1));
+}
+
+Kind KindOf(const std::string &path)
+{
+    struct stat status = {};
+    return stat(path.c_str(), &status) == 0 ? kindOf(status) : Kind::Absent;
+}
+
+std::optional<Stamp> StampOf(const std::string &path)
+{
+    struct stat status = {};
+    if (stat(path.c_str(), &status) != 0)
+        return std::nullopt;
+    return stampOf(status);
+}
+
+bool IsSettled(const Stamp &stamp, std::int64_t now)
+{
+    return isFarFrom(stamp.modified, now) && isFarFrom(stamp.changed, now);
+}
+
+std::int64_t Now()
+{
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
+}
+
+std::optional<Listing> List(const std::string &folder)
+{
+    const std::unique_ptr<DIR, int (*)(DIR *)> names(opendir(folder.c_str()), closedir);
+    struct stat status = {};
+    if (!names || fstat(dirfd(names.get()), &status) != 0)
+        return std::nullopt;
+    Listing listing;
+    listing.stamp = stampOf(status);
+    listing.settled = IsSettled(listing.stamp, Now());
+    errno = 0;
+    while (const dirent *entry = readdir(names.get())) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..")
+            listing.names.push_back({std::string(name), kindOf(*entry, dirfd(names.get()))});
+        errno = 0;
+    }
+    if (errno != 0) // the rest could not be read; the next use tries again
+        listing.settled = false;
+    return listing;
+}
+
+Failure WhyAbsent(const std::string &path)
+{
+    struct stat status = {};
+    const int error = stat(path.c_str(), &status) == 0 ? ENOENT : errno;
+    if (error == ENOENT || error == ENOTDIR)
+        return {ErrorNumber::PathNotFound, "there is no such folder"};
+    return FailureOf(error, ErrorNumber::PathNotFound);
+}
+
+std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes)
+{
+    bytes.clear();
+    // Not to wait: a pipe of that name would stop the program until somebody writes into it.
+    Handle file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat status = {};
+    if (!file || fstat(file.Number(), &status) != 0)
+        return FailureOf(errno, ErrorNumber::FileNotFound);
+    if (!S_ISREG(status.st_mode))
+        return Failure{ErrorNumber::PathFileAccess, "it is not a file"};
+    const auto size = static_cast<std::uint64_t>(status.st_size);
+    if (size > limit)
+        return TooLarge(limit);
+    return readAll(file.Number(), limit, static_cast<std::size_t>(size), bytes);
+}
+
+std::optional<Failure> Remove(const std::string &path)
+{
+    struct stat status = {};
+    if (lstat(path.c_str(), &status) != 0)
+        return FailureOf(errno, ErrorNumber::FileNotFound);
+    if (S_ISDIR(status.st_mode))
+        return Failure{ErrorNumber::PathFileAccess, "it is a folder"};
+    if (S_ISREG(status.st_mode) && !HasWritePermission(status.st_mode))
+        return Failure{ErrorNumber::PermissionDenied, "the file is read-only"};
+    if (unlink(path.c_str()) != 0)
+        return FailureOf(errno, ErrorNumber::FileNotFound);
+    return std::nullopt;
+}
+
+std::optional<Failure> MakeFolders(const std::string &folder)
+{
+    std::error_code error;
+    if (!folder.empty() && KindOf(folder) != Kind::Folder)
+        std::filesystem::create_directories(folder, error);
+    if (error)
+        return FailureOf(error.value(), ErrorNumber::PathNotFound);
+    return std::nullopt;
+}
+
+bool IsWritableFolder(const std::string &folder)
+{
+    return KindOf(folder) == Kind::Folder &&
+           faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+std::string CurrentFolder()
+{
+    std::error_code error;
+    return std::filesystem::current_path(error).native();
+}
+
+std::size_t RootLength(std::string_view path)
+{
+    return !path.empty() && (path[0] == '/' || path[0] == '\\') ? 1 : 0;
+}
+
+} // namespace disk
+} // namespace host

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/Disk.h"
+
+#include <utility>
+
+#include <sys/types.h>
+
+/// What the POSIX files of the disk share.
+namespace host::disk {
+
+/// A failure of the system as commands report it; a missing name is what the caller says it is.
+Failure FailureOf(int error, ErrorNumber whenMissing);
+Failure TooLarge(std::uint64_t limit);
+
+inline bool HasWritePermission(mode_t mode)
+{
+    return (mode & 0222) != 0;
+}
+
+/// Owns an open file.
+class Handle
+{
+public:
+    Handle() = default;
+    explicit Handle(int number)
+        : m_number(number)
+    {
+    }
+    ~Handle();
+    Handle(Handle &&other) noexcept
+        : m_number(std::exchange(other.m_number, -1))
+    {
+    }
+    Handle &operator=(Handle &&other) = delete;
+
+    explicit operator bool() const { return m_number >= 0; }
+    int Number() const { return m_number; }
+    int Release() { return std::exchange(m_number, -1); }
+    /// Closes early, to learn whether that fails; 0 when it went well.
+    int Close();
+
+private:
+    int m_number = -1;
+};
+
+} // namespace host::disk

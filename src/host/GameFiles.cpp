@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#include "host/GameFiles.h"
+
+#include "host/Disk.h"
+#include "host/Filter.h"
+#include "host/GamePath.h"
+#include "host/Listings.h"
+#include "host/RuntimeError.h"
+#include "host/Text.h"
+
+#include <algorithm>
+#include <set>
+
+namespace host {
+namespace {
+
+[[noreturn]] void fail(const disk::Failure &failure, std::string_view path)
+{
+    throw RuntimeError(failure.number, std::string(path) + ": " + failure.reason);
+}
+
+/// Why something below a folder of this path cannot be reached.
+[[noreturn]] void failWithoutFolder(std::string_view path)
+{
+    const std::optional<GamePath> steps = GamePath::Of(path);
+    if (!steps)
+        throw RuntimeError(ErrorNumber::PathNotFound, "\"" + std::string(path) + "\" is no path");
+    fail(disk::WhyAbsent(steps->text), path);
+}
+
+} // namespace
+
+GameFiles::GameFiles()
+    : m_listings(std::make_unique<Listings>())
+{
+}
+
+GameFiles::~GameFiles() = default;
+
+std::vector<std::string> GameFiles::filesAt(const GamePath &path, std::vector<std::string> &folders)
+{
+    std::vector<std::string> files;
+    if (path.names.empty() || path.endsInSeparator)
+        return files;
+    folders = m_listings->Folders(path.root, {path.names.begin(), path.names.end() - 1});
+    for (const std::string &folder : folders)
+        for (std::string &file : m_listings->Matches(folder, path.names.back(), disk::Kind::File))
+            files.push_back(std::move(file));
+    return files;
+}
+
+std::string GameFiles::existing(std::string_view path)
+{
+    if (const auto found = FindFile(path))
+        return path::FromDisk(*found);
+    const auto target = TargetOf(path);
+    if (!target)
+        failWithoutFolder(path);
+    const disk::Failure why = disk::WhyAbsent(path::FromDisk(*target));
+    if (why.number == ErrorNumber::PermissionDenied)
+        fail(why, path);
+    throw RuntimeError(ErrorNumber::FileNotFound, std::string(path) + ": there is no such file");
+}
+
+std::optional<std::filesystem::path> GameFiles::FindFile(std::string_view path)
+{
+    const std::optional<GamePath> steps = GamePath::Of(path);
+    if (!steps || steps->endsInSeparator)
+        return std::nullopt;
+    // Spelled exactly it would be found first anyway; that costs one question instead of many.
+    if (disk::KindOf(steps->text) == disk::Kind::File)
+        return path::ToDisk(steps->text);
+    std::vector<std::string> folders;
+    const std::vector<std::string> files = filesAt(*steps, folders);
+    if (files.empty())
+        return std::nullopt;
+    return path::ToDisk(files.front());
+}
+
+std::optional<std::filesystem::path> GameFiles::FindFolder(std::string_view path)
+{
+    const std::optional<GamePath> steps = GamePath::Of(path);
+    if (!steps)
+        return std::nullopt;
+    if (disk::KindOf(steps->text) == disk::Kind::Folder)
+        return path::ToDisk(steps->text);
+    const std::vector<std::string> folders = m_listings->Folders(steps->root, steps->names);
+    if (folders.empty())
+        return std::nullopt;
+    return path::ToDisk(folders.front());
+}
+
+std::optional<std::filesystem::path> GameFiles::TargetOf(std::string_view path)
+{
+    const std::optional<GamePath> steps = GamePath::Of(path);
+    if (!steps)
+        return std::nullopt;
+    std::vector<std::string> folders;
+    const std::vector<std::string> files = filesAt(*steps, folders);
+    if (!files.empty())
+        return path::ToDisk(files.front());
+    if (folders.empty())
+        return std::nullopt;
+    return path::ToDisk(Below(folders.front(), steps->names.back()));
+}
+
+std::vector<std::string> GameFiles::list(std::string_view folder, std::string_view pattern,
+                                         bool wantFolders)
+{
+    std::vector<std::string> names;
+    const std::optional<GamePath> steps = GamePath::Of(folder);
+    if (!steps)
+        return names;
+    const std::vector<std::string> folders = m_listings->Folders(steps->root, steps->names);
+    const std::string upperPattern = ToUpper(pattern);
+    const disk::Kind wanted = wantFolders ? disk::Kind::Folder : disk::Kind::File;
+    std::set<std::string> earlier, here; // upper-case names of the folders before, and of this one
+    for (const std::string &path : folders) {
+        const std::shared_ptr<const Listings::Folder> listing = m_listings->Get(path);
+        if (!listing)
+            continue;
+        for (const Listings::Entry &entry : listing->entries) {
+            if (!MatchesUpperDosPattern(entry.key, upperPattern) ||
+                Listings::KindOf(path, entry) != wanted || earlier.contains(entry.key))
+                continue;
+            names.push_back(entry.name);
+            if (folders.size() > 1)
+                here.insert(entry.key);
+        }
+        earlier.merge(here);
+        here.clear();
+    }
+    if (folders.size() > 1)
+        std::sort(names.begin(), names.end(), ListsBefore);
+    return names;
+}
+
+std::vector<std::string> GameFiles::ListFiles(std::string_view folder, std::string_view pattern)
+{
+    return list(folder, pattern, false);
+}
+
+std::vector<std::string> GameFiles::ListFolders(std::string_view folder, std::string_view pattern)
+{
+    return list(folder, pattern, true);
+}
+
+std::string GameFiles::ReadFile(std::string_view path, std::uint64_t limit)
+{
+    const std::string file = existing(path);
+    std::string bytes;
+    if (const auto failure = disk::Read(file, limit, bytes))
+        fail(*failure, path);
+    return bytes;
+}
+
+void GameFiles::WriteFile(std::string_view path, std::string_view bytes)
+{
+    const std::optional<std::filesystem::path> target = TargetOf(path);
+    if (!target)
+        failWithoutFolder(path);
+    const auto failure = disk::Replace(path::FromDisk(*target), bytes);
+    m_listings->Forget(path::FromDisk(target->parent_path()));
+    if (failure)
+        fail(*failure, path);
+}
+
+void GameFiles::RemoveFile(std::string_view path)
+{
+    const std::string file = existing(path);
+    const auto failure = disk::Remove(file);
+    m_listings->Forget(path::FromDisk(path::ToDisk(file).parent_path()));
+    if (failure)
+        fail(*failure, path);
+}
+
+void GameFiles::Refresh()
+{
+    m_listings->Clear();
+}
+
+} // namespace host

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "host/GamePath.h"
+
+#include "host/Disk.h"
+#include "host/GameFiles.h"
+#include "host/Text.h"
+
+#include <algorithm>
+
+namespace host {
+namespace {
+
+constexpr std::string_view kSeparators = "/\\";
+
+std::string withOwnSeparators(std::string_view text)
+{
+    std::string out(text);
+    std::replace_if(out.begin(), out.end(), IsSeparator, path::kSeparator);
+    return out;
+}
+
+/// The names of a path after its root; a ".." that has nothing to take away stays in a relative
+/// path and is dropped at a root.
+std::vector<std::string_view> namesOf(std::string_view rest, bool hasRoot)
+{
+    std::vector<std::string_view> names;
+    while (!rest.empty()) {
+        const std::string_view name = rest.substr(0, rest.find_first_of(kSeparators));
+        rest.remove_prefix(std::min(name.size() + 1, rest.size()));
+        if (name.empty() || name == ".")
+            continue;
+        const bool takesAway = name == ".." && !names.empty() && names.back() != "..";
+        if (takesAway)
+            names.pop_back();
+        else if (name != ".." || !hasRoot)
+            names.push_back(name);
+    }
+    return names;
+}
+
+std::string joined(const std::vector<std::string_view> &names)
+{
+    std::string out;
+    for (const std::string_view name : names) {
+        if (!out.empty())
+            out += path::kSeparator;
+        out += name;
+    }
+    return out;
+}
+
+} // namespace
+
+std::optional<GamePath> GamePath::Of(std::string_view path)
+{
+    if (path.empty() || path.find('\0') != std::string_view::npos)
+        return std::nullopt;
+    std::string absolute;
+    if (disk::RootLength(path) == 0) {
+        absolute = Below(disk::CurrentFolder(), path);
+        path = absolute;
+    }
+    const std::size_t rootLength = disk::RootLength(path);
+    const auto names = namesOf(path.substr(rootLength), true);
+    GamePath out;
+    out.root = withOwnSeparators(path.substr(0, rootLength));
+    out.text = out.root + joined(names);
+    out.names.assign(names.begin(), names.end());
+    out.endsInSeparator = IsSeparator(path.back());
+    return out;
+}
+
+std::string Below(const std::string &folder, std::string_view name)
+{
+    std::string out;
+    out.reserve(folder.size() + 1 + name.size());
+    out = folder;
+    if (!out.empty() && out.back() != path::kSeparator)
+        out += path::kSeparator;
+    out += name;
+    return out;
+}
+
+namespace path {
+
+std::string Join(std::string_view folder, std::string_view relative)
+{
+    std::string out = withOwnSeparators(folder);
+    if (!relative.empty() && IsSeparator(relative.front()))
+        relative.remove_prefix(1);
+    if (out.empty() || out.back() != kSeparator)
+        out += kSeparator;
+    return out + withOwnSeparators(relative);
+}
+
+std::string_view FileName(std::string_view path)
+{
+    const std::size_t separator = path.find_last_of(kSeparators);
+    return separator == std::string_view::npos ? path : path.substr(separator + 1);
+}
+
+std::string_view FolderWithSeparator(std::string_view path)
+{
+    const std::size_t separator = path.find_last_of(kSeparators);
+    return separator == std::string_view::npos ? std::string_view() : path.substr(0, separator + 1);
+}
+
+std::string Extension(std::string_view path)
+{
+    const std::size_t dot = path.rfind('.');
+    return ToLower(dot == std::string_view::npos ? path : path.substr(dot + 1));
+}
+
+std::string BaseName(std::string_view path)
+{
+    const std::string_view name = FileName(path);
+    return std::string(name.substr(0, name.rfind('.')));
+}
+
+std::string Normalise(std::string_view path)
+{
+    const std::size_t rootLength = disk::RootLength(path);
+    return withOwnSeparators(path.substr(0, rootLength)) +
+           joined(namesOf(path.substr(rootLength), rootLength > 0));
+}
+
+std::string FromDisk(const std::filesystem::path &path)
+{
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+std::filesystem::path ToDisk(std::string_view path)
+{
+    return std::filesystem::path(std::u8string(path.begin(), path.end()));
+}
+
+} // namespace path
+} // namespace host

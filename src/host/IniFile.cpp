@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include "host/IniFile.h"
+
+#include "host/Text.h"
+
+#include <algorithm>
+
+namespace host {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+std::string_view trimmed(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+bool isQuoted(std::string_view text)
+{
+    return text.size() >= 2 && text.front() == '"' && text.back() == '"';
+}
+
+std::string_view unquoted(std::string_view text)
+{
+    return isQuoted(text) ? text.substr(1, text.size() - 2) : text;
+}
+
+/// The name in a "[name]" line, or nothing.
+std::optional<std::string_view> sectionName(std::string_view line)
+{
+    const std::size_t close = line.rfind(']');
+    if (!line.starts_with('[') || close == std::string_view::npos)
+        return std::nullopt;
+    return trimmed(line.substr(1, close - 1));
+}
+
+bool isComment(std::string_view line)
+{
+    return line.starts_with(';') || line.starts_with('#');
+}
+
+std::string onOneLine(std::string_view value)
+{
+    std::string out(value);
+    std::replace_if(
+        out.begin(), out.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return out;
+}
+
+/// The value as it has to be spelled to be read back with its blanks and quotes.
+std::string spelled(const std::string &value)
+{
+    return trimmed(value) != value || isQuoted(value) ? '"' + value + '"' : value;
+}
+
+} // namespace
+
+IniFile IniFile::FromText(std::string_view text)
+{
+    IniFile ini;
+    std::string section;
+    const std::size_t firstEnd = text.find('\n');
+    if (firstEnd != std::string_view::npos && firstEnd > 0 && text[firstEnd - 1] == '\r')
+        ini.m_lineEnd = "\r\n";
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n');
+        std::string_view line = text.substr(0, end);
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+        if (line.ends_with('\r'))
+            line.remove_suffix(1);
+        ini.m_lines.push_back(readLine(line, ini.m_lines.empty(), section));
+    }
+    return ini;
+}
+
+IniFile::Line IniFile::readLine(std::string_view text, bool isFirst, std::string &section)
+{
+    Line line;
+    line.text = text;
+    if (isFirst && text.starts_with(kByteOrderMark))
+        text.remove_prefix(kByteOrderMark.size());
+    text = trimmed(text);
+    const std::size_t equals = text.find('=');
+    if (const auto name = sectionName(text)) {
+        section = *name;
+    } else if (!isComment(text) && equals != std::string_view::npos) {
+        line.isValue = true;
+        line.key = trimmed(text.substr(0, equals));
+        line.value = unquoted(trimmed(text.substr(equals + 1)));
+    }
+    line.section = section;
+    return line;
+}
+
+std::string IniFile::ToText() const
+{
+    std::string text;
+    for (const Line &line : m_lines)
+        text += line.text + m_lineEnd;
+    return text;
+}
+
+std::optional<std::string> IniFile::Value(std::string_view section, std::string_view key) const
+{
+    for (const Line &line : m_lines)
+        if (line.isValue && EqualsNoCase(line.key, key) && EqualsNoCase(line.section, section))
+            return line.value;
+    return std::nullopt;
+}
+
+void IniFile::SetValue(std::string_view section, std::string_view key, std::string_view value)
+{
+    Line fresh;
+    fresh.isValue = true;
+    fresh.section = section;
+    fresh.key = key;
+    fresh.value = onOneLine(value);
+    fresh.text = fresh.key + '=' + spelled(fresh.value);
+
+    std::size_t afterSection = 0;
+    for (std::size_t i = 0; i < m_lines.size(); ++i) {
+        Line &line = m_lines[i];
+        const bool inSection = EqualsNoCase(line.section, section);
+        if (inSection && line.isValue && EqualsNoCase(line.key, key)) {
+            line = std::move(fresh);
+            return;
+        }
+        if (inSection && !trimmed(line.text).empty())
+            afterSection = i + 1;
+    }
+    if (afterSection == 0 && !section.empty()) {
+        m_lines.push_back({'[' + fresh.section + ']', fresh.section, {}, {}, false});
+        afterSection = m_lines.size();
+    }
+    m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(afterSection), std::move(fresh));
+}
+
+} // namespace host

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "host/Listings.h"
+
+#include "host/GamePath.h"
+#include "host/Text.h"
+
+#include <algorithm>
+
+namespace host {
+namespace {
+
+template <typename Entry> Entry entryOf(disk::ListedName &&listed)
+{
+    Entry entry;
+    entry.kind = listed.kind;
+    entry.name = std::move(listed.name);
+    if (!IsValidUtf8(entry.name)) {
+        entry.onDisk = std::move(entry.name);
+        entry.name = FromWindows1252(entry.onDisk);
+    }
+    entry.key = ToUpper(entry.name);
+    return entry;
+}
+
+template <typename Folder> std::shared_ptr<const Folder> read(const std::string &path)
+{
+    using Entry = typename decltype(Folder::entries)::value_type;
+    std::optional<disk::Listing> listing = disk::List(path);
+    if (!listing)
+        return nullptr;
+    auto folder = std::make_shared<Folder>();
+    folder->stamp = listing->stamp;
+    folder->settled = listing->settled;
+    folder->entries.reserve(listing->names.size());
+    for (disk::ListedName &listed : listing->names)
+        folder->entries.push_back(entryOf<Entry>(std::move(listed)));
+    std::sort(folder->entries.begin(), folder->entries.end(), [](const Entry &a, const Entry &b) {
+        const int order = CompareCodeUnits(a.key, b.key);
+        return order != 0 ? order < 0 : a.name < b.name;
+    });
+    return folder;
+}
+
+} // namespace
+
+std::shared_ptr<const GameFiles::Listings::Folder>
+GameFiles::Listings::Get(const std::string &folder)
+{
+    std::shared_ptr<const Folder> known;
+    {
+        const std::lock_guard lock(m_mutex);
+        if (const auto found = m_folders.find(folder); found != m_folders.end())
+            known = found->second;
+    }
+    if (known && known->settled && disk::StampOf(folder) == known->stamp)
+        return known;
+    std::shared_ptr<const Folder> fresh = read<Folder>(folder);
+    const std::lock_guard lock(m_mutex);
+    if (fresh)
+        m_folders.insert_or_assign(folder, fresh);
+    else
+        m_folders.erase(folder);
+    return fresh;
+}
+
+std::vector<std::string> GameFiles::Listings::Matches(const std::string &folder,
+                                                      const std::string &name, disk::Kind kind)
+{
+    std::vector<std::string> paths;
+    const std::shared_ptr<const Folder> listing = Get(folder);
+    if (!listing) { // a folder may be closed to listing and still open to those who know a name
+        std::string exact = Below(folder, name);
+        if (disk::KindOf(exact) == kind)
+            paths.push_back(std::move(exact));
+        return paths;
+    }
+    const std::string key = ToUpper(name);
+    auto entry = std::lower_bound(listing->entries.begin(), listing->entries.end(), key,
+                                  [](const Entry &left, const std::string &right) {
+                                      return CompareCodeUnits(left.key, right) < 0;
+                                  });
+    for (; entry != listing->entries.end() && entry->key == key; ++entry) {
+        if (KindOf(folder, *entry) != kind)
+            continue;
+        const bool exact = entry->DiskName() == name;
+        paths.insert(exact ? paths.begin() : paths.end(), Below(folder, entry->DiskName()));
+    }
+    return paths;
+}
+
+std::vector<std::string> GameFiles::Listings::Folders(const std::string &root,
+                                                      const std::vector<std::string> &names)
+{
+    std::vector<std::string> folders = {root};
+    for (const std::string &name : names) {
+        std::vector<std::string> next;
+        for (const std::string &folder : folders)
+            for (std::string &match : Matches(folder, name, disk::Kind::Folder))
+                next.push_back(std::move(match));
+        folders = std::move(next);
+    }
+    return folders;
+}
+
+void GameFiles::Listings::Forget(const std::string &folder)
+{
+    const std::lock_guard lock(m_mutex);
+    m_folders.erase(folder);
+}
+
+void GameFiles::Listings::Clear()
+{
+    const std::lock_guard lock(m_mutex);
+    m_folders.clear();
+}
+
+disk::Kind GameFiles::Listings::KindOf(const std::string &folder, const Entry &entry)
+{
+    if (entry.kind != disk::Kind::Link)
+        return entry.kind;
+    return disk::KindOf(Below(folder, entry.DiskName()));
+}
+
+} // namespace host

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/Disk.h"
+#include "host/GameFiles.h"
+
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace host {
+
+/// The listings of folders that were looked into, and look-ups in them that ignore letter case.
+/// Folders here are paths of the disk. The lock is held for the table alone, never while the disk
+/// is asked.
+class GameFiles::Listings
+{
+public:
+    struct Entry
+    {
+        std::string name;   ///< as shown
+        std::string key;    ///< in upper case
+        std::string onDisk; ///< the name's bytes, where they are not those that are shown
+        disk::Kind kind = disk::Kind::Absent;
+
+        const std::string &DiskName() const { return onDisk.empty() ? name : onDisk; }
+    };
+    struct Folder
+    {
+        disk::Stamp stamp;
+        bool settled = false;
+        std::vector<Entry> entries; ///< in listing order
+    };
+
+    /// What is in a folder at this moment; nothing when it cannot be listed.
+    std::shared_ptr<const Folder> Get(const std::string &folder);
+    /// The paths of what has this name in any letter case and is of this kind, the exact spelling
+    /// first, then in listing order.
+    std::vector<std::string> Matches(const std::string &folder, const std::string &name,
+                                     disk::Kind kind);
+    /// The folders that these names, in any letter case, lead to from a root.
+    std::vector<std::string> Folders(const std::string &root,
+                                     const std::vector<std::string> &names);
+    void Forget(const std::string &folder);
+    void Clear();
+
+    /// What an entry of a folder is now, links followed.
+    static disk::Kind KindOf(const std::string &folder, const Entry &entry);
+
+private:
+    std::mutex m_mutex;
+    std::unordered_map<std::string, std::shared_ptr<const Folder>> m_folders;
+};
+
+} // namespace host

@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+#include "host/Disk-posix.h"
+#include "host/Disk.h"
+
+#include <atomic>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace host::disk {
+namespace {
+
+using MaybeFailure = std::optional<Failure>;
+
+MaybeFailure failed(int error)
+{
+    return FailureOf(error, ErrorNumber::PathNotFound);
+}
+
+/// Where a chain of links ends, be there something or not; the links themselves stay. A loop gives
+/// the path of a link, which the caller's look at it then reports.
+std::string endOfLinks(const std::string &path)
+{
+    std::filesystem::path end = path;
+    std::error_code error;
+    for (int step = 0; step < 40 && std::filesystem::is_symlink(end, error); ++step) {
+        const std::filesystem::path next = std::filesystem::read_symlink(end, error);
+        if (error)
+            break;
+        end = end.parent_path() / next;
+    }
+    return end.native();
+}
+
+std::string folderOf(const std::string &path)
+{
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+}
+
+/// What stands at the target before it is replaced; `exists` is false when nothing does.
+struct Target
+{
+    struct stat status = {};
+    bool exists = false;
+};
+
+MaybeFailure inspect(const std::string &path, Target &target)
+{
+    target.exists = stat(path.c_str(), &target.status) == 0;
+    if (!target.exists)
+        return errno == ENOENT ? std::nullopt : failed(errno);
+    if (S_ISDIR(target.status.st_mode))
+        return Failure{ErrorNumber::PathFileAccess, "it is a folder"};
+    if (!S_ISREG(target.status.st_mode))
+        return Failure{ErrorNumber::PathFileAccess, "it is not a file"};
+    if (!HasWritePermission(target.status.st_mode))
+        return Failure{ErrorNumber::PermissionDenied, "the file is read-only"};
+    if (faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0)
+        return failed(errno);
+    return std::nullopt;
+}
+
+/// The file that is written beside the target; deleted unless it has become the target.
+class TemporaryFile
+{
+public:
+    TemporaryFile() = default;
+    TemporaryFile(const TemporaryFile &) = delete;
+    TemporaryFile &operator=(const TemporaryFile &) = delete;
+    ~TemporaryFile()
+    {
+        if (!m_path.empty())
+            unlink(m_path.c_str());
+    }
+
+    MaybeFailure Create(const std::string &folder, mode_t mode)
+    {
+        static std::atomic<unsigned> counter = 0;
+        const std::string start = folder + ".zelk-" + std::to_string(getpid()) + '-';
+        do { // a name in use is left over from another process of this number
+            m_path = start + std::to_string(counter++) + ".tmp";
+            m_file.emplace(open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+        } while (!*m_file && errno == EEXIST);
+        if (*m_file)
+            return std::nullopt;
+        m_path.clear();
+        return failed(errno);
+    }
+
+    MaybeFailure Write(std::string_view bytes)
+    {
+        while (!bytes.empty()) {
+            const ssize_t written = write(m_file->Number(), bytes.data(), bytes.size());
+            if (written < 0 && errno == EINTR)
+                continue;
+            if (written <= 0)
+                return failed(written < 0 ? errno : ENOSPC);
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+        return std::nullopt;
+    }
+
+    /// After writing, owner first: both writing and a new owner may clear permissions. An owner or
+    /// group that may not be given is no reason to keep a user from saving.
+    MaybeFailure TakeOwnerAndMode(const struct stat &status)
+    {
+        if (fchown(m_file->Number(), status.st_uid, status.st_gid) != 0 &&
+            fchown(m_file->Number(), static_cast<uid_t>(-1), status.st_gid) != 0)
+            errno = 0;
+        if (fchmod(m_file->Number(), status.st_mode & 07777) != 0)
+            return failed(errno);
+        return std::nullopt;
+    }
+
+    MaybeFailure Finish()
+    {
+        // Some network file systems know no flushing and say so with EINVAL.
+        if ((fsync(m_file->Number()) != 0 && errno != EINVAL) || m_file->Close() != 0)
+            return failed(errno);
+        return std::nullopt;
+    }
+
+    MaybeFailure Become(const std::string &target)
+    {
+        if (rename(m_path.c_str(), target.c_str()) != 0)
+            return failed(errno);
+        m_path.clear();
+        return std::nullopt;
+    }
+
+private:
+    std::string m_path;
+    std::optional<Handle> m_file;
+};
+
+/// Makes the new name last through a power cut. The file is replaced already, so nothing is left
+/// to be undone or reported when this fails.
+void flushFolder(const std::string &folder)
+{
+    const Handle handle(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (handle)
+        fsync(handle.Number());
+}
+
+} // namespace
+
+std::optional<Failure> Replace(const std::string &path, std::string_view bytes)
+{
+    const std::string target = endOfLinks(path);
+    const std::string folder = folderOf(target);
+    Target before;
+    if (auto failure = inspect(target, before))
+        return failure;
+
+    TemporaryFile file;
+    const mode_t mode = before.exists ? before.status.st_mode & 0777 : 0666;
+    if (auto failure = file.Create(folder, mode))
+        return failure;
+    if (auto failure = file.Write(bytes))
+        return failure;
+    if (before.exists)
+        if (auto failure = file.TakeOwnerAndMode(before.status))
+            return failure;
+    if (auto failure = file.Finish())
+        return failure;
+    if (auto failure = file.Become(target))
+        return failure;
+    flushFolder(folder);
+    return std::nullopt;
+}
+
+} // namespace host::disk

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "host/Settings.h"
+
+#include "host/Disk.h"
+#include "host/Folders.h"
+#include "host/GameFiles.h"
+#include "host/IniFile.h"
+#include "host/RuntimeError.h"
+#include "host/Text.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace host {
+namespace {
+
+constexpr std::string_view kSection = "Settings";
+constexpr std::uint64_t kSettingsLimit = 16u << 20; ///< far above anything that was ever stored
+
+[[noreturn]] void fail(const disk::Failure &failure, const std::string &file)
+{
+    throw RuntimeError(failure.number, file + ": " + failure.reason);
+}
+
+} // namespace
+
+IniSettings::IniSettings()
+    : IniSettings(path::Join(ConfigFolder(), "ZELK/ZELK.ini"))
+{
+}
+
+std::optional<std::string> IniSettings::Read(std::string_view key)
+{
+    std::string text;
+    if (disk::Read(m_file, kSettingsLimit, text))
+        return std::nullopt;
+    return IniFile::FromText(text).Value(kSection, key);
+}
+
+void IniSettings::Write(std::string_view key, std::string_view value)
+{
+    std::string text;
+    const std::optional<disk::Failure> unread = disk::Read(m_file, kSettingsLimit, text);
+    // A store that is there but cannot be read must not be replaced by one value.
+    if (unread && disk::KindOf(m_file) != disk::Kind::Absent)
+        fail(*unread, m_file);
+    if (const auto failure = disk::MakeFolders(std::string(path::FolderWithSeparator(m_file))))
+        fail(*failure, m_file);
+    IniFile ini = IniFile::FromText(text);
+    ini.SetValue(kSection, key, value);
+    if (const auto failure = disk::Replace(m_file, ini.ToText()))
+        fail(*failure, m_file);
+}
+
+std::optional<float> ParseSingle(std::string_view text)
+{
+    text = TrimBlanks(text);
+    if (text.size() > 1 && text[0] == '+' && text[1] != '-')
+        text.remove_prefix(1);
+    float value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
+        return std::nullopt;
+    return value;
+}
+
+std::string FormatSingle(float value)
+{
+    char digits[128]; // the smallest number has 45 places before its first digit
+    const auto [end, error] =
+        std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed);
+    return error == std::errc() ? std::string(digits, end) : std::string("0");
+}
+
+} // namespace host

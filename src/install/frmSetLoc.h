@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+
+#include <string>
+
+class QComboBox;
+class QFileSystemModel;
+class QLineEdit;
+class QModelIndex;
+class QPushButton;
+class QTreeView;
+
+namespace host {
+class GameFiles;
+}
+
+/// The dialog of File > Set MSTS Location.
+class frmSetLoc : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit frmSetLoc(host::GameFiles &files, QWidget *parent = nullptr);
+
+    /// Shows this folder: its volume in the drive list, itself in the tree and in the text box. A
+    /// folder that is not there stands in the text box alone.
+    void SetLocation(const std::string &path);
+
+    bool Cancelled = true;
+    std::string Location; ///< what was chosen, "$MSTS" for the registered folder
+
+    QComboBox *drvLocation;
+    QTreeView *dirLocation;
+    QLineEdit *txtLocation;
+    QPushButton *cmdSetDefault;
+    QPushButton *OKButton;
+    QPushButton *CancelButton;
+
+private:
+    void nameControls();
+    void arrangeControls();
+    void fillDrives();
+    void selectDrive(const std::string &folder);
+    void showDrive(int index);
+    void showChosenFolder(const QModelIndex &index);
+    void takeLocation();
+
+    host::GameFiles &m_files;
+    QFileSystemModel *m_folders;
+    bool m_settingLocation = false;
+};

@@ -1,0 +1,320 @@
+// SPDX-License-Identifier: MIT
+#include "stavfile/Keywords.h"
+#include "stavfile/Lexer.h"
+#include "stavfile/Source.h"
+
+#include <string>
+#include <vector>
+
+namespace stavfile {
+namespace {
+
+constexpr std::size_t kMaxNotes = 200; // enough for any report; hostile files have millions
+
+/// One pass over the text with a stack of open blocks of its own: no recursion on file depth.
+class Parser
+{
+public:
+    explicit Parser(Source &source)
+        : m_source(source)
+        , m_text(source.text)
+        , m_at(source.body)
+        , m_notedAt(source.body)
+        , m_notedLine(source.LineOf(source.body))
+    {
+    }
+
+    void Run()
+    {
+        m_frames.push_back({});
+        while ((m_at = lexer::SkipBlanks(m_text, m_at)) < m_text.size())
+            step();
+        closeAtEnd();
+    }
+
+private:
+    enum class Last
+    {
+        None,
+        Word,
+        Quoted
+    };
+
+    struct Frame
+    {
+        std::uint32_t record = 0;
+        std::size_t firstPending = 0;
+        int stringsLeft = 0;    ///< leading values that are texts
+        Last last = Last::None; ///< what stands before the place, comments left out
+    };
+
+    bool atTop() const { return m_frames.size() == 1; }
+
+    void step()
+    {
+        switch (lexer::ClassOf(m_text[m_at])) {
+        case lexer::CharClass::Quote:
+            quotedValue();
+            break;
+        case lexer::CharClass::Bracket:
+            m_text[m_at] == '(' ? openBlock() : closeBlock();
+            break;
+        default:
+            word();
+            break;
+        }
+    }
+
+    void quotedValue()
+    {
+        const lexer::Extent extent = lexer::ValueExtent(m_text, m_at);
+        if (extent.strayPlus)
+            note(m_at, "\"+\" is followed by no string and ignored");
+        if (extent.unterminated) {
+            note(m_at, "the string that begins here is not closed: it runs to the end of the file");
+            m_source.tailFix = "\"";
+        } else if (extent.end == m_at + 2 && extent.end < m_text.size() &&
+                   lexer::ClassOf(m_text[extent.end]) == lexer::CharClass::Word) {
+            note(m_at, "an empty string stands directly before a word: a doubled quote?");
+        } else {
+            noteSwallowedLines(extent.end);
+        }
+        pushValue(Last::Quoted);
+        m_at = extent.end;
+    }
+
+    /// A string over a line end that holds NAME ( behind it lacks its closing quote, most likely.
+    void noteSwallowedLines(std::size_t end)
+    {
+        const std::string_view value = m_text.substr(m_at, end - m_at);
+        for (std::size_t feed = value.find('\n'); feed != value.npos;
+             feed = value.find('\n', feed + 1)) {
+            const std::size_t name = lexer::SkipBlanks(value, feed);
+            const std::size_t nameEnd = lexer::WordEnd(value, name);
+            const std::size_t next = lexer::SkipBlanks(value, nameEnd);
+            if (nameEnd > name && next < value.size() && value[next] == '(') {
+                note(m_at, "the string that begins here holds whole blocks: a lost quote?");
+                return;
+            }
+        }
+    }
+
+    void word()
+    {
+        const std::size_t end = lexer::WordEnd(m_text, m_at);
+        if (lexer::IsCommentWord(m_text.substr(m_at, end - m_at)) && !isTextHere(end)) {
+            skipComment(end);
+            return;
+        }
+        pushValue(Last::Word);
+        m_at = end;
+        if (end < m_text.size() && m_text[end] == '"') {
+            note(m_at, "a quote at the end of a word is ignored");
+            ++m_at;
+        }
+    }
+
+    /// Where a text is expected, a word that looks like a comment mark is a value: file names and
+    /// labels begin with "_" and "#", too.
+    bool isTextHere(std::size_t wordEnd) const
+    {
+        const std::size_t next = lexer::SkipBlanks(m_text, wordEnd);
+        const bool blockFollows = next < m_text.size() && m_text[next] == '(';
+        if (blockFollows && lastIsLabelledKeyword())
+            return true;
+        if (atTop())
+            return blockFollows && m_text.substr(m_at, wordEnd - m_at) == "_OpenRails";
+        return m_frames.back().stringsLeft > 0 && !blockFollows;
+    }
+
+    bool lastIsLabelledKeyword() const
+    {
+        if (m_frames.back().last != Last::Word || !m_inShape)
+            return false;
+        const Keyword *keyword = keywordAt(m_pending.back());
+        return keyword && keyword->labelled;
+    }
+
+    void skipComment(std::size_t wordEnd) { skipTo(lexer::SkipCommentItem(m_text, wordEnd)); }
+
+    void skipTo(const lexer::Skipped &skipped)
+    {
+        if (!skipped.fix.empty()) {
+            note(m_at, "what is skipped from here runs to the end of the file");
+            m_source.tailFix = skipped.fix;
+        }
+        m_at = skipped.end;
+    }
+
+    void pushValue(Last kind)
+    {
+        Frame &frame = m_frames.back();
+        m_pending.push_back(static_cast<std::uint32_t>(m_at));
+        frame.last = kind;
+        if (frame.stringsLeft > 0)
+            --frame.stringsLeft;
+    }
+
+    void openBlock()
+    {
+        Frame &frame = m_frames.back();
+        std::uint32_t label = 0;
+        if (labelBefore())
+            label = takePending();
+        const bool named = label || frame.last == Last::Word;
+        frame.last = Last::None;
+        frame.stringsLeft = 0;
+        if (!named || m_frames.size() > kMaxBlockDepth) {
+            if (named)
+                takePending();
+            note(m_at, named ? "blocks are nested too deeply here: the block is skipped"
+                             : "a block without a name is skipped");
+            skipTo(lexer::SkipBlock(m_text, m_at));
+            return;
+        }
+        const std::uint32_t begin = takePending();
+        if (atTop())
+            dropStrayWords();
+        push(begin, label);
+        ++m_at;
+    }
+
+    /// NAME VALUE ( is a block with a label where NAME is a keyword that may have one; everywhere
+    /// else the last word is the name and what stands before it are values.
+    bool labelBefore() const
+    {
+        const Frame &frame = m_frames.back();
+        if (frame.last == Last::None || m_pending.size() < frame.firstPending + 2)
+            return false;
+        const std::uint32_t before = m_pending[m_pending.size() - 2];
+        const Keyword *keyword = keywordAt(before);
+        if (!keyword || (keyword->shape && !m_inShape) || !adjacent(before, m_pending.back()))
+            return false;
+        if (keyword->labelled || frame.last == Last::Quoted)
+            return true;
+        const Keyword *own = keywordAt(m_pending.back());
+        return !own || (own->shape && !m_inShape);
+    }
+
+    /// A child block between two values parts them, and so does a comment: only blanks may stand
+    /// between a name and its label.
+    bool adjacent(std::uint32_t first, std::uint32_t second) const
+    {
+        return lexer::SkipBlanks(m_text, lexer::ValueExtent(m_text, first).end) == second;
+    }
+
+    const Keyword *keywordAt(std::uint32_t place) const
+    {
+        return FindKeyword(m_text.substr(place, lexer::WordEnd(m_text, place) - place));
+    }
+
+    std::uint32_t takePending()
+    {
+        const std::uint32_t place = m_pending.back();
+        m_pending.pop_back();
+        return place;
+    }
+
+    void push(std::uint32_t begin, std::uint32_t label)
+    {
+        const Keyword *keyword = keywordAt(begin);
+        if (atTop())
+            m_inShape = keyword && keyword->name == "shape";
+        Record record;
+        record.begin = begin;
+        record.label = label;
+        record.open = static_cast<std::uint32_t>(m_at);
+        m_frames.push_back({static_cast<std::uint32_t>(m_source.records.size()), m_pending.size(),
+                            keyword ? keyword->strings : 0, Last::None});
+        m_source.records.push_back(record);
+    }
+
+    void closeBlock()
+    {
+        if (atTop()) {
+            note(m_at, "a surplus closing bracket is ignored");
+            dropStrayWords();
+            m_frames.back().last = Last::None;
+            ++m_at;
+            return;
+        }
+        ++m_at;
+        finish(0);
+    }
+
+    void finish(std::uint32_t flags)
+    {
+        const Frame frame = m_frames.back();
+        Record &record = m_source.records[frame.record];
+        record.end = static_cast<std::uint32_t>(m_at);
+        record.flags = flags;
+        record.firstValue = static_cast<std::uint32_t>(m_source.values.size());
+        record.valueCount = static_cast<std::uint32_t>(m_pending.size() - frame.firstPending);
+        record.next = static_cast<std::uint32_t>(m_source.records.size());
+        for (std::size_t i = frame.firstPending; i < m_pending.size(); ++i)
+            m_source.values.push_back(m_pending[i]);
+        m_pending.resize(frame.firstPending);
+        m_frames.pop_back();
+    }
+
+    void closeAtEnd()
+    {
+        if (atTop()) {
+            dropStrayWords();
+            return;
+        }
+        const std::size_t open = m_frames.size() - 1;
+        const Record &record = m_source.records[m_frames.back().record];
+        note(record.begin, std::to_string(open) + (open == 1 ? " block is" : " blocks are") +
+                               " not closed at the end of the file; the innermost begins here");
+        while (!atTop())
+            finish(Record::kUnclosed);
+    }
+
+    void dropStrayWords()
+    {
+        if (m_pending.empty())
+            return;
+        note(m_pending.front(), "words outside of any block are ignored");
+        m_pending.clear();
+    }
+
+    void note(std::size_t place, std::string text)
+    {
+        if (m_source.notes.size() > kMaxNotes)
+            return;
+        if (m_source.notes.size() == kMaxNotes) {
+            m_source.notes.push_back({m_notedLine, "there is more to say; it is left out"});
+            return;
+        }
+        m_source.notes.push_back({lineOf(place), std::move(text)});
+    }
+
+    /// Lines are counted on from the last note, so that many notes cost one pass.
+    int lineOf(std::size_t place)
+    {
+        if (place < m_notedAt)
+            return m_source.LineOf(place);
+        for (; m_notedAt < place; ++m_notedAt)
+            m_notedLine += m_text[m_notedAt] == '\n';
+        return m_notedLine;
+    }
+
+    Source &m_source;
+    std::string_view m_text;
+    std::size_t m_at;
+    std::vector<Frame> m_frames;
+    std::vector<std::uint32_t> m_pending; ///< values of the open blocks, innermost last
+    bool m_inShape = false;
+    std::size_t m_notedAt;
+    int m_notedLine;
+};
+
+} // namespace
+
+void ParseBlocks(Source &source)
+{
+    Parser(source).Run();
+}
+
+} // namespace stavfile

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "stavfile/PagedArray.h"
+#include "stavfile/StfFile.h"
+#include "stavfile/TextCodec.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace stavfile {
+
+/// One block as it was read. Records stand in the order of their beginnings, so that the first
+/// child of a record is the next one, and `next` leads to the sibling behind it. All places are
+/// byte offsets into the source's text.
+struct Record
+{
+    static constexpr std::uint32_t kUnclosed = 1;
+
+    std::uint32_t begin = 0;      ///< of the name
+    std::uint32_t open = 0;       ///< of the opening bracket
+    std::uint32_t end = 0;        ///< one past the closing bracket; the text's size if unclosed
+    std::uint32_t label = 0;      ///< of the label, 0 for none
+    std::uint32_t firstValue = 0; ///< index into the source's values
+    std::uint32_t valueCount = 0;
+    std::uint32_t next = 0; ///< index of the first record behind this one's descendants
+    std::uint32_t flags = 0;
+
+    bool Unclosed() const { return flags & kUnclosed; }
+};
+
+/// A file as it was read: its text and where everything stands in it. Never changes after parsing;
+/// nodes point into it and keep it alive.
+struct Source
+{
+    std::string text; ///< held form (TextCodec.h); the raw bytes when `form` is not Text
+    Encoding encoding = Encoding::Utf16Le;
+    bool bom = true;
+    std::string oddByte;
+    Form form = Form::Text;
+    std::string header;   ///< without line end and trailing blanks
+    std::size_t body = 0; ///< where the tree begins, behind the header
+    std::string lineEnd = "\r\n";
+    std::string tailFix; ///< what closes a string or a skipped block that the text's end cut
+    PagedArray<Record> records;
+    PagedArray<std::uint32_t> values; ///< places of values, those of one record together
+    std::vector<Note> notes;
+
+    std::string_view Name(const Record &record) const;
+    std::string_view Label(const Record &record) const;
+    int LineOf(std::size_t place) const;
+};
+
+/// Decodes and parses a file. Never fails: what cannot be read as text is told by `form`.
+std::shared_ptr<const Source> ReadSource(std::string bytes);
+
+/// True for 8-bit content without header that has NULs inside near its start. Text and then NULs
+/// only is text with padding.
+bool LooksBinary(std::string_view text);
+
+/// Fills records, values, notes and tailFix of a source from its text (Parser.cpp).
+void ParseBlocks(Source &source);
+
+} // namespace stavfile

@@ -1,0 +1,423 @@
+// SPDX-License-Identifier: MIT
+#include "stavfile/Writer.h"
+
+#include "stavfile/Keywords.h"
+#include "stavfile/Lexer.h"
+
+#include <algorithm>
+
+namespace stavfile {
+namespace {
+
+bool isBlank(std::string_view text)
+{
+    return lexer::SkipBlanks(text, 0) == text.size();
+}
+
+/// The blanks between the last line break and the end of `text`; nothing when other characters or
+/// no line break stand there.
+std::optional<std::string> indentAtEnd(std::string_view text)
+{
+    const std::size_t feed = text.find_last_of("\r\n");
+    if (feed == text.npos || !isBlank(text.substr(feed + 1)))
+        return std::nullopt;
+    return std::string(text.substr(feed + 1));
+}
+
+bool isChildAsRead(const Node &parent, const Node &child)
+{
+    return child.source && child.source == parent.source && !child.IsRoot();
+}
+
+} // namespace
+
+/// Puts the parts of a block into the order in which they are written. Children keep the order of
+/// the list, values theirs; a value stands before the child that it stood before, and a new value
+/// behind the one before it.
+class Writer::Ordering
+{
+public:
+    Ordering(const Node &node, const Layout &layout)
+        : m_node(node)
+        , m_layout(layout)
+        , m_used(layout.parts.size())
+    {
+        for (std::size_t i = 0; i < layout.parts.size(); ++i)
+            if (!layout.parts[i].record)
+                m_readValues.push_back(i);
+    }
+
+    std::vector<Part> Run()
+    {
+        const auto &children = m_node.Children();
+        const std::size_t none = m_layout.parts.size();
+        std::vector<std::size_t> nextRead(children.size() + 1, none);
+        for (std::size_t i = children.size(); i-- > 0;)
+            nextRead[i] = readPartOf(*children[i]).value_or(nextRead[i + 1]);
+        for (std::size_t i = 0; i < children.size(); ++i) {
+            takeValuesBefore(nextRead[i]);
+            takeChild(*children[i]);
+        }
+        takeValuesBefore(none);
+        return std::move(m_order);
+    }
+
+private:
+    std::optional<std::size_t> readPartOf(const Node &child) const
+    {
+        if (!isChildAsRead(m_node, child))
+            return std::nullopt;
+        const auto &parts = m_layout.parts;
+        const auto found = std::lower_bound(
+            parts.begin(), parts.end(), child.Read()->begin,
+            [](const ReadPart &part, std::size_t place) { return part.begin < place; });
+        if (found == parts.end() || found->record != child.record)
+            return std::nullopt;
+        return static_cast<std::size_t>(found - parts.begin());
+    }
+
+    void takeValuesBefore(std::size_t part)
+    {
+        for (; m_value < m_node.ValueCount(); ++m_value) {
+            std::optional<std::size_t> read;
+            if (m_value < m_readValues.size())
+                read = m_readValues[m_value];
+            if (read && *read >= part)
+                return;
+            m_order.push_back({nullptr, m_value, read});
+        }
+    }
+
+    void takeChild(const Node &child)
+    {
+        std::optional<std::size_t> read = readPartOf(child);
+        if (read && m_used[*read])
+            read.reset(); // the same block a second time
+        if (read)
+            m_used[*read] = true;
+        m_order.push_back({&child, 0, read});
+    }
+
+    const Node &m_node;
+    const Layout &m_layout;
+    std::vector<bool> m_used;
+    std::vector<std::size_t> m_readValues; ///< part of each value as read
+    std::size_t m_value = 0;               ///< the next value to take
+    std::vector<Part> m_order;
+};
+
+Writer::Writer(std::shared_ptr<Node> root)
+    : m_root(std::move(root))
+    , m_lineEnd(m_root->source ? m_root->source->lineEnd : "\r\n")
+{
+}
+
+std::string Writer::Run()
+{
+    const Source *source = m_root->source.get();
+    if (!source) {
+        m_out = kNewHeader + m_lineEnd + m_lineEnd;
+        for (const auto &child : m_root->children) {
+            writeNode(*child, {true, {}}, true);
+            m_out += m_lineEnd;
+        }
+        return std::move(m_out);
+    }
+    m_out.reserve(source->text.size() + source->text.size() / 8);
+    // The blank lines behind the header belong to it, whatever becomes of the first block.
+    const std::size_t begin = lexer::SkipBlanks(source->text, source->body);
+    copy(*source, 0, begin);
+    if (begin == source->text.size() && !source->header.empty())
+        m_out += m_lineEnd; // a header alone may lack its line end
+    writeBody(*m_root, begin, source->text.size(), {true, {}}, false);
+    return std::move(m_out);
+}
+
+/// Writes a block without the blanks before it. `mustClose` is false where a block that was never
+/// closed in its file may stay so, because nothing is written behind it.
+void Writer::writeNode(const Node &node, const Gap &gap, bool mustClose)
+{
+    if (!node.Read()) {
+        writeNew(node, gap);
+        return;
+    }
+    if (!node.Untouched()) {
+        writeRead(node, gap, mustClose);
+        return;
+    }
+    const Record &record = *node.Read();
+    copy(*node.source, record.begin, record.end);
+    if (!record.Unclosed() || !mustClose)
+        return;
+    m_out += node.source->tailFix;
+    for (std::uint32_t i = node.record; i < record.next; ++i)
+        if (node.source->records[i].Unclosed())
+            m_out += " )";
+}
+
+void Writer::writeRead(const Node &node, const Gap &gap, bool mustClose)
+{
+    const Record &record = *node.Read();
+    const std::size_t nameEnd = record.begin + node.source->Name(record).size();
+    if (node.nameIsSet)
+        m_out += node.name;
+    else
+        copy(*node.source, record.begin, nameEnd);
+    copy(*node.source, nameEnd, record.open + 1);
+    const std::size_t end = record.Unclosed() ? record.end : record.end - 1;
+    writeBody(node, record.open + 1, end, gap, mustClose);
+    if (!record.Unclosed())
+        m_out += ')';
+    else if (mustClose)
+        m_out += " )";
+}
+
+/// `NAME ( values` and then each child on a line of its own, or all on one line where the
+/// neighbours stand so.
+void Writer::writeNew(const Node &node, const Gap &gap)
+{
+    m_out += node.name + " (" + newValues(node);
+    const Gap inner{gap.newLine, gap.indent + '\t'};
+    for (const auto &child : node.children) {
+        writeGap(inner);
+        writeNode(*child, inner, true);
+    }
+    if (node.children.empty())
+        m_out += " )";
+    else {
+        writeGap(gap);
+        m_out += ')';
+    }
+}
+
+std::string Writer::newValues(const Node &node)
+{
+    const bool nothing = node.values.size() == 1 && node.values.front().text.empty();
+    std::string text;
+    if (!nothing)
+        for (const Value &value : node.values)
+            text += ' ' + lexer::Spelling(value.text);
+    return text;
+}
+
+void Writer::writeBody(const Node &node, std::size_t begin, std::size_t end, const Gap &gap,
+                       bool mustClose)
+{
+    Layout layout = layoutOf(node);
+    const std::vector<Part> order = Ordering(node, layout).Run();
+    carryComments(*node.source, layout, order, begin);
+    const Gap inner = gapOfChildren(node, layout, begin, gap);
+    for (std::size_t i = 0; i < order.size(); ++i)
+        writePart(node, layout, order, i, begin, inner, mustClose);
+    const std::size_t last = layout.parts.empty() ? begin : layout.parts.back().end;
+    const bool grew = !order.empty() && order.back().child && !order.back().read && !node.IsRoot();
+    std::string tail = layout.carriedToEnd + node.source->text.substr(last, end - last);
+    if (!endsAsRead(node, layout, order) && (order.empty() || !order.back().child))
+        tail = lexer::MovableGap(tail);
+    if (grew && inner.newLine && isBlank(tail) && tail.find('\n') == tail.npos)
+        writeGap(gap); // the closing bracket stood on the same line; new lines have come between
+    else
+        m_out += ToWritableText(tail, node.source->encoding);
+    if (mustClose && node.Read() && node.Read()->Unclosed())
+        writeTail(node);
+}
+
+/// Closes a string or comment that the end of the file cut off.
+void Writer::writeTail(const Node &node)
+{
+    const Source &source = *node.source;
+    const Layout layout = layoutOf(node);
+    const bool inLastPart = !layout.parts.empty() && layout.parts.back().end == source.text.size();
+    if (!inLastPart)
+        m_out += source.tailFix;
+}
+
+void Writer::writePart(const Node &node, const Layout &layout, const std::vector<Part> &order,
+                       std::size_t index, std::size_t bodyBegin, const Gap &gap, bool mustClose)
+{
+    const Part &part = order[index];
+    const bool asRead = standsAsRead(node, order, index);
+    const bool behindBlock = index > 0 && order[index - 1].child;
+    if (part.read)
+        writeReadGap(node, layout, *part.read, bodyBegin, asRead || behindBlock);
+    else if (part.child)
+        writeGap(gap);
+    else
+        m_out += ' ';
+    const bool sameBefore =
+        asRead && !isSet(node, part) && (index == 0 || !isSet(node, order[index - 1]));
+    if (!sameBefore)
+        separate();
+    const bool isLast = index + 1 == order.size();
+    if (part.child) {
+        const bool parentStaysOpen = node.IsRoot() || (node.Read()->Unclosed() && !mustClose);
+        writeNode(*part.child, gap, !isLast || !parentStaysOpen);
+        return;
+    }
+    const bool sameBehind =
+        isLast ? endsAsRead(node, layout, order)
+               : standsAsRead(node, order, index + 1) && !isSet(node, order[index + 1]);
+    Value value = node.ValueAt(part.value);
+    if (!sameBefore || !sameBehind)
+        value = fitAnywhere(node, std::move(value));
+    writeValue(node, value, isLast ? !mustClose : sameBehind);
+}
+
+/// A word that begins with "+" means something else behind a string, and a keyword before a block:
+/// both are quoted where they have got new neighbours.
+Value Writer::fitAnywhere(const Node &node, Value value)
+{
+    if (!value.FromSource())
+        return value;
+    const Source &source = *node.source;
+    const std::string_view rest = std::string_view(source.text).substr(value.place);
+    if (rest.front() != '+' && !FindKeyword(rest.substr(0, lexer::WordEnd(rest, 0))))
+        return value;
+    const std::string decoded = lexer::DecodedValue(source.text, value.place);
+    return {Value::kSet, ToWritableText(decoded, source.encoding)};
+}
+
+/// True when a part and the one before it are written as they stood side by side in the file.
+bool Writer::standsAsRead(const Node &node, const std::vector<Part> &order, std::size_t index)
+{
+    const Part &part = order[index];
+    if (!isAsRead(node, part))
+        return false;
+    if (index == 0)
+        return *part.read == 0;
+    return isAsRead(node, order[index - 1]) && *order[index - 1].read + 1 == *part.read;
+}
+
+/// True when the part before the closing bracket is the one that stood there in the file.
+bool Writer::endsAsRead(const Node &node, const Layout &layout, const std::vector<Part> &order)
+{
+    if (order.empty() || layout.parts.empty())
+        return order.empty() == layout.parts.empty();
+    return isAsRead(node, order.back()) && *order.back().read + 1 == layout.parts.size();
+}
+
+bool Writer::isSet(const Node &node, const Part &part)
+{
+    return !part.child && !node.ValueAt(part.value).FromSource();
+}
+
+/// A value that was set in quotes gives what follows no other meaning than the one before it.
+bool Writer::isAsRead(const Node &node, const Part &part)
+{
+    if (!part.read || part.child)
+        return part.read.has_value();
+    const Value value = node.ValueAt(part.value);
+    return value.FromSource() || lexer::Spelling(value.text).front() == '"';
+}
+
+void Writer::writeValue(const Node &node, const Value &value, bool nextAsRead)
+{
+    if (!value.FromSource()) {
+        const bool nothing = value.text.empty() && node.ValueCount() == 1;
+        m_out += nothing ? std::string() : lexer::Spelling(value.text);
+        return;
+    }
+    const lexer::Extent extent = lexer::ValueExtent(node.source->text, value.place);
+    copy(*node.source, value.place, nextAsRead ? extent.end : extent.cleanEnd);
+    if (extent.unterminated && !nextAsRead)
+        m_out += '"';
+}
+
+/// `fits` tells that what stands before gives the gap no other meaning than it had: a block does
+/// not, and neither does what stood there in the file.
+void Writer::writeReadGap(const Node &node, const Layout &layout, std::size_t part,
+                          std::size_t bodyBegin, bool fits)
+{
+    const Source &source = *node.source;
+    const ReadPart &read = layout.parts[part];
+    const std::size_t begin = part == 0 ? bodyBegin : layout.parts[part - 1].end;
+    std::string gap = read.carried + source.text.substr(begin, read.begin - begin);
+    if (!fits)
+        gap = lexer::MovableGap(gap);
+    m_out += ToWritableText(gap, source.encoding);
+}
+
+void Writer::writeGap(const Gap &gap)
+{
+    m_out += gap.newLine ? m_lineEnd + gap.indent : " ";
+}
+
+/// Keeps two parts apart that did not stand side by side in the file.
+void Writer::separate()
+{
+    if (!m_out.empty() && lexer::ClassOf(m_out.back()) != lexer::CharClass::Blank &&
+        m_out.back() != '(')
+        m_out += ' ';
+}
+
+void Writer::copy(const Source &source, std::size_t begin, std::size_t end)
+{
+    const std::string_view held = std::string_view(source.text).substr(begin, end - begin);
+    if (source.encoding == Encoding::Windows1252)
+        m_out += ToWritableText(held, source.encoding);
+    else
+        m_out += held;
+}
+
+Writer::Layout Writer::layoutOf(const Node &node)
+{
+    Layout layout;
+    const Source &source = *node.source;
+    if (const Record *record = node.Read())
+        for (std::uint32_t i = 0; i < record->valueCount; ++i) {
+            const std::size_t place = source.values[record->firstValue + i];
+            layout.parts.push_back({place, lexer::ValueExtent(source.text, place).end, {}, {}});
+        }
+    for (const std::uint32_t index : node.ChildRecords())
+        layout.parts.push_back({source.records[index].begin, source.records[index].end, index, {}});
+    std::sort(layout.parts.begin(), layout.parts.end(),
+              [](const ReadPart &a, const ReadPart &b) { return a.begin < b.begin; });
+    return layout;
+}
+
+/// Comments before a part that is gone stay: they go to the next part that is still there.
+void Writer::carryComments(const Source &source, Layout &layout, const std::vector<Part> &order,
+                           std::size_t bodyBegin)
+{
+    std::vector<bool> kept(layout.parts.size());
+    for (const Part &part : order)
+        if (part.read)
+            kept[*part.read] = true;
+    std::string carried;
+    std::size_t gapBegin = bodyBegin;
+    for (std::size_t i = 0; i < layout.parts.size(); ++i) {
+        ReadPart &part = layout.parts[i];
+        const std::string_view gap =
+            std::string_view(source.text).substr(gapBegin, part.begin - gapBegin);
+        gapBegin = part.end;
+        if (kept[i])
+            part.carried = std::exchange(carried, {});
+        else if (!isBlank(gap))
+            carried += gap.substr(0, gap.find_last_not_of(" \t\r\n") + 1);
+    }
+    layout.carriedToEnd = std::move(carried);
+}
+
+/// New children are laid out like the last child that was read, else one step deeper than the block
+/// itself.
+Writer::Gap Writer::gapOfChildren(const Node &node, const Layout &layout, std::size_t bodyBegin,
+                                  const Gap &own)
+{
+    const std::string_view text = node.source->text;
+    for (std::size_t i = layout.parts.size(); i-- > 0;) {
+        const ReadPart &part = layout.parts[i];
+        if (!part.record)
+            continue;
+        const std::size_t before = i == 0 ? bodyBegin : layout.parts[i - 1].end;
+        if (i == 0 && node.IsRoot())
+            return {true, {}};
+        const auto indent = indentAtEnd(text.substr(before, part.begin - before));
+        return {indent.has_value(), indent.value_or("")};
+    }
+    if (node.IsRoot())
+        return {true, {}};
+    const auto indent = indentAtEnd(text.substr(0, node.Read()->begin));
+    return {own.newLine, indent.value_or(own.indent) + '\t'};
+}
+
+} // namespace stavfile

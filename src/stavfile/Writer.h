@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "stavfile/Node.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace stavfile {
+
+/// Writes a tree as text. What is untouched is copied from its source, with the comments and blanks
+/// around it; only what was changed is written anew, laid out like its neighbours.
+class Writer
+{
+public:
+    /// The header line of a new file.
+    static constexpr const char *kNewHeader = "SIMISA@@@@@@@@@@JINX0D0t______";
+
+    explicit Writer(std::shared_ptr<Node> root);
+
+    /// The whole file in writable form (TextCodec.h), without byte order mark.
+    std::string Run();
+
+private:
+    /// A value or child in the order in which it is written. `read` is its place among the parts of
+    /// its parent as read, if it was one of them.
+    struct Part
+    {
+        const Node *child = nullptr;
+        std::size_t value = 0; ///< index of the value when there is no child
+        std::optional<std::size_t> read;
+    };
+    /// A value or child as read: where it begins and ends.
+    struct ReadPart
+    {
+        std::size_t begin = 0, end = 0;
+        std::optional<std::uint32_t> record; ///< of a child
+        std::string carried; ///< comments of removed parts, to be written before this one's gap
+    };
+    struct Layout
+    {
+        std::vector<ReadPart> parts;
+        std::string carriedToEnd;
+    };
+    /// The blanks before a new block: a line break and indentation, or a single blank.
+    struct Gap
+    {
+        bool newLine = false;
+        std::string indent;
+    };
+
+    class Ordering;
+
+    void writeNode(const Node &node, const Gap &gap, bool mustClose);
+    void writeRead(const Node &node, const Gap &gap, bool mustClose);
+    void writeNew(const Node &node, const Gap &gap);
+    void writeBody(const Node &node, std::size_t begin, std::size_t end, const Gap &gap,
+                   bool mustClose);
+    void writePart(const Node &node, const Layout &layout, const std::vector<Part> &order,
+                   std::size_t index, std::size_t bodyBegin, const Gap &gap, bool mustClose);
+    void writeValue(const Node &node, const Value &value, bool nextAsRead);
+    void writeReadGap(const Node &node, const Layout &layout, std::size_t part,
+                      std::size_t bodyBegin, bool asRead);
+    void writeGap(const Gap &gap);
+    void writeTail(const Node &node);
+    void separate();
+    void copy(const Source &source, std::size_t begin, std::size_t end);
+
+    static Layout layoutOf(const Node &node);
+    static bool standsAsRead(const Node &node, const std::vector<Part> &order, std::size_t index);
+    static bool endsAsRead(const Node &node, const Layout &layout, const std::vector<Part> &order);
+    static Value fitAnywhere(const Node &node, Value value);
+    static bool isSet(const Node &node, const Part &part);
+    static bool isAsRead(const Node &node, const Part &part);
+    static void carryComments(const Source &source, Layout &layout, const std::vector<Part> &order,
+                              std::size_t bodyBegin);
+    static Gap gapOfChildren(const Node &node, const Layout &layout, std::size_t bodyBegin,
+                             const Gap &own);
+    static std::string newValues(const Node &node);
+
+    std::shared_ptr<Node> m_root;
+    std::string m_lineEnd;
+    std::string m_out;
+};
+
+} // namespace stavfile

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "document/ConsistTree.h"
+
+#include <string>
+
+namespace zelkctl {
+
+/// One operation of `edit` as written on the command line.
+struct EditOperation
+{
+    std::string text; ///< as written
+    document::Move move = document::Move::Add;
+    int row = 0;               ///< from 1; 0 for add and clear
+    document::StockItem stock; ///< for add
+};
+
+/// Reads "add=Wagon,FOLDER,NAME", "remove=N", "clear", "forwards=N", "backwards=N" or "flip=N". A
+/// folder or name that holds a comma stands in double quotes. Failure for anything else.
+EditOperation ParseEditOperation(const std::string &text);
+
+} // namespace zelkctl

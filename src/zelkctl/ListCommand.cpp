@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "ListCommand.h"
+
+#include "Session.h"
+#include "document/ConsistList.h"
+#include "document/StockList.h"
+#include "host/Filter.h"
+#include "host/Text.h"
+#include "install/modTS.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <initializer_list>
+#include <memory>
+#include <utility>
+
+namespace zelkctl {
+namespace {
+
+struct ListOptions
+{
+    std::string what;
+    std::string filter;
+    bool json = false;
+};
+
+using Members = std::initializer_list<std::pair<std::string_view, std::string_view>>;
+
+/// Writes entries one a line: as plain text, or as the objects of a JSON array.
+class EntryWriter
+{
+public:
+    EntryWriter(Output &out, bool json)
+        : m_out(out)
+        , m_json(json)
+    {
+    }
+
+    void Add(const std::string &line, Members members)
+    {
+        if (m_json)
+            addObject(members);
+        else
+            m_out.Write(line + "\n");
+    }
+    void End()
+    {
+        if (m_json)
+            m_out.Write(m_empty ? "[]\n" : "\n]\n");
+    }
+
+private:
+    void addObject(Members members)
+    {
+        const char *separator = m_empty ? "[\n{" : ",\n{";
+        m_empty = false;
+        for (const auto &[key, value] : members) {
+            m_out.Write(separator);
+            m_out.WriteJson(key);
+            m_out.Write(":");
+            m_out.WriteJson(value);
+            separator = ",";
+        }
+        m_out.Write("}");
+    }
+
+    Output &m_out;
+    bool m_json;
+    bool m_empty = true;
+};
+
+void listConsists(Session &session, const std::string &filter, EntryWriter &entries)
+{
+    const install::Installation installation = OpenInstallation(session);
+    for (const auto &name : document::ListConsists(installation, session.files, filter))
+        entries.Add(name, {{"name", name}});
+}
+
+void listStock(Session &session, const std::string &filter, EntryWriter &entries)
+{
+    const install::Installation installation = OpenInstallation(session);
+    document::StockScan scan(installation, session.files, filter);
+    while (const auto items = scan.TakeFolder())
+        for (const auto &[type, folder, shape] : *items)
+            entries.Add(type + "\t" + folder + "\t" + shape,
+                        {{"type", type}, {"folder", folder}, {"shape", shape}});
+}
+
+void listRoutes(Session &session, const std::string &filter, EntryWriter &entries)
+{
+    const install::Installation installation = OpenInstallation(session);
+    const auto routes = [&](bool withNames) {
+        return host::Split(modTS::RoutesList(installation, session.files, withNames), '|');
+    };
+    // Folders and names may hold brackets: only the bare folders tell where a name begins.
+    const std::vector<std::string> folders = routes(false), shown = routes(true);
+    for (std::size_t i = 0; i < std::min(folders.size(), shown.size()); ++i) {
+        if (!host::MatchesFilter(folders[i], filter))
+            continue;
+        const std::string_view name = std::string_view(shown[i]).substr(folders[i].size());
+        entries.Add(shown[i], {{"folder", folders[i]},
+                               {"name", name.empty() ? name : name.substr(1, name.size() - 2)}});
+    }
+}
+
+void list(Session &session, const ListOptions &options)
+{
+    EntryWriter entries(session.out, options.json);
+    if (options.what == "consists")
+        listConsists(session, options.filter, entries);
+    else if (options.what == "stock")
+        listStock(session, options.filter, entries);
+    else
+        listRoutes(session, options.filter, entries);
+    entries.End();
+}
+
+} // namespace
+
+void AddListCommand(CLI::App &app, Session &session)
+{
+    const auto options = std::make_shared<ListOptions>();
+    CLI::App *command = app.add_subcommand("list", "List installed stock, consists or routes");
+    command->add_option("what", options->what, "What to list")
+        ->required()
+        ->type_name("stock|consists|routes")
+        ->check(CLI::IsMember({"stock", "consists", "routes"}).description(""));
+    command
+        ->add_option("--filter", options->filter,
+                     "Only names that match: GP*, *freight or part of the name")
+        ->type_name("F");
+    command->add_flag("--json", options->json, "As a JSON array of objects");
+    command->callback([&session, options] { list(session, *options); });
+}
+
+} // namespace zelkctl

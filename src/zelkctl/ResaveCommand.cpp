@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "ResaveCommand.h"
+
+#include "Session.h"
+#include "document/ConsistTree.h"
+#include "host/RuntimeError.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace zelkctl {
+namespace {
+
+struct ResaveOptions
+{
+    std::string file, out;
+};
+
+bool isConsist(const StfFile &file)
+{
+    if (host::path::Extension(file.FileName()) != "con")
+        return false;
+    const StfNode train = file.FindNode("Train");
+    return train && train.Child("TrainCfg");
+}
+
+/// Loads the tree of a consist. A vehicle that the editor could not show as a row (error 91) does
+/// not stand in the way of saving.
+void loadTree(document::ConsistTree &consist, const std::string &file)
+{
+    try {
+        consist.Load(file);
+    } catch (const host::RuntimeError &error) {
+        if (error.Code() != host::ErrorNumber::ObjectNotSet)
+            throw;
+    }
+}
+
+void resave(Session &session, const ResaveOptions &options)
+{
+    StfFile file(session.files);
+    file.SetFileName(options.file);
+    NamingFile(options.file, [&file] { file.Load(); });
+    if (!isConsist(file)) {
+        file.SetFileName(options.out);
+        return NamingFile(options.out, [&file] { file.Save(); });
+    }
+    document::ConsistTree consist(session.files);
+    NamingFile(options.file, [&] { loadTree(consist, options.file); });
+    NamingFile(options.out, [&] { consist.Save(options.out); });
+}
+
+} // namespace
+
+void AddResaveCommand(CLI::App &app, Session &session)
+{
+    const auto options = std::make_shared<ResaveOptions>();
+    CLI::App *command = app.add_subcommand(
+        "resave", "Load a structured file and save it (a consist is named after its new file)");
+    command->add_option("file", options->file, "The file to load")->required()->type_name("FILE");
+    command->add_option("out", options->out, "Where to save it")->required()->type_name("OUT");
+    command->callback([&session, options] { resave(session, *options); });
+}
+
+} // namespace zelkctl

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace CLI {
+class App;
+}
+
+namespace zelkctl {
+
+struct Session;
+
+/// `resave FILE OUT`: loads a structured file and saves it under another name.
+/// The session must outlive the parsing of `app`.
+void AddResaveCommand(CLI::App &app, Session &session);
+
+} // namespace zelkctl

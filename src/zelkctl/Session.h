@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Output.h"
+#include "host/GameFiles.h"
+#include "install/Installation.h"
+
+#include <functional>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+namespace zelkctl {
+
+/// Why a command could not be done, as one line for the user.
+class Failure : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// What the commands of one run share.
+struct Session
+{
+    Output out;
+    host::GameFiles files;
+    std::optional<std::string> msts; ///< the folder named on the command line
+};
+
+/// The installation to work on: the folder named on the command line, else the one set in ZELK,
+/// else the registered one. Failure when there is none.
+install::Installation OpenInstallation(Session &session);
+
+/// Does the work, and turns a run-time error in it into a Failure that names `file`:
+/// "x.con: error 53: File not found".
+void NamingFile(const std::string &file, const std::function<void()> &work);
+
+} // namespace zelkctl

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "TreeCommand.h"
+
+#include "Session.h"
+#include "stavfile/StfFile.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace zelkctl {
+namespace {
+
+/// Writes a tree as it walks it. The reader bounds the depth (kMaxBlockDepth), so that plain
+/// recursion is safe.
+class TreeWriter
+{
+public:
+    explicit TreeWriter(Output &out)
+        : m_out(out)
+    {
+    }
+
+    void Write(const StfFile &file)
+    {
+        const std::string header = file.Header();
+        m_out.Write("{\"header\":");
+        if (header.empty())
+            m_out.Write("null");
+        else
+            m_out.WriteJson(header);
+        m_out.Write(",\"encoding\":");
+        m_out.WriteJson(stavfile::EncodingName(file.Encoding()));
+        m_out.Write(file.HasBom() ? ",\"bom\":true" : ",\"bom\":false");
+        m_out.Write(",\"nodes\":");
+        writeNodes(file.Nodes(), 1);
+        m_out.Write(",\n\"notes\":");
+        writeNotes(file.Notes());
+        m_out.Write("}\n");
+    }
+
+private:
+    void writeNodes(const StfNodes &nodes, std::size_t depth)
+    {
+        m_out.Write("[");
+        const int count = nodes.Count();
+        for (int place = 1; place <= count; ++place) {
+            m_out.Write(place == 1 ? "\n" : ",\n");
+            m_out.Write(std::string(depth, ' '));
+            writeNode(nodes.Item(place), depth);
+        }
+        m_out.Write("]");
+    }
+
+    void writeNode(const StfNode &node, std::size_t depth)
+    {
+        m_out.Write("{\"name\":");
+        m_out.WriteJson(node.Name());
+        if (const std::string label = node.Label(); !label.empty()) {
+            m_out.Write(",\"label\":");
+            m_out.WriteJson(label);
+        }
+        m_out.Write(",\"values\":[");
+        const int count = node.NumParameters();
+        for (int index = 0; index < count; ++index) {
+            if (index > 0)
+                m_out.Write(",");
+            m_out.WriteJson(node.Parameter(index));
+        }
+        m_out.Write("],\"children\":");
+        writeNodes(node.Children(), depth + 1);
+        m_out.Write("}");
+    }
+
+    void writeNotes(const std::vector<stavfile::Note> &notes)
+    {
+        const char *separator = "[\n {\"line\":";
+        for (const stavfile::Note &note : notes) {
+            m_out.Write(separator + std::to_string(note.line) + ",\"text\":");
+            m_out.WriteJson(note.text);
+            m_out.Write("}");
+            separator = ",\n {\"line\":";
+        }
+        m_out.Write(notes.empty() ? "[]" : "]");
+    }
+
+    Output &m_out;
+};
+
+void tree(Session &session, const std::string &path)
+{
+    StfFile file(session.files);
+    file.SetFileName(path);
+    NamingFile(path, [&file] { file.Load(); });
+    TreeWriter(session.out).Write(file);
+}
+
+} // namespace
+
+void AddTreeCommand(CLI::App &app, Session &session)
+{
+    const auto path = std::make_shared<std::string>();
+    CLI::App *command = app.add_subcommand("tree", "Show a structured file as JSON");
+    command->add_option("file", *path, "The file")->required()->type_name("FILE");
+    command->callback([&session, path] { tree(session, *path); });
+}
+
+} // namespace zelkctl

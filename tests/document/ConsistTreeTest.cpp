@@ -1,0 +1,302 @@
+// SPDX-License-Identifier: MIT
+#include "document/ConsistTree.h"
+
+#include "host/GameFiles.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+using document::ConsistTree;
+using document::EditResult;
+using document::Move;
+using document::StockItem;
+using support::TempFolder;
+
+namespace {
+
+const char *const kHead = "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\n";
+
+/// An entry on one line: "Engine", uid, shape, folder.
+std::string unit(const char *type, int uid, const char *names, const char *before = "")
+{
+    return std::string(" ") + type + " ( " + before + "UiD ( " + std::to_string(uid) + " ) " +
+           type + "Data ( " + names + " ) )\r\n";
+}
+
+class ConsistTreeTest : public testing::Test
+{
+protected:
+    ConsistTreeTest()
+        : tree(files)
+    {
+    }
+
+    /// A consist with this inside TrainCfg, loaded.
+    void load(const std::string &inside)
+    {
+        folder.Write("a.con",
+                     kHead + ("Train (\r\n TrainCfg ( \"a\"\r\n" + inside + " )\r\n)\r\n"));
+        tree.Load(path());
+    }
+    void loadFour()
+    {
+        load(" Name ( \"a\" )\r\n NextWagonUID ( 4 )\r\n" + unit("Engine", 0, "e f") +
+             " Odd ( 1 )\r\n" + unit("Wagon", 1, "w1 f") + unit("Wagon", 2, "w2 f") +
+             unit("Wagon", 3, "w3 f"));
+    }
+    std::string path() const { return folder.Path() + "/a.con"; }
+
+    /// Shapes of the rows, flipped ones with a star, and the counter.
+    std::string train() const
+    {
+        std::string text;
+        for (const document::ConsistRow &row : tree.Rows())
+            text += row.item.shape + (row.item.type.ends_with('*') ? "* " : " ");
+        const StfNode cfg = tree.Document().FindNode("Train").Child("TrainCfg");
+        const StfNode counter = cfg.Child("NextWagonUID");
+        return text + (counter ? counter.Parameter(0) : "-");
+    }
+    std::string uids() const
+    {
+        std::string text;
+        const StfNodes list = tree.Document().FindNode("Train").Child("TrainCfg").Children();
+        for (const document::ConsistRow &row : tree.Rows())
+            text += list.Item(row.position).Child("UiD").Parameter(0) + ' ';
+        return text;
+    }
+
+    TempFolder folder;
+    host::GameFiles files;
+    ConsistTree tree;
+    const StockItem box{"Wagon", "My Stock", "box"};
+};
+
+TEST_F(ConsistTreeTest, RowsShowTypeFolderShapeAndTruePositions)
+{
+    load(" Name ( \"a\" )\r\n MaxVelocity ( 27.77778 0.10000 )\r\n Durability ( 0.5 )\r\n"
+         " NextWagonUID ( 3 )\r\n" +
+         unit("Engine", 0, "Loco \"Demo Locos\"") + " ORTSEOT ( UiD ( 9 ) )\r\n" +
+         unit("Wagon", 1, "box My Stock", "Flip ( ) ") + unit("Wagon", 2, "alone") +
+         unit("Wagon", 3, "a b c d"));
+    const std::vector<document::ConsistRow> expected = {{{"Engine", "Demo Locos", "Loco"}, 5},
+                                                        {{"Wagon*", "My Stock", "box"}, 7},
+                                                        {{"Wagon", "", "alone"}, 8},
+                                                        {{"Wagon", "b", "a"}, 9}};
+    EXPECT_EQ(expected, tree.Rows());
+    EXPECT_EQ("27.77778|0.10000|0.5",
+              tree.MaxVelocity(0) + '|' + tree.MaxVelocity(1) + '|' + tree.Durability());
+    EXPECT_FALSE(tree.Changed());
+    load("");
+    EXPECT_TRUE(tree.Rows().empty());
+    EXPECT_EQ("a", tree.Title());
+    EXPECT_EQ("", tree.MaxVelocity(0) + tree.Durability());
+}
+
+TEST_F(ConsistTreeTest, WhatIsNoConsistSaysWhatIsMissing)
+{
+    struct Row
+    {
+        const char *text, *message;
+        std::size_t rows;
+    };
+    const Row rows[] = {
+        {"Wagon ( x )", "a.con: there is no Train block", 0},
+        {"Train ( x )", "a.con: there is no TrainCfg block in Train", 0},
+        {"SIMISA@F....", "a.con: there is no Train block", 0},
+        {"Train ( TrainCfg ( \"a\" Wagon ( WagonData ( a b ) )\n Wagon ( UiD ( 1 ) ) ) )",
+         "a.con, line 2: Wagon has no block WagonData", 1},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.text);
+        folder.Write("a.con", row.text);
+        try {
+            tree.Load(path());
+            ADD_FAILURE() << "loaded";
+        } catch (const host::RuntimeError &error) {
+            EXPECT_EQ(91, error.Number());
+            EXPECT_TRUE(error.Detail().ends_with(row.message)) << error.Detail();
+        }
+        EXPECT_EQ(row.rows, tree.Rows().size());
+        tree.Edit(Move::Add, 0, &box); // must not throw whatever the file holds
+    }
+}
+
+struct EditRow
+{
+    const char *what;
+    Move move;
+    int row;
+    const char *train;
+    int selected;
+};
+
+TEST_F(ConsistTreeTest, EveryOperationOnFourUnits)
+{
+    const EditRow rows[] = {
+        {"remove the first", Move::Remove, 1, "w1 w2 w3 3", 1},
+        {"remove in the middle", Move::Remove, 3, "e w1 w3 3", 2},
+        {"remove the last", Move::Remove, 4, "e w1 w2 3", 3},
+        {"remove nothing", Move::Remove, 0, "e w1 w2 w3 4", 0},
+        {"remove all", Move::RemoveAll, 2, "0", 0},
+        {"forwards", Move::Forwards, 3, "e w2 w1 w3 4", 2},
+        {"forwards over another block", Move::Forwards, 2, "w1 e w2 w3 4", 1},
+        {"forwards at the front", Move::Forwards, 1, "e w1 w2 w3 4", 1},
+        {"forwards without selection", Move::Forwards, 0, "e w1 w2 w3 4", 0},
+        {"backwards", Move::Backwards, 2, "e w2 w1 w3 4", 3},
+        {"backwards over another block", Move::Backwards, 1, "w1 e w2 w3 4", 2},
+        {"backwards to the end", Move::Backwards, 3, "e w1 w3 w2 4", 4},
+        {"backwards at the end", Move::Backwards, 4, "e w1 w2 w3 4", 4},
+        {"backwards without selection", Move::Backwards, 0, "e w1 w2 w3 4", 0},
+        {"flip", Move::Flip, 2, "e w1* w2 w3 4", 0},
+        {"flip without selection", Move::Flip, 0, "e w1 w2 w3 4", 0},
+        {"a row that is not there", Move::Remove, 9, "e w1 w2 w3 4", 0},
+    };
+    for (const EditRow &row : rows) {
+        SCOPED_TRACE(row.what);
+        loadFour();
+        const EditResult result = tree.Edit(row.move, row.row);
+        EXPECT_EQ(row.train, train());
+        EXPECT_EQ(row.selected, result.selectedRow);
+        EXPECT_EQ("", result.message);
+        EXPECT_TRUE(tree.Changed()) << "every press marks the consist changed";
+    }
+}
+
+TEST_F(ConsistTreeTest, AddNumbersUnitsByTheCounter)
+{
+    load(" NextWagonUID ( 0 )\r\n Last ( )\r\n");
+    EXPECT_EQ(1, tree.Edit(Move::Add, 0, &box).selectedRow);
+    const StockItem engine{"Engine", "Locos", "e"};
+    EXPECT_EQ(2, tree.Edit(Move::Add, 1, &engine).selectedRow);
+    EXPECT_EQ("box e 2", train());
+    EXPECT_EQ("0 1 ", uids());
+    EXPECT_EQ(3, tree.Rows().front().position) << "behind everything that was there";
+    // The counter counts units: after a removal a number is given again.
+    tree.Edit(Move::Remove, 1);
+    tree.Edit(Move::Add, 1, &box);
+    EXPECT_EQ("1 1 ", uids());
+    EXPECT_EQ("e box 2", train());
+
+    EXPECT_EQ("No installed stock is selected.", tree.Edit(Move::Add, 2, nullptr).message);
+    EXPECT_EQ("e box 2", train());
+}
+
+TEST_F(ConsistTreeTest, ANewConsistHasNoCounterForTheEditor)
+{
+    tree.New();
+    EXPECT_TRUE(tree.Changed());
+    tree.Edit(Move::Add, 0, &box);
+    tree.Edit(Move::Add, 1, &box);
+    tree.Edit(Move::Remove, 1);
+    EXPECT_EQ("0 ", uids());
+    EXPECT_EQ("box -", train());
+    EXPECT_EQ(
+        "1", tree.Document().FindNode("Train").Child("TrainCfg").Child("NextWagonId").Parameter(0));
+    EXPECT_EQ("40.00000", tree.MaxVelocity(0));
+}
+
+TEST_F(ConsistTreeTest, ACounterThatCannotMoveChangesNothing)
+{
+    struct Row
+    {
+        const char *counter;
+        bool canAdd, canRemove, canRemoveAll;
+    };
+    const Row rows[] = {
+        {"32767", false, true, true},    {"32766", true, true, true},
+        {"-32768", true, false, false},  {"-32767", true, true, false},
+        {"380102", false, false, false}, {"x1", false, false, false},
+        {"", false, false, false},       {"99999999999", false, false, false},
+        {"7.0", true, true, true},       {"1e3", false, false, false},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.counter);
+        const auto check = [&](Move move, bool can) {
+            load(" NextWagonUID ( " + std::string(row.counter) + " )\r\n" +
+                 unit("Wagon", 0, "a b") + unit("Wagon", 1, "c d"));
+            const std::string before = tree.Document().ToBytes();
+            const EditResult result = tree.Edit(move, 2, &box);
+            EXPECT_EQ(can, before != tree.Document().ToBytes());
+            EXPECT_EQ(can, result.message.empty()) << result.message;
+            EXPECT_TRUE(can || result.selectedRow == 2);
+        };
+        check(Move::Add, row.canAdd);
+        check(Move::Remove, row.canRemove);
+        check(Move::RemoveAll, row.canRemoveAll);
+    }
+}
+
+TEST_F(ConsistTreeTest, FlipStandsFirstAndFlippingBackRestoresTheBytes)
+{
+    loadFour();
+    const std::string before = tree.Document().ToBytes();
+    tree.Edit(Move::Flip, 2);
+    const StfNodes entry = tree.Document()
+                               .FindNode("Train")
+                               .Child("TrainCfg")
+                               .Children()
+                               .Item(tree.Rows()[1].position)
+                               .Children();
+    EXPECT_EQ("Flip", entry.Item(1).Name());
+    EXPECT_NE(std::string::npos, tree.Document().ToBytes().find("Wagon ( Flip ( ) UiD ( 1 )"));
+    tree.Edit(Move::Flip, 2);
+    EXPECT_EQ(before, tree.Document().ToBytes());
+}
+
+struct NameRow
+{
+    const char *what, *inside, *file, *saved;
+};
+
+TEST_F(ConsistTreeTest, TheNameFollowsTheFileAndNothingElseChanges)
+{
+    const NameRow rows[] = {
+        {"name first", " Name ( old )\r\n Serial ( 1 )\r\n", "Freight1.con",
+         "TrainCfg ( Freight1\r\n Name ( Freight1 )\r\n Serial ( 1 )\r\n"},
+        {"a blank is quoted, once", " Name ( \"a b\" )\r\n", "My Train.con",
+         "TrainCfg ( \"My Train\"\r\n Name ( \"My Train\" )\r\n"},
+        {"no name: one is put first", " Serial ( 1 )\r\n MaxVelocity ( 1 2 )\r\n", "b.con",
+         "TrainCfg ( b\r\n Name ( b )\r\n Serial ( 1 )\r\n MaxVelocity ( 1 2 )\r\n"},
+        {"name not first", " Serial ( 1 )\r\n Name ( old )\r\n", "b.con",
+         "TrainCfg ( b\r\n Serial ( 1 )\r\n Name ( b )\r\n"},
+        {"empty", "", "b.con", "TrainCfg ( b\r\n \tName ( b )\r\n"},
+        {"two dots", " Name ( x y )\r\n", "a.b.con", "TrainCfg ( a.b\r\n Name ( a.b )\r\n"},
+        {"brackets", " Name ( x )\r\n", "b(2).con",
+         "TrainCfg ( \"b(2)\"\r\n Name ( \"b(2)\" )\r\n"},
+        {"quotes and a blank", " Name ( x )\r\n", "b \"c\".con",
+         "TrainCfg ( \"b \\\"c\\\"\"\r\n Name ( \"b \\\"c\\\"\" )\r\n"},
+        {"the same name", " Name ( a )\r\n", "a.con", "TrainCfg ( \"a\"\r\n Name ( a )\r\n"},
+    };
+    for (const NameRow &row : rows) {
+        SCOPED_TRACE(row.what);
+        load(row.inside);
+        tree.Edit(Move::Flip, 0);
+        tree.Save(folder.Path() + '/' + row.file);
+        EXPECT_FALSE(tree.Changed());
+        const std::string saved = folder.Read(row.file);
+        EXPECT_EQ(kHead + ("Train (\r\n " + std::string(row.saved)) + " )\r\n)\r\n", saved);
+        ConsistTree again(files);
+        again.Load(folder.Path() + '/' + row.file);
+        EXPECT_EQ(document::ConsistName(row.file), again.Title());
+        EXPECT_EQ(again.Title(), tree.Title());
+    }
+}
+
+TEST_F(ConsistTreeTest, AFailedSaveLeavesTheConsistChanged)
+{
+    loadFour();
+    tree.Edit(Move::Flip, 1);
+    EXPECT_THROW(tree.Save(folder.Path() + "/missing/a.con"), host::RuntimeError);
+    EXPECT_TRUE(tree.Changed());
+    EXPECT_EQ("e* w1 w2 w3 4", train());
+}
+
+TEST(StockPathTest, ExtensionFromTheType)
+{
+    EXPECT_EQ(host::path::Normalise("/ms/Trains/Trainset/My Stock/box.wag"),
+              document::StockPath("/ms", {"Wagon*", "My Stock", "box"}));
+    EXPECT_EQ(host::path::Normalise("/ms/Trains/Trainset/L/e.eng"),
+              document::StockPath("/ms", {"Engine", "L", "e"}));
+}
+
+} // namespace

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/frmMain.h"
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "host/Settings.h"
+#include "support/Environment.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+
+#include <QAction>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+class QAbstractItemView;
+class QDialog;
+
+/// A settings store in memory; it can refuse to be written.
+class MemorySettings : public host::SettingsStore
+{
+public:
+    std::optional<std::string> Read(std::string_view key) override;
+    void Write(std::string_view key, std::string_view value) override;
+
+    std::map<std::string, std::string, std::less<>> values;
+    bool readOnly = false;
+};
+
+/// The real main window over a small installation of its own, with dialogs that answer from a
+/// script and settings in memory.
+class GuiTest : public testing::Test
+{
+protected:
+    GuiTest();
+    ~GuiTest() override;
+
+    /// Starts the program as its entry point does and waits for the window.
+    frmMain &Start(const std::string &commandLine = {});
+    /// The same without waiting for stock lists.
+    frmMain &StartOnly(const std::string &commandLine = {});
+
+    std::string WriteConsist(const std::string &name, const std::vector<std::string> &shapes);
+    std::string ConsistFile(const std::string &name) const;
+    /// The shapes of the units that a consist file on the disk names, joined by blanks.
+    std::string ShapesIn(const std::string &path);
+
+    frmDocument &OpenEditor(const std::string &name);
+    frmDocument *Active() const { return window->ActiveDocument(); }
+    void Trigger(const char *command);
+    std::string Status() const;
+
+    support::ScopedHome home;
+    support::TempFolder game;
+    support::ScriptedDialogs dialogs;
+    host::GameFiles files;
+    MemorySettings settings;
+    std::unique_ptr<frmMain> window;
+};
+
+template <typename Widget> Widget &Find(const QObject &parent, const char *name)
+{
+    auto *widget = parent.findChild<Widget *>(QLatin1String(name));
+    if (!widget)
+        throw std::runtime_error(std::string("no control named ") + name);
+    return *widget;
+}
+
+/// The rows of a list as text, columns joined by "/", rows by blanks.
+std::string RowsOf(const QAbstractItemView &list);
+/// Waits until the condition holds; false after some seconds.
+bool Wait(const std::function<bool()> &condition);
+/// Runs `act` on the modal dialog that the next call opens; it is closed when `act` did not do so.
+void OnNextDialog(const std::function<void(QDialog &)> &act);

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include "document/ListView.h"
+
+#include "document/ConsistListModel.h"
+#include "document/StockListModel.h"
+
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using document::ListView;
+
+namespace {
+
+struct ShownList
+{
+    ListView list{"lvStock", QStringLiteral("Stock")};
+    document::StockListModel model;
+
+    ShownList()
+    {
+        list.setModel(&model);
+        list.FitFirstColumn(QStringLiteral("Engine*"));
+        model.Append({{"Wagon", "B", "tank"}, {"Engine", "a", "gp38"}, {"Wagon", "A", "box"}});
+        list.resize(400, 200);
+        list.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&list));
+    }
+    int width() const { return list.columnWidth(0) + list.columnWidth(1) + list.columnWidth(2); }
+};
+
+} // namespace
+
+TEST(ListViewTest, ColumnsFillTheWidthUntilTheUserSizesOne)
+{
+    ShownList shown;
+    EXPECT_EQ(shown.width(), shown.list.viewport()->width());
+    shown.list.resize(600, 200);
+    EXPECT_EQ(shown.width(), shown.list.viewport()->width());
+    shown.list.header()->resizeSection(1, 77);
+    shown.list.resize(500, 200);
+    EXPECT_EQ(shown.list.columnWidth(1), 77);
+}
+
+TEST(ListViewTest, TypingFindsInTheSearchColumn)
+{
+    ShownList shown;
+    shown.list.SetSearchColumn(2);
+    QTest::keyClicks(&shown.list, QStringLiteral("bo"));
+    EXPECT_EQ(shown.list.SelectedRow(), 2);
+}
+
+TEST(ListViewTest, SortingKeepsTheSelectionOnItsItem)
+{
+    ShownList shown;
+    shown.list.SelectRow(0);
+    shown.model.ClickHeader(1);
+    EXPECT_EQ(shown.model.Item(0).shape, "gp38") << "A and a compare equal and keep their order";
+    EXPECT_EQ(shown.list.SelectedRow(), 2);
+    shown.model.ClickHeader(1);
+    EXPECT_EQ(shown.model.Item(0).shape, "tank");
+    EXPECT_EQ(shown.list.SelectedRow(), 0);
+    shown.model.Append({{"Wagon", "0", "first"}});
+    EXPECT_EQ(shown.model.Item(3).shape, "first") << "not sorted in before it is asked for";
+    shown.model.ClickHeader(2);
+    EXPECT_EQ(shown.model.Item(1).shape, "first");
+}
+
+TEST(ListViewTest, TenThousandNamesAreThereAtOnce)
+{
+    std::vector<std::string> names;
+    for (int i = 0; i < 10000; ++i)
+        names.push_back("Consist " + std::to_string(i));
+    QElapsedTimer timer;
+    timer.start();
+    document::ConsistListModel model;
+    ListView list("lvConsists", QStringLiteral("Consists"));
+    list.setModel(&model);
+    model.SetNames(std::move(names));
+    list.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&list));
+    EXPECT_LT(timer.elapsed(), 1000);
+    list.SelectRow(9999);
+    EXPECT_EQ(list.SelectedRow(), 9999);
+    EXPECT_TRUE(list.viewport()->rect().intersects(list.visualRect(list.currentIndex())));
+}

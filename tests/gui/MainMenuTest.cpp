@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "GuiTest.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+
+/// A menu and what is in it, a line each: name, caption; "-" before what cannot be used at the
+/// start, "*" before what cannot be used yet at all, ">" before what has a menu of its own.
+std::string treeOf(const QList<QAction *> &actions, const std::string &indent)
+{
+    std::string tree;
+    for (const QAction *action : actions) {
+        if (action->isSeparator())
+            continue;
+        const bool later =
+            action->statusTip().startsWith(QStringLiteral("Not available in this version yet: "));
+        EXPECT_EQ(later && action->isEnabled(), false) << action->text().toStdString();
+        tree += indent +
+                (action->menu()        ? ">"
+                 : later               ? "*"
+                 : action->isEnabled() ? ""
+                                       : "-") +
+                action->objectName().toStdString() + " " + action->text().toStdString() + "\n";
+        if (action->menu())
+            tree += treeOf(action->menu()->actions(), indent + " ");
+    }
+    return tree;
+}
+
+constexpr char kTree[] = R"(>mnuFile &File
+ >mnuFileNew &New
+  mnuFileNewConsist &Consist
+  mnuFileNewConsistList Consist &List Window
+ mnuFileOpen &Open...
+ mnuFileClose &Close
+ -mnuFileSave &Save
+ -mnuFileSaveAs Save &As...
+ -mnuFileSaveAll Save A&ll
+ *mnuFilePrint &Print...
+ mnuFilePrintPreview Print Pre&view...
+ *mnuFileProperties Propert&ies
+ mnuFileSetMSTSLoc Set &MSTS Location...
+ -mnuFileMRU0 
+ -mnuFileMRU1 
+ -mnuFileMRU2 
+ mnuFileExit E&xit
+>mnuEdit &Edit
+ mnuEditUndo &Undo
+ *mnuEditCut Cu&t
+ *mnuEditCopy &Copy
+ *mnuEditPaste &Paste
+ mnuEditPasteSpecial Paste &Special...
+ *mnuEditSetAssoc Set &File Association...
+>mnuConsist &Consist
+ mnuConsistEdit &Edit
+ *mnuConsistView &View Consist
+ *mnuConsistViewShape View &Shape
+ *mnuConsistCheckStock &Check Stock...
+ *mnuFileCheckDep Chec&k Dependencies...
+>mnuStock &Stock
+ *mnuStockViewShape View &Shape
+ *mnuStockCheckDep Check &Dependencies...
+ *mnuStockCheckAll Check &All Stock...
+>mnuView &View
+ mnuViewToolbar &Toolbar
+ mnuViewStatusBar Status &Bar
+ mnuViewRefresh &Refresh
+ *mnuViewReset Reset &View
+ mnuViewFilter &Filter...
+ mnuViewOptions &Options...
+ *mnuViewTS &MSTS
+ *mnuViewTSE MSTS &Tools
+ *mnuViewShapeViewer &Shape Viewer
+>mnuWindow &Window
+ mnuWindowNewWindow &New Window
+ mnuWindowCascade &Cascade
+ mnuWindowTileHorizontal Tile &Horizontal
+ mnuWindowTileVertical Tile &Vertical
+ mnuWindowArrangeIcons &Arrange Icons
+ mnuWindowLockTiling &Lock Tiling
+>mnuHelp &Help
+ *mnuHelpContents &Contents
+ *mnuHelpSearchForHelpOn &Search For Help On...
+ *mnuHelpAbout &About 
+)";
+
+class MainMenuTest : public GuiTest
+{
+};
+
+} // namespace
+
+TEST_F(MainMenuTest, TheWholeTree)
+{
+    Start();
+    EXPECT_EQ(treeOf(window->menuBar()->actions(), ""), kTree);
+    for (const QAction *action :
+         window->findChildren<QAction *>(QString(), Qt::FindDirectChildrenOnly))
+        if (!action->objectName().startsWith(QStringLiteral("mnuFileMRU")))
+            EXPECT_FALSE(action->statusTip().isEmpty()) << action->objectName().toStdString();
+}
+
+TEST_F(MainMenuTest, TheToolBarFollowsTheMenu)
+{
+    Start();
+    std::string buttons;
+    for (const QAction *action : Find<QToolBar>(*window, "tbToolBar").actions())
+        if (!action->isSeparator())
+            buttons += action->objectName().toStdString() + (action->isEnabled() ? "|" : "-|") +
+                       action->toolTip().section(QLatin1Char('\n'), 0, 0).toStdString() + "\n";
+    EXPECT_EQ(buttons, "New|New Consist\nOpen|Open File\nSave-|Save Consist\nPrint-|Print\n"
+                       "Cut-|Cut\nCopy-|Copy\nPaste-|Paste\n"
+                       "Properties|View Consist Properties\nRender-|View Consist in 3D\n"
+                       "Filter|Filter Consist List\nOptions-|View Options\n");
+    Find<QToolButton>(*window, "New").click();
+    EXPECT_EQ(Active()->Caption(), "Consist 1");
+    EXPECT_TRUE(Find<QToolButton>(*window, "Save").isEnabled());
+    EXPECT_EQ(Find<QToolButton>(*window, "Filter").text(), QStringLiteral("Filter"));
+}
+
+TEST_F(MainMenuTest, CommandsThatAreNotImplementedSaySo)
+{
+    Start();
+    for (const char *name :
+         {"mnuFilePrintPreview", "mnuEditUndo", "mnuEditPasteSpecial", "mnuViewOptions"})
+        Trigger(name);
+    EXPECT_EQ(dialogs.TakeLog(), "none|ZELK v1.0-75|Print Preview not implemented\n"
+                                 "none|ZELK v1.0-75|Edit Undo not yet implemented\n"
+                                 "none|ZELK v1.0-75|Edit PasteSpecial not yet implemented\n"
+                                 "none|ZELK v1.0-75|View Options not yet implemented\n");
+}
+
+TEST_F(MainMenuTest, ViewItemsShowAndHideTheBars)
+{
+    Start();
+    const struct
+    {
+        const char *item, *bar;
+    } rows[] = {{"mnuViewToolbar", "tbToolBar"}, {"mnuViewStatusBar", "sbStatusBar"}};
+    for (const auto &row : rows)
+        for (const bool shown : {false, true}) {
+            Trigger(row.item);
+            EXPECT_EQ(Find<QWidget>(*window, row.bar).isVisible(), shown) << row.bar;
+            EXPECT_EQ(Find<QAction>(*window, row.item).isChecked(), shown) << row.item;
+        }
+}
+
+TEST_F(MainMenuTest, TheWindowMenuListsTheOpenWindows)
+{
+    Start();
+    Trigger("mnuWindowNewWindow");
+    Active()->SetCaption("Salt & Pepper");
+    auto &menu = Find<QMenu>(*window->menuBar(), "mnuWindow");
+    for (int opened = 0; opened < 2; ++opened) // opening it twice must not list twice
+        Q_EMIT menu.aboutToShow();
+    const QList<QAction *> items = menu.actions();
+    ASSERT_EQ(items.size(), 11);
+    EXPECT_EQ(items[9]->text(), QStringLiteral("&1 Consist List 1"));
+    EXPECT_EQ(items[10]->text(), QStringLiteral("&2 Salt && Pepper"));
+    EXPECT_FALSE(items[9]->isChecked());
+    EXPECT_TRUE(items[10]->isChecked());
+    items[9]->trigger();
+    EXPECT_EQ(Active()->Caption(), "Consist List 1");
+}

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "app/Program.h"
+
+#include "GuiTest.h"
+
+#include <QProcess>
+
+namespace {
+
+/// The output of a program that ends by itself.
+std::string outputOf(const QString &program, const QStringList &arguments, int *exitCode = nullptr)
+{
+    QProcess process;
+    process.start(program, arguments);
+    EXPECT_TRUE(process.waitForFinished(20000)) << program.toStdString();
+    if (exitCode)
+        *exitCode = process.exitCode();
+    return process.readAllStandardOutput().toStdString();
+}
+
+} // namespace
+
+TEST(ProgramTest, TheCommandLineIsOnePath)
+{
+    EXPECT_EQ(app::CommandLineOf({}), "");
+    EXPECT_EQ(app::CommandLineOf({"/a/My", "Train.con "}), "/a/My Train.con");
+    EXPECT_EQ(app::CommandLineOf({"  \"quoted\" "}), "\"quoted\"");
+    EXPECT_FALSE(app::AnswerTo("--help me.con").has_value());
+}
+
+TEST(ProgramTest, VersionAndHelpNeedNoDisplay)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("DISPLAY"));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(ZELK_PROGRAM), {QStringLiteral("--version")});
+    ASSERT_TRUE(process.waitForFinished(20000));
+    EXPECT_EQ(process.readAllStandardOutput().toStdString(), "ZELK v1.0-75\n");
+    EXPECT_EQ(process.exitCode(), 0);
+    int exitCode = -1;
+    EXPECT_EQ(outputOf(QStringLiteral(ZELK_PROGRAM), {QStringLiteral("--help")}, &exitCode)
+                  .rfind("Usage: zelk [FILE]", 0),
+              0u);
+    EXPECT_EQ(exitCode, 0);
+}
+
+TEST(ProgramTest, TheProgramOpensTheConsistItIsGiven)
+{
+    if (qEnvironmentVariableIsEmpty("DISPLAY"))
+        GTEST_SKIP() << "needs an X display";
+    const support::ScopedHome home;
+    const support::TempFolder game;
+    const std::string consist = game.Write("night train.con", "Train ( TrainCfg ( \"x\" ) )");
+    QProcess program;
+    program.start(QStringLiteral(ZELK_PROGRAM),
+                  QString::fromStdString(consist).split(QLatin1Char(' ')));
+    ASSERT_TRUE(program.waitForStarted());
+    const QString pid = QString::number(program.processId());
+    const QStringList search = {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                                QStringLiteral("--pid"),  pid,
+                                QStringLiteral("--name"), QStringLiteral("ZELK v1.0-75")};
+    std::string id;
+    EXPECT_TRUE(Wait([&] {
+        id = outputOf(QStringLiteral("xdotool"), search);
+        return !id.empty();
+    })) << "no window came up";
+    if (!id.empty())
+        outputOf(QStringLiteral("xdotool"),
+                 {QStringLiteral("windowquit"), QString::fromStdString(id).trimmed()});
+    EXPECT_TRUE(program.waitForFinished(10000)) << "it did not end when its window was closed";
+    EXPECT_EQ(program.exitCode(), 0);
+    program.kill();
+    program.waitForFinished();
+    const std::string settings = home.Folder().Read(".config/ZELK/ZELK.ini");
+    EXPECT_NE(settings.find("MainWidth=6495"), std::string::npos) << settings;
+}

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "app/WindowBounds.h"
+
+#include "GuiTest.h"
+
+namespace {
+
+QRect read(const std::string &left, const std::string &width)
+{
+    MemorySettings settings;
+    settings.values = {{"MainLeft", left}, {"MainWidth", width}};
+    return app::ReadMainBounds(settings);
+}
+
+} // namespace
+
+TEST(WindowBoundsTest, MissingAndUselessSettingsTakeTheirDefaults)
+{
+    MemorySettings none;
+    EXPECT_EQ(app::ReadMainBounds(none), QRect(67, 67, 433, 433));
+    EXPECT_EQ(read("150", "3000"), QRect(10, 67, 200, 433));
+    EXPECT_EQ(read("here", "3000"), QRect(67, 67, 200, 433));
+    EXPECT_EQ(read("", "nan"), QRect(67, 67, 433, 433));
+    EXPECT_EQ(read("-1e30", "150"), QRect(-66667, 67, 10, 433)) << "kept within numbers";
+}
+
+TEST(WindowBoundsTest, WhatIsWrittenIsReadBack)
+{
+    MemorySettings settings;
+    const QRect bounds(-120, 33, 777, 555);
+    app::WriteMainBounds(settings, bounds);
+    EXPECT_EQ(settings.values["MainWidth"], "11655");
+    EXPECT_EQ(app::ReadMainBounds(settings), bounds);
+}
+
+TEST(WindowBoundsTest, WindowsComeBackOntoAScreen)
+{
+    const QList<QRect> screens = {QRect(0, 0, 1280, 770), QRect(1280, 0, 800, 600)};
+    const struct
+    {
+        const char *name;
+        QRect bounds, expected;
+    } rows[] = {
+        {"inside", {100, 100, 500, 400}, {100, 100, 500, 400}},
+        {"partly outside, title in reach", {1100, 500, 500, 400}, {1100, 500, 500, 400}},
+        {"left of all", {-3000, 100, 500, 400}, {0, 100, 500, 400}},
+        {"below", {100, 5000, 500, 400}, {100, 370, 500, 400}},
+        {"title above the top", {100, -200, 500, 400}, {100, 0, 500, 400}},
+        {"beyond the second screen", {5000, 50, 500, 400}, {1580, 50, 500, 400}},
+        {"larger than its screen", {0, 0, 3000, 3000}, {0, 0, 1280, 770}},
+        {"no size", {100, 100, 0, -5}, {100, 100, 1, 1}},
+    };
+    for (const auto &row : rows)
+        EXPECT_EQ(app::FitToScreens(row.bounds, screens), row.expected) << row.name;
+    EXPECT_EQ(app::FitToScreens(QRect(9, 9, 9, 9), {}), QRect(9, 9, 9, 9));
+}

@@ -1,0 +1,415 @@
+// SPDX-License-Identifier: MIT
+#include "document/frmDocument.h"
+
+#include "GuiTest.h"
+#include "document/ListView.h"
+
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <filesystem>
+
+using document::ListView;
+using host::DialogAnswer;
+
+namespace {
+
+class frmDocumentTest : public GuiTest
+{
+protected:
+    ListView &list() { return Find<ListView>(*Active(), "lvConsists"); }
+    ListView &train() { return Find<ListView>(*Active(), "lvConsist"); }
+    ListView &stock() { return Find<ListView>(*Active(), "lvStock"); }
+    QAbstractButton &button(const char *name) { return Find<QAbstractButton>(*Active(), name); }
+    /// The shapes of the train as the list shows them, "*" after flipped ones, and "<" behind the
+    /// selected one.
+    std::string shown()
+    {
+        std::string text;
+        for (int row = 0; row < train().model()->rowCount(); ++row) {
+            const auto column = [&](int at) {
+                return train().model()->index(row, at).data().toString().toStdString();
+            };
+            text += (row ? " " : "") + column(2) + (column(0).ends_with("*") ? "*" : "") +
+                    (train().SelectedRow() == row ? "<" : "");
+        }
+        return text;
+    }
+    bool savable() { return button("cmdAction1").isEnabled() && button("cmdAction2").isEnabled(); }
+};
+
+const std::string kLost =
+    "Consist has changed.  All changes will be lost if you do not save it.  Do you want to save it "
+    "before closing";
+
+} // namespace
+
+TEST_F(frmDocumentTest, FilterLimitsTheListAndShowsInItsCaption)
+{
+    Start();
+    dialogs.AnswerInput("gp");
+    Trigger("mnuViewFilter");
+    EXPECT_EQ(RowsOf(list()), "GP38 Local");
+    EXPECT_EQ(Active()->Caption(), "Consist List 1 (Filtered on gp)");
+    EXPECT_EQ(dialogs.TakeLog(),
+              "input|Filter Consist List|Enter a filter string for consists:|\n");
+    dialogs.AnswerInput("*");
+    Trigger("mnuViewFilter");
+    EXPECT_EQ(Active()->Caption(), "Consist List 1");
+    EXPECT_EQ(list().model()->rowCount(), 3);
+}
+
+TEST_F(frmDocumentTest, EnterOpensEverySelectedConsistInListOrder)
+{
+    Start();
+    list().selectAll();
+    QTest::keyClick(&list(), Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(Status(), "3D views are not available in this version yet.");
+    EXPECT_EQ(window->Documents().size(), 1u);
+    QTest::keyClick(&list(), Qt::Key_Enter, Qt::KeypadModifier);
+    ASSERT_EQ(window->Documents().size(), 4u);
+    EXPECT_EQ(window->Documents()[1]->Caption(), "Consist - Coal");
+    EXPECT_EQ(window->Documents()[3]->Caption(), "Consist - GP38 Local");
+    EXPECT_EQ(window->Documents()[3]->SelectedItem(), "");
+}
+
+TEST_F(frmDocumentTest, EditCommandAndDoubleClickOpenTheSelectedConsist)
+{
+    Start();
+    Trigger("mnuConsistEdit");
+    EXPECT_EQ(dialogs.TakeLog(), "critical|Edit|Nothing selected!\n");
+    list().SelectRow(1);
+    Trigger("mnuConsistEdit");
+    EXPECT_EQ(Active()->FileName(),
+              host::path::Join(game.Path(), "Trains/Consists/Freight North.con"));
+    window->Documents().front()->setFocus();
+    frmDocument &first = *window->Documents().front();
+    auto &names = Find<ListView>(first, "lvConsists");
+    const QPoint at = names.visualRect(names.model()->index(2, 0)).center();
+    QTest::mouseClick(names.viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(names.viewport(), Qt::LeftButton, {}, at);
+    EXPECT_EQ(Active()->Caption(), "Consist - GP38 Local");
+}
+
+TEST_F(frmDocumentTest, RightButtonPopsUpTheMenuOfTheList)
+{
+    Start();
+    const auto popsUp = [this](ListView &where, const char *name) {
+        auto &menu = Find<QMenu>(*window->menuBar(), name);
+        QTest::mousePress(where.viewport(), Qt::RightButton);
+        EXPECT_FALSE(menu.isVisible()) << "not before the button is released";
+        QTest::mouseRelease(where.viewport(), Qt::RightButton);
+        EXPECT_TRUE(menu.isVisible()) << name;
+        menu.close();
+    };
+    popsUp(list(), "mnuConsist");
+    OpenEditor("Coal");
+    popsUp(train(), "mnuStock");
+    popsUp(stock(), "mnuStock");
+}
+
+TEST_F(frmDocumentTest, AnEditorShowsConsistAndStock)
+{
+    Start();
+    OpenEditor("Coal");
+    EXPECT_EQ(shown(), "box hopper");
+    EXPECT_EQ(RowsOf(stock()), "Wagon/Boxcars/box Wagon/Boxcars/hopper Engine/GP38 Pack/gp38a "
+                               "Engine/GP38 Pack/gp38b Wagon/Tankers/Oil");
+    const struct
+    {
+        const char *box, *text;
+    } boxes[] = {{"txtMaxVelocity0", "26.82240"},
+                 {"txtMaxVelocity1", "1.00000"},
+                 {"txtDurability", "0.50000"}};
+    for (const auto &row : boxes) {
+        EXPECT_EQ(Find<QLineEdit>(*Active(), row.box).text().toStdString(), row.text);
+        EXPECT_TRUE(Find<QLineEdit>(*Active(), row.box).isReadOnly()) << row.box;
+    }
+    EXPECT_FALSE(savable());
+    EXPECT_FALSE(button("cmdAction3").isEnabled());
+    EXPECT_NE(button("cmdAction4").toolTip().indexOf(QStringLiteral("Not available")), -1);
+    for (const QWidget *control : Active()->findChildren<QWidget *>())
+        if (control->objectName().startsWith(QStringLiteral("cmd")) ||
+            control->objectName().startsWith(QStringLiteral("lvS")))
+            EXPECT_FALSE(control->accessibleName().isEmpty())
+                << control->objectName().toStdString();
+}
+
+TEST_F(frmDocumentTest, ButtonsAndKeysEditTheTrain)
+{
+    Start();
+    OpenEditor("GP38 Local");
+    EXPECT_EQ(shown(), "box hopper Oil");
+    train().SelectRow(0);
+    stock().SelectRow(3);
+    const struct
+    {
+        const char *name;
+        std::function<void()> act;
+        const char *shown;
+    } steps[] = {
+        {"forwards at the front", [&] { button("cmdMove3").click(); }, "box< hopper Oil"},
+        {"backwards", [&] { button("cmdMove4").click(); }, "hopper box< Oil"},
+        {"forwards", [&] { button("cmdMove3").click(); }, "box< hopper Oil"},
+        {"flip", [&] { button("cmdMove5").click(); }, "box* hopper Oil"},
+        {"insert key", [&] { QTest::keyClick(&stock(), Qt::Key_Insert); },
+         "box* hopper Oil gp38b<"},
+        {"add", [&] { button("cmdMove0").click(); }, "box* hopper Oil gp38b gp38b<"},
+        {"delete key", [&] { QTest::keyClick(&train(), Qt::Key_Delete); },
+         "box* hopper Oil gp38b<"},
+        {"control and delete",
+         [&] { QTest::keyClick(&train(), Qt::Key_Delete, Qt::ControlModifier); },
+         "box* hopper Oil<"},
+        {"shift, control and delete",
+         [&] {
+             QTest::keyClick(&train(), Qt::Key_Delete, Qt::ShiftModifier | Qt::ControlModifier);
+         },
+         "box* hopper<"},
+        {"shift and delete", [&] { QTest::keyClick(&train(), Qt::Key_Delete, Qt::ShiftModifier); },
+         ""},
+        {"remove from nothing", [&] { button("cmdMove1").click(); }, ""},
+    };
+    for (const auto &step : steps) {
+        step.act();
+        EXPECT_EQ(shown(), step.shown) << step.name;
+        EXPECT_TRUE(savable()) << step.name;
+    }
+    EXPECT_EQ(Active()->Caption(), "Consist - GP38 Local");
+    EXPECT_EQ(dialogs.Log(), "");
+    EXPECT_EQ(ShapesIn(ConsistFile("GP38 Local")), "box hopper Oil") << "the file is as it was";
+    Active()->AllowUnload();
+}
+
+TEST_F(frmDocumentTest, TheSelectedItemIsThatOfTheListLastEntered)
+{
+    Start();
+    frmDocument &editor = OpenEditor("Coal");
+    train().SelectRow(1);
+    stock().SelectRow(2);
+    stock().setFocus();
+    const auto path = [this](const char *below) {
+        return host::path::Normalise(game.At(std::string("Trains/Trainset/") + below));
+    };
+    EXPECT_EQ(host::path::Normalise(editor.SelectedItem()), path("GP38 Pack/gp38a.eng"));
+    train().setFocus();
+    EXPECT_EQ(host::path::Normalise(editor.SelectedItem()), path("Boxcars/hopper.wag"));
+    train().SelectRow(-1);
+    EXPECT_EQ(editor.SelectedItem(), "");
+}
+
+TEST_F(frmDocumentTest, ApplySavesAndOkSavesAndCloses)
+{
+    Start();
+    OpenEditor("Coal");
+    train().SelectRow(0);
+    button("cmdMove1").click();
+    button("cmdAction1").click();
+    const std::string saved = "information|Save Consist|" + ConsistFile("Coal") + " saved\n";
+    EXPECT_EQ(dialogs.TakeLog(), saved);
+    EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "hopper");
+    EXPECT_FALSE(savable());
+    stock().SelectRow(4);
+    button("cmdMove0").click();
+    button("cmdAction2").click();
+    EXPECT_EQ(dialogs.TakeLog(), saved);
+    EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "hopper Oil");
+    EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
+}
+
+TEST_F(frmDocumentTest, AFailedSaveIsToldAndLosesNothing)
+{
+    Start();
+    OpenEditor("Coal");
+    button("cmdMove5").click();
+    namespace fs = std::filesystem;
+    fs::permissions(ConsistFile("Coal"), fs::perms::owner_read);
+    button("cmdAction2").click();
+    const std::string log = dialogs.TakeLog();
+    EXPECT_EQ(log.rfind("critical|Save Consist|Permission denied: " + ConsistFile("Coal"), 0), 0u)
+        << log;
+    EXPECT_TRUE(Active()->Changed());
+    EXPECT_EQ(Active()->FileName(), ConsistFile("Coal"));
+    EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "box hopper");
+}
+
+TEST_F(frmDocumentTest, CloseAsksTheRightQuestionOnEveryRoad)
+{
+    struct Road
+    {
+        const char *name;
+        std::function<void()> close;
+        std::string question;
+    };
+    Start();
+    const Road roads[] = {
+        {"button", [&] { button("cmdAction0").click(); },
+         "question|Cancel|" + kLost + " the consist?\n"},
+        {"menu", [&] { Trigger("mnuFileClose"); }, "question|Close|" + kLost + "?\n"},
+        {"window", [&] { Active()->close(); }, "question|Close|" + kLost + "?\n"},
+    };
+    for (const Road &road : roads) {
+        SCOPED_TRACE(road.name);
+        WriteConsist("Coal", {"box", "hopper"});
+        files.Refresh();
+        OpenEditor("Coal");
+        train().SelectRow(0);
+        button("cmdMove1").click();
+
+        dialogs.Answer(DialogAnswer::Cancel);
+        road.close();
+        EXPECT_EQ(dialogs.TakeLog(), road.question);
+        ASSERT_EQ(window->Documents().size(), 2u);
+
+        dialogs.Answer(DialogAnswer::Yes);    // save it
+        dialogs.Answer(DialogAnswer::Cancel); // but do not overwrite
+        road.close();
+        EXPECT_NE(dialogs.TakeLog().find("cancelled by user!"), std::string::npos);
+        ASSERT_EQ(window->Documents().size(), 2u) << "what was not saved stays open";
+        EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "box hopper");
+
+        dialogs.Answer(DialogAnswer::Yes);
+        dialogs.Answer(DialogAnswer::Yes);
+        road.close();
+        EXPECT_EQ(dialogs.TakeLog(),
+                  road.question + "question|Save Consist|" + ConsistFile("Coal") +
+                      " already exists.  Do you want to overwrite it?\n" +
+                      "information|Save Consist|" + ConsistFile("Coal") + " saved\n");
+        EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
+        EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "hopper");
+
+        OpenEditor("Coal");
+        button("cmdMove5").click();
+        dialogs.Answer(DialogAnswer::No);
+        road.close();
+        EXPECT_EQ(dialogs.TakeLog(), road.question) << "asked once";
+        EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
+        EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "hopper");
+    }
+}
+
+TEST_F(frmDocumentTest, AnUnchangedConsistClosesWithoutAQuestion)
+{
+    Start();
+    OpenEditor("Coal");
+    button("cmdAction0").click();
+    EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
+    EXPECT_EQ(dialogs.Log(), "");
+}
+
+TEST_F(frmDocumentTest, ANewConsistGetsItsNameBySaveAs)
+{
+    Start();
+    Trigger("mnuFileNewConsist");
+    ASSERT_TRUE(Wait([this] { return stock().model()->rowCount() == 5; }));
+    EXPECT_TRUE(savable());
+    stock().SelectRow(0);
+    QTest::keyClick(&stock(), Qt::Key_Insert);
+    button("cmdAction1").click();
+    EXPECT_EQ(Status(), "This consist has no file name yet: choose File > Save As.");
+    EXPECT_TRUE(savable());
+    button("cmdAction2").click();
+    EXPECT_EQ(dialogs.TakeLog(), "question|Close|" + kLost + "?\n") << "cancelled by the script";
+    ASSERT_EQ(window->Documents().size(), 2u);
+
+    dialogs.AnswerFile("*.con");
+    Trigger("mnuFileSaveAs");
+    EXPECT_EQ(dialogs.TakeLog(), "save|Save Consist As|*.con\n");
+    EXPECT_EQ(Active()->FileName(), "");
+    dialogs.AnswerFile(ConsistFile("My Train"));
+    Trigger("mnuFileSaveAs");
+    EXPECT_EQ(Active()->Caption(), "Consist - " + ConsistFile("My Train"));
+    EXPECT_EQ(ShapesIn(ConsistFile("My Train")), "box");
+    EXPECT_FALSE(savable());
+}
+
+TEST_F(frmDocumentTest, GivingUpSaveAsKeepsTheName)
+{
+    Start();
+    frmDocument &editor = OpenEditor("Coal");
+    Trigger("mnuFileSaveAs");
+    EXPECT_EQ(editor.FileName(), ConsistFile("Coal"));
+    dialogs.AnswerFile(ConsistFile("Copy"));
+    Trigger("mnuFileSaveAs");
+    EXPECT_EQ(editor.FileName(), ConsistFile("Copy"));
+    EXPECT_EQ(ShapesIn(ConsistFile("Copy")), "box hopper");
+    EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "box hopper");
+}
+
+TEST_F(frmDocumentTest, TwoEditorsOnOneFileAreIndependent)
+{
+    Start();
+    frmDocument &first = OpenEditor("Coal");
+    frmDocument &second = OpenEditor("Coal");
+    ASSERT_NE(&first, &second);
+    train().SelectRow(0);
+    button("cmdMove1").click();
+    EXPECT_EQ(shown(), "hopper<");
+    EXPECT_FALSE(first.Changed());
+    EXPECT_EQ(Find<ListView>(first, "lvConsist").model()->rowCount(), 2);
+    button("cmdAction1").click();
+    first.LoadForm();
+    EXPECT_EQ(Find<ListView>(first, "lvConsist").model()->rowCount(), 1);
+}
+
+TEST_F(frmDocumentTest, SaveAllSavesEveryEditor)
+{
+    Start();
+    for (const char *name : {"Coal", "Freight North"}) {
+        OpenEditor(name);
+        train().SelectRow(0);
+        button("cmdMove1").click();
+    }
+    dialogs.Answer(DialogAnswer::Yes);
+    dialogs.Answer(DialogAnswer::Ok);
+    dialogs.Answer(DialogAnswer::Yes);
+    Trigger("mnuFileSaveAll");
+    EXPECT_EQ(ShapesIn(ConsistFile("Coal")) + "|" + ShapesIn(ConsistFile("Freight North")),
+              "hopper|");
+    EXPECT_EQ(Active()->FileName(), ConsistFile("Freight North"));
+}
+
+TEST_F(frmDocumentTest, RefreshReadsTheFileAgainAndSaysWhatItDropped)
+{
+    Start();
+    OpenEditor("Coal");
+    button("cmdMove2").click();
+    EXPECT_EQ(shown(), "");
+    WriteConsist("Coal", {"hopper"});
+    Trigger("mnuViewRefresh");
+    EXPECT_EQ(shown(), "hopper");
+    EXPECT_FALSE(savable());
+    EXPECT_EQ(Status(), ConsistFile("Coal") + " was read again; unsaved changes were dropped.");
+    EXPECT_EQ(stock().model()->rowCount(), 5) << "the stock list is not built again";
+}
+
+TEST_F(frmDocumentTest, AnInstallationThatVanishesLeavesEmptyLists)
+{
+    Start();
+    frmDocument &editor = OpenEditor("Coal");
+    button("cmdMove5").click();
+    std::filesystem::remove_all(game.At("Trains"));
+    editor.ReloadAllStock();
+    EXPECT_TRUE(Wait([this] { return Status().find("loaded: 0 items") != std::string::npos; }));
+    button("cmdAction1").click();
+    EXPECT_NE(dialogs.TakeLog().find(ConsistFile("Coal")), std::string::npos);
+    EXPECT_TRUE(editor.Changed());
+    window->Documents().front()->LoadForm();
+    EXPECT_EQ(Find<ListView>(*window->Documents().front(), "lvConsists").model()->rowCount(), 0);
+}
+
+TEST_F(frmDocumentTest, DraggingStockIsLogged)
+{
+    Start();
+    OpenEditor("Coal");
+    const QPoint at = stock().visualRect(stock().model()->index(2, 0)).center();
+    QTest::mousePress(stock().viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseRelease(stock().viewport(), Qt::LeftButton, {}, at + QPoint(0, -30));
+    const std::string log = home.Folder().Read(".local/state/zelk/zelk.log");
+    EXPECT_NE(log.find(" Loading installed stock list...\n"), std::string::npos) << log;
+    EXPECT_NE(log.find(" Done\n"), std::string::npos) << log;
+    EXPECT_NE(log.find(" Dragging Engine\n"), std::string::npos) << log;
+    EXPECT_NE(log.find(" Dragged Engine\n"), std::string::npos) << log;
+    EXPECT_EQ(shown(), "box hopper") << "dragging adds nothing";
+}

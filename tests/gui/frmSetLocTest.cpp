@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "install/frmSetLoc.h"
+
+#include "GuiTest.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QFileSystemModel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTreeView>
+
+namespace {
+
+class frmSetLocTest : public GuiTest
+{
+protected:
+    frmSetLocTest()
+        : m_registry("ZELK_REGISTRY",
+                     home.Folder().Write(
+                         "registry.ini",
+                         "[SOFTWARE\\Microsoft\\Microsoft Games\\Train Simulator\\1.0]\nPath=" +
+                             game.Path() + "\n"))
+    {
+        other.Write("Trains/Consists/Else.con", "x");
+    }
+    /// Opens the dialog from the menu and lets `act` use it.
+    void choose(const std::function<void(frmSetLoc &)> &act)
+    {
+        OnNextDialog([&act](QDialog &dialog) { act(dynamic_cast<frmSetLoc &>(dialog)); });
+        Trigger("mnuFileSetMSTSLoc");
+    }
+    std::string listed() { return RowsOf(Find<QAbstractItemView>(*Active(), "lvConsists")); }
+
+    support::TempFolder other;
+    support::ScopedVariable m_registry;
+};
+
+} // namespace
+
+TEST_F(frmSetLocTest, ATypedFolderIsTakenAndTheListsFollow)
+{
+    Start();
+    choose([this](frmSetLoc &dialog) {
+        EXPECT_EQ(dialog.txtLocation->text().toStdString(), game.Path());
+        dialog.txtLocation->setText(QString::fromStdString(other.Path()));
+        dialog.OKButton->click();
+    });
+    EXPECT_EQ(listed(), "Else");
+    EXPECT_EQ(window->Installation().Override(), other.Path());
+    window->close();
+    EXPECT_EQ(settings.values["MSTSDir"], other.Path());
+}
+
+TEST_F(frmSetLocTest, CancelChangesNothing)
+{
+    Start();
+    choose([this](frmSetLoc &dialog) {
+        dialog.SetLocation(other.Path());
+        dialog.CancelButton->click();
+    });
+    EXPECT_EQ(listed(), "Coal Freight North GP38 Local");
+}
+
+TEST_F(frmSetLocTest, TheRegisteredFolderClearsTheChoice)
+{
+    settings.values["MSTSDir"] = other.Path();
+    Start();
+    EXPECT_EQ(listed(), "Else");
+    choose([](frmSetLoc &dialog) {
+        dialog.cmdSetDefault->click();
+        dialog.OKButton->click();
+        EXPECT_EQ(dialog.Location, "$MSTS");
+    });
+    EXPECT_EQ(window->Installation().Override(), "");
+    EXPECT_EQ(listed(), "Coal Freight North GP38 Local");
+}
+
+TEST_F(frmSetLocTest, TheTreeShowsTheFolderAndFillsTheBox)
+{
+    frmSetLoc dialog(files);
+    EXPECT_TRUE(dialog.Cancelled);
+    dialog.SetLocation(game.Path());
+    const auto &model = dynamic_cast<QFileSystemModel &>(*dialog.dirLocation->model());
+    EXPECT_EQ(model.filePath(dialog.dirLocation->currentIndex()).toStdString(), game.Path());
+    dialog.dirLocation->setCurrentIndex(model.index(QString::fromStdString(other.Path())));
+    EXPECT_EQ(dialog.txtLocation->text().toStdString(), other.Path());
+    dialog.SetLocation("/no such folder");
+    EXPECT_EQ(dialog.txtLocation->text(), QStringLiteral("/no such folder"));
+    ASSERT_GE(dialog.drvLocation->count(), 1);
+    EXPECT_EQ(dialog.drvLocation->itemData(0).toString(), QStringLiteral("/"));
+}

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "app/Colours.h"
+
+#include <QApplication>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// No test may leave a window on the screen for the next one.
+class NoWindowLeft : public testing::EmptyTestEventListener
+{
+    void OnTestEnd(const testing::TestInfo &) override
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+        for (const QWidget *window : QApplication::topLevelWidgets())
+            if (window->isVisible())
+                ADD_FAILURE() << "left on the screen: " << window->metaObject()->className() << " "
+                              << window->windowTitle().toStdString();
+    }
+};
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    if (GTEST_FLAG_GET(list_tests))
+        return RUN_ALL_TESTS();
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    app::DressApplication(application);
+    testing::UnitTest::GetInstance()->listeners().Append(new NoWindowLeft);
+    return RUN_ALL_TESTS();
+}

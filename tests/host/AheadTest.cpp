@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "host/Ahead.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <memory>
+#include <semaphore>
+
+namespace {
+
+struct Shape
+{
+    const char *name;
+    std::size_t count, workers, window;
+};
+
+std::ostream &operator<<(std::ostream &out, const Shape &shape)
+{
+    return out << shape.name;
+}
+
+class AheadShapes : public testing::TestWithParam<Shape>
+{
+};
+
+TEST_P(AheadShapes, HandsResultsOverInOrder)
+{
+    const Shape &shape = GetParam();
+    host::Ahead<std::size_t> ahead(
+        shape.count, [](std::size_t i) { return i * i; }, shape.workers, shape.window);
+    for (std::size_t i = 0; i < shape.count; ++i) {
+        EXPECT_FALSE(ahead.Done());
+        EXPECT_EQ(ahead.Taken(), i);
+        EXPECT_EQ(ahead.Take(), i * i);
+    }
+    EXPECT_TRUE(ahead.Done());
+    EXPECT_EQ(ahead.Take(), std::nullopt);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, AheadShapes,
+    testing::Values(Shape{"none", 0, 4, 16}, Shape{"one worker", 500, 1, 16},
+                    Shape{"two workers", 500, 2, 16}, Shape{"seven workers", 500, 7, 16},
+                    Shape{"window of one", 200, 7, 1}, Shape{"no window", 200, 2, 0},
+                    Shape{"no workers", 20, 0, 16}, Shape{"more workers than jobs", 2, 50, 16}));
+
+TEST(AheadTest, RunsNoFurtherAheadThanTheWindow)
+{
+    constexpr std::size_t kWindow = 3;
+    std::atomic<std::size_t> taken = 0, furthest = 0;
+    host::Ahead<int> ahead(
+        300,
+        [&](std::size_t i) {
+            const std::size_t lead = i - std::min(i, taken.load());
+            for (std::size_t seen = furthest; lead > seen;)
+                if (furthest.compare_exchange_weak(seen, lead))
+                    break;
+            return 0;
+        },
+        7, kWindow);
+    while (ahead.Take())
+        ++taken;
+    EXPECT_EQ(taken, 300u);
+    // One more than the window: Take makes room before the test counts what it took.
+    EXPECT_LE(furthest, kWindow);
+}
+
+TEST(AheadTest, TryTakeDoesNotWaitForARunningJob)
+{
+    std::binary_semaphore mayEnd(0);
+    host::Ahead<int> ahead(
+        1,
+        [&](std::size_t) {
+            mayEnd.acquire();
+            return 7;
+        },
+        1);
+    EXPECT_EQ(ahead.TryTake(), std::nullopt);
+    EXPECT_FALSE(ahead.Done());
+    mayEnd.release();
+    EXPECT_EQ(ahead.Take(), 7);
+}
+
+TEST(AheadTest, StopLetsTheRunningJobEndAndStartsNoMore)
+{
+    std::binary_semaphore started(0), mayEnd(0);
+    std::atomic<int> begun = 0, ended = 0;
+    host::Ahead<int> ahead(
+        1000,
+        [&](std::size_t i) {
+            ++begun;
+            if (i == 10) {
+                started.release();
+                mayEnd.acquire();
+            }
+            ++ended;
+            return 0;
+        },
+        1);
+    started.acquire();
+    EXPECT_TRUE(ahead.Take());
+    std::jthread stopper([&] { ahead.Stop(); });
+    while (!ahead.Done())
+        std::this_thread::yield();
+    mayEnd.release();
+    stopper.join();
+    EXPECT_EQ(begun, 11);
+    EXPECT_EQ(ended, 11);
+    EXPECT_EQ(ahead.Take(), std::nullopt);
+}
+
+TEST(AheadTest, GoesAwayWhileWorkersWaitForRoom)
+{
+    for (int round = 0; round < 50; ++round) {
+        host::Ahead<std::unique_ptr<int>> ahead(
+            1000, [](std::size_t i) { return std::make_unique<int>(static_cast<int>(i)); }, 4, 2);
+        const auto first = ahead.Take();
+        ASSERT_TRUE(first);
+        EXPECT_EQ(**first, 0);
+    }
+}
+
+} // namespace

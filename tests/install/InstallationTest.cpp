@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "install/Installation.h"
+
+#include "support/Environment.h"
+
+#include <gtest/gtest.h>
+
+using install::Installation;
+
+namespace {
+
+class InstallationTest : public testing::Test
+{
+protected:
+    void store(const std::string &text) { home.Folder().Write(".config/zelk/registry.ini", text); }
+    void registerFolder(const std::string &path)
+    {
+        store("[SOFTWARE\\Microsoft\\Microsoft Games\\Train Simulator\\1.0]\nPath=" + path + "\n");
+    }
+    /// A setup entry of the registry.
+    static std::string entry(int number, const std::string &name, const std::string &command)
+    {
+        return "[SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\ST6UNST #" +
+               std::to_string(number) + "]\nApplicationName=" + name +
+               "\nUninstallString=" + command + "\n";
+    }
+
+    support::ScopedHome home;
+};
+
+TEST_F(InstallationTest, TheOverrideGoesBeforeTheRegisteredFolder)
+{
+    Installation installation;
+    EXPECT_EQ(installation.CurrentFolder(), "");
+    registerFolder("/games/MSTS");
+    EXPECT_EQ(installation.CurrentFolder(), "/games/MSTS");
+    installation.SetLocation(" /second copy ");
+    EXPECT_EQ(installation.CurrentFolder(), " /second copy ");
+    EXPECT_EQ(installation.RegisteredFolder(), "/games/MSTS");
+    for (const char *cleared : {"", "   ", "$MSTS", "  $msts "}) {
+        installation.SetLocation("/x");
+        installation.SetLocation(cleared);
+        EXPECT_EQ(installation.Override(), "") << '"' << cleared << '"';
+        EXPECT_EQ(installation.CurrentFolder(), "/games/MSTS");
+    }
+    installation.SetLocation("$MSTS2");
+    EXPECT_EQ(installation.Override(), "$MSTS2");
+}
+
+TEST_F(InstallationTest, ChoosingTheRegisteredFolderGivesItsToken)
+{
+    registerFolder("/games/MSTS");
+    EXPECT_EQ(install::ChosenLocation("/games/MSTS"), "$MSTS");
+    EXPECT_EQ(install::ChosenLocation("/games/msts"), "/games/msts");
+    EXPECT_EQ(install::ChosenLocation(" /games/MSTS"), " /games/MSTS");
+}
+
+TEST_F(InstallationTest, PathsAreBuiltBelowTheCurrentFolder)
+{
+    Installation installation;
+    installation.SetLocation("/msts");
+    EXPECT_EQ(installation.PathOf("Trains\\Trainset"), "/msts/Trains/Trainset");
+    EXPECT_EQ(installation.PathOf("\\Routes"), "/msts/Routes");
+    EXPECT_EQ(installation.ConsistPath("Long GP9 train"),
+              "/msts/Trains/Consists/Long GP9 train.con");
+}
+
+TEST_F(InstallationTest, FindsTheShapeViewerInItsSetupEntry)
+{
+    const std::string command = R"(C:\WINDOWS\st6unst.exe -n "C:\Games\QView\ST6UNST.LOG")";
+    struct Row
+    {
+        const char *name;
+        std::string store, viewer;
+    };
+    const Row rows[] = {
+        {"none", "", ""},
+        {"first", entry(1, "QView.exe", command), R"(C:\Games\QView\QView.exe)"},
+        {"ninth", entry(1, "Other.exe", "x") + entry(9, "QView.exe", command),
+         R"(C:\Games\QView\QView.exe)"},
+        {"tenth", entry(10, "QView.exe", command), ""},
+        {"other case", entry(1, "qview.EXE", command), ""},
+        {"stops at the first", entry(2, "QView.exe", "no quotes") + entry(3, "QView.exe", command),
+         ""},
+        {"options after the path", entry(1, "QView.exe", R"(x "C:\Q\ST6UNST.LOG" /q)"),
+         R"(C:\Q\QView.exe)"},
+        {"paths of this machine", entry(1, "QView.exe", R"(x "/opt/qview/setup.log")"),
+         "/opt/qview/QView.exe"},
+        {"no folder", entry(1, "QView.exe", R"(x "setup.log")"), "QView.exe"},
+    };
+    for (const Row &row : rows) {
+        store(row.store);
+        EXPECT_EQ(install::FindShapeViewer(), row.viewer) << row.name;
+    }
+}
+
+} // namespace

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "TreeText.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
+
+using host::RuntimeError;
+
+namespace {
+
+int errorOf(const std::function<void()> &action)
+{
+    try {
+        action();
+    } catch (const RuntimeError &error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+TEST(StfNodeTest, LookupMindsLetterCaseOnlyBelowTheTop)
+{
+    MemoryFile memory("Tr_Activity ( Name ( a ) name ( b ) )");
+    const StfNode top = memory.file.FindNode("tr_activity");
+    ASSERT_TRUE(top);
+    EXPECT_EQ("a", top.Child("Name").Parameter(0));
+    EXPECT_EQ("b", top.Child("name").Parameter(0));
+    EXPECT_FALSE(top.Child("NAME"));
+    EXPECT_FALSE(memory.file.FindNode("Tr_Activit"));
+}
+
+TEST(StfNodeTest, FindChildWalksAlternativesInFileOrder)
+{
+    MemoryFile memory("T ( Name ( ) Engine ( 1 ) Wagons ( ) Wagon ( 2 ) Engine ( 3 ) )");
+    const StfNode top = memory.file.FindNode("T");
+    std::string walked;
+    std::int16_t position = 0;
+    while (top.FindChild("Engine|Wagon", position))
+        walked += std::to_string(position) + ' ';
+    EXPECT_EQ("2 4 5 ", walked);
+    EXPECT_EQ(5, position);
+    position = 0;
+    EXPECT_FALSE(top.FindChild("", position) || top.FindChild("engine|Wag", position));
+    EXPECT_EQ(0, position);
+}
+
+TEST(StfNodeTest, PositionsBeyond16BitsAreAnError)
+{
+    std::string text = "T (";
+    for (int i = 0; i < 32767; ++i)
+        text += " a ( )";
+    MemoryFile memory(text + " b ( ) )");
+    std::int16_t position = 32766;
+    EXPECT_TRUE(memory.file.FindNode("T").FindChild("a", position));
+    EXPECT_EQ(6, errorOf([&] { memory.file.FindNode("T").FindChild("b", position); }));
+}
+
+TEST(StfNodeTest, ListsAreLive)
+{
+    MemoryFile memory("T ( a ( ) b ( ) c ( ) )");
+    const StfNodes list = memory.file.FindNode("T").Children();
+    const StfNodes same = memory.file.TopNodes().Item(1).Children();
+    StfNode made = StfNode::Create();
+    list.Item(2);
+    StfNodes changed = list;
+    changed.Insert(made, 2);
+    made.SetName("new");
+    changed.Remove(1);
+    made.SetNumParameters(2);
+    made.SetParameter(1, "v");
+    EXPECT_EQ("T(new(|v) b() c())", TreeText(memory.file.Nodes()));
+    EXPECT_EQ(3, same.Count());
+    EXPECT_TRUE(same.Item(1) == made);
+}
+
+TEST(StfNodeTest, ANodeOutlivesItsFileAndItsReload)
+{
+    StfNode node;
+    {
+        MemoryFile memory("T ( a ( 1 ) )");
+        node = memory.file.FindNode("T");
+        memory.file.LoadBytes("U ( )");
+        EXPECT_EQ("U()", TreeText(memory.file.Nodes()));
+    }
+    EXPECT_EQ("a(1)", TreeText(node.Children()));
+}
+
+TEST(StfNodeTest, MisuseIsANumberedError)
+{
+    MemoryFile memory("T ( 1 a ( b ( ) ) )");
+    StfNode top = memory.file.FindNode("T");
+    const StfNode none;
+    StfNodes children = top.Children();
+    const std::pair<int, std::function<void()>> rows[] = {
+        {91, [&] { none.Name(); }},
+        {91, [&] { none.Children(); }},
+        {91, [&] { top.Child("x").Parameter(0); }},
+        {91, [&] { children.Add(none); }},
+        {9, [&] { top.Parameter(1); }},
+        {9, [&] { top.Parameter(-1); }},
+        {9, [&] { top.SetParameter(1, "x"); }},
+        {9, [&] { children.Item(0); }},
+        {9, [&] { children.Item(2); }},
+        {9, [&] { children.Remove(2); }},
+        {9, [&] { children.Insert(StfNode::Create(), 3); }},
+        {5, [&] { top.SetNumParameters(-1); }},
+        {5, [&] { top.Child("a").Child("b").Children().Add(top); }},
+    };
+    for (const auto &[number, action] : rows) {
+        SCOPED_TRACE(&number - &rows[0].first);
+        EXPECT_EQ(number, errorOf(action));
+    }
+    EXPECT_EQ("T(1 a(b()))", TreeText(memory.file.Nodes()));
+}
+
+TEST(StfNodeTest, RawSpellingAndLine)
+{
+    MemoryFile memory("T (\n a ( \"..\\common\\x.sms\" \"p\" + \"q\" w\" ) )");
+    const StfNode node = memory.file.FindNode("T").Child("a");
+    EXPECT_EQ("..commonx.sms", node.Parameter(0));
+    EXPECT_EQ("\"..\\common\\x.sms\"", node.RawParameter(0));
+    EXPECT_EQ("\"p\" + \"q\"", node.RawParameter(1));
+    EXPECT_EQ("w", node.RawParameter(2));
+    EXPECT_EQ(2, node.Line());
+    EXPECT_EQ(0, StfNode::Create().Line());
+}
+
+} // namespace

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "support/TempFolder.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace support {
+
+/// Sets an environment variable (or unsets it) until the end of the block.
+class ScopedVariable
+{
+public:
+    ScopedVariable(std::string name, const std::optional<std::string> &value);
+    ~ScopedVariable();
+    ScopedVariable(const ScopedVariable &) = delete;
+    ScopedVariable &operator=(const ScopedVariable &) = delete;
+
+private:
+    std::string m_name;
+    std::optional<std::string> m_before;
+};
+
+/// A home of its own: HOME is the folder, the XDG variables, WINEPREFIX and ZELK_REGISTRY are
+/// unset, and the machine's configuration is looked for in its "etc" alone.
+class ScopedHome
+{
+public:
+    ScopedHome();
+    const TempFolder &Folder() const { return m_folder; }
+
+private:
+    TempFolder m_folder;
+    ScopedVariable m_home, m_config, m_data, m_state, m_configDirs, m_wine, m_registry;
+};
+
+} // namespace support

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/Dialogs.h"
+
+#include <deque>
+#include <string>
+#include <utility>
+
+namespace support {
+
+/// Dialogs that answer from a script and write down what they were asked, a line each:
+/// "question|title|text", "input|title|prompt|default", "open|title|name", "save|title|name". What
+/// the script has no answer for is cancelled (a message with one button is answered Ok).
+class ScriptedDialogs : public host::Dialogs
+{
+public:
+    void Answer(host::DialogAnswer answer) { m_answers.push_back(answer); }
+    void AnswerFile(std::string file) { m_texts.push_back(std::move(file)); }
+    void AnswerInput(std::string text) { m_texts.push_back(std::move(text)); }
+
+    const std::string &Log() const { return m_log; }
+    std::string TakeLog() { return std::exchange(m_log, {}); }
+
+    host::DialogAnswer Message(const std::string &text, const std::string &title,
+                               host::DialogIcon icon, host::DialogButtons buttons) override
+    {
+        static const char *const kIcons[] = {"none", "information", "question", "critical"};
+        write(kIcons[static_cast<int>(icon)] + ('|' + title) + '|' + text);
+        if (m_answers.empty())
+            return buttons == host::DialogButtons::Ok ? host::DialogAnswer::Ok
+                                                      : host::DialogAnswer::Cancel;
+        const host::DialogAnswer answer = m_answers.front();
+        m_answers.pop_front();
+        return answer;
+    }
+    std::string Input(const std::string &prompt, const std::string &title,
+                      const std::string &defaultAnswer) override
+    {
+        write("input|" + title + '|' + prompt + '|' + defaultAnswer);
+        return nextText();
+    }
+    std::string OpenFile(const host::FileDialogRequest &request) override
+    {
+        write("open|" + request.title + '|' + request.initialName);
+        return nextText();
+    }
+    std::string SaveFile(const host::FileDialogRequest &request) override
+    {
+        write("save|" + request.title + '|' + request.initialName);
+        return nextText();
+    }
+
+private:
+    void write(const std::string &line) { m_log += line + '\n'; }
+    std::string nextText()
+    {
+        if (m_texts.empty())
+            return {};
+        std::string text = m_texts.front();
+        m_texts.pop_front();
+        return text;
+    }
+
+    std::deque<host::DialogAnswer> m_answers;
+    std::deque<std::string> m_texts;
+    std::string m_log;
+};
+
+} // namespace support

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "ZelkctlTest.h"
+
+namespace {
+
+class CommandLineTest : public ZelkctlTest
+{
+};
+
+struct Row
+{
+    const char *name;
+    std::vector<std::string> arguments;
+    std::string message;
+};
+
+TEST_F(CommandLineTest, RefusesWhatItDoesNotUnderstand)
+{
+    const Row rows[] = {
+        {"no command", {"--msts", "list"}, "A subcommand is required"},
+        {"nothing", {}, "A subcommand is required"},
+        {"unknown command", {"lists"}, "There is no command \"lists\""},
+        {"no kind", {"list"}, "what is required"},
+        {"unknown kind", {"list", "engines"}, "what: engines not in {stock,consists,routes}"},
+        {"unknown option",
+         {"tree", "x.con", "--deep"},
+         "The following argument was not expected: --deep"},
+        {"option of another command",
+         {"--json", "tree", "x.con"},
+         "The following argument was not expected: --json"},
+        {"no output file", {"resave", "x.con"}, "out is required"},
+        {"no operation", {"edit", "x.con"}, "operations is required"},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(run(row.arguments),
+                  (Outcome{2, "", "zelkctl: " + row.message + " (zelkctl --help tells more)\n"}));
+    }
+}
+
+TEST_F(CommandLineTest, RefusesMalformedOperationsBeforeItReadsTheFile)
+{
+    const std::string stock = "expected add=Engine,FOLDER,NAME or add=Wagon,FOLDER,NAME";
+    const std::string number = "expected a row number, counted from 1";
+    const Row rows[] = {
+        {"unknown", {"turn=1"}, "expected add=, remove=, clear, forwards=, backwards= or flip="},
+        {"add of two", {"add=Wagon,Box"}, stock},
+        {"add of four", {"add=Wagon,Box,a,b"}, stock},
+        {"add of another type", {"add=wagon,Box,a"}, stock},
+        {"add of no name", {"add=Wagon,Box,"}, stock},
+        {"row 0", {"flip=0"}, number},
+        {"row below 0", {"remove=-1"}, number},
+        {"no row", {"forwards"}, number},
+        {"row with a tail", {"backwards=1x"}, number},
+        {"row beyond all numbers", {"flip=99999999999999999999"}, number},
+        {"clear with a row", {"clear=1"}, "clear takes no row"},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        const std::string &operation = row.arguments.front();
+        EXPECT_EQ(
+            run({"edit", "missing.con", "flip=1", operation}),
+            (Outcome{2, "", "zelkctl: operation \"" + operation + "\": " + row.message + "\n"}));
+    }
+}
+
+TEST_F(CommandLineTest, AnswersVersionAndHelp)
+{
+    EXPECT_EQ(run({"--version"}), (Outcome{0, "zelkctl " ZELK_VERSION "\n", ""}));
+    const Outcome help = run({"--help"});
+    EXPECT_EQ(help.code, 0);
+    EXPECT_EQ(help.err, "");
+    for (const char *word : {"list", "tree", "resave", "edit", "--msts", "--version"})
+        EXPECT_NE(help.out.find(word), std::string::npos) << word;
+    for (const char *command : {"list", "tree", "resave", "edit"}) {
+        const Outcome before = run({"--help", command}), after = run({command, "--help"});
+        EXPECT_EQ(after.code, 0);
+        EXPECT_EQ(after, before);
+        EXPECT_NE(after.out, help.out) << command;
+    }
+}
+
+TEST_F(CommandLineTest, SaysWhenItsOutputCannotBeWritten)
+{
+    write("x.con", "Train ( TrainCfg ( x ) )");
+    const std::pair<Stdout, const char *> rows[] = {
+        {Stdout::Closed, "Bad file descriptor"},
+        {Stdout::FullDisk, "No space left on device"},
+        {Stdout::BrokenPipe, "Broken pipe"},
+    };
+    for (const auto &[output, reason] : rows)
+        EXPECT_EQ(m_machine.Run({"tree", "x.con"}, output),
+                  (Outcome{2, "", "zelkctl: standard output: " + std::string(reason) + "\n"}));
+}
+
+} // namespace

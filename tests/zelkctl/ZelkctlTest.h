@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "RunZelkctl.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+/// ASCII text as UTF-16LE with BOM.
+inline std::string Utf16(std::string_view ascii)
+{
+    std::string bytes = "\xff\xfe";
+    for (const char c : ascii) {
+        bytes += c;
+        bytes += '\0';
+    }
+    return bytes;
+}
+
+/// Runs zelkctl in a folder of its own, to which the tests' file names are relative.
+class ZelkctlTest : public testing::Test
+{
+protected:
+    Outcome run(const std::vector<std::string> &arguments) const
+    {
+        return m_machine.Run(arguments);
+    }
+    void write(const std::string &name, std::string_view bytes) const
+    {
+        m_folder.Write(name, bytes);
+    }
+    std::string read(const std::string &name) const { return m_folder.Read(name); }
+
+    support::TempFolder m_folder;
+    Machine m_machine{m_folder.Path()};
+};
