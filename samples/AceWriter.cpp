@@ -53,7 +53,7 @@ bool isOpaque(const Colour &colour)
 
 const Colour &pixelAt(const Picture &picture, int x, int y)
 {
-    return picture.pixels[static_cast<std::size_t>(y * picture.width + x)];
+    return picture.pixels[static_cast<std::size_t>(y) * picture.width + x];
 }
 
 Colour meanOf(const Picture &picture, int x, int y)

@@ -40,7 +40,7 @@ std::string referenced(std::string_view subject, const std::string &file, std::s
 }
 
 /// A fault of a file in the repair sidings that names files which are not there.
-Defect stockMissing(const char *file, const char *what, std::vector<std::string> dependents)
+Defect stockMissing(const char *file, const char *what, const std::vector<std::string> &dependents)
 {
     Defect defect{Check::Stock, std::string(kRepairOnDisk) + file, what};
     for (const std::string &dependent : dependents)
@@ -126,9 +126,11 @@ Defect routeShape(const std::string &route, const std::string &name, const char 
 {
     const std::string shapes = "ROUTES/" + route + "/SHAPES/";
     Defect defect{Check::Shape, shapes + name + ".s", what};
-    for (const char *folder : folders)
-        defect.report.push_back(missing(onDisk(shapes + name + ".s"),
-                                        onDisk(shapes + "../Textures/" + folder + name + ".ace")));
+    for (const char *folder : folders) {
+        std::string texture = shapes + "../Textures/";
+        texture.append(folder).append(name).append(".ace");
+        defect.report.push_back(missing(onDisk(defect.file), onDisk(texture)));
+    }
     return defect;
 }
 

@@ -210,12 +210,14 @@ void addShape(SampleFiles &files, const RouteShape &shape)
         files.push_back({inRoute(shape.route, "SHAPES/" + file + 'd'),
                          DescriptorBytes(file, shape.alternative, 8)});
     for (const char place : std::string_view(shape.pictures)) {
-        const std::string folder = place == 's' ? "Snow/" : place == 'n' ? "Night/" : "";
+        std::string path = place == 's'   ? "TEXTURES/Snow/"
+                           : place == 'n' ? "TEXTURES/Night/"
+                                          : "TEXTURES/";
+        path += image;
         const Colour base = place == 's'   ? Colour{240, 244, 250, 255}
                             : place == 'n' ? Colour{50, 45, 30, 255}
                                            : Colour{150, 130, 100, 255};
-        files.push_back(
-            {inRoute(shape.route, "TEXTURES/" + folder + image), picture(base, place == 'b')});
+        files.push_back({inRoute(shape.route, path), picture(base, place == 'b')});
     }
 }
 

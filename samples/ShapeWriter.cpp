@@ -282,7 +282,7 @@ void triangles(ShapeSink &sink, const ShapePart &part, std::uint32_t firstCorner
     sink.End();
     sink.Begin("normal_idxs");
     sink.Count(number);
-    for (std::uint32_t i = 0; i < number; ++i) {
+    for (std::size_t i = 0; i < number; ++i) {
         sink.Count(part.corners[part.indices[i * 3]].normal);
         sink.Count(3);
     }

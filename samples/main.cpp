@@ -3,7 +3,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <string>
 
@@ -16,9 +18,7 @@ std::filesystem::path pathOf(const std::string &utf8)
     return std::u8string(utf8.begin(), utf8.end());
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+int run(int argc, char **argv)
 {
     CLI::App app("Writes a sample Train Simulator installation into a folder.", "zelk-sample");
     std::string out;
@@ -33,14 +33,21 @@ int main(int argc, char **argv)
     } catch (const CLI::ParseError &error) {
         return app.exit(error) == 0 ? 0 : kCouldNotRun;
     }
+    const samples::Totals totals = samples::WriteSample(pathOf(out), options);
+    std::cout << out << ": " << totals.folders << " stock folders, " << totals.stock
+              << " engines and wagons, " << totals.consists << " consists, " << totals.files
+              << " files\n";
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
     try {
-        const samples::Totals totals = samples::WriteSample(pathOf(out), options);
-        std::cout << out << ": " << totals.folders << " stock folders, " << totals.stock
-                  << " engines and wagons, " << totals.consists << " consists, " << totals.files
-                  << " files\n";
+        return run(argc, argv);
     } catch (const std::exception &error) {
-        std::cerr << "zelk-sample: " << error.what() << '\n';
+        std::fprintf(stderr, "zelk-sample: %s\n", error.what());
         return kCouldNotRun;
     }
-    return 0;
 }

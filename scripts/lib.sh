@@ -66,6 +66,8 @@ private_folders() {
 }
 
 # Runs a command under an X server of its own.
+screen_width=1280
+screen_height=800
 with_display() {
-  xvfb-run -a -s "-screen 0 1280x800x24" "$@"
+  xvfb-run -a -s "-screen 0 ${screen_width}x${screen_height}x24" "$@"
 }

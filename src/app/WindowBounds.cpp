@@ -37,10 +37,14 @@ bool titleCanBeReached(const QRect &bounds, const QRect &screen)
     return seen.width() >= std::min(64, bounds.width()) && seen.height() >= 16;
 }
 
+/// How far the window's corner is from the screen, 0 inside it; both ways added.
 long long distance(const QRect &bounds, const QRect &screen)
 {
-    const QPoint apart = bounds.center() - screen.center();
-    return 1LL * apart.x() * apart.x() + 1LL * apart.y() * apart.y();
+    const auto outside = [](long long at, long long start, long long length) {
+        return std::max({0LL, start - at, at - (start + length - 1)});
+    };
+    return outside(bounds.x(), screen.x(), screen.width()) +
+           outside(bounds.y(), screen.y(), screen.height());
 }
 
 } // namespace

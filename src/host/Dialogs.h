@@ -6,9 +6,26 @@
 
 namespace host {
 
-enum class DialogIcon { None, Information, Question, Critical };
-enum class DialogButtons { Ok, YesNo, YesNoCancel };
-enum class DialogAnswer { Ok, Yes, No, Cancel };
+enum class DialogIcon
+{
+    None,
+    Information,
+    Question,
+    Critical
+};
+enum class DialogButtons
+{
+    Ok,
+    YesNo,
+    YesNoCancel
+};
+enum class DialogAnswer
+{
+    Ok,
+    Yes,
+    No,
+    Cancel
+};
 
 /// A file dialog: `filter` is "text|pattern|text|pattern...", the first entry is the initial one.
 struct FileDialogRequest

@@ -7,7 +7,8 @@
 namespace host {
 
 /// The numbered run-time errors that commands know how to report.
-enum class ErrorNumber {
+enum class ErrorNumber
+{
     InvalidCall = 5,
     Overflow = 6,
     SubscriptOutOfRange = 9,

@@ -25,7 +25,10 @@ class IniSettings : public SettingsStore
 {
 public:
     IniSettings();
-    explicit IniSettings(std::string file) : m_file(std::move(file)) {}
+    explicit IniSettings(std::string file)
+        : m_file(std::move(file))
+    {
+    }
     std::optional<std::string> Read(std::string_view key) override;
     void Write(std::string_view key, std::string_view value) override;
 

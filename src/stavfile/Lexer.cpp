@@ -96,6 +96,13 @@ Extent ValueExtent(std::string_view text, std::size_t at)
     return extent;
 }
 
+std::string StringFix(std::string_view text)
+{
+    const std::size_t last = text.find_last_not_of('\\');
+    const std::size_t backslashes = text.size() - (last == text.npos ? 0 : last + 1);
+    return backslashes % 2 ? "\\\"" : "\"";
+}
+
 std::string DecodedValue(std::string_view text, std::size_t at)
 {
     std::string value;
@@ -118,7 +125,7 @@ Skipped SkipBlock(std::string_view text, std::size_t at)
         if (text[at] == '"') {
             at = stringEnd(text, at);
             if (at == std::string_view::npos)
-                return {text.size(), '"' + std::string(depth, ')')};
+                return {text.size(), StringFix(text) + std::string(depth, ')')};
             continue;
         }
         depth = text[at] == '(' ? depth + 1 : depth - 1;
@@ -137,7 +144,7 @@ Skipped SkipCommentItem(std::string_view text, std::size_t wordEnd)
     if (text[at] == '(')
         return SkipBlock(text, at);
     const Extent extent = ValueExtent(text, at);
-    return {extent.end, extent.unterminated ? "\"" : ""};
+    return {extent.end, extent.unterminated ? StringFix(text) : ""};
 }
 
 namespace {
@@ -149,11 +156,12 @@ std::string movableComment(std::string_view gap, std::size_t at, std::size_t &en
     const std::size_t item = SkipBlanks(gap, end);
     const Skipped skipped = SkipCommentItem(gap, end);
     end = skipped.end;
-    const std::string_view comment = gap.substr(at, end - at);
-    const bool hasBlock = item < gap.size() && gap[item] == '(';
-    if (hasBlock || !skipped.fix.empty())
-        return std::string(comment);
-    return "comment ( " + std::string(comment) + " )";
+    const bool nothing = item == gap.size() || gap[item] == ')';
+    if ((!nothing && gap[item] == '(') || !skipped.fix.empty())
+        return std::string(gap.substr(at, end - at));
+    // A quote that ended a word would open a string in a skipped block.
+    const std::size_t last = nothing ? end : ValueExtent(gap, item).cleanEnd;
+    return "comment ( " + std::string(gap.substr(at, last - at)) + " )";
 }
 
 } // namespace

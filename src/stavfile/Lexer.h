@@ -70,6 +70,10 @@ Extent ValueExtent(std::string_view text, std::size_t at);
 /// The value there with quotes, joins and escapes worked off, still in held form.
 std::string DecodedValue(std::string_view text, std::size_t at);
 
+/// What closes a string that the text's end cut off: a quote, behind another backslash where the
+/// last one would escape it.
+std::string StringFix(std::string_view text);
+
 /// Where something that is skipped unread ends.
 struct Skipped
 {

@@ -72,7 +72,7 @@ private:
             note(m_at, "\"+\" is followed by no string and ignored");
         if (extent.unterminated) {
             note(m_at, "the string that begins here is not closed: it runs to the end of the file");
-            m_source.tailFix = "\"";
+            m_source.tailFix = lexer::StringFix(m_text);
         } else if (extent.end == m_at + 2 && extent.end < m_text.size() &&
                    lexer::ClassOf(m_text[extent.end]) == lexer::CharClass::Word) {
             note(m_at, "an empty string stands directly before a word: a doubled quote?");

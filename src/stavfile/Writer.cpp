@@ -320,7 +320,7 @@ void Writer::writeValue(const Node &node, const Value &value, bool nextAsRead)
     const lexer::Extent extent = lexer::ValueExtent(node.source->text, value.place);
     copy(*node.source, value.place, nextAsRead ? extent.end : extent.cleanEnd);
     if (extent.unterminated && !nextAsRead)
-        m_out += '"';
+        m_out += node.source->tailFix;
 }
 
 /// `fits` tells that what stands before gives the gap no other meaning than it had: a block does

@@ -99,9 +99,10 @@ TEST_F(MainMenuTest, TheWholeTree)
     Start();
     EXPECT_EQ(treeOf(window->menuBar()->actions(), ""), kTree);
     for (const QAction *action :
-         window->findChildren<QAction *>(QString(), Qt::FindDirectChildrenOnly))
-        if (!action->objectName().startsWith(QStringLiteral("mnuFileMRU")))
-            EXPECT_FALSE(action->statusTip().isEmpty()) << action->objectName().toStdString();
+         window->findChildren<QAction *>(QString(), Qt::FindDirectChildrenOnly)) {
+        const std::string name = action->objectName().toStdString();
+        EXPECT_TRUE(!action->statusTip().isEmpty() || name.starts_with("mnuFileMRU")) << name;
+    }
 }
 
 TEST_F(MainMenuTest, TheToolBarFollowsTheMenu)
@@ -158,11 +159,11 @@ TEST_F(MainMenuTest, TheWindowMenuListsTheOpenWindows)
     for (int opened = 0; opened < 2; ++opened) // opening it twice must not list twice
         Q_EMIT menu.aboutToShow();
     const QList<QAction *> items = menu.actions();
-    ASSERT_EQ(items.size(), 11);
-    EXPECT_EQ(items[9]->text(), QStringLiteral("&1 Consist List 1"));
-    EXPECT_EQ(items[10]->text(), QStringLiteral("&2 Salt && Pepper"));
-    EXPECT_FALSE(items[9]->isChecked());
-    EXPECT_TRUE(items[10]->isChecked());
-    items[9]->trigger();
+    ASSERT_EQ(items.size(), 10);
+    EXPECT_EQ(items[8]->text(), QStringLiteral("&1 Consist List 1"));
+    EXPECT_EQ(items[9]->text(), QStringLiteral("&2 Salt && Pepper"));
+    EXPECT_FALSE(items[8]->isChecked());
+    EXPECT_TRUE(items[9]->isChecked());
+    items[8]->trigger();
     EXPECT_EQ(Active()->Caption(), "Consist List 1");
 }

@@ -68,8 +68,9 @@ TEST(ProgramTest, TheProgramOpensTheConsistItIsGiven)
     })) << "no window came up";
     if (!id.empty())
         outputOf(QStringLiteral("xdotool"),
-                 {QStringLiteral("windowquit"), QString::fromStdString(id).trimmed()});
-    EXPECT_TRUE(program.waitForFinished(10000)) << "it did not end when its window was closed";
+                 {QStringLiteral("windowfocus"), QString::fromStdString(id).trimmed(),
+                  QStringLiteral("key"), QStringLiteral("ctrl+q")});
+    EXPECT_TRUE(program.waitForFinished(10000)) << "it did not end at Ctrl+Q";
     EXPECT_EQ(program.exitCode(), 0);
     program.kill();
     program.waitForFinished();

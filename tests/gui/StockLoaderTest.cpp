@@ -36,7 +36,8 @@ constexpr int kAll = kFolders * kInFolder + 5;
 
 TEST_F(StockLoaderTest, TheListFillsWhileTheWindowLives)
 {
-    StartOnly(ConsistFile("none"));
+    StartOnly();
+    window->OpenFile(ConsistFile("none"));
     EXPECT_EQ(rows(), 0) << "opening does not wait for the stock";
     bool sawBar = false;
     ASSERT_TRUE(Wait([&] {

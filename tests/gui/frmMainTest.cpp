@@ -105,6 +105,9 @@ TEST_F(frmMainTest, DroppedFilesOpen)
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(QString::fromStdString(ConsistFile("Coal"))),
                   QUrl(QStringLiteral("https://localhost/x.con"))});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(window.get(), &drop);
     EXPECT_TRUE(Wait([this] { return window->Documents().size() == 2; }));
@@ -213,8 +216,8 @@ TEST_F(frmMainTest, CommandsWithoutAWindowDoNothing)
     Start();
     window->Documents().front()->close();
     ASSERT_TRUE(Wait([this] { return window->Documents().empty(); }));
-    for (const char *name : {"mnuFileClose", "mnuFileSave", "mnuViewRefresh", "mnuConsistEdit",
-                             "mnuWindowCascade"})
+    for (const char *name :
+         {"mnuFileClose", "mnuFileSave", "mnuViewRefresh", "mnuConsistEdit", "mnuWindowCascade"})
         EXPECT_FALSE(Find<QAction>(*window, name).isEnabled()) << name;
     window->SaveDocument(false);
     for (const int code : {0, 1, 2, 3})

@@ -175,7 +175,7 @@ const char *const kOddTexts[] = {
     kConsist,
     "A(x)B(y(z)w)\"q\"C()",
     "A ( \"a\" + \"b\" + c D ( 1 ) 2 E ( 3 ) \"f\"g h\" i )",
-    "A ( B ( 1 C ( 2 \"x",
+    "A ( B ( 1 C ( 2 \"x\\",
     "A ( B ( 1 ) #x C ( 2 comment ( \" ) ",
     "A ( B ( 1 ) C ( 2 ) ) D ( 3 ) ) ) E ( 4\n",
     "Wagon ( n WagonShape lbl ( \"a.s\" ) ( ( 1 ) 2 ) Sound ( _x ) \"y\" ( 5 ) #last )",
