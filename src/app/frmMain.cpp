@@ -271,8 +271,14 @@ void frmMain::SaveDocument(bool quiet)
         [window](const std::string &name) { window->SetFileName(name); },
         [window](const std::string &caption) { window->SetCaption(caption); },
         [window](bool silent) { window->SaveForm(silent); }};
-    app::SaveConsist(target, m_services.dialogs, m_services.files,
-                     m_installation.PathOf("Trains\\Consists"), quiet);
+    app::SaveConsist(target, m_services.dialogs, m_services.files, consistFolder(), quiet);
+}
+
+/// Where file dialogs begin: the folder of the consists as the disk spells it, "" when missing.
+std::string frmMain::consistFolder() const
+{
+    const auto folder = m_services.files.FindFolder(m_installation.PathOf("Trains\\Consists"));
+    return folder ? host::path::FromDisk(*folder) : std::string();
 }
 
 void frmMain::SetStatus(const std::string &text)

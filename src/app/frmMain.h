@@ -95,6 +95,7 @@ private:
     void arrangeIcons();
     std::vector<frmDocument *> documents(bool minimised) const;
     QAction *command(const char *name) const;
+    std::string consistFolder() const;
     QMenu *menu(const char *name) const;
     document::Furnishing furnishing();
 

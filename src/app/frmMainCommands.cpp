@@ -209,8 +209,8 @@ void frmMain::newConsistList()
 
 void frmMain::openFileDialog()
 {
-    const std::string path = m_services.dialogs.OpenFile(
-        {"Open", app::kOpenFilter, "", m_installation.PathOf("Trains\\Consists")});
+    const std::string path =
+        m_services.dialogs.OpenFile({"Open", app::kOpenFilter, "", consistFolder()});
     if (!path.empty())
         OpenFile(path);
 }

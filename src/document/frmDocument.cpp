@@ -311,7 +311,7 @@ bool frmDocument::saveByHost()
 
 bool frmDocument::QueryUnload()
 {
-    if (!Changed())
+    if (m_unloadAllowed || !Changed())
         return true;
     if (m_asking)
         return false;
@@ -327,7 +327,7 @@ bool frmDocument::QueryUnload()
 
 void frmDocument::closeEvent(QCloseEvent *event)
 {
-    if (!m_unloadAllowed && !QueryUnload()) {
+    if (!QueryUnload()) {
         event->ignore();
         return;
     }

@@ -36,6 +36,11 @@ frmSetLoc::frmSetLoc(host::GameFiles &files, QWidget *parent)
     connect(drvLocation, &QComboBox::currentIndexChanged, this, &frmSetLoc::showDrive);
     connect(dirLocation->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &frmSetLoc::showChosenFolder);
+    // Folders arrive one after the other and push the chosen one down.
+    connect(m_folders, &QFileSystemModel::directoryLoaded, this, [this] {
+        if (!m_userHasChosen)
+            dirLocation->scrollTo(dirLocation->currentIndex(), QAbstractItemView::PositionAtCenter);
+    });
     connect(cmdSetDefault, &QPushButton::clicked, this,
             [this] { SetLocation(install::Installation::RegisteredFolder()); });
     connect(OKButton, &QPushButton::clicked, this, &frmSetLoc::takeLocation);
@@ -111,6 +116,7 @@ void frmSetLoc::SetLocation(const std::string &path)
         const QModelIndex index = m_folders->index(QString::fromStdString(onDisk));
         dirLocation->setCurrentIndex(index);
         dirLocation->expand(index);
+        m_userHasChosen = false;
         dirLocation->scrollTo(index, QAbstractItemView::PositionAtCenter);
     }
     txtLocation->setText(QString::fromStdString(path));
@@ -147,8 +153,10 @@ void frmSetLoc::showDrive(int index)
 
 void frmSetLoc::showChosenFolder(const QModelIndex &index)
 {
-    if (!m_settingLocation && index.isValid())
-        txtLocation->setText(QDir::toNativeSeparators(m_folders->filePath(index)));
+    if (m_settingLocation || !index.isValid())
+        return;
+    m_userHasChosen = true;
+    txtLocation->setText(QDir::toNativeSeparators(m_folders->filePath(index)));
 }
 
 void frmSetLoc::takeLocation()

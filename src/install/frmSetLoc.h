@@ -50,4 +50,5 @@ private:
     host::GameFiles &m_files;
     QFileSystemModel *m_folders;
     bool m_settingLocation = false;
+    bool m_userHasChosen = false; ///< in the tree, since the last SetLocation
 };

@@ -212,8 +212,11 @@ void Writer::writeBody(const Node &node, std::size_t begin, std::size_t end, con
     const std::size_t last = layout.parts.empty() ? begin : layout.parts.back().end;
     const bool grew = !order.empty() && order.back().child && !order.back().read && !node.IsRoot();
     std::string tail = layout.carriedToEnd + node.source->text.substr(last, end - last);
-    if (!endsAsRead(node, layout, order) && (order.empty() || !order.back().child))
+    const bool same = endsAsRead(node, layout, order);
+    if (!same && (order.empty() || !order.back().child))
         tail = lexer::MovableGap(tail);
+    if (!same && !tail.empty() && lexer::SkipBlanks(tail, 0) == 0)
+        separate();
     if (grew && inner.newLine && isBlank(tail) && tail.find('\n') == tail.npos)
         writeGap(gap); // the closing bracket stood on the same line; new lines have come between
     else
@@ -238,14 +241,14 @@ void Writer::writePart(const Node &node, const Layout &layout, const std::vector
     const Part &part = order[index];
     const bool asRead = standsAsRead(node, order, index);
     const bool behindBlock = index > 0 && order[index - 1].child;
+    const bool sameBefore =
+        asRead && !isSet(node, part) && (index == 0 || !isSet(node, order[index - 1]));
     if (part.read)
-        writeReadGap(node, layout, *part.read, bodyBegin, asRead || behindBlock);
+        writeReadGap(node, layout, *part.read, bodyBegin, sameBefore, asRead || behindBlock);
     else if (part.child)
         writeGap(gap);
     else
         m_out += ' ';
-    const bool sameBefore =
-        asRead && !isSet(node, part) && (index == 0 || !isSet(node, order[index - 1]));
     if (!sameBefore)
         separate();
     const bool isLast = index + 1 == order.size();
@@ -323,10 +326,11 @@ void Writer::writeValue(const Node &node, const Value &value, bool nextAsRead)
         m_out += node.source->tailFix;
 }
 
-/// `fits` tells that what stands before gives the gap no other meaning than it had: a block does
-/// not, and neither does what stood there in the file.
+/// `asBefore` tells that the part before is written as it stood there in the file, `fits` that what
+/// stands before gives the gap no other meaning than it had: a block does not, and neither does
+/// what stood there in the file.
 void Writer::writeReadGap(const Node &node, const Layout &layout, std::size_t part,
-                          std::size_t bodyBegin, bool fits)
+                          std::size_t bodyBegin, bool asBefore, bool fits)
 {
     const Source &source = *node.source;
     const ReadPart &read = layout.parts[part];
@@ -334,6 +338,8 @@ void Writer::writeReadGap(const Node &node, const Layout &layout, std::size_t pa
     std::string gap = read.carried + source.text.substr(begin, read.begin - begin);
     if (!fits)
         gap = lexer::MovableGap(gap);
+    if (!asBefore && !gap.empty() && lexer::SkipBlanks(gap, 0) == 0)
+        separate();
     m_out += ToWritableText(gap, source.encoding);
 }
 

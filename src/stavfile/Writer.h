@@ -62,7 +62,7 @@ private:
                    std::size_t index, std::size_t bodyBegin, const Gap &gap, bool mustClose);
     void writeValue(const Node &node, const Value &value, bool nextAsRead);
     void writeReadGap(const Node &node, const Layout &layout, std::size_t part,
-                      std::size_t bodyBegin, bool asRead);
+                      std::size_t bodyBegin, bool asBefore, bool fits);
     void writeGap(const Gap &gap);
     void writeTail(const Node &node);
     void separate();
