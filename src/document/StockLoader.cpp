@@ -35,6 +35,7 @@ void StockLoader::Start(const std::string &filter)
     m_model.Clear();
     m_scan = std::make_unique<StockScan>(m_host.Installation(), m_host.Files(), filter);
     m_sinceFlush.invalidate();
+    showProgress();
     m_timer.start(0);
 }
 
@@ -68,11 +69,16 @@ void StockLoader::flush()
 {
     m_sinceFlush.start();
     m_model.Append(std::exchange(m_found, {}));
+    showProgress();
+    Q_EMIT Progressed();
+}
+
+void StockLoader::showProgress()
+{
     const auto done = m_scan->FoldersDone(), total = m_scan->Folders();
     m_host.SetStatus("Loading installed stock list... " + std::to_string(done) + " of " +
                      std::to_string(total));
     m_host.SetProgress(static_cast<int>(done), static_cast<int>(total));
-    Q_EMIT Progressed();
 }
 
 void StockLoader::finish(bool stopped)
@@ -84,12 +90,10 @@ void StockLoader::finish(bool stopped)
     m_model.Resort();
     m_host.SetProgress(0, 0);
     const std::string items = std::to_string(m_model.rowCount()) + " items";
-    if (stopped)
-        m_host.SetStatus("Loading installed stock list stopped after " + std::to_string(done) +
-                         " of " + std::to_string(total) + " folders: " + items);
-    else
-        m_host.SetStatus("Installed stock list loaded: " + items);
-    Q_EMIT Finished(stopped);
+    Q_EMIT Finished(stopped, stopped ? "Loading installed stock list stopped after " +
+                                           std::to_string(done) + " of " + std::to_string(total) +
+                                           " folders: " + items
+                                     : "Installed stock list loaded: " + items);
 }
 
 } // namespace document

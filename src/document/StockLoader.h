@@ -30,16 +30,18 @@ public:
     /// Empties the list and starts reading; a running scan is dropped.
     void Start(const std::string &filter);
     bool Running() const { return m_scan != nullptr; }
-    /// Ends a running scan; what was found stays in the list. Finished(true) follows.
+    /// Ends a running scan; what was found stays in the list. Finished follows.
     void Stop();
 
 Q_SIGNALS:
     void Progressed();
-    void Finished(bool stopped);
+    /// `outcome` is a sentence for the status bar.
+    void Finished(bool stopped, const std::string &outcome);
 
 private:
     void slice();
     void flush();
+    void showProgress();
     void finish(bool stopped);
 
     DocumentHost &m_host;

@@ -106,12 +106,14 @@ void frmDocument::connectEditor()
     connect(m_editor->lvStock, &ListView::LeftReleased, this, &frmDocument::endDrag);
     connect(m_loader, &document::StockLoader::Progressed, this,
             [this] { m_editor->ShowStockHeading(m_filter); });
-    connect(m_loader, &document::StockLoader::Finished, this, [this](bool stopped) {
-        m_editor->ShowStockHeading(m_filter);
-        m_host.WriteLog(stopped ? "Stopped" : "Done");
-        // A list that was cut short is completed by the next refresh.
-        m_stockLoaded = !stopped;
-    });
+    connect(m_loader, &document::StockLoader::Finished, this,
+            [this](bool stopped, const std::string &outcome) {
+                m_editor->ShowStockHeading(m_filter);
+                m_host.WriteLog(stopped ? "Stopped" : "Done");
+                m_host.SetStatus(m_note.empty() ? outcome : m_note + "  " + outcome);
+                // A list that was cut short is completed by the next refresh.
+                m_stockLoaded = !stopped;
+            });
 }
 
 void frmDocument::SetCaption(const std::string &caption)
@@ -138,6 +140,7 @@ void frmDocument::loadList()
 void frmDocument::loadEditor()
 {
     const bool dropsChanges = Changed() && m_editor->isVisible();
+    m_note.clear();
     if (!m_fileName.empty() && m_host.Files().FileExists(m_fileName)) {
         try {
             m_consist.Load(m_fileName);
@@ -149,14 +152,16 @@ void frmDocument::loadEditor()
         m_editor->ShowConsist(m_consist);
         showTitle();
         if (dropsChanges)
-            m_host.SetStatus(m_fileName + " was read again; unsaved changes were dropped.");
+            m_note = m_fileName + " was read again; unsaved changes were dropped.";
     } else {
         m_consist.New();
         m_editor->ShowConsist(m_consist);
         if (!m_fileName.empty())
-            m_host.SetStatus(m_fileName + " does not exist yet: it is made when you save.");
+            m_note = m_fileName + " does not exist yet: it is made when you save.";
     }
     m_editor->ShowChanged(m_consist.Changed());
+    if (!m_note.empty())
+        m_host.SetStatus(m_note);
     loadStock();
 }
 
@@ -175,6 +180,7 @@ void frmDocument::ReloadAllStock()
     if (!m_editor)
         return;
     m_stockLoaded = false;
+    m_note.clear();
     loadStock();
 }
 

@@ -109,5 +109,6 @@ private:
     bool m_consistIsActiveList = false;
     bool m_asking = false;
     bool m_unloadAllowed = false;
+    std::string m_note; ///< about the file just loaded, for the status bar
     int m_dragRow = -1; ///< row of lvStock on which a left-button press began, -1 for none
 };

@@ -260,21 +260,22 @@ void Writer::writePart(const Node &node, const Layout &layout, const std::vector
     const bool sameBehind =
         isLast ? endsAsRead(node, layout, order)
                : standsAsRead(node, order, index + 1) && !isSet(node, order[index + 1]);
-    Value value = node.ValueAt(part.value);
-    if (!sameBefore || !sameBehind)
-        value = fitAnywhere(node, std::move(value));
-    writeValue(node, value, isLast ? !mustClose : sameBehind);
+    writeValue(node, respelled(node, part.value, sameBefore, sameBehind), sameBehind,
+               !isLast || mustClose);
 }
 
 /// A word that begins with "+" means something else behind a string, and a keyword before a block:
-/// both are quoted where they have got new neighbours.
-Value Writer::fitAnywhere(const Node &node, Value value)
+/// they are quoted where they have got such neighbours.
+Value Writer::respelled(const Node &node, std::size_t index, bool sameBefore, bool sameBehind)
 {
+    const Value value = node.ValueAt(index);
     if (!value.FromSource())
         return value;
     const Source &source = *node.source;
     const std::string_view rest = std::string_view(source.text).substr(value.place);
-    if (rest.front() != '+' && !FindKeyword(rest.substr(0, lexer::WordEnd(rest, 0))))
+    const bool joins = !sameBefore && rest.front() == '+';
+    const bool names = !sameBehind && FindKeyword(rest.substr(0, lexer::WordEnd(rest, 0)));
+    if (!joins && !names)
         return value;
     const std::string decoded = lexer::DecodedValue(source.text, value.place);
     return {Value::kSet, ToWritableText(decoded, source.encoding)};
@@ -313,7 +314,7 @@ bool Writer::isAsRead(const Node &node, const Part &part)
     return value.FromSource() || lexer::Spelling(value.text).front() == '"';
 }
 
-void Writer::writeValue(const Node &node, const Value &value, bool nextAsRead)
+void Writer::writeValue(const Node &node, const Value &value, bool sameBehind, bool mustClose)
 {
     if (!value.FromSource()) {
         const bool nothing = value.text.empty() && node.ValueCount() == 1;
@@ -321,8 +322,13 @@ void Writer::writeValue(const Node &node, const Value &value, bool nextAsRead)
         return;
     }
     const lexer::Extent extent = lexer::ValueExtent(node.source->text, value.place);
-    copy(*node.source, value.place, nextAsRead ? extent.end : extent.cleanEnd);
-    if (extent.unterminated && !nextAsRead)
+    // A stray "+" is left out, unless it keeps a following one from being taken for one.
+    const std::string_view text = node.source->text;
+    const std::size_t next = lexer::SkipBlanks(text, extent.end);
+    const bool keepsPlus = next < text.size() && text[next] == '+';
+    const bool whole = sameBehind && (!extent.strayPlus || keepsPlus);
+    copy(*node.source, value.place, whole ? extent.end : extent.cleanEnd);
+    if (extent.unterminated && mustClose)
         m_out += node.source->tailFix;
 }
 

@@ -60,7 +60,7 @@ private:
                    bool mustClose);
     void writePart(const Node &node, const Layout &layout, const std::vector<Part> &order,
                    std::size_t index, std::size_t bodyBegin, const Gap &gap, bool mustClose);
-    void writeValue(const Node &node, const Value &value, bool nextAsRead);
+    void writeValue(const Node &node, const Value &value, bool sameBehind, bool mustClose);
     void writeReadGap(const Node &node, const Layout &layout, std::size_t part,
                       std::size_t bodyBegin, bool asBefore, bool fits);
     void writeGap(const Gap &gap);
@@ -71,7 +71,7 @@ private:
     static Layout layoutOf(const Node &node);
     static bool standsAsRead(const Node &node, const std::vector<Part> &order, std::size_t index);
     static bool endsAsRead(const Node &node, const Layout &layout, const std::vector<Part> &order);
-    static Value fitAnywhere(const Node &node, Value value);
+    static Value respelled(const Node &node, std::size_t index, bool sameBefore, bool sameBehind);
     static bool isSet(const Node &node, const Part &part);
     static bool isAsRead(const Node &node, const Part &part);
     static void carryComments(const Source &source, Layout &layout, const std::vector<Part> &order,

@@ -5,8 +5,6 @@
 #include "Session.h"
 #include "document/ConsistTree.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <iterator>
 #include <memory>

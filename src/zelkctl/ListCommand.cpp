@@ -8,8 +8,6 @@
 #include "host/Text.h"
 #include "install/modTS.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <initializer_list>
 #include <memory>
@@ -82,9 +80,11 @@ void listStock(Session &session, const std::string &filter, EntryWriter &entries
     const install::Installation installation = OpenInstallation(session);
     document::StockScan scan(installation, session.files, filter);
     while (const auto items = scan.TakeFolder())
-        for (const auto &[type, folder, shape] : *items)
-            entries.Add(type + "\t" + folder + "\t" + shape,
-                        {{"type", type}, {"folder", folder}, {"shape", shape}});
+        for (const auto &[type, folder, shape] : *items) {
+            std::string line = type;
+            line.append("\t").append(folder).append("\t").append(shape);
+            entries.Add(line, {{"type", type}, {"folder", folder}, {"shape", shape}});
+        }
 }
 
 void listRoutes(Session &session, const std::string &filter, EntryWriter &entries)

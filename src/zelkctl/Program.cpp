@@ -9,8 +9,6 @@
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <csignal>
 #include <cstdio>

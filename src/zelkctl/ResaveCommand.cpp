@@ -5,8 +5,6 @@
 #include "document/ConsistTree.h"
 #include "host/RuntimeError.h"
 
-#include <CLI/CLI.hpp>
-
 #include <memory>
 
 namespace zelkctl {

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-namespace CLI {
-class App;
-}
+#include <CLI/CLI.hpp>
 
 namespace zelkctl {
 

@@ -4,8 +4,6 @@
 #include "Session.h"
 #include "stavfile/StfFile.h"
 
-#include <CLI/CLI.hpp>
-
 #include <memory>
 
 namespace zelkctl {

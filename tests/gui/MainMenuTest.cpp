@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A menu and what is in it, a line each: name, caption; "-" before what cannot be used at the
+/// A menu and what is in it, a line each: name [caption]; "-" before what cannot be used at the
 /// start, "*" before what cannot be used yet at all, ">" before what has a menu of its own.
 std::string treeOf(const QList<QAction *> &actions, const std::string &indent)
 {
@@ -24,68 +24,68 @@ std::string treeOf(const QList<QAction *> &actions, const std::string &indent)
                  : later               ? "*"
                  : action->isEnabled() ? ""
                                        : "-") +
-                action->objectName().toStdString() + " " + action->text().toStdString() + "\n";
+                action->objectName().toStdString() + " [" + action->text().toStdString() + "]\n";
         if (action->menu())
             tree += treeOf(action->menu()->actions(), indent + " ");
     }
     return tree;
 }
 
-constexpr char kTree[] = R"(>mnuFile &File
- >mnuFileNew &New
-  mnuFileNewConsist &Consist
-  mnuFileNewConsistList Consist &List Window
- mnuFileOpen &Open...
- mnuFileClose &Close
- -mnuFileSave &Save
- -mnuFileSaveAs Save &As...
- -mnuFileSaveAll Save A&ll
- *mnuFilePrint &Print...
- mnuFilePrintPreview Print Pre&view...
- *mnuFileProperties Propert&ies
- mnuFileSetMSTSLoc Set &MSTS Location...
- -mnuFileMRU0 
- -mnuFileMRU1 
- -mnuFileMRU2 
- mnuFileExit E&xit
->mnuEdit &Edit
- mnuEditUndo &Undo
- *mnuEditCut Cu&t
- *mnuEditCopy &Copy
- *mnuEditPaste &Paste
- mnuEditPasteSpecial Paste &Special...
- *mnuEditSetAssoc Set &File Association...
->mnuConsist &Consist
- mnuConsistEdit &Edit
- *mnuConsistView &View Consist
- *mnuConsistViewShape View &Shape
- *mnuConsistCheckStock &Check Stock...
- *mnuFileCheckDep Chec&k Dependencies...
->mnuStock &Stock
- *mnuStockViewShape View &Shape
- *mnuStockCheckDep Check &Dependencies...
- *mnuStockCheckAll Check &All Stock...
->mnuView &View
- mnuViewToolbar &Toolbar
- mnuViewStatusBar Status &Bar
- mnuViewRefresh &Refresh
- *mnuViewReset Reset &View
- mnuViewFilter &Filter...
- mnuViewOptions &Options...
- *mnuViewTS &MSTS
- *mnuViewTSE MSTS &Tools
- *mnuViewShapeViewer &Shape Viewer
->mnuWindow &Window
- mnuWindowNewWindow &New Window
- mnuWindowCascade &Cascade
- mnuWindowTileHorizontal Tile &Horizontal
- mnuWindowTileVertical Tile &Vertical
- mnuWindowArrangeIcons &Arrange Icons
- mnuWindowLockTiling &Lock Tiling
->mnuHelp &Help
- *mnuHelpContents &Contents
- *mnuHelpSearchForHelpOn &Search For Help On...
- *mnuHelpAbout &About 
+constexpr char kTree[] = R"(>mnuFile [&File]
+ >mnuFileNew [&New]
+  mnuFileNewConsist [&Consist]
+  mnuFileNewConsistList [Consist &List Window]
+ mnuFileOpen [&Open...]
+ mnuFileClose [&Close]
+ -mnuFileSave [&Save]
+ -mnuFileSaveAs [Save &As...]
+ -mnuFileSaveAll [Save A&ll]
+ *mnuFilePrint [&Print...]
+ mnuFilePrintPreview [Print Pre&view...]
+ *mnuFileProperties [Propert&ies]
+ mnuFileSetMSTSLoc [Set &MSTS Location...]
+ -mnuFileMRU0 []
+ -mnuFileMRU1 []
+ -mnuFileMRU2 []
+ mnuFileExit [E&xit]
+>mnuEdit [&Edit]
+ mnuEditUndo [&Undo]
+ *mnuEditCut [Cu&t]
+ *mnuEditCopy [&Copy]
+ *mnuEditPaste [&Paste]
+ mnuEditPasteSpecial [Paste &Special...]
+ *mnuEditSetAssoc [Set &File Association...]
+>mnuConsist [&Consist]
+ mnuConsistEdit [&Edit]
+ *mnuConsistView [&View Consist]
+ *mnuConsistViewShape [View &Shape]
+ *mnuConsistCheckStock [&Check Stock...]
+ *mnuFileCheckDep [Chec&k Dependencies...]
+>mnuStock [&Stock]
+ *mnuStockViewShape [View &Shape]
+ *mnuStockCheckDep [Check &Dependencies...]
+ *mnuStockCheckAll [Check &All Stock...]
+>mnuView [&View]
+ mnuViewToolbar [&Toolbar]
+ mnuViewStatusBar [Status &Bar]
+ mnuViewRefresh [&Refresh]
+ *mnuViewReset [Reset &View]
+ mnuViewFilter [&Filter...]
+ mnuViewOptions [&Options...]
+ *mnuViewTS [&MSTS]
+ *mnuViewTSE [MSTS &Tools]
+ *mnuViewShapeViewer [&Shape Viewer]
+>mnuWindow [&Window]
+ mnuWindowNewWindow [&New Window]
+ mnuWindowCascade [&Cascade]
+ mnuWindowTileHorizontal [Tile &Horizontal]
+ mnuWindowTileVertical [Tile &Vertical]
+ mnuWindowArrangeIcons [&Arrange Icons]
+ mnuWindowLockTiling [&Lock Tiling]
+>mnuHelp [&Help]
+ *mnuHelpContents [&Contents]
+ *mnuHelpSearchForHelpOn [&Search For Help On...]
+ *mnuHelpAbout [&About ]
 )";
 
 class MainMenuTest : public GuiTest

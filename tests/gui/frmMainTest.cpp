@@ -55,6 +55,7 @@ TEST_F(frmMainTest, AMissingConsistStartsANewOneOfThatName)
     EXPECT_EQ(Active()->FileName(), ConsistFile("New Train"));
     EXPECT_TRUE(Active()->Changed());
     EXPECT_TRUE(Wait([this] { return Status().find("5 items") != std::string::npos; }));
+    EXPECT_NE(Status().find("New Train.con does not exist yet"), std::string::npos) << Status();
     EXPECT_FALSE(game.Exists("Trains/Consists/New Train.con"));
 }
 

@@ -57,7 +57,8 @@ std::vector<std::string> EditCommandTest::units(const std::string &file) const
                 for (const auto &value : part["values"])
                     stock += "/" + value.get<std::string>();
         }
-        units.push_back(type + mark + " " + uid + " " + stock);
+        units.push_back(type);
+        units.back().append(mark).append(" ").append(uid).append(" ").append(stock);
     }
     return units;
 }
