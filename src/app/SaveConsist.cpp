@@ -46,6 +46,7 @@ bool SaveConsist(const SaveTarget &target, host::Dialogs &dialogs, host::GameFil
                  const std::string &consistFolder, bool quiet)
 {
     try {
+        target.checkForm(); // before an old file is deleted to make room
         const std::string name = nameToSave(target, dialogs, files, consistFolder);
         if (name.empty())
             return false;

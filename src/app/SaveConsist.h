@@ -17,6 +17,7 @@ struct SaveTarget
     std::function<std::string()> fileName;
     std::function<void(const std::string &)> setFileName;
     std::function<void(const std::string &)> setCaption;
+    std::function<void()> checkForm; ///< throws host::RuntimeError when saveForm could not succeed
     std::function<void(bool quiet)> saveForm; ///< writes the consist; throws host::RuntimeError
 };
 

@@ -270,7 +270,7 @@ void frmMain::SaveDocument(bool quiet)
         [window] { return window->FileName(); },
         [window](const std::string &name) { window->SetFileName(name); },
         [window](const std::string &caption) { window->SetCaption(caption); },
-        [window](bool silent) { window->SaveForm(silent); }};
+        [window] { window->CheckForm(); }, [window](bool silent) { window->SaveForm(silent); }};
     app::SaveConsist(target, m_services.dialogs, m_services.files, consistFolder(), quiet);
 }
 

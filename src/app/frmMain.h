@@ -120,6 +120,7 @@ private:
     void saveAll();
     void setMstsLocation();
     void editSelectedConsist();
+    bool mayDropChanges();
     void refresh();
     void filter();
     void toggleToolBar();

@@ -262,7 +262,8 @@ void frmMain::setMstsLocation()
         return;
     m_installation.SetLocation(dialog.Location);
     for (frmDocument *window : Documents())
-        window->LoadForm();
+        if (window->Mode() == kListMode)
+            window->LoadForm();
 }
 
 void frmMain::editSelectedConsist()
@@ -276,10 +277,21 @@ void frmMain::editSelectedConsist()
         m_services.dialogs.Message("Nothing selected!", "Edit", DialogIcon::Critical);
 }
 
+bool frmMain::mayDropChanges()
+{
+    return m_services.dialogs.Message("Consist has changed.  Reading it again drops all changes.  "
+                                      "Do you want to continue?",
+                                      "Refresh", DialogIcon::Question,
+                                      host::DialogButtons::YesNo) == host::DialogAnswer::Yes;
+}
+
 void frmMain::refresh()
 {
+    frmDocument *window = ActiveDocument();
+    if (window && window->Changed() && !mayDropChanges())
+        return;
     m_services.files.Refresh();
-    if (frmDocument *window = ActiveDocument())
+    if (window)
         window->LoadForm();
 }
 

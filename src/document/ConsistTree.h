@@ -77,6 +77,10 @@ public:
     /// name when there is no TrainCfg to hold the name; Changed then stays set.
     void Save(const std::string &path);
 
+    /// RuntimeError 91 with the file's name when Save could not write the name, so that nobody
+    /// deletes a file to make room for what cannot be written.
+    void CheckSavable() const { trainCfg(); }
+
     const StfFile &Document() const { return m_file; }
 
 private:

@@ -26,6 +26,12 @@ public:
     }
 };
 
+bool isNavigation(int key)
+{
+    return key == Qt::Key_Home || key == Qt::Key_End || key == Qt::Key_Up || key == Qt::Key_Down ||
+           key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+}
+
 } // namespace
 
 ListView::ListView(const char *name, const QString &title, QWidget *parent)
@@ -123,6 +129,10 @@ void ListView::keyPressEvent(QKeyEvent *event)
         break;
     default:
         QTreeView::keyPressEvent(event);
+        if (const QModelIndex current = currentIndex();
+            current.isValid() && isNavigation(event->key()) && modifiers == Qt::NoModifier &&
+            !selectionModel()->hasSelection())
+            SelectRow(current.row()); // the first row has the focus without being selected
     }
 }
 

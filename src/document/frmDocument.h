@@ -49,6 +49,8 @@ public:
     void ActionClick(int index);
     /// Editor with a file name: writes the consist, says so unless `quiet`, and marks it unchanged.
     void SaveForm(bool quiet);
+    /// Throws what SaveForm would throw for a document that cannot be written at all.
+    void CheckForm() const { m_consist.CheckSavable(); }
     /// Fills the window according to its mode; reads the file anew.
     void LoadForm();
     /// Editor: reads the installed stock anew, by the filter.

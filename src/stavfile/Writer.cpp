@@ -260,20 +260,20 @@ void Writer::writePart(const Node &node, const Layout &layout, const std::vector
     const bool sameBehind =
         isLast ? endsAsRead(node, layout, order)
                : standsAsRead(node, order, index + 1) && !isSet(node, order[index + 1]);
-    writeValue(node, respelled(node, part.value, sameBefore, sameBehind), sameBehind,
-               !isLast || mustClose);
+    writeValue(node, respelled(node, part.value, sameBehind), sameBehind, !isLast || mustClose);
 }
 
 /// A word that begins with "+" means something else behind a string, and a keyword before a block:
 /// they are quoted where they have got such neighbours.
-Value Writer::respelled(const Node &node, std::size_t index, bool sameBefore, bool sameBehind)
+Value Writer::respelled(const Node &node, std::size_t index, bool sameBehind) const
 {
     const Value value = node.ValueAt(index);
     if (!value.FromSource())
         return value;
     const Source &source = *node.source;
     const std::string_view rest = std::string_view(source.text).substr(value.place);
-    const bool joins = !sameBefore && rest.front() == '+';
+    const std::size_t before = m_out.find_last_not_of(" \t\r\n");
+    const bool joins = rest.front() == '+' && before != m_out.npos && m_out[before] == '"';
     const bool names = !sameBehind && FindKeyword(rest.substr(0, lexer::WordEnd(rest, 0)));
     if (!joins && !names)
         return value;

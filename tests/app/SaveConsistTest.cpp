@@ -2,6 +2,7 @@
 #include "app/SaveConsist.h"
 
 #include "host/GameFiles.h"
+#include "host/RuntimeError.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
 
@@ -22,6 +23,10 @@ protected:
         target.fileName = [this] { return fileName; };
         target.setFileName = [this](const std::string &name) { fileName = name; };
         target.setCaption = [this](const std::string &text) { caption = text; };
+        target.checkForm = [this] {
+            if (broken)
+                throw host::RuntimeError(host::ErrorNumber::ObjectNotSet, "no Train block");
+        };
         target.saveForm = [this](bool) { files.WriteFile(fileName, "new"); };
         return app::SaveConsist(target, dialogs, files, folder.Path(), quiet);
     }
@@ -36,6 +41,7 @@ protected:
     host::GameFiles files;
     ScriptedDialogs dialogs;
     std::string fileName, caption = "before";
+    bool broken = false;
 };
 
 TEST_F(SaveConsistTest, AFreeNameIsWrittenWithoutAQuestion)
@@ -96,6 +102,19 @@ TEST_F(SaveConsistTest, AfterNoAndACancelledDialogTheNameStaysEmpty)
     EXPECT_FALSE(save());
     EXPECT_EQ("", fileName);
     EXPECT_EQ("old", folder.Read("a.con"));
+}
+
+TEST_F(SaveConsistTest, WhatCannotBeWrittenDeletesNothing)
+{
+    folder.Write("a.con", "old");
+    fileName = at("a.con");
+    broken = true;
+    dialogs.Answer(DialogAnswer::Yes);
+    EXPECT_FALSE(save());
+    EXPECT_EQ("old", folder.Read("a.con"));
+    EXPECT_EQ("critical|Save Consist|Object variable or With block variable not set: "
+              "no Train block\n",
+              dialogs.Log());
 }
 
 TEST_F(SaveConsistTest, AFailureTellsPathAndReason)

@@ -49,7 +49,7 @@ TEST_F(StockLoaderTest, TheListFillsWhileTheWindowLives)
 TEST_F(StockLoaderTest, EscapeStopsAndKeepsWhatWasFoundUntilARefresh)
 {
     Start();
-    window->OpenFile(ConsistFile("none"));
+    window->OpenFile(ConsistFile("Coal"));
     EXPECT_TRUE(bar().isVisible());
     QTest::keyClick(window.get(), Qt::Key_Escape);
     ASSERT_TRUE(stopped()) << Status();

@@ -370,13 +370,20 @@ TEST_F(frmDocumentTest, SaveAllSavesEveryEditor)
     EXPECT_EQ(Active()->FileName(), ConsistFile("Freight North"));
 }
 
-TEST_F(frmDocumentTest, RefreshReadsTheFileAgainAndSaysWhatItDropped)
+TEST_F(frmDocumentTest, RefreshAsksBeforeItDropsChanges)
 {
     Start();
     OpenEditor("Coal");
     button("cmdMove2").click();
     EXPECT_EQ(shown(), "");
     WriteConsist("Coal", {"hopper"});
+    dialogs.Answer(DialogAnswer::No);
+    Trigger("mnuViewRefresh");
+    EXPECT_EQ(shown(), "");
+    EXPECT_EQ(dialogs.TakeLog(),
+              "question|Refresh|Consist has changed.  Reading it again drops all "
+              "changes.  Do you want to continue?\n");
+    dialogs.Answer(DialogAnswer::Yes);
     Trigger("mnuViewRefresh");
     EXPECT_EQ(shown(), "hopper");
     EXPECT_FALSE(savable());
