@@ -36,11 +36,13 @@ frmSetLoc::frmSetLoc(host::GameFiles &files, QWidget *parent)
     connect(drvLocation, &QComboBox::currentIndexChanged, this, &frmSetLoc::showDrive);
     connect(dirLocation->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &frmSetLoc::showChosenFolder);
-    // Folders arrive one after the other and push the chosen one down.
-    connect(m_folders, &QFileSystemModel::directoryLoaded, this, [this] {
-        if (!m_userHasChosen)
-            dirLocation->scrollTo(dirLocation->currentIndex(), QAbstractItemView::PositionAtCenter);
-    });
+    // Folders arrive one after the other, are sorted later, and push the chosen one down.
+    connect(m_folders, &QFileSystemModel::directoryLoaded, this, &frmSetLoc::keepChosenInView,
+            Qt::QueuedConnection);
+    connect(m_folders, &QFileSystemModel::layoutChanged, this, &frmSetLoc::keepChosenInView,
+            Qt::QueuedConnection);
+    connect(m_folders, &QFileSystemModel::rowsInserted, this, &frmSetLoc::keepChosenInView,
+            Qt::QueuedConnection);
     connect(cmdSetDefault, &QPushButton::clicked, this,
             [this] { SetLocation(install::Installation::RegisteredFolder()); });
     connect(OKButton, &QPushButton::clicked, this, &frmSetLoc::takeLocation);
@@ -69,6 +71,12 @@ void frmSetLoc::nameControls()
         entry.control->setAccessibleDescription(QString::fromLatin1(entry.name));
         entry.control->setToolTip(QString::fromLatin1(entry.toolTip));
     }
+}
+
+void frmSetLoc::keepChosenInView()
+{
+    if (!m_userHasChosen)
+        dirLocation->scrollTo(dirLocation->currentIndex(), QAbstractItemView::PositionAtCenter);
 }
 
 void frmSetLoc::arrangeControls()

@@ -40,6 +40,7 @@ public:
 
 private:
     void nameControls();
+    void keepChosenInView();
     void arrangeControls();
     void fillDrives();
     void selectDrive(const std::string &folder);

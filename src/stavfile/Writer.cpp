@@ -272,8 +272,10 @@ Value Writer::respelled(const Node &node, std::size_t index, bool sameBehind) co
         return value;
     const Source &source = *node.source;
     const std::string_view rest = std::string_view(source.text).substr(value.place);
-    const std::size_t before = m_out.find_last_not_of(" \t\r\n");
-    const bool joins = rest.front() == '+' && before != m_out.npos && m_out[before] == '"';
+    const auto before = std::find_if(m_out.rbegin(), m_out.rend(), [](char c) {
+        return lexer::ClassOf(c) != lexer::CharClass::Blank;
+    });
+    const bool joins = rest.front() == '+' && before != m_out.rend() && *before == '"';
     const bool names = !sameBehind && FindKeyword(rest.substr(0, lexer::WordEnd(rest, 0)));
     if (!joins && !names)
         return value;
