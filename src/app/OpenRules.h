@@ -7,7 +7,15 @@
 namespace app {
 
 /// What File > Open does with a path, by its extension alone.
-enum class OpenKind { Stock, Consist, Shape, Activity, World, Unsupported };
+enum class OpenKind
+{
+    Stock,
+    Consist,
+    Shape,
+    Activity,
+    World,
+    Unsupported
+};
 OpenKind KindOf(std::string_view path);
 
 /// The message for a kind that opens nothing, "" for one that does.

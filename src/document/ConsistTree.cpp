@@ -139,7 +139,7 @@ void ConsistTree::New()
 StfNode ConsistTree::trainCfg() const
 {
     const StfNode train = m_file.FindNode("Train");
-    const StfNode cfg = train ? train.Child("TrainCfg") : StfNode();
+    StfNode cfg = train ? train.Child("TrainCfg") : StfNode();
     if (!cfg)
         throw RuntimeError(ErrorNumber::ObjectNotSet,
                            m_file.FileName() + ": there is no " +

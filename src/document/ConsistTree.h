@@ -34,7 +34,15 @@ struct ConsistRow
 };
 
 /// The editing buttons, by their index.
-enum class Move { Add = 0, Remove = 1, RemoveAll = 2, Forwards = 3, Backwards = 4, Flip = 5 };
+enum class Move
+{
+    Add = 0,
+    Remove = 1,
+    RemoveAll = 2,
+    Forwards = 3,
+    Backwards = 4,
+    Flip = 5
+};
 
 /// What an edit leaves for the window to show.
 struct EditResult

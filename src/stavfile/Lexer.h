@@ -19,7 +19,7 @@ enum class CharClass : unsigned char
 };
 
 namespace detail {
-constexpr std::array<CharClass, 256> makeClasses()
+constexpr std::array<CharClass, 256> MakeClasses()
 {
     std::array<CharClass, 256> classes{};
     for (std::size_t c = 0; c < 256; ++c)
@@ -29,7 +29,7 @@ constexpr std::array<CharClass, 256> makeClasses()
                                             : CharClass::Word;
     return classes;
 }
-inline constexpr std::array kClasses = makeClasses();
+inline constexpr std::array kClasses = MakeClasses();
 } // namespace detail
 
 inline CharClass ClassOf(char c)

@@ -68,7 +68,7 @@ std::vector<std::uint32_t> Node::ChildRecords() const
     std::vector<std::uint32_t> found;
     if (!source)
         return found;
-    const std::size_t end = IsRoot() ? source->records.size() : Read()->next;
+    const std::size_t end = IsRoot() ? source->records.Size() : Read()->next;
     for (std::size_t i = IsRoot() ? 0 : record + 1; i < end; i = source->records[i].next)
         found.push_back(static_cast<std::uint32_t>(i));
     return found;

@@ -15,9 +15,9 @@ template <typename T> class PagedArray
 public:
     T &operator[](std::size_t i) { return (*m_pages[i / kPage])[i % kPage]; }
     const T &operator[](std::size_t i) const { return (*m_pages[i / kPage])[i % kPage]; }
-    std::size_t size() const { return m_size; }
+    std::size_t Size() const { return m_size; }
 
-    void push_back(const T &value)
+    void PushBack(const T &value)
     {
         if (m_size == m_pages.size() * kPage)
             m_pages.push_back(std::make_unique_for_overwrite<Page>());

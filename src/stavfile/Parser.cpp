@@ -224,9 +224,9 @@ private:
         record.begin = begin;
         record.label = label;
         record.open = static_cast<std::uint32_t>(m_at);
-        m_frames.push_back({static_cast<std::uint32_t>(m_source.records.size()), m_pending.size(),
+        m_frames.push_back({static_cast<std::uint32_t>(m_source.records.Size()), m_pending.size(),
                             keyword ? keyword->strings : 0, Last::None});
-        m_source.records.push_back(record);
+        m_source.records.PushBack(record);
     }
 
     void closeBlock()
@@ -248,11 +248,11 @@ private:
         Record &record = m_source.records[frame.record];
         record.end = static_cast<std::uint32_t>(m_at);
         record.flags = flags;
-        record.firstValue = static_cast<std::uint32_t>(m_source.values.size());
+        record.firstValue = static_cast<std::uint32_t>(m_source.values.Size());
         record.valueCount = static_cast<std::uint32_t>(m_pending.size() - frame.firstPending);
-        record.next = static_cast<std::uint32_t>(m_source.records.size());
+        record.next = static_cast<std::uint32_t>(m_source.records.Size());
         for (std::size_t i = frame.firstPending; i < m_pending.size(); ++i)
-            m_source.values.push_back(m_pending[i]);
+            m_source.values.PushBack(m_pending[i]);
         m_pending.resize(frame.firstPending);
         m_frames.pop_back();
     }

@@ -66,7 +66,7 @@ StfNode StfFile::FindNode(std::string_view name) const
 {
     const StfNodes nodes = Nodes();
     for (int place = 1; place <= nodes.Count(); ++place)
-        if (const StfNode node = nodes.Item(place); host::EqualsNoCase(node.Name(), name))
+        if (StfNode node = nodes.Item(place); host::EqualsNoCase(node.Name(), name))
             return node;
     return {};
 }

@@ -267,7 +267,7 @@ void Writer::writePart(const Node &node, const Layout &layout, const std::vector
 /// they are quoted where they have got such neighbours.
 Value Writer::respelled(const Node &node, std::size_t index, bool sameBehind) const
 {
-    const Value value = node.ValueAt(index);
+    Value value = node.ValueAt(index);
     if (!value.FromSource())
         return value;
     const Source &source = *node.source;

@@ -37,10 +37,7 @@ public:
 /// script and settings in memory.
 class GuiTest : public testing::Test
 {
-protected:
-    GuiTest();
-    ~GuiTest() override;
-
+public:
     /// Starts the program as its entry point does and waits for the window.
     frmMain &Start(const std::string &commandLine = {});
     /// The same without waiting for stock lists.
@@ -55,6 +52,10 @@ protected:
     frmDocument *Active() const { return window->ActiveDocument(); }
     void Trigger(const char *command);
     std::string Status() const;
+
+protected:
+    GuiTest();
+    ~GuiTest() override;
 
     support::ScopedHome home;
     support::TempFolder game;

@@ -26,7 +26,7 @@ struct ShownList
         list.show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&list));
     }
-    int width() const { return list.columnWidth(0) + list.columnWidth(1) + list.columnWidth(2); }
+    int Width() const { return list.columnWidth(0) + list.columnWidth(1) + list.columnWidth(2); }
 };
 
 } // namespace
@@ -34,9 +34,9 @@ struct ShownList
 TEST(ListViewTest, ColumnsFillTheWidthUntilTheUserSizesOne)
 {
     ShownList shown;
-    EXPECT_EQ(shown.width(), shown.list.viewport()->width());
+    EXPECT_EQ(shown.Width(), shown.list.viewport()->width());
     shown.list.resize(600, 200);
-    EXPECT_EQ(shown.width(), shown.list.viewport()->width());
+    EXPECT_EQ(shown.Width(), shown.list.viewport()->width());
     shown.list.header()->resizeSection(1, 77);
     shown.list.resize(500, 200);
     EXPECT_EQ(shown.list.columnWidth(1), 77);
@@ -78,6 +78,7 @@ TEST(ListViewTest, TheFirstKeySelectsTheRowThatHasTheFocus)
 TEST(ListViewTest, TenThousandNamesAreShown)
 {
     std::vector<std::string> names;
+    names.reserve(10000);
     for (int i = 0; i < 10000; ++i)
         names.push_back("Consist " + std::to_string(i));
     document::ConsistListModel model;

@@ -34,7 +34,7 @@ struct Row
     const char *what;
     const char *from; ///< the part of the text that changes
     const char *to;
-    std::function<void(StfNode cfg)> edit;
+    std::function<void(StfNode &cfg)> edit;
 };
 
 std::string replaced(std::string text, std::string_view from, std::string_view to)
@@ -65,62 +65,63 @@ void moved(StfNodes list, int from, int to)
 TEST(StfSaveTest, OnlyWhatWasChangedIsWrittenAnew)
 {
     const Row rows[] = {
-        {"nothing", "", "", [](StfNode) {}},
+        {"nothing", "", "", [](StfNode &) {}},
         {"a value set to what it is", "", "",
-         [](StfNode cfg) {
+         [](StfNode &cfg) {
              cfg.SetParameter(0, "demo freight");
              cfg.SetParameter(0, "\"demo freight\"");
          }},
         {"a bare value", "\"demo freight\"", "Freight1",
-         [](StfNode cfg) { cfg.SetParameter(0, "Freight1"); }},
+         [](StfNode &cfg) { cfg.SetParameter(0, "Freight1"); }},
         {"a value in quotes", "\"demo freight\"", "\"My \\\"x\\\"\"",
-         [](StfNode cfg) { cfg.SetParameter(0, "\"My \\\"x\\\"\""); }},
+         [](StfNode &cfg) { cfg.SetParameter(0, "\"My \\\"x\\\"\""); }},
         {"quotes that are none", "\"demo freight\"", "\"a\\\"b\"",
-         [](StfNode cfg) { cfg.SetParameter(0, "\"a\"b\""); }},
+         [](StfNode &cfg) { cfg.SetParameter(0, "\"a\"b\""); }},
         {"what must be quoted", "\"demo freight\"", "\"Wagon\" \"_a\" \"x(1)\\\\\\n\" \"\" -1.5",
-         [](StfNode cfg) {
+         [](StfNode &cfg) {
              cfg.SetNumParameters(5);
              const char *values[] = {"Wagon", "_a", "x(1)\\\n", "", "-1.5"};
              for (int i = 0; i < 5; ++i)
                  cfg.SetParameter(i, values[i]);
          }},
         {"a flag in a block of several lines", "Engine (\r\n", "Engine (\r\n\t\t\tFlip ( )\r\n",
-         [](StfNode cfg) { added(cfg.Child("Engine").Children(), 1, "Flip", {""}); }},
+         [](StfNode &cfg) { added(cfg.Child("Engine").Children(), 1, "Flip", {""}); }},
         {"a flag in a block of one line", "Wagon ( ", "Wagon ( Flip ( ) ",
-         [](StfNode cfg) { added(cfg.Child("Wagon").Children(), 1, "Flip", {""}); }},
+         [](StfNode &cfg) { added(cfg.Child("Wagon").Children(), 1, "Flip", {""}); }},
         {"a flag and back", "", "",
-         [](StfNode cfg) {
+         [](StfNode &cfg) {
              added(cfg.Child("Engine").Children(), 1, "Flip", {""});
              cfg.Child("Engine").Children().Remove(1);
          }},
         {"there and back again", "", "",
-         [](StfNode cfg) {
+         [](StfNode &cfg) {
              moved(cfg.Children(), 2, 3);
              moved(cfg.Children(), 3, 2);
          }},
         {"a new unit behind the last", "UiD ( 1 ) )",
          "UiD ( 1 ) )\r\n\t\tWagon (\r\n\t\t\tUiD ( 2 )\r\n\t\t\tWagonData ( a \"b c\" )\r\n\t\t)",
-         [](StfNode cfg) {
+         [](StfNode &cfg) {
              StfNode wagon = added(cfg.Children(), 4, "Wagon", {});
              added(wagon.Children(), 1, "UiD", {"2"});
              added(wagon.Children(), 2, "WagonData", {"a", "b c"});
          }},
         {"a block as the first child", "\"demo freight\"", "\"demo freight\"\r\n\t\tSerial ( 1 )",
-         [](StfNode cfg) { added(cfg.Children(), 1, "Serial", {"1"}); }},
+         [](StfNode &cfg) { added(cfg.Children(), 1, "Serial", {"1"}); }},
         {"a renamed block", "Engine (", "Wagon (",
-         [](StfNode cfg) { cfg.Child("Engine").SetName("Wagon"); }},
+         [](StfNode &cfg) { cfg.Child("Engine").SetName("Wagon"); }},
         {"a removed block keeps the comment before it",
          "\t\tcomment ( the engine )\r\n"
          "\t\tEngine (\r\n\t\t\tUiD ( 0 )\r\n\t\t\tEngineData ( Loco12 \"Demo Locos\" "
          ")\r\n\t\t)\r\n",
-         "\t\tcomment ( the engine )\r\n", [](StfNode cfg) { cfg.Children().Remove(2); }},
+         "\t\tcomment ( the engine )\r\n", [](StfNode &cfg) { cfg.Children().Remove(2); }},
         {"fewer values", " Loco12 \"Demo Locos\" )", " Loco12 )",
-         [](StfNode cfg) { cfg.Child("Engine").Child("EngineData").SetNumParameters(1); }},
+         [](StfNode &cfg) { cfg.Child("Engine").Child("EngineData").SetNumParameters(1); }},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
         MemoryFile memory(Utf16(kConsist));
-        row.edit(memory.file.FindNode("Train").Child("TrainCfg"));
+        StfNode cfg = memory.file.FindNode("Train").Child("TrainCfg");
+        row.edit(cfg);
         EXPECT_EQ(Utf16(replaced(kConsist, row.from, row.to)), memory.file.ToBytes());
     }
 }
@@ -182,7 +183,7 @@ const char *const kOddTexts[] = {
     "shape ( matrix M ( 1 2 ) points ( 2 point ( 1 2 ) point ( 3 4 ) ) )\n",
 };
 
-StfNode randomNode(StfNodes top, std::mt19937 &random)
+StfNode randomNode(const StfNodes &top, std::mt19937 &random)
 {
     StfNode node;
     for (StfNodes list = top; list.Count() > 0 && (!node || random() % 3); list = node.Children())
