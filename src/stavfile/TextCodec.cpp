@@ -99,6 +99,20 @@ void appendUnit(std::string &out, char32_t unit, bool bigEndian)
     out += bigEndian ? low : high;
 }
 
+/// Appends the ASCII characters from `at` on; returns the place behind them.
+std::size_t appendAsciiRun(std::string &out, std::string_view text, std::size_t at, bool bigEndian)
+{
+    std::size_t end = at;
+    while (end < text.size() && static_cast<unsigned char>(text[end]) < 0x80)
+        ++end;
+    const std::size_t old = out.size();
+    out.resize(old + 2 * (end - at));
+    char *to = out.data() + old + (bigEndian ? 1 : 0);
+    for (std::size_t i = at; i < end; ++i, to += 2)
+        *to = text[i];
+    return end;
+}
+
 std::string toUtf16(std::string_view text, bool bigEndian, bool bom)
 {
     std::string out;
@@ -106,6 +120,9 @@ std::string toUtf16(std::string_view text, bool bigEndian, bool bom)
     if (bom)
         appendUnit(out, 0xFEFF, bigEndian);
     for (std::size_t at = 0; at < text.size();) {
+        at = appendAsciiRun(out, text, at, bigEndian);
+        if (at == text.size())
+            break;
         const char32_t c = nextCodePoint(text, at);
         if (c < 0x10000) {
             appendUnit(out, c, bigEndian);
@@ -167,6 +184,14 @@ bool startsWithMark(std::string_view bytes)
 {
     const std::size_t start = bytes.find_first_not_of("\r\n");
     return start != bytes.npos && bytes.substr(start).starts_with("SIMISA@");
+}
+
+/// The mark alone may also be UTF-16 that begins with a NUL: the first character must fit, too.
+bool looksLikeUtf32(std::string_view bytes)
+{
+    using namespace std::string_view_literals;
+    return bytes.starts_with("\xFF\xFE\0\0"sv) && bytes.substr(4, 1) != "\0"sv &&
+           bytes.substr(6, 2) == "\0\0"sv;
 }
 
 bool hasUtf16Bom(std::string_view bytes)
@@ -241,10 +266,9 @@ const char *EncodingName(Encoding encoding)
 
 DecodedText Decode(std::string bytes)
 {
-    using namespace std::string_view_literals;
     const std::string_view view = bytes;
     DecodedText result;
-    if (view.starts_with("\xFF\xFE\0\0"sv) && view.find_first_not_of('\0', 2) != view.npos) {
+    if (looksLikeUtf32(view)) {
         result.isUtf32 = true;
         result.encoding = Encoding::Windows1252; // gives any bytes back
         result.text = std::move(bytes);
