@@ -188,10 +188,9 @@ frmDocument *frmMain::openWindow(const std::string &fileName, int mode, const st
 void frmMain::addWindow(frmDocument *window)
 {
     m_documents.push_back(window);
-    connect(window, &QObject::destroyed, this, [this, window] {
-        std::erase(m_documents, window);
-        updateActions();
-    });
+    connect(window, &frmDocument::Unloading, this,
+            [this, window] { std::erase(m_documents, window); });
+    connect(window, &QObject::destroyed, this, &frmMain::updateActions);
     m_area->addSubWindow(window);
     const QSize wanted = window->Mode() == kEditorMode ? QSize(660, 440) : QSize(340, 400);
     window->resize(wanted.boundedTo(areaSize()).expandedTo({320, 260}));

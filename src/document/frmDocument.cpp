@@ -43,7 +43,10 @@ frmDocument::frmDocument(document::DocumentHost &host, document::Furnishing furn
             action->setShortcuts({});
 }
 
-frmDocument::~frmDocument() = default;
+frmDocument::~frmDocument()
+{
+    Q_EMIT Unloading();
+}
 
 std::string frmDocument::SelectedItem() const
 {

@@ -75,6 +75,8 @@ public:
 
 Q_SIGNALS:
     void CaptionChanged();
+    /// The window goes: the last moment in which it may still be used.
+    void Unloading();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
