@@ -156,7 +156,10 @@ std::vector<Consist> oddlyWrittenConsists()
                     UnitOf(kForest, "fwb_abteil", true)}},
          {.encoding = Encoding::Utf8}},
         {"Cafe Car",
-         {.title = "Cafe Car", .name = "Café car", .units = cafeCar()},
+         {.title = "Cafe Car",
+          .name = "Café car",
+          .units = cafeCar(),
+          .tail = "\t\tcomment ( café à la carte )\n"},
          {.encoding = Encoding::Windows1252}},
     };
 }

@@ -178,7 +178,7 @@ QBoxLayout *ConsistEditorPane::actionRow()
         const ActionButton &button = kActionButtons[i];
         auto *command = new QPushButton(QString::fromLatin1(button.caption), this);
         QString toolTip = QString::fromLatin1(button.toolTip);
-        command->setAccessibleName(toolTip);
+        command->setAccessibleName(command->text().remove(QLatin1Char('&')));
         if (button.later)
             toolTip += QStringLiteral("\nNot available in this version yet: 3D views");
         command->setObjectName(QStringLiteral("cmdAction%1").arg(i));
