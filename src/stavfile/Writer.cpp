@@ -253,6 +253,10 @@ void Writer::writePart(const Node &node, const Layout &layout, const std::vector
         separate();
     const bool isLast = index + 1 == order.size();
     if (part.child) {
+        // Behind a string the "+" of such a name would be taken for a joint.
+        if (part.child->Read() && part.child->source->Name(*part.child->Read()).starts_with('+') &&
+            endsInQuote())
+            m_out += " comment ( ) ";
         const bool parentStaysOpen = node.IsRoot() || (node.Read()->Unclosed() && !mustClose);
         writeNode(*part.child, gap, !isLast || !parentStaysOpen);
         return;
@@ -261,6 +265,14 @@ void Writer::writePart(const Node &node, const Layout &layout, const std::vector
         isLast ? endsAsRead(node, layout, order)
                : standsAsRead(node, order, index + 1) && !isSet(node, order[index + 1]);
     writeValue(node, respelled(node, part.value, sameBehind), sameBehind, !isLast || mustClose);
+}
+
+bool Writer::endsInQuote() const
+{
+    const auto last = std::find_if(m_out.rbegin(), m_out.rend(), [](char c) {
+        return lexer::ClassOf(c) != lexer::CharClass::Blank;
+    });
+    return last != m_out.rend() && *last == '"';
 }
 
 /// A word that begins with "+" means something else behind a string, and a keyword before a block:
@@ -272,10 +284,7 @@ Value Writer::respelled(const Node &node, std::size_t index, bool sameBehind) co
         return value;
     const Source &source = *node.source;
     const std::string_view rest = std::string_view(source.text).substr(value.place);
-    const auto before = std::find_if(m_out.rbegin(), m_out.rend(), [](char c) {
-        return lexer::ClassOf(c) != lexer::CharClass::Blank;
-    });
-    const bool joins = rest.front() == '+' && before != m_out.rend() && *before == '"';
+    const bool joins = rest.front() == '+' && endsInQuote();
     const bool names = !sameBehind && FindKeyword(rest.substr(0, lexer::WordEnd(rest, 0)));
     if (!joins && !names)
         return value;
