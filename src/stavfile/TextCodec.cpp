@@ -307,8 +307,10 @@ std::string Encode(std::string_view text, Encoding encoding, bool bom, std::stri
 {
     std::string bytes = encodeAs(text, encoding, bom, oddByte);
     const bool fits = !bytes.empty() || text.empty();
-    const bool plain = encoding == Encoding::Windows1252 && bytes.size() == text.size();
-    if (fits && (plain || guess(bytes) == encoding))
+    const bool ascii = std::all_of(text.begin(), text.end(),
+                                   [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    const bool eightBit = encoding == Encoding::Windows1252 || encoding == Encoding::Utf8;
+    if (fits && ((ascii && eightBit) || guess(bytes) == encoding))
         return bytes;
     return toUtf16(text, false, true);
 }
