@@ -23,6 +23,8 @@ OpenKind KindOf(std::string_view path)
         {"act", OpenKind::Activity},
         {"w", OpenKind::World},
     }};
+    if (path.find('.') == path.npos)
+        return OpenKind::Unsupported;
     const std::string extension = host::path::Extension(path);
     for (const auto &[known, kind] : kKinds)
         if (extension == known)

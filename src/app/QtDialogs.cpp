@@ -102,8 +102,8 @@ DialogAnswer QtDialogs::Message(const std::string &text, const std::string &titl
     }
 }
 
-std::string QtDialogs::Input(const std::string &prompt, const std::string &title,
-                             const std::string &defaultAnswer)
+std::optional<std::string> QtDialogs::Input(const std::string &prompt, const std::string &title,
+                                            const std::string &defaultAnswer)
 {
     QInputDialog dialog(parentOfDialog());
     dialog.setWindowTitle(QString::fromStdString(title));
@@ -114,7 +114,7 @@ std::string QtDialogs::Input(const std::string &prompt, const std::string &title
         label->setTextFormat(Qt::PlainText);
     dialog.resize(360, dialog.sizeHint().height());
     if (dialog.exec() != QDialog::Accepted)
-        return {};
+        return std::nullopt;
     return dialog.textValue().toStdString();
 }
 

@@ -15,8 +15,8 @@ public:
     host::DialogAnswer Message(const std::string &text, const std::string &title,
                                host::DialogIcon icon,
                                host::DialogButtons buttons = host::DialogButtons::Ok) override;
-    std::string Input(const std::string &prompt, const std::string &title,
-                      const std::string &defaultAnswer) override;
+    std::optional<std::string> Input(const std::string &prompt, const std::string &title,
+                                     const std::string &defaultAnswer) override;
     std::string OpenFile(const host::FileDialogRequest &request) override;
     std::string SaveFile(const host::FileDialogRequest &request) override;
 };

@@ -20,9 +20,11 @@ constexpr Setting kLeft{"MainLeft", 1000}, kTop{"MainTop", 1000}, kWidth{"MainWi
 
 int readPixels(host::SettingsStore &settings, const Setting &setting)
 {
+    const bool isSize = setting.key == kWidth.key || setting.key == kHeight.key;
     float twips = setting.defaultTwips;
     if (const auto text = settings.Read(setting.key))
-        if (const auto number = host::ParseSingle(*text); number && std::isfinite(*number))
+        if (const auto number = host::ParseSingle(*text);
+            number && std::isfinite(*number) && (*number > 0 || !isSize))
             twips = *number;
     // Far beyond any screen; keeps the sums below within an int.
     constexpr float limit = 1000000;

@@ -288,9 +288,15 @@ bool frmMain::mayDropChanges()
 void frmMain::refresh()
 {
     frmDocument *window = ActiveDocument();
+    m_services.files.Refresh();
+    if (window && window->Mode() == kEditorMode &&
+        !m_services.files.FileExists(window->FileName())) {
+        SetStatus("There is no file to read again: the consist stays as it is.");
+        window->ReloadAllStock();
+        return;
+    }
     if (window && window->Changed() && !mayDropChanges())
         return;
-    m_services.files.Refresh();
     if (window)
         window->LoadForm();
 }
@@ -301,9 +307,12 @@ void frmMain::filter()
     if (!window)
         return;
     const bool list = window->Mode() == kListMode;
-    window->SetFilter(m_services.dialogs.Input(
+    const std::optional<std::string> answer = m_services.dialogs.Input(
         list ? "Enter a filter string for consists:" : "Enter a filter string for stock:",
-        list ? "Filter Consist List" : "Filter Stock List", window->Filter()));
+        list ? "Filter Consist List" : "Filter Stock List", window->Filter());
+    if (!answer)
+        return;
+    window->SetFilter(*answer);
     if (list)
         window->LoadForm();
     else

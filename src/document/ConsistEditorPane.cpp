@@ -157,7 +157,6 @@ QBoxLayout *ConsistEditorPane::moveColumn(const Furnishing &furnishing)
         command->setAccessibleName(toolTip);
         command->setAccessibleDescription(command->objectName());
         command->setToolTip(toolTip);
-        command->setStatusTip(toolTip);
         command->setIcon(furnishing.icon(button.icon));
         command->setIconSize({24, 24});
         command->setFixedSize(36, 34);
@@ -184,7 +183,6 @@ QBoxLayout *ConsistEditorPane::actionRow()
         command->setObjectName(QStringLiteral("cmdAction%1").arg(i));
         command->setAccessibleDescription(command->objectName());
         command->setToolTip(toolTip);
-        command->setStatusTip(QString(toolTip).replace(QLatin1Char('\n'), QStringLiteral(". ")));
         command->setEnabled(!button.later);
         command->setAutoDefault(false);
         connect(command, &QPushButton::clicked, this, [this, i] { Q_EMIT ActionPressed(i); });

@@ -139,7 +139,10 @@ void ConsistTree::New()
 StfNode ConsistTree::trainCfg() const
 {
     const StfNode train = m_file.FindNode("Train");
-    StfNode cfg = train ? train.Child("TrainCfg") : StfNode();
+    StfNode cfg = lookUp("TrainCfg");
+    if (!cfg && m_file.Form() != stavfile::Form::Text)
+        throw RuntimeError(ErrorNumber::ObjectNotSet,
+                           m_file.FileName() + ": " + m_file.Notes().front().text);
     if (!cfg)
         throw RuntimeError(ErrorNumber::ObjectNotSet,
                            m_file.FileName() + ": there is no " +
@@ -161,23 +164,31 @@ void ConsistTree::rebuildRows()
     }
 }
 
+/// TrainCfg or a child of it, or no object: for what is shown, whatever the file holds.
+StfNode ConsistTree::lookUp(std::string_view name) const
+{
+    const StfNode train = m_file.FindNode("Train");
+    StfNode cfg = train ? train.Child("TrainCfg") : StfNode();
+    return !cfg || name == "TrainCfg" ? cfg : cfg.Child(name);
+}
+
 std::string ConsistTree::Title() const
 {
     std::string title;
-    const StfNode cfg = trainCfg();
-    for (int i = 0; i < cfg.NumParameters(); ++i)
-        title += cfg.Parameter(i) + ' ';
+    if (const StfNode cfg = lookUp("TrainCfg"))
+        for (int i = 0; i < cfg.NumParameters(); ++i)
+            title += cfg.Parameter(i) + ' ';
     return std::string(host::TrimBlanks(title));
 }
 
 std::string ConsistTree::MaxVelocity(int index) const
 {
-    return valueAt(trainCfg().Child("MaxVelocity"), index);
+    return valueAt(lookUp("MaxVelocity"), index);
 }
 
 std::string ConsistTree::Durability() const
 {
-    return valueAt(trainCfg().Child("Durability"), 0);
+    return valueAt(lookUp("Durability"), 0);
 }
 
 EditResult ConsistTree::Edit(Move move, int selectedRow, const StockItem *stock)
@@ -187,6 +198,7 @@ EditResult ConsistTree::Edit(Move move, int selectedRow, const StockItem *stock)
         selectedRow = 0;
     EditResult result;
     try {
+        rebuildRows(); // what cannot be listed is not edited either
         result = perform(move, selectedRow, stock);
     } catch (const RuntimeError &error) {
         result.message = error.what();
@@ -221,6 +233,8 @@ EditResult ConsistTree::add(const StockItem &stock)
     Counter counter = counterOf(cfg, +1);
     if (!counter.message.empty())
         return {0, counter.message};
+    if (cfg.Children().Count() >= std::numeric_limits<std::int16_t>::max())
+        return {0, "Nothing was changed: the consist is full, its positions have 16 bits."};
     counter.Write(counter.value + 1);
 
     StfNode entry = modTS::AddNode(cfg.Children(), stock.type);
@@ -247,12 +261,17 @@ EditResult ConsistTree::remove(int row)
 
 EditResult ConsistTree::removeAll()
 {
-    // Looked at for the whole train first: a press changes all or nothing.
-    const Counter counter = counterOf(trainCfg(), -static_cast<int>(m_rows.size()));
-    if (!counter.message.empty())
-        return {0, counter.message};
-    while (!m_rows.empty())
-        remove(static_cast<int>(m_rows.size()));
+    // One step for the whole train: a press changes all or nothing, and long trains go at once.
+    StfNode cfg = trainCfg();
+    const int units = static_cast<int>(m_rows.size());
+    Counter counter = counterOf(cfg, -units);
+    if (units == 0 || !counter.message.empty())
+        return {0, units == 0 ? std::string() : counter.message};
+    StfNodes children = cfg.Children();
+    for (auto row = m_rows.rbegin(); row != m_rows.rend(); ++row)
+        children.Remove(row->position);
+    counter.Write(counter.value - units);
+    rebuildRows();
     return {};
 }
 

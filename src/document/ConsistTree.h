@@ -68,7 +68,7 @@ public:
     void SetChanged(bool changed) { m_changed = changed; }
 
     const std::vector<ConsistRow> &Rows() const { return m_rows; }
-    /// The values of TrainCfg joined by single blanks, trimmed.
+    /// The values of TrainCfg joined by single blanks, trimmed; "" when there is none.
     std::string Title() const;
     /// Values of MaxVelocity (index 0 and 1) and Durability as the file's text; "" when absent.
     std::string MaxVelocity(int index) const;
@@ -92,6 +92,7 @@ public:
     const StfFile &Document() const { return m_file; }
 
 private:
+    StfNode lookUp(std::string_view name) const;
     StfNode trainCfg() const;
     void rebuildRows();
     EditResult perform(Move move, int row, const StockItem *stock);

@@ -36,7 +36,7 @@ StockScan::StockScan(const install::Installation &installation, host::GameFiles 
                      std::string_view filter, std::size_t workers)
 {
     const std::string trainset = installation.PathOf("Trains/Trainset");
-    std::vector<std::string> folders = files.ListFolders(trainset);
+    std::vector<std::string> folders = files.ListFolders(trainset, "*."); // no dots
     std::erase_if(folders,
                   [&](const std::string &name) { return !host::MatchesFilter(name, filter); });
     const std::size_t count = folders.size();

@@ -20,8 +20,9 @@ class Installation;
 namespace document {
 
 /// Reads the installed stock folder by folder, ahead on worker threads, delivering in listing
-/// order: every file of the trainset folders that match the filter whose extension has three
-/// characters and ends in g. "Engine" is decided by the exact letters "eng", all else is "Wagon".
+/// order: every file of the trainset folders without a dot that match the filter whose extension
+/// has three characters and ends in g. "Engine" is decided by the exact letters "eng", all else is
+/// "Wagon".
 class StockScan
 {
 public:

@@ -27,7 +27,15 @@ StockLoader::StockLoader(DocumentHost &host, StockListModel &model, QObject *par
     connect(&m_timer, &QTimer::timeout, this, &StockLoader::slice);
 }
 
-StockLoader::~StockLoader() = default;
+StockLoader::~StockLoader()
+{
+    if (!Running())
+        return;
+    m_scan.reset();
+    m_host.SetProgress(0, 0);
+    m_host.SetStatus("Loading installed stock list stopped: its window was closed");
+    m_host.WriteLog("Stopped");
+}
 
 void StockLoader::Start(const std::string &filter)
 {

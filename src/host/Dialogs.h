@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,9 +48,9 @@ public:
     /// Cancel, closing one with Yes and No is No.
     virtual DialogAnswer Message(const std::string &text, const std::string &title, DialogIcon icon,
                                  DialogButtons buttons = DialogButtons::Ok) = 0;
-    /// An input box; the empty text when it was cancelled or nothing was entered.
-    virtual std::string Input(const std::string &prompt, const std::string &title,
-                              const std::string &defaultAnswer) = 0;
+    /// An input box; nothing when it was cancelled.
+    virtual std::optional<std::string> Input(const std::string &prompt, const std::string &title,
+                                             const std::string &defaultAnswer) = 0;
     /// A file to open; "" when cancelled.
     virtual std::string OpenFile(const FileDialogRequest &request) = 0;
     /// A file to save; "" when cancelled. The dialog itself asks nothing about overwriting.

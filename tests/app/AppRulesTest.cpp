@@ -18,7 +18,7 @@ TEST(AppRulesTest, KindByTheTextAfterTheLastDot)
         {"a.w", OpenKind::World},
         {"a.wx", OpenKind::Unsupported},
         {"a.con.bak", OpenKind::Unsupported},
-        {"con", OpenKind::Consist},
+        {"con", OpenKind::Unsupported},
         {"/a.con/b", OpenKind::Unsupported},
         {"", OpenKind::Unsupported},
     };

@@ -102,7 +102,7 @@ TEST_F(ConsistTreeTest, WhatIsNoConsistSaysWhatIsMissing)
     const Row rows[] = {
         {"Wagon ( x )", "a.con: there is no Train block", 0},
         {"Train ( x )", "a.con: there is no TrainCfg block in Train", 0},
-        {"SIMISA@F....", "a.con: there is no Train block", 0},
+        {"SIMISA@F....", "a.con: a compressed file: its content is not read as text", 0},
         {"Train ( TrainCfg ( \"a\" Wagon ( WagonData ( a b ) )\n Wagon ( UiD ( 1 ) ) ) )",
          "a.con, line 2: Wagon has no block WagonData", 1},
     };
@@ -117,7 +117,10 @@ TEST_F(ConsistTreeTest, WhatIsNoConsistSaysWhatIsMissing)
             EXPECT_TRUE(error.Detail().ends_with(row.message)) << error.Detail();
         }
         EXPECT_EQ(row.rows, tree.Rows().size());
-        tree.Edit(Move::Add, 0, &box); // must not throw whatever the file holds
+        const std::string before = tree.Document().ToBytes();
+        EXPECT_NE("", tree.Edit(Move::Add, 0, &box).message);
+        EXPECT_EQ(before, tree.Document().ToBytes()) << "what cannot be listed is not edited";
+        EXPECT_EQ(row.rows == 0 ? "" : "a", tree.Title() + tree.MaxVelocity(0) + tree.Durability());
     }
 }
 
@@ -269,6 +272,9 @@ TEST_F(ConsistTreeTest, TheNameFollowsTheFileAndNothingElseChanges)
     };
     for (const NameRow &row : rows) {
         SCOPED_TRACE(row.what);
+        const bool hasQuotes = std::string_view(row.file).find('"') != std::string_view::npos;
+        if (hasQuotes && host::path::kSeparator == '\\')
+            continue; // Windows has no such names
         load(row.inside);
         tree.Edit(Move::Flip, 0);
         tree.Save(folder.Path() + '/' + row.file);

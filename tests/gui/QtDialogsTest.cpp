@@ -59,7 +59,8 @@ TEST(QtDialogsTest, InputBoxesGiveTheTextOrNothing)
             input.setTextValue(QStringLiteral(" gp "));
             accepted ? input.accept() : input.reject();
         });
-        EXPECT_EQ(dialogs.Input("Enter", "Filter Stock List", "SD*"), accepted ? " gp " : "");
+        EXPECT_EQ(dialogs.Input("Enter", "Filter Stock List", "SD*").value_or("cancelled"),
+                  accepted ? " gp " : "cancelled");
     }
 }
 

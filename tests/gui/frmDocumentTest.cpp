@@ -55,6 +55,9 @@ TEST_F(frmDocumentTest, FilterLimitsTheListAndShowsInItsCaption)
     EXPECT_EQ(Active()->Caption(), "Consist List 1 (Filtered on gp)");
     EXPECT_EQ(dialogs.TakeLog(),
               "input|Filter Consist List|Enter a filter string for consists:|\n");
+    Trigger("mnuViewFilter");
+    EXPECT_EQ(Active()->Filter(), "gp") << "a cancelled box leaves the filter";
+    dialogs.TakeLog();
     dialogs.AnswerInput("*");
     Trigger("mnuViewFilter");
     EXPECT_EQ(Active()->Caption(), "Consist List 1");
@@ -389,6 +392,31 @@ TEST_F(frmDocumentTest, RefreshAsksBeforeItDropsChanges)
     EXPECT_FALSE(savable());
     EXPECT_EQ(Status(), ConsistFile("Coal") + " was read again; unsaved changes were dropped.");
     EXPECT_EQ(stock().model()->rowCount(), 5) << "the stock list is not built again";
+}
+
+TEST_F(frmDocumentTest, AFileThatWentBadOrAwayUnderItsWindowDoesNoHarm)
+{
+    Start();
+    OpenEditor("Coal");
+    const std::string file = ConsistFile("Coal"), good = game.Read("Trains/Consists/Coal.con");
+    game.Write("Trains/Consists/Coal.con", "Nothing ( 1 )");
+    dialogs.Answer(DialogAnswer::Ok);
+    Trigger("mnuViewRefresh");
+    EXPECT_NE(dialogs.TakeLog().find("there is no Train block"), std::string::npos);
+    QTest::keyClick(&train(), Qt::Key_Delete);
+    EXPECT_NE(Status().find("there is no Train block"), std::string::npos) << Status();
+    game.Write("Trains/Consists/Coal.con", good);
+    dialogs.Answer(DialogAnswer::Yes);
+    Trigger("mnuViewRefresh");
+    const std::string units = shown();
+    EXPECT_FALSE(units.empty());
+
+    std::filesystem::remove(file);
+    dialogs.TakeLog();
+    Trigger("mnuViewRefresh");
+    EXPECT_EQ(shown(), units) << "the only copy that is left";
+    EXPECT_EQ(dialogs.Log(), "");
+    EXPECT_FALSE(savable());
 }
 
 TEST_F(frmDocumentTest, AnInstallationThatVanishesLeavesEmptyLists)

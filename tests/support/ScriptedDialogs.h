@@ -4,6 +4,7 @@
 #include "host/Dialogs.h"
 
 #include <deque>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -34,10 +35,12 @@ public:
         m_answers.pop_front();
         return answer;
     }
-    std::string Input(const std::string &prompt, const std::string &title,
-                      const std::string &defaultAnswer) override
+    std::optional<std::string> Input(const std::string &prompt, const std::string &title,
+                                     const std::string &defaultAnswer) override
     {
         write("input|" + title + '|' + prompt + '|' + defaultAnswer);
+        if (m_texts.empty())
+            return std::nullopt;
         return nextText();
     }
     std::string OpenFile(const host::FileDialogRequest &request) override
