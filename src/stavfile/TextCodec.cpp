@@ -190,7 +190,7 @@ bool startsWithMark(std::string_view bytes)
 bool looksLikeUtf32(std::string_view bytes)
 {
     using namespace std::string_view_literals;
-    return bytes.starts_with("\xFF\xFE\0\0"sv) && bytes.substr(4, 1) != "\0"sv &&
+    return bytes.size() >= 8 && bytes.starts_with("\xFF\xFE\0\0"sv) && bytes[4] != '\0' &&
            bytes.substr(6, 2) == "\0\0"sv;
 }
 

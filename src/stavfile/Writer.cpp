@@ -255,7 +255,7 @@ void Writer::writePart(const Node &node, const Layout &layout, const std::vector
     if (part.child) {
         // Behind a string the "+" of such a name would be taken for a joint.
         if (part.child->Read() && part.child->source->Name(*part.child->Read()).starts_with('+') &&
-            endsInQuote())
+            lastCharacter() == '"')
             m_out += " comment ( ) ";
         const bool parentStaysOpen = node.IsRoot() || (node.Read()->Unclosed() && !mustClose);
         writeNode(*part.child, gap, !isLast || !parentStaysOpen);
@@ -267,12 +267,13 @@ void Writer::writePart(const Node &node, const Layout &layout, const std::vector
     writeValue(node, respelled(node, part.value, sameBehind), sameBehind, !isLast || mustClose);
 }
 
-bool Writer::endsInQuote() const
+/// The last character written that is no blank.
+char Writer::lastCharacter() const
 {
     const auto last = std::find_if(m_out.rbegin(), m_out.rend(), [](char c) {
         return lexer::ClassOf(c) != lexer::CharClass::Blank;
     });
-    return last != m_out.rend() && *last == '"';
+    return last != m_out.rend() ? *last : '(';
 }
 
 /// A word that begins with "+" means something else behind a string, and a keyword before a block:
@@ -284,7 +285,7 @@ Value Writer::respelled(const Node &node, std::size_t index, bool sameBehind) co
         return value;
     const Source &source = *node.source;
     const std::string_view rest = std::string_view(source.text).substr(value.place);
-    const bool joins = rest.front() == '+' && endsInQuote();
+    const bool joins = rest.front() == '+' && lastCharacter() == '"';
     const bool names = !sameBehind && FindKeyword(rest.substr(0, lexer::WordEnd(rest, 0)));
     if (!joins && !names)
         return value;
@@ -329,7 +330,10 @@ void Writer::writeValue(const Node &node, const Value &value, bool sameBehind, b
 {
     if (!value.FromSource()) {
         const bool nothing = value.text.empty() && node.ValueCount() == 1;
-        m_out += nothing ? std::string() : lexer::Spelling(value.text);
+        const std::string spelling = nothing ? std::string() : lexer::Spelling(value.text);
+        if (spelling.starts_with('"') && lastCharacter() == '+')
+            m_out += "comment ( ) "; // a "+" that joined nothing must not join this
+        m_out += spelling;
         return;
     }
     const lexer::Extent extent = lexer::ValueExtent(node.source->text, value.place);

@@ -71,7 +71,7 @@ private:
     static Layout layoutOf(const Node &node);
     static bool standsAsRead(const Node &node, const std::vector<Part> &order, std::size_t index);
     static bool endsAsRead(const Node &node, const Layout &layout, const std::vector<Part> &order);
-    bool endsInQuote() const;
+    char lastCharacter() const;
     Value respelled(const Node &node, std::size_t index, bool sameBehind) const;
     static bool isSet(const Node &node, const Part &part);
     static bool isAsRead(const Node &node, const Part &part);

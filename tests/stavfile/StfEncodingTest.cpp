@@ -82,6 +82,7 @@ TEST(StfEncodingTest, WhatIsNoTextGivesAnEmptyTreeAndItsBytesBack)
         {"", Form::Text},
         {"\xFF\xFE", Form::Text},
         {"\xFF", Form::Text},
+        {"\xFF\xFE\0\0@"s, Form::NulsOnly},
     };
     for (const auto &[bytes, form] : rows) {
         SCOPED_TRACE(bytes.substr(0, 40));
