@@ -70,10 +70,10 @@ int RunProgram(int argc, char **argv)
 
     QtDialogs dialogs;
     host::GameFiles files;
-    host::IniSettings settings;
+    const std::unique_ptr<host::SettingsStore> settings = host::UserSettings();
     // A message about the file on the command line may be the first window to close.
     QApplication::setQuitOnLastWindowClosed(false);
-    const auto window = StartMainWindow({dialogs, files, settings}, CommandLineOf(arguments));
+    const auto window = StartMainWindow({dialogs, files, *settings}, CommandLineOf(arguments));
     QApplication::setQuitOnLastWindowClosed(true);
     return QApplication::exec();
 }

@@ -3,9 +3,7 @@
 #include "host/Disk.h"
 #include "host/GameFiles.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <system_error>
@@ -19,11 +17,20 @@ namespace host {
 
 const char path::kSeparator = '/';
 
+std::string path::FromDisk(const std::filesystem::path &path)
+{
+    return path.native();
+}
+
+std::filesystem::path path::ToDisk(std::string_view path)
+{
+    return path;
+}
+
 namespace disk {
 namespace {
 
-constexpr std::int64_t kMillisecond = 1000000; // in nanoseconds
-constexpr std::int64_t kSecond = 1000 * kMillisecond;
+constexpr std::int64_t kSecond = 1000000000; // in nanoseconds
 
 std::int64_t nanoseconds(const timespec &time)
 {
@@ -33,14 +40,6 @@ std::int64_t nanoseconds(const timespec &time)
 Stamp stampOf(const struct stat &status)
 {
     return {status.st_dev, status.st_ino, nanoseconds(status.st_mtim), nanoseconds(status.st_ctim)};
-}
-
-/// Farther from now than the clock that wrote it can be coarse. Whole hundredths of a second come
-/// from file systems that store no more (FAT: 2 s); others are marked at every tick of the kernel.
-bool isFarFrom(std::int64_t time, std::int64_t now)
-{
-    const std::int64_t coarse = time % (10 * kMillisecond) == 0 ? 2 * kSecond : 100 * kMillisecond;
-    return time < now - coarse || time > now + coarse;
 }
 
 Kind kindOf(const struct stat &status)
@@ -113,11 +112,6 @@ Failure FailureOf(int error, ErrorNumber whenMissing)
     }
 }
 
-Failure TooLarge(std::uint64_t limit)
-{
-    return {ErrorNumber::InvalidCall, "larger than " + std::to_string(limit) + " bytes"};
-}
-
 Handle::~Handle()
 {
     Close();
@@ -140,17 +134,6 @@ std::optional<Stamp> StampOf(const std::string &path)
     if (stat(path.c_str(), &status) != 0)
         return std::nullopt;
     return stampOf(status);
-}
-
-bool IsSettled(const Stamp &stamp, std::int64_t now)
-{
-    return isFarFrom(stamp.modified, now) && isFarFrom(stamp.changed, now);
-}
-
-std::int64_t Now()
-{
-    const auto now = std::chrono::system_clock::now().time_since_epoch();
-    return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
 }
 
 std::optional<Listing> List(const std::string &folder)

@@ -12,7 +12,6 @@ namespace host::disk {
 
 /// A failure of the system as commands report it; a missing name is what the caller says it is.
 Failure FailureOf(int error, ErrorNumber whenMissing);
-Failure TooLarge(std::uint64_t limit);
 
 inline bool HasWritePermission(mode_t mode)
 {

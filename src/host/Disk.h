@@ -69,6 +69,8 @@ Failure WhyAbsent(const std::string &path);
 
 /// The whole content of a file; error 5 above `limit` bytes.
 std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes);
+/// The failure of Read for a file of more bytes.
+Failure TooLarge(std::uint64_t limit);
 /// Replaces the content of a file whole or not at all; makes it when missing. A link stays and its
 /// target is replaced. An existing file keeps its permissions and, where possible, its owner; one
 /// without any permission to write is refused, whoever asks.
@@ -82,7 +84,8 @@ bool IsWritableFolder(const std::string &folder);
 
 /// The process's working folder.
 std::string CurrentFolder();
-/// Length of the root at the beginning of a path ("/"); 0 for a relative path. Both separators.
+/// Length of the root at the beginning of a path ("/"; on Windows also "C:\", "C:" alone and
+/// "\\server\share\"); 0 for a relative path. Both separators.
 std::size_t RootLength(std::string_view path);
 
 } // namespace host::disk

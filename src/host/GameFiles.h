@@ -31,7 +31,8 @@ public:
     GameFiles(const GameFiles &) = delete;
     GameFiles &operator=(const GameFiles &) = delete;
 
-    /// The disk's path of an existing file (not a folder), or nothing.
+    /// The disk's path of an existing file (not a folder), or nothing. Spelled as the disk has it,
+    /// except on Windows, where the disk takes it as it was asked for.
     std::optional<std::filesystem::path> FindFile(std::string_view path);
     /// The disk's path of an existing folder, or nothing. Of several that differ in case, the
     /// exactly spelled one, else the first in listing order.

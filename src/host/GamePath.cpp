@@ -124,16 +124,5 @@ std::string Normalise(std::string_view path)
            joined(namesOf(path.substr(rootLength), rootLength > 0));
 }
 
-std::string FromDisk(const std::filesystem::path &path)
-{
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
-
-std::filesystem::path ToDisk(std::string_view path)
-{
-    return std::filesystem::path(std::u8string(path.begin(), path.end()));
-}
-
 } // namespace path
 } // namespace host

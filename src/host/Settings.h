@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -35,6 +36,9 @@ public:
 private:
     std::string m_file;
 };
+
+/// The store of this user and machine: RegistrySettings on Windows, IniSettings elsewhere.
+std::unique_ptr<SettingsStore> UserSettings();
 
 /// A number as stored: decimal text of a single-precision number with "." in every locale. Text
 /// that is no number (surrounding blanks allowed) gives nothing.

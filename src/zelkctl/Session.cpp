@@ -27,7 +27,7 @@ install::Installation OpenInstallation(Session &session)
             throw Failure("--msts: no folder given");
         installation.SetLocation(*session.msts);
     } else {
-        installation.SetLocation(host::IniSettings().Read("MSTSDir").value_or(""));
+        installation.SetLocation(host::UserSettings()->Read("MSTSDir").value_or(""));
     }
     const std::string folder = installation.CurrentFolder();
     if (folder.empty())

@@ -109,6 +109,7 @@ TEST_F(DiskTest, FoldersThatDifferInCaseAreOne)
 
 TEST_F(DiskTest, NamesThatAreNoUtf8AreWindows1252)
 {
+    EXPECT_EQ(host::path::FromDisk(host::path::ToDisk("/x/\xE4.eng")), "/x/\xE4.eng");
     folder.Write("K\xF6ln/G\xFCter.con", "x");
     EXPECT_EQ(files.ListFolders(folder.Path()), Names{"Köln"});
     EXPECT_EQ(files.ListFiles(folder.At("KÖLN"), "g*.con"), Names{"Güter.con"});

@@ -3,6 +3,7 @@
 
 #include "host/Disk.h"
 #include "host/RuntimeError.h"
+#include "host/Text.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -50,7 +51,26 @@ protected:
 private:
     std::string inside(const std::optional<std::filesystem::path> &path) const
     {
-        return path ? host::path::FromDisk(*path).substr(folder.Path().size() + 1) : "";
+        if (!path)
+            return "";
+        const std::u8string text = path->generic_u8string();
+        const std::string name = std::string(text.begin(), text.end());
+        return asOnDisk(name.substr(folder.Path().size() + 1));
+    }
+    /// Where the disk itself ignores letter case, a path may come back as it was asked for.
+    std::string asOnDisk(const std::string &path) const
+    {
+        if (host::path::kSeparator == '/')
+            return path;
+        std::string spelled;
+        for (const std::string &step : host::Split(path, '/')) {
+            std::string name = step;
+            for (const std::string &there : folder.Names(spelled))
+                if (host::EqualsNoCase(there, step))
+                    name = there;
+            spelled += (spelled.empty() ? "" : "/") + name;
+        }
+        return spelled;
     }
 };
 

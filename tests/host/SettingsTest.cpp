@@ -2,35 +2,13 @@
 #include "host/Settings.h"
 
 #include "host/RuntimeError.h"
-#include "support/Environment.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
 namespace {
-
-TEST(SettingsTest, StoresInTheUsersConfigurationFolder)
-{
-    const support::ScopedHome home;
-    host::IniSettings settings;
-    EXPECT_EQ(settings.Read("MSTSDir"), std::nullopt);
-    settings.Write("MSTSDir", "/games/Train Simulator");
-    settings.Write("MainLeft", "1000");
-    settings.Write("MSTSDir", "");
-    EXPECT_EQ(home.Folder().Read(".config/ZELK/ZELK.ini"), "[Settings]\nMSTSDir=\nMainLeft=1000\n");
-    EXPECT_EQ(host::IniSettings().Read("mainleft"), "1000");
-    EXPECT_EQ(host::IniSettings().Read("MSTSDir"), "");
-    EXPECT_EQ(home.Folder().Names(".config/ZELK"), std::vector<std::string>{"ZELK.ini"});
-}
-
-TEST(SettingsTest, FollowsTheConfigurationVariable)
-{
-    const support::ScopedHome home;
-    const support::ScopedVariable config("XDG_CONFIG_HOME", home.Folder().At("elsewhere/"));
-    host::IniSettings().Write("MainTop", "5");
-    EXPECT_TRUE(home.Folder().Exists("elsewhere/ZELK/ZELK.ini"));
-}
 
 TEST(SettingsTest, KeepsOtherEntriesAndARefusedStore)
 {

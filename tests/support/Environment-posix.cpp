@@ -30,14 +30,12 @@ ScopedVariable::~ScopedVariable()
 }
 
 ScopedHome::ScopedHome()
-    : m_home("HOME", m_folder.Path())
-    , m_config("XDG_CONFIG_HOME", std::nullopt)
-    , m_data("XDG_DATA_HOME", std::nullopt)
-    , m_state("XDG_STATE_HOME", std::nullopt)
-    , m_configDirs("XDG_CONFIG_DIRS", m_folder.At("etc"))
-    , m_wine("WINEPREFIX", std::nullopt)
-    , m_registry("ZELK_REGISTRY", std::nullopt)
 {
+    m_variables.emplace_back("HOME", m_folder.Path());
+    m_variables.emplace_back("XDG_CONFIG_DIRS", m_folder.At("etc"));
+    for (const char *unset :
+         {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "WINEPREFIX", "ZELK_REGISTRY"})
+        m_variables.emplace_back(unset, std::nullopt);
 }
 
 } // namespace support

@@ -3,6 +3,7 @@
 
 #include "support/TempFolder.h"
 
+#include <list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,7 +25,8 @@ private:
 };
 
 /// A home of its own: HOME is the folder, the XDG variables, WINEPREFIX and ZELK_REGISTRY are
-/// unset, and the machine's configuration is looked for in its "etc" alone.
+/// unset, and the machine's configuration is looked for in its "etc" alone. On Windows the folder
+/// is the profile, with "Roaming" and "Local" in it, and "etc" that of the machine's data.
 class ScopedHome
 {
 public:
@@ -33,7 +35,7 @@ public:
 
 private:
     TempFolder m_folder;
-    ScopedVariable m_home, m_config, m_data, m_state, m_configDirs, m_wine, m_registry;
+    std::list<ScopedVariable> m_variables;
 };
 
 } // namespace support

@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#include "host/Disk-win32.h"
+#include "host/GameFiles.h"
+
+#include <algorithm>
+#include <atomic>
+
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+
+namespace host::disk {
+namespace {
+
+using MaybeFailure = std::optional<Failure>;
+
+/// What a file that takes another's place must have itself: not every file system hands it over.
+constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
+                                  FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+
+MaybeFailure failed(DWORD error)
+{
+    return FailureOf(error, ErrorNumber::PathNotFound);
+}
+
+/// The file that a link leads to, or the path itself; "" when the link leads nowhere.
+std::wstring endOfLinks(const std::wstring &path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT))
+        return path;
+    const Handle file(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    std::wstring end(32768, L'\0'); // no path is longer
+    end.resize(file ? std::min<std::size_t>(
+                          GetFinalPathNameByHandleW(file.Get(), end.data(), 32768, 0), 32767)
+                    : 0);
+    return end;
+}
+
+/// Looks at what stands at the target before it is replaced; INVALID_FILE_ATTRIBUTES for nothing.
+MaybeFailure inspect(const std::wstring &path, DWORD &attributes)
+{
+    attributes = GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES)
+        return GetLastError() == ERROR_FILE_NOT_FOUND ? std::nullopt : failed(GetLastError());
+    if (attributes & FILE_ATTRIBUTE_DIRECTORY)
+        return Failure{ErrorNumber::PathFileAccess, "it is a folder"};
+    if (attributes & FILE_ATTRIBUTE_DEVICE)
+        return Failure{ErrorNumber::PathFileAccess, "it is not a file"};
+    if (attributes & FILE_ATTRIBUTE_READONLY)
+        return Failure{ErrorNumber::PermissionDenied, "the file is read-only"};
+    // Who may not write into it, or finds it in use, learns that before anything is written.
+    const Handle file(CreateFileW(path.c_str(), GENERIC_WRITE,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, 0, nullptr));
+    return file ? std::nullopt : failed(GetLastError());
+}
+
+/// The file that is written beside the target; deleted unless it has become the target.
+class TemporaryFile
+{
+public:
+    TemporaryFile() = default;
+    TemporaryFile(const TemporaryFile &) = delete;
+    TemporaryFile &operator=(const TemporaryFile &) = delete;
+    ~TemporaryFile()
+    {
+        m_file.reset();
+        if (!m_path.empty())
+            DeleteFileW(m_path.c_str());
+    }
+
+    MaybeFailure Create(const std::wstring &folder, DWORD attributes)
+    {
+        static std::atomic<unsigned> counter = 0;
+        const std::wstring start =
+            folder + L".zelk-" + std::to_wstring(GetCurrentProcessId()) + L'-';
+        do { // a name in use is left over from another process of this number
+            m_start = start + std::to_wstring(counter++);
+            m_path = m_start + L".tmp";
+            m_file.emplace(CreateFileW(m_path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                       attributes, nullptr));
+        } while (!*m_file && GetLastError() == ERROR_FILE_EXISTS);
+        if (*m_file)
+            return std::nullopt;
+        const DWORD error = GetLastError();
+        m_path.clear();
+        return failed(error);
+    }
+
+    MaybeFailure Write(std::string_view bytes)
+    {
+        constexpr std::size_t kAtOnce = 1u << 26;
+        while (!bytes.empty()) {
+            const auto wanted = static_cast<DWORD>(std::min(bytes.size(), kAtOnce));
+            DWORD written = 0;
+            if (!WriteFile(m_file->Get(), bytes.data(), wanted, &written, nullptr))
+                return failed(GetLastError());
+            if (written == 0)
+                return failed(ERROR_DISK_FULL);
+            bytes.remove_prefix(written);
+        }
+        const bool flushed = FlushFileBuffers(m_file->Get());
+        const DWORD error = GetLastError();
+        m_file->Close();
+        // Some network file systems know no flushing.
+        return flushed || error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED
+                   ? std::nullopt
+                   : failed(error);
+    }
+
+    MaybeFailure BecomeNew(const std::wstring &target)
+    {
+        if (!MoveFileExW(m_path.c_str(), target.c_str(),
+                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+            return failed(GetLastError());
+        m_path.clear();
+        return std::nullopt;
+    }
+
+    /// Takes the place of a file, and over its permissions, attributes and time of creation.
+    MaybeFailure BecomeExisting(const std::wstring &target)
+    {
+        const std::wstring old = m_start + L".old";
+        if (ReplaceFileW(target.c_str(), m_path.c_str(), old.c_str(),
+                         REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)) {
+            m_path.clear();
+            DeleteFileW(old.c_str());
+            return std::nullopt;
+        }
+        const DWORD error = GetLastError();
+        if (error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2) // the file stands under its other name
+            return restore(old, target);
+        // Not every file system can replace; all can rename over a file.
+        if (error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ||
+            error == ERROR_INVALID_PARAMETER)
+            return BecomeNew(target);
+        return failed(error);
+    }
+
+private:
+    static MaybeFailure restore(const std::wstring &old, const std::wstring &target)
+    {
+        if (MoveFileExW(old.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH))
+            return failed(ERROR_UNABLE_TO_MOVE_REPLACEMENT);
+        return Failure{ErrorNumber::PathFileAccess, "the old file is now " + Narrow(old)};
+    }
+
+    std::wstring m_path, m_start;
+    std::optional<Handle> m_file;
+};
+
+} // namespace
+
+std::optional<Failure> Replace(const std::string &path, std::string_view bytes)
+{
+    if (auto failure = WhyNoName(path))
+        return failure;
+    const std::wstring target = endOfLinks(SystemPath(path));
+    if (target.empty())
+        return Failure{ErrorNumber::PathFileAccess, "the link leads to no file"};
+    DWORD before = 0;
+    if (auto failure = inspect(target, before))
+        return failure;
+    const bool exists = before != INVALID_FILE_ATTRIBUTES;
+    const DWORD kept = exists ? before & kKeptAttributes : FILE_ATTRIBUTE_NORMAL;
+
+    TemporaryFile file;
+    if (auto failure = file.Create(target.substr(0, target.rfind(L'\\') + 1), kept))
+        return failure;
+    if (auto failure = file.Write(bytes))
+        return failure;
+    return exists ? file.BecomeExisting(target) : file.BecomeNew(target);
+}
+
+} // namespace host::disk
