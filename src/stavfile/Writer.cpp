@@ -24,6 +24,14 @@ std::optional<std::string> indentAtEnd(std::string_view text)
     return std::string(text.substr(feed + 1));
 }
 
+/// Comments and what comes behind them, kept apart: a word that skips or ends one must not grow.
+std::string joined(std::string carried, std::string_view behind)
+{
+    if (!carried.empty() && !behind.empty() && lexer::SkipBlanks(behind, 0) == 0)
+        carried += ' ';
+    return carried.append(behind);
+}
+
 bool isChildAsRead(const Node &parent, const Node &child)
 {
     return child.source && child.source == parent.source && !child.IsRoot();
@@ -211,7 +219,8 @@ void Writer::writeBody(const Node &node, std::size_t begin, std::size_t end, con
         writePart(node, layout, order, i, begin, inner, mustClose);
     const std::size_t last = layout.parts.empty() ? begin : layout.parts.back().end;
     const bool grew = !order.empty() && order.back().child && !order.back().read && !node.IsRoot();
-    std::string tail = layout.carriedToEnd + node.source->text.substr(last, end - last);
+    std::string tail =
+        joined(layout.carriedToEnd, std::string_view(node.source->text).substr(last, end - last));
     const bool same = endsAsRead(node, layout, order);
     if (!same && (order.empty() || !order.back().child))
         tail = lexer::MovableGap(tail);
@@ -356,7 +365,8 @@ void Writer::writeReadGap(const Node &node, const Layout &layout, std::size_t pa
     const Source &source = *node.source;
     const ReadPart &read = layout.parts[part];
     const std::size_t begin = part == 0 ? bodyBegin : layout.parts[part - 1].end;
-    std::string gap = read.carried + source.text.substr(begin, read.begin - begin);
+    std::string gap =
+        joined(read.carried, std::string_view(source.text).substr(begin, read.begin - begin));
     if (!fits)
         gap = lexer::MovableGap(gap);
     if (!asBefore && !gap.empty() && lexer::SkipBlanks(gap, 0) == 0)
@@ -420,7 +430,8 @@ void Writer::carryComments(const Source &source, Layout &layout, const std::vect
         if (kept[i])
             part.carried = std::exchange(carried, {});
         else if (!isBlank(gap))
-            carried += gap.substr(0, gap.find_last_not_of(" \t\r\n") + 1);
+            carried =
+                joined(std::move(carried), gap.substr(0, gap.find_last_not_of(" \t\r\n") + 1));
     }
     layout.carriedToEnd = std::move(carried);
 }

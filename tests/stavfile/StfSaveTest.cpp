@@ -181,6 +181,7 @@ const char *const kOddTexts[] = {
     "A ( B ( 1 ) C ( 2 ) ) D ( 3 ) ) ) E ( 4\n",
     "Wagon ( n WagonShape lbl ( \"a.s\" ) ( ( 1 ) 2 ) Sound ( _x ) \"y\" ( 5 ) #last )",
     "shape ( matrix M ( 1 2 ) points ( 2 point ( 1 2 ) point ( 3 4 ) ) )\n",
+    "A ( #a b C ( 1 )# d e F ( 2 )#g h I ( 3 )#j )",
 };
 
 StfNode randomNode(const StfNodes &top, std::mt19937 &random)
@@ -227,7 +228,8 @@ TEST(StfSaveTest, WhateverIsEditedReadsBackAsTheSameTree)
 {
     std::mt19937 random(20261121);
     for (int round = 0; round < 4000; ++round) {
-        const std::string text = WithHeader(kOddTexts[static_cast<unsigned>(round) % 8]);
+        const std::string text =
+            WithHeader(kOddTexts[static_cast<unsigned>(round) % std::size(kOddTexts)]);
         MemoryFile memory(round % 3 ? text : Utf16(text));
         std::string tree = TreeText(memory.file.Nodes());
         for (int edit = 0; edit < 6; ++edit) {
