@@ -161,7 +161,7 @@ private:
         std::uint32_t label = 0;
         if (labelBefore())
             label = takePending();
-        const bool named = label || frame.last == Last::Word;
+        const bool named = label || (frame.last == Last::Word && canBeName(m_pending.back()));
         frame.last = Last::None;
         frame.stringsLeft = 0;
         if (!named || m_frames.size() > kMaxBlockDepth) {
@@ -177,6 +177,14 @@ private:
             dropStrayWords();
         push(begin, label);
         ++m_at;
+    }
+
+    /// A text that looks like a comment mark is none where a comment parts it from the bracket: as
+    /// a name it would be one again as soon as it stood elsewhere.
+    bool canBeName(std::uint32_t place) const
+    {
+        const std::size_t end = lexer::WordEnd(m_text, place);
+        return atTop() || !lexer::IsCommentWord(m_text.substr(place, end - place));
     }
 
     /// NAME VALUE ( is a block with a label where NAME is a keyword that may have one; everywhere

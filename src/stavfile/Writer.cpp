@@ -332,14 +332,21 @@ bool Writer::isAsRead(const Node &node, const Part &part)
     if (!part.read || part.child)
         return part.read.has_value();
     const Value value = node.ValueAt(part.value);
-    return value.FromSource() || lexer::Spelling(value.text).front() == '"';
+    return value.FromSource() ||
+           (!isUnwritten(node, value) && lexer::Spelling(value.text).front() == '"');
+}
+
+/// A lone empty value that was set stands for no value at all.
+bool Writer::isUnwritten(const Node &node, const Value &value)
+{
+    return !value.FromSource() && value.text.empty() && node.ValueCount() == 1;
 }
 
 void Writer::writeValue(const Node &node, const Value &value, bool sameBehind, bool mustClose)
 {
     if (!value.FromSource()) {
-        const bool nothing = value.text.empty() && node.ValueCount() == 1;
-        const std::string spelling = nothing ? std::string() : lexer::Spelling(value.text);
+        const std::string spelling =
+            isUnwritten(node, value) ? std::string() : lexer::Spelling(value.text);
         if (spelling.starts_with('"') && lastCharacter() == '+')
             m_out += "comment ( ) "; // a "+" that joined nothing must not join this
         m_out += spelling;

@@ -74,6 +74,7 @@ private:
     char lastCharacter() const;
     Value respelled(const Node &node, std::size_t index, bool sameBehind) const;
     static bool isSet(const Node &node, const Part &part);
+    static bool isUnwritten(const Node &node, const Value &value);
     static bool isAsRead(const Node &node, const Part &part);
     static void carryComments(const Source &source, Layout &layout, const std::vector<Part> &order,
                               std::size_t bodyBegin);

@@ -120,6 +120,8 @@ TEST(StfGrammarTest, BrokenStructure)
          "3: a block without a name is skipped\n"},
         {"nameless in nameless", "( ( ( ) ) ) A ( )", "A()",
          "3: a block without a name is skipped\n"},
+        {"a file name with a comment behind it is no name", "Sound ( _x #c d ( 1 ) )", "Sound(_x)",
+         "3: a block without a name is skipped\n"},
         {"header only", "", ""},
     });
 }

@@ -182,6 +182,7 @@ const char *const kOddTexts[] = {
     "Wagon ( n WagonShape lbl ( \"a.s\" ) ( ( 1 ) 2 ) Sound ( _x ) \"y\" ( 5 ) #last )",
     "shape ( matrix M ( 1 2 ) points ( 2 point ( 1 2 ) point ( 3 4 ) ) )\n",
     "A ( #a b C ( 1 )# d e F ( 2 )#g h I ( 3 )#j )",
+    "Sound ( _x #c d ( 1 ) E ( 2 ) )",
 };
 
 StfNode randomNode(const StfNodes &top, std::mt19937 &random)
