@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace korvat {
+
+using Bytes = std::span<const std::uint8_t>;
+
+inline Bytes BytesOf(std::string_view text)
+{
+    return {reinterpret_cast<const std::uint8_t *>(text.data()), text.size()};
+}
+
+/// The one door to the bytes of a file: nothing is read past the end, and all offsets are compared
+/// by subtracting from what is left. Numbers are little-endian. Refers to the bytes, which must
+/// outlive it.
+class ByteReader
+{
+public:
+    ByteReader() = default;
+    /// `base` is where the bytes begin in the file, for Where().
+    explicit ByteReader(Bytes bytes, std::size_t base = 0)
+        : m_bytes(bytes)
+        , m_base(base)
+    {
+    }
+
+    std::size_t Left() const { return m_bytes.size() - m_at; }
+    /// The place of the next byte in the file.
+    std::size_t Where() const { return m_base + m_at; }
+
+    /// The next number; nothing, and no step forward, when too few bytes are left.
+    std::optional<std::uint8_t> ReadU8() { return read<std::uint8_t>(); }
+    std::optional<std::uint16_t> ReadU16() { return read<std::uint16_t>(); }
+    std::optional<std::uint32_t> ReadU32() { return read<std::uint32_t>(); }
+    std::optional<std::uint64_t> ReadU64() { return read<std::uint64_t>(); }
+
+    /// The next `count` bytes, or nothing when there are fewer.
+    std::optional<Bytes> Take(std::size_t count)
+    {
+        if (count > Left())
+            return std::nullopt;
+        const Bytes taken = m_bytes.subspan(m_at, count);
+        m_at += count;
+        return taken;
+    }
+    /// A reader of the next `count` bytes alone.
+    std::optional<ByteReader> TakeReader(std::size_t count)
+    {
+        const std::size_t where = Where();
+        if (const auto taken = Take(count))
+            return ByteReader(*taken, where);
+        return std::nullopt;
+    }
+    /// Steps over bytes; false, and no step, when there are fewer.
+    bool Skip(std::size_t count) { return Take(count).has_value(); }
+
+private:
+    template <typename Number> std::optional<Number> read()
+    {
+        if (Left() < sizeof(Number))
+            return std::nullopt;
+        Number number = 0;
+        if constexpr (std::endian::native == std::endian::little) {
+            std::memcpy(&number, m_bytes.data() + m_at, sizeof(Number));
+        } else {
+            for (std::size_t i = sizeof(Number); i-- > 0;)
+                number = static_cast<Number>(static_cast<std::uint64_t>(number) << 8 |
+                                             m_bytes[m_at + i]);
+        }
+        m_at += sizeof(Number);
+        return number;
+    }
+
+    Bytes m_bytes;
+    std::size_t m_base = 0;
+    std::size_t m_at = 0; ///< never beyond the end
+};
+
+} // namespace korvat
