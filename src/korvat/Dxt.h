@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "korvat/Texture.h"
+
+#include <array>
+
+namespace korvat {
+
+/// Red, green, blue, alpha.
+using Pixel = std::array<std::uint8_t, 4>;
+
+/// A pixel of two bytes with 5, 6 and 5 bits, opaque.
+Pixel From565(std::uint16_t packed);
+
+/// Decodes a level of blocks; `blocks` has LevelSize bytes. Blocks without alpha of their own show
+/// their fourth colour as opaque black where `hasAlpha` is false.
+std::vector<std::uint8_t> DecodeBlocks(PixelFormat format, Bytes blocks, std::uint32_t width,
+                                       std::uint32_t height, bool hasAlpha);
+
+/// True when a pixel of a DXT1 level is transparent.
+bool HasHoles(Bytes blocks);
+
+} // namespace korvat
