@@ -156,7 +156,8 @@ Vec3 Transformed(const Vec3 &point, const Matrix &matrix)
 std::vector<Matrix> RestPose(const Shape &shape, const Level &level)
 {
     const auto parentOf = [&](std::size_t matrix) -> std::optional<std::size_t> {
-        if (matrix >= level.parents.size())
+        if (matrix >= level.parents.size() ||
+            level.parents[matrix] == static_cast<std::int64_t>(matrix))
             return std::nullopt;
         return placeIn(level.parents[matrix], shape.matrices);
     };
@@ -165,7 +166,7 @@ std::vector<Matrix> RestPose(const Shape &shape, const Level &level)
     for (std::size_t i = 0; i < shape.matrices.size(); ++i) {
         Matrix world = shape.matrices[i].matrix;
         std::size_t depth = 0;
-        for (auto parent = parentOf(i); parent && *parent != i && depth < kMaxHierarchyDepth;
+        for (auto parent = parentOf(i); parent && depth < kMaxHierarchyDepth;
              parent = parentOf(*parent), ++depth)
             world = Product(world, shape.matrices[*parent].matrix);
         // A ring, or a chain that no real shape comes near.

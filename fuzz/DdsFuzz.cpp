@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include "TextureFuzz.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    CheckTexture(korvat::ReadDds({reinterpret_cast<const char *>(data), size}), size);
+    return 0;
+}
