@@ -18,12 +18,6 @@ namespace {
 
 constexpr const char *kCounter = "NextWagonUID";
 
-/// The value of a block, "" when the block or the value is absent.
-std::string valueAt(const StfNode &node, int index)
-{
-    return node && index < node.NumParameters() ? node.Parameter(index) : std::string();
-}
-
 /// A 16-bit number as files hold it: decimal, perhaps with a sign or a fraction, which is cut.
 std::optional<int> parseCounter(std::string_view text)
 {
@@ -66,7 +60,7 @@ Counter counterOf(const StfNode &trainCfg, int step)
     counter.node = trainCfg.Child(kCounter);
     if (!counter.node)
         return counter;
-    const std::string text = valueAt(counter.node, 0);
+    const std::string text = stavfile::ValueAt(counter.node, 0);
     const std::optional<int> value = parseCounter(text);
     if (!value)
         counter.message = "Nothing was changed: " + std::string(kCounter) + " is \"" + text +
@@ -88,8 +82,8 @@ ConsistRow rowOf(const StfNode &entry, std::int16_t position)
     ConsistRow row;
     row.position = position;
     row.item.type = entry.Name();
-    row.item.shape = valueAt(data, 0);
-    row.item.folder = valueAt(data, 1);
+    row.item.shape = stavfile::ValueAt(data, 0);
+    row.item.folder = stavfile::ValueAt(data, 1);
     if (data.NumParameters() == 3)
         row.item.folder += ' ' + data.Parameter(2);
     std::int16_t flip = 0;
@@ -183,12 +177,12 @@ std::string ConsistTree::Title() const
 
 std::string ConsistTree::MaxVelocity(int index) const
 {
-    return valueAt(lookUp("MaxVelocity"), index);
+    return stavfile::ValueAt(lookUp("MaxVelocity"), index);
 }
 
 std::string ConsistTree::Durability() const
 {
-    return valueAt(lookUp("Durability"), 0);
+    return stavfile::ValueAt(lookUp("Durability"), 0);
 }
 
 EditResult ConsistTree::Edit(Move move, int selectedRow, const StockItem *stock)

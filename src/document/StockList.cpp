@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "document/StockList.h"
 
-#include "host/Filter.h"
 #include "host/GameFiles.h"
 #include "host/Text.h"
 #include "install/Installation.h"
+#include "install/StockFiles.h"
 
 #include <algorithm>
 #include <numeric>
@@ -17,7 +17,7 @@ std::vector<StockItem> stockOfFolder(host::GameFiles &files, const std::string &
 {
     constexpr std::size_t kExtension = 4; // ".eng", ".wag" and whatever else has three letters
     std::vector<StockItem> items;
-    for (std::string &name : files.ListFiles(host::path::Join(trainset, folder), "*.??g")) {
+    for (std::string &name : install::StockFiles(files, trainset, folder)) {
         const bool engine = name.ends_with("eng");
         name.resize(name.size() - kExtension);
         items.push_back({engine ? "Engine" : "Wagon", folder, std::move(name)});
@@ -35,10 +35,8 @@ const std::string &columnOf(const StockItem &item, int column)
 StockScan::StockScan(const install::Installation &installation, host::GameFiles &files,
                      std::string_view filter, std::size_t workers)
 {
-    const std::string trainset = installation.PathOf("Trains/Trainset");
-    std::vector<std::string> folders = files.ListFolders(trainset, "*."); // no dots
-    std::erase_if(folders,
-                  [&](const std::string &name) { return !host::MatchesFilter(name, filter); });
+    const std::string trainset = installation.PathOf(install::kTrainset);
+    std::vector<std::string> folders = install::StockFolders(files, trainset, filter);
     const std::size_t count = folders.size();
     m_ahead = std::make_unique<host::Ahead<std::vector<StockItem>>>(
         count,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <chrono>
 #include <condition_variable>
 #include <cstddef>
 #include <functional>
@@ -50,9 +51,14 @@ public:
     std::optional<Result> Take()
     {
         std::unique_lock lock(m_mutex);
-        m_ready.wait(lock, [this] {
-            return m_stopped || m_taken == m_results.size() || m_results[m_taken].has_value();
-        });
+        m_ready.wait(lock, [this] { return settled(); });
+        return takeLocked();
+    }
+    /// The same, but gives up after some time: nothing then too, and Done tells the difference.
+    std::optional<Result> TakeFor(std::chrono::milliseconds time)
+    {
+        std::unique_lock lock(m_mutex);
+        m_ready.wait_for(lock, time, [this] { return settled(); });
         return takeLocked();
     }
     bool Done() const
@@ -80,6 +86,11 @@ public:
     }
 
 private:
+    /// True when waiting for the next result would bring nothing more.
+    bool settled() const
+    {
+        return m_stopped || m_taken == m_results.size() || m_results[m_taken].has_value();
+    }
     std::optional<Result> takeLocked()
     {
         if (m_stopped || m_taken == m_results.size() || !m_results[m_taken])

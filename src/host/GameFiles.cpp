@@ -2,14 +2,9 @@
 #include "host/GameFiles.h"
 
 #include "host/Disk.h"
-#include "host/Filter.h"
 #include "host/GamePath.h"
 #include "host/Listings.h"
 #include "host/RuntimeError.h"
-#include "host/Text.h"
-
-#include <algorithm>
-#include <set>
 
 namespace host {
 namespace {
@@ -107,32 +102,13 @@ std::optional<std::filesystem::path> GameFiles::TargetOf(std::string_view path)
 std::vector<std::string> GameFiles::list(std::string_view folder, std::string_view pattern,
                                          bool wantFolders)
 {
-    std::vector<std::string> names;
     const std::optional<GamePath> steps = GamePath::Of(folder);
     if (!steps)
-        return names;
-    const std::vector<std::string> folders = m_listings->Folders(steps->root, steps->names);
-    const std::string upperPattern = ToUpper(pattern);
-    const disk::Kind wanted = wantFolders ? disk::Kind::Folder : disk::Kind::File;
-    std::set<std::string> earlier, here; // upper-case names of the folders before, and of this one
-    for (const std::string &path : folders) {
-        const std::shared_ptr<const Listings::Folder> listing = m_listings->Get(path);
-        if (!listing)
-            continue;
-        for (const Listings::Entry &entry : listing->entries) {
-            if (!MatchesUpperDosPattern(entry.key, upperPattern) ||
-                Listings::KindOf(path, entry) != wanted || earlier.contains(entry.key))
-                continue;
-            names.push_back(entry.name);
-            if (folders.size() > 1)
-                here.insert(entry.key);
-        }
-        earlier.merge(here);
-        here.clear();
-    }
-    if (folders.size() > 1)
-        std::sort(names.begin(), names.end(), ListsBefore);
-    return names;
+        return {};
+    std::vector<Listings::Listed> listed;
+    for (const std::string &path : m_listings->Folders(steps->root, steps->names))
+        listed.emplace_back(path, m_listings->Get(path));
+    return Listings::NamesIn(listed, pattern, wantFolders ? disk::Kind::Folder : disk::Kind::File);
 }
 
 std::vector<std::string> GameFiles::ListFiles(std::string_view folder, std::string_view pattern)

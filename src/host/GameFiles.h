@@ -73,6 +73,7 @@ public:
 
 private:
     class Listings;
+    friend class Snapshot;
 
     /// The files that a path leads to; `folders` are those in which they were looked for.
     std::vector<std::string> filesAt(const GamePath &path, std::vector<std::string> &folders);

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/Listings.h"
 
+#include "host/Filter.h"
 #include "host/GamePath.h"
 #include "host/Text.h"
 
 #include <algorithm>
+#include <set>
 
 namespace host {
 namespace {
@@ -66,8 +68,14 @@ GameFiles::Listings::Get(const std::string &folder)
 std::vector<std::string> GameFiles::Listings::Matches(const std::string &folder,
                                                       const std::string &name, disk::Kind kind)
 {
+    return MatchesIn(Get(folder).get(), folder, name, kind);
+}
+
+std::vector<std::string> GameFiles::Listings::MatchesIn(const Folder *listing,
+                                                        const std::string &folder,
+                                                        const std::string &name, disk::Kind kind)
+{
     std::vector<std::string> paths;
-    const std::shared_ptr<const Folder> listing = Get(folder);
     if (!listing) { // a folder may be closed to listing and still open to those who know a name
         std::string exact = Below(folder, name);
         if (disk::KindOf(exact) == kind)
@@ -100,6 +108,31 @@ std::vector<std::string> GameFiles::Listings::Folders(const std::string &root,
         folders = std::move(next);
     }
     return folders;
+}
+
+std::vector<std::string> GameFiles::Listings::NamesIn(const std::vector<Listed> &folders,
+                                                      std::string_view pattern, disk::Kind wanted)
+{
+    std::vector<std::string> names;
+    const std::string upperPattern = ToUpper(pattern);
+    std::set<std::string> earlier, here; // upper-case names of the folders before, and of this one
+    for (const auto &[path, listing] : folders) {
+        if (!listing)
+            continue;
+        for (const Entry &entry : listing->entries) {
+            if (!MatchesUpperDosPattern(entry.key, upperPattern) || KindOf(path, entry) != wanted ||
+                earlier.contains(entry.key))
+                continue;
+            names.push_back(entry.name);
+            if (folders.size() > 1)
+                here.insert(entry.key);
+        }
+        earlier.merge(here);
+        here.clear();
+    }
+    if (folders.size() > 1)
+        std::sort(names.begin(), names.end(), ListsBefore);
+    return names;
 }
 
 void GameFiles::Listings::Forget(const std::string &folder)

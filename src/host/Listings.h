@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace host {
@@ -41,9 +42,17 @@ public:
     /// first, then in listing order.
     std::vector<std::string> Matches(const std::string &folder, const std::string &name,
                                      disk::Kind kind);
+    /// The same in a listing of the folder that is at hand (null where it cannot be listed).
+    static std::vector<std::string> MatchesIn(const Folder *listing, const std::string &folder,
+                                              const std::string &name, disk::Kind kind);
     /// The folders that these names, in any letter case, lead to from a root.
     std::vector<std::string> Folders(const std::string &root,
                                      const std::vector<std::string> &names);
+    /// A folder's path and its listing, null where it cannot be listed.
+    using Listed = std::pair<std::string, std::shared_ptr<const Folder>>;
+    /// The names in folders that count as one, as GameFiles::ListFiles and ListFolders give them.
+    static std::vector<std::string> NamesIn(const std::vector<Listed> &folders,
+                                            std::string_view pattern, disk::Kind wanted);
     void Forget(const std::string &folder);
     void Clear();
 

@@ -77,6 +77,11 @@ std::string stavfile::QuotedValue(std::string_view text)
     return '"' + lexer::Escaped(text) + '"';
 }
 
+std::string stavfile::ValueAt(const StfNode &node, int index)
+{
+    return node && index < node.NumParameters() ? node.Parameter(index) : std::string();
+}
+
 StfNode StfNode::Create()
 {
     return StfNode(Node::Created());

@@ -83,6 +83,8 @@ private:
 namespace stavfile {
 /// A text in double quotes with its escapes, as SetParameter takes it to be written as it stands.
 std::string QuotedValue(std::string_view text);
+/// The value of a block at a 0-based index; "" when the block or the value is absent.
+std::string ValueAt(const StfNode &node, int index = 0);
 } // namespace stavfile
 
 /// A live, ordered, 1-based list of blocks: the children of a block or the top level of a file.

@@ -6,13 +6,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace host {
 class GameFiles;
-}
+class Snapshot;
+} // namespace host
 namespace install {
 class Installation;
 }
@@ -32,7 +34,7 @@ class Installation;
 ///
 /// File names are game paths (host/GameFiles.h). Those of the findings are the ones the checks
 /// built, in the platform's own separators. Nothing is kept between checks, except what Errors
-/// holds.
+/// holds, and the listings of folders: each is read once until the next Reset.
 class TSValidation
 {
 public:
@@ -50,6 +52,7 @@ public:
     /// Both must outlive this object.
     TSValidation(const install::Installation &installation, host::GameFiles &files,
                  std::size_t workers = host::DefaultWorkers());
+    ~TSValidation();
     TSValidation(const TSValidation &) = delete;
     TSValidation &operator=(const TSValidation &) = delete;
 
@@ -64,7 +67,8 @@ public:
     bool VerboseMessages() const { return m_verboseMessages; }
     void SetVerboseMessages(bool verbose) { m_verboseMessages = verbose; }
 
-    /// A new run of checks: empties Errors and Messages and forgets a Stop.
+    /// A new run of checks: empties Errors and Messages, and forgets listings and a Stop. Error 5
+    /// while a check runs.
     void Reset();
 
     /// The report line of a result key, without line end. Text without "|" is given back as it is.
@@ -96,8 +100,9 @@ public:
     /// A consist file, its vehicles and their shapes: IsMissing, IsSuspect or IsValid.
     std::int16_t CheckConsist(std::string_view fileName);
 
-    /// Ends the running check before its next file; this and all later checks then raise nothing
-    /// more, return what they have found so far, and do nothing at all until Reset.
+    /// Ends the running check after the file that it is at: what was found so far stays, and
+    /// nothing is said about the rest. Later checks do nothing at all, and give IsValid, until
+    /// Reset.
     void Stop() { m_stopped = true; }
     bool Stopped() const { return m_stopped; }
     /// True while a check runs (seen from within a handler).
@@ -122,6 +127,26 @@ public:
     std::function<void()> ProcessEvents;
 
 private:
+    class Run;
+    /// What to look for in one route, and how the report calls it.
+    struct RouteSearch
+    {
+        std::string route;
+        const char *folder, *pattern, *what;
+        std::string used;     ///< named when nothing uses it
+        std::string usedFile; ///< named with every use
+    };
+
+    void refuseWhileRunning() const;
+    std::vector<std::string> stockItems(Run &run, const std::string &trainset,
+                                        std::string_view filter) const;
+    template <typename CountUses>
+    std::int16_t searchRoute(Run &run, const RouteSearch &search, CountUses countUses);
+
+    const install::Installation &m_installation;
+    host::GameFiles &m_files;
+    std::size_t m_workers;
+    std::unique_ptr<host::Snapshot> m_snapshot;
     std::vector<std::string> m_errors, m_messages;
     bool m_verboseMessages = false;
     bool m_stopped = false;

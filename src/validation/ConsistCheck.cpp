@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "validation/ConsistCheck.h"
+
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "install/StockFiles.h"
+#include "validation/Content.h"
+#include "validation/TSValidation.h"
+#include "validation/Vehicles.h"
+
+#include <unordered_map>
+
+namespace validation {
+namespace {
+
+class ConsistCheck
+{
+public:
+    ConsistCheck(const Content &content, const std::string &fileName, Findings &findings)
+        : m_content(content)
+        , m_file(fileName)
+        , m_trainset(host::path::Join(content.Folder(), install::kTrainset))
+        , m_findings(findings)
+    {
+    }
+
+    std::int16_t Run()
+    {
+        if (!m_content.Exists(m_file))
+            return m_findings.Record(TSValidation::IsMissing, m_file);
+        try {
+            const StfFile file = m_content.Load(m_file);
+            const StfNode trainCfg = file.FindNode("Train").Child("TrainCfg");
+            if (!trainCfg)
+                throw host::RuntimeError(host::ErrorNumber::ObjectNotSet);
+            for (VehicleWalk walk(trainCfg); walk.Next();)
+                checkVehicle(walk);
+        } catch (const host::RuntimeError &error) {
+            m_findings.Record(TSValidation::IsCorrupt, m_file,
+                              "Error " + std::to_string(error.Number()) + " - " + error.Text());
+            m_verdict = TSValidation::IsSuspect;
+        }
+        return m_verdict;
+    }
+
+private:
+    void checkVehicle(const VehicleWalk &walk)
+    {
+        const StfNode data = walk.Data();
+        const std::string name = data.Parameter(0), folder = data.Parameter(1);
+        const char *extension = walk.Entry().Name() == "Engine" ? ".eng" : ".wag";
+        const std::string stock = Below(Below(m_trainset, folder), name + extension);
+        if (!recordUse(m_file, stock))
+            return;
+        const std::string shape = Below(FolderOf(stock), shapeOf(stock));
+        recordUse(stock, shape);
+    }
+
+    /// True when the file that is used is there.
+    bool recordUse(const std::string &user, const std::string &used)
+    {
+        const bool there = m_content.Exists(used);
+        m_findings.Record(there ? TSValidation::IsReferenced : TSValidation::HasMissingReference,
+                          user, used);
+        if (!there)
+            m_verdict = TSValidation::IsSuspect;
+        return there;
+    }
+
+    /// Trains repeat their vehicles: each is read once.
+    const std::string &shapeOf(const std::string &stock)
+    {
+        const auto known = m_shapes.find(stock);
+        if (known != m_shapes.end())
+            return known->second;
+        const StfFile file = m_content.Load(stock);
+        std::string shape = file.FindNode("Wagon").Child("WagonShape").Parameter(0);
+        return m_shapes.emplace(stock, std::move(shape)).first->second;
+    }
+
+    const Content &m_content;
+    const std::string &m_file;
+    std::string m_trainset;
+    Findings &m_findings;
+    std::unordered_map<std::string, std::string> m_shapes; ///< by stock file
+    std::int16_t m_verdict = TSValidation::IsValid;
+};
+
+} // namespace
+
+std::int16_t CheckConsist(Content &content, const std::string &fileName, Findings &findings)
+{
+    return ConsistCheck(content, fileName, findings).Run();
+}
+
+} // namespace validation

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "validation/Content.h"
+
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "host/Snapshot.h"
+
+#include <limits>
+
+namespace validation {
+namespace {
+
+/// The values of all blocks `File` below a block, which may stand at any depth (the reader bounds
+/// it, kMaxBlockDepth). Such a block ends its branch.
+void addSounds(const StfNode &node, References &references)
+{
+    const StfNodes children = node.Children();
+    const int count = children.Count();
+    if (count > std::numeric_limits<std::int16_t>::max())
+        throw host::RuntimeError(host::ErrorNumber::Overflow, std::to_string(count) + " entries");
+    for (int place = 1; place <= count; ++place) {
+        const StfNode child = children.Item(place);
+        if (child.Name() == "File")
+            references.files.push_back({stavfile::ValueAt(child)});
+        else
+            addSounds(child, references);
+    }
+}
+
+void readSound(const StfFile &file, References &references)
+{
+    const StfNode sound = file.FindNode("Tr_SMS");
+    references.corrupt = !sound;
+    if (sound)
+        addSounds(sound, references);
+}
+
+void readCabView(const StfFile &file, References &references)
+{
+    const StfNode cab = file.FindNode("Tr_CabViewFile");
+    references.corrupt = !cab;
+    if (!cab)
+        return;
+    std::int16_t position = 0;
+    while (cab.FindChild("CabViewFile", position))
+        references.files.push_back({stavfile::ValueAt(cab.Children().Item(position))});
+    const StfNode controls = cab.Child("CabViewControls");
+    const int count = controls ? controls.Children().Count() : 0;
+    for (int place = 1; place <= count; ++place)
+        references.files.push_back(
+            {stavfile::ValueAt(controls.Children().Item(place).Child("Graphic"))});
+}
+
+} // namespace
+
+std::string Below(std::string_view folder, std::string_view relative)
+{
+    return host::path::Join(folder, "\\" + std::string(relative));
+}
+
+std::string FolderOf(std::string_view path)
+{
+    const std::string_view folder = host::path::FolderWithSeparator(path);
+    return folder.empty() ? "." : std::string(folder.substr(0, folder.size() - 1));
+}
+
+std::string Content::diskPathOf(std::string_view path) const
+{
+    return m_snapshot.FindFile(path).value_or(std::string(path));
+}
+
+bool Content::Exists(std::string_view path) const
+{
+    return m_snapshot.FileExists(path);
+}
+
+std::string Content::Read(std::string_view path) const
+{
+    return m_files.ReadFile(diskPathOf(path));
+}
+
+StfFile Content::TreeOf(std::string bytes) const
+{
+    StfFile file(m_files);
+    file.LoadBytes(std::move(bytes));
+    return file;
+}
+
+StfFile Content::Load(std::string_view path) const
+{
+    StfFile file(m_files);
+    file.SetFileName(diskPathOf(path));
+    file.Load();
+    return file;
+}
+
+StfFile Content::TryLoad(std::string_view path) const
+{
+    try {
+        return Load(path);
+    } catch (const host::RuntimeError &) {
+        return StfFile(m_files);
+    }
+}
+
+std::shared_ptr<References> Content::read(const std::string &path, Reader reader) const
+{
+    auto references = std::make_shared<References>();
+    try {
+        reader(Load(path), *references);
+    } catch (const host::RuntimeError &) {
+        references->corrupt = true;
+    }
+    const std::string folder = FolderOf(path);
+    for (References::File &file : references->files)
+        file.exists = Exists(Below(folder, file.value));
+    return references;
+}
+
+std::shared_ptr<const References> Content::known(char kind, const std::string &path, Reader reader)
+{
+    std::shared_ptr<Known> entry;
+    {
+        const std::lock_guard lock(m_mutex);
+        auto &place = m_known[kind + host::path::Normalise(path)];
+        if (!place)
+            place = std::make_shared<Known>();
+        entry = place;
+    }
+    std::call_once(entry->once, [&] { entry->references = read(path, reader); });
+    return entry->references;
+}
+
+std::shared_ptr<const References> Content::Sound(const std::string &path)
+{
+    return known('s', path, readSound);
+}
+
+std::shared_ptr<const References> Content::CabView(const std::string &path)
+{
+    return known('c', path, readCabView);
+}
+
+} // namespace validation

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include "validation/ResultKey.h"
+
+#include "host/Text.h"
+#include "validation/TSValidation.h"
+
+#include <cerrno>
+#include <cstdlib>
+
+namespace validation {
+namespace {
+
+bool isInformation(std::int16_t code)
+{
+    return code == TSValidation::IsValid || code == TSValidation::IsReferenced ||
+           code == TSValidation::IsOK;
+}
+
+/// What is said of the one file that a verdict is about, or null.
+const char *predicateOf(std::int16_t code)
+{
+    switch (code) {
+    case TSValidation::IsOK:
+    case TSValidation::IsValid:
+        return " is OK";
+    case TSValidation::IsMissing:
+        return " is MISSING";
+    case TSValidation::IsCompressed:
+        return " is COMPRESSED";
+    case TSValidation::IsCorrupt:
+        return " appears CORRUPT";
+    case TSValidation::IsEmpty:
+        return " is EMPTY";
+    case TSValidation::IsSuspect:
+        return " is SUSPECT due to problems with dependent files";
+    default:
+        return nullptr;
+    }
+}
+
+std::string bodyOf(std::int16_t code, std::string_view file, std::string_view dependent)
+{
+    const std::string subject(file), other(dependent);
+    if (code == TSValidation::HasMissingReference)
+        return subject + " references missing file " + other;
+    if (code == TSValidation::IsReferenced)
+        return subject + " references file " + other;
+    const char *predicate = predicateOf(code);
+    if (!predicate)
+        return {};
+    if (host::TrimBlanks(dependent).empty())
+        return subject + predicate;
+    return other + " referenced by " + subject + predicate;
+}
+
+/// The number that a text begins with, 0 when it begins with none; one beyond 16 bits is no
+/// verdict, and is told as such.
+std::int16_t leadingCode(std::string_view text)
+{
+    constexpr std::int16_t kUnknown = INT16_MAX;
+    const std::string number(text);
+    errno = 0;
+    const long value = std::strtol(number.c_str(), nullptr, 10);
+    return errno != 0 || value < INT16_MIN || value > INT16_MAX ? kUnknown
+                                                                : static_cast<std::int16_t>(value);
+}
+
+} // namespace
+
+std::string ResultKey(std::int16_t code, std::string_view file, std::string_view dependent)
+{
+    return std::to_string(code).append("|").append(file).append("|").append(dependent);
+}
+
+std::string ReportLine(std::int16_t code, std::string_view file, std::string_view dependent)
+{
+    return (isInformation(code) ? "INFO: " : "ERROR: ") + bodyOf(code, file, dependent);
+}
+
+std::string_view VerdictName(std::int16_t code)
+{
+    static constexpr std::string_view kNames[] = {
+        "IsOK",    "IsValid",   "IsMissing",           "IsCompressed", "IsCorrupt",
+        "IsEmpty", "IsSuspect", "HasMissingReference", "IsReferenced"};
+    if (code < TSValidation::IsOK || code > TSValidation::IsReferenced)
+        return {};
+    return kNames[code - TSValidation::IsOK];
+}
+
+} // namespace validation
+
+std::string TSValidation::TranslateError(std::string_view key)
+{
+    const std::size_t bar = key.find('|');
+    if (bar == key.npos)
+        return std::string(key);
+    const std::int16_t code = validation::leadingCode(key.substr(0, bar));
+    const std::string_view rest = key.substr(bar + 1);
+    const std::size_t second = rest.find('|');
+    const std::string_view dependent = second == rest.npos ? "" : rest.substr(second + 1);
+    return validation::ReportLine(code, rest.substr(0, second), dependent);
+}

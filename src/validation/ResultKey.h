@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace validation {
+
+/// "code|file|dependent", the form in which a verdict is stored and passed on.
+std::string ResultKey(std::int16_t code, std::string_view file, std::string_view dependent);
+/// The report line of a verdict, without line end.
+std::string ReportLine(std::int16_t code, std::string_view file, std::string_view dependent);
+/// The name of a verdict as TSValidation has it ("IsMissing"), "" for an unknown code.
+std::string_view VerdictName(std::int16_t code);
+
+} // namespace validation

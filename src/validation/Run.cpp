@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "validation/Run.h"
+
+#include "host/GameFiles.h"
+#include "install/Installation.h"
+#include "validation/ResultKey.h"
+
+using validation::Findings;
+using validation::Outcome;
+
+TSValidation::Run::Run(TSValidation &owner)
+    : m_owner(owner)
+    , m_content(owner.m_files, *owner.m_snapshot, owner.m_installation.CurrentFolder())
+    , m_verbose(owner.m_verboseMessages)
+{
+    owner.refuseWhileRunning();
+    owner.m_running = true;
+}
+
+std::string TSValidation::Run::PathOf(std::string_view relative) const
+{
+    return host::path::Join(m_content.Folder(), relative);
+}
+
+void TSValidation::Run::RaiseMessage(const std::string &message, std::int16_t level) const
+{
+    if (m_owner.MessageRaised)
+        m_owner.MessageRaised(message, level);
+}
+
+void TSValidation::Run::RaiseProgress(std::size_t index, std::size_t total) const
+{
+    if (m_owner.ProgressRaised)
+        m_owner.ProgressRaised(index + 1, total);
+}
+
+std::int16_t TSValidation::Run::Record(std::int16_t code, const std::string &file,
+                                       const std::string &dependent)
+{
+    Outcome outcome{Findings(m_verbose), code};
+    outcome.findings.Record(code, file, dependent);
+    return Deliver(outcome);
+}
+
+std::int16_t TSValidation::Run::CheckFile(validation::FileCheck check, std::string_view fileName)
+{
+    const std::string file(fileName);
+    std::int16_t verdict = IsValid;
+    if (m_owner.ProcessEvents)
+        Each<Outcome>(
+            1, [&](std::size_t) { return OutcomeOf(check, file); },
+            [&](std::size_t, const Outcome &outcome) { verdict = Deliver(outcome); });
+    else if (!m_owner.m_stopped)
+        verdict = Deliver(OutcomeOf(check, file));
+    return verdict;
+}
+
+Outcome TSValidation::Run::OutcomeOf(validation::FileCheck check, const std::string &fileName)
+{
+    Outcome outcome{Findings(m_verbose)};
+    try {
+        outcome.verdict = check(m_content, fileName, outcome.findings);
+    } catch (...) {
+        outcome.error = std::current_exception();
+    }
+    return outcome;
+}
+
+std::int16_t TSValidation::Run::Deliver(const Outcome &outcome)
+{
+    for (const Findings::Entry &entry : outcome.findings.Entries())
+        if (entry.isMessage)
+            RaiseMessage(entry.text);
+        else
+            report(entry.code, entry.text, entry.dependent);
+    if (outcome.error)
+        std::rethrow_exception(outcome.error);
+    return outcome.verdict;
+}
+
+void TSValidation::Run::pump() const
+{
+    if (m_owner.ProcessEvents)
+        m_owner.ProcessEvents();
+}
+
+void TSValidation::Run::report(std::int16_t code, const std::string &file,
+                               const std::string &dependent)
+{
+    const std::string key = validation::ResultKey(code, file, dependent);
+    if (code != IsValid) {
+        m_owner.m_errors.push_back(key);
+        if (m_owner.ErrorRaised)
+            m_owner.ErrorRaised(dependent, file, code);
+    }
+    if (m_verbose)
+        RaiseMessage(TranslateError(key), code == IsValid ? 1 : 2);
+    if (m_owner.ResultRecorded)
+        m_owner.ResultRecorded(code, file, dependent);
+}

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "validation/ShapeCheck.h"
+
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "host/Snapshot.h"
+#include "host/Text.h"
+#include "validation/Content.h"
+#include "validation/TSValidation.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <span>
+#include <vector>
+
+using host::ErrorNumber;
+using host::RuntimeError;
+
+namespace validation {
+namespace {
+
+[[noreturn]] void fail(ErrorNumber number, const std::string &file, std::string_view what)
+{
+    throw RuntimeError(number, file + ": " + std::string(what));
+}
+
+std::optional<double> parseNumber(std::string_view text)
+{
+    text = host::TrimBlanks(text);
+    if (text.starts_with('+'))
+        text.remove_prefix(1);
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
+        return std::nullopt;
+    return value;
+}
+
+/// The number that an entry of a file holds: its first value that is one, as a 16-bit integer.
+int numberOf(const StfNode &entry, const std::string &file, const std::string &name)
+{
+    if (!entry)
+        fail(ErrorNumber::ObjectNotSet, file, "there is no entry " + name);
+    const int count = entry.NumParameters();
+    if (count == 0)
+        fail(ErrorNumber::SubscriptOutOfRange, file, name + " has no value");
+    for (int index = 0; index < count; ++index) {
+        const std::optional<double> value = parseNumber(entry.Parameter(index));
+        if (!value)
+            continue;
+        const double rounded = std::nearbyint(*value);
+        if (std::abs(rounded) > std::numeric_limits<std::int16_t>::max())
+            fail(ErrorNumber::Overflow, file, name + " is " + entry.Parameter(index));
+        return static_cast<int>(rounded);
+    }
+    fail(ErrorNumber::TypeMismatch, file,
+         name + " is \"" + entry.Parameter(0) + "\", which is no number");
+}
+
+/// The image names of a shape, no more than it declares.
+std::vector<std::string> imagesOf(const StfNode &images, int declared, const std::string &file)
+{
+    std::vector<std::string> names;
+    const StfNodes children = images.Children();
+    for (int place = 1; place <= children.Count(); ++place) {
+        const StfNode child = children.Item(place);
+        if (child.Name() != "image")
+            continue;
+        if (static_cast<int>(names.size()) >= declared)
+            fail(ErrorNumber::SubscriptOutOfRange, file,
+                 "it names more images than the " + std::to_string(declared) + " it declares");
+        if (child.NumParameters() == 0)
+            fail(ErrorNumber::SubscriptOutOfRange, file, "an image entry names no file");
+        names.push_back(child.Parameter(0));
+    }
+    return names;
+}
+
+/// Settings of the descriptor, and the folders in which each image must then be, too.
+constexpr int kNightOnly = 256; // reported as broken
+std::span<const char *const> alternativeFolders(int setting)
+{
+    static constexpr const char *kSnow[] = {"Snow"};
+    static constexpr const char *kSeasons[] = {"Autumn",     "AutumnSnow", "Spring",
+                                               "SpringSnow", "Winter",     "WinterSnow"};
+    static constexpr const char *kSnowAndNight[] = {"Snow", "Night"};
+    switch (setting) {
+    case 1:
+        return kSnow;
+    case 252:
+        return kSeasons;
+    case 257:
+        return kSnowAndNight;
+    default:
+        return {};
+    }
+}
+
+class ShapeCheck
+{
+public:
+    ShapeCheck(const Content &content, const std::string &fileName, Findings &findings)
+        : m_content(content)
+        , m_file(fileName)
+        , m_folder(FolderOf(fileName))
+        , m_findings(findings)
+    {
+    }
+
+    std::int16_t Run()
+    {
+        if (!m_content.Exists(m_file))
+            return m_findings.Record(TSValidation::IsMissing, m_file);
+        const StfFile file = m_content.Load(m_file);
+        if (file.TopNodes().Count() == 0)
+            return m_findings.Record(TSValidation::IsCompressed, m_file);
+        readImages(file.TopNodes().Item(1).Child("images"));
+        if (isRollingStock()) {
+            checkImagesIn("");
+            return m_verdict;
+        }
+        const std::string textures = "..\\Textures\\";
+        checkImagesIn(textures);
+        for (const char *folder : alternativeFolders(alternativeSetting()))
+            checkImagesIn(textures + folder + '\\');
+        return m_verdict;
+    }
+
+private:
+    void readImages(const StfNode &images)
+    {
+        const int declared = numberOf(images, m_file, "images");
+        if (declared < 0)
+            fail(ErrorNumber::SubscriptOutOfRange, m_file,
+                 "it declares " + std::to_string(declared) + " images");
+        m_images = imagesOf(images, declared, m_file);
+        if (static_cast<int>(m_images.size()) != declared)
+            m_findings.Record(TSValidation::IsSuspect, m_file, "Image count");
+    }
+
+    /// True when a vehicle of the shape's name lies beside it.
+    bool isRollingStock() const
+    {
+        const std::string_view name = host::path::FileName(m_file);
+        const std::string pattern = std::string(name.substr(0, name.size() - 1)) + "??g";
+        return !m_content.Listings().ListFiles(m_folder, pattern).empty();
+    }
+
+    void checkImagesIn(const std::string &folder)
+    {
+        for (const std::string &image : m_images)
+            if (const std::string path = Below(m_folder, folder + image); !m_content.Exists(path))
+                m_verdict = m_findings.Record(TSValidation::HasMissingReference, m_file, path);
+    }
+
+    /// A descriptor that is not there, and the setting for night textures alone, end the check
+    /// with an error and without a verdict: callers count on it.
+    int alternativeSetting() const
+    {
+        const std::string descriptor = m_file + 'd';
+        if (!m_content.Exists(descriptor))
+            fail(ErrorNumber::TypeMismatch, m_file, "its descriptor " + descriptor + " is missing");
+        const StfFile file = m_content.Load(descriptor);
+        if (file.TopNodes().Count() == 0)
+            fail(ErrorNumber::SubscriptOutOfRange, descriptor, "it has no sections");
+        const StfNode section = file.TopNodes().Item(1);
+        const char *name = "ESD_Alternative_Texture";
+        const int setting = numberOf(section.Child(name), descriptor, name);
+        if (setting == kNightOnly)
+            fail(ErrorNumber::TypeMismatch, m_file,
+                 descriptor + " contains broken ESD_Alternative_Texture setting of 256");
+        return setting;
+    }
+
+    const Content &m_content;
+    const std::string &m_file;
+    std::string m_folder;
+    Findings &m_findings;
+    std::vector<std::string> m_images;
+    std::int16_t m_verdict = TSValidation::IsValid;
+};
+
+} // namespace
+
+std::int16_t CheckShape(Content &content, const std::string &fileName, Findings &findings)
+{
+    return ShapeCheck(content, fileName, findings).Run();
+}
+
+} // namespace validation

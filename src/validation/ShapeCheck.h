@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "validation/Findings.h"
+
+#include <cstdint>
+#include <string>
+
+namespace validation {
+
+class Content;
+
+/// The check of a shape and its textures. RuntimeError as TSValidation::CheckShape.
+std::int16_t CheckShape(Content &content, const std::string &fileName, Findings &findings);
+
+} // namespace validation

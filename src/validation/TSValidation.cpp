@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "validation/TSValidation.h"
+
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "host/Snapshot.h"
+#include "install/StockFiles.h"
+#include "validation/ConsistCheck.h"
+#include "validation/Run.h"
+#include "validation/ShapeCheck.h"
+#include "validation/StockCheck.h"
+#include "validation/UsageCheck.h"
+
+using host::path::Join;
+using validation::ConsistUse;
+using validation::Outcome;
+using validation::StockName;
+
+TSValidation::TSValidation(const install::Installation &installation, host::GameFiles &files,
+                           std::size_t workers)
+    : m_installation(installation)
+    , m_files(files)
+    , m_workers(workers)
+{
+    Reset();
+}
+
+TSValidation::~TSValidation() = default;
+
+void TSValidation::refuseWhileRunning() const
+{
+    if (m_running)
+        throw host::RuntimeError(host::ErrorNumber::InvalidCall, "a check is running already");
+}
+
+void TSValidation::Reset()
+{
+    refuseWhileRunning();
+    m_errors = {};
+    m_messages = {};
+    m_stopped = false;
+    m_snapshot = std::make_unique<host::Snapshot>(m_files);
+}
+
+std::int16_t TSValidation::CheckSound(std::string_view fileName)
+{
+    return Run(*this).CheckFile(validation::CheckSound, fileName);
+}
+
+std::int16_t TSValidation::CheckCabView(std::string_view fileName)
+{
+    return Run(*this).CheckFile(validation::CheckCabView, fileName);
+}
+
+std::int16_t TSValidation::CheckStock(std::string_view fileName)
+{
+    return Run(*this).CheckFile(validation::CheckStock, fileName);
+}
+
+std::int16_t TSValidation::CheckShape(std::string_view fileName)
+{
+    return Run(*this).CheckFile(validation::CheckShape, fileName);
+}
+
+std::int16_t TSValidation::CheckConsist(std::string_view fileName)
+{
+    return Run(*this).CheckFile(validation::CheckConsist, fileName);
+}
+
+std::vector<std::string> TSValidation::stockItems(Run &run, const std::string &trainset,
+                                                  std::string_view filter) const
+{
+    const auto folders = install::StockFolders(*m_snapshot, trainset, filter);
+    std::vector<std::string> items;
+    run.Each<std::vector<std::string>>(
+        folders.size(),
+        [&](std::size_t i) { return install::StockFiles(*m_snapshot, trainset, folders[i]); },
+        [&](std::size_t i, const std::vector<std::string> &files) {
+            for (const std::string &file : files)
+                items.push_back(Join(folders[i], file));
+        });
+    return items;
+}
+
+std::int16_t TSValidation::CheckAllStock(std::string_view filter)
+{
+    Run run(*this);
+    if (m_stopped)
+        return IsValid;
+    run.RaiseMessage("Checking your TS Installation");
+    const std::string trainset = run.PathOf(install::kTrainset);
+    const std::vector<std::string> items = stockItems(run, trainset, filter);
+    const std::string total = std::to_string(items.size());
+    std::int16_t verdict = IsValid;
+    run.Each<Outcome>(
+        items.size(),
+        [&](std::size_t i) {
+            return run.OutcomeOf(validation::CheckStock, Join(trainset, items[i]));
+        },
+        [&](std::size_t i, const Outcome &outcome) {
+            run.RaiseProgress(i, items.size());
+            run.RaiseMessage("Checking (" + std::to_string(i + 1) + " of " + total + ") " +
+                             items[i]);
+            if (run.Deliver(outcome) != IsValid)
+                verdict = IsSuspect;
+        });
+    if (!m_stopped)
+        run.RaiseMessage("TS Installation check complete");
+    return verdict;
+}
+
+std::int16_t TSValidation::CheckStockInConsists(std::string_view stockPath)
+{
+    Run run(*this);
+    const std::string folder = run.PathOf("Trains/Consists"), stock(stockPath);
+    const std::vector<std::string> consists = m_snapshot->ListFiles(folder, "*.con");
+    const StockName name = StockName::Of(stock);
+    bool found = false;
+    run.Each<ConsistUse>(
+        consists.size(),
+        [&](std::size_t i) {
+            return validation::UseInConsist(run.Files(), Join(folder, consists[i]), name);
+        },
+        [&](std::size_t i, const ConsistUse &use) {
+            run.RaiseProgress(i, consists.size());
+            run.RaiseMessage("Checking " + consists[i]);
+            // Once one is found, the others are only looked at up to their first vehicle.
+            if (found ? use.first : use.any) {
+                run.Record(IsReferenced, Join(folder, consists[i]), stock);
+                found = true;
+            }
+        });
+    if (m_stopped)
+        return IsValid;
+    const std::int16_t verdict = found ? IsValid : run.Record(IsMissing, "all consists", stock);
+    run.RaiseMessage("Done");
+    return verdict;
+}
+
+template <typename CountUses>
+std::int16_t TSValidation::searchRoute(Run &run, const RouteSearch &search, CountUses countUses)
+{
+    const std::string route = Join(run.PathOf("Routes"), search.route);
+    if (m_stopped)
+        return IsValid;
+    if (!m_snapshot->FolderExists(route))
+        return run.Record(IsMissing, "Route " + search.route, {});
+    const std::string folder = Join(route, search.folder);
+    const std::vector<std::string> files = m_snapshot->ListFiles(folder, search.pattern);
+    bool found = false;
+    run.Each<int>(
+        files.size(), [&](std::size_t i) { return countUses(Join(folder, files[i])); },
+        [&](std::size_t i, int uses) {
+            run.RaiseProgress(i, files.size());
+            found = found || uses > 0;
+            while (uses-- > 0)
+                run.Record(IsReferenced, Join(folder, files[i]), search.usedFile);
+        });
+    if (!found && !m_stopped)
+        run.Record(IsValid, search.route + ' ' + search.what, search.used);
+    return IsValid;
+}
+
+std::int16_t TSValidation::CheckConsistUseInRoute(std::string_view route, std::string_view consist)
+{
+    Run run(*this);
+    const std::string name(consist);
+    const RouteSearch search{
+        std::string(route), "Services", "*.srv",
+        "services",         name,       Join(run.PathOf("Trains/Consists"), name + ".con")};
+    return searchRoute(run, search, [&](const std::string &service) {
+        return validation::IsRunByService(run.Files(), service, name) ? 1 : 0;
+    });
+}
+
+std::int16_t TSValidation::CheckStockUseInRoute(std::string_view stockPath, std::string_view route)
+{
+    Run run(*this);
+    const std::string stock(stockPath);
+    const RouteSearch search{std::string(route), "Activities", "*.act", "activities", stock, stock};
+    return searchRoute(run, search, [&, name = StockName::Of(stock)](const std::string &activity) {
+        return validation::UsesInActivity(run.Files(), activity, name);
+    });
+}

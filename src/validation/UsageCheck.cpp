@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "validation/UsageCheck.h"
+
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "validation/Content.h"
+
+#include <algorithm>
+
+using stavfile::ValueAt;
+
+namespace validation {
+namespace {
+
+/// The child of this name, or no object where there is no parent either.
+StfNode childOf(const StfNode &parent, std::string_view name)
+{
+    return parent ? parent.Child(name) : StfNode();
+}
+
+} // namespace
+
+StockName StockName::Of(std::string_view stockPath)
+{
+    constexpr std::size_t kExtension = 4; // ".eng", ".wag"
+    std::string_view name = host::path::FileName(stockPath);
+    name.remove_suffix(std::min(kExtension, name.size()));
+    return {std::string(name), std::string(host::path::FileName(FolderOf(stockPath)))};
+}
+
+ConsistUse UseInConsist(const Content &content, const std::string &consist, const StockName &stock)
+{
+    ConsistUse use;
+    try {
+        const StfFile file = content.Load(consist);
+        if (file.TopNodes().Count() == 0 || file.TopNodes().Item(1).Children().Count() == 0)
+            return use;
+        VehicleWalk walk(file.TopNodes().Item(1).Children().Item(1));
+        for (bool isFirst = true; !use.any && walk.Next(); isFirst = false) {
+            use.any = stock.IsNamedBy(walk.Data());
+            use.first = isFirst && use.any;
+        }
+    } catch (const host::RuntimeError &) {
+        return use;
+    }
+    return use;
+}
+
+bool IsRunByService(const Content &content, const std::string &service, const std::string &consist)
+{
+    const StfFile file = content.TryLoad(service);
+    const StfNode config = childOf(file.FindNode("Service_Definition"), "Train_Config");
+    return config && ValueAt(config) == consist;
+}
+
+int UsesInActivity(const Content &content, const std::string &activity, const StockName &stock)
+{
+    int uses = 0;
+    try {
+        const StfFile file = content.Load(activity);
+        const StfNode body = childOf(file.FindNode("Tr_Activity"), "Tr_Activity_File");
+        const StfNode objects = childOf(body, "ActivityObjects");
+        const int count = objects ? objects.Children().Count() : 0;
+        for (int place = 1; place <= count; ++place) {
+            const StfNode object = objects.Children().Item(place);
+            if (ValueAt(object.Child("ObjectType")) != "WagonsList")
+                continue;
+            for (VehicleWalk walk(childOf(object.Child("Train_Config"), "TrainCfg")); walk.Next();)
+                uses += stock.IsNamedBy(walk.Data()) ? 1 : 0;
+        }
+    } catch (const host::RuntimeError &) {
+        return uses;
+    }
+    return uses;
+}
+
+} // namespace validation
