@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ListCommand.h"
 
+#include "EntryWriter.h"
 #include "Session.h"
 #include "document/ConsistList.h"
 #include "document/StockList.h"
@@ -9,9 +10,7 @@
 #include "install/modTS.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <memory>
-#include <utility>
 
 namespace zelkctl {
 namespace {
@@ -21,51 +20,6 @@ struct ListOptions
     std::string what;
     std::string filter;
     bool json = false;
-};
-
-using Members = std::initializer_list<std::pair<std::string_view, std::string_view>>;
-
-/// Writes entries one a line: as plain text, or as the objects of a JSON array.
-class EntryWriter
-{
-public:
-    EntryWriter(Output &out, bool json)
-        : m_out(out)
-        , m_json(json)
-    {
-    }
-
-    void Add(const std::string &line, Members members)
-    {
-        if (m_json)
-            addObject(members);
-        else
-            m_out.Write(line + "\n");
-    }
-    void End()
-    {
-        if (m_json)
-            m_out.Write(m_empty ? "[]\n" : "\n]\n");
-    }
-
-private:
-    void addObject(Members members)
-    {
-        const char *separator = m_empty ? "[\n{" : ",\n{";
-        m_empty = false;
-        for (const auto &[key, value] : members) {
-            m_out.Write(separator);
-            m_out.WriteJson(key);
-            m_out.Write(":");
-            m_out.WriteJson(value);
-            separator = ",";
-        }
-        m_out.Write("}");
-    }
-
-    Output &m_out;
-    bool m_json;
-    bool m_empty = true;
 };
 
 void listConsists(Session &session, const std::string &filter, EntryWriter &entries)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Program.h"
 
+#include "CheckCommand.h"
 #include "EditCommand.h"
 #include "ListCommand.h"
 #include "ResaveCommand.h"
@@ -33,50 +34,64 @@ void addCommands(CLI::App &app, Session &session)
                    "Train Simulator folder (otherwise the one set in ZELK or registered)")
         ->type_name("DIR");
     AddListCommand(app, session);
+    AddCheckCommand(app, session);
     AddTreeCommand(app, session);
     AddResaveCommand(app, session);
     AddEditCommand(app, session);
 }
 
-/// The options, of the program and of all its commands, that are followed by a value.
-std::set<std::string> valueOptions(CLI::App &app)
+/// Adds the options of a command, and of those in it, that are followed by a value.
+void addValueOptions(const CLI::App &command, std::set<std::string> &names)
 {
-    std::set<std::string> names;
-    const auto collect = [&names](const CLI::App &from) {
-        for (const CLI::Option *option : from.get_options())
-            if (option->nonpositional() && option->get_items_expected_max() > 0)
-                names.insert(option->get_name());
-    };
-    collect(app);
-    for (const CLI::App *command : app.get_subcommands({}))
-        collect(*command);
-    return names;
+    for (const CLI::Option *option : command.get_options())
+        if (option->nonpositional() && option->get_items_expected_max() > 0)
+            names.insert(option->get_name());
+    for (const CLI::App *below : command.get_subcommands({}))
+        addValueOptions(*below, names);
 }
 
-/// Puts the command in front of the options, so that a command's own options may precede it.
-void putCommandFirst(std::vector<std::string> &arguments, const std::set<std::string> &valueOptions)
+/// Moves the first argument from `place` on that is neither an option nor its value to `place`.
+void putCommandAt(std::ptrdiff_t place, std::vector<std::string> &arguments,
+                  const std::set<std::string> &valueOptions)
 {
-    for (std::size_t i = 0; i < arguments.size() && arguments[i] != "--"; ++i) {
-        if (valueOptions.contains(arguments[i])) {
-            ++i;
-        } else if (arguments[i].empty() || arguments[i].front() != '-') {
-            const auto command = arguments.begin() + static_cast<std::ptrdiff_t>(i);
-            std::rotate(arguments.begin(), command, command + 1);
+    const auto begin = arguments.begin() + place;
+    for (auto at = begin; at != arguments.end() && *at != "--"; ++at) {
+        if (valueOptions.contains(*at)) {
+            if (++at == arguments.end())
+                return;
+        } else if (at->empty() || at->front() != '-') {
+            std::rotate(begin, at, at + 1);
             return;
         }
     }
 }
 
-/// The parser would only say that there must be a command.
-void refuseUnknownCommand(const std::vector<std::string> &arguments, CLI::App &app)
+/// Puts the names of the command in front of all options, so that a command's own options may
+/// precede it. A command that does not exist is a Failure: the parser would only say that there
+/// must be one.
+void putCommandFirst(std::vector<std::string> &arguments, CLI::App &app)
 {
-    if (arguments.empty() || arguments[0].starts_with('-'))
-        return;
-    const std::vector<CLI::App *> commands = app.get_subcommands({});
-    if (std::none_of(commands.begin(), commands.end(), [&arguments](const CLI::App *command) {
-            return command->get_name() == arguments[0];
-        }))
-        throw Failure("There is no command \"" + arguments[0] + "\"" + kHint);
+    std::set<std::string> valueOptions;
+    addValueOptions(app, valueOptions);
+    const CLI::App *command = &app;
+    std::string names;
+    for (std::size_t place = 0; place < arguments.size(); ++place) {
+        const std::vector<const CLI::App *> below =
+            command->get_subcommands([](const CLI::App *) { return true; });
+        if (below.empty())
+            return;
+        putCommandAt(static_cast<std::ptrdiff_t>(place), arguments, valueOptions);
+        const std::string &name = arguments[place];
+        if (name.starts_with('-'))
+            return;
+        const auto found = std::find_if(below.begin(), below.end(), [&](const CLI::App *each) {
+            return each->get_name() == name;
+        });
+        names += (place == 0 ? "" : " ") + name;
+        if (found == below.end())
+            throw Failure("There is no command \"" + names + "\"" + kHint);
+        command = *found;
+    }
 }
 
 /// Shells hand over the bytes of a file's name. One that is no UTF-8 is known by the text that
@@ -93,8 +108,7 @@ void parseAndRun(std::vector<std::string> arguments, Session &session)
     CLI::App app("Lists, shows and edits Microsoft Train Simulator content.", "zelkctl");
     addCommands(app, session);
     makeUtf8(arguments);
-    putCommandFirst(arguments, valueOptions(app));
-    refuseUnknownCommand(arguments, app);
+    putCommandFirst(arguments, app);
     std::reverse(arguments.begin(), arguments.end()); // the order in which the parser takes them
     try {
         app.parse(std::move(arguments));
@@ -124,7 +138,7 @@ int Run(std::vector<std::string> arguments)
     try {
         Session session;
         parseAndRun(std::move(arguments), session);
-        return 0;
+        return session.exitCode;
     } catch (const std::bad_alloc &) {
         return fail("out of memory");
     } catch (const std::exception &error) {

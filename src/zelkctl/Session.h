@@ -25,6 +25,7 @@ struct Session
     Output out;
     host::GameFiles files;
     std::optional<std::string> msts; ///< the folder named on the command line
+    int exitCode = 0;                ///< of a command that could be done
 };
 
 /// The installation to work on: the folder named on the command line, else the one set in ZELK,

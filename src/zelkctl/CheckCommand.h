@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+namespace zelkctl {
+
+struct Session;
+
+/// zelkctl check stock|consist|shape|all|use [--json] [--verbose] [--quiet] [--report FILE]
+void AddCheckCommand(CLI::App &app, Session &session);
+
+} // namespace zelkctl

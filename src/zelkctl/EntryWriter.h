@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Output.h"
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace zelkctl {
+
+/// Writes entries one a line: as plain text, or as the objects of a JSON array.
+class EntryWriter
+{
+public:
+    struct Member
+    {
+        std::string_view key, value;
+        bool isNumber = false; ///< `value` is written as it stands
+    };
+
+    EntryWriter(Output &out, bool json)
+        : m_out(out)
+        , m_json(json)
+    {
+    }
+
+    void Add(const std::string &line, std::initializer_list<Member> members);
+    void End();
+
+private:
+    void addObject(std::initializer_list<Member> members);
+
+    Output &m_out;
+    bool m_json;
+    bool m_empty = true;
+};
+
+} // namespace zelkctl

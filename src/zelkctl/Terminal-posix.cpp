@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#include "Terminal.h"
+
+#include <unistd.h>
+
+bool zelkctl::IsErrorTerminal()
+{
+    return isatty(STDERR_FILENO) == 1;
+}
