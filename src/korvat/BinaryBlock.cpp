@@ -78,8 +78,9 @@ void BinaryBlock::tooShort()
 void BinaryBlock::doesNotFit(std::size_t where)
 {
     m_trouble->Tell(Status::Damaged, where,
-                    "a block in " + std::string(TokenName(static_cast<Token>(m_id))) +
-                        " does not fit into it");
+                    m_id ? "a block in " + std::string(TokenName(static_cast<Token>(m_id))) +
+                               " does not fit into it"
+                         : "the file ends within its first block");
 }
 
 } // namespace korvat

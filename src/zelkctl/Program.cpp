@@ -6,6 +6,8 @@
 #include "ListCommand.h"
 #include "ResaveCommand.h"
 #include "Session.h"
+#include "ShapeCommand.h"
+#include "TextureCommand.h"
 #include "TreeCommand.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
@@ -38,6 +40,8 @@ void addCommands(CLI::App &app, Session &session)
     AddTreeCommand(app, session);
     AddResaveCommand(app, session);
     AddEditCommand(app, session);
+    AddShapeCommand(app, session);
+    AddTextureCommand(app, session);
 }
 
 /// Adds the options of a command, and of those in it, that are followed by a value.

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+namespace zelkctl {
+
+struct Session;
+
+/// `shape FILE`: what a shape holds, as JSON.
+/// The session must outlive the parsing of `app`.
+void AddShapeCommand(CLI::App &app, Session &session);
+
+} // namespace zelkctl
