@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <future>
 #include <memory>
 #include <semaphore>
 
@@ -119,6 +120,23 @@ TEST(AheadTest, GoesAwayWhileWorkersWaitForRoom)
         ASSERT_TRUE(first);
         EXPECT_EQ(**first, 0);
     }
+}
+
+TEST(AheadTest, TakeForGivesUpAfterATime)
+{
+    std::promise<void> mayEnd;
+    host::Ahead<int> ahead(
+        1,
+        [wait = mayEnd.get_future().share()](std::size_t) {
+            wait.wait();
+            return 7;
+        },
+        1);
+    EXPECT_EQ(ahead.TakeFor(std::chrono::milliseconds(1)), std::nullopt);
+    EXPECT_FALSE(ahead.Done());
+    mayEnd.set_value();
+    EXPECT_EQ(ahead.TakeFor(std::chrono::hours(1)), 7);
+    EXPECT_EQ(ahead.TakeFor(std::chrono::hours(1)), std::nullopt) << "all were taken";
 }
 
 } // namespace

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "validation/Report.h"
+
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+const std::string kFrame = std::string(80, '=') + '\n';
+
+class ReportTest : public testing::Test
+{
+protected:
+    void append(const std::string &name, std::string_view text)
+    {
+        validation::AppendReport(m_files, m_folder.At(name), text);
+    }
+    /// The file with LF line ends, all of which must be the platform's.
+    std::string read(const std::string &name) const
+    {
+        std::string text = m_folder.Read(name);
+#ifdef _WIN32
+        EXPECT_EQ(std::count(text.begin(), text.end(), '\n'),
+                  std::count(text.begin(), text.end(), '\r'));
+        std::erase(text, '\r');
+#endif
+        return text;
+    }
+
+    support::TempFolder m_folder;
+    host::GameFiles m_files;
+};
+
+TEST_F(ReportTest, AppendsFramedReports)
+{
+    append("a.log", "ERROR: x\r\nINFO: y\r\n");
+    EXPECT_EQ(read("a.log"), kFrame + "ERROR: x\nINFO: y\n" + kFrame);
+    append("A.LOG", "one\ntwo");
+    append("a.log", "");
+    EXPECT_EQ(read("a.log"), kFrame + "ERROR: x\nINFO: y\n" + kFrame + kFrame + "one\ntwo\n" +
+                                 kFrame + kFrame + kFrame);
+}
+
+TEST_F(ReportTest, KeepsWhatTheLogHolds)
+{
+    m_folder.Write("a.log", "mine\n\n\xff my last line");
+    append("a.log", "x");
+    EXPECT_EQ(read("a.log"), "mine\n\n\xff my last line\n" + kFrame + "x\n" + kFrame);
+}
+
+TEST_F(ReportTest, RefusesWhatIsNoLog)
+{
+    const std::string consist("\xff\xfeS\0I\0", 6);
+    m_folder.Write("x.con", consist);
+    m_folder.MakeFolder("folder.log");
+    const auto numberOf = [this](const char *name) {
+        try {
+            append(name, "x");
+        } catch (const host::RuntimeError &error) {
+            EXPECT_NE(error.Detail().find(name), std::string::npos) << error.what();
+            return error.Number();
+        }
+        return 0;
+    };
+    EXPECT_EQ(numberOf("x.con"), 5);
+    EXPECT_EQ(m_folder.Read("x.con"), consist);
+    EXPECT_EQ(numberOf("nowhere/a.log"), 76);
+    EXPECT_NE(numberOf("folder.log"), 0);
+    EXPECT_EQ(m_folder.Names(), (std::vector<std::string>{"folder.log", "x.con"}));
+}
+
+} // namespace

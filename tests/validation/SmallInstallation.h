@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/GameFiles.h"
+#include "install/Installation.h"
+#include "support/TempFolder.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// Files by their paths below the installation folder, with "/". No content: the file is taken
+/// away.
+using Changes = std::vector<std::pair<std::string, std::optional<std::string>>>;
+
+/// An installation in which nothing is wrong: folder A with the wagon "a" and the engine "e", the
+/// consist "c" of both, and route R with a shape, a service and an activity that use them. It is
+/// changed before it is written.
+class SmallInstallation
+{
+public:
+    explicit SmallInstallation(const Changes &changes = {});
+
+    const install::Installation &Location() const { return m_location; }
+    host::GameFiles &Files() { return m_files; }
+    const support::TempFolder &Folder() const { return m_folder; }
+    /// The path of a file as the user names it.
+    std::string At(const std::string &name) const { return m_folder.At(name); }
+    /// A text of the checks, with "<M>" for the installation folder and "/" in paths.
+    std::string Neutral(std::string text) const;
+
+private:
+    support::TempFolder m_folder;
+    install::Installation m_location;
+    host::GameFiles m_files;
+};

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "ZelkctlTest.h"
+
+#include <nlohmann/json.hpp>
+
+namespace {
+
+/// A wagon without its descriptor, which a consist, a service and an activity use.
+class CheckCommandTest : public ZelkctlTest
+{
+protected:
+    void SetUp() override
+    {
+        write("m/Trains/Trainset/A/a.wag", "Wagon ( a WagonShape ( a.s ) Sound ( a.sms ) )");
+        write("m/Trains/Trainset/A/a.s", "shape ( images ( 1 image ( a.ace ) ) )");
+        write("m/Trains/Trainset/A/a.ace", "");
+        write("m/Trains/Trainset/A/Sound/a.sms", "Tr_SMS ( )");
+        write("m/Trains/Consists/c.con", "Train ( TrainCfg ( Wagon ( WagonData ( a A ) ) ) )");
+        write("m/Routes/R/Services/s.srv", "Service_Definition ( Train_Config ( c ) )");
+        write("m/Routes/R/Shapes/bare.s", "shape ( images ( 0 ) )");
+        write("m/Routes/Q/readme", "");
+    }
+    std::string at(const std::string &name) const { return m_folder.At("m/" + name); }
+    Outcome check(std::vector<std::string> arguments) const
+    {
+        arguments.insert(arguments.begin(), {"--msts", "m", "check"});
+        return run(arguments);
+    }
+
+    const std::string m_wagon = "m/Trains/Trainset/A/a.wag";
+    const std::string m_noDescriptor = "ERROR: " + at("Trains/Trainset/A/a.wag") +
+                                       " references missing file " + at("Trains/Trainset/A/a.sd") +
+                                       "\n";
+    const std::string m_inConsist =
+        "INFO: m/Trains/Consists/c.con references file " + at("Trains/Trainset/A/a.wag") + "\n";
+    const std::string m_inService =
+        "INFO: m/Routes/R/Services/s.srv references file m/Trains/Consists/c.con\n";
+};
+
+TEST_F(CheckCommandTest, PrintsTheReport)
+{
+    const std::string missing = "ERROR: " + at("x.wag") + " is MISSING\n";
+    const std::string unused = "ERROR: " + at("x.wag") + " referenced by all consists is MISSING\n";
+    const std::string noRoute = "ERROR: Route S is MISSING\n";
+    const auto ofConsist = [this](const std::string &consist) {
+        return "INFO: " + consist + " references file " + m_wagon + "\nINFO: " + m_wagon +
+               " references file m/Trains/Trainset/A/a.s\n";
+    };
+    const std::string ofAll =
+        "ERROR: " + m_wagon + " references missing file m/Trains/Trainset/A/a.sd\n";
+    const struct
+    {
+        const char *name;
+        std::vector<std::string> arguments;
+        Outcome outcome;
+    } rows[] = {
+        {"stock", {"stock", m_wagon}, {1, m_noDescriptor + m_inConsist, ""}},
+        {"stock alone", {"stock", m_wagon, "--no-consists"}, {1, m_noDescriptor, ""}},
+        {"stock in routes, options first, several files",
+         {"--route", "S", "--no-consists", "stock", m_wagon, "m/x.wag"},
+         {1, m_noDescriptor + noRoute + missing + noRoute, ""}},
+        {"all", {"all", "--quiet"}, {1, ofAll, ""}},
+        {"some", {"all", "--filter", "b"}, {0, "", ""}},
+        {"consist by name", {"consist", "c"}, {0, ofConsist("m/Trains/Consists/c.con"), ""}},
+        {"consist by file name",
+         {"consist", "C.con"},
+         {0, ofConsist("m/Trains/Consists/C.con"), ""}},
+        {"consist by path",
+         {"consist", "m/Trains/Consists/c.con"},
+         {0, ofConsist(at("Trains/Consists/c.con")), ""}},
+        {"use of stock", {"use", "--stock", m_wagon}, {0, m_inConsist, ""}},
+        {"no use of stock", {"use", "--stock", "m/x.wag"}, {1, unused, ""}},
+        {"use of consists, one after the other",
+         {"use", "--route", "R", "S", "--consist", "c", "d.con"},
+         {1, m_inService + noRoute + noRoute, ""}},
+        {"no use of a consist", {"use", "--consist", "d", "--route", "R"}, {0, "", ""}},
+        {"no use of a consist, told",
+         {"--verbose", "use", "--consist", "d", "--route", "R"},
+         {0, "INFO: d referenced by R services is OK\n", ""}},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(check(row.arguments), row.outcome);
+    }
+}
+
+TEST_F(CheckCommandTest, TellsErrorsAndGoesOn)
+{
+    const std::string bare = at("Routes/R/Shapes/bare.s");
+    const std::string error = "zelkctl: " + bare + ": error 13: Type mismatch (its descriptor " +
+                              bare + "d is missing)\n";
+    EXPECT_EQ(run({"check", "shape", bare}), (Outcome{2, "", error}));
+    EXPECT_EQ(run({"check", "shape", bare, "m/none.s"}),
+              (Outcome{1, "ERROR: " + at("none.s") + " is MISSING\n", error}));
+    write("m/Routes/R/Shapes/bare.sd", "shape ( ESD_Alternative_Texture ( 0 ) )");
+    EXPECT_EQ(run({"check", "shape", bare}), (Outcome{0, "", ""}));
+    EXPECT_EQ(run({"check", "stock", "--no-consists", "m/none.wag"}),
+              (Outcome{1, "ERROR: " + at("none.wag") + " is MISSING\n", ""}))
+        << "needs no installation";
+    const std::string none = "zelkctl: no Train Simulator folder: use --msts DIR\n";
+    EXPECT_EQ(run({"check", "stock", m_wagon}), (Outcome{2, "", none}));
+    EXPECT_EQ(run({"check", "all"}), (Outcome{2, "", none}));
+}
+
+TEST_F(CheckCommandTest, GivesTheSameAsJson)
+{
+    const Outcome outcome = check({"stock", m_wagon, "--json", "--verbose"});
+    EXPECT_EQ(outcome.code, 1);
+    const std::string wagon = at("Trains/Trainset/A/a.wag");
+    const std::string sound = at("Trains/Trainset/A/Sound/a.sms");
+    const auto entry = [](int code, const char *verdict, const std::string &file,
+                          const std::string &dependent, const std::string &text) {
+        return nlohmann::json{{"code", code},
+                              {"verdict", verdict},
+                              {"file", file},
+                              {"dependent", dependent},
+                              {"text", text.substr(0, text.find('\n'))}};
+    };
+    const auto expected = nlohmann::json::array(
+        {entry(6, "HasMissingReference", wagon, at("Trains/Trainset/A/a.sd"), m_noDescriptor),
+         entry(0, "IsValid", sound, "", "INFO: " + sound + " is OK"),
+         entry(7, "IsReferenced", "m/Trains/Consists/c.con", wagon, m_inConsist)});
+    EXPECT_EQ(nlohmann::json::parse(outcome.out), expected);
+    EXPECT_EQ(check({"all", "--filter", "b", "--json"}), (Outcome{0, "[]\n", ""}));
+}
+
+TEST_F(CheckCommandTest, AppendsTheReport)
+{
+    const std::string frame = std::string(80, '=') + "\n";
+    const Outcome told{1, m_noDescriptor, ""};
+    EXPECT_EQ(check({"stock", m_wagon, "--no-consists", "--report", "r.log"}), told);
+    check({"stock", m_wagon, "--no-consists", "--report", "r.log", "--json"});
+    const std::string once = frame + m_noDescriptor + frame;
+    EXPECT_EQ(read("r.log"), once + once);
+    EXPECT_EQ(check({"stock", m_wagon, "--no-consists", "--report", "no/r.log"}),
+              (Outcome{2, m_noDescriptor, "zelkctl: no/r.log: error 76: Path not found\n"}));
+}
+
+TEST_F(CheckCommandTest, RefusesWhatItCannotCheck)
+{
+    const std::pair<std::vector<std::string>, const char *> rows[] = {
+        {{"stocks", "x"}, "There is no command \"check stocks\" (zelkctl --help tells more)"},
+        {{}, "A subcommand is required (zelkctl --help tells more)"},
+        {{"stock"}, "files is required (zelkctl --help tells more)"},
+        {{"use"}, "check use: --stock FILE or --consist NAME is required"},
+        {{"use", "--consist", "c"}, "check use: --consist needs --route R"},
+    };
+    for (const auto &[arguments, message] : rows)
+        EXPECT_EQ(check(arguments), (Outcome{2, "", std::string("zelkctl: ") + message + "\n"}));
+}
+
+} // namespace

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "ZelkctlTest.h"
+#include "samples/Defects.h"
+#include "samples/Sample.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <sstream>
+
+namespace {
+
+using samples::Check;
+using Lines = std::vector<std::string>;
+
+/// The checks on the sample installation find the planned defects and nothing more.
+class CheckSampleTest : public ZelkctlTest
+{
+protected:
+    CheckSampleTest()
+    {
+        samples::WriteSample(m_folder.At("s"));
+        for (const samples::Defect &defect : samples::Defects())
+            m_defects[defect.file] = defect;
+    }
+    Outcome check(Lines arguments) const
+    {
+        arguments.insert(arguments.begin(), {"check", "--msts", m_folder.At("s")});
+        return run(arguments);
+    }
+    /// The planned lines of a file, as this platform shows them.
+    Lines planned(const std::string &file) const
+    {
+        const auto defect = m_defects.find(file);
+        Lines lines;
+        if (defect != m_defects.end())
+            for (std::string line : defect->second.report) {
+                std::replace(line.begin(), line.end(), '\\', '/');
+                for (auto at = line.find("<MSTS>"); at != line.npos; at = line.find("<MSTS>"))
+                    line.replace(at, 6, m_folder.At("s"));
+                lines.push_back(line);
+            }
+        return lines;
+    }
+    /// All files of an extension, by their paths in the sample.
+    Lines files(const std::string &extension) const
+    {
+        Lines found;
+        const std::filesystem::path base = m_folder.At("s");
+        for (const auto &entry : std::filesystem::recursive_directory_iterator(base))
+            if (entry.path().extension() == extension)
+                found.push_back(entry.path().lexically_relative(base).generic_string());
+        std::sort(found.begin(), found.end());
+        return found;
+    }
+    static Lines errorLines(const std::string &out)
+    {
+        Lines lines;
+        std::istringstream in(out);
+        for (std::string line; std::getline(in, line);)
+            if (line.starts_with("ERROR: "))
+                lines.push_back(line);
+        return lines;
+    }
+
+    std::map<std::string, samples::Defect> m_defects;
+};
+
+TEST_F(CheckSampleTest, AllStock)
+{
+    Lines expected;
+    for (const auto &[file, defect] : m_defects)
+        if (defect.check == Check::Stock)
+            for (const std::string &line : planned(file))
+                expected.push_back(line);
+    const Outcome outcome = check({"all"});
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_EQ(outcome.err, "");
+    Lines found = errorLines(outcome.out);
+    EXPECT_EQ(static_cast<std::ptrdiff_t>(found.size()),
+              std::count(outcome.out.begin(), outcome.out.end(), '\n'));
+    std::sort(found.begin(), found.end());
+    std::sort(expected.begin(), expected.end());
+    EXPECT_EQ(found, expected);
+    EXPECT_EQ(check({"all", "--filter", "Coast*"}), (Outcome{0, "", ""}));
+}
+
+TEST_F(CheckSampleTest, Shapes)
+{
+    Lines clean = {"shape"};
+    for (const std::string &file : files(".s")) {
+        SCOPED_TRACE(file);
+        const std::string path = m_folder.At("s/" + file);
+        const auto defect = m_defects.find(file);
+        if (defect == m_defects.end()) {
+            clean.push_back(path);
+            continue;
+        }
+        const Outcome outcome = check({"shape", path});
+        const int error = defect->second.error;
+        EXPECT_EQ(errorLines(outcome.out), planned(file));
+        EXPECT_EQ(outcome.code, planned(file).empty() ? 2 : 1);
+        EXPECT_EQ(outcome.err.starts_with("zelkctl: " + path + ": error " + std::to_string(error)),
+                  error != 0)
+            << outcome.err;
+    }
+    EXPECT_GT(clean.size(), 10U);
+    EXPECT_EQ(check(clean), (Outcome{0, "", ""}));
+}
+
+TEST_F(CheckSampleTest, Consists)
+{
+    for (const std::string &file : files(".con")) {
+        SCOPED_TRACE(file);
+        const std::string name = std::filesystem::path(file).stem().string();
+        const bool faulty = m_defects.contains(file) && m_defects[file].check == Check::Consist;
+        const Outcome outcome = check({"consist", name});
+        EXPECT_EQ(errorLines(outcome.out), faulty ? planned(file) : Lines());
+        EXPECT_EQ(outcome.code, faulty ? 1 : 0);
+        EXPECT_EQ(outcome.err, "");
+    }
+}
+
+TEST_F(CheckSampleTest, Use)
+{
+    for (const char *extension : {".eng", ".wag"})
+        for (const std::string &file : files(extension)) {
+            SCOPED_TRACE(file);
+            const std::string named = "Trains/Trainset" + file.substr(file.find('/', 7));
+            const Outcome outcome = check({"use", "--stock", m_folder.At("s/" + named)});
+            const bool unused = m_defects.contains(file) && m_defects[file].check == Check::Usage;
+            EXPECT_EQ(errorLines(outcome.out), unused ? planned(file) : Lines());
+            EXPECT_EQ(outcome.code, unused ? 1 : 0);
+            EXPECT_EQ(outcome.out.find("INFO: ") != std::string::npos, !unused);
+        }
+    for (const std::string &file : files(".con")) {
+        SCOPED_TRACE(file);
+        const std::string name = std::filesystem::path(file).stem().string();
+        const Outcome outcome =
+            check({"use", "--consist", name, "--route", "TARNWICK", "--route", "Ochre Coast"});
+        EXPECT_EQ(outcome.code, 0);
+        EXPECT_EQ(outcome.out.empty(),
+                  m_defects.contains(file) && m_defects[file].check == Check::Usage);
+    }
+}
+
+} // namespace
