@@ -23,7 +23,8 @@ zelk_add_room(forms
     document/StockListModel.cpp
     document/StockLoader.cpp
     install/frmSetLoc.cpp
-  LINKS Qt6::Widgets zelk_app zelk_document zelk_install)
+    validation/frmSelector.cpp
+  LINKS Qt6::Widgets zelk_app zelk_document zelk_validation zelk_install)
 set_target_properties(zelk_forms PROPERTIES AUTOMOC ON AUTORCC ON)
 
 add_executable(zelk main.cpp)

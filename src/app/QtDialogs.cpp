@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/QtDialogs.h"
 
+#include "validation/frmSelector.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -143,6 +145,15 @@ std::string QtDialogs::SaveFile(const host::FileDialogRequest &request)
     if (!filters.isEmpty())
         followFilter(filters.constFirst());
     return choose(dialog, request);
+}
+
+std::string QtDialogs::SelectFromList(const std::string &caption, const std::string &list)
+{
+    frmSelector dialog(parentOfDialog());
+    dialog.setWindowTitle(QString::fromStdString(caption));
+    dialog.SelectFrom(list);
+    dialog.exec();
+    return dialog.Selected();
 }
 
 QStringList NameFilters(const std::string &filter)

@@ -19,6 +19,7 @@ public:
                                      const std::string &defaultAnswer) override;
     std::string OpenFile(const host::FileDialogRequest &request) override;
     std::string SaveFile(const host::FileDialogRequest &request) override;
+    std::string SelectFromList(const std::string &caption, const std::string &list) override;
 };
 
 /// "text|pattern|text|pattern" as name filters of a file dialog. Patterns that hold letters are

@@ -55,6 +55,9 @@ public:
     virtual std::string OpenFile(const FileDialogRequest &request) = 0;
     /// A file to save; "" when cancelled. The dialog itself asks nothing about overwriting.
     virtual std::string SaveFile(const FileDialogRequest &request) = 0;
+    /// Lets the user mark any number of the entries of a list, "name(detail)|name..."; the names of
+    /// those marked, in list order, joined by "|". "" when none was marked or it was cancelled.
+    virtual std::string SelectFromList(const std::string &caption, const std::string &list) = 0;
 };
 
 } // namespace host

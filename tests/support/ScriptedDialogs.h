@@ -11,14 +11,16 @@
 namespace support {
 
 /// Dialogs that answer from a script and write down what they were asked, a line each:
-/// "question|title|text", "input|title|prompt|default", "open|title|name", "save|title|name". What
-/// the script has no answer for is cancelled (a message with one button is answered Ok).
+/// "question|title|text", "input|title|prompt|default", "open|title|name", "save|title|name",
+/// "select|caption|list". What the script has no answer for is cancelled (a message with one button
+/// is answered Ok).
 class ScriptedDialogs : public host::Dialogs
 {
 public:
     void Answer(host::DialogAnswer answer) { m_answers.push_back(answer); }
     void AnswerFile(std::string file) { m_texts.push_back(std::move(file)); }
     void AnswerInput(std::string text) { m_texts.push_back(std::move(text)); }
+    void AnswerSelection(std::string names) { m_texts.push_back(std::move(names)); }
 
     const std::string &Log() const { return m_log; }
     std::string TakeLog() { return std::exchange(m_log, {}); }
@@ -51,6 +53,11 @@ public:
     std::string SaveFile(const host::FileDialogRequest &request) override
     {
         write("save|" + request.title + '|' + request.initialName);
+        return nextText();
+    }
+    std::string SelectFromList(const std::string &caption, const std::string &list) override
+    {
+        write("select|" + caption + '|' + list);
         return nextText();
     }
 
