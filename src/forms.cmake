@@ -23,6 +23,9 @@ zelk_add_room(forms
     document/StockListModel.cpp
     document/StockLoader.cpp
     install/frmSetLoc.cpp
+    validation/FindBar.cpp
+    validation/ReportView.cpp
+    validation/frmResults.cpp
     validation/frmSelector.cpp
   LINKS Qt6::Widgets zelk_app zelk_document zelk_validation zelk_install)
 set_target_properties(zelk_forms PROPERTIES AUTOMOC ON AUTORCC ON)

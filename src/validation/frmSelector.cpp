@@ -12,6 +12,12 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+namespace {
+
+constexpr int kAirInRow = 7; ///< pixels above and below the text of an entry
+
+} // namespace
+
 frmSelector::frmSelector(QWidget *parent)
     : QDialog(parent)
     , lvItems(new QListWidget(this))
@@ -54,7 +60,6 @@ void frmSelector::arrangeControls()
 {
     lvItems->setUniformItemSizes(true);
     lvItems->setAlternatingRowColors(true);
-    lvItems->setSpacing(1);
     lblDetails->setTextFormat(Qt::PlainText);
     lblDetails->setWordWrap(true);
     lblDetails->setMinimumHeight(2 * lblDetails->fontMetrics().lineSpacing());
@@ -102,6 +107,7 @@ void frmSelector::SelectFrom(std::string_view list)
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         item->setCheckState(Qt::Unchecked);
         item->setData(Qt::UserRole, QString::fromStdString(entry.detail));
+        item->setSizeHint({0, lvItems->fontMetrics().height() + kAirInRow});
     }
     lvItems->setCurrentRow(0);
     showDetail(lvItems->item(0));

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include "validation/frmResults.h"
+
+#include "GuiTest.h"
+
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTimer>
+
+namespace {
+
+class frmResultsTest : public testing::Test
+{
+protected:
+    frmResultsTest()
+    {
+        form->SetCaption("Usage check of box");
+        form->SetText("ERROR: box.wag is MISSING\r\nINFO: b references file box.wag\r\n");
+        form->show();
+        form->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form));
+    }
+    ~frmResultsTest() override
+    {
+        if (form)
+            form->close();
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QWidget *focus = QApplication::focusWidget();
+        QTest::keyClick(focus ? focus : form.data(), key, modifiers);
+    }
+    std::string selected() const
+    {
+        const QTextCursor cursor = form->txtResults->textCursor();
+        return std::to_string(cursor.selectionStart()) + ' ' + cursor.selectedText().toStdString();
+    }
+
+    support::TempFolder folder;
+    support::ScriptedDialogs dialogs;
+    host::GameFiles files;
+    QPointer<frmResults> form = new frmResults(dialogs, files, folder.Path());
+};
+
+const std::string kRule(80, '=');
+
+} // namespace
+
+TEST_F(frmResultsTest, ShowsTheTextToReadAndCopy)
+{
+    EXPECT_TRUE(form->txtResults->isReadOnly());
+    EXPECT_EQ(form->txtResults->toPlainText().toStdString(),
+              "ERROR: box.wag is MISSING\nINFO: b references file box.wag\n");
+    EXPECT_EQ(Find<QLabel>(*form, "lblSummary").text(), QStringLiteral("1 error, 1 note"));
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), form->txtResults->toPlainText());
+    press(Qt::Key_Return, Qt::AltModifier);
+    EXPECT_EQ(dialogs.TakeLog(), "information|Message Properties|60 characters in message\n");
+    form->SetText("");
+    EXPECT_EQ(Find<QLabel>(*form, "lblSummary").text(), QString());
+}
+
+TEST_F(frmResultsTest, SavingTwiceLeavesTwoFramedReports)
+{
+    const std::string file = folder.At("box.log");
+    for (int time = 0; time < 2; ++time) {
+        dialogs.AnswerInput(time == 0 ? file : "box.log"); // a bare name means the same folder
+        time == 0 ? form->cmdSave->click() : press(Qt::Key_S, Qt::ControlModifier);
+        EXPECT_EQ(dialogs.TakeLog(), "input|Save Results|Enter file name:|" + file + "\n");
+    }
+    const std::string report =
+        kRule + "\nERROR: box.wag is MISSING\nINFO: b references file box.wag\n" + kRule + "\n";
+    std::string saved = folder.Read("box.log");
+    std::erase(saved, '\r');
+    EXPECT_EQ(saved, report + report);
+}
+
+TEST_F(frmResultsTest, TheDefaultNameIsTheCaptionFromItsSixteenthCharacterOn)
+{
+    const std::pair<std::string, std::string> rows[] = {
+        {"Stock check of Coal", "Coal"},
+        {"Usage check of A|B", "A_B"},
+        {"TS Installation Check", " Check"},
+        {"Results", ""},
+        {"", ""},
+        {std::string(400, 'x'), std::string(185, 'x') + "..."}};
+    for (const auto &[caption, name] : rows) {
+        form->SetCaption(caption);
+        form->Save();
+        EXPECT_EQ(dialogs.TakeLog(),
+                  "input|Save Results|Enter file name:|" + folder.At(name + ".log") + "\n");
+    }
+    dialogs.AnswerInput("");
+    form->Save();
+    EXPECT_TRUE(folder.Names().empty()) << "neither Cancel nor an empty answer saves";
+}
+
+TEST_F(frmResultsTest, AFileThatCannotBeWrittenIsNamed)
+{
+    dialogs.AnswerInput(folder.At("none/x.log"));
+    form->Save();
+    const std::string log = dialogs.TakeLog();
+    EXPECT_NE(log.find("critical|Save Results|Path not found: " + folder.At("none/x.log")),
+              std::string::npos)
+        << log;
+}
+
+TEST_F(frmResultsTest, FindGoesRoundTheTextInBothDirections)
+{
+    press(Qt::Key_F3);
+    auto &box = Find<QLineEdit>(*form, "txtFind");
+    ASSERT_TRUE(box.hasFocus()) << "F3 with nothing to look for asks for it";
+    QTest::keyClicks(&box, QStringLiteral("BOX"));
+    EXPECT_EQ(Find<QLabel>(*form, "lblFound").text(), QStringLiteral("2 found"));
+    EXPECT_EQ(selected(), "7 box");
+    press(Qt::Key_Return);
+    EXPECT_EQ(selected(), "50 box");
+    press(Qt::Key_F3);
+    EXPECT_EQ(selected(), "7 box");
+    press(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(selected(), "50 box");
+    QTest::keyClicks(&box, QStringLiteral("es"));
+    EXPECT_EQ(Find<QLabel>(*form, "lblFound").text(), QStringLiteral("Not found"));
+    EXPECT_FALSE(Find<QWidget>(*form, "cmdFindNext").isEnabled());
+}
+
+TEST_F(frmResultsTest, EscClosesTheFindBarFirstThenTheWindow)
+{
+    form->txtResults->moveCursor(QTextCursor::EndOfWord, QTextCursor::KeepAnchor);
+    press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(Find<QLineEdit>(*form, "txtFind").text(), QStringLiteral("ERROR"));
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(Find<QWidget>(*form, "findBar").isVisible());
+    EXPECT_TRUE(form->txtResults->hasFocus());
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(Wait([this] { return form.isNull(); })) << "a closed window is gone";
+}
