@@ -5,6 +5,7 @@ zelk_add_room(forms
   SOURCES
     app/Colours.cpp
     app/frmMain.cpp
+    app/frmMainChecks.cpp
     app/frmMainCommands.cpp
     app/IconSet.cpp
     app/MainMenu.cpp

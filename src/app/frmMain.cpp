@@ -12,6 +12,8 @@
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
+#include "validation/TSValidation.h"
+#include "validation/frmResults.h"
 
 #include <QCloseEvent>
 #include <QDropEvent>
@@ -38,6 +40,7 @@ constexpr char kNoViews[] = "3D views are not available in this version yet.";
 frmMain::frmMain(const app::Services &services, const std::string &commandLine)
     : m_services(services)
     , m_area(new QMdiArea(this))
+    , m_checks(*this)
 {
     buildFrame();
     buildStatusBar();
@@ -257,7 +260,8 @@ void frmMain::updateActions()
     command("mnuFileSaveAll")
         ->setEnabled(std::any_of(m_documents.begin(), m_documents.end(),
                                  [](const auto *window) { return window->Mode() == kEditorMode; }));
-    command("mnuConsistEdit")->setEnabled(active && !editor);
+    for (const char *name : {"mnuConsistEdit", "mnuConsistCheckStock"})
+        command(name)->setEnabled(active && active->Mode() == kListMode);
 }
 
 void frmMain::SaveDocument(bool quiet)
@@ -288,7 +292,7 @@ void frmMain::SetStatus(const std::string &text)
 void frmMain::SetProgress(int done, int total)
 {
     sbStatusBar->SetProgress(done, total);
-    m_stopKey->setEnabled(total > 0);
+    m_stopKey->setEnabled(total > 0 || m_checks.Running());
 }
 
 void frmMain::WriteLog(const std::string &text)
@@ -298,6 +302,7 @@ void frmMain::WriteLog(const std::string &text)
 
 void frmMain::stopWork()
 {
+    m_checks.Stop();
     for (frmDocument *window : Documents())
         window->StopWork();
 }
@@ -368,6 +373,9 @@ void frmMain::closeEvent(QCloseEvent *event)
     if (!m_unloading)
         saveSettings();
     m_unloading = true;
+    m_checks.Abandon();
+    for (frmResults *results : resultWindows())
+        results->close();
     for (frmDocument *window : Documents()) {
         window->AllowUnload();
         delete window;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/CheckCommands.h"
 #include "app/MainMenu.h"
 #include "app/MdiLayout.h"
 #include "document/DocumentHost.h"
@@ -8,14 +9,19 @@
 #include "host/Dialogs.h"
 #include "install/Installation.h"
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 
 #include <array>
+#include <cstdint>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 class QMdiArea;
 class QShortcut;
+class frmResults;
 
 namespace host {
 class GameFiles;
@@ -38,7 +44,7 @@ struct Services
 
 /// The main window: menus, toolbar and status bar around the document windows. Commands work on the
 /// active document window. Closing it closes the program.
-class frmMain : public QMainWindow, public document::DocumentHost
+class frmMain : public QMainWindow, public document::DocumentHost, public app::CheckHost
 {
     Q_OBJECT
 
@@ -69,6 +75,18 @@ public:
     void SetStatus(const std::string &text) override;
     void SetProgress(int done, int total) override;
     void WriteLog(const std::string &text) override;
+
+    TSValidation &NewValidator() override;
+    void ProcessEvents() override;
+    std::string Now() override;
+    void ShowResults(const std::string &caption, const std::string &text) override;
+    /// What the validator tells while it checks: the status bar shows its progress and counts its
+    /// errors.
+    void Validator_ErrorRaised(const std::string &dependentFile, const std::string &fileName,
+                               std::int16_t errorCode);
+    void Validator_MessageRaised(const std::string &message, std::int16_t level);
+    /// Of the last check command; null before the first.
+    std::unique_ptr<TSValidation> Validator;
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -126,6 +144,15 @@ private:
     void toggleToolBar();
     void toggleStatusBar();
     void listWindows();
+    void listWindow(QWidget &window, bool active, const std::function<void()> &activate);
+
+    // frmMainChecks.cpp
+    std::optional<app::CheckTarget> checkTarget() const;
+    void checkDependencies();
+    void checkConsistStock();
+    void checkAllStock();
+    void checkStockTextures();
+    std::vector<frmResults *> resultWindows() const;
 
     app::Services m_services;
     install::Installation m_installation;
@@ -133,6 +160,10 @@ private:
     QMdiArea *m_area;
     QToolBar *tbToolBar = nullptr;
     app::MainStatusBar *sbStatusBar = nullptr;
+    app::CheckCommands m_checks;
+    int m_errorsFound = 0;       ///< by the check that runs or was the last
+    bool m_countsFiles = false;  ///< that check tells "i of n"
+    QElapsedTimer m_sinceEvents; ///< when a check last let window events run
     QShortcut *m_stopKey = nullptr;
     std::vector<frmDocument *> m_documents; ///< in the order of opening
     std::vector<QAction *> m_windowItems;   ///< the list of windows at the end of the Window menu

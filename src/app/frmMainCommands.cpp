@@ -7,6 +7,8 @@
 #include "document/Guard.h"
 #include "host/GameFiles.h"
 #include "install/frmSetLoc.h"
+#include "validation/TSValidation.h"
+#include "validation/frmResults.h"
 
 #include <QMdiArea>
 #include <QMenuBar>
@@ -99,10 +101,10 @@ std::vector<MenuEntry> frmMain::consistMenu()
         {MenuEntry::Later, "mnuConsistViewShape", "View &Shape", "", "shape",
          "Show the selected stock in 3D"},
         {},
-        {MenuEntry::Later, "mnuConsistCheckStock", "&Check Stock...", "", "check-stock",
-         "Check the stock of the selected consists"},
-        {MenuEntry::Later, "mnuFileCheckDep", "Chec&k Dependencies...", "", "check-dependencies",
-         "Check where the selected consists are used"},
+        {MenuEntry::Command, "mnuConsistCheckStock", "&Check Stock...", "", "check-stock",
+         "Check that the stock of the selected consist is there", doing(&frmMain::checkConsistStock)},
+        {MenuEntry::Command, "mnuFileCheckDep", "Chec&k Dependencies...", "", "check-dependencies",
+         "Check where the selected consists or stock are used", doing(&frmMain::checkDependencies)},
     };
 }
 
@@ -113,10 +115,13 @@ std::vector<MenuEntry> frmMain::stockMenu()
         {MenuEntry::Later, "mnuStockViewShape", "View &Shape", "", "shape",
          "Show the selected stock in 3D"},
         {},
-        {MenuEntry::Later, "mnuStockCheckDep", "Check &Dependencies...", "", "check-dependencies",
-         "Check where the selected stock is used"},
-        {MenuEntry::Later, "mnuStockCheckAll", "Check &All Stock...", "", "check-all",
-         "Check all installed stock"},
+        {MenuEntry::Command, "mnuStockCheckDep", "Check &Dependencies...", "", "check-dependencies",
+         "Check what the selected stock needs and where it is used",
+         doing(&frmMain::checkDependencies)},
+        {MenuEntry::Command, "mnuStockCheckAll", "Check &All Stock...", "", "check-all",
+         "Check all installed stock", doing(&frmMain::checkAllStock)},
+        {MenuEntry::Command, "mnuStockCheckTextures", "Check &Textures...", "", "",
+         "Where the textures of stock are checked", doing(&frmMain::checkStockTextures)},
     };
 }
 
@@ -255,6 +260,11 @@ void frmMain::setMstsLocation()
                                        "Set MSTS Location", DialogIcon::Critical);
             return;
         }
+    if (m_checks.Running()) {
+        m_services.dialogs.Message("Can't change MSTS location whilst a check is running!",
+                                   "Set MSTS Location", DialogIcon::Critical);
+        return;
+    }
     frmSetLoc dialog(m_services.files, this);
     dialog.SetLocation(m_installation.CurrentFolder());
     dialog.exec();
@@ -335,22 +345,30 @@ void frmMain::listWindows()
         delete item;
     m_windowItems.clear();
     const frmDocument *active = ActiveDocument();
-    int number = 0;
-    for (frmDocument *window : Documents()) {
-        const QString caption =
-            window->windowTitle().replace(QLatin1Char('&'), QLatin1String("&&"));
-        ++number;
-        QAction *item = menu("mnuWindow")
-                            ->addAction(QStringLiteral("%1%2 %3")
-                                            .arg(QLatin1String(number < 10 ? "&" : ""))
-                                            .arg(number)
-                                            .arg(caption));
-        item->setObjectName(QStringLiteral("mnuWindowList%1").arg(number));
-        item->setStatusTip(QStringLiteral("Go to this window"));
-        item->setCheckable(true);
-        item->setChecked(window == active);
-        connect(item, &QAction::triggered, window,
-                [this, window] { m_area->setActiveSubWindow(window); });
-        m_windowItems.push_back(item);
-    }
+    for (frmDocument *window : Documents())
+        listWindow(*window, window == active,
+                   [this, window] { m_area->setActiveSubWindow(window); });
+    for (frmResults *window : resultWindows())
+        listWindow(*window, false, [window] {
+            window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+            window->raise();
+            window->activateWindow();
+        });
+}
+
+void frmMain::listWindow(QWidget &window, bool active, const std::function<void()> &activate)
+{
+    const auto number = static_cast<int>(m_windowItems.size()) + 1;
+    const QString caption = window.windowTitle().replace(QLatin1Char('&'), QLatin1String("&&"));
+    QAction *item = menu("mnuWindow")
+                        ->addAction(QStringLiteral("%1%2 %3")
+                                        .arg(QLatin1String(number < 10 ? "&" : ""))
+                                        .arg(number)
+                                        .arg(caption));
+    item->setObjectName(QStringLiteral("mnuWindowList%1").arg(number));
+    item->setStatusTip(QStringLiteral("Go to this window"));
+    item->setCheckable(true);
+    item->setChecked(active);
+    connect(item, &QAction::triggered, &window, activate);
+    m_windowItems.push_back(item);
 }

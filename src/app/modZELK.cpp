@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/modZELK.h"
 
+#include "app/CheckCommands.h"
 #include "host/Folders.h"
 
 namespace modZELK {
@@ -16,6 +17,19 @@ std::string TextWindowCaption(std::string_view title)
     if (title.starts_with('#'))
         return std::string(title.substr(1));
     return "Properties of " + std::string(title);
+}
+
+std::string SelectedItemsText(const std::vector<std::string> &selected)
+{
+    std::string text;
+    for (const std::string &item : selected)
+        text += (text.empty() ? "" : "|") + item;
+    return text;
+}
+
+void ShowTextWindow(app::CheckHost &host, std::string_view title, const std::string &text)
+{
+    host.ShowResults(TextWindowCaption(title), text);
 }
 
 std::string MissingReferenceText(std::string_view file, std::string_view referringItem,

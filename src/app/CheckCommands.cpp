@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+#include "app/CheckCommands.h"
+
+#include "app/modZELK.h"
+#include "host/Dialogs.h"
+#include "host/GameFiles.h"
+#include "host/Text.h"
+#include "install/Installation.h"
+#include "install/modTS.h"
+#include "validation/TSValidation.h"
+
+#include <exception>
+
+namespace app {
+
+namespace {
+
+constexpr char kDependencies[] = "Check Dependencies", kConsistStock[] = "Check Stock",
+               kAllStock[] = "Check All Stock", kTextures[] = "Stock Check Textures";
+constexpr char kNothing[] = "Nothing selected!";
+constexpr char kLineEnd[] = "\r\n";
+constexpr int kListMode = 0, kEditorMode = 1, kShapeMode = 3;
+constexpr int kBarLength = 10000;
+
+bool endsWith(const std::string &path, std::string_view ending)
+{
+    return path.size() >= ending.size() &&
+           host::EqualsNoCase(std::string_view(path).substr(path.size() - ending.size()), ending);
+}
+
+bool isStock(const std::string &path)
+{
+    return endsWith(path, ".eng") || endsWith(path, ".wag");
+}
+
+/// The names of what is checked: the selected consists, or the file's name up to its first ".".
+std::vector<std::string> subjectsOf(const CheckTarget &target)
+{
+    if (target.mode == kListMode)
+        return target.consists;
+    const std::string_view name = host::path::FileName(target.path);
+    return {std::string(name.substr(0, name.find('.')))};
+}
+
+} // namespace
+
+CheckCommands::CheckCommands(CheckHost &host)
+    : m_host(host)
+{
+}
+
+void CheckCommands::run(const std::string &title, const std::function<void()> &check)
+{
+    if (m_running) {
+        m_host.Dialogs().Message("A check is running.  Wait until it has ended, or press Esc in "
+                                 "the main window to stop it.",
+                                 title, host::DialogIcon::Information);
+        return;
+    }
+    m_stopped = m_abandoned = false;
+    m_validator = nullptr;
+    m_running = true;
+    std::string failure;
+    try {
+        check();
+    } catch (const std::exception &error) {
+        failure = error.what();
+    }
+    m_running = false;
+    m_host.SetProgress(0, 0);
+    if (m_stopped)
+        m_host.SetStatus("Check stopped");
+    if (!failure.empty() && !m_abandoned)
+        m_host.Dialogs().Message(failure, title, host::DialogIcon::Critical);
+}
+
+void CheckCommands::CheckDependencies(const std::optional<CheckTarget> &target)
+{
+    const bool list = target && target->mode == kListMode;
+    run(kDependencies, [&] {
+        if (!target || (list && target->consists.empty())) {
+            m_host.Dialogs().Message(kNothing, kDependencies, host::DialogIcon::Critical);
+            return;
+        }
+        if (!list && target->path.empty())
+            return;
+        const Names names = subjectsOf(*target);
+        const std::optional<std::string> report =
+            !list && isStock(target->path)          ? stockReport(target->path, names.front())
+            : !list && endsWith(target->path, ".s") ? shapeReport(target->path)
+                                                    : consistReport(names);
+        if (report && !m_abandoned)
+            m_host.ShowResults("Usage check of " + modZELK::SelectedItemsText(names),
+                               *report + stoppedLine());
+    });
+}
+
+std::string CheckCommands::stockReport(const std::string &path, const std::string &name)
+{
+    const std::string header = "Check Time  : " + m_host.Now() + kLineEnd +
+                               "MSTS Path   : " + m_host.Installation().CurrentFolder() + kLineEnd +
+                               "Stock Name  : " + path + kLineEnd + kLineEnd;
+    TSValidation &validator = newValidator();
+    validator.CheckStock(path);
+    validator.CheckStockInConsists(path);
+    checkUses({name}, askForRoutes(), [&](const std::string &, const std::string &route) {
+        validator.CheckStockUseInRoute(path, route);
+    });
+    return header + findings();
+}
+
+/// Nothing when no route was chosen.
+std::optional<std::string> CheckCommands::consistReport(const Names &names)
+{
+    const Names routes = askForRoutes();
+    if (routes.empty())
+        return std::nullopt;
+    TSValidation &validator = newValidator();
+    checkUses(names, routes, [&](const std::string &name, const std::string &route) {
+        validator.CheckConsistUseInRoute(route, name);
+    });
+    return findings();
+}
+
+std::string CheckCommands::shapeReport(const std::string &path)
+{
+    m_host.SetStatus("Checking " + path + "...");
+    newValidator().CheckShape(path);
+    m_host.SetStatus("Done");
+    return findings();
+}
+
+void CheckCommands::CheckConsistStock(const std::optional<CheckTarget> &target)
+{
+    run(kConsistStock, [&] {
+        if (!target || target->mode != kListMode || target->consist.empty())
+            return;
+        m_host.SetStatus("Checking " + target->consist + "...");
+        newValidator().CheckConsist(m_host.Installation().ConsistPath(target->consist));
+        m_host.SetStatus("Done");
+        std::string report;
+        for (const std::string &key : m_validator->Errors())
+            report += kLineEnd + TSValidation::TranslateError(key);
+        if (!m_abandoned)
+            m_host.ShowResults("Stock check of " + target->consist,
+                               report + (m_stopped ? kLineEnd : "") + stoppedLine());
+    });
+}
+
+void CheckCommands::CheckAllStock()
+{
+    run(kAllStock, [&] {
+        if (m_host.Dialogs().Message("About to check all stock file dependencies in your TS "
+                                     "installtion.  This may take some time.  Do you want to "
+                                     "continue?",
+                                     kAllStock, host::DialogIcon::Question,
+                                     host::DialogButtons::YesNo) != host::DialogAnswer::Yes)
+            return;
+        newValidator().CheckAllStock();
+        const std::string when =
+            " at " + std::to_string(m_done) + " of " + std::to_string(m_total) + " stock files";
+        if (!m_abandoned)
+            modZELK::ShowTextWindow(m_host, "#TS Installation Check",
+                                    findings() + stoppedLine(m_total > 0 ? when : ""));
+    });
+}
+
+void CheckCommands::CheckStockTextures(const std::optional<CheckTarget> &target)
+{
+    if (!target || (target->mode != kEditorMode && target->mode != kShapeMode))
+        m_host.Dialogs().Message(kNothing, kTextures, host::DialogIcon::Critical);
+    else
+        m_host.SetStatus("Textures are checked with the shape: choose Check Dependencies there.");
+}
+
+void CheckCommands::Stop()
+{
+    m_stopped = m_running;
+    if (m_running && m_validator)
+        m_validator->Stop();
+}
+
+void CheckCommands::Abandon()
+{
+    m_abandoned = m_running;
+    Stop();
+}
+
+TSValidation &CheckCommands::newValidator()
+{
+    m_validator = &m_host.NewValidator();
+    m_validator->SetVerboseMessages(false);
+    m_validator->ProgressRaised = [this](std::size_t done, std::size_t total) {
+        showProgress(done, total);
+    };
+    m_validator->ProcessEvents = [this] { m_host.ProcessEvents(); };
+    m_step = 0;
+    m_steps = 1;
+    m_done = m_total = 0;
+    m_host.SetProgress(0, kBarLength);
+    return *m_validator;
+}
+
+CheckCommands::Names CheckCommands::askForRoutes()
+{
+    if (m_stopped)
+        return {};
+    return host::Split(m_host.Dialogs().SelectFromList(
+                           "Select Routes to Check",
+                           modTS::RoutesList(m_host.Installation(), m_host.Files(), true)),
+                       '|');
+}
+
+/// Every name in every route, name by name.
+void CheckCommands::checkUses(
+    const Names &names, const Names &routes,
+    const std::function<void(const std::string &name, const std::string &route)> &check)
+{
+    m_step = 0;
+    m_steps = names.size() * routes.size();
+    for (const std::string &name : names) {
+        for (const std::string &route : routes) {
+            if (m_stopped)
+                return;
+            m_host.SetStatus("Checking " + name + " in " + route + "...");
+            showProgress(1, 1);
+            check(name, route);
+            ++m_step;
+            m_host.SetStatus("Done");
+            m_host.ProcessEvents();
+        }
+    }
+}
+
+/// A line for everything that the validator found.
+std::string CheckCommands::findings() const
+{
+    std::string text;
+    for (const std::string &key : m_validator->Errors())
+        text += TSValidation::TranslateError(key) + kLineEnd;
+    return text;
+}
+
+/// What the report of a stopped check ends with, "" for one that has run to its end.
+std::string CheckCommands::stoppedLine(const std::string &when) const
+{
+    return m_stopped ? "STOPPED" + when + ": this report is not complete." + kLineEnd : "";
+}
+
+void CheckCommands::showProgress(std::size_t done, std::size_t total)
+{
+    m_done = done;
+    m_total = total;
+    const double part = static_cast<double>(done - 1) / static_cast<double>(total);
+    const double all = (static_cast<double>(m_step) + part) / static_cast<double>(m_steps);
+    m_host.SetProgress(static_cast<int>(all * kBarLength), kBarLength);
+}
+
+} // namespace app

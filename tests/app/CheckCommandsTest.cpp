@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: MIT
+#include "app/CheckCommands.h"
+
+#include "host/GameFiles.h"
+#include "install/Installation.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+#include "validation/TSValidation.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using app::CheckCommands;
+using app::CheckTarget;
+using host::path::Join;
+
+namespace {
+
+/// A main window in words: what it is told to show, line by line.
+class FakeHost : public app::CheckHost
+{
+public:
+    FakeHost() { m_installation.SetLocation(game.Path()); }
+
+    host::Dialogs &Dialogs() override { return dialogs; }
+    host::GameFiles &Files() override { return m_files; }
+    const install::Installation &Installation() override { return m_installation; }
+    TSValidation &NewValidator() override
+    {
+        m_validator = std::make_unique<TSValidation>(m_installation, m_files, 2);
+        m_validator->MessageRaised = [this](const std::string &message, int) {
+            SetStatus(message);
+        };
+        return *m_validator;
+    }
+    void SetStatus(const std::string &text) override { statuses += text + '\n'; }
+    void SetProgress(int done, int total) override
+    {
+        EXPECT_LE(done, total);
+        EXPECT_TRUE(total == 0 || done >= m_done) << "the bar goes back";
+        m_done = total == 0 ? 0 : done;
+    }
+    void ProcessEvents() override
+    {
+        if (onEvents)
+            onEvents();
+    }
+    std::string Now() override { return "21.11.2026 10:30:00"; }
+    void ShowResults(const std::string &caption, const std::string &text) override
+    {
+        results += '[' + caption + "]\n" + text;
+    }
+
+    support::TempFolder game;
+    support::ScriptedDialogs dialogs;
+    std::string statuses, results;
+    std::function<void()> onEvents;
+
+private:
+    host::GameFiles m_files;
+    install::Installation m_installation;
+    std::unique_ptr<TSValidation> m_validator;
+    int m_done = 0;
+};
+
+class CheckCommandsTest : public testing::Test
+{
+protected:
+    std::string at(const std::string &name) const { return Join(host.game.Path(), name); }
+    std::string stock(const std::string &name) const
+    {
+        return at(Join(Join("Trains", "Trainset"), Join("Boxes", name)));
+    }
+    std::string take(std::string &text) { return std::exchange(text, {}); }
+    void writeWagons(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            host.game.Write("Trains/Trainset/Boxes/w" + std::to_string(100 + i) + ".wag");
+    }
+
+    FakeHost host;
+    CheckCommands commands{host};
+};
+
+const CheckTarget kList{0, {"A", "B"}, "B"};
+const std::string kAskRoutes = "select|Select Routes to Check|";
+const std::string kAskAll =
+    "question|Check All Stock|About to check all stock file dependencies in your TS installtion.  "
+    "This may take some time.  Do you want to continue?\n";
+const std::string kRefused = "A check is running.  Wait until it has ended, or press Esc in the "
+                             "main window to stop it.\n";
+
+} // namespace
+
+TEST_F(CheckCommandsTest, WithoutASubjectThereIsNoReport)
+{
+    const struct
+    {
+        const char *what;
+        std::optional<CheckTarget> target;
+        bool dependenciesComplain, texturesComplain;
+    } rows[] = {
+        {"no window", std::nullopt, true, true},
+        {"nothing selected in the list", CheckTarget{0}, true, true},
+        {"nothing selected in the editor", CheckTarget{1}, false, false},
+        {"an empty viewer", CheckTarget{3}, false, false},
+    };
+    for (const auto &row : rows) {
+        commands.CheckDependencies(row.target);
+        EXPECT_EQ(host.dialogs.TakeLog(),
+                  row.dependenciesComplain ? "critical|Check Dependencies|Nothing selected!\n" : "")
+            << row.what;
+        commands.CheckStockTextures(row.target);
+        EXPECT_EQ(host.dialogs.TakeLog(),
+                  row.texturesComplain ? "critical|Stock Check Textures|Nothing selected!\n" : "")
+            << row.what;
+        commands.CheckConsistStock(row.target);
+        EXPECT_EQ(host.dialogs.TakeLog() + host.results, "") << row.what;
+    }
+}
+
+TEST_F(CheckCommandsTest, AStockItemIsCheckedAndSearchedInConsistsAndRoutes)
+{
+    const std::string box = stock("box.old.WAG");
+    const std::string report = "[Usage check of box]\nCheck Time  : 21.11.2026 10:30:00\r\n"
+                               "MSTS Path   : " +
+                               host.game.Path() + "\r\nStock Name  : " + box +
+                               "\r\n\r\nERROR: " + box + " is MISSING\r\nERROR: " + box +
+                               " referenced by all consists is MISSING\r\n";
+    host.game.Write("Routes/North/North.trk", "Tr_RouteFile ( Name ( \"Great North\" ) )");
+    host.game.MakeFolder("Routes/South");
+    commands.CheckDependencies(CheckTarget{1, {}, {}, box});
+    EXPECT_EQ(take(host.results), report) << "no routes, no usage";
+    EXPECT_EQ(host.dialogs.TakeLog(), kAskRoutes + "North(Great North)|South\n");
+
+    host.statuses.clear();
+    host.dialogs.AnswerSelection("South|Gone");
+    commands.CheckDependencies(CheckTarget{1, {}, {}, box});
+    EXPECT_EQ(host.results, report + "ERROR: Route Gone is MISSING\r\n");
+    EXPECT_TRUE(host.statuses.ends_with("Checking box in South...\nDone\n"
+                                        "Checking box in Gone...\nDone\n"))
+        << host.statuses;
+}
+
+TEST_F(CheckCommandsTest, EveryConsistIsSearchedInEveryRoute)
+{
+    commands.CheckDependencies(kList);
+    EXPECT_EQ(host.results, "") << "no routes, no report";
+    EXPECT_EQ(host.dialogs.TakeLog(), kAskRoutes + "\n");
+    for (const char *route : {"North", "South"})
+        host.game.Write(std::string("Routes/") + route + "/Services/run.srv",
+                        "Service_Definition ( Train_Config ( B ) )");
+    host.dialogs.AnswerSelection("North|Gone|South");
+    commands.CheckDependencies(kList);
+    const auto used = [this](const char *route) {
+        return "INFO: " + at(Join(Join("Routes", route), Join("Services", "run.srv"))) +
+               " references file " + at(Join(Join("Trains", "Consists"), "B.con")) + "\r\n";
+    };
+    EXPECT_EQ(take(host.results), "[Usage check of A|B]\nERROR: Route Gone is MISSING\r\n" +
+                                      used("North") + "ERROR: Route Gone is MISSING\r\n" +
+                                      used("South"));
+    EXPECT_EQ(host.statuses.find("Checking B in North..."),
+              host.statuses.find("Checking A in South...\nDone\n") + 28);
+}
+
+TEST_F(CheckCommandsTest, AShapeIsCheckedWithoutAHeader)
+{
+    const std::string gone = at("gone.s");
+    commands.CheckDependencies(CheckTarget{3, {}, {}, gone});
+    EXPECT_EQ(take(host.results), "[Usage check of gone]\nERROR: " + gone + " is MISSING\r\n");
+    const std::string lonely = host.game.Write("Routes/x/lonely.s", "shape ( images ( 0 ) )");
+    commands.CheckDependencies(CheckTarget{3, {}, {}, lonely});
+    EXPECT_EQ(host.results, "") << "a run-time error ends the command";
+    const std::string log = host.dialogs.TakeLog();
+    EXPECT_TRUE(log.starts_with("critical|Check Dependencies|")) << log;
+    EXPECT_NE(log.find("lonely"), std::string::npos) << log;
+    EXPECT_FALSE(commands.Running());
+}
+
+TEST_F(CheckCommandsTest, TheStockOfTheCurrentConsistIsChecked)
+{
+    const std::string consist = host.game.Write(
+        "Trains/Consists/B.con", "Train ( TrainCfg ( x Wagon ( WagonData ( gone "
+                                 "Boxes ) ) Engine ( EngineData ( off Boxes ) ) ) )");
+    commands.CheckConsistStock(kList);
+    const std::string shown = at(Join(Join("Trains", "Consists"), "B.con"));
+    EXPECT_EQ(host.results, "[Stock check of B]\n\r\nERROR: " + shown +
+                                " references missing file " + stock("gone.wag") + "\r\nERROR: " +
+                                shown + " references missing file " + stock("off.eng"));
+    EXPECT_EQ(host.statuses, "Checking B...\nDone\n");
+}
+
+TEST_F(CheckCommandsTest, AllStockIsCheckedWhenTheUserWantsIt)
+{
+    writeWagons(2);
+    commands.CheckAllStock();
+    EXPECT_EQ(host.dialogs.TakeLog() + host.results, kAskAll);
+    host.dialogs.Answer(host::DialogAnswer::Yes);
+    commands.CheckAllStock();
+    EXPECT_EQ(host.results, "[TS Installation Check]\nERROR: " + stock("w100.wag") +
+                                " appears CORRUPT\r\nERROR: " + stock("w101.wag") +
+                                " appears CORRUPT\r\n");
+    EXPECT_NE(host.statuses.find("Checking (2 of 2) "), std::string::npos) << host.statuses;
+}
+
+TEST_F(CheckCommandsTest, AStoppedCheckSaysSoAndAnAbandonedOneNothing)
+{
+    writeWagons(40);
+    host.onEvents = [this] {
+        if (host.statuses.find("(3 of 40)") != std::string::npos)
+            commands.Stop();
+    };
+    host.dialogs.Answer(host::DialogAnswer::Yes);
+    commands.CheckAllStock();
+    EXPECT_NE(host.results.find("w102.wag appears CORRUPT\r\nSTOPPED at 3 of 40 stock files: this "
+                                "report is not complete.\r\n"),
+              std::string::npos)
+        << host.results;
+    EXPECT_TRUE(host.statuses.ends_with("Check stopped\n")) << host.statuses;
+
+    host.results.clear();
+    host.onEvents = [this] { commands.Abandon(); };
+    host.dialogs.Answer(host::DialogAnswer::Yes);
+    commands.CheckAllStock();
+    host.dialogs.AnswerSelection("North|South");
+    commands.CheckDependencies(kList);
+    EXPECT_EQ(host.results, "");
+    host.statuses.clear();
+    host.onEvents = [this] { commands.Stop(); };
+    host.dialogs.AnswerSelection("North|South");
+    commands.CheckDependencies(kList);
+    EXPECT_EQ(host.results, "[Usage check of A|B]\nERROR: Route North is MISSING\r\nSTOPPED: this "
+                            "report is not complete.\r\n");
+    EXPECT_EQ(host.statuses.find("South"), std::string::npos) << host.statuses;
+}
+
+TEST_F(CheckCommandsTest, ASecondCheckIsRefusedWhileOneRuns)
+{
+    writeWagons(1);
+    bool tried = false;
+    host.onEvents = [&] {
+        if (std::exchange(tried, true))
+            return;
+        EXPECT_TRUE(commands.Running());
+        commands.CheckAllStock();
+        commands.CheckDependencies(kList);
+        commands.CheckConsistStock(kList);
+    };
+    host.dialogs.Answer(host::DialogAnswer::Yes);
+    commands.CheckAllStock();
+    EXPECT_TRUE(tried);
+    EXPECT_EQ(host.dialogs.TakeLog(), kAskAll + "information|Check All Stock|" + kRefused +
+                                          "information|Check Dependencies|" + kRefused +
+                                          "information|Check Stock|" + kRefused);
+    EXPECT_EQ(host.results,
+              "[TS Installation Check]\nERROR: " + stock("w100.wag") + " appears CORRUPT\r\n");
+    commands.Stop();
+    host.onEvents = {};
+    host.dialogs.Answer(host::DialogAnswer::Yes);
+    commands.CheckAllStock();
+    EXPECT_EQ(host.results.find("STOPPED"), std::string::npos) << "a stop between checks is none";
+}

@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: MIT
+// The check commands through the main window.
+#include "GuiTest.h"
+#include "app/Program.h"
+#include "app/QtDialogs.h"
+#include "document/ListView.h"
+#include "validation/TSValidation.h"
+#include "validation/frmResults.h"
+#include "validation/frmSelector.h"
+
+#include <QCheckBox>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+
+#include <algorithm>
+
+using document::ListView;
+using host::path::Join;
+
+namespace {
+
+class ChecksTest : public GuiTest
+{
+protected:
+    ~ChecksTest() override { window.reset(); }
+
+    std::vector<frmResults *> results() const
+    {
+        std::vector<frmResults *> open;
+        for (frmResults *form : window->findChildren<frmResults *>())
+            if (form->isVisible())
+                open.push_back(form);
+        return open;
+    }
+    /// The text of the only results window, as it is shown; what failed when there is another
+    /// count.
+    std::string report() const
+    {
+        const std::vector<frmResults *> open = results();
+        EXPECT_EQ(open.size(), 1u);
+        return open.empty() ? "" : open.front()->txtResults->toPlainText().toStdString();
+    }
+    void answerAllStock() { dialogs.Answer(host::DialogAnswer::Yes); }
+    /// Something that takes the check of all stock a good while.
+    void writeManyWagons()
+    {
+        for (int folder = 0; folder < kFolders; ++folder)
+            for (int file = 0; file < kInFolder; ++file)
+                game.Write("Trains/Trainset/Big " + std::to_string(folder) + "/w" +
+                               std::to_string(file) + ".wag",
+                           "Wagon ( w WagonShape ( none.s ) )\n#" + std::string(kLength, 'x'));
+    }
+    /// Runs `act` once, as an event in the middle of the next check.
+    void inTheMiddle(const std::function<void()> &act)
+    {
+        auto *timer = new QTimer(window.get());
+        QObject::connect(timer, &QTimer::timeout, timer, [this, timer, act] {
+            if (!window->Validator || !window->Validator->Running() ||
+                Status().find("Checking (") == std::string::npos)
+                return;
+            timer->stop();
+            timer->deleteLater();
+            ++acted;
+            act();
+        });
+        timer->start(0);
+    }
+    bool barIsVisible() const
+    {
+        return Find<QProgressBar>(*window, "sbStatusBarProgress").isVisible();
+    }
+
+    static constexpr int kFolders = 20, kInFolder = 20, kLength = 65536;
+    int acted = 0;
+};
+
+} // namespace
+
+TEST_F(ChecksTest, ConsistsOfTheListAreSearchedInTheRoutesOfTheSelector)
+{
+    for (const char *route : {"North", "South"})
+        game.Write(std::string("Routes/") + route + "/Services/run.srv",
+                   "Service_Definition ( Train_Config ( Coal ) )");
+    app::QtDialogs real;
+    window = app::StartMainWindow({real, files, settings}, {});
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    auto &list = Find<ListView>(*Active(), "lvConsists");
+    list.setSelectionMode(QAbstractItemView::MultiSelection);
+    list.SelectRow(0);
+    list.SelectRow(2);
+    list.selectAll();
+    OnNextDialog([](QDialog &dialog) {
+        auto &form = dynamic_cast<frmSelector &>(dialog);
+        EXPECT_EQ(form.windowTitle(), QStringLiteral("Select Routes to Check"));
+        EXPECT_EQ(form.lvItems->count(), 2);
+        form.chkAll->click();
+        form.cmdAction[0]->click();
+    });
+    Trigger("mnuFileCheckDep");
+    const auto use = [this](const char *route) {
+        return "INFO: " + Join(game.Path(), Join("Routes", Join(route, "Services/run.srv"))) +
+               " references file " + Join(game.Path(), "Trains/Consists/Coal.con") + "\n";
+    };
+    EXPECT_EQ(report(), use("North") + use("South"));
+    EXPECT_EQ(results().front()->Caption(), "Usage check of Coal|Freight North|GP38 Local");
+    EXPECT_EQ(Status(), "Done");
+    EXPECT_FALSE(barIsVisible());
+    window.reset();
+}
+
+TEST_F(ChecksTest, TheEditorChecksTheStockOfTheListLastEntered)
+{
+    Start();
+    OpenEditor("Coal");
+    auto &stock = Find<ListView>(*Active(), "lvStock");
+    Trigger("mnuStockCheckDep");
+    EXPECT_TRUE(results().empty()) << "nothing is selected";
+    stock.setFocus();
+    stock.SelectRow(4);
+    Trigger("mnuStockCheckDep");
+    const std::string text = report(), oil = Active()->SelectedItem();
+    EXPECT_EQ(text.find("Check Time  : "), 0u) << text;
+    EXPECT_NE(text.find("\nMSTS Path   : " + game.Path() + "\nStock Name  : " + oil +
+                        "\n\nERROR: " + oil + " appears CORRUPT\nERROR: " + oil +
+                        " referenced by all consists is MISSING\n"),
+              std::string::npos)
+        << text;
+    EXPECT_EQ(results().front()->Caption(), "Usage check of Oil");
+    EXPECT_EQ(dialogs.TakeLog(), "select|Select Routes to Check|\n");
+    Trigger("mnuStockCheckTextures");
+    EXPECT_EQ(dialogs.TakeLog(), "");
+}
+
+TEST_F(ChecksTest, TheStockOfTheCurrentConsistIsChecked)
+{
+    Start();
+    auto &check = Find<QAction>(*window, "mnuConsistCheckStock");
+    Find<ListView>(*Active(), "lvConsists").SelectRow(1);
+    check.trigger();
+    EXPECT_EQ(report().find("\nERROR: " + Join(game.Path(), "Trains/Consists/Freight North.con")),
+              std::string::npos)
+        << report();
+    EXPECT_EQ(results().front()->Caption(), "Stock check of Freight North");
+    OpenEditor("Coal");
+    EXPECT_FALSE(check.isEnabled()) << "an editor has no consist to choose";
+    for (frmDocument *document : window->Documents())
+        document->close();
+    ASSERT_TRUE(Wait([this] { return window->Documents().empty(); }));
+    Trigger("mnuFileCheckDep");
+    Trigger("mnuStockCheckTextures");
+    EXPECT_EQ(dialogs.TakeLog(), "critical|Check Dependencies|Nothing selected!\n"
+                                 "critical|Stock Check Textures|Nothing selected!\n");
+}
+
+TEST_F(ChecksTest, ResultsWindowsStandBesideTheDocumentsAndGoWithTheMainWindow)
+{
+    Start();
+    Find<ListView>(*Active(), "lvConsists").SelectRow(0);
+    for (int time = 0; time < 2; ++time) {
+        Trigger("mnuConsistCheckStock");
+        EXPECT_TRUE(Find<QAction>(*window, "mnuViewFilter").isEnabled());
+    }
+    ASSERT_EQ(results().size(), 2u);
+    EXPECT_NE(results()[0]->pos(), results()[1]->pos()) << "one does not hide the other";
+    EXPECT_EQ(Active()->Mode(), 0) << "commands still work on the document";
+    auto &menu = Find<QMenu>(*window->menuBar(), "mnuWindow");
+    Q_EMIT menu.aboutToShow();
+    ASSERT_EQ(menu.actions().size(), 11);
+    EXPECT_EQ(menu.actions().back()->text(), QStringLiteral("&3 Stock check of Coal"));
+    menu.actions().back()->trigger();
+    EXPECT_TRUE(Wait([this] { return results()[1]->isActiveWindow(); }));
+    window->close();
+    EXPECT_TRUE(results().empty());
+}
+
+TEST_F(ChecksTest, EscStopsTheCheckOfAllStockHalfWay)
+{
+    writeManyWagons();
+    Start();
+    answerAllStock();
+    inTheMiddle([this] {
+        EXPECT_TRUE(barIsVisible());
+        QTest::keyClick(window.get(), Qt::Key_Escape);
+    });
+    Trigger("mnuStockCheckAll");
+    EXPECT_EQ(acted, 1);
+    const std::string text = report();
+    EXPECT_NE(text.find("\nSTOPPED at "), std::string::npos) << text;
+    EXPECT_EQ(text.find("Tankers"), std::string::npos) << "the last folder was not reached";
+    EXPECT_EQ(results().front()->Caption(), "TS Installation Check");
+    EXPECT_EQ(Status(), "Check stopped");
+    EXPECT_FALSE(barIsVisible());
+}
+
+TEST_F(ChecksTest, WhileACheckRunsNothingMayDisturbIt)
+{
+    writeManyWagons();
+    Start();
+    answerAllStock();
+    inTheMiddle([this] {
+        dialogs.TakeLog();
+        Trigger("mnuStockCheckAll");
+        Trigger("mnuFileSetMSTSLoc");
+        EXPECT_EQ(dialogs.TakeLog(),
+                  "information|Check All Stock|A check is running.  Wait until it has ended, or "
+                  "press Esc in the main window to stop it.\ncritical|Set MSTS Location|Can't "
+                  "change MSTS location whilst a check is running!\n");
+        Active()->close();
+        files.Refresh();
+        window->OpenFile(ConsistFile("Coal"));
+        EXPECT_TRUE(Wait([this] { return Status().find("loaded: ") != std::string::npos; }));
+    });
+    Trigger("mnuStockCheckAll");
+    EXPECT_EQ(acted, 1);
+    EXPECT_EQ(window->Documents().size(), 1u);
+    const std::string text = report();
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 5 + 3 * kFolders * kInFolder);
+    EXPECT_EQ(Status(), "TS Installation check complete  -  1205 errors");
+}
+
+TEST_F(ChecksTest, ClosingTheProgramEndsTheCheck)
+{
+    writeManyWagons();
+    Start();
+    answerAllStock();
+    inTheMiddle([this] { EXPECT_TRUE(window->close()); });
+    Trigger("mnuStockCheckAll");
+    EXPECT_EQ(acted, 1);
+    EXPECT_TRUE(results().empty()) << "nothing comes up any more";
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_TRUE(window->Validator->Stopped());
+}
