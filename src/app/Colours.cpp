@@ -8,9 +8,11 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 #include <array>
 #include <optional>
@@ -100,7 +102,7 @@ constexpr RoleColours kRoles[] = {
 constexpr std::array<QPalette::ColorRole, 3> kTextRoles = {QPalette::WindowText, QPalette::Text,
                                                            QPalette::ButtonText};
 
-/// Fusion, with dialog buttons that bear no pictures.
+/// Fusion, with dialog buttons that bear no pictures and check boxes that are seen on dark.
 class Look : public QProxyStyle
 {
 public:
@@ -115,6 +117,21 @@ public:
         if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
             return 0;
         return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (element != PE_IndicatorCheckBox || !isDark(option->palette))
+            return;
+        // The style outlines boxes darker than what is around them, which nobody sees on dark.
+        QColor outline = option->palette.color(QPalette::WindowText);
+        outline.setAlphaF(0.45F);
+        painter->save();
+        painter->setPen(outline);
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        painter->restore();
     }
 };
 
