@@ -2,6 +2,7 @@
 #include "host/Disk-posix.h"
 #include "host/Disk.h"
 #include "host/GameFiles.h"
+#include "host/ReadAll.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -69,27 +70,15 @@ Kind kindOf(const dirent &entry, int folder)
     }
 }
 
-/// Reads on until the end of the file: its size is a hint only.
-std::optional<Failure> readAll(int file, std::uint64_t limit, std::size_t expected,
-                               std::string &bytes)
+std::optional<Failure> readSome(int file, char *to, std::size_t count, std::size_t &got)
 {
-    std::size_t filled = 0;
-    bytes.resize(expected + 1); // one more than expected, so that the end is met without growing
-    for (;;) {
-        const ssize_t got = read(file, bytes.data() + filled, bytes.size() - filled);
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0)
-            return FailureOf(errno, ErrorNumber::FileNotFound);
-        filled += static_cast<std::size_t>(got);
-        if (filled > limit)
-            return TooLarge(limit);
-        if (got == 0)
-            break;
-        if (filled == bytes.size())
-            bytes.resize(2 * filled);
-    }
-    bytes.resize(filled);
+    ssize_t result = -1;
+    do
+        result = read(file, to, count);
+    while (result < 0 && errno == EINTR);
+    if (result < 0)
+        return FailureOf(errno, ErrorNumber::FileNotFound);
+    got = static_cast<std::size_t>(result);
     return std::nullopt;
 }
 
@@ -179,7 +168,10 @@ std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::s
     const auto size = static_cast<std::uint64_t>(status.st_size);
     if (size > limit)
         return TooLarge(limit);
-    return readAll(file.Number(), limit, static_cast<std::size_t>(size), bytes);
+    return ReadAll(limit, static_cast<std::size_t>(size), bytes,
+                   [&file](char *to, std::size_t count, std::size_t &got) {
+                       return readSome(file.Number(), to, count, got);
+                   });
 }
 
 std::optional<Failure> Remove(const std::string &path)

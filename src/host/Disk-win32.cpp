@@ -3,19 +3,13 @@
 
 #include "host/GameFiles.h"
 #include "host/GamePath.h"
+#include "host/ReadAll.h"
 #include "host/Text.h"
+#include "host/Windows-win32.h"
 
 #include <algorithm>
 #include <memory>
 #include <utility>
-
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
 
 namespace host {
 
@@ -136,27 +130,13 @@ std::string reasonOf(DWORD error)
     return reason.empty() ? "error " + std::to_string(error) + " of Windows" : reason;
 }
 
-/// Reads on until the end of the file: its size is a hint only.
-std::optional<Failure> readAll(HANDLE file, std::uint64_t limit, std::size_t expected,
-                               std::string &bytes)
+std::optional<Failure> readSome(HANDLE file, char *to, std::size_t count, std::size_t &got)
 {
     constexpr std::size_t kAtOnce = 1u << 30;
-    std::size_t filled = 0;
-    bytes.resize(expected + 1); // one more than expected, so that the end is met without growing
-    for (;;) {
-        const auto wanted = static_cast<DWORD>(std::min(bytes.size() - filled, kAtOnce));
-        DWORD got = 0;
-        if (!ReadFile(file, bytes.data() + filled, wanted, &got, nullptr))
-            return FailureOf(GetLastError(), ErrorNumber::FileNotFound);
-        filled += got;
-        if (filled > limit)
-            return TooLarge(limit);
-        if (got == 0)
-            break;
-        if (filled == bytes.size())
-            bytes.resize(2 * filled);
-    }
-    bytes.resize(filled);
+    DWORD done = 0;
+    if (!ReadFile(file, to, static_cast<DWORD>(std::min(count, kAtOnce)), &done, nullptr))
+        return FailureOf(GetLastError(), ErrorNumber::FileNotFound);
+    got = done;
     return std::nullopt;
 }
 
@@ -362,7 +342,10 @@ std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::s
     const auto expected = static_cast<std::uint64_t>(size.QuadPart);
     if (expected > limit)
         return TooLarge(limit);
-    return readAll(file.Get(), limit, static_cast<std::size_t>(expected), bytes);
+    return ReadAll(limit, static_cast<std::size_t>(expected), bytes,
+                   [&file](char *to, std::size_t count, std::size_t &got) {
+                       return readSome(file.Get(), to, count, got);
+                   });
 }
 
 std::optional<Failure> Remove(const std::string &path)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/Disk.h"
 
+#include "host/ReadAll.h"
+
 #include <chrono>
 
 namespace host::disk {
@@ -28,6 +30,27 @@ std::int64_t Now()
 {
     const auto now = std::chrono::system_clock::now().time_since_epoch();
     return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
+}
+
+std::optional<Failure> ReadAll(std::uint64_t limit, std::size_t expected, std::string &bytes,
+                               const ReadSome &readSome)
+{
+    std::size_t filled = 0;
+    bytes.resize(expected + 1); // one more than expected, so that the end is met without growing
+    for (;;) {
+        std::size_t got = 0;
+        if (auto failure = readSome(bytes.data() + filled, bytes.size() - filled, got))
+            return failure;
+        filled += got;
+        if (filled > limit)
+            return TooLarge(limit);
+        if (got == 0)
+            break;
+        if (filled == bytes.size())
+            bytes.resize(2 * filled);
+    }
+    bytes.resize(filled);
+    return std::nullopt;
 }
 
 Failure TooLarge(std::uint64_t limit)

@@ -4,18 +4,11 @@
 #include "host/Disk-win32.h"
 #include "host/GameFiles.h"
 #include "host/GamePath.h"
+#include "host/Windows-win32.h"
 
 #include <cstdio>
 #include <memory>
 #include <mutex>
-
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
 
 #include <knownfolders.h>
 #include <objbase.h>

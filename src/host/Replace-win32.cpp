@@ -1,17 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "host/Disk-win32.h"
 #include "host/GameFiles.h"
+#include "host/Windows-win32.h"
 
 #include <algorithm>
 #include <atomic>
-
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
 
 namespace host::disk {
 namespace {

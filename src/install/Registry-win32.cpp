@@ -2,16 +2,9 @@
 #include "install/Registry.h"
 
 #include "host/Disk-win32.h"
+#include "host/Windows-win32.h"
 
 #include <algorithm>
-
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
 
 namespace Registry {
 namespace {

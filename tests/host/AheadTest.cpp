@@ -6,7 +6,7 @@
 #include <atomic>
 #include <future>
 #include <memory>
-#include <semaphore>
+#include <thread>
 
 namespace {
 
@@ -69,42 +69,42 @@ TEST(AheadTest, RunsNoFurtherAheadThanTheWindow)
 
 TEST(AheadTest, TryTakeDoesNotWaitForARunningJob)
 {
-    std::binary_semaphore mayEnd(0);
+    std::promise<void> mayEnd;
     host::Ahead<int> ahead(
         1,
         [&](std::size_t) {
-            mayEnd.acquire();
+            mayEnd.get_future().wait();
             return 7;
         },
         1);
     EXPECT_EQ(ahead.TryTake(), std::nullopt);
     EXPECT_FALSE(ahead.Done());
-    mayEnd.release();
+    mayEnd.set_value();
     EXPECT_EQ(ahead.Take(), 7);
 }
 
 TEST(AheadTest, StopLetsTheRunningJobEndAndStartsNoMore)
 {
-    std::binary_semaphore started(0), mayEnd(0);
+    std::promise<void> started, mayEnd;
     std::atomic<int> begun = 0, ended = 0;
     host::Ahead<int> ahead(
         1000,
         [&](std::size_t i) {
             ++begun;
             if (i == 10) {
-                started.release();
-                mayEnd.acquire();
+                started.set_value();
+                mayEnd.get_future().wait();
             }
             ++ended;
             return 0;
         },
         1);
-    started.acquire();
+    started.get_future().wait();
     EXPECT_TRUE(ahead.Take());
     std::jthread stopper([&] { ahead.Stop(); });
     while (ahead.Take()) // the tenth is never ready: this ends when the stop is known
         continue;
-    mayEnd.release();
+    mayEnd.set_value();
     stopper.join();
     EXPECT_EQ(begun, 11);
     EXPECT_EQ(ended, 11);

@@ -3,17 +3,10 @@
 
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
+#include "host/Windows-win32.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
-
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
 
 namespace disk = host::disk;
 using Names = std::vector<std::string>;

@@ -3,16 +3,9 @@
 
 #include "host/Disk-win32.h"
 #include "host/RuntimeError.h"
+#include "host/Windows-win32.h"
 
 #include <gtest/gtest.h>
-
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
 
 namespace {
 

@@ -1,17 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "host/Windows-win32.h"
 #include "install/Registry.h"
 
 #include "install/Installation.h"
 
 #include <gtest/gtest.h>
-
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
 
 namespace {
 

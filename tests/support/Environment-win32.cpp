@@ -1,15 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "host/Windows-win32.h"
 #include "support/Environment.h"
 
 #include <filesystem>
-
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
 
 namespace support {
 namespace {
