@@ -32,6 +32,11 @@ else()
     target_compile_options(project_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
   endif()
 endif()
+if(MINGW)
+  # Nothing need lie beside a program, except where Qt does: then the compiler's libraries do too.
+  target_link_options(project_options INTERFACE
+    $<$<NOT:$<BOOL:$<TARGET_PROPERTY:ZELK_SHARED_RUNTIME>>>:-static>)
+endif()
 if(ZELK_SANITIZE)
   target_compile_options(project_options INTERFACE
     -fsanitize=${ZELK_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)

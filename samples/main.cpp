@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
+#include "host/Console.h"
 #include "samples/Sample.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <iostream>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -18,7 +22,7 @@ std::filesystem::path pathOf(const std::string &utf8)
     return std::u8string(utf8.begin(), utf8.end());
 }
 
-int run(int argc, char **argv)
+int run(std::vector<std::string> arguments)
 {
     CLI::App app("Writes a sample Train Simulator installation into a folder.", "zelk-sample");
     std::string out;
@@ -28,8 +32,9 @@ int run(int argc, char **argv)
     app.add_option("--stock", options.stock, "Total of engines and wagons");
     app.add_option("--consists", options.consists, "Total of consists");
     app.add_option("--seed", options.seed, "Chooses the generated part (1)");
+    std::reverse(arguments.begin(), arguments.end()); // the order in which the parser takes them
     try {
-        app.parse(argc, argv);
+        app.parse(std::move(arguments));
     } catch (const CLI::ParseError &error) {
         return app.exit(error) == 0 ? 0 : kCouldNotRun;
     }
@@ -45,7 +50,7 @@ int run(int argc, char **argv)
 int main(int argc, char **argv)
 {
     try {
-        return run(argc, argv);
+        return run(host::Arguments(argc, argv));
     } catch (const std::exception &error) {
         std::fprintf(stderr, "zelk-sample: %s\n", error.what());
         return kCouldNotRun;

@@ -1,6 +1,11 @@
 # SPDX-License-Identifier: MIT
 # The windows: one library, so that tests and benchmarks link them, and the program itself.
 
+if(WIN32)
+  set(desktop app/DesktopScheme-win32.cpp)
+else()
+  set(desktop app/DesktopScheme-posix.cpp)
+endif()
 zelk_add_room(forms
   SOURCES
     app/Colours.cpp
@@ -15,6 +20,7 @@ zelk_add_room(forms
     app/QtDialogs.cpp
     app/WindowBounds.cpp
     app/icons.qrc
+    ${desktop}
     document/ConsistEditorPane.cpp
     document/ConsistListModel.cpp
     document/ConsistListPane.cpp
@@ -34,5 +40,5 @@ set_target_properties(zelk_forms PROPERTIES AUTOMOC ON AUTORCC ON)
 add_executable(zelk main.cpp)
 target_link_libraries(zelk PRIVATE zelk_forms)
 if(WIN32)
-  set_target_properties(zelk PROPERTIES WIN32_EXECUTABLE ON)
+  set_target_properties(zelk PROPERTIES WIN32_EXECUTABLE ON ZELK_SHARED_RUNTIME ON)
 endif()

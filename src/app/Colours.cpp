@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/Colours.h"
 
+#include "app/DesktopScheme.h"
 #include "app/IconSet.h"
 #include "host/Folders.h"
-#include "host/IniFile.h"
 #include "host/Text.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
@@ -15,7 +14,6 @@
 #include <QStyleOption>
 
 #include <array>
-#include <optional>
 #include <string>
 
 namespace app {
@@ -26,48 +24,6 @@ bool isDark(const QPalette &palette)
 {
     return palette.color(QPalette::Window).lightness() <
            palette.color(QPalette::WindowText).lightness();
-}
-
-std::optional<std::string> entry(const std::string &file, const char *section, const char *key)
-{
-    QFile source(QString::fromStdString(host::ConfigFolder() + "/" + file));
-    if (!source.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    constexpr qint64 limit = 1 << 20; // desktop settings are a few kilobytes
-    return host::IniFile::FromText(source.read(limit).toStdString()).Value(section, key);
-}
-
-bool namesDark(const std::string &text)
-{
-    return host::ToUpper(text).find("DARK") != std::string::npos;
-}
-
-/// KDE: the window background as "red,green,blue".
-std::optional<ColourScheme> kdeScheme()
-{
-    const auto text = entry("kdeglobals", "Colors:Window", "BackgroundNormal");
-    if (!text)
-        return std::nullopt;
-    const QStringList parts = QString::fromStdString(*text).split(QLatin1Char(','));
-    if (parts.size() < 3)
-        return std::nullopt;
-    const QColor colour(parts[0].toInt(), parts[1].toInt(), parts[2].toInt());
-    return colour.lightness() < 128 ? ColourScheme::Dark : ColourScheme::Light;
-}
-
-std::optional<ColourScheme> gtkScheme()
-{
-    if (const std::string theme = host::Environment("GTK_THEME"); !theme.empty())
-        return namesDark(theme) ? ColourScheme::Dark : ColourScheme::Light;
-    for (const char *file : {"gtk-4.0/settings.ini", "gtk-3.0/settings.ini"}) {
-        const auto prefers = entry(file, "Settings", "gtk-application-prefer-dark-theme");
-        if (prefers && (*prefers == "1" || host::EqualsNoCase(*prefers, "true")))
-            return ColourScheme::Dark;
-        if (const auto theme = entry(file, "Settings", "gtk-theme-name");
-            theme && namesDark(*theme))
-            return ColourScheme::Dark;
-    }
-    return std::nullopt;
 }
 
 struct RoleColours
@@ -146,9 +102,7 @@ ColourScheme DesktopScheme(const QPalette &platform)
         return ColourScheme::Light;
     if (isDark(platform))
         return ColourScheme::Dark;
-    if (const auto scheme = kdeScheme())
-        return *scheme;
-    return gtkScheme().value_or(ColourScheme::Light);
+    return SchemeOfDesktop().value_or(ColourScheme::Light);
 }
 
 QPalette PaletteOf(ColourScheme scheme)

@@ -4,13 +4,12 @@
 #include "app/Colours.h"
 #include "app/QtDialogs.h"
 #include "app/modZELK.h"
+#include "host/Console.h"
 #include "host/GameFiles.h"
 #include "host/Settings.h"
 #include "host/Text.h"
 
 #include <QApplication>
-
-#include <cstdio>
 
 namespace app {
 
@@ -56,9 +55,9 @@ std::unique_ptr<frmMain> StartMainWindow(const Services &services, const std::st
 
 int RunProgram(int argc, char **argv)
 {
-    const std::string given = CommandLineOf(std::vector<std::string>(argv + 1, argv + argc));
+    const std::string given = CommandLineOf(host::Arguments(argc, argv));
     if (const auto answer = AnswerTo(given))
-        return std::fputs(answer->c_str(), stdout) < 0 ? 1 : 0;
+        return host::WriteTo(host::Stream::Output, *answer) ? 1 : 0;
 
     QApplication application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(modZELK::kTitle.data()));

@@ -29,6 +29,9 @@ std::filesystem::path path::ToDisk(std::string_view path)
 }
 
 namespace disk {
+
+const bool kIgnoresCase = false;
+
 namespace {
 
 constexpr std::int64_t kSecond = 1000000000; // in nanoseconds

@@ -8,7 +8,9 @@
 #include "host/Windows-win32.h"
 
 #include <algorithm>
+#include <map>
 #include <memory>
+#include <mutex>
 #include <utility>
 
 namespace host {
@@ -26,6 +28,9 @@ std::filesystem::path path::ToDisk(std::string_view path)
 }
 
 namespace disk {
+
+const bool kIgnoresCase = true;
+
 namespace {
 
 /// An empty drive is an error like any other, not a box of the system that waits for a disk.
@@ -59,13 +64,25 @@ std::optional<Stamp> stampOf(HANDLE file)
 }
 
 /// FAT file systems do not mark a folder when names in it come and go.
-bool marksFolders(HANDLE folder)
+bool askWhetherFoldersAreMarked(HANDLE folder)
 {
     wchar_t system[MAX_PATH + 1] = {};
     if (!GetVolumeInformationByHandleW(folder, nullptr, 0, nullptr, nullptr, nullptr, system,
                                        MAX_PATH + 1))
         return false;
     return ToUpper(Narrow(system)).find("FAT") == std::string::npos;
+}
+
+/// The same, asked once for each volume.
+bool marksFolders(HANDLE folder, std::uint64_t volume)
+{
+    static std::mutex mutex;
+    static std::map<std::uint64_t, bool> known;
+    const std::lock_guard lock(mutex);
+    const auto found = known.find(volume);
+    if (found != known.end())
+        return found->second;
+    return known[volume] = askWhetherFoldersAreMarked(folder);
 }
 
 Kind kindOf(DWORD attributes)
@@ -294,7 +311,7 @@ std::optional<Listing> List(const std::string &folder)
         return std::nullopt;
     Listing listing;
     listing.stamp = *stamp;
-    listing.settled = marksFolders(handle.Get()) && IsSettled(*stamp, Now());
+    listing.settled = marksFolders(handle.Get(), stamp->device) && IsSettled(*stamp, Now());
     system += system.ends_with(L'\\') ? L"*" : L"\\*";
     WIN32_FIND_DATAW entry = {};
     const HANDLE search =

@@ -53,6 +53,9 @@ struct Listing
     std::vector<ListedName> names; ///< in no order; without "." and ".."
 };
 
+/// True where the system itself finds a name in any letter case (Windows).
+extern const bool kIgnoresCase;
+
 /// What a path is, links followed. What cannot be asked is Absent.
 Kind KindOf(const std::string &path);
 /// The stamp of a file or folder, links followed; nothing when it cannot be asked.

@@ -65,6 +65,8 @@ std::optional<std::filesystem::path> GameFiles::FindFile(std::string_view path)
     // Spelled exactly it would be found first anyway; that costs one question instead of many.
     if (disk::KindOf(steps->text) == disk::Kind::File)
         return path::ToDisk(steps->text);
+    if (disk::kIgnoresCase)
+        return std::nullopt;
     std::vector<std::string> folders;
     const std::vector<std::string> files = filesAt(*steps, folders);
     if (files.empty())

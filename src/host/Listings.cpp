@@ -100,6 +100,13 @@ std::vector<std::string> GameFiles::Listings::Folders(const std::string &root,
                                                       const std::vector<std::string> &names)
 {
     std::vector<std::string> folders = {root};
+    if (disk::kIgnoresCase) { // one question instead of one for each step
+        for (const std::string &name : names)
+            folders.front() = Below(folders.front(), name);
+        if (disk::KindOf(folders.front()) != disk::Kind::Folder)
+            folders.clear();
+        return folders;
+    }
     for (const std::string &name : names) {
         std::vector<std::string> next;
         for (const std::string &folder : folders)

@@ -2,13 +2,11 @@
 #include "Output.h"
 
 #include "Session.h"
+#include "host/Console.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <system_error>
 
 namespace zelkctl {
 namespace {
@@ -28,7 +26,7 @@ void Output::Write(std::string_view text)
 {
     m_buffer += text;
     if (m_buffer.size() >= kPiece)
-        Flush();
+        writeOut(m_buffer.rfind('\n') + 1); // a console is to be given whole characters
 }
 
 void Output::WriteJson(std::string_view text)
@@ -45,11 +43,16 @@ void Output::WriteJson(std::string_view text)
 
 void Output::Flush()
 {
-    errno = 0;
-    const bool whole = std::fwrite(m_buffer.data(), 1, m_buffer.size(), stdout) == m_buffer.size();
-    m_buffer.clear();
-    if (!whole || std::fflush(stdout) != 0)
-        throw Failure("standard output: " + std::generic_category().message(errno));
+    writeOut(m_buffer.size());
+}
+
+void Output::writeOut(std::size_t count)
+{
+    const auto reason =
+        host::WriteTo(host::Stream::Output, std::string_view(m_buffer).substr(0, count));
+    m_buffer.erase(0, reason ? m_buffer.size() : count);
+    if (reason)
+        throw Failure("standard output: " + *reason);
 }
 
 } // namespace zelkctl

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,8 @@ public:
     void Flush();
 
 private:
+    void writeOut(std::size_t count);
+
     std::string m_buffer;
 };
 

@@ -9,12 +9,12 @@
 #include "ShapeCommand.h"
 #include "TextureCommand.h"
 #include "TreeCommand.h"
+#include "host/Console.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 
 #include <algorithm>
 #include <csignal>
-#include <cstdio>
 #include <functional>
 #include <new>
 #include <set>
@@ -128,7 +128,7 @@ void parseAndRun(std::vector<std::string> arguments, Session &session)
 
 int fail(const std::string &message)
 {
-    std::fputs(("zelkctl: " + message + "\n").c_str(), stderr);
+    host::WriteTo(host::Stream::Error, "zelkctl: " + message + "\n");
     return kCouldNotRun;
 }
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Program.h"
+#include "host/Console.h"
 
 int main(int argc, char **argv)
 {
-    return zelkctl::Run({argv + (argc > 0 ? 1 : 0), argv + argc});
+    return zelkctl::Run(host::Arguments(argc, argv));
 }

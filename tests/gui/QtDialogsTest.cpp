@@ -80,7 +80,7 @@ TEST(QtDialogsTest, FileDialogsOpenWhereAskedWithTheFilterInForce)
         Find<QLineEdit>(chooser, "fileNameEdit").setText(QStringLiteral("Night.CON"));
         QTest::keyClick(&Find<QLineEdit>(chooser, "fileNameEdit"), Qt::Key_Return);
     });
-    EXPECT_EQ(dialogs.OpenFile(request), file);
+    EXPECT_EQ(dialogs.OpenFile(request), host::path::Normalise(file));
     OnNextDialog([](QDialog &) {});
     EXPECT_EQ(dialogs.OpenFile(request), "");
 }
@@ -104,7 +104,7 @@ TEST(QtDialogsTest, ANameToSaveGetsItsExtensionAndNoQuestion)
             name.setText(QString::fromLatin1(row.typed));
             QTest::keyClick(&name, Qt::Key_Return);
         });
-        EXPECT_EQ(dialogs.SaveFile(request), folder.Path() + row.expected);
+        EXPECT_EQ(dialogs.SaveFile(request), host::path::Normalise(folder.Path() + row.expected));
     }
     OnNextDialog([](QDialog &dialog) {
         QTest::keyClick(&Find<QLineEdit>(dialog, "fileNameEdit"), Qt::Key_Return);

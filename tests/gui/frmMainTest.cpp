@@ -2,6 +2,7 @@
 #include "app/frmMain.h"
 
 #include "GuiTest.h"
+#include "support/KnownFolders.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -119,10 +120,8 @@ TEST_F(frmMainTest, SettingsAreWrittenAtTheEnd)
 {
     settings.values["MSTSDir"] = " $msts ";
     settings.values["ScreenShotDir"] = "/pictures";
-    const std::string registry = home.Folder().Write(
-        "registry.ini",
-        "[SOFTWARE\\Microsoft\\Microsoft Games\\Train Simulator\\1.0]\nPath=" + game.Path() + "\n");
-    const support::ScopedVariable variable("ZELK_REGISTRY", registry);
+    support::KnownFolders known(home.Folder().At(".config"));
+    known.Register(game.Path());
     Start();
     EXPECT_EQ(RowsOf(Find<QAbstractItemView>(*Active(), "lvConsists")),
               "Coal Freight North GP38 Local");

@@ -2,6 +2,8 @@
 #include "install/frmSetLoc.h"
 
 #include "GuiTest.h"
+#include "host/Folders.h"
+#include "support/KnownFolders.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -16,12 +18,9 @@ class frmSetLocTest : public GuiTest
 {
 protected:
     frmSetLocTest()
-        : m_registry("ZELK_REGISTRY",
-                     home.Folder().Write(
-                         "registry.ini",
-                         "[SOFTWARE\\Microsoft\\Microsoft Games\\Train Simulator\\1.0]\nPath=" +
-                             game.Path() + "\n"))
+        : m_known(home.Folder().At(".config"))
     {
+        m_known.Register(game.Path());
         other.Write("Trains/Consists/Else.con", "x");
     }
     /// Opens the dialog from the menu and lets `act` use it.
@@ -33,7 +32,7 @@ protected:
     std::string listed() { return RowsOf(Find<QAbstractItemView>(*Active(), "lvConsists")); }
 
     support::TempFolder other;
-    support::ScopedVariable m_registry;
+    support::KnownFolders m_known;
 };
 
 } // namespace
@@ -84,9 +83,10 @@ TEST_F(frmSetLocTest, TheTreeShowsTheFolderAndFillsTheBox)
     const auto &model = dynamic_cast<QFileSystemModel &>(*dialog.dirLocation->model());
     EXPECT_EQ(model.filePath(dialog.dirLocation->currentIndex()).toStdString(), game.Path());
     dialog.dirLocation->setCurrentIndex(model.index(QString::fromStdString(other.Path())));
-    EXPECT_EQ(dialog.txtLocation->text().toStdString(), other.Path());
+    EXPECT_EQ(dialog.txtLocation->text().toStdString(), host::path::Normalise(other.Path()));
     dialog.SetLocation("/no such folder");
     EXPECT_EQ(dialog.txtLocation->text(), QStringLiteral("/no such folder"));
     ASSERT_GE(dialog.drvLocation->count(), 1);
-    EXPECT_EQ(dialog.drvLocation->itemData(0).toString(), QStringLiteral("/"));
+    EXPECT_EQ(dialog.drvLocation->itemData(0).toString().toStdString(),
+              host::Volumes().front().path);
 }

@@ -68,6 +68,17 @@ std::string folderOf(const std::string &path)
     return path.substr(0, path.rfind('/') + 1);
 }
 
+fs::path toDisk(std::string_view path)
+{
+    return std::u8string(path.begin(), path.end());
+}
+
+std::string fromDisk(const fs::path &path)
+{
+    const std::u8string text = path.generic_u8string();
+    return {text.begin(), text.end()};
+}
+
 } // namespace
 
 std::string Lower(std::string text)
@@ -144,16 +155,16 @@ std::string Plain(std::string_view path)
 {
     std::string text(path);
     std::replace(text.begin(), text.end(), '\\', '/');
-    return Lower(fs::path(text).lexically_normal().generic_string());
+    return Lower(fromDisk(toDisk(text).lexically_normal()));
 }
 
 Installation::Installation(std::string root)
     : m_root(std::move(root))
 {
-    for (const auto &entry : fs::recursive_directory_iterator(m_root)) {
+    for (const auto &entry : fs::recursive_directory_iterator(toDisk(m_root))) {
         if (!entry.is_regular_file())
             continue;
-        const std::string path = fs::relative(entry.path(), m_root).generic_string();
+        const std::string path = fromDisk(fs::relative(entry.path(), toDisk(m_root)));
         m_files[Lower(path)] = path;
     }
 }
@@ -169,7 +180,7 @@ std::vector<std::string> Installation::Files(std::string_view extension) const
 
 std::string Installation::Bytes(const std::string &path) const
 {
-    std::ifstream in(m_root + '/' + path, std::ios::binary);
+    std::ifstream in(toDisk(m_root + '/' + path), std::ios::binary);
     if (!in)
         throw std::runtime_error("cannot read " + path);
     return {std::istreambuf_iterator<char>(in), {}};

@@ -116,7 +116,10 @@ TEST(SampleTest, DoesNotWriteThroughLinks)
     WriteSample(temp.At("s"));
     const std::string file = "s/TRAINS/CONSISTS/night mail.con";
     fs::remove(temp.At(file));
-    fs::create_symlink(temp.At("outside/letter.txt"), temp.At(file));
+    std::error_code error;
+    fs::create_symlink(temp.At("outside/letter.txt"), temp.At(file), error);
+    if (error)
+        GTEST_SKIP() << "no links can be made here: " << error.message();
     EXPECT_EQ(refusal(temp.At("s")), temp.At(file) + ": is in the way: not a plain file");
     fs::remove_all(temp.At("s/TRAINS/CONSISTS"));
     fs::create_directory_symlink(temp.At("outside"), temp.At("s/TRAINS/CONSISTS"));

@@ -83,14 +83,9 @@ TEST_F(CommandLineTest, AnswersVersionAndHelp)
 TEST_F(CommandLineTest, SaysWhenItsOutputCannotBeWritten)
 {
     write("x.con", "Train ( TrainCfg ( x ) )");
-    const std::pair<Stdout, const char *> rows[] = {
-        {Stdout::Closed, "Bad file descriptor"},
-        {Stdout::FullDisk, "No space left on device"},
-        {Stdout::BrokenPipe, "Broken pipe"},
-    };
-    for (const auto &[output, reason] : rows)
-        EXPECT_EQ(m_machine.Run({"tree", "x.con"}, output),
-                  (Outcome{2, "", "zelkctl: standard output: " + std::string(reason) + "\n"}));
+    for (const auto &[output, reason] : support::UnwritableOutputs())
+        EXPECT_EQ(run({"tree", "x.con"}, output),
+                  (Outcome{2, "", "zelkctl: standard output: " + reason + "\n"}));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ZelkctlTest.h"
+#include "support/KnownFolders.h"
 
 #include <nlohmann/json.hpp>
 
@@ -14,9 +15,10 @@ protected:
         for (const char *stock : {"SD40/a.eng", "SD40/b.wag", "SD40/c.ENG", "SD40/notes.txt",
                                   "GP38 Old/x.wag", "sd9/Long.Name.eng", "Empty/readme"})
             write("msts/TRAINS/TRAINSET/" + std::string(stock), "");
-        for (const char *consist :
-             {"Freight.con", "long GP9 train.con", "gp38.CON", "Z\xfcge.con", "notes.txt"})
-            write("msts/TRAINS/CONSISTS/" + std::string(consist), "");
+        for (const char *consist : {"Freight", "long GP9 train", support::kForeignZuege})
+            write("msts/TRAINS/CONSISTS/" + std::string(consist) + ".con", "");
+        write("msts/TRAINS/CONSISTS/gp38.CON", "");
+        write("msts/TRAINS/CONSISTS/notes.txt", "");
         route("Coast", "Tr_RouteFile ( Name ( \"Coast Line (2)\" ) )");
         route("Bay (old)", "Tr_RouteFile ( RouteID ( x ) )");
         route("Old.Backup", "Tr_RouteFile ( Name ( Never ) )");
@@ -83,13 +85,12 @@ TEST_F(ListCommandTest, TakesTheFolderThatIsNamedOrSetOrRegistered)
     for (const char *place : {"named", "set", "registered"})
         write(place + ("/Trains/Consists/" + std::string(place)) + ".con", "");
     const std::string base = m_folder.At("") + "/";
+    support::KnownFolders known(m_folder.Path());
     EXPECT_EQ(run({"list", "consists"}), none);
 
-    write("machine.ini", "[SOFTWARE\\Microsoft\\Microsoft Games\\Train Simulator\\1.0]\nPath=" +
-                             base + "registered\n");
-    m_machine.environment = {"ZELK_REGISTRY=" + base + "machine.ini"};
+    known.Register(base + "registered");
     EXPECT_EQ(run({"list", "consists"}), list("registered"));
-    write("ZELK/ZELK.ini", "[Settings]\nMSTSDir=" + base + "set\n");
+    known.Set("MSTSDir", base + "set");
     EXPECT_EQ(run({"list", "consists"}), list("set"));
     EXPECT_EQ(run({"list", "consists", "--msts", base + "named"}), list("named"));
     EXPECT_EQ(run({"list", "consists", "--msts", base + "NAMED/"}), list("named"));

@@ -138,7 +138,7 @@ TEST_F(ResaveCommandTest, ReplacesTheFileOfThatNameInAnyLetterCase)
     write("B.CON", "old");
     EXPECT_EQ(resave("A.con", "b.con"), (Outcome{0, "", ""}));
     EXPECT_EQ(read("B.CON"), "\nTrain ( TrainCfg ( b Name ( b ) ) )");
-    EXPECT_FALSE(m_folder.Exists("b.con"));
+    EXPECT_EQ(m_folder.Names(), (std::vector<std::string>{"B.CON", "a.con"}));
 }
 
 TEST_F(ResaveCommandTest, NamesTheFileThatIsAtFault)

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "RunZelkctl.h"
+#include "support/RunProgram.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
+
+using support::Outcome;
 
 /// ASCII text as UTF-16LE with BOM.
 inline std::string Utf16(std::string_view ascii)
@@ -24,9 +26,10 @@ inline std::string Utf16(std::string_view ascii)
 class ZelkctlTest : public testing::Test
 {
 protected:
-    Outcome run(const std::vector<std::string> &arguments) const
+    Outcome run(const std::vector<std::string> &arguments,
+                support::Stdout out = support::Stdout::Captured) const
     {
-        return m_machine.Run(arguments);
+        return m_machine.Run(ZELKCTL, arguments, out);
     }
     void write(const std::string &name, std::string_view bytes) const
     {
@@ -35,5 +38,5 @@ protected:
     std::string read(const std::string &name) const { return m_folder.Read(name); }
 
     support::TempFolder m_folder;
-    Machine m_machine{m_folder.Path()};
+    support::Machine m_machine{m_folder.Path()};
 };

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "RunZelkctl.h"
+#include "support/RunProgram.h"
 
 #include <fcntl.h>
 #include <fstream>
 #include <iterator>
-#include <ostream>
 #include <spawn.h>
 #include <stdexcept>
 #include <sys/wait.h>
 #include <unistd.h>
+
+namespace support {
+
+const char *const kForeignZuege = "Z\xfcge";
 
 namespace {
 
@@ -95,7 +98,7 @@ private:
 
 std::vector<std::string> environmentOf(const Machine &machine)
 {
-    std::vector<std::string> variables = machine.environment;
+    std::vector<std::string> variables;
     for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_HOME",
                              "XDG_STATE_HOME", "WINEPREFIX"})
         variables.push_back(std::string(name) + "=" + machine.home.string());
@@ -104,13 +107,15 @@ std::vector<std::string> environmentOf(const Machine &machine)
 
 } // namespace
 
-std::ostream &operator<<(std::ostream &stream, const Outcome &outcome)
+std::vector<std::pair<Stdout, std::string>> UnwritableOutputs()
 {
-    return stream << "exit " << outcome.code << "\nout: " << outcome.out
-                  << "\nerr: " << outcome.err;
+    return {{Stdout::Closed, "Bad file descriptor"},
+            {Stdout::FullDisk, "No space left on device"},
+            {Stdout::BrokenPipe, "Broken pipe"}};
 }
 
-Outcome Machine::Run(const std::vector<std::string> &arguments, Stdout output) const
+Outcome Machine::Run(const std::string &program, const std::vector<std::string> &arguments,
+                     Stdout output) const
 {
     const CaptureFile out(home / ".captured-out"), err(home / ".captured-err");
     Streams streams;
@@ -130,8 +135,10 @@ Outcome Machine::Run(const std::vector<std::string> &arguments, Stdout output) c
         streams.OpenBrokenPipe(STDOUT_FILENO);
         break;
     }
-    std::vector<std::string> command{ZELKCTL};
+    std::vector<std::string> command{program};
     command.insert(command.end(), arguments.begin(), arguments.end());
     const int code = streams.RunAndWait(std::move(command), environmentOf(*this));
     return {code, out.Text(), err.Text()};
 }
+
+} // namespace support

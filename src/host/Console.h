@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What a program and the one that starts it say to each other, alike on every system.
+namespace host {
+
+/// The arguments after the program's name: the bytes of argv. On Windows UTF-8, made from the
+/// command line that the system keeps, since argv has lost what its code page does not know.
+std::vector<std::string> Arguments(int argc, char **argv);
+
+enum class Stream
+{
+    Output,
+    Error
+};
+
+/// Writes UTF-8 text to a standard stream at once and byte for byte, without carriage returns; a
+/// console of Windows is given characters, whatever its code page (text must not end within one).
+/// The reason, in words, when not all could be written.
+std::optional<std::string> WriteTo(Stream stream, std::string_view text);
+
+} // namespace host
