@@ -39,6 +39,8 @@ set_target_properties(zelk_forms PROPERTIES AUTOMOC ON AUTORCC ON)
 
 add_executable(zelk main.cpp)
 target_link_libraries(zelk PRIVATE zelk_forms)
+zelk_add_resource(zelk "ZELK")
+install(TARGETS zelk)
 if(WIN32)
   set_target_properties(zelk PROPERTIES WIN32_EXECUTABLE ON ZELK_SHARED_RUNTIME ON)
 endif()
