@@ -256,6 +256,7 @@ void AddCheckCommand(CLI::App &app, Session &session)
         "check", "Check that everything that files name is there, or who uses them");
     check->require_subcommand(1);
     check->footer("Prints one line for each finding, \"ERROR: ...\" or \"INFO: ...\".\n"
+                  "--json, --verbose, --quiet and --report FILE go with every check.\n"
                   "Exit code 0: nothing is wrong; 1: there is an ERROR line; 2: a check could not "
                   "be done.");
     check->add_flag("--json", options->json, "As a JSON array of objects");
