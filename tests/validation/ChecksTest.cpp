@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 namespace {
@@ -17,17 +18,6 @@ constexpr auto kMissing = TSValidation::IsMissing;
 constexpr auto kCorrupt = TSValidation::IsCorrupt;
 constexpr auto kReference = TSValidation::HasMissingReference;
 
-/// One rule: what is changed in the installation, what is checked, and the whole report.
-struct Row
-{
-    const char *name;
-    Changes changes;
-    Call call;
-    std::int16_t verdict;
-    std::vector<std::string> report = {};
-    int error = 0; ///< the run-time error that ends the check; there is no verdict then
-};
-
 struct Seen
 {
     std::int16_t verdict = kGood;
@@ -37,9 +27,9 @@ struct Seen
     std::vector<std::string> verbose; ///< the texts of level 1 and 2
 };
 
-Seen observe(const Row &row, bool verbose)
+Seen observe(const Changes &changes, const Call &call, bool verbose)
 {
-    SmallInstallation place(row.changes);
+    SmallInstallation place(changes);
     TSValidation validation(place.Location(), place.Files(), 1);
     validation.SetVerboseMessages(verbose);
     Seen seen;
@@ -52,7 +42,7 @@ Seen observe(const Row &row, bool verbose)
             seen.verbose.push_back(place.Neutral(message));
     };
     try {
-        seen.verdict = row.call(validation, place);
+        seen.verdict = call(validation, place);
     } catch (const host::RuntimeError &error) {
         seen.error = error.Number();
         EXPECT_NE(place.Neutral(error.Detail()).find("<M>/"), std::string::npos) << error.what();
@@ -63,28 +53,35 @@ Seen observe(const Row &row, bool verbose)
     return seen;
 }
 
-void expectRows(const std::vector<Row> &rows)
+/// A line with the installation's folders for "A/", "R/" and "C/".
+std::string spelledOut(std::string line)
 {
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        std::vector<std::string> report = row.report;
-        for (std::string &line : report)
-            for (const auto &[mark, path] :
-                 {std::pair("A/", "<M>/Trains/Trainset/A/"), std::pair("R/", "<M>/Routes/R/"),
-                  std::pair("C/", "<M>/Trains/Consists/")})
-                for (auto at = line.find(' ' + std::string(mark)); at != line.npos;
-                     at = line.find(' ' + std::string(mark)))
-                    line.replace(at + 1, 2, path);
-        const Seen seen = observe(row, false);
-        EXPECT_EQ(seen.report, report);
-        EXPECT_EQ(seen.error, row.error);
-        EXPECT_EQ(seen.verdict, row.error == 0 ? row.verdict : kGood);
-        EXPECT_EQ(seen.verbose, std::vector<std::string>());
-        Seen verbose = observe(row, true);
-        std::erase_if(verbose.verbose, [](const auto &line) { return line.ends_with(" is OK"); });
-        EXPECT_EQ(verbose.report, report);
-        EXPECT_EQ(verbose.verbose, report);
-    }
+    static const std::pair<const char *, const char *> kFolders[] = {
+        {" A/", " <M>/Trains/Trainset/A/"},
+        {" R/", " <M>/Routes/R/"},
+        {" C/", " <M>/Trains/Consists/"}};
+    for (const auto &[mark, folder] : kFolders)
+        for (auto at = line.find(mark); at != line.npos; at = line.find(mark))
+            line.replace(at, 3, folder);
+    return line;
+}
+
+/// One rule: what is changed in the installation, what is checked, and the whole report. With an
+/// error, which ends the check, there is no verdict.
+void rule(const char *name, const Changes &changes, const Call &call, std::int16_t verdict,
+          std::vector<std::string> report = {}, int error = 0)
+{
+    SCOPED_TRACE(name);
+    std::transform(report.begin(), report.end(), report.begin(), spelledOut);
+    const Seen seen = observe(changes, call, false);
+    EXPECT_EQ(seen.report, report);
+    EXPECT_EQ(seen.error, error);
+    EXPECT_EQ(seen.verdict, verdict);
+    EXPECT_EQ(seen.verbose, std::vector<std::string>());
+    Seen verbose = observe(changes, call, true);
+    std::erase_if(verbose.verbose, [](const auto &line) { return line.ends_with(" is OK"); });
+    EXPECT_EQ(verbose.report, report);
+    EXPECT_EQ(verbose.verbose, report);
 }
 
 const std::string kA = "Trains/Trainset/A/";
@@ -102,51 +99,32 @@ std::pair<std::string, std::optional<std::string>> inA(const char *file, const c
 TEST(ChecksTest, Wagon)
 {
     const Call wagon = stock("a.wag");
-    expectRows({
-        {"nothing wrong", {}, wagon, kGood},
-        {"an engine section in a wagon is not looked at",
-         {inA("a.wag", "Wagon ( a WagonShape ( a.s ) Sound ( a.sms ) ) Engine ( z )")},
-         wagon,
-         kGood},
-        {"not there", {inA("a.wag", nullptr)}, wagon, kMissing, {"ERROR: A/a.wag is MISSING"}},
-        {"no section",
-         {inA("a.wag", "Waggon ( a WagonShape ( a.s ) Sound ( a.sms ) )")},
-         wagon,
-         kCorrupt,
-         {"ERROR: A/a.wag appears CORRUPT"}},
-        {"no shape, both parts of it",
-         {inA("a.s", nullptr), inA("a.sd", nullptr)},
-         wagon,
+    rule("nothing wrong", {}, wagon, kGood);
+    rule("an engine section in a wagon is not looked at",
+         {inA("a.wag", "Wagon ( a WagonShape ( a.s ) Sound ( a.sms ) ) Engine ( z )")}, wagon,
+         kGood);
+    rule("not there", {inA("a.wag", nullptr)}, wagon, kMissing, {"ERROR: A/a.wag is MISSING"});
+    rule("no section", {inA("a.wag", "Waggon ( a WagonShape ( a.s ) Sound ( a.sms ) )")}, wagon,
+         kCorrupt, {"ERROR: A/a.wag appears CORRUPT"});
+    rule("no shape, both parts of it", {inA("a.s", nullptr), inA("a.sd", nullptr)}, wagon,
          kReference,
          {"ERROR: A/a.wag references missing file A/a.s",
-          "ERROR: A/a.wag references missing file A/a.sd"}},
-        {"no descriptor",
-         {inA("a.sd", nullptr)},
-         wagon,
-         kReference,
-         {"ERROR: A/a.wag references missing file A/a.sd"}},
-        {"an absent entry is an empty value; entries' letter case counts",
-         {inA("a.wag", "Wagon ( a wagonshape ( a.s ) Sound ( a.sms ) )")},
-         wagon,
-         kReference,
+          "ERROR: A/a.wag references missing file A/a.sd"});
+    rule("no descriptor", {inA("a.sd", nullptr)}, wagon, kReference,
+         {"ERROR: A/a.wag references missing file A/a.sd"});
+    rule("an absent entry is an empty value; entries' letter case counts",
+         {inA("a.wag", "Wagon ( a wagonshape ( a.s ) Sound ( a.sms ) )")}, wagon, kReference,
          {"ERROR: A/a.wag references missing file A/",
-          "ERROR: A/a.wag references missing file A/d"}},
-        {"a folder is no file",
-         {inA("a.sd", nullptr), inA("a.sd/x", "")},
-         wagon,
-         kReference,
-         {"ERROR: A/a.wag references missing file A/a.sd"}},
-        {"thumbnail",
+          "ERROR: A/a.wag references missing file A/d"});
+    rule("a folder is no file", {inA("a.sd", nullptr), inA("a.sd/x", "")}, wagon, kReference,
+         {"ERROR: A/a.wag references missing file A/a.sd"});
+    rule("thumbnail",
          {inA("a.wag", "Wagon ( a WagonShape ( a.s ) Thumbnail ( t.ace ) Sound ( a.sms ) )"),
           inA("T.ACE", "")},
-         wagon,
-         kGood},
-        {"no thumbnail where one is named",
+         wagon, kGood);
+    rule("no thumbnail where one is named",
          {inA("a.wag", "Wagon ( a WagonShape ( a.s ) Thumbnail ( t.ace ) Sound ( a.sms ) )")},
-         wagon,
-         kReference,
-         {"ERROR: A/a.wag references missing file A/t.ace"}},
-    });
+         wagon, kReference, {"ERROR: A/a.wag references missing file A/t.ace"});
 }
 
 TEST(ChecksTest, Sound)
@@ -158,49 +136,30 @@ TEST(ChecksTest, Sound)
     const auto sound = [](TSValidation &v, const auto &place) {
         return v.CheckSound(place.At(kA + "Sound/a.sms"));
     };
-    expectRows({
-        {"no sound named",
-         wagonWith(""),
-         wagon,
-         kReference,
-         {"ERROR: A/a.wag references missing file A/Sound/"}},
-        {"not there",
-         wagonWith("Sound ( b.sms )"),
-         wagon,
-         kReference,
-         {"ERROR: A/a.wag references missing file A/Sound/b.sms"}},
-        {"made normal", wagonWith("Sound ( \"  .//a.\tsms \" )"), wagon, kGood},
-        {"no section: the sound is recorded, the wagon suspect",
-         {inA("Sound/a.sms", "Tr_Sound ( )")},
-         wagon,
-         kSuspect,
-         {"ERROR: A/Sound/a.sms appears CORRUPT"}},
-        {"a later suspect replaces a worse verdict",
-         {inA("a.s", nullptr), inA("Sound/a.sms", "Tr_Sound ( )")},
-         wagon,
-         kSuspect,
-         {"ERROR: A/a.wag references missing file A/a.s", "ERROR: A/Sound/a.sms appears CORRUPT"}},
-        {"all missing files, at any depth; File ends its branch",
+    rule("no sound named", wagonWith(""), wagon, kReference,
+         {"ERROR: A/a.wag references missing file A/Sound/"});
+    rule("not there", wagonWith("Sound ( b.sms )"), wagon, kReference,
+         {"ERROR: A/a.wag references missing file A/Sound/b.sms"});
+    rule("made normal", wagonWith("Sound ( \"  .//a.\tsms \" )"), wagon, kGood);
+    rule("no section: the sound is recorded, the wagon suspect",
+         {inA("Sound/a.sms", "Tr_Sound ( )")}, wagon, kSuspect,
+         {"ERROR: A/Sound/a.sms appears CORRUPT"});
+    rule("a later suspect replaces a worse verdict",
+         {inA("a.s", nullptr), inA("Sound/a.sms", "Tr_Sound ( )")}, wagon, kSuspect,
+         {"ERROR: A/a.wag references missing file A/a.s", "ERROR: A/Sound/a.sms appears CORRUPT"});
+    rule("all missing files, at any depth; File ends its branch",
          {inA("Sound/a.sms", "Tr_SMS ( G ( S ( File ( x.wav File ( never.wav ) ) ) "
                              "File ( a.wav ) ) File ( y.wav ) file ( never.wav ) )")},
-         sound,
-         kSuspect,
+         sound, kSuspect,
          {"ERROR: A/Sound/a.sms references missing file A/Sound/x.wav",
           "ERROR: A/Sound/a.sms references missing file A/Sound/y.wav",
-          "ERROR: A/Sound/a.sms is SUSPECT due to problems with dependent files"}},
-        {"File without a value",
-         {inA("Sound/a.sms", "tr_sms ( File ( ) )")},
-         sound,
-         kSuspect,
+          "ERROR: A/Sound/a.sms is SUSPECT due to problems with dependent files"});
+    rule("File without a value", {inA("Sound/a.sms", "tr_sms ( File ( ) )")}, sound, kSuspect,
          {"ERROR: A/Sound/a.sms references missing file A/Sound/",
-          "ERROR: A/Sound/a.sms is SUSPECT due to problems with dependent files"}},
-        {"alone, not there",
-         {inA("Sound/a.sms", nullptr)},
-         sound,
-         kMissing,
-         {"ERROR: A/Sound/a.sms is MISSING"}},
-        {"alone, nothing wrong", {}, sound, kGood},
-    });
+          "ERROR: A/Sound/a.sms is SUSPECT due to problems with dependent files"});
+    rule("alone, not there", {inA("Sound/a.sms", nullptr)}, sound, kMissing,
+         {"ERROR: A/Sound/a.sms is MISSING"});
+    rule("alone, nothing wrong", {}, sound, kGood);
 }
 
 TEST(ChecksTest, Engine)
@@ -209,60 +168,40 @@ TEST(ChecksTest, Engine)
     const auto engineWith = [](const std::string &section) {
         return Changes{{kA + "e.eng", "Wagon ( e WagonShape ( a.s ) Sound ( a.sms ) ) " + section}};
     };
-    expectRows({
-        {"nothing wrong", {}, engine, kGood},
-        {"the second section, whatever its name",
-         engineWith("Motor ( e Wagon ( e ) CabView ( e.cvf ) Sound ( e.sms ) )"), engine, kGood},
-        {"no second section",
-         engineWith(""),
-         engine,
-         kSuspect,
-         {"ERROR: Engine section referenced by A/e.eng is MISSING"}},
-        {"extension in any letter case",
-         {inA("e.ENG", "Wagon ( e WagonShape ( a.s ) Sound ( a.sms ) )")},
-         stock("e.ENG"),
-         kSuspect,
-         {"ERROR: Engine section referenced by A/e.ENG is MISSING"}},
-        {"names differ in letter case",
-         engineWith("Engine ( E Wagon ( E ) CabView ( e.cvf ) Sound ( e.sms ) )"),
-         engine,
-         kCorrupt,
-         {"ERROR: Engine and wagon names referenced by A/e.eng appears CORRUPT"}},
-        {"the engine's entry names another wagon",
-         engineWith("Engine ( e Wagon ( f ) CabView ( e.cvf ) Sound ( e.sms ) )"),
-         engine,
-         kCorrupt,
-         {"ERROR: Engine and wagon names referenced by A/e.eng appears CORRUPT"}},
-        {"the engine has a name of its own",
-         engineWith("Engine ( f Wagon ( e ) CabView ( e.cvf ) Sound ( e.sms ) )"),
-         engine,
-         kCorrupt,
-         {"ERROR: Engine and wagon names referenced by A/e.eng appears CORRUPT"}},
-        {"no cab view and no sound named, the last counts",
-         engineWith("Engine ( e Wagon ( e ) )"),
-         engine,
-         kMissing,
+    rule("nothing wrong", {}, engine, kGood);
+    rule("the second section, whatever its name",
+         engineWith("Motor ( e Wagon ( e ) CabView ( e.cvf ) Sound ( e.sms ) )"), engine, kGood);
+    rule("no second section", engineWith(""), engine, kSuspect,
+         {"ERROR: Engine section referenced by A/e.eng is MISSING"});
+    rule("extension in any letter case",
+         {inA("e.eng", nullptr), inA("e.ENG", "Wagon ( e WagonShape ( a.s ) Sound ( a.sms ) )")},
+         stock("e.ENG"), kSuspect, {"ERROR: Engine section referenced by A/e.ENG is MISSING"});
+    rule("names differ in letter case",
+         engineWith("Engine ( E Wagon ( E ) CabView ( e.cvf ) Sound ( e.sms ) )"), engine, kCorrupt,
+         {"ERROR: Engine and wagon names referenced by A/e.eng appears CORRUPT"});
+    rule("the engine's entry names another wagon",
+         engineWith("Engine ( e Wagon ( f ) CabView ( e.cvf ) Sound ( e.sms ) )"), engine, kCorrupt,
+         {"ERROR: Engine and wagon names referenced by A/e.eng appears CORRUPT"});
+    rule("the engine has a name of its own",
+         engineWith("Engine ( f Wagon ( e ) CabView ( e.cvf ) Sound ( e.sms ) )"), engine, kCorrupt,
+         {"ERROR: Engine and wagon names referenced by A/e.eng appears CORRUPT"});
+    rule("no cab view and no sound named, the last counts", engineWith("Engine ( e Wagon ( e ) )"),
+         engine, kMissing,
          {"ERROR: Cabview section referenced by A/e.eng is MISSING",
-          "ERROR: Sound section referenced by A/e.eng is MISSING"}},
-        {"cab view and sound not there; the engine's sound is taken as it stands",
-         engineWith(R"(Engine ( e Wagon ( e ) CabView ( x.cvf ) Sound ( " e.sms" ) ))"),
-         engine,
+          "ERROR: Sound section referenced by A/e.eng is MISSING"});
+    rule("cab view and sound not there; the engine's sound is taken as it stands",
+         engineWith(R"(Engine ( e Wagon ( e ) CabView ( x.cvf ) Sound ( " e.sms" ) ))"), engine,
          kReference,
          {"ERROR: A/e.eng references missing file A/Cabview/x.cvf",
-          "ERROR: A/e.eng references missing file A/Sound/ e.sms"}},
-        {"damaged sound",
-         {inA("Sound/e.sms", "")},
-         engine,
-         kSuspect,
-         {"ERROR: A/Sound/e.sms appears CORRUPT"}},
-        {"wagon and engine share a sound: told twice",
+          "ERROR: A/e.eng references missing file A/Sound/ e.sms"});
+    rule("damaged sound", {inA("Sound/e.sms", "")}, engine, kSuspect,
+         {"ERROR: A/Sound/e.sms appears CORRUPT"});
+    rule("wagon and engine share a sound: told twice",
          {inA("e.eng", "Wagon ( e WagonShape ( a.s ) Sound ( e.sms ) ) "
                        "Engine ( e Wagon ( e ) CabView ( e.cvf ) Sound ( e.sms ) )"),
           inA("Sound/e.sms", "")},
-         engine,
-         kSuspect,
-         {"ERROR: A/Sound/e.sms appears CORRUPT", "ERROR: A/Sound/e.sms appears CORRUPT"}},
-    });
+         engine, kSuspect,
+         {"ERROR: A/Sound/e.sms appears CORRUPT", "ERROR: A/Sound/e.sms appears CORRUPT"});
 }
 
 TEST(ChecksTest, CabView)
@@ -271,43 +210,26 @@ TEST(ChecksTest, CabView)
     const auto cab = [](TSValidation &v, const auto &place) {
         return v.CheckCabView(place.At(kA + "Cabview/e.cvf"));
     };
-    expectRows({
-        {"nothing wrong", {}, cab, kGood},
-        {"not there",
-         {inA("Cabview/e.cvf", nullptr)},
-         cab,
-         kMissing,
-         {"ERROR: A/Cabview/e.cvf is MISSING"}},
-        {"no section",
-         {inA("Cabview/e.cvf", "Tr_CabView ( )")},
-         cab,
-         kCorrupt,
-         {"ERROR: A/Cabview/e.cvf appears CORRUPT"}},
-        {"no section makes the engine suspect",
-         {inA("Cabview/e.cvf", "Tr_CabView ( )")},
-         engine,
-         kSuspect,
-         {"ERROR: A/Cabview/e.cvf appears CORRUPT"}},
-        {"views and controls, one without a picture",
+    rule("nothing wrong", {}, cab, kGood);
+    rule("not there", {inA("Cabview/e.cvf", nullptr)}, cab, kMissing,
+         {"ERROR: A/Cabview/e.cvf is MISSING"});
+    rule("no section", {inA("Cabview/e.cvf", "Tr_CabView ( )")}, cab, kCorrupt,
+         {"ERROR: A/Cabview/e.cvf appears CORRUPT"});
+    rule("no section makes the engine suspect", {inA("Cabview/e.cvf", "Tr_CabView ( )")}, engine,
+         kSuspect, {"ERROR: A/Cabview/e.cvf appears CORRUPT"});
+    rule("views and controls, one without a picture",
          {inA("Cabview/left.ace", nullptr), inA("Cabview/dial.ace", nullptr),
           inA("Cabview/e.cvf",
               "Tr_CabViewFile ( CabViewFile ( front.ace ) CabViewFile ( left.ace ) "
               "CabViewControls ( 2 Dial ( Graphic ( dial.ace ) ) Lever ( Type ( x ) ) ) )")},
-         cab,
-         kReference,
+         cab, kReference,
          {"ERROR: A/Cabview/e.cvf references missing file A/Cabview/left.ace",
           "ERROR: A/Cabview/e.cvf references missing file A/Cabview/dial.ace",
-          "ERROR: A/Cabview/e.cvf references missing file A/Cabview/"}},
-        {"a missing picture makes the engine suspect",
-         {inA("Cabview/dial.ace", nullptr)},
-         engine,
-         kSuspect,
-         {"ERROR: A/Cabview/e.cvf references missing file A/Cabview/dial.ace"}},
-        {"no controls",
-         {inA("Cabview/e.cvf", "Tr_CabViewFile ( CabViewFile ( front.ace ) )")},
-         cab,
-         kGood},
-    });
+          "ERROR: A/Cabview/e.cvf references missing file A/Cabview/"});
+    rule("a missing picture makes the engine suspect", {inA("Cabview/dial.ace", nullptr)}, engine,
+         kSuspect, {"ERROR: A/Cabview/e.cvf references missing file A/Cabview/dial.ace"});
+    rule("no controls", {inA("Cabview/e.cvf", "Tr_CabViewFile ( CabViewFile ( front.ace ) )")}, cab,
+         kGood);
 }
 
 TEST(ChecksTest, StockShape)
@@ -318,47 +240,29 @@ TEST(ChecksTest, StockShape)
     const auto images = [](const std::string &text) {
         return Changes{{kA + "a.s", "shape ( " + text + " )"}};
     };
-    expectRows({
-        {"textures in its own folder; the descriptor, which is broken, is not looked at",
-         {},
-         shape,
-         kGood},
-        {"engines make it rolling stock as well",
-         {inA("a.wag", nullptr), inA("A.Eng", "")},
-         shape,
-         kGood},
-        {"not there", {inA("a.s", nullptr)}, shape, kMissing, {"ERROR: A/a.s is MISSING"}},
-        {"compressed",
-         {inA("a.s", "SIMISA@F\x10\x01")},
-         shape,
-         TSValidation::IsCompressed,
-         {"ERROR: A/a.s is COMPRESSED"}},
-        {"a texture is missing",
-         {inA("b.ace", nullptr)},
-         shape,
-         kReference,
-         {"ERROR: A/a.s references missing file A/b.ace"}},
-        {"declares too many: told, no part of the verdict; other entries are no images",
-         images("images ( 3 image ( a.ace ) Image ( x.ace ) image ( b.ace ) )"),
-         shape,
-         kGood,
+    rule("textures in its own folder; the descriptor, which is broken, is not looked at", {}, shape,
+         kGood);
+    rule("engines make it rolling stock as well", {inA("a.wag", nullptr), inA("A.Eng", "")}, shape,
+         kGood);
+    rule("not there", {inA("a.s", nullptr)}, shape, kMissing, {"ERROR: A/a.s is MISSING"});
+    rule("compressed", {inA("a.s", "SIMISA@F\x10\x01")}, shape, TSValidation::IsCompressed,
+         {"ERROR: A/a.s is COMPRESSED"});
+    rule("a texture is missing", {inA("b.ace", nullptr)}, shape, kReference,
+         {"ERROR: A/a.s references missing file A/b.ace"});
+    rule("declares too many: told, no part of the verdict; other entries are no images",
+         images("images ( 3 image ( a.ace ) Image ( x.ace ) image ( b.ace ) )"), shape, kGood,
          {"ERROR: Image count referenced by A/a.s is SUSPECT due to problems with dependent "
-          "files"}},
-        {"none declared, none there", images("images ( 0 )"), shape, kGood},
-        {"declares too few",
-         images("images ( 1 image ( x.ace ) image ( b.ace ) )"),
-         shape,
-         kGood,
-         {},
-         9},
-        {"declares no number", images("images ( two image ( a.ace ) )"), shape, kGood, {}, 13},
-        {"the first number counts", images("images ( all 1 image ( a.ace ) )"), shape, kGood},
-        {"declares nothing", images("images ( image ( a.ace ) )"), shape, kGood, {}, 9},
-        {"declares below nothing", images("images ( -1 )"), shape, kGood, {}, 9},
-        {"declares beyond 16 bits", images("images ( 32768 )"), shape, kGood, {}, 6},
-        {"an image without a name", images("images ( 1 image ( ) )"), shape, kGood, {}, 9},
-        {"no images entry", images("Images ( 0 )"), shape, kGood, {}, 91},
-    });
+          "files"});
+    rule("none declared, none there", images("images ( 0 )"), shape, kGood);
+    rule("declares too few", images("images ( 1 image ( x.ace ) image ( b.ace ) )"), shape, kGood,
+         {}, 9);
+    rule("declares no number", images("images ( two image ( a.ace ) )"), shape, kGood, {}, 13);
+    rule("the first number counts", images("images ( all 1 image ( a.ace ) )"), shape, kGood);
+    rule("declares nothing", images("images ( image ( a.ace ) )"), shape, kGood, {}, 9);
+    rule("declares below nothing", images("images ( -1 )"), shape, kGood, {}, 9);
+    rule("declares beyond 16 bits", images("images ( 32768 )"), shape, kGood, {}, 6);
+    rule("an image without a name", images("images ( 1 image ( ) )"), shape, kGood, {}, 9);
+    rule("no images entry", images("Images ( 0 )"), shape, kGood, {}, 91);
 }
 
 TEST(ChecksTest, RouteShape)
@@ -393,20 +297,18 @@ TEST(ChecksTest, RouteShape)
         report.insert(report.begin(), base[0]);
         return report;
     };
-    expectRows({
-        {"no further folder", {}, shape, kGood},
-        {"a setting that asks for none", unknown, shape, kReference, base},
-        {"all seasons, folder by folder", seasons, shape, kReference,
+    rule("no further folder", {}, shape, kGood);
+    rule("a setting that asks for none", unknown, shape, kReference, base);
+    rule("all seasons, folder by folder", seasons, shape, kReference,
          withBase(lines(
-             {"Autumn/", "AutumnSnow/", "Spring/", "SpringSnow/", "Winter/", "WinterSnow/"}))},
-        {"snow, then night", snowAndNight, shape, kReference, withBase(lines({"Snow/", "Night/"}))},
-        {"snow", setting("1"), shape, kReference, {lines({"Snow/"})[0]}},
-        {"the broken setting, after the base textures", broken, shape, kGood, base, 13},
-        {"no descriptor, after the base textures", bare, shape, kGood, base, 13},
-        {"no setting", {{"Routes/R/Shapes/h.sd", "shape ( h.s )"}}, shape, kGood, {}, 91},
-        {"a setting that is no number", setting("many"), shape, kGood, {}, 13},
-        {"an empty descriptor", {{"Routes/R/Shapes/h.sd", ""}}, shape, kGood, {}, 9},
-    });
+             {"Autumn/", "AutumnSnow/", "Spring/", "SpringSnow/", "Winter/", "WinterSnow/"})));
+    rule("snow, then night", snowAndNight, shape, kReference, withBase(lines({"Snow/", "Night/"})));
+    rule("snow", setting("1"), shape, kReference, {lines({"Snow/"})[0]});
+    rule("the broken setting, after the base textures", broken, shape, kGood, base, 13);
+    rule("no descriptor, after the base textures", bare, shape, kGood, base, 13);
+    rule("no setting", {{"Routes/R/Shapes/h.sd", "shape ( h.s )"}}, shape, kGood, {}, 91);
+    rule("a setting that is no number", setting("many"), shape, kGood, {}, 13);
+    rule("an empty descriptor", {{"Routes/R/Shapes/h.sd", ""}}, shape, kGood, {}, 9);
 }
 
 TEST(ChecksTest, Consist)
@@ -424,60 +326,34 @@ TEST(ChecksTest, Consist)
         return "ERROR: " + text + " referenced by C/c.con appears CORRUPT";
     };
     const std::string notSet = "Error 91 - Object variable or With block variable not set";
-    expectRows({
-        {"nothing wrong",
-         {},
-         consist,
-         kGood,
+    rule("nothing wrong", {}, consist, kGood,
          {"INFO: C/c.con references file A/e.eng", "INFO: A/e.eng references file A/a.s",
-          wagonLines[0], wagonLines[1]}},
-        {"not there",
-         {{"Trains/Consists/c.con", {}}},
-         consist,
-         kMissing,
-         {"ERROR: C/c.con is MISSING"}},
-        {"goes on after a missing vehicle, told as often as it is named",
+          wagonLines[0], wagonLines[1]});
+    rule("not there", {{"Trains/Consists/c.con", {}}}, consist, kMissing,
+         {"ERROR: C/c.con is MISSING"});
+    rule("goes on after a missing vehicle, told as often as it is named",
          train("Engine ( EngineData ( a A ) ) Wagon ( WagonData ( x Y ) ) "
                "Wagon ( WagonData ( x Y ) ) " +
                wagon),
-         consist,
-         kSuspect,
+         consist, kSuspect,
          {"ERROR: C/c.con references missing file A/a.eng",
           "ERROR: C/c.con references missing file <M>/Trains/Trainset/Y/x.wag",
           "ERROR: C/c.con references missing file <M>/Trains/Trainset/Y/x.wag", wagonLines[0],
-          wagonLines[1]}},
-        {"missing shape",
-         {{kA + "a.s", {}}, train(wagon)[0]},
-         consist,
-         kSuspect,
-         {wagonLines[0], "ERROR: A/a.wag references missing file A/a.s"}},
-        {"a vehicle without its section ends it",
+          wagonLines[1]});
+    rule("missing shape", {{kA + "a.s", {}}, train(wagon)[0]}, consist, kSuspect,
+         {wagonLines[0], "ERROR: A/a.wag references missing file A/a.s"});
+    rule("a vehicle without its section ends it",
          {inA("e.eng", "Waggon ( e )"), train("Engine ( EngineData ( e A ) ) " + wagon)[0]},
-         consist,
-         kSuspect,
-         {"INFO: C/c.con references file A/e.eng", corrupt(notSet)}},
-        {"no data block",
-         train(wagon + " Engine ( WagonData ( e A ) )"),
-         consist,
-         kSuspect,
-         {wagonLines[0], wagonLines[1], corrupt(notSet)}},
-        {"no folder",
-         train("Wagon ( WagonData ( a ) )"),
-         consist,
-         kSuspect,
-         {corrupt("Error 9 - Subscript out of range")}},
-        {"no Train section",
-         {{"Trains/Consists/c.con", "Trane ( TrainCfg ( ) )"}},
-         consist,
-         kSuspect,
-         {corrupt(notSet)}},
-        {"no TrainCfg",
-         {{"Trains/Consists/c.con", "Train ( traincfg ( ) )"}},
-         consist,
-         kSuspect,
-         {corrupt(notSet)}},
-        {"no vehicles", train(""), consist, kGood},
-    });
+         consist, kSuspect, {"INFO: C/c.con references file A/e.eng", corrupt(notSet)});
+    rule("no data block", train(wagon + " Engine ( WagonData ( e A ) )"), consist, kSuspect,
+         {wagonLines[0], wagonLines[1], corrupt(notSet)});
+    rule("no folder", train("Wagon ( WagonData ( a ) )"), consist, kSuspect,
+         {corrupt("Error 9 - Subscript out of range")});
+    rule("no Train section", {{"Trains/Consists/c.con", "Trane ( TrainCfg ( ) )"}}, consist,
+         kSuspect, {corrupt(notSet)});
+    rule("no TrainCfg", {{"Trains/Consists/c.con", "Train ( traincfg ( ) )"}}, consist, kSuspect,
+         {corrupt(notSet)});
+    rule("no vehicles", train(""), consist, kGood);
 }
 
 TEST(ChecksTest, StockInConsists)
@@ -497,42 +373,26 @@ TEST(ChecksTest, StockInConsists)
         return "INFO: C/" + consist + " references file A/a.wag";
     };
     const std::string none = "ERROR: A/a.wag referenced by all consists is MISSING";
-    expectRows({
-        {"in one, once though it is there twice",
-         {train("c.con", engine + wagon + wagon)},
-         use("a.wag"),
-         kGood,
-         {line("c.con")}},
-        {"after the first, only where it is the first vehicle",
-         {train("b.con", engine + wagon), train("d.con", wagon + wagon)},
-         use("a.wag"),
-         kGood,
-         {line("b.con"), line("d.con")}},
-        {"in none", {train("c.con", engine)}, use("a.wag"), kMissing, {none}},
-        {"letter case counts",
-         {train("c.con", "Wagon ( WagonData ( A A ) ) Wagon ( WagonData ( a a ) )")},
-         use("a.wag"),
-         kMissing,
-         {none}},
-        {"an engine entry may name a wagon",
-         {train("c.con", "Engine ( EngineData ( a A ) )")},
-         use("a.wag"),
-         kGood,
-         {line("c.con")}},
-        {"unreadable consists and entries without data use nothing",
+    rule("in one, once though it is there twice", {train("c.con", engine + wagon + wagon)},
+         use("a.wag"), kGood, {line("c.con")});
+    rule("after the first, only where it is the first vehicle",
+         {train("b.con", engine + wagon), train("d.con", wagon + wagon)}, use("a.wag"), kGood,
+         {line("b.con"), line("d.con")});
+    rule("in none", {train("c.con", engine)}, use("a.wag"), kMissing, {none});
+    rule("letter case counts",
+         {train("c.con", "Wagon ( WagonData ( A A ) ) Wagon ( WagonData ( a a ) )")}, use("a.wag"),
+         kMissing, {none});
+    rule("an engine entry may name a wagon", {train("c.con", "Engine ( EngineData ( a A ) )")},
+         use("a.wag"), kGood, {line("c.con")});
+    rule("unreadable consists and entries without data use nothing",
          {train("c.con", "Wagon ( UiD ( 1 ) )" + wagon),
           {"Trains/Consists/b.con", "Train"},
           {"Trains/Consists/a.con", "SIMISA@F\x10\x01"},
           {"Trains/Consists/z.txt", wagon}},
-         use("a.wag"),
-         kGood,
-         {line("c.con")}},
-        {"names that the file joins or escapes",
-         {train("c.con", R"(Wagon ( WagonData ( "" + "a" "\A" ) ))")},
-         use("a.wag"),
-         kGood,
-         {line("c.con")}},
-    });
+         use("a.wag"), kGood, {line("c.con")});
+    rule("names that the file joins or escapes",
+         {train("c.con", R"(Wagon ( WagonData ( "" + "a" "\A" ) ))")}, use("a.wag"), kGood,
+         {line("c.con")});
 }
 
 TEST(ChecksTest, UseInRoutes)
@@ -553,44 +413,32 @@ TEST(ChecksTest, UseInRoutes)
     const std::string config = "Train_Config ( TrainCfg ( x Wagon ( WagonData ( a A ) ) "
                                "Engine ( EngineData ( a A ) ) Wagon ( WagonData ( a B ) ) ) )";
     const std::string run = " references file C/c.con", uses = " references file A/a.wag";
-    expectRows({
-        {"two services",
-         {{service + "b.srv", "Service_Definition ( Train_Config ( \"c\" ) )"}},
-         consist("c", "r"),
-         kGood,
-         {"INFO: <M>/Routes/r/Services/b.srv" + run, "INFO: <M>/Routes/r/Services/s.srv" + run}},
-        {"letter case counts", {}, consist("C", "R"), kGood},
-        {"services without what they should hold",
+    rule("two services", {{service + "b.srv", "Service_Definition ( Train_Config ( \"c\" ) )"}},
+         consist("c", "r"), kGood,
+         {"INFO: <M>/Routes/r/Services/b.srv" + run, "INFO: <M>/Routes/r/Services/s.srv" + run});
+    rule("letter case counts", {}, consist("C", "R"), kGood);
+    rule("services without what they should hold",
          {{service + "s.srv", "Service ( Train_Config ( c ) )"},
           {service + "t.srv", "Service_Definition ( train_config ( c ) )"},
           {service + "u.txt", "Service_Definition ( Train_Config ( c ) )"}},
-         consist("c", "R"),
-         kGood},
-        {"no such route, consist", {}, consist("c", "S"), kMissing, {"ERROR: Route S is MISSING"}},
-        {"no such route, stock",
-         {},
-         inRoute("a.wag", "S"),
-         kMissing,
-         {"ERROR: Route S is MISSING"}},
-        {"a file is no route",
-         {{"Routes/S", ""}},
-         consist("c", "S"),
-         kMissing,
-         {"ERROR: Route S is MISSING"}},
-        {"each vehicle of a loose consist",
+         consist("c", "R"), kGood);
+    rule("no such route, consist", {}, consist("c", "S"), kMissing, {"ERROR: Route S is MISSING"});
+    rule("no such route, stock", {}, inRoute("a.wag", "S"), kMissing,
+         {"ERROR: Route S is MISSING"});
+    rule("a file is no route", {{"Routes/S", ""}}, consist("c", "S"), kMissing,
+         {"ERROR: Route S is MISSING"});
+    rule("each vehicle of a loose consist",
          objects("ActivityObject ( ObjectType ( WagonsList ) " + config +
                  " ) ActivityObject ( "
                  "ObjectType ( WagonsList ) ) Other ( ObjectType ( WagonsList ) " +
                  config + " )"),
          inRoute("a.wag", "R"), kGood,
-         std::vector<std::string>(4, "INFO: R/Activities/x.act" + uses)},
-        {"not an object of another kind, nor the player's train",
+         std::vector<std::string>(4, "INFO: R/Activities/x.act" + uses));
+    rule("not an object of another kind, nor the player's train",
          {objects("ActivityObject ( ObjectType ( wagonslist ) " + config + " )")[0],
           {activity + "y.act", "Tr_Activity ( Tr_Activity_File ( Player ( " + config + " ) ) )"}},
-         inRoute("a.wag", "R"),
-         kGood},
-        {"an item of the same name elsewhere", {}, inRoute("e.eng", "R"), kGood},
-    });
+         inRoute("a.wag", "R"), kGood);
+    rule("an item of the same name elsewhere", {}, inRoute("e.eng", "R"), kGood);
 }
 
 } // namespace
