@@ -25,7 +25,8 @@ std::vector<std::string_view> namesOf(std::string_view rest, bool hasRoot)
 {
     std::vector<std::string_view> names;
     while (!rest.empty()) {
-        const std::string_view name = rest.substr(0, rest.find_first_of(kSeparators));
+        const auto end = std::find_if(rest.begin(), rest.end(), IsSeparator);
+        const std::string_view name(rest.begin(), end);
         rest.remove_prefix(std::min(name.size() + 1, rest.size()));
         if (name.empty() || name == ".")
             continue;

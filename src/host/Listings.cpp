@@ -71,6 +71,18 @@ std::vector<std::string> GameFiles::Listings::Matches(const std::string &folder,
     return MatchesIn(Get(folder).get(), folder, name, kind);
 }
 
+std::pair<GameFiles::Listings::Place, GameFiles::Listings::Place>
+GameFiles::Listings::Named(const Folder &listing, const std::string &name)
+{
+    const std::string key = ToUpper(name);
+    const auto first = std::lower_bound(listing.entries.begin(), listing.entries.end(), key,
+                                        [](const Entry &left, const std::string &right) {
+                                            return CompareCodeUnits(left.key, right) < 0;
+                                        });
+    return {first, std::find_if(first, listing.entries.end(),
+                                [&](const Entry &entry) { return entry.key != key; })};
+}
+
 std::vector<std::string> GameFiles::Listings::MatchesIn(const Folder *listing,
                                                         const std::string &folder,
                                                         const std::string &name, disk::Kind kind)
@@ -82,12 +94,7 @@ std::vector<std::string> GameFiles::Listings::MatchesIn(const Folder *listing,
             paths.push_back(std::move(exact));
         return paths;
     }
-    const std::string key = ToUpper(name);
-    auto entry = std::lower_bound(listing->entries.begin(), listing->entries.end(), key,
-                                  [](const Entry &left, const std::string &right) {
-                                      return CompareCodeUnits(left.key, right) < 0;
-                                  });
-    for (; entry != listing->entries.end() && entry->key == key; ++entry) {
+    for (auto [entry, end] = Named(*listing, name); entry != end; ++entry) {
         if (KindOf(folder, *entry) != kind)
             continue;
         const bool exact = entry->DiskName() == name;

@@ -45,6 +45,9 @@ public:
     /// The same in a listing of the folder that is at hand (null where it cannot be listed).
     static std::vector<std::string> MatchesIn(const Folder *listing, const std::string &folder,
                                               const std::string &name, disk::Kind kind);
+    /// The entries of this name in any letter case.
+    using Place = std::vector<Entry>::const_iterator;
+    static std::pair<Place, Place> Named(const Folder &listing, const std::string &name);
     /// The folders that these names, in any letter case, lead to from a root.
     std::vector<std::string> Folders(const std::string &root,
                                      const std::vector<std::string> &names);

@@ -3,6 +3,7 @@
 
 #include "host/GamePath.h"
 #include "host/Listings.h"
+#include "host/RuntimeError.h"
 
 #include <mutex>
 #include <unordered_map>
@@ -30,12 +31,41 @@ public:
         std::size_t length = path.root.size();
         for (std::size_t i = 0; i < depth; ++i)
             length += path.names[i].size() + (i == 0 ? 0 : 1);
-        if (auto known = lookUp(std::string_view(path.text).substr(0, length)))
+        if (auto known = lookUp(m_places, std::string_view(path.text).substr(0, length)))
             return known;
         return walk(path, depth);
     }
 
+    /// Where a path's last name is looked for. Nothing when the path can be none of a file.
+    struct Leaf
+    {
+        std::shared_ptr<const Place> place;
+        std::string name;
+    };
+    std::optional<Leaf> LeafOf(std::string_view path)
+    {
+        const std::string_view folder = path::FolderWithSeparator(path);
+        const std::string_view name = path.substr(folder.size());
+        const bool plain = name != "." && name != ".." && name.find('\0') == name.npos;
+        if (plain && !name.empty())
+            if (auto known = lookUp(m_aliases, folder))
+                return Leaf{std::move(known), std::string(name)};
+        const std::optional<GamePath> steps = GamePath::Of(path);
+        if (!steps || steps->endsInSeparator || steps->names.empty())
+            return std::nullopt;
+        Leaf leaf{Find(*steps, steps->names.size() - 1), steps->names.back()};
+        if (plain && !folder.empty() && !leaf.place->empty()) {
+            const std::lock_guard lock(m_mutex);
+            if (m_aliases.size() < kMaxAliases)
+                m_aliases.try_emplace(std::string(folder), leaf.place);
+        }
+        return leaf;
+    }
+
 private:
+    /// Spellings of folders to remember; hostile files know more.
+    static constexpr std::size_t kMaxAliases = 200000;
+
     struct Hash
     {
         using is_transparent = void;
@@ -49,12 +79,12 @@ private:
     std::shared_ptr<const Place> walk(const GamePath &path, std::size_t depth)
     {
         std::string text = path.root;
-        std::shared_ptr<const Place> place = lookUp(text);
+        std::shared_ptr<const Place> place = lookUp(m_places, text);
         if (!place)
             place = keep(text, {listed(path.root)});
         for (std::size_t i = 0; i < depth && !place->empty(); ++i) {
             text += (i == 0 ? "" : std::string(1, path::kSeparator)) + path.names[i];
-            auto next = lookUp(text);
+            auto next = lookUp(m_places, text);
             place = next ? next : keep(text, below(*place, path.names[i]));
         }
         return place;
@@ -73,11 +103,14 @@ private:
         const std::lock_guard lock(m_mutex);
         return m_places.try_emplace(text, std::make_shared<Place>(std::move(place))).first->second;
     }
-    std::shared_ptr<const Place> lookUp(std::string_view text)
+    using Table =
+        std::unordered_map<std::string, std::shared_ptr<const Place>, Hash, std::equal_to<>>;
+
+    std::shared_ptr<const Place> lookUp(const Table &table, std::string_view text)
     {
         const std::lock_guard lock(m_mutex);
-        const auto found = m_places.find(text);
-        return found == m_places.end() ? nullptr : found->second;
+        const auto found = table.find(text);
+        return found == table.end() ? nullptr : found->second;
     }
     /// Different spellings lead to the same folder of the disk.
     Listed listed(std::string folder)
@@ -94,33 +127,71 @@ private:
 
     Listings &m_listings;
     std::mutex m_mutex;
-    std::unordered_map<std::string, std::shared_ptr<const Place>, Hash, std::equal_to<>> m_places;
+    Table m_places;  ///< by the text of a path with nothing left to work off
+    Table m_aliases; ///< by the text of folders, with their separator, as paths were given
     std::unordered_map<std::string, std::shared_ptr<const Listings::Folder>> m_read;
 };
 
 Snapshot::Snapshot(GameFiles &files)
-    : m_places(std::make_unique<Places>(*files.m_listings))
+    : m_files(files)
+    , m_places(std::make_unique<Places>(*files.m_listings))
 {
 }
 
 Snapshot::~Snapshot() = default;
 
-std::optional<std::string> Snapshot::FindFile(std::string_view path)
+namespace {
+
+/// What no listing shows may still be there, such as the short names of Windows.
+std::optional<std::string> unlisted(std::string_view path)
 {
     const std::optional<GamePath> steps = GamePath::Of(path);
-    if (!steps || steps->endsInSeparator || steps->names.empty())
+    if (steps && disk::KindOf(steps->text) == disk::Kind::File)
+        return steps->text;
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<std::string> Snapshot::FindFile(std::string_view path)
+{
+    const auto leaf = m_places->LeafOf(path);
+    if (!leaf)
         return std::nullopt;
-    const std::string &name = steps->names.back();
-    for (const auto &[folder, listing] : *m_places->Find(*steps, steps->names.size() - 1)) {
+    for (const auto &[folder, listing] : *leaf->place) {
         std::vector<std::string> matches =
-            Places::Listings::MatchesIn(listing.get(), folder, name, disk::Kind::File);
+            Places::Listings::MatchesIn(listing.get(), folder, leaf->name, disk::Kind::File);
         if (!matches.empty())
             return std::move(matches.front());
     }
-    // What no listing shows may still be there, such as the short names of Windows.
-    if (disk::KindOf(steps->text) == disk::Kind::File)
-        return steps->text;
-    return std::nullopt;
+    return unlisted(path);
+}
+
+bool Snapshot::FileExists(std::string_view path)
+{
+    const auto leaf = m_places->LeafOf(path);
+    if (!leaf)
+        return false;
+    for (const auto &[folder, listing] : *leaf->place) {
+        if (!listing)
+            continue;
+        for (auto [entry, end] = Places::Listings::Named(*listing, leaf->name); entry != end;
+             ++entry)
+            if (Places::Listings::KindOf(folder, *entry) == disk::Kind::File)
+                return true;
+    }
+    return FindFile(path).has_value();
+}
+
+std::string Snapshot::ReadFile(std::string_view path)
+{
+    const std::optional<std::string> file = FindFile(path);
+    if (!file)
+        return m_files.ReadFile(path); // which says why
+    std::string bytes;
+    if (const auto failure = disk::Read(*file, GameFiles::kReadLimit, bytes))
+        throw RuntimeError(failure->number, std::string(path) + ": " + failure->reason);
+    return bytes;
 }
 
 bool Snapshot::FolderExists(std::string_view path)

@@ -25,13 +25,15 @@ public:
 
     /// The members of GameFiles of these names; the file is given as a game path, too.
     std::optional<std::string> FindFile(std::string_view path);
-    bool FileExists(std::string_view path) { return FindFile(path).has_value(); }
+    bool FileExists(std::string_view path);
     bool FolderExists(std::string_view path);
+    std::string ReadFile(std::string_view path);
     std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern);
     std::vector<std::string> ListFolders(std::string_view folder, std::string_view pattern = "*");
 
 private:
     class Places;
+    GameFiles &m_files;
     std::unique_ptr<Places> m_places;
 };
 

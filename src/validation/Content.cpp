@@ -64,11 +64,6 @@ std::string FolderOf(std::string_view path)
     return folder.empty() ? "." : std::string(folder.substr(0, folder.size() - 1));
 }
 
-std::string Content::diskPathOf(std::string_view path) const
-{
-    return m_snapshot.FindFile(path).value_or(std::string(path));
-}
-
 bool Content::Exists(std::string_view path) const
 {
     return m_snapshot.FileExists(path);
@@ -76,7 +71,7 @@ bool Content::Exists(std::string_view path) const
 
 std::string Content::Read(std::string_view path) const
 {
-    return m_files.ReadFile(diskPathOf(path));
+    return m_snapshot.ReadFile(path);
 }
 
 StfFile Content::TreeOf(std::string bytes) const
@@ -88,10 +83,7 @@ StfFile Content::TreeOf(std::string bytes) const
 
 StfFile Content::Load(std::string_view path) const
 {
-    StfFile file(m_files);
-    file.SetFileName(diskPathOf(path));
-    file.Load();
-    return file;
+    return TreeOf(Read(path));
 }
 
 StfFile Content::TryLoad(std::string_view path) const

@@ -73,7 +73,6 @@ private:
 
     std::shared_ptr<const References> known(char kind, const std::string &path, Reader reader);
     std::shared_ptr<References> read(const std::string &path, Reader reader) const;
-    std::string diskPathOf(std::string_view path) const;
 
     host::GameFiles &m_files;
     host::Snapshot &m_snapshot;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -21,21 +22,26 @@ public:
         std::string dependent;
     };
 
-    /// Without `verbose` valid verdicts leave no trace.
-    explicit Findings(bool verbose = false)
+    /// Without `verbose` valid verdicts leave no trace, without `messages` progress lines.
+    explicit Findings(bool verbose = false, bool messages = true)
         : m_verbose(verbose)
+        , m_messages(messages)
     {
     }
     bool Verbose() const { return m_verbose; }
 
     /// Records a verdict and gives it back.
     std::int16_t Record(std::int16_t code, std::string file, std::string dependent = {});
-    void Message(std::string text) { m_entries.push_back({true, 0, std::move(text), {}}); }
+    void Message(std::string_view text)
+    {
+        if (m_messages)
+            m_entries.push_back({true, 0, std::string(text), {}});
+    }
 
     const std::vector<Entry> &Entries() const { return m_entries; }
 
 private:
-    bool m_verbose;
+    bool m_verbose, m_messages;
     std::vector<Entry> m_entries;
 };
 

@@ -12,6 +12,7 @@ TSValidation::Run::Run(TSValidation &owner)
     : m_owner(owner)
     , m_content(owner.m_files, *owner.m_snapshot, owner.m_installation.CurrentFolder())
     , m_verbose(owner.m_verboseMessages)
+    , m_wantsMessages(owner.MessageRaised != nullptr)
 {
     owner.refuseWhileRunning();
     owner.m_running = true;
@@ -57,7 +58,7 @@ std::int16_t TSValidation::Run::CheckFile(validation::FileCheck check, std::stri
 
 Outcome TSValidation::Run::OutcomeOf(validation::FileCheck check, const std::string &fileName)
 {
-    Outcome outcome{Findings(m_verbose)};
+    Outcome outcome{Findings(m_verbose, m_wantsMessages)};
     try {
         outcome.verdict = check(m_content, fileName, outcome.findings);
     } catch (...) {

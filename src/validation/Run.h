@@ -6,12 +6,13 @@
 #include "validation/Findings.h"
 #include "validation/TSValidation.h"
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <vector>
 
 namespace validation {
 
@@ -57,25 +58,47 @@ public:
     /// Does jobs 0 to count-1 on the workers and takes their results in order, until there are no
     /// more or the check is stopped. The job must not throw.
     template <typename Result, typename Job, typename Take>
-    void Each(std::size_t count, Job job, Take take)
+    void Each(std::size_t count, const Job &job, const Take &take)
     {
-        if (m_owner.m_stopped)
+        if (m_owner.m_stopped || count == 0)
             return;
-        host::Ahead<Result> ahead(count, std::move(job), m_owner.m_workers, kAhead);
-        for (std::size_t i = 0; i < count && !m_owner.m_stopped; ++i) {
-            std::optional<Result> result = next(ahead);
-            if (!result)
+        const std::size_t portion = portionOf(count);
+        host::Ahead<std::vector<Result>> ahead(
+            (count + portion - 1) / portion,
+            [&](std::size_t number) {
+                std::vector<Result> results;
+                const std::size_t end = std::min((number + 1) * portion, count);
+                for (std::size_t i = number * portion; i < end; ++i)
+                    results.push_back(job(i));
+                return results;
+            },
+            m_owner.m_workers, kAhead);
+        for (std::size_t i = 0; i < count;) {
+            const std::optional<std::vector<Result>> results = next(ahead);
+            if (!results)
                 return;
-            take(i, *result);
-            pump();
+            for (const Result &result : *results) {
+                take(i++, result);
+                pump();
+                if (m_owner.m_stopped)
+                    return;
+            }
         }
     }
 
 private:
     /// How long the window goes without its events while a check waits for a file.
     static constexpr std::chrono::milliseconds kPause{10};
-    /// Results that may wait for being told: enough for the workers while the window paints.
-    static constexpr std::size_t kAhead = 256;
+    /// Jobs are handed out in portions, since a handing over costs as much as a small file.
+    static constexpr std::size_t kLargestPortion = 16;
+    /// Portions that may wait for being told: enough for the workers while the window paints.
+    static constexpr std::size_t kAhead = 32;
+
+    std::size_t portionOf(std::size_t count) const
+    {
+        const std::size_t shares = 8 * std::max<std::size_t>(1, m_owner.m_workers);
+        return std::clamp<std::size_t>(count / shares, 1, kLargestPortion);
+    }
 
     void pump() const;
     /// The next result, with the window alive while it waits; nothing when stopped meanwhile.
@@ -96,5 +119,5 @@ private:
 
     TSValidation &m_owner;
     validation::Content m_content;
-    bool m_verbose;
+    bool m_verbose, m_wantsMessages;
 };

@@ -18,6 +18,22 @@ StfNode childOf(const StfNode &parent, std::string_view name)
     return parent ? parent.Child(name) : StfNode();
 }
 
+/// False when no value of a file can be this text. Reading a tree costs much more than finding
+/// out: most consists do not hold the name at all, in one byte for a character or two of either
+/// order. Escapes and joins may hide it.
+bool mayName(std::string_view bytes, std::string_view text)
+{
+    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    if (text.empty() || !std::all_of(text.begin(), text.end(), isAscii) ||
+        bytes.find('\\') != bytes.npos || bytes.find('+') != bytes.npos)
+        return true;
+    std::string wide;
+    for (const char c : text)
+        wide.append({'\0', c});
+    return bytes.find(std::string_view(wide).substr(1)) != bytes.npos ||
+           bytes.find(text) != bytes.npos;
+}
+
 } // namespace
 
 StockName StockName::Of(std::string_view stockPath)
@@ -32,7 +48,10 @@ ConsistUse UseInConsist(const Content &content, const std::string &consist, cons
 {
     ConsistUse use;
     try {
-        const StfFile file = content.Load(consist);
+        std::string bytes = content.Read(consist);
+        if (!mayName(bytes, stock.base))
+            return use;
+        const StfFile file = content.TreeOf(std::move(bytes));
         if (file.TopNodes().Count() == 0 || file.TopNodes().Item(1).Children().Count() == 0)
             return use;
         VehicleWalk walk(file.TopNodes().Item(1).Children().Item(1));

@@ -54,6 +54,8 @@ public:
         m_validation.ResultRecorded = [this](auto code, const auto &file, const auto &dependent) {
             m_output.Add(code, file, dependent);
         };
+        if (!m_output.Progress().IsWatched())
+            return;
         m_validation.MessageRaised = [this](const std::string &message, std::int16_t level) {
             if (level == 0)
                 m_output.Progress().Show(message);

@@ -48,7 +48,7 @@ void ProgressLine::SetPlace(std::size_t done, std::size_t total)
 void ProgressLine::Show(std::string_view message)
 {
     const auto now = std::chrono::steady_clock::now();
-    if (!m_wanted || (m_shown && now - m_drawn < kBetweenDrawings))
+    if (!m_wanted || now - m_drawn < kBetweenDrawings)
         return;
     const std::string line = m_place + std::string(message);
     writeError(kEmptyLine + std::string(fitting(line)));

@@ -23,6 +23,8 @@ public:
     ProgressLine(const ProgressLine &) = delete;
     ProgressLine &operator=(const ProgressLine &) = delete;
 
+    /// False when nothing will ever be drawn.
+    bool IsWatched() const { return m_wanted; }
     void SetPlace(std::size_t done, std::size_t total);
     void Show(std::string_view message);
     /// Takes the line away, so that something else can be written.

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+// Checking all stock and searching all consists beside reading the same files once:
+// zelk-check-bench INSTALLATION
+#include "Measure.h"
+#include "Processes.h"
+#include "host/GameFiles.h"
+#include "install/Installation.h"
+#include "validation/TSValidation.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <set>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Files = std::vector<std::string>;
+
+/// The files below a folder with one of these extensions, in lower case.
+Files filesBelow(const fs::path &folder, const std::set<std::string> &extensions)
+{
+    Files found;
+    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(folder))
+        if (extensions.contains(host::path::Extension(entry.path().string())))
+            found.push_back(entry.path().string());
+    return found;
+}
+
+void readOnce(const Files &files)
+{
+    static std::vector<char> buffer(1 << 20);
+    for (const std::string &name : files) {
+        const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::fopen(name.c_str(), "rb"),
+                                                                    std::fclose);
+        if (!file)
+            continue;
+        std::setvbuf(file.get(), nullptr, _IONBF, 0);
+        while (std::fread(buffer.data(), 1, buffer.size(), file.get()) == buffer.size())
+            continue;
+    }
+}
+
+class Bench
+{
+public:
+    Bench(const std::string &folder, fs::path trainset, fs::path consists)
+        : m_folder(folder)
+        , m_checked(filesBelow(trainset, {"eng", "wag", "sms", "cvf"}))
+        , m_consists(filesBelow(consists, {"con"}))
+    {
+        m_installation.SetLocation(folder);
+    }
+
+    int Run()
+    {
+        const auto findAndRead = [this] {
+            bench::RunQuietly({"find", m_folder});
+            readOnce(m_checked);
+        };
+        const auto readConsists = [this] { readOnce(m_consists); };
+        const auto zelkctl = [this] {
+            bench::RunQuietly(
+                {"sh", "-c", "\"$0\" --msts \"$1\" check all || test $? = 1", ZELKCTL, m_folder});
+        };
+        const char *once = "find, then reading the files once";
+        const double memory = bench::PeakMebibytes(all(2)); // first: nothing is left to use again
+        std::vector<bench::Row> rows = {
+            bench::Compare("check all, one worker", all(1), once, findAndRead),
+            bench::Compare("check all, two workers", all(2), once, findAndRead),
+            bench::Compare("zelkctl check all", zelkctl, once, findAndRead),
+            {"check all, peak memory", "wanted", memory, 200, "MB"},
+            growth(),
+            bench::Compare("use of a stock file, one worker", use(), "reading the consists once",
+                           readConsists),
+        };
+        bench::PrintTable(rows);
+        std::printf("%zu files checked, %zu consists searched\n", m_checked.size(),
+                    m_consists.size());
+        return 0;
+    }
+
+private:
+    /// A new GameFiles each time: no listing is kept from the last round.
+    std::function<void()> all(std::size_t workers, const char *filter = "")
+    {
+        return [this, workers, filter] {
+            host::GameFiles files;
+            TSValidation validation(m_installation, files, workers);
+            validation.ProgressRaised = [this](std::size_t, std::size_t total) { m_items = total; };
+            validation.CheckAllStock(filter);
+        };
+    }
+    std::function<void()> use()
+    {
+        return [this] {
+            host::GameFiles files;
+            TSValidation validation(m_installation, files, 1);
+            validation.CheckStockInConsists(m_checked.front());
+        };
+    }
+    /// The time for one file of all beside that for one file of a tenth of them.
+    bench::Row growth()
+    {
+        bench::Row row = bench::Compare("check all, for each 1,000 files", all(1),
+                                        "the same in a fifth of the folders", all(1, "Stock 00*"));
+        all(1)();
+        row.value *= 1000.0 / static_cast<double>(m_items);
+        all(1, "Stock 00*")();
+        row.yardstickValue *= 1000.0 / static_cast<double>(m_items);
+        return row;
+    }
+
+    std::string m_folder;
+    install::Installation m_installation;
+    Files m_checked, m_consists;
+    std::size_t m_items = 1;
+};
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: zelk-check-bench INSTALLATION\n");
+        return 2;
+    }
+    host::GameFiles files;
+    const auto trainset = files.FindFolder(host::path::Join(argv[1], "Trains/Trainset"));
+    const auto consists = files.FindFolder(host::path::Join(argv[1], "Trains/Consists"));
+    if (!trainset || !consists) {
+        std::fprintf(stderr, "no Train Simulator installation: %s\n", argv[1]);
+        return 2;
+    }
+    return Bench(argv[1], *trainset, *consists).Run();
+}
