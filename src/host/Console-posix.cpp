@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <system_error>
 
+#include <unistd.h>
+
 namespace host {
 
 std::vector<std::string> Arguments(int argc, char **argv)
@@ -19,6 +21,11 @@ std::optional<std::string> WriteTo(Stream stream, std::string_view text)
     if (std::fwrite(text.data(), 1, text.size(), file) == text.size() && std::fflush(file) == 0)
         return std::nullopt;
     return std::generic_category().message(errno);
+}
+
+bool IsTerminal(Stream stream)
+{
+    return isatty(stream == Stream::Output ? STDOUT_FILENO : STDERR_FILENO) == 1;
 }
 
 } // namespace host

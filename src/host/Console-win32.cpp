@@ -85,4 +85,10 @@ std::optional<std::string> WriteTo(Stream stream, std::string_view text)
     return writeBytes(handle, text);
 }
 
+bool IsTerminal(Stream stream)
+{
+    DWORD mode = 0;
+    return GetConsoleMode(handleOf(stream), &mode) != 0;
+}
+
 } // namespace host

@@ -24,4 +24,7 @@ enum class Stream
 /// The reason, in words, when not all could be written.
 std::optional<std::string> WriteTo(Stream stream, std::string_view text);
 
+/// True when somebody watches what is written to the stream.
+bool IsTerminal(Stream stream);
+
 } // namespace host

@@ -2,11 +2,9 @@
 #include "CheckOutput.h"
 
 #include "Session.h"
-#include "Terminal.h"
+#include "host/Console.h"
 #include "validation/ResultKey.h"
 #include "validation/TSValidation.h"
-
-#include <cstdio>
 
 namespace zelkctl {
 namespace {
@@ -17,8 +15,7 @@ constexpr const char *kEmptyLine = "\r\x1b[K";
 
 void writeError(const std::string &text)
 {
-    std::fwrite(text.data(), 1, text.size(), stderr);
-    std::fflush(stderr);
+    host::WriteTo(host::Stream::Error, text); // nobody can be told when that fails
 }
 
 /// As much of a text as fits into one line.
@@ -36,7 +33,7 @@ std::string_view fitting(std::string_view text)
 } // namespace
 
 ProgressLine::ProgressLine(bool wanted)
-    : m_wanted(wanted && IsErrorTerminal())
+    : m_wanted(wanted && host::IsTerminal(host::Stream::Error))
 {
 }
 
