@@ -13,6 +13,7 @@ source_of() {
   local folder options
   folder=$(mktemp -d)
   mkdir -p "$folder/lists/partial"
+  # shellcheck disable=SC2016 # these are apt's own names
   apt-get indextargets --format 'deb-src $(REPO_URI) $(RELEASE) $(COMPONENT)' \
     'Identifier: Packages' 'Origin: Debian' | sort -u > "$folder/sources.list"
   [ -s "$folder/sources.list" ] || die "no Debian package servers are known here"
@@ -27,7 +28,7 @@ in_build_folder() (
   mkdir -p "$windows_cache"
   folder=$(mktemp -d "$windows_cache/build.XXXXXX")
   trap 'rm -rf "$folder"' EXIT
-  cd "$folder"
+  cd "$folder" || exit
   "$@"
 )
 
