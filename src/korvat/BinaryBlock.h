@@ -5,6 +5,7 @@
 #include "korvat/ReadError.h"
 #include "korvat/ShapeTokens.h"
 
+#include <algorithm>
 #include <bit>
 #include <optional>
 #include <string>
@@ -25,6 +26,15 @@ public:
     {
     }
 
+    /// A block with its head read.
+    BinaryBlock(ByteReader content, Trouble &trouble, std::uint32_t id, Bytes label)
+        : m_content(content)
+        , m_trouble(&trouble)
+        , m_id(id)
+        , m_label(label)
+    {
+    }
+
     bool Is(Token token) const { return m_id == static_cast<std::uint32_t>(token); }
     std::string Label() const { return textOf(m_label); }
 
@@ -33,20 +43,21 @@ public:
     {
         if (m_content.Left() == 0 || m_trouble->Met())
             return std::nullopt;
+        // One look for all of the head: shapes are mostly heads.
         const std::size_t where = m_content.Where();
-        const auto id = m_content.ReadU32(); // name space in the upper half
-        const auto length = m_content.ReadU32();
-        auto body = length ? m_content.TakeReader(*length) : std::nullopt;
-        const auto label = body ? body->ReadU8() : std::nullopt;
-        const auto name = label ? body->Take(std::size_t{2} * *label) : std::nullopt;
-        if (!name) {
-            doesNotFit(where);
-            return std::nullopt;
+        const std::optional<Bytes> head = m_content.Take(kLeastBlock);
+        if (head) {
+            ByteReader fields(*head);
+            const std::uint32_t id = *fields.ReadU32(); // name space in the upper half
+            const std::size_t length = *fields.ReadU32(), label = std::size_t{2} * *fields.ReadU8();
+            if (length > label && length - 1 <= m_content.Left()) {
+                const Bytes name = *m_content.Take(label);
+                return std::optional<BinaryBlock>(
+                    std::in_place, *m_content.TakeReader(length - 1 - label), *m_trouble, id, name);
+            }
         }
-        BinaryBlock block(*body, *m_trouble);
-        block.m_id = *id;
-        block.m_label = *name;
-        return block;
+        doesNotFit(where);
+        return std::nullopt;
     }
 
     std::uint32_t U32()
@@ -72,6 +83,15 @@ public:
     }
     /// Reads the count in front of a list of numbers, and how many there are. They must be there.
     std::size_t NumberCount();
+
+    /// Appends such a list.
+    template <typename Number> void Numbers(std::vector<Number> &out)
+    {
+        const std::size_t count = NumberCount(), first = out.size();
+        out.resize(first + count);
+        for (std::size_t i = 0; i < count; ++i)
+            out[first + i] = static_cast<Number>(*m_content.ReadU32());
+    }
 
     std::size_t Where() const { return m_content.Where(); }
 

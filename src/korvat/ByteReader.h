@@ -27,14 +27,15 @@ public:
     ByteReader() = default;
     /// `base` is where the bytes begin in the file, for Where().
     explicit ByteReader(Bytes bytes, std::size_t base = 0)
-        : m_bytes(bytes)
-        , m_base(base)
+        : m_at(bytes.data())
+        , m_end(bytes.data() + bytes.size())
+        , m_endPlace(base + bytes.size())
     {
     }
 
-    std::size_t Left() const { return m_bytes.size() - m_at; }
+    std::size_t Left() const { return static_cast<std::size_t>(m_end - m_at); }
     /// The place of the next byte in the file.
-    std::size_t Where() const { return m_base + m_at; }
+    std::size_t Where() const { return m_endPlace - Left(); }
 
     /// The next number; nothing, and no step forward, when too few bytes are left.
     std::optional<std::uint8_t> ReadU8() { return read<std::uint8_t>(); }
@@ -47,9 +48,8 @@ public:
     {
         if (count > Left())
             return std::nullopt;
-        const Bytes taken = m_bytes.subspan(m_at, count);
         m_at += count;
-        return taken;
+        return Bytes(m_at - count, count);
     }
     /// A reader of the next `count` bytes alone.
     std::optional<ByteReader> TakeReader(std::size_t count)
@@ -69,19 +69,17 @@ private:
             return std::nullopt;
         Number number = 0;
         if constexpr (std::endian::native == std::endian::little) {
-            std::memcpy(&number, m_bytes.data() + m_at, sizeof(Number));
+            std::memcpy(&number, m_at, sizeof(Number));
         } else {
             for (std::size_t i = sizeof(Number); i-- > 0;)
-                number = static_cast<Number>(static_cast<std::uint64_t>(number) << 8 |
-                                             m_bytes[m_at + i]);
+                number = static_cast<Number>(static_cast<std::uint64_t>(number) << 8 | m_at[i]);
         }
         m_at += sizeof(Number);
         return number;
     }
 
-    Bytes m_bytes;
-    std::size_t m_base = 0;
-    std::size_t m_at = 0; ///< never beyond the end
+    const std::uint8_t *m_at = nullptr, *m_end = nullptr;
+    std::size_t m_endPlace = 0; ///< of the end in the file
 };
 
 } // namespace korvat

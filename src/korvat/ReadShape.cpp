@@ -51,15 +51,6 @@ private:
                 items.push_back(read(*item));
     }
 
-    template <typename Number, typename Read>
-    static void numbers(Block &block, std::vector<Number> &out, Read read)
-    {
-        const std::size_t count = block.NumberCount();
-        out.reserve(out.size() + count);
-        for (std::size_t i = 0; i < count; ++i)
-            out.push_back(read(block));
-    }
-
     void readSection(Block &section)
     {
         using Section = std::pair<Token, void (ShapeReader::*)(Block &)>;
@@ -201,7 +192,7 @@ private:
             state.flags = item.Hex();
             state.shader = item.U32();
             if (auto slots = item.Next(); slots && slots->Is(Token::TexIdxs))
-                numbers(*slots, state.textures, [](Block &list) { return list.U32(); });
+                slots->Numbers(state.textures);
             state.zBias = item.F32();
             state.vertexState = item.I32();
             state.alphaTestMode = item.U32();
@@ -241,7 +232,7 @@ private:
             if (part.Is(Token::DlevelSelection))
                 result.distance = part.F32();
             else if (part.Is(Token::Hierarchy))
-                numbers(part, result.parents, [](Block &list) { return list.I32(); });
+                part.Numbers(result.parents);
         });
     }
 
@@ -297,7 +288,7 @@ private:
                 const std::size_t first = result.indices.size();
                 sections(part, [&result](Block &indices) {
                     if (indices.Is(Token::VertexIdxs))
-                        numbers(indices, result.indices, [](Block &list) { return list.U32(); });
+                        indices.Numbers(result.indices);
                 });
                 result.triangles.push_back({state, first, result.indices.size() - first});
             }

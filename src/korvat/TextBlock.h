@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace korvat {
 
@@ -30,6 +31,12 @@ public:
     bool HasMore() const { return m_value < m_valueEnd; }
     std::size_t Count(std::size_t size);
     std::size_t NumberCount();
+    template <typename Number> void Numbers(std::vector<Number> &out)
+    {
+        const std::size_t count = NumberCount();
+        for (std::size_t i = 0; i < count; ++i)
+            out.push_back(static_cast<Number>(U32()));
+    }
     /// The line of the block.
     std::size_t Where() const;
 
