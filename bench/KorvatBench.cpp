@@ -51,7 +51,8 @@ std::string shapeFile()
     part.indices.clear();
     const auto rounded = [](float value) { return std::round(value * 1000) / 1000; };
     for (std::uint32_t i = 0; i < kSide * kSide; ++i) {
-        const auto x = static_cast<float>(i % kSide), z = static_cast<float>(i / kSide);
+        const std::uint32_t row = i / kSide;
+        const auto x = static_cast<float>(i % kSide), z = static_cast<float>(row);
         const float slope = std::sin(x / 7) * std::cos(z / 5);
         model.points.push_back({x / 10, rounded(slope), z / 10});
         model.normals.push_back({rounded(slope), rounded(1 - slope * slope), 0});

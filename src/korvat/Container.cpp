@@ -16,6 +16,7 @@ constexpr std::string_view kKind = "JINX0";
 constexpr std::size_t kMarkSize = 16;
 constexpr std::size_t kKindLetter = 5, kFormLetter = 7; // in the sub-header
 constexpr std::size_t kZlibHeader = 2;
+constexpr int kLineEnds = 4; ///< characters of them that may stand before the mark
 
 /// A stored block is copied whole or not at all, so that a stream which is longer than announced
 /// needs this much room behind the announced end for everything before it to be there.
@@ -114,7 +115,7 @@ ReadError openCompressed(ByteReader reader, std::size_t limit, Container &out)
         return {Status::Damaged, reader.Where(), "the file ends within its header"};
     const std::size_t where = reader.Where();
     const Bytes stream = *reader.Take(reader.Left());
-    if (const ReadError error = checkSize(*size, stream.size(), limit))
+    if (ReadError error = checkSize(*size, stream.size(), limit))
         return error;
     out.compressed = true;
     return inflate(stream, *size, where, out);
@@ -133,49 +134,63 @@ void readSubHeader(Container &out)
     out.content = head[kFormLetter] == 'b' ? Container::Content::Binary : Container::Content::Text;
 }
 
+void wholeAsText(std::string_view bytes, Container &out)
+{
+    out.content = Container::Content::Text;
+    out.payload = BytesOf(bytes);
+    out.base = 0;
+}
+
 bool isUtf16(std::string_view bytes)
 {
     return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ||
            bytes.starts_with(std::string_view("S\0", 2));
 }
 
-} // namespace
-
-ReadError OpenContainer(std::string_view bytes, std::size_t limit, Container &out)
+/// Where the mark stands; npos without one.
+std::size_t markPlace(std::string_view bytes)
 {
-    const auto asText = [&out, bytes] {
-        out.content = Container::Content::Text;
-        out.payload = BytesOf(bytes);
-        out.base = 0;
-    };
-    if (isUtf16(bytes)) {
-        asText();
-        out.kind = 's';
-        return {};
-    }
     std::size_t at = bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0;
-    for (int i = 0; i < 4 && at < bytes.size() && (bytes[at] == '\r' || bytes[at] == '\n'); ++i)
+    for (int i = 0; i < kLineEnds && at < bytes.size() && (bytes[at] == '\r' || bytes[at] == '\n');
+         ++i)
         ++at;
     const std::string_view mark = bytes.substr(at, kMark.size() + 1);
-    if (mark.size() <= kMark.size() || !mark.starts_with(kMark) ||
-        (mark.back() != 'F' && mark.back() != '@'))
-        return {Status::NotThisFormat, at, "the file does not begin with SIMISA@"};
-    ByteReader reader(BytesOf(bytes));
-    reader.Skip(at + mark.size());
-    if (mark.back() == 'F') {
-        if (const ReadError error = openCompressed(reader, limit, out))
-            return error;
-        readSubHeader(out);
-        return {};
-    }
-    if (!reader.Skip(kMarkSize - mark.size()))
+    const bool isMark = mark.size() > kMark.size() && mark.starts_with(kMark) &&
+                        (mark.back() == 'F' || mark.back() == '@');
+    return isMark ? at : bytes.npos;
+}
+
+ReadError openPlain(std::string_view bytes, ByteReader reader, Container &out)
+{
+    if (!reader.Skip(kMarkSize - kMark.size() - 1))
         return {Status::Damaged, bytes.size(), "the file ends within its header"};
     out.base = reader.Where();
     out.payload = *reader.Take(reader.Left());
     readSubHeader(out);
     if (out.content == Container::Content::Text)
-        asText();
+        wholeAsText(bytes, out);
     return {};
+}
+
+} // namespace
+
+ReadError OpenContainer(std::string_view bytes, std::size_t limit, Container &out)
+{
+    if (isUtf16(bytes)) {
+        wholeAsText(bytes, out);
+        return {};
+    }
+    const std::size_t at = markPlace(bytes);
+    if (at == bytes.npos)
+        return {Status::NotThisFormat, 0, "the file does not begin with SIMISA@"};
+    ByteReader reader(BytesOf(bytes));
+    reader.Skip(at + kMark.size() + 1);
+    if (bytes[at + kMark.size()] == '@')
+        return openPlain(bytes, reader, out);
+    ReadError error = openCompressed(reader, limit, out);
+    if (!error)
+        readSubHeader(out);
+    return error;
 }
 
 } // namespace korvat

@@ -100,7 +100,7 @@ private:
                 return {Status::Damaged, m_where, "the texture ends within its channel table"};
             const bool known = *type >= Mask && *type <= Alpha;
             if (!known || *bits != (*type == Mask ? 1U : 8U) || has(*type))
-                return {Status::Unsupported, m_where + i * 16,
+                return {Status::Unsupported, m_where + std::size_t{16} * i,
                         "the texture has a channel of type " + std::to_string(*type) + " with " +
                             std::to_string(*bits) + " bits"};
             m_channels.push_back({*bits, *type});

@@ -7,80 +7,80 @@
 namespace korvat {
 namespace {
 
-using Names = std::array<std::string_view, 0x82>;
+constexpr std::pair<Token, std::string_view> kTokens[] = {
+    {Token::Point, "point"},
+    {Token::Vector, "vector"},
+    {Token::Normals, "normals"},
+    {Token::Points, "points"},
+    {Token::UvPoint, "uv_point"},
+    {Token::UvPoints, "uv_points"},
+    {Token::Colour, "colour"},
+    {Token::Colours, "colours"},
+    {Token::Image, "image"},
+    {Token::Images, "images"},
+    {Token::Texture, "texture"},
+    {Token::Textures, "textures"},
+    {Token::LightMaterial, "light_material"},
+    {Token::LightMaterials, "light_materials"},
+    {Token::LinearKey, "linear_key"},
+    {Token::TcbKey, "tcb_key"},
+    {Token::LinearPos, "linear_pos"},
+    {Token::TcbPos, "tcb_pos"},
+    {Token::SlerpRot, "slerp_rot"},
+    {Token::TcbRot, "tcb_rot"},
+    {Token::Controllers, "controllers"},
+    {Token::AnimNode, "anim_node"},
+    {Token::AnimNodes, "anim_nodes"},
+    {Token::Animation, "animation"},
+    {Token::Animations, "animations"},
+    {Token::LodControls, "lod_controls"},
+    {Token::LodControl, "lod_control"},
+    {Token::DistanceLevelHeader, "distance_level_header"},
+    {Token::DlevelSelection, "dlevel_selection"},
+    {Token::DistanceLevels, "distance_levels"},
+    {Token::DistanceLevel, "distance_level"},
+    {Token::SubObjects, "sub_objects"},
+    {Token::SubObject, "sub_object"},
+    {Token::SubObjectHeader, "sub_object_header"},
+    {Token::VtxState, "vtx_state"},
+    {Token::VtxStates, "vtx_states"},
+    {Token::Vertex, "vertex"},
+    {Token::VertexUvs, "vertex_uvs"},
+    {Token::Vertices, "vertices"},
+    {Token::VertexSet, "vertex_set"},
+    {Token::VertexSets, "vertex_sets"},
+    {Token::Primitives, "primitives"},
+    {Token::PrimState, "prim_state"},
+    {Token::PrimStates, "prim_states"},
+    {Token::PrimStateIdx, "prim_state_idx"},
+    {Token::IndexedTrilist, "indexed_trilist"},
+    {Token::TexIdxs, "tex_idxs"},
+    {Token::VertexIdxs, "vertex_idxs"},
+    {Token::Matrix, "matrix"},
+    {Token::Matrices, "matrices"},
+    {Token::Hierarchy, "hierarchy"},
+    {Token::Volumes, "volumes"},
+    {Token::VolSphere, "vol_sphere"},
+    {Token::Shape, "shape"},
+    {Token::ShaderNames, "shader_names"},
+    {Token::TextureFilterNames, "texture_filter_names"},
+    {Token::LightModelCfgs, "light_model_cfgs"},
+    {Token::LightModelCfg, "light_model_cfg"},
+    {Token::UvOps, "uv_ops"},
+    {Token::UvOpCopy, "uv_op_copy"},
+    {Token::NamedFilterMode, "named_filter_mode"},
+    {Token::NamedShader, "named_shader"},
+};
 
-constexpr Names makeNames()
-{
-    Names names{};
-    const auto name = [&names](Token token, std::string_view text) {
-        names[static_cast<std::size_t>(token)] = text;
-    };
-    name(Token::Point, "point");
-    name(Token::Vector, "vector");
-    name(Token::Normals, "normals");
-    name(Token::Points, "points");
-    name(Token::UvPoint, "uv_point");
-    name(Token::UvPoints, "uv_points");
-    name(Token::Colour, "colour");
-    name(Token::Colours, "colours");
-    name(Token::Image, "image");
-    name(Token::Images, "images");
-    name(Token::Texture, "texture");
-    name(Token::Textures, "textures");
-    name(Token::LightMaterial, "light_material");
-    name(Token::LightMaterials, "light_materials");
-    name(Token::LinearKey, "linear_key");
-    name(Token::TcbKey, "tcb_key");
-    name(Token::LinearPos, "linear_pos");
-    name(Token::TcbPos, "tcb_pos");
-    name(Token::SlerpRot, "slerp_rot");
-    name(Token::TcbRot, "tcb_rot");
-    name(Token::Controllers, "controllers");
-    name(Token::AnimNode, "anim_node");
-    name(Token::AnimNodes, "anim_nodes");
-    name(Token::Animation, "animation");
-    name(Token::Animations, "animations");
-    name(Token::LodControls, "lod_controls");
-    name(Token::LodControl, "lod_control");
-    name(Token::DistanceLevelHeader, "distance_level_header");
-    name(Token::DlevelSelection, "dlevel_selection");
-    name(Token::DistanceLevels, "distance_levels");
-    name(Token::DistanceLevel, "distance_level");
-    name(Token::SubObjects, "sub_objects");
-    name(Token::SubObject, "sub_object");
-    name(Token::SubObjectHeader, "sub_object_header");
-    name(Token::VtxState, "vtx_state");
-    name(Token::VtxStates, "vtx_states");
-    name(Token::Vertex, "vertex");
-    name(Token::VertexUvs, "vertex_uvs");
-    name(Token::Vertices, "vertices");
-    name(Token::VertexSet, "vertex_set");
-    name(Token::VertexSets, "vertex_sets");
-    name(Token::Primitives, "primitives");
-    name(Token::PrimState, "prim_state");
-    name(Token::PrimStates, "prim_states");
-    name(Token::PrimStateIdx, "prim_state_idx");
-    name(Token::IndexedTrilist, "indexed_trilist");
-    name(Token::TexIdxs, "tex_idxs");
-    name(Token::VertexIdxs, "vertex_idxs");
-    name(Token::Matrix, "matrix");
-    name(Token::Matrices, "matrices");
-    name(Token::Hierarchy, "hierarchy");
-    name(Token::Volumes, "volumes");
-    name(Token::VolSphere, "vol_sphere");
-    name(Token::Shape, "shape");
-    name(Token::ShaderNames, "shader_names");
-    name(Token::TextureFilterNames, "texture_filter_names");
-    name(Token::LightModelCfgs, "light_model_cfgs");
-    name(Token::LightModelCfg, "light_model_cfg");
-    name(Token::UvOps, "uv_ops");
-    name(Token::UvOpCopy, "uv_op_copy");
-    name(Token::NamedFilterMode, "named_filter_mode");
-    name(Token::NamedShader, "named_shader");
+constexpr std::size_t kIds = 0x82; // one past the largest
+
+/// The names by their ids.
+constexpr std::array<std::string_view, kIds> kNames = [] {
+    std::array<std::string_view, kIds> names{};
+    for (const auto &[token, name] : kTokens)
+        names[static_cast<std::size_t>(token)] = name;
     return names;
-}
-
-constexpr Names kNames = makeNames();
+}();
 
 } // namespace
 

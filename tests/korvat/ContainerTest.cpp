@@ -101,7 +101,7 @@ TEST(ContainerTest, SaysWhyItCannotBeOpened)
     const Refused rows[] = {
         {"empty", "", Status::NotThisFormat, 0},
         {"something else", "SIMISA#@", Status::NotThisFormat, 0},
-        {"too many line ends", "\r\n\r\n\r\nSIMISA@@@@@@@@@@", Status::NotThisFormat, 4},
+        {"too many line ends", "\r\n\r\n\r\nSIMISA@@@@@@@@@@", Status::NotThisFormat, 0},
         {"mark cut", "SIMISA@@@@", Status::Damaged, 10},
         {"size 0", WithU32(packed, 8, 0), Status::Damaged, 8},
         {"size beyond what deflate can do", WithU32(packed, 8, 4'000'000), Status::Damaged, 8},
@@ -118,6 +118,18 @@ TEST(ContainerTest, SaysWhyItCannotBeOpened)
         EXPECT_EQ(row.status, error.status) << error.text;
         EXPECT_EQ(row.where, error.where) << error.text;
         EXPECT_TRUE(container.payload.empty());
+    }
+}
+
+TEST(ContainerTest, FilesCutAtEveryLength)
+{
+    const std::string packed = samples::CompressPayload(kPayload);
+    const std::size_t checksum = packed.size() - 4;
+    for (std::size_t size = 0; size < packed.size(); ++size) {
+        Container container;
+        const bool opened = !OpenContainer(packed.substr(0, size), kLimit, container);
+        ASSERT_EQ(size >= checksum, opened) << "cut at " << size;
+        ASSERT_EQ(opened ? kPayload : "", payloadOf(container)) << "cut at " << size;
     }
 }
 

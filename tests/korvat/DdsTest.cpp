@@ -102,10 +102,14 @@ TEST(DdsTest, SaysWhatIsWrong)
     }
 }
 
-TEST(DdsTest, CutAtEveryLength)
+TEST(DdsTest, CutAtEveryLengthAndWithEveryNumberWrong)
 {
     const std::string valid =
-        dds(8, 8, 4, "", kColours, 24, {0xFF0000, 0xFF00, 0xFF, 0}, std::string(3 * 85, '\x55'));
+        dds(8, 8, 4, "", kColours, 24, {0xFF0000, 0xFF00, 0xFF, 0}, std::string(255, '\x55'));
+    for (const std::string &bytes : {valid, blocks("DXT5", 3, std::string(48, '\x55'))})
+        for (std::size_t at = 4; at < 128; at += 4)
+            for (const std::uint32_t value : {0U, 1U, 0x7FFFFFFFU, 0xFFFFFFFFU})
+                ExpectSound(WithU32(bytes, at, value));
     for (std::size_t size = 0; size < valid.size(); ++size) {
         const TextureFile file = ReadDds(std::string_view(valid).substr(0, size));
         const bool enough = size >= 128 + 96; // half of the largest level

@@ -3,6 +3,8 @@
 
 #include "korvat/Texture.h"
 
+#include <gtest/gtest.h>
+
 #include <string>
 
 /// A level's pixels as hex digits, RRGGBBAA, a blank between pixels and a line end between rows.
@@ -18,4 +20,18 @@ inline std::string Pixels(const korvat::Texture &texture, std::size_t level = 0)
         text += "0123456789ABCDEF"[bytes[i] & 15];
     }
     return text;
+}
+
+/// Reads it and checks what the reader promises for any bytes at all.
+inline void ExpectSound(const std::string &bytes)
+{
+    const korvat::TextureFile file = korvat::ReadTexture(bytes);
+    EXPECT_TRUE(file.error || !file.texture.levels.empty());
+    EXPECT_LE(file.texture.data.size(), 8 * bytes.size());
+    for (std::size_t level = 0; !file.error && level < file.texture.levels.size(); ++level) {
+        const korvat::TextureLevel &one = file.texture.levels[level];
+        EXPECT_EQ(LevelSize(one.format, one.width, one.height),
+                  file.texture.LevelBytes(level).size());
+        EXPECT_EQ(std::size_t{one.width} * one.height * 4, file.texture.Decoded(level).size());
+    }
 }

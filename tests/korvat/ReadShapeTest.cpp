@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
+
 using korvat::ReadShape;
 using korvat::Shape;
 using korvat::ShapeFile;
@@ -178,6 +180,22 @@ TEST(ReadShapeTest, WrongCountsCostNothing)
             EXPECT_TRUE(!bounds || bounds->least.x <= bounds->most.x);
             EXPECT_LE(file.shape.points.capacity(), valid.size());
         }
+}
+
+TEST(ReadShapeTest, WrongNumbersInText)
+{
+    const std::string valid = ShapeBytes(samples::SmallestShape({"a.ace"}), ShapeForm::Text8Bit);
+    for (std::size_t at = valid.find('('); at < valid.size(); ++at) {
+        const std::size_t end = valid.find_first_of(" )\n", at);
+        if (valid[at - 1] != ' ' || !std::isdigit(static_cast<unsigned char>(valid[at])))
+            continue;
+        for (const char *value : {"0", "-1", "2147483647", "99999999999999999999", "1e99", "nan"}) {
+            const ShapeFile file = ReadShape(std::string(valid).replace(at, end - at, value));
+            const auto bounds = RestBounds(file.shape);
+            EXPECT_TRUE(!bounds || bounds->least.x <= bounds->most.x) << value << " at " << at;
+            EXPECT_LE(file.shape.points.capacity(), valid.size());
+        }
+    }
 }
 
 TEST(ReadShapeTest, FilesCutAtEveryLength)
