@@ -9,6 +9,7 @@
 #include <libdeflate.h>
 
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <random>
