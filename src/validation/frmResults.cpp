@@ -12,18 +12,22 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
 #include <QTextBlock>
+#include <QToolButton>
 #include <QVBoxLayout>
 
+#include <initializer_list>
 #include <memory>
 
 namespace {
 
 constexpr int kCaptionPrefix = 15; ///< length of "Stock check of " and "Usage check of "
+
 QString counted(qsizetype count, const char *one, const char *many)
 {
     return QLocale().toString(count) + QLatin1Char(' ') + QLatin1String(count == 1 ? one : many);
@@ -92,11 +96,20 @@ void frmResults::arrangeControls()
     layout->addWidget(txtResults, 1);
     layout->addWidget(m_findBar);
     layout->addLayout(buttons);
-    setTabOrder(txtResults, m_findBar);
-    setTabOrder(m_findBar, cmdSave);
-    setTabOrder(cmdSave, cmdClose);
     resize(880, 480);
     setMinimumSize(280, 160);
+    orderTabs();
+}
+
+void frmResults::orderTabs()
+{
+    QWidget *before = txtResults;
+    for (QWidget *next : std::initializer_list<QWidget *>{
+             m_findBar->txtFind, m_findBar->cmdFindPrevious, m_findBar->cmdFindNext,
+             m_findBar->cmdFindClose, cmdSave, cmdClose}) {
+        setTabOrder(before, next);
+        before = next;
+    }
 }
 
 void frmResults::connectControls()

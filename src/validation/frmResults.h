@@ -53,6 +53,7 @@ protected:
 private:
     void nameControls();
     void arrangeControls();
+    void orderTabs();
     void connectControls();
     template <typename Receiver>
     void addKey(const char *caption, const QKeySequence &keys, Receiver *receiver,

@@ -13,7 +13,6 @@
 
 using app::CheckCommands;
 using app::CheckTarget;
-using host::path::Join;
 
 namespace {
 
@@ -67,12 +66,11 @@ private:
 class CheckCommandsTest : public testing::Test
 {
 protected:
-    std::string at(const std::string &name) const { return Join(host.game.Path(), name); }
-    std::string stock(const std::string &name) const
+    std::string at(const std::string &name) const
     {
-        return at(Join(Join("Trains", "Trainset"), Join("Boxes", name)));
+        return host::path::Join(host.game.Path(), name);
     }
-    std::string take(std::string &text) { return std::exchange(text, {}); }
+    std::string stock(const std::string &name) const { return at("Trains/Trainset/Boxes/" + name); }
     void writeWagons(int count)
     {
         for (int i = 0; i < count; ++i)
@@ -95,28 +93,27 @@ const std::string kRefused = "A check is running.  Wait until it has ended, or p
 
 TEST_F(CheckCommandsTest, WithoutASubjectThereIsNoReport)
 {
+    const std::string nothing = "|Nothing selected!\n";
     const struct
     {
         const char *what;
         std::optional<CheckTarget> target;
-        bool dependenciesComplain, texturesComplain;
+        bool complains;
     } rows[] = {
-        {"no window", std::nullopt, true, true},
-        {"nothing selected in the list", CheckTarget{0}, true, true},
-        {"nothing selected in the editor", CheckTarget{1}, false, false},
-        {"an empty viewer", CheckTarget{3}, false, false},
+        {"no window", std::nullopt, true},
+        {"nothing selected in the list", CheckTarget{0}, true},
+        {"nothing selected in the editor", CheckTarget{1}, false},
+        {"an empty viewer", CheckTarget{3}, false},
     };
     for (const auto &row : rows) {
         commands.CheckDependencies(row.target);
-        EXPECT_EQ(host.dialogs.TakeLog(),
-                  row.dependenciesComplain ? "critical|Check Dependencies|Nothing selected!\n" : "")
-            << row.what;
         commands.CheckStockTextures(row.target);
-        EXPECT_EQ(host.dialogs.TakeLog(),
-                  row.texturesComplain ? "critical|Stock Check Textures|Nothing selected!\n" : "")
-            << row.what;
         commands.CheckConsistStock(row.target);
-        EXPECT_EQ(host.dialogs.TakeLog() + host.results, "") << row.what;
+        EXPECT_EQ(host.dialogs.TakeLog() + host.results,
+                  row.complains ? "critical|Check Dependencies" + nothing +
+                                      "critical|Stock Check Textures" + nothing
+                                : "")
+            << row.what;
     }
 }
 
@@ -131,16 +128,13 @@ TEST_F(CheckCommandsTest, AStockItemIsCheckedAndSearchedInConsistsAndRoutes)
     host.game.Write("Routes/North/North.trk", "Tr_RouteFile ( Name ( \"Great North\" ) )");
     host.game.MakeFolder("Routes/South");
     commands.CheckDependencies(CheckTarget{1, {}, {}, box});
-    EXPECT_EQ(take(host.results), report) << "no routes, no usage";
+    EXPECT_EQ(std::exchange(host.results, {}), report) << "no routes, no usage";
     EXPECT_EQ(host.dialogs.TakeLog(), kAskRoutes + "North(Great North)|South\n");
 
     host.statuses.clear();
     host.dialogs.AnswerSelection("South|Gone");
     commands.CheckDependencies(CheckTarget{1, {}, {}, box});
     EXPECT_EQ(host.results, report + "ERROR: Route Gone is MISSING\r\n");
-    EXPECT_TRUE(host.statuses.ends_with("Checking box in South...\nDone\n"
-                                        "Checking box in Gone...\nDone\n"))
-        << host.statuses;
 }
 
 TEST_F(CheckCommandsTest, EveryConsistIsSearchedInEveryRoute)
@@ -154,12 +148,12 @@ TEST_F(CheckCommandsTest, EveryConsistIsSearchedInEveryRoute)
     host.dialogs.AnswerSelection("North|Gone|South");
     commands.CheckDependencies(kList);
     const auto used = [this](const char *route) {
-        return "INFO: " + at(Join(Join("Routes", route), Join("Services", "run.srv"))) +
-               " references file " + at(Join(Join("Trains", "Consists"), "B.con")) + "\r\n";
+        return "INFO: " + at(std::string("Routes/") + route + "/Services/run.srv") +
+               " references file " + at("Trains/Consists/B.con") + "\r\n";
     };
-    EXPECT_EQ(take(host.results), "[Usage check of A|B]\nERROR: Route Gone is MISSING\r\n" +
-                                      used("North") + "ERROR: Route Gone is MISSING\r\n" +
-                                      used("South"));
+    EXPECT_EQ(std::exchange(host.results, {}),
+              "[Usage check of A|B]\nERROR: Route Gone is MISSING\r\n" + used("North") +
+                  "ERROR: Route Gone is MISSING\r\n" + used("South"));
     EXPECT_EQ(host.statuses.find("Checking B in North..."),
               host.statuses.find("Checking A in South...\nDone\n") + 28);
 }
@@ -168,7 +162,8 @@ TEST_F(CheckCommandsTest, AShapeIsCheckedWithoutAHeader)
 {
     const std::string gone = at("gone.s");
     commands.CheckDependencies(CheckTarget{3, {}, {}, gone});
-    EXPECT_EQ(take(host.results), "[Usage check of gone]\nERROR: " + gone + " is MISSING\r\n");
+    EXPECT_EQ(std::exchange(host.results, {}),
+              "[Usage check of gone]\nERROR: " + gone + " is MISSING\r\n");
     const std::string lonely = host.game.Write("Routes/x/lonely.s", "shape ( images ( 0 ) )");
     commands.CheckDependencies(CheckTarget{3, {}, {}, lonely});
     EXPECT_EQ(host.results, "") << "a run-time error ends the command";
@@ -184,7 +179,7 @@ TEST_F(CheckCommandsTest, TheStockOfTheCurrentConsistIsChecked)
         "Trains/Consists/B.con", "Train ( TrainCfg ( x Wagon ( WagonData ( gone "
                                  "Boxes ) ) Engine ( EngineData ( off Boxes ) ) ) )");
     commands.CheckConsistStock(kList);
-    const std::string shown = at(Join(Join("Trains", "Consists"), "B.con"));
+    const std::string shown = at("Trains/Consists/B.con");
     EXPECT_EQ(host.results, "[Stock check of B]\n\r\nERROR: " + shown +
                                 " references missing file " + stock("gone.wag") + "\r\nERROR: " +
                                 shown + " references missing file " + stock("off.eng"));
@@ -226,13 +221,11 @@ TEST_F(CheckCommandsTest, AStoppedCheckSaysSoAndAnAbandonedOneNothing)
     host.dialogs.AnswerSelection("North|South");
     commands.CheckDependencies(kList);
     EXPECT_EQ(host.results, "");
-    host.statuses.clear();
     host.onEvents = [this] { commands.Stop(); };
     host.dialogs.AnswerSelection("North|South");
     commands.CheckDependencies(kList);
     EXPECT_EQ(host.results, "[Usage check of A|B]\nERROR: Route North is MISSING\r\nSTOPPED: this "
                             "report is not complete.\r\n");
-    EXPECT_EQ(host.statuses.find("South"), std::string::npos) << host.statuses;
 }
 
 TEST_F(CheckCommandsTest, ASecondCheckIsRefusedWhileOneRuns)
@@ -255,9 +248,4 @@ TEST_F(CheckCommandsTest, ASecondCheckIsRefusedWhileOneRuns)
                                           "information|Check Stock|" + kRefused);
     EXPECT_EQ(host.results,
               "[TS Installation Check]\nERROR: " + stock("w100.wag") + " appears CORRUPT\r\n");
-    commands.Stop();
-    host.onEvents = {};
-    host.dialogs.Answer(host::DialogAnswer::Yes);
-    commands.CheckAllStock();
-    EXPECT_EQ(host.results.find("STOPPED"), std::string::npos) << "a stop between checks is none";
 }

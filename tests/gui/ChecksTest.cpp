@@ -45,7 +45,6 @@ protected:
         EXPECT_EQ(open.size(), 1u);
         return open.empty() ? "" : open.front()->txtResults->toPlainText().toStdString();
     }
-    void answerAllStock() { dialogs.Answer(host::DialogAnswer::Yes); }
     /// Something that takes the check of all stock a good while.
     void writeManyWagons()
     {
@@ -90,11 +89,7 @@ TEST_F(ChecksTest, ConsistsOfTheListAreSearchedInTheRoutesOfTheSelector)
     window = app::StartMainWindow({real, files, settings}, {});
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    auto &list = Find<ListView>(*Active(), "lvConsists");
-    list.setSelectionMode(QAbstractItemView::MultiSelection);
-    list.SelectRow(0);
-    list.SelectRow(2);
-    list.selectAll();
+    Find<ListView>(*Active(), "lvConsists").selectAll();
     OnNextDialog([](QDialog &dialog) {
         auto &form = dynamic_cast<frmSelector &>(dialog);
         EXPECT_EQ(form.windowTitle(), QStringLiteral("Select Routes to Check"));
@@ -104,7 +99,7 @@ TEST_F(ChecksTest, ConsistsOfTheListAreSearchedInTheRoutesOfTheSelector)
     });
     Trigger("mnuFileCheckDep");
     const auto use = [this](const char *route) {
-        return "INFO: " + Join(game.Path(), Join("Routes", Join(route, "Services/run.srv"))) +
+        return "INFO: " + Join(game.Path(), std::string("Routes/") + route + "/Services/run.srv") +
                " references file " + Join(game.Path(), "Trains/Consists/Coal.con") + "\n";
     };
     EXPECT_EQ(report(), use("North") + use("South"));
@@ -133,29 +128,6 @@ TEST_F(ChecksTest, TheEditorChecksTheStockOfTheListLastEntered)
         << text;
     EXPECT_EQ(results().front()->Caption(), "Usage check of Oil");
     EXPECT_EQ(dialogs.TakeLog(), "select|Select Routes to Check|\n");
-    Trigger("mnuStockCheckTextures");
-    EXPECT_EQ(dialogs.TakeLog(), "");
-}
-
-TEST_F(ChecksTest, TheStockOfTheCurrentConsistIsChecked)
-{
-    Start();
-    auto &check = Find<QAction>(*window, "mnuConsistCheckStock");
-    Find<ListView>(*Active(), "lvConsists").SelectRow(1);
-    check.trigger();
-    EXPECT_EQ(report().find("\nERROR: " + Join(game.Path(), "Trains/Consists/Freight North.con")),
-              std::string::npos)
-        << report();
-    EXPECT_EQ(results().front()->Caption(), "Stock check of Freight North");
-    OpenEditor("Coal");
-    EXPECT_FALSE(check.isEnabled()) << "an editor has no consist to choose";
-    for (frmDocument *document : window->Documents())
-        document->close();
-    ASSERT_TRUE(Wait([this] { return window->Documents().empty(); }));
-    Trigger("mnuFileCheckDep");
-    Trigger("mnuStockCheckTextures");
-    EXPECT_EQ(dialogs.TakeLog(), "critical|Check Dependencies|Nothing selected!\n"
-                                 "critical|Stock Check Textures|Nothing selected!\n");
 }
 
 TEST_F(ChecksTest, ResultsWindowsStandBesideTheDocumentsAndGoWithTheMainWindow)
@@ -175,6 +147,8 @@ TEST_F(ChecksTest, ResultsWindowsStandBesideTheDocumentsAndGoWithTheMainWindow)
     EXPECT_EQ(menu.actions().back()->text(), QStringLiteral("&3 Stock check of Coal"));
     menu.actions().back()->trigger();
     EXPECT_TRUE(Wait([this] { return results()[1]->isActiveWindow(); }));
+    OpenEditor("Coal");
+    EXPECT_FALSE(Find<QAction>(*window, "mnuConsistCheckStock").isEnabled());
     window->close();
     EXPECT_TRUE(results().empty());
 }
@@ -183,7 +157,7 @@ TEST_F(ChecksTest, EscStopsTheCheckOfAllStockHalfWay)
 {
     writeManyWagons();
     Start();
-    answerAllStock();
+    dialogs.Answer(host::DialogAnswer::Yes);
     inTheMiddle([this] {
         EXPECT_TRUE(barIsVisible());
         QTest::keyClick(window.get(), Qt::Key_Escape);
@@ -202,7 +176,7 @@ TEST_F(ChecksTest, WhileACheckRunsNothingMayDisturbIt)
 {
     writeManyWagons();
     Start();
-    answerAllStock();
+    dialogs.Answer(host::DialogAnswer::Yes);
     inTheMiddle([this] {
         dialogs.TakeLog();
         Trigger("mnuStockCheckAll");
@@ -228,7 +202,7 @@ TEST_F(ChecksTest, ClosingTheProgramEndsTheCheck)
 {
     writeManyWagons();
     Start();
-    answerAllStock();
+    dialogs.Answer(host::DialogAnswer::Yes);
     inTheMiddle([this] { EXPECT_TRUE(window->close()); });
     Trigger("mnuStockCheckAll");
     EXPECT_EQ(acted, 1);

@@ -56,9 +56,6 @@ TEST(frmSelectorTest, SelectAllAndTheEntriesGoTogether)
     QTest::mouseClick(selector.lvItems->viewport(), Qt::LeftButton, {}, second);
     QTest::mouseDClick(selector.lvItems->viewport(), Qt::LeftButton, {}, second);
     EXPECT_EQ(marks(*selector.lvItems), "A|+B|C");
-    selector.SelectFrom("");
-    EXPECT_FALSE(selector.chkAll->isEnabled());
-    EXPECT_EQ(selector.lblDetails->text(), QString());
 }
 
 TEST(frmSelectorTest, GivesWhatWasMarkedOnlyWhenItIsAccepted)
