@@ -39,6 +39,7 @@ class TSValidation
 {
 public:
     /// The verdicts.
+    // NOLINTBEGIN(readability-identifier-naming): these names are fixed
     static constexpr std::int16_t IsOK = -1;
     static constexpr std::int16_t IsValid = 0;
     static constexpr std::int16_t IsMissing = 1;
@@ -48,6 +49,7 @@ public:
     static constexpr std::int16_t IsSuspect = 5;
     static constexpr std::int16_t HasMissingReference = 6;
     static constexpr std::int16_t IsReferenced = 7;
+    // NOLINTEND(readability-identifier-naming)
 
     /// Both must outlive this object.
     TSValidation(const install::Installation &installation, host::GameFiles &files,
