@@ -35,10 +35,9 @@ protected:
         Lines lines;
         if (defect != m_defects.end())
             for (std::string line : defect->second.report) {
-                std::replace(line.begin(), line.end(), '\\', '/');
                 for (auto at = line.find("<MSTS>"); at != line.npos; at = line.find("<MSTS>"))
                     line.replace(at, 6, m_folder.At("s"));
-                lines.push_back(line);
+                lines.push_back(Shown(line));
             }
         return lines;
     }
@@ -46,12 +45,20 @@ protected:
     Lines files(const std::string &extension) const
     {
         Lines found;
-        const std::filesystem::path base = m_folder.At("s");
+        const std::filesystem::path base = host::path::ToDisk(m_folder.At("s"));
         for (const auto &entry : std::filesystem::recursive_directory_iterator(base))
-            if (entry.path().extension() == extension)
-                found.push_back(entry.path().lexically_relative(base).generic_string());
+            if (entry.path().extension() == extension) {
+                found.push_back(host::path::FromDisk(entry.path().lexically_relative(base)));
+                std::replace(found.back().begin(), found.back().end(), '\\', '/');
+            }
         std::sort(found.begin(), found.end());
         return found;
+    }
+    /// The name of a consist's file, without folder and extension.
+    static std::string nameOf(const std::string &file)
+    {
+        const std::string name(host::path::FileName(file));
+        return name.substr(0, name.size() - 4);
     }
     static Lines errorLines(const std::string &out)
     {
@@ -100,8 +107,9 @@ TEST_F(CheckSampleTest, Shapes)
         const int error = defect->second.error;
         EXPECT_EQ(errorLines(outcome.out), planned(file));
         EXPECT_EQ(outcome.code, planned(file).empty() ? 2 : 1);
-        EXPECT_EQ(outcome.err.starts_with("zelkctl: " + path + ": error " + std::to_string(error)),
-                  error != 0)
+        EXPECT_EQ(
+            outcome.err.starts_with("zelkctl: " + path + ": error " + std::to_string(error)),
+            error != 0)
             << outcome.err;
     }
     EXPECT_GT(clean.size(), 10U);
@@ -112,7 +120,7 @@ TEST_F(CheckSampleTest, Consists)
 {
     for (const std::string &file : files(".con")) {
         SCOPED_TRACE(file);
-        const std::string name = std::filesystem::path(file).stem().string();
+        const std::string name = nameOf(file);
         const bool faulty = m_defects.contains(file) && m_defects[file].check == Check::Consist;
         const Outcome outcome = check({"consist", name});
         EXPECT_EQ(errorLines(outcome.out), faulty ? planned(file) : Lines());
@@ -135,7 +143,7 @@ TEST_F(CheckSampleTest, Use)
         }
     for (const std::string &file : files(".con")) {
         SCOPED_TRACE(file);
-        const std::string name = std::filesystem::path(file).stem().string();
+        const std::string name = nameOf(file);
         const Outcome outcome =
             check({"use", "--consist", name, "--route", "TARNWICK", "--route", "Ochre Coast"});
         EXPECT_EQ(outcome.code, 0);

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/GameFiles.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -20,6 +22,14 @@ inline std::string Utf16(std::string_view ascii)
         bytes += '\0';
     }
     return bytes;
+}
+
+/// Text with paths as this platform shows them.
+inline std::string Shown(std::string text)
+{
+    for (const char separator : {'/', '\\'})
+        std::replace(text.begin(), text.end(), separator, host::path::kSeparator);
+    return text;
 }
 
 /// Runs zelkctl in a folder of its own, to which the tests' file names are relative.
