@@ -108,7 +108,8 @@ std::vector<Template> templates()
 void writeShape(Output &output, const std::string &path, const std::string &shape, ShapeForm form)
 {
     output.Write(path + shape + ".s", ShapeBytes(SmallestShape({shape + ".ace"}), form));
-    output.Write(path + shape + ".sd", DescriptorBytes(shape + ".s", 0, 12));
+    output.Write(path + shape + ".sd",
+                 DescriptorBytes(shape + ".s", 0, {-1.5F, 0, -6}, {1.5F, 4, 6}));
     const Picture panel = PanelPicture(8, {130, 90, 60, 255}, {40, 40, 44, 255}, false);
     output.Write(path + shape + ".ace",
                  AceBytes(panel, {.mipmaps = true, .compressed = !IsTextForm(form)}));

@@ -208,7 +208,7 @@ void addShape(SampleFiles &files, const RouteShape &shape)
         {inRoute(shape.route, "SHAPES/" + file), ShapeBytes(SmallestShape({image}), shape.form)});
     if (shape.alternative >= 0)
         files.push_back({inRoute(shape.route, "SHAPES/" + file + 'd'),
-                         DescriptorBytes(file, shape.alternative, 8)});
+                         DescriptorBytes(file, shape.alternative, {-4, 0, -4}, {4, 6, 4})});
     for (const char place : std::string_view(shape.pictures)) {
         std::string path = place == 's'   ? "TEXTURES/Snow/"
                            : place == 'n' ? "TEXTURES/Night/"

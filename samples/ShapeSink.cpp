@@ -12,7 +12,7 @@
 namespace samples {
 namespace {
 
-constexpr std::array<std::pair<std::string_view, std::uint16_t>, 61> kTokens = {{
+constexpr std::array<std::pair<std::string_view, std::uint16_t>, 68> kTokens = {{
     {"point", 0x02},
     {"vector", 0x03},
     {"normals", 0x05},
@@ -26,6 +26,13 @@ constexpr std::array<std::pair<std::string_view, std::uint16_t>, 61> kTokens = {
     {"texture", 0x0F},
     {"textures", 0x10},
     {"light_materials", 0x12},
+    {"slerp_rot", 0x17},
+    {"tcb_rot", 0x18},
+    {"controllers", 0x19},
+    {"anim_node", 0x1A},
+    {"anim_nodes", 0x1B},
+    {"animation", 0x1C},
+    {"animations", 0x1D},
     {"lod_controls", 0x1F},
     {"lod_control", 0x20},
     {"distance_levels_header", 0x21},

@@ -6,6 +6,7 @@
 #include "samples/TextWriter.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace samples {
 namespace {
@@ -15,22 +16,50 @@ std::uint32_t count(std::size_t size)
     return static_cast<std::uint32_t>(size);
 }
 
+template <typename T> void addOnce(std::vector<T> &all, const T &one)
+{
+    if (std::find(all.begin(), all.end(), one) == all.end())
+        all.push_back(one);
+}
+
+template <typename T> std::uint32_t placeOf(const std::vector<T> &all, const T &one)
+{
+    return static_cast<std::uint32_t>(std::find(all.begin(), all.end(), one) - all.begin());
+}
+
 std::vector<std::string> shadersOf(const ShapeModel &model)
 {
     std::vector<std::string> shaders;
-    for (const ShapePart &part : model.parts)
-        if (std::find(shaders.begin(), shaders.end(), part.shader) == shaders.end())
-            shaders.push_back(part.shader);
+    for (const ShapeLevel &level : model.levels)
+        for (const ShapePart &part : level.parts)
+            addOnce(shaders, part.shader);
     return shaders;
 }
 
+/// A matrix and a material that parts are drawn with.
+using VertexState = std::pair<std::uint32_t, int>;
+
+VertexState stateOf(const ShapePart &part)
+{
+    return {part.matrix, part.material};
+}
+
+std::vector<VertexState> vertexStatesOf(const ShapeModel &model)
+{
+    std::vector<VertexState> all;
+    for (const ShapeLevel &level : model.levels)
+        for (const ShapePart &part : level.parts)
+            addOnce(all, stateOf(part));
+    return all;
+}
+
 /// Which geometry node a matrix has: those that parts use, in order; -1 for the others.
-std::vector<int> nodeOfMatrix(const ShapeModel &model)
+std::vector<int> nodeOfMatrix(const ShapeModel &model, const ShapeLevel &level)
 {
     std::vector<int> nodes(model.matrices.size(), -1);
     int next = 0;
     for (std::size_t i = 0; i < nodes.size(); ++i)
-        if (std::any_of(model.parts.begin(), model.parts.end(),
+        if (std::any_of(level.parts.begin(), level.parts.end(),
                         [&](const ShapePart &part) { return part.matrix == i; }))
             nodes[i] = next++;
     return nodes;
@@ -81,8 +110,8 @@ void head(ShapeSink &sink, const ShapeModel &model)
     sink.Count(1);
     sink.Begin("vol_sphere");
     sink.Begin("vector");
-    for (int i = 0; i < 3; ++i)
-        sink.Real(0);
+    for (const float number : {model.centre.x, model.centre.y, model.centre.z})
+        sink.Real(number);
     sink.End();
     sink.Real(model.radius);
     sink.End();
@@ -150,45 +179,55 @@ void lighting(ShapeSink &sink)
     sink.End();
 }
 
-/// One vertex state per matrix, one primitive state per part.
-void states(ShapeSink &sink, const ShapeModel &model)
+void vertexStates(ShapeSink &sink, const ShapeModel &model)
 {
+    const std::vector<VertexState> all = vertexStatesOf(model);
     sink.Begin("vtx_states");
-    sink.Count(count(model.matrices.size()));
-    for (std::size_t i = 0; i < model.matrices.size(); ++i) {
+    sink.Count(count(all.size()));
+    for (const auto &[matrix, material] : all) {
         sink.Begin("vtx_state");
         sink.Hex(0);
-        sink.Integer(static_cast<std::int32_t>(i));
-        sink.Integer(-5);
+        sink.Integer(static_cast<std::int32_t>(matrix));
+        sink.Integer(material);
         sink.Integer(0);
         sink.Hex(2);
         sink.End();
     }
     sink.End();
+}
+
+/// One per part, in the order of the levels.
+void primitiveStates(ShapeSink &sink, const ShapeModel &model)
+{
     const std::vector<std::string> shaders = shadersOf(model);
+    const std::vector<VertexState> states = vertexStatesOf(model);
+    std::size_t parts = 0;
+    for (const ShapeLevel &level : model.levels)
+        parts += level.parts.size();
     sink.Begin("prim_states");
-    sink.Count(count(model.parts.size()));
-    for (const ShapePart &part : model.parts) {
-        const auto shader = std::find(shaders.begin(), shaders.end(), part.shader);
-        sink.Begin("prim_state", part.name);
-        sink.Hex(0);
-        sink.Count(static_cast<std::uint32_t>(shader - shaders.begin()));
-        numbers(sink, "tex_idxs", {1, part.image});
-        sink.Real(0);
-        sink.Integer(static_cast<std::int32_t>(part.matrix));
-        sink.Count(part.alphaTest ? 1 : 0);
-        sink.Count(0);
-        sink.Count(1);
-        sink.End();
+    sink.Count(count(parts));
+    for (const ShapeLevel &level : model.levels) {
+        for (const ShapePart &part : level.parts) {
+            sink.Begin("prim_state", part.name);
+            sink.Hex(0);
+            sink.Count(placeOf(shaders, part.shader));
+            numbers(sink, "tex_idxs", {1, part.image});
+            sink.Real(0);
+            sink.Count(placeOf(states, stateOf(part)));
+            sink.Count(part.alphaTest ? 1 : 0);
+            sink.Count(0);
+            sink.Count(1);
+            sink.End();
+        }
     }
     sink.End();
 }
 
-void geometryNode(ShapeSink &sink, const ShapeModel &model, std::size_t matrix)
+void geometryNode(ShapeSink &sink, const ShapeLevel &level, std::size_t matrix)
 {
     std::uint32_t parts = 0;
     std::uint32_t indices = 0;
-    for (const ShapePart &part : model.parts) {
+    for (const ShapePart &part : level.parts) {
         if (part.matrix == matrix) {
             ++parts;
             indices += count(part.indices.size());
@@ -201,13 +240,13 @@ void geometryNode(ShapeSink &sink, const ShapeModel &model, std::size_t matrix)
     sink.End();
 }
 
-void geometryInfo(ShapeSink &sink, const ShapeModel &model)
+void geometryInfo(ShapeSink &sink, const ShapeModel &model, const ShapeLevel &level)
 {
     std::uint32_t indices = 0;
-    for (const ShapePart &part : model.parts)
+    for (const ShapePart &part : level.parts)
         indices += count(part.indices.size());
-    const std::uint32_t parts = count(model.parts.size());
-    const std::vector<int> nodes = nodeOfMatrix(model);
+    const std::uint32_t parts = count(level.parts.size());
+    const std::vector<int> nodes = nodeOfMatrix(model, level);
     sink.Begin("geometry_info");
     for (const std::uint32_t value : {indices / 3, parts, 0U, indices, 0U, 0U, parts, 0U, 0U, 0U})
         sink.Count(value);
@@ -216,7 +255,7 @@ void geometryInfo(ShapeSink &sink, const ShapeModel &model)
                count(static_cast<std::size_t>(std::count(nodes.begin(), nodes.end(), -1))));
     for (std::size_t i = 0; i < nodes.size(); ++i)
         if (nodes[i] >= 0)
-            geometryNode(sink, model, i);
+            geometryNode(sink, level, i);
     sink.End();
     sink.Begin("geometry_node_map");
     sink.Count(count(nodes.size()));
@@ -226,7 +265,7 @@ void geometryInfo(ShapeSink &sink, const ShapeModel &model)
     sink.End();
 }
 
-void subObjectHeader(ShapeSink &sink, const ShapeModel &model)
+void subObjectHeader(ShapeSink &sink, const ShapeModel &model, const ShapeLevel &level)
 {
     sink.Begin("sub_object_header");
     sink.Hex(0x400);
@@ -234,21 +273,21 @@ void subObjectHeader(ShapeSink &sink, const ShapeModel &model)
     sink.Integer(-1);
     sink.Hex(0x1D2);
     sink.Hex(0x1C4);
-    geometryInfo(sink, model);
+    geometryInfo(sink, model, level);
     numbers(sink, "subobject_shaders", {1, 0});
     numbers(sink, "subobject_light_cfgs", {1, 0});
     sink.Count(0);
     sink.End();
 }
 
-void vertices(ShapeSink &sink, const ShapeModel &model)
+void vertices(ShapeSink &sink, const ShapeModel &model, const ShapeLevel &level)
 {
     std::uint32_t total = 0;
-    for (const ShapePart &part : model.parts)
+    for (const ShapePart &part : level.parts)
         total += count(part.corners.size());
     sink.Begin("vertices");
     sink.Count(total);
-    for (const ShapePart &part : model.parts) {
+    for (const ShapePart &part : level.parts) {
         for (const Corner &corner : part.corners) {
             sink.Begin("vertex");
             sink.Hex(0);
@@ -262,10 +301,12 @@ void vertices(ShapeSink &sink, const ShapeModel &model)
     }
     sink.End();
     sink.Begin("vertex_sets");
-    sink.Count(count(model.parts.size()));
+    sink.Count(count(level.parts.size()));
+    const std::vector<VertexState> states = vertexStatesOf(model);
     std::uint32_t first = 0;
-    for (const ShapePart &part : model.parts) {
-        numbers(sink, "vertex_set", {part.matrix, first, count(part.corners.size())});
+    for (const ShapePart &part : level.parts) {
+        numbers(sink, "vertex_set",
+                {placeOf(states, stateOf(part)), first, count(part.corners.size())});
         first += count(part.corners.size());
     }
     sink.End();
@@ -295,24 +336,24 @@ void triangles(ShapeSink &sink, const ShapePart &part, std::uint32_t firstCorner
     sink.End();
 }
 
-void primitives(ShapeSink &sink, const ShapeModel &model)
+void primitives(ShapeSink &sink, const ShapeLevel &level, std::uint32_t firstState)
 {
     sink.Begin("primitives");
-    sink.Count(2 * count(model.parts.size()));
+    sink.Count(2 * count(level.parts.size()));
     std::uint32_t firstCorner = 0;
-    for (std::uint32_t i = 0; i < model.parts.size(); ++i) {
-        numbers(sink, "prim_state_idx", {i});
-        triangles(sink, model.parts[i], firstCorner);
-        firstCorner += count(model.parts[i].corners.size());
+    for (std::uint32_t i = 0; i < level.parts.size(); ++i) {
+        numbers(sink, "prim_state_idx", {firstState + i});
+        triangles(sink, level.parts[i], firstCorner);
+        firstCorner += count(level.parts[i].corners.size());
     }
     sink.End();
 }
 
-void levelHeader(ShapeSink &sink, const ShapeModel &model)
+void levelHeader(ShapeSink &sink, const ShapeModel &model, const ShapeLevel &level)
 {
     sink.Begin("distance_level_header");
     sink.Begin("dlevel_selection");
-    sink.Real(2000);
+    sink.Real(level.distance);
     sink.End();
     sink.Begin("hierarchy");
     sink.Count(count(model.matrices.size()));
@@ -329,16 +370,58 @@ void levels(ShapeSink &sink, const ShapeModel &model)
     sink.Begin("lod_control");
     numbers(sink, "distance_levels_header", {0});
     sink.Begin("distance_levels");
+    sink.Count(count(model.levels.size()));
+    std::uint32_t firstState = 0;
+    for (const ShapeLevel &level : model.levels) {
+        sink.Begin("distance_level");
+        levelHeader(sink, model, level);
+        sink.Begin("sub_objects");
+        sink.Count(1);
+        sink.Begin("sub_object");
+        subObjectHeader(sink, model, level);
+        vertices(sink, model, level);
+        primitives(sink, level, firstState);
+        for (int open = 3; open > 0; --open)
+            sink.End();
+        firstState += count(level.parts.size());
+    }
+    for (int open = 3; open > 0; --open)
+        sink.End();
+}
+
+void turn(ShapeSink &sink, const ShapeMatrix &matrix)
+{
+    sink.Begin("anim_node", matrix.label);
+    sink.Begin("controllers");
+    sink.Count(matrix.turn.empty() ? 0 : 1);
+    if (!matrix.turn.empty()) {
+        sink.Begin("tcb_rot");
+        sink.Count(count(matrix.turn.size()));
+        for (const RotationKey &key : matrix.turn) {
+            sink.Begin("slerp_rot");
+            sink.Count(key.frame);
+            for (const float number : key.rotation)
+                sink.Real(number);
+            sink.End();
+        }
+        sink.End();
+    }
+    sink.End();
+    sink.End();
+}
+
+void animations(ShapeSink &sink, const ShapeModel &model)
+{
+    sink.Begin("animations");
     sink.Count(1);
-    sink.Begin("distance_level");
-    levelHeader(sink, model);
-    sink.Begin("sub_objects");
-    sink.Count(1);
-    sink.Begin("sub_object");
-    subObjectHeader(sink, model);
-    vertices(sink, model);
-    primitives(sink, model);
-    for (int open = 6; open > 0; --open)
+    sink.Begin("animation");
+    sink.Count(model.frames);
+    sink.Count(30);
+    sink.Begin("anim_nodes");
+    sink.Count(count(model.matrices.size()));
+    for (const ShapeMatrix &matrix : model.matrices)
+        turn(sink, matrix);
+    for (int open = 3; open > 0; --open)
         sink.End();
 }
 
@@ -349,8 +432,11 @@ void describe(ShapeSink &sink, const ShapeModel &model)
     geometry(sink, model);
     textures(sink, model);
     lighting(sink);
-    states(sink, model);
+    vertexStates(sink, model);
+    primitiveStates(sink, model);
     levels(sink, model);
+    if (model.frames != 0)
+        animations(sink, model);
     sink.End();
 }
 
@@ -410,7 +496,7 @@ ShapeModel SmallestShape(std::vector<std::string> images)
     part.name = "MAIN_a";
     part.corners = {{0, 0, 0}, {1, 0, 1}, {2, 0, 2}};
     part.indices = {0, 1, 2};
-    model.parts.push_back(std::move(part));
+    model.levels.push_back({.parts = {std::move(part)}});
     return model;
 }
 

@@ -24,13 +24,24 @@ struct Uv
     float v = 0;
 };
 
+/// A quaternion x, y, z, w, conjugated as the files have it.
+struct RotationKey
+{
+    std::uint32_t frame = 0;
+    std::array<float, 4> rotation = {0, 0, 0, 1};
+};
+
 /// Rows A, B, C and the translation D of a row-vector matrix; `parent` is -1 for a root.
 struct ShapeMatrix
 {
     std::string label;
     std::array<float, 12> rows = {1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0};
     int parent = -1;
+    std::vector<RotationKey> turn = {}; ///< its animation; none for what stands still
 };
+
+inline constexpr int kNormalMaterial = -5;
+inline constexpr int kShinyMaterial = -6;
 
 /// Indices into the points, normals and texture points of the shape.
 struct Corner
@@ -48,20 +59,30 @@ struct ShapePart
     std::uint32_t image = 0;
     std::uint32_t matrix = 0;
     bool alphaTest = false;
+    int material = kNormalMaterial;
     std::vector<Corner> corners;
     std::vector<std::uint32_t> indices; ///< into `corners`, three per triangle
 };
 
-/// A shape with one level of detail.
+/// What is drawn up to this distance in metres.
+struct ShapeLevel
+{
+    float distance = 2000;
+    std::vector<ShapePart> parts;
+};
+
+/// A shape; its levels of detail go from near to far and share points, matrices and images.
 struct ShapeModel
 {
+    Vec3 centre; ///< of the sphere around it
     float radius = 1;
     std::vector<Vec3> points;
     std::vector<Uv> uvs;
     std::vector<Vec3> normals;
     std::vector<ShapeMatrix> matrices;
     std::vector<std::string> images;
-    std::vector<ShapePart> parts;
+    std::vector<ShapeLevel> levels;
+    std::uint32_t frames = 0; ///< of the animation at 30 a second; 0 for none
     /// Written as the count of images where it is not the true one.
     std::optional<std::uint32_t> imagesDeclared;
 };

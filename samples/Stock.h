@@ -5,6 +5,7 @@
 #include "samples/SampleFile.h"
 #include "samples/ShapeWriter.h"
 #include "samples/TextWriter.h"
+#include "samples/Vehicles.h"
 
 #include <span>
 #include <string>
@@ -74,12 +75,16 @@ struct Vehicle
     Fault fault = Fault::None;
 };
 
-/// One shape in a stock folder, with its pictures.
+/// One shape in a stock folder, with its pictures: its own and those that the folder shares; in the
+/// repair sidings its own only.
 struct StockShape
 {
     const char *folder;
     const char *name; ///< without extension; also that of its first picture
     ShapeForm form;
+    Design design;
+    const char *initials; ///< painted on, with the number
+    const char *number;
     Colour base;
     Colour trim;
     AceFormat picture = {};
@@ -95,14 +100,17 @@ std::span<const StockShape> StockShapes();
 /// The vehicle of this folder and file; throws std::out_of_range.
 const Vehicle &FindVehicle(std::string_view folder, std::string_view file);
 
+/// Width and height of a vehicle that has no model of its own, in metres.
+inline constexpr Vec2 kPlainSection{3, 4};
+
 /// The text of an .eng or .wag, LF line ends.
-std::string StockText(const Vehicle &vehicle);
-std::string StockBytes(const Vehicle &vehicle);
+std::string StockText(const Vehicle &vehicle, Vec2 section = kPlainSection);
 /// "TRAINS/TRAINSET/<folder>/<file>.eng" or ".wag".
 std::string StockPath(const Vehicle &vehicle);
 
-/// The text of a shape descriptor; a negative `alternative` leaves the setting out.
-std::string DescriptorBytes(std::string_view shapeFile, int alternative, float length);
+/// A shape descriptor with this bounding box; a negative `alternative` leaves the setting out.
+std::string DescriptorBytes(std::string_view shapeFile, int alternative, const Vec3 &low,
+                            const Vec3 &high);
 
 /// All stock files, shapes, descriptors and pictures.
 SampleFiles StockFiles();

@@ -92,44 +92,45 @@ constexpr std::array kVehicles = std::to_array<Vehicle>({
 });
 
 using S = ShapeForm;
-constexpr Colour kBlue{40, 60, 120, 255}, kCream{230, 220, 190, 255}, kBlack{30, 30, 34, 255}, kBrown{110, 70, 45, 255};
+using D = Design;
+constexpr Colour kBlue{40, 60, 120, 255}, kCream{230, 220, 190, 255}, kBlack{44, 44, 48, 255}, kBrown{110, 70, 45, 255};
 constexpr Colour kRed{150, 40, 40, 255}, kGrey{120, 124, 128, 255}, kGreen{40, 92, 58, 255}, kYellow{220, 180, 60, 255};
 constexpr Colour kWhite{235, 238, 240, 255}, kOchre{190, 125, 45, 255};
 constexpr AceFormat kPlain{}, kLevels{.mipmaps = true}, kPacked{.mipmaps = true, .compressed = true};
 constexpr AceFormat kMask{.alpha = AceAlpha::Mask}, kFull{.alpha = AceAlpha::Full, .compressed = true};
 constexpr AceFormat kDxt{.mipmaps = true, .dxt1 = true}, kDxtMask{.alpha = AceAlpha::Mask, .mipmaps = true, .dxt1 = true, .compressed = true};
 
-// One row per shape: folder, name, form, colours, picture, then what is wrong.
+// One row per shape: folder, name, form, design, lettering, colours, picture, then what is wrong.
 constexpr std::array kShapes = std::to_array<StockShape>({
-    {kArdmoor, "avr_d401", S::TextUtf16, kBlue, kCream, kLevels},
-    {kArdmoor, "avr_hopper_11", S::Binary, kBlack, kGrey, kPacked},
-    {kArdmoor, "avr_caboose", S::TextUtf16, kRed, kYellow, kMask},
-    {kFlats, "flat 6201", S::Compressed, kBrown, kBlack, kDxt},
-    {kFlats, "flat 6202", S::TextUtf16, kBrown, kGrey, kPlain},
-    {kForest, "fwb_e94", S::CompressedTrailingBytes, kGreen, kBlack, kDxtMask},
-    {kForest, "fwb_abteil", S::Text8Bit, kGreen, kCream, kFull},
-    {kForest, "fwb_güterwagen", S::TextUtf16, kBrown, kWhite, kPlain},
-    {kSteam, "TSR_462", S::TextLateMark, kGreen, kBlack, kPacked},
-    {kSteam, "TSR_462_TENDER", S::Compressed, kGreen, kBlack, kLevels},
-    {kSteam, "TSR_060T", S::TextUtf16, kBlack, kRed, kPlain},
-    {kSteam, "TSR_COACH_3RD", S::TextUtf16, kRed, kCream, kDxt},
-    {kSteam, "TSR_BRAKE", S::CompressedOddHeader, kRed, kCream, kMask},
-    {kElectric, "nfe_10", S::TextUtf16, kWhite, kBlue, kFull},
-    {kElectric, "nfe_trailer", S::Compressed, kWhite, kBlue, kPacked},
-    {kCoast, "clr_railcar", S::TextUtf16, kOchre, kCream, kDxtMask},
-    {kCoast, "coach_first", S::TextUtf16, kOchre, kWhite, kMask},
-    {kCoast, "coach_second", S::Compressed, kOchre, kCream, kPacked},
-    {kCoast, "coach_diner", S::TextUtf16, kOchre, kRed, kLevels},
-    {kBoxes, "box_501", S::TextUtf16, kBrown, kWhite, kPlain},
-    {kBoxes, "van_ice", S::Text8Bit, kWhite, kGrey, kPacked},
-    {kBoxes, "Ochre&Co_705", S::Binary, kOchre, kBlack, kDxt},
-    {kBoxes, "tank_21", S::TextUtf16, kGrey, kBlack, kPlain},
-    {kRepair, "rs_box", S::TextUtf16, kGrey, kBrown, kPlain},
-    {kRepair, "rs_loco", S::TextUtf16, kGrey, kRed, kPlain},
-    {.folder = kRepair, .name = "rs_nodesc", .form = S::TextUtf16, .base = kGrey, .trim = kBrown, .descriptor = false},
-    {.folder = kRepair, .name = "rs_paint", .form = S::TextUtf16, .base = kGrey, .trim = kBrown, .pictureThere = false},
-    {.folder = kRepair, .name = "rs_over", .form = S::TextUtf16, .base = kGrey, .trim = kBrown, .images = 2, .imagesDeclared = 3},
-    {.folder = kRepair, .name = "rs_under", .form = S::TextUtf16, .base = kGrey, .trim = kBrown, .images = 2, .imagesDeclared = 1},
+    {kArdmoor, "avr_d401", S::TextUtf16, D::HoodDiesel, "ARDMOOR VALLEY", "D401", kBlue, kCream, kLevels},
+    {kArdmoor, "avr_hopper_11", S::Binary, D::Hopper, "AVR", "11", kBlack, kWhite, kPacked},
+    {kArdmoor, "avr_caboose", S::TextUtf16, D::Caboose, "AVR", "7", kRed, kYellow, kMask},
+    {kFlats, "flat 6201", S::Compressed, D::FlatCar, "KFX", "6201", kBrown, kWhite, kDxt},
+    {kFlats, "flat 6202", S::TextUtf16, D::PipeFlat, "KFX", "6202", kBrown, kYellow, kPlain},
+    {kForest, "fwb_e94", S::CompressedTrailingBytes, D::ElectricEngine, "FWB", "E 94", kGreen, kCream, kDxtMask},
+    {kForest, "fwb_abteil", S::Text8Bit, D::CompartmentCoach, "FWB", "204", kGreen, kCream, kFull},
+    {kForest, "fwb_güterwagen", S::TextUtf16, D::GoodsVan, "FWB", "1420", kBrown, kWhite, kPlain},
+    {kSteam, "TSR_462", S::TextLateMark, D::ExpressSteam, "TSR", "462", kGreen, kCream, kPacked},
+    {kSteam, "TSR_462_TENDER", S::Compressed, D::Tender, "TARNWICK", "462", kGreen, kCream, kLevels},
+    {kSteam, "TSR_060T", S::TextUtf16, D::TankSteam, "TSR", "60", kBlack, kRed, kPlain},
+    {kSteam, "TSR_COACH_3RD", S::TextUtf16, D::CompartmentCoach, "TSR", "31", kRed, kCream, kDxt},
+    {kSteam, "TSR_BRAKE", S::CompressedOddHeader, D::BrakeCoach, "TSR", "44", kRed, kCream, kMask},
+    {kElectric, "nfe_10", S::TextUtf16, D::MotorCoach, "NORTHFOLD", "10", kWhite, kBlue, kFull},
+    {kElectric, "nfe_trailer", S::Compressed, D::Trailer, "NORTHFOLD", "52", kWhite, kBlue, kPacked},
+    {kCoast, "clr_railcar", S::TextUtf16, D::Railcar, "COASTLINE", "3", kOchre, kCream, kDxtMask},
+    {kCoast, "coach_first", S::TextUtf16, D::Coach, "COASTLINE", "11", kOchre, kWhite, kMask},
+    {kCoast, "coach_second", S::Compressed, D::Trailer, "COASTLINE", "27", kOchre, kCream, kPacked},
+    {kCoast, "coach_diner", S::TextUtf16, D::DiningCar, "COASTLINE", "31", kOchre, kRed, kLevels},
+    {kBoxes, "box_501", S::TextUtf16, D::BoxCar, "BVX", "501", kBrown, kWhite, kPlain},
+    {kBoxes, "van_ice", S::Text8Bit, D::IceVan, "BVX", "88", kWhite, kBlue, kPacked},
+    {kBoxes, "Ochre&Co_705", S::Binary, D::TankCar, "OCHRE & CO", "705", kOchre, kBlack, kDxt},
+    {kBoxes, "tank_21", S::TextUtf16, D::TankCar, "BVX", "21", kGrey, kBlack, kPlain},
+    {kRepair, "rs_box", S::TextUtf16, D::BoxCar, "RS", "12", kGrey, kBlack, kPlain},
+    {kRepair, "rs_loco", S::TextUtf16, D::HoodDiesel, "RS", "9", kGrey, kRed, kPlain},
+    {.folder = kRepair, .name = "rs_nodesc", .form = S::TextUtf16, .design = D::BoxCar, .initials = "RS", .number = "12", .base = kGrey, .trim = kBlack, .descriptor = false},
+    {.folder = kRepair, .name = "rs_paint", .form = S::TextUtf16, .design = D::BoxCar, .initials = "RS", .number = "12", .base = kGrey, .trim = kBlack, .pictureThere = false},
+    {.folder = kRepair, .name = "rs_over", .form = S::TextUtf16, .design = D::BoxCar, .initials = "RS", .number = "12", .base = kGrey, .trim = kBlack, .images = 2, .imagesDeclared = 3},
+    {.folder = kRepair, .name = "rs_under", .form = S::TextUtf16, .design = D::BoxCar, .initials = "RS", .number = "12", .base = kGrey, .trim = kBlack, .images = 2, .imagesDeclared = 1},
 });
 // clang-format on
 

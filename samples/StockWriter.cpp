@@ -1,13 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "samples/Stock.h"
+#include "samples/Vehicles.h"
 
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <map>
+#include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace samples {
 namespace {
 
 constexpr std::string_view kTrainset = "TRAINS/TRAINSET/";
-constexpr int kPictureSide = 8;
+constexpr const char *kRepair = "Repair Sidings";
+constexpr const char *kWeathered = "weathered.ace";
 
 std::string_view typeOf(Kind kind)
 {
@@ -33,14 +42,20 @@ std::string line(std::string_view name, std::string_view values)
     return "\t" + std::string(name) + " ( " + std::string(values) + " )\n";
 }
 
+/// To the centimetre.
+float rounded(float value)
+{
+    return std::round(value * 100) / 100;
+}
+
 std::string metres(float value)
 {
     return Number(value) + "m";
 }
 
-std::string sizeLine(float length)
+std::string sizeLine(Vec2 section, float length)
 {
-    return line("Size", "3m 4m " + metres(length));
+    return line("Size", metres(section.x) + ' ' + metres(section.y) + ' ' + metres(length));
 }
 
 /// Lines at the end of the Wagon block: whatever a reader makes of them, what a check needs has
@@ -67,7 +82,7 @@ std::string quirkLines(Quirk quirk)
     }
 }
 
-std::string wagonBlock(const Vehicle &v)
+std::string wagonBlock(const Vehicle &v, Vec2 section)
 {
     const bool engine = IsEngine(v.kind);
     std::string out = v.fault == Fault::NoWagonBlock ? "Waggon ( " : "Wagon ( ";
@@ -78,8 +93,8 @@ std::string wagonBlock(const Vehicle &v)
     if (*v.thumbnail != '\0')
         out += line("Thumbnail", Quoted(v.thumbnail));
     if (v.quirk == Quirk::DisabledSize)
-        out += "\t#" + sizeLine(v.length + 1).substr(1);
-    out += sizeLine(v.length);
+        out += "\t#" + sizeLine(section, v.length + 1).substr(1);
+    out += sizeLine(section, v.length);
     out += line("Mass", Number(v.length * (engine ? 5.0F : 2.0F)) + "t");
     out += line("WheelRadius", "0.46m");
     out += line("NumWheels", "4");
@@ -124,32 +139,83 @@ float lengthFor(const StockShape &shape)
     return 12;
 }
 
-void addShape(SampleFiles &files, const StockShape &shape)
+bool isAlone(const StockShape &shape)
+{
+    return shape.folder == std::string_view(kRepair);
+}
+
+std::vector<std::string> imagesOf(const StockShape &shape)
+{
+    std::vector<std::string> images = {std::string(shape.name) + ".ace"};
+    if (!isAlone(shape))
+        images.insert(images.end(), {kGearFile, kGlassFile});
+    else if (shape.images > 1)
+        images.emplace_back(kWeathered);
+    return images;
+}
+
+BuiltVehicle built(const StockShape &shape)
+{
+    BuiltVehicle vehicle = BuildVehicle(shape.design, {.length = lengthFor(shape),
+                                                       .base = shape.base,
+                                                       .trim = shape.trim,
+                                                       .initials = shape.initials,
+                                                       .number = shape.number,
+                                                       .alpha = shape.picture.alpha,
+                                                       .alone = isAlone(shape),
+                                                       .images = imagesOf(shape)});
+    if (shape.imagesDeclared != 0)
+        vehicle.model.imagesDeclared = static_cast<std::uint32_t>(shape.imagesDeclared);
+    return vehicle;
+}
+
+void addShape(SampleFiles &files, const StockShape &shape, const BuiltVehicle &vehicle)
 {
     const std::string path = folderPath(shape.folder) + shape.name;
-    const std::string picture = std::string(shape.name) + ".ace";
-    std::vector<std::string> images = {picture};
-    if (shape.images > 1)
-        images.emplace_back("weathered.ace");
-    ShapeModel model = SmallestShape(images);
-    if (shape.imagesDeclared != 0)
-        model.imagesDeclared = static_cast<std::uint32_t>(shape.imagesDeclared);
-    files.push_back({path + ".s", ShapeBytes(model, shape.form)});
+    files.push_back({path + ".s", ShapeBytes(vehicle.model, shape.form)});
     if (shape.descriptor)
-        files.push_back(
-            {path + ".sd", DescriptorBytes(shape.name + std::string(".s"), 0, lengthFor(shape))});
-    const bool window = shape.picture.alpha != AceAlpha::None;
+        files.push_back({path + ".sd", DescriptorBytes(shape.name + std::string(".s"), 0,
+                                                       vehicle.low, vehicle.high)});
     if (shape.pictureThere)
-        files.push_back(
-            {path + ".ace",
-             AceBytes(PanelPicture(kPictureSide, shape.base, shape.trim, window), shape.picture)});
+        files.push_back({path + ".ace", AceBytes(vehicle.picture, shape.picture)});
+}
+
+/// The pictures that the vehicles of a folder share; every other folder has the gear in blocks.
+void addShared(SampleFiles &files)
+{
+    std::set<std::string_view> folders;
+    for (const StockShape &shape : StockShapes())
+        if (!isAlone(shape))
+            folders.insert(shape.folder);
+    bool blocks = false;
+    for (const std::string_view folder : folders) {
+        const AceFormat gear{
+            .alpha = AceAlpha::Mask, .mipmaps = true, .dxt1 = blocks, .compressed = !blocks};
+        const AceFormat glass{.alpha = AceAlpha::Full, .mipmaps = true};
+        files.push_back({folderPath(folder) + kGearFile, AceBytes(GearPicture(), gear)});
+        files.push_back({folderPath(folder) + kGlassFile, AceBytes(GlassPicture(), glass)});
+        blocks = !blocks;
+    }
+}
+
+std::string lower(std::string text)
+{
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    return text;
+}
+
+/// A shape as vehicles find it: by folder and file, ignoring case.
+std::string keyOf(std::string_view folder, std::string_view shapeFile)
+{
+    return lower(std::string(folder) + '/' + std::string(shapeFile));
 }
 
 } // namespace
 
-std::string StockText(const Vehicle &vehicle)
+std::string StockText(const Vehicle &vehicle, Vec2 section)
 {
-    std::string text = wagonBlock(vehicle);
+    std::string text = wagonBlock(vehicle, section);
     if (IsEngine(vehicle.kind) && vehicle.fault != Fault::NoEngineBlock)
         text += engineBlock(vehicle);
     if (vehicle.quirk == Quirk::SurplusBracket)
@@ -159,36 +225,46 @@ std::string StockText(const Vehicle &vehicle)
     return text;
 }
 
-std::string StockBytes(const Vehicle &vehicle)
-{
-    return EncodeText("D0", StockText(vehicle), vehicle.format);
-}
-
 std::string StockPath(const Vehicle &vehicle)
 {
     return folderPath(vehicle.folder) + vehicle.file + (IsEngine(vehicle.kind) ? ".eng" : ".wag");
 }
 
-std::string DescriptorBytes(std::string_view shapeFile, int alternative, float length)
+std::string DescriptorBytes(std::string_view shapeFile, int alternative, const Vec3 &low,
+                            const Vec3 &high)
 {
     std::string text = "shape ( " + Quoted(shapeFile) + '\n';
     text += line("ESD_Detail_Level", "0");
     if (alternative >= 0)
         text += line("ESD_Alternative_Texture", std::to_string(alternative));
-    const std::string half = Number(length / 2);
-    text += line("ESD_Bounding_Box", "-1.5 0 -" + half + " 1.5 4 " + half);
+    std::string box;
+    for (const float value : {low.x, low.y, low.z, high.x, high.y, high.z})
+        box += (box.empty() ? "" : " ") + Number(rounded(value));
+    text += line("ESD_Bounding_Box", box);
     return EncodeText("t1", text + ")\n");
 }
 
 SampleFiles StockFiles()
 {
+    SampleFiles shapes;
+    std::map<std::string, Vec2> sections;
+    for (const StockShape &shape : StockShapes()) {
+        const BuiltVehicle vehicle = built(shape);
+        addShape(shapes, shape, vehicle);
+        sections[keyOf(shape.folder, shape.name + std::string(".s"))] = {
+            rounded(vehicle.high.x - vehicle.low.x), rounded(vehicle.high.y)};
+    }
     SampleFiles files;
-    for (const Vehicle &vehicle : Vehicles())
-        files.push_back({StockPath(vehicle), StockBytes(vehicle)});
-    for (const StockShape &shape : StockShapes())
-        addShape(files, shape);
-    const Picture rust = PanelPicture(kPictureSide, {120, 80, 60, 255}, {90, 60, 45, 255}, false);
-    files.push_back({folderPath("Repair Sidings") + "weathered.ace", AceBytes(rust, {})});
+    for (const Vehicle &vehicle : Vehicles()) {
+        const auto at = sections.find(keyOf(vehicle.folder, vehicle.shape));
+        const Vec2 section = at != sections.end() ? at->second : kPlainSection;
+        files.push_back(
+            {StockPath(vehicle), EncodeText("D0", StockText(vehicle, section), vehicle.format)});
+    }
+    std::move(shapes.begin(), shapes.end(), std::back_inserter(files));
+    addShared(files);
+    const Picture rust = PanelPicture(8, {120, 80, 60, 255}, {90, 60, 45, 255}, false);
+    files.push_back({folderPath(kRepair) + kWeathered, AceBytes(rust, {})});
     files.push_back({std::string(kTrainset) + "Common.Inc/brakes.inc",
                      EncodeText("D0", "\nMaxBrakeForce ( 60kN )\n",
                                 {.encoding = Encoding::Windows1252, .header = Header::None})});

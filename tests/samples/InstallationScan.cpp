@@ -243,8 +243,11 @@ void Installation::scanShape(Found &found, const std::string &path, const std::s
         if (code == "257")
             places.push_back(base + "Night/");
     }
+    // A small part of a large text, in which the search for words would take its time.
+    const std::size_t first = text.find("images (");
+    const std::string images = text.substr(first, text.find("textures (", first) - first);
     for (const std::string &place : places)
-        for (const std::string &name : FirstValues(text, "image"))
+        for (const std::string &name : FirstValues(images, "image"))
             need(found, path, place, name);
 }
 

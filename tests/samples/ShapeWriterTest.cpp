@@ -37,13 +37,13 @@ ShapeModel twoParts()
     ShapeModel model = SmallestShape({"a.ace", "b.ace"});
     model.matrices.push_back({"BOGIE1", {1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0.5F, 2}, 0});
     model.matrices.push_back({"SPARE", {}, 0});
-    samples::ShapePart glass = model.parts.front();
+    samples::ShapePart glass = model.levels.front().parts.front();
     glass.name = "glass";
     glass.shader = "BlendATexDiff";
     glass.image = 1;
     glass.matrix = 1;
     glass.alphaTest = true;
-    model.parts.push_back(glass);
+    model.levels.front().parts.push_back(glass);
     return model;
 }
 
