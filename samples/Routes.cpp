@@ -45,18 +45,20 @@ constexpr std::array kServices = std::to_array<Service>({
 });
 
 using S = ShapeForm;
+using B = Building;
 constexpr std::array kShapes = std::to_array<RouteShape>({
-    {kVale, "station", S::TextUtf16, 0, "b"},
-    {kVale, "!signal hut", S::Text8Bit, 1, "bs"},
-    {kVale, "gas_lamp", S::TextUtf16, 257, "bsn"},
-    {kVale, "water_tower", S::Compressed, 0, "b"},
-    {kVale, "barn", S::TextUtf16, 252, "b"},
-    {kVale, "chapel", S::TextUtf16, 257, "bs"},
-    {kCoast, "Fährhaus", S::TextUtf16, 0, "b"},
-    {kCoast, "crane", S::Binary, 0, "b"},
-    {kCoast, "pier", S::TextUtf16, 256, "b"},
-    {kCoast, "shed", S::TextUtf16, -1, "b"},
-    {kCoast, "bridge", S::TextUtf16, 0, ""},
+    {kVale, "station", S::TextUtf16, B::Station, 0, "b"},
+    {kVale, "!signal hut", S::Text8Bit, B::SignalHut, 1, "bs"},
+    {kVale, "gas_lamp", S::TextUtf16, B::GasLamp, 257, "bsn"},
+    {kVale, "water_tower", S::Compressed, B::WaterTower, 0, "b"},
+    {kVale, "cottage", S::TextUtf16, B::Cottage, 252 + 256, "bspPaAwWn"},
+    {kVale, "barn", S::TextUtf16, B::Barn, 252, "b"},
+    {kVale, "chapel", S::TextUtf16, B::Chapel, 257, "bs"},
+    {kCoast, "Fährhaus", S::TextUtf16, B::FerryHouse, 0, "b"},
+    {kCoast, "crane", S::Binary, B::Crane, 0, "b"},
+    {kCoast, "pier", S::TextUtf16, B::Pier, 256, "b"},
+    {kCoast, "shed", S::TextUtf16, B::Shed, -1, "b"},
+    {kCoast, "bridge", S::TextUtf16, B::Bridge, 0, ""},
 });
 // clang-format on
 
@@ -194,30 +196,56 @@ std::string activityText(const Activity &activity)
     return out + "\t)\n)\n";
 }
 
-std::string picture(Colour base, bool compressed)
+std::string picture(Colour base)
 {
     return AceBytes(PanelPicture(8, base, {60, 60, 64, 255}, false),
-                    {.mipmaps = true, .compressed = compressed});
+                    {.mipmaps = true, .compressed = true});
+}
+
+struct SeasonFolder
+{
+    char letter;
+    Season season;
+    const char *folder;
+};
+
+constexpr std::array kSeasons = std::to_array<SeasonFolder>({
+    {'b', Season::Summer, ""},
+    {'s', Season::Snow, "Snow/"},
+    {'n', Season::Night, "Night/"},
+    {'p', Season::Spring, "Spring/"},
+    {'P', Season::SpringSnow, "SpringSnow/"},
+    {'a', Season::Autumn, "Autumn/"},
+    {'A', Season::AutumnSnow, "AutumnSnow/"},
+    {'w', Season::Winter, "Winter/"},
+    {'W', Season::WinterSnow, "WinterSnow/"},
+});
+
+/// The base picture is compressed; those of the four seasons are in blocks.
+AceFormat formatOf(Season season)
+{
+    const bool plain = season == Season::Snow || season == Season::Night;
+    return {.mipmaps = true,
+            .dxt1 = season != Season::Summer && !plain,
+            .compressed = season == Season::Summer};
 }
 
 void addShape(SampleFiles &files, const RouteShape &shape)
 {
     const std::string file = std::string(shape.name) + ".s";
     const std::string image = std::string(shape.name) + ".ace";
-    files.push_back(
-        {inRoute(shape.route, "SHAPES/" + file), ShapeBytes(SmallestShape({image}), shape.form)});
+    const BuiltScenery built = BuildScenery(shape.building, Season::Summer, image);
+    files.push_back({inRoute(shape.route, "SHAPES/" + file), ShapeBytes(built.model, shape.form)});
     if (shape.alternative >= 0)
         files.push_back({inRoute(shape.route, "SHAPES/" + file + 'd'),
-                         DescriptorBytes(file, shape.alternative, {-4, 0, -4}, {4, 6, 4})});
-    for (const char place : std::string_view(shape.pictures)) {
-        std::string path = place == 's'   ? "TEXTURES/Snow/"
-                           : place == 'n' ? "TEXTURES/Night/"
-                                          : "TEXTURES/";
-        path += image;
-        const Colour base = place == 's'   ? Colour{240, 244, 250, 255}
-                            : place == 'n' ? Colour{50, 45, 30, 255}
-                                           : Colour{150, 130, 100, 255};
-        files.push_back({inRoute(shape.route, path), picture(base, place == 'b')});
+                         DescriptorBytes(file, shape.alternative, built.low, built.high)});
+    const std::string_view pictures = shape.pictures;
+    for (const SeasonFolder &at : kSeasons) {
+        if (pictures.find(at.letter) == std::string_view::npos)
+            continue;
+        const BuiltScenery seasonal = BuildScenery(shape.building, at.season, image);
+        files.push_back({inRoute(shape.route, std::string("TEXTURES/") + at.folder + image),
+                         AceBytes(seasonal.picture, formatOf(at.season))});
     }
 }
 
@@ -225,7 +253,7 @@ void addRoute(SampleFiles &files, const char *folder, const std::string &trk)
 {
     files.push_back({inRoute(folder, folder + std::string(".trk")), trk});
     for (const char *name : {"graphic.ace", "load.ace"})
-        files.push_back({inRoute(folder, name), picture({90, 120, 150, 255}, true)});
+        files.push_back({inRoute(folder, name), picture({90, 120, 150, 255})});
 }
 
 void addTraffic(SampleFiles &files)

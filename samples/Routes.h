@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "samples/Buildings.h"
 #include "samples/SampleFile.h"
 #include "samples/ShapeWriter.h"
 
@@ -14,8 +15,11 @@ struct RouteShape
     const char *route;
     const char *name; ///< without extension; also that of its picture
     ShapeForm form;
-    int alternative;      ///< setting in the descriptor; negative: no descriptor
-    const char *pictures; ///< where the picture is: 'b' base folder, 's' Snow, 'n' Night
+    Building building;
+    int alternative; ///< setting in the descriptor; negative: no descriptor
+    /// Where the picture is: 'b' base folder, 's' Snow, 'n' Night; 'p' Spring, 'a' Autumn, 'w'
+    /// Winter, and their snows in capitals.
+    const char *pictures;
 };
 
 std::span<const RouteShape> RouteShapes();

@@ -101,7 +101,12 @@ void appendUnits(std::string &out, std::string_view ascii)
 
 void TextShapeSink::Begin(std::string_view name, std::string_view label)
 {
-    m_out += '\n' + std::string(static_cast<std::size_t>(m_depth++), '\t') + std::string(name);
+    if (name == "vertex_uvs" || name == "tex_idxs")
+        m_out += ' ';
+    else
+        m_out += '\n' + std::string(static_cast<std::size_t>(m_depth), '\t');
+    ++m_depth;
+    m_out += name;
     if (!label.empty())
         m_out += ' ' + std::string(label);
     m_out += " (";

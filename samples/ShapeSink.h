@@ -22,7 +22,7 @@ public:
     virtual void Text(std::string_view value) = 0;
 };
 
-/// Writes the text form: one block a line, indented with tabs, LF line ends.
+/// Writes the text form: one block a line but for short ones, indented with tabs, LF line ends.
 class TextShapeSink : public ShapeSink
 {
 public:
