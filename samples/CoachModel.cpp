@@ -330,9 +330,7 @@ private:
         m_mesh.Quad({-in, m_coach.floor + 0.06F, -m_half}, {-in, m_coach.floor + 0.06F, m_half},
                     {in, m_coach.floor + 0.06F, m_half}, {in, m_coach.floor + 0.06F, -m_half},
                     m_floor);
-        m_mesh.Quad({-in, m_coach.eaves - 0.05F, m_half}, {-in, m_coach.eaves - 0.05F, -m_half},
-                    {in, m_coach.eaves - 0.05F, -m_half}, {in, m_coach.eaves - 0.05F, m_half},
-                    m_lining);
+        m_kit.Soffit(in, m_coach.eaves - 0.05F, -m_half, m_half, m_lining);
         const float walls = m_coach.doors ? m_half - 1.6F : m_half - 0.08F;
         for (const float z : {walls, -walls})
             m_mesh.Box({-in, m_coach.floor + 0.06F, z - 0.03F}, {in, m_coach.eaves, z + 0.03F},

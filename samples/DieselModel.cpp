@@ -250,7 +250,7 @@ private:
     void drawCab(int detail)
     {
         const float middle = m_cabFront - kCabLength / 2;
-        m_kit.Sides(m_cab, cabSides(), cabWindows(), LeftSide::Reads, middle);
+        m_kit.Sides(m_cab, cabSides(), cabWindows(), middle);
         m_kit.Linings(kCabLength, cabSides(), cabWindows(), m_inside, middle);
         const std::vector<Vec2> arc =
             RoofArc(kCabHalf + 0.05F, kCabEaves, kCabTop, detail == 0 ? 8 : 4);
@@ -260,8 +260,7 @@ private:
             cabEnd(z, forwards);
             m_kit.EndWall(arc, forwards ? z + 0.15F : z - 0.1F, forwards, m_plain);
         }
-        m_mesh.Quad({-kCabHalf, kCabEaves, m_cabFront}, {-kCabHalf, kCabEaves, cabRear()},
-                    {kCabHalf, kCabEaves, cabRear()}, {kCabHalf, kCabEaves, m_cabFront}, m_inside);
+        m_kit.Soffit(kCabHalf + 0.05F, kCabEaves, cabRear() - 0.1F, m_cabFront + 0.15F, m_inside);
         if (detail > 0)
             return;
         m_mesh.Box({-1.2F, kDeck, m_cabFront - 0.75F}, {-0.2F, 2.6F, m_cabFront - 0.35F},

@@ -50,21 +50,17 @@ void paintDiscWheel(Brush &b)
 
 void paintSpokes(Brush &b)
 {
+    constexpr Colour red{112, 36, 30};
     b.Fill(kIron);
     b.Disc(0, 0, 1, {150, 148, 146});
-    b.Disc(0, 0, 0.92F, {96, 30, 26});
-    b.Clear({-0.72F, -0.72F, 0.72F, 0.72F});
-}
-
-void paintSpokesOver(Brush &b)
-{
-    constexpr Colour red{96, 30, 26};
+    b.Disc(0, 0, 0.92F, red);
+    b.Disc(0, 0, 0.78F, {112, 36, 30, 0});
     for (int i = 0; i < 7; ++i) {
         const float angle = std::numbers::pi_v<float> * static_cast<float>(i) / 7;
-        b.Line(-std::cos(angle) * 0.9F, -std::sin(angle) * 0.9F, std::cos(angle) * 0.9F,
-               std::sin(angle) * 0.9F, 0.12F, red);
+        b.Line(-std::cos(angle) * 0.85F, -std::sin(angle) * 0.85F, std::cos(angle) * 0.85F,
+               std::sin(angle) * 0.85F, 0.11F, red);
     }
-    b.Disc(0, 0, 0.24F, Shade(red, 0.8F));
+    b.Disc(0, 0, 0.26F, Shade(red, 0.8F));
     b.Disc(0, 0, 0.15F, {120, 118, 116});
 }
 
@@ -131,13 +127,13 @@ void paintSeat(Brush &b)
 
 void PaintRailing(Brush &brush, Colour colour)
 {
-    colour.alpha = 0;
     brush.Fill(colour);
+    brush.Fade({0, 0, 1, 1}, {60, 50, 20}, 0.5F, 0);
+    brush.Clear({-1, -1, 2, 2});
     brush.Clear({0, 0, 0.05F, 1}, 255);
     brush.Clear({0.95F, 0, 1, 1}, 255);
     brush.Clear({0, 0.92F, 1, 1}, 255);
     brush.Clear({0, 0.48F, 1, 0.56F}, 255);
-    brush.Fade({0, 0, 1, 1}, {60, 50, 20}, 0.5F, 0);
 }
 
 GearPatches PaintGear(Sheet &sheet, float scale)
@@ -146,10 +142,7 @@ GearPatches PaintGear(Sheet &sheet, float scale)
     const Window round{-1, -1, 2, 2};
     GearPatches gear;
     gear.wheel = paint(74, 74, round, paintDiscWheel);
-    gear.spokes = paint(74, 74, round, [](Brush &b) {
-        paintSpokes(b);
-        paintSpokesOver(b);
-    });
+    gear.spokes = paint(74, 74, round, paintSpokes);
     gear.grating = paint(64, 64, {}, paintGrating);
     gear.frame = paint(122, 48, {-1, 0, 2, 1}, paintFrame);
     gear.railing = paint(88, 48, {}, [](Brush &b) { PaintRailing(b, {226, 206, 60}); });

@@ -73,9 +73,9 @@ std::pair<float, float> around(int step, int sides)
 }
 
 /// Rounds away what makes equal points differ, and minus zero.
-float tidy(float value, float step)
+float tidy(float value, float perUnit)
 {
-    return std::round(value / step) * step + 0.0F;
+    return std::round(value * perUnit) / perUnit + 0.0F;
 }
 
 } // namespace
@@ -113,8 +113,8 @@ Vec3 Normalised(const Vec3 &a)
 
 std::uint32_t MeshBuilder::Pool::Place(std::vector<Vec3> &all, const Vec3 &value)
 {
-    const std::array<float, 3> key = {tidy(value.x, 1.0F / 4096), tidy(value.y, 1.0F / 4096),
-                                      tidy(value.z, 1.0F / 4096)};
+    const std::array<float, 3> key = {tidy(value.x, 1000), tidy(value.y, 1000),
+                                      tidy(value.z, 1000)};
     const auto [at, fresh] = known.try_emplace(key, static_cast<std::uint32_t>(all.size()));
     if (fresh)
         all.push_back({key[0], key[1], key[2]});
@@ -139,7 +139,7 @@ std::uint32_t MeshBuilder::AddMatrix(std::string label, const Vec3 &at, int pare
             const float half = kTurn / 8 * static_cast<float>(quarter);
             matrix.turn.push_back(
                 {quarter * kTurnFrames / 4,
-                 {tidy(-std::sin(half), 1e-6F), 0, 0, tidy(std::cos(half), 1e-6F)}});
+                 {tidy(-std::sin(half), 1e6F), 0, 0, tidy(std::cos(half), 1e6F)}});
         }
     }
     m_model.matrices.push_back(std::move(matrix));
@@ -195,8 +195,7 @@ std::uint32_t MeshBuilder::cornerOf(const Vertex &vertex)
 {
     ShapePart &target = part();
     const auto number = static_cast<std::uint32_t>(&target - m_model.levels.back().parts.data());
-    const std::array<float, 2> uv = {tidy(vertex.uv.u, 1.0F / 8192),
-                                     tidy(vertex.uv.v, 1.0F / 8192)};
+    const std::array<float, 2> uv = {tidy(vertex.uv.u, 10000), tidy(vertex.uv.v, 10000)};
     const auto [uvAt, freshUv] =
         m_uvs.try_emplace(uv, static_cast<std::uint32_t>(m_model.uvs.size()));
     if (freshUv)

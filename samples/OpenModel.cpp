@@ -202,7 +202,7 @@ private:
         b.Text(-half * 0.5F, 2.45F, 0.58F, plan.initials, plan.trim);
         b.Text(half * 0.5F, 2.5F, 0.48F, plan.number, plan.trim);
         b.Text(half * 0.5F, 2.12F, 0.16F, "COAL SERVICE", plan.trim);
-        b.Text(-half * 0.5F, 1.9F, 0.14F, "LOAD 63 T  TARE 20 T", plan.trim);
+        b.Text(-half * 0.5F, 1.9F, 0.14F, "LOAD 63 T", plan.trim);
         b.RoundRect({-0.42F, 2.3F, 0.42F, 3.1F}, 0.06F, {214, 176, 62});
         b.Text(0, 2.53F, 0.34F, "AV", Shade(plan.base, 0.6F), 0.2F);
         b.Fade({-half, 1.5F, half, 2.4F}, {84, 62, 44}, 0.55F, 0);
@@ -220,7 +220,9 @@ private:
         if (detail > 1)
             return;
         const std::vector<Vec2> arc = RoofArc(1.34F, kRim, kRim + 0.28F, 6);
-        m_mesh.Extrude(arc, -end + 0.7F, end - 0.7F, m_coal);
+        const float step = (2 * end - 1.4F) / 5;
+        for (float z = -end + 0.7F; z < end - 0.8F; z += step)
+            m_mesh.Extrude(arc, z, z + step, m_coal);
         for (const float side : kEnds) {
             for (std::size_t i = 0; i + 1 < arc.size(); ++i) {
                 const Vec2 &a = side > 0 ? arc[i + 1] : arc[i];

@@ -183,7 +183,10 @@ void Brush::blend(int x, int y, Colour colour, float opacity)
     if (opacity <= 0)
         return;
     Colour &pixel = m_picture.pixels[static_cast<std::size_t>(y) * m_picture.width + x];
+    const float alpha =
+        std::lerp(static_cast<float>(pixel.alpha), static_cast<float>(colour.alpha), opacity);
     pixel = Mix(pixel, colour, opacity);
+    pixel.alpha = toByte(alpha);
 }
 
 void Brush::shade(int x, int y, float factor)

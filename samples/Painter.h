@@ -19,7 +19,6 @@ struct Patch
 
     /// The part from (x0, y0) to (x1, y1), each 0 to 1, y from the bottom.
     Patch Part(float x0, float y0, float x1, float y1) const;
-    Patch Mirrored() const { return {u1, v0, u0, v1}; }
 };
 
 /// An area of a sheet in pixels.
@@ -69,7 +68,8 @@ struct Box2
     float y1 = 0;
 };
 
-/// Paints into one area; what lies outside it is cut off. Opacities are 0 to 1, sizes metres.
+/// Paints into one area; what lies outside it is cut off. Opacities are 0 to 1, sizes metres. A
+/// colour brings its alpha with it, so a see-through one makes a hole.
 class Brush
 {
 public:

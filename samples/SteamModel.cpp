@@ -137,20 +137,18 @@ protected:
             m_cab.y1 - 0.25F,
             {{-m_cabLength / 2 + 0.2F, -0.08F}, {0.08F, m_cabLength / 2 - 0.2F}}};
         const Stretch side{-m_cabLength / 2, m_cabLength / 2, m_cabSide};
-        m_kit.Sides(std::span(&side, 1), m_cab, detail < 2 ? windows : WindowRow{}, LeftSide::Reads,
-                    middle);
+        m_kit.Sides(std::span(&side, 1), m_cab, detail < 2 ? windows : WindowRow{}, middle);
         m_kit.Linings(m_cabLength, m_cab, windows, m_black, middle);
         const std::vector<Vec2> arc =
             RoofArc(m_cab.out1 + 0.06F, m_cab.y1, m_cab.y1 + 0.4F, detail == 0 ? 8 : 4);
-        m_mesh.Extrude(arc, rear - 0.35F, front + 0.1F, m_black);
+        m_mesh.Extrude(arc, rear - 0.2F, front + 0.1F, m_black);
         std::vector<Vec2> wall = {{-m_cab.out0, m_cab.y0}};
         wall.insert(wall.end(), arc.begin(), arc.end());
         wall.push_back({m_cab.out0, m_cab.y0});
         m_kit.EndWall(wall, front, true, m_cabFront);
         m_kit.EndWall(wall, front - 0.06F, false, m_black);
-        m_kit.EndWall(arc, rear - 0.35F, false, m_black);
-        m_mesh.Quad({-1.3F, m_cab.y1, front}, {-1.3F, m_cab.y1, rear - 0.3F},
-                    {1.3F, m_cab.y1, rear - 0.3F}, {1.3F, m_cab.y1, front}, m_black);
+        m_kit.EndWall(arc, rear - 0.2F, false, m_black);
+        m_kit.Soffit(m_cab.out1 + 0.06F, m_cab.y1, rear - 0.2F, front + 0.1F, m_black);
         m_mesh.Box({-1.38F, m_cab.y0 - 0.08F, rear}, {1.38F, m_cab.y0 + 0.02F, front},
                    BoxSkin::All(m_black));
         if (detail > 0)

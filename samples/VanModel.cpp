@@ -215,6 +215,7 @@ private:
                                                       : 2);
         const float over = m_van.caboose ? 1 : 0.05F;
         m_mesh.Extrude(arc, -half - over, half + over, m_roof);
+        m_kit.Soffit(m_van.half + 0.04F, m_van.eaves, -half - over, half + over, m_trim);
         for (const bool front : {true, false}) {
             std::vector<Vec2> end = {{-m_van.half, m_van.floor}};
             for (const Vec2 &at : arc)
@@ -224,11 +225,6 @@ private:
             if (over > 0.5F)
                 m_kit.EndWall(arc, front ? half + over : -half - over, front, m_roof);
         }
-        if (over > 0.5F)
-            for (const bool front : {true, false})
-                m_mesh.Box({-m_van.half, m_van.eaves - 0.06F, front ? half : -half - over},
-                           {m_van.half, m_van.eaves, front ? half + over : -half},
-                           BoxSkin::All(m_trim));
         if (detail < 2 && !m_van.caboose && !m_van.buffers) {
             m_kit.UseGear();
             m_mesh.Box({-0.3F, m_van.top + 0.04F, -half - 0.05F},

@@ -162,19 +162,10 @@ void Kit::SideOf(float side, std::span<const Stretch> stretches, const SideShape
 }
 
 void Kit::Sides(std::span<const Stretch> stretches, const SideShape &shape,
-                const WindowRow &windows, LeftSide left, float middle)
+                const WindowRow &windows, float middle)
 {
     SideOf(1, stretches, shape, windows, middle);
-    if (left == LeftSide::Reads)
-        return SideOf(-1, stretches, shape, windows, middle);
-    std::vector<Stretch> turned;
-    for (const Stretch &s : stretches)
-        turned.push_back({-s.to, -s.from, s.patch.Mirrored()});
-    WindowRow row = windows;
-    for (Vec2 &span : row.spans)
-        span = {-span.y, -span.x};
-    std::reverse(row.spans.begin(), row.spans.end());
-    SideOf(-1, turned, shape, row, middle);
+    SideOf(-1, stretches, shape, windows, middle);
 }
 
 void Kit::Linings(float length, const SideShape &shape, const WindowRow &windows,
@@ -215,6 +206,12 @@ void Kit::EndWall(std::span<const Vec2> outline, float z, bool forwards, const P
     for (const Vec2 &at : outline)
         points.push_back({at.x, at.y, z});
     m_mesh.Polygon(points, {0, 0, forwards ? 1.0F : -1.0F}, patch);
+}
+
+void Kit::Soffit(float halfWidth, float y, float z0, float z1, const Patch &patch)
+{
+    m_mesh.Quad({-halfWidth, y, z1}, {-halfWidth, y, z0}, {halfWidth, y, z0}, {halfWidth, y, z1},
+                patch);
 }
 
 void Kit::Levels(const std::function<void(int)> &draw)

@@ -82,12 +82,6 @@ struct WindowRow
     std::vector<Vec2> spans = {}; ///< from x to y, in growing order
 };
 
-enum class LeftSide
-{
-    Reads,  ///< the same picture, read from left to right: front and back change places
-    Mirrors ///< what is in front stays in front; for pictures without lettering
-};
-
 class Kit
 {
 public:
@@ -118,12 +112,13 @@ public:
     std::vector<Stretch> PaintSide(float length, float y0, float y1, int rows, int pixelsHigh,
                                    const std::function<void(Brush &)> &paint);
 
-    /// One side wall, right (1) or left (-1).
+    /// One side wall, right (1) or left (-1), centred along z about `middle`.
     void SideOf(float side, std::span<const Stretch> stretches, const SideShape &shape,
                 const WindowRow &windows = {}, float middle = 0);
-    /// Both side walls; `middle` is where along z they are centred.
+    /// Both side walls with the same picture, which reads from left to right on either: front and
+    /// back change places.
     void Sides(std::span<const Stretch> stretches, const SideShape &shape,
-               const WindowRow &windows = {}, LeftSide left = LeftSide::Reads, float middle = 0);
+               const WindowRow &windows = {}, float middle = 0);
     /// The inner faces of such walls.
     void Linings(float length, const SideShape &shape, const WindowRow &windows, const Patch &patch,
                  float middle = 0);
@@ -131,6 +126,9 @@ public:
     void Panes(const SideShape &shape, const WindowRow &windows, float middle = 0);
     /// An upright end with this outline (x, y) at z, looking forwards or backwards.
     void EndWall(std::span<const Vec2> outline, float z, bool forwards, const Patch &patch);
+
+    /// What one sees of a roof from below: closes it at this height between z0 and z1.
+    void Soffit(float halfWidth, float y, float z0, float z1, const Patch &patch);
 
     /// Calls `draw` for each level of detail, 0 the nearest, which lone vehicles do without.
     void Levels(const std::function<void(int)> &draw);
