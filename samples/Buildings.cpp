@@ -40,7 +40,7 @@ class Site
 public:
     Site(Season season, const std::string &image)
         : m_season(season)
-        , m_sheet(256, kStone)
+        , m_sheet(256, season == Season::Night ? Colour{40, 42, 52} : kStone)
         , m_mesh({image})
     {
     }

@@ -126,6 +126,35 @@ TEST(ShapeWriterTest, PartsOnSeveralMatrices)
         EXPECT_NE(text.find(piece), std::string::npos) << piece << "\nin\n" << text;
 }
 
+/// States are numbered through all levels, vertices in each by themselves.
+TEST(ShapeWriterTest, LevelsMaterialsAndTurningNodes)
+{
+    ShapeModel model = twoParts();
+    model.levels.push_back({.distance = 5000, .parts = {model.levels.front().parts.back()}});
+    model.levels.back().parts.front().material = samples::kShinyMaterial;
+    model.centre = {0, 2, -1};
+    model.frames = 16;
+    model.matrices[1].turn = {{0, {0, 0, 0, 1}}, {16, {-1, 0, 0, 0}}};
+    const std::string text = squeezed(ShapeBytes(model, ShapeForm::Text8Bit));
+    for (const char *piece : {
+             "vol_sphere ( vector ( 0 2 -1 ) 1.5 )",
+             "vtx_states ( 3 vtx_state ( 00000000 0 -5 0 00000002 ) "
+             "vtx_state ( 00000000 1 -5 0 00000002 ) vtx_state ( 00000000 1 -6 0 00000002 ) )",
+             "prim_states ( 3 ",
+             "prim_state glass ( 00000000 1 tex_idxs ( 1 1 ) 0 2 1 0 1 )",
+             "distance_levels ( 2 ",
+             "dlevel_selection ( 5000 )",
+             "geometry_node_map ( 3 -1 0 -1 )",
+             "vertex_sets ( 1 vertex_set ( 2 0 3 ) ) primitives ( 2 prim_state_idx ( 2 ) "
+             "indexed_trilist ( vertex_idxs ( 3 0 1 2 )",
+             "animations ( 1 animation ( 16 30 anim_nodes ( 3 anim_node MAIN ( controllers ( 0 ) ) "
+             "anim_node BOGIE1 ( controllers ( 1 tcb_rot ( 2 slerp_rot ( 0 0 0 0 1 ) "
+             "slerp_rot ( 16 -1 0 0 0 ) ) ) )",
+         })
+        EXPECT_NE(text.find(piece), std::string::npos) << piece << "\nin\n" << text;
+    EXPECT_NO_THROW(ShapeBytes(model, ShapeForm::Binary));
+}
+
 TEST(ShapeWriterTest, CompressedFormsInflateToTheDeclaredSize)
 {
     const ShapeModel model = twoParts();
