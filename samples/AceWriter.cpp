@@ -280,18 +280,13 @@ std::string AceBytes(const Picture &picture, const AceFormat &format)
     return format.compressed ? CompressPayload(payload) : StorePayload(payload);
 }
 
-Picture PanelPicture(int side, Colour base, Colour trim, bool window)
+Picture PanelPicture(int side, Colour base, Colour trim)
 {
     Picture picture{side, side, {}};
     for (int y = 0; y < side; ++y) {
         for (int x = 0; x < side; ++x) {
             const bool edge = y == 0 || x == 0 || x == side - 1;
-            const bool middle =
-                2 * std::abs(2 * x + 1 - side) < side && 4 * y > side && 2 * y < side;
-            Colour colour = edge ? trim : base;
-            if (window && middle)
-                colour.alpha = 0;
-            picture.pixels.push_back(colour);
+            picture.pixels.push_back(edge ? trim : base);
         }
     }
     return picture;

@@ -43,7 +43,7 @@ struct AceFormat
 std::string AceBytes(const Picture &picture, const AceFormat &format);
 
 /// A square in `base` with a frame of `trim`, so that up, down and edges can be told apart: the top
-/// row is all `trim`, the bottom row is not. A `window` in the middle is transparent.
-Picture PanelPicture(int side, Colour base, Colour trim, bool window);
+/// row is all `trim`, the bottom row is not.
+Picture PanelPicture(int side, Colour base, Colour trim);
 
 } // namespace samples

@@ -69,8 +69,6 @@ public:
     }
 
 private:
-    static WindowRow noWindows() { return {}; }
-
     void paintSide(Brush &b)
     {
         const Plan &plan = m_kit.Wanted();

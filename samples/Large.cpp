@@ -110,7 +110,7 @@ void writeShape(Output &output, const std::string &path, const std::string &shap
     output.Write(path + shape + ".s", ShapeBytes(SmallestShape({shape + ".ace"}), form));
     output.Write(path + shape + ".sd",
                  DescriptorBytes(shape + ".s", 0, {-1.5F, 0, -6}, {1.5F, 4, 6}));
-    const Picture panel = PanelPicture(8, {130, 90, 60, 255}, {40, 40, 44, 255}, false);
+    const Picture panel = PanelPicture(8, {130, 90, 60, 255}, {40, 40, 44, 255});
     output.Write(path + shape + ".ace",
                  AceBytes(panel, {.mipmaps = true, .compressed = !IsTextForm(form)}));
 }

@@ -224,7 +224,6 @@ void MeshBuilder::triangle(const Vertex &a, const Vertex &b, const Vertex &c)
     const std::uint32_t third = cornerOf(back ? b : c);
     std::vector<std::uint32_t> &indices = part().indices;
     indices.insert(indices.end(), {first, second, third});
-    ++m_triangles;
 }
 
 void MeshBuilder::facet(const Vertex &a, const Vertex &b, const Vertex &c, const Vertex &d)

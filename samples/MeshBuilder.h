@@ -109,7 +109,6 @@ public:
     ShapeModel Finish() const;
     Vec3 Low() const { return m_low; }
     Vec3 High() const { return m_high; }
-    std::size_t Triangles() const { return m_triangles; }
 
 private:
     struct Pool
@@ -133,7 +132,6 @@ private:
     std::map<std::array<std::uint32_t, 4>, std::uint32_t> m_corners; ///< part, point, normal, uv
     Vec3 m_low{1e9F, 1e9F, 1e9F};
     Vec3 m_high{-1e9F, -1e9F, -1e9F};
-    std::size_t m_triangles = 0;
 };
 
 } // namespace samples

@@ -198,7 +198,7 @@ std::string activityText(const Activity &activity)
 
 std::string picture(Colour base)
 {
-    return AceBytes(PanelPicture(8, base, {60, 60, 64, 255}, false),
+    return AceBytes(PanelPicture(8, base, {60, 60, 64, 255}),
                     {.mipmaps = true, .compressed = true});
 }
 

@@ -263,7 +263,7 @@ SampleFiles StockFiles()
     }
     std::move(shapes.begin(), shapes.end(), std::back_inserter(files));
     addShared(files);
-    const Picture rust = PanelPicture(8, {120, 80, 60, 255}, {90, 60, 45, 255}, false);
+    const Picture rust = PanelPicture(8, {120, 80, 60, 255}, {90, 60, 45, 255});
     files.push_back({folderPath(kRepair) + kWeathered, AceBytes(rust, {})});
     files.push_back({std::string(kTrainset) + "Common.Inc/brakes.inc",
                      EncodeText("D0", "\nMaxBrakeForce ( 60kN )\n",
