@@ -1,4 +1,14 @@
 # SPDX-License-Identifier: MIT
+find_package(Qt6 6.4 REQUIRED COMPONENTS Gui OpenGL OpenGLWidgets)
+
+# OpenGL by itself: for the windows, and for pictures made without one.
+zelk_add_room(gl
+  SOURCES
+    korvat/GlContext.cpp
+    korvat/GlDevice.cpp
+    korvat/OffscreenCanvas.cpp
+  LINKS Qt6::Gui Qt6::OpenGL zelk_korvat zelk_host)
+
 # The windows: one library, so that tests and benchmarks link them, and the program itself.
 
 if(WIN32)
@@ -12,6 +22,7 @@ zelk_add_room(forms
     app/frmMain.cpp
     app/frmMainChecks.cpp
     app/frmMainCommands.cpp
+    app/frmMainViews.cpp
     app/IconSet.cpp
     app/MainMenu.cpp
     app/MainStatusBar.cpp
@@ -26,15 +37,19 @@ zelk_add_room(forms
     document/ConsistListPane.cpp
     document/ConsistModel.cpp
     document/frmDocument.cpp
+    document/frmDocumentViews.cpp
     document/ListView.cpp
     document/StockListModel.cpp
     document/StockLoader.cpp
     install/frmSetLoc.cpp
+    korvat/sfCanvas.cpp
     validation/FindBar.cpp
     validation/ReportView.cpp
     validation/frmResults.cpp
     validation/frmSelector.cpp
-  LINKS Qt6::Widgets zelk_app zelk_document zelk_validation zelk_install)
+    viewer/ViewerPane.cpp
+  LINKS Qt6::Widgets Qt6::OpenGLWidgets zelk_gl zelk_app zelk_viewer zelk_document zelk_validation
+    zelk_install)
 set_target_properties(zelk_forms PROPERTIES AUTOMOC ON AUTORCC ON)
 
 add_executable(zelk main.cpp)

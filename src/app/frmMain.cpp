@@ -25,6 +25,7 @@
 #include <QShortcut>
 
 #include <algorithm>
+#include <initializer_list>
 
 using app::Arrangement;
 using document::Guarded;
@@ -32,13 +33,13 @@ using host::DialogIcon;
 
 namespace {
 
-constexpr int kListMode = 0, kEditorMode = 1, kModes = 4;
-constexpr char kNoViews[] = "3D views are not available in this version yet.";
+constexpr int kListMode = 0, kEditorMode = 1, kShapeViewMode = 3, kModes = 4;
 
 } // namespace
 
 frmMain::frmMain(const app::Services &services, const std::string &commandLine)
     : m_services(services)
+    , m_shapes(services.files)
     , m_area(new QMdiArea(this))
     , m_checks(*this)
 {
@@ -146,8 +147,11 @@ void frmMain::OpenFile(const std::string &path)
         m_services.dialogs.Message(refusal, "Open File", DialogIcon::Critical);
     else if (kind == app::OpenKind::Consist)
         OpenDocumentWindow(path, kEditorMode, "Consist - " + path, {});
+    else if (kind == app::OpenKind::Shape)
+        OpenDocumentWindow(path, kShapeViewMode, "Shape - " + path, {});
     else
-        m_services.dialogs.Message(kNoViews, "Open File", DialogIcon::Information);
+        Guarded(m_services.dialogs, "Open File",
+                [&] { kind == app::OpenKind::Stock ? openStock(path) : openActivity(path); });
 }
 
 frmDocument *frmMain::NewDocumentWindow(int mode, const std::string &fileName)
@@ -169,10 +173,6 @@ void frmMain::OpenDocumentWindow(const std::string &fileName, int mode, const st
 frmDocument *frmMain::openWindow(const std::string &fileName, int mode, const std::string &caption,
                                  const StfNode &node, int number)
 {
-    if (mode > kEditorMode) {
-        SetStatus(kNoViews);
-        return nullptr;
-    }
     auto *window = new frmDocument(*this, furnishing(), number);
     window->SetFileName(fileName);
     window->SetNode(node);
@@ -185,6 +185,9 @@ frmDocument *frmMain::openWindow(const std::string &fileName, int mode, const st
     window->SetCaption(caption);
     window->show();
     keepInside(*window);
+    // The first 3D canvas makes the system's window anew, which takes the focus away.
+    if (isVisible() && mode > kEditorMode)
+        activateWindow();
     return window;
 }
 
@@ -195,7 +198,9 @@ void frmMain::addWindow(frmDocument *window)
             [this, window] { std::erase(m_documents, window); });
     connect(window, &QObject::destroyed, this, &frmMain::updateActions);
     m_area->addSubWindow(window);
-    const QSize wanted = window->Mode() == kEditorMode ? QSize(660, 440) : QSize(340, 400);
+    const QSize wanted = window->Mode() == kListMode     ? QSize(340, 400)
+                         : window->Mode() == kEditorMode ? QSize(660, 440)
+                                                         : QSize(720, 440);
     window->resize(wanted.boundedTo(areaSize()).expandedTo({320, 260}));
 }
 
@@ -250,23 +255,31 @@ document::Furnishing frmMain::furnishing()
 void frmMain::updateActions()
 {
     const frmDocument *active = ActiveDocument();
-    const bool editor = active && active->Mode() == kEditorMode;
-    for (const char *name :
-         {"mnuFileClose", "mnuViewRefresh", "mnuViewFilter", "mnuWindowCascade",
-          "mnuWindowTileHorizontal", "mnuWindowTileVertical", "mnuWindowArrangeIcons"})
-        command(name)->setEnabled(active != nullptr);
-    for (const char *name : {"mnuFileSave", "mnuFileSaveAs"})
-        command(name)->setEnabled(editor);
-    command("mnuFileSaveAll")
-        ->setEnabled(std::any_of(m_documents.begin(), m_documents.end(),
-                                 [](const auto *window) { return window->Mode() == kEditorMode; }));
-    for (const char *name : {"mnuConsistEdit", "mnuConsistCheckStock"})
-        command(name)->setEnabled(active && active->Mode() == kListMode);
+    const int mode = active ? active->Mode() : -1;
+    const bool list = mode == kListMode, editor = mode == kEditorMode, view = mode > kEditorMode;
+    const auto enable = [this](bool enabled, std::initializer_list<const char *> names) {
+        for (const char *name : names)
+            command(name)->setEnabled(enabled);
+    };
+    enable(active != nullptr,
+           {"mnuFileClose", "mnuViewRefresh", "mnuWindowCascade", "mnuWindowTileHorizontal",
+            "mnuWindowTileVertical", "mnuWindowArrangeIcons"});
+    enable(list || editor, {"mnuViewFilter", "mnuConsistView"});
+    enable(editor || view, {"mnuFileSave", "mnuFileSaveAs"});
+    enable(std::any_of(m_documents.begin(), m_documents.end(),
+                       [](const auto *window) { return window->Mode() != kListMode; }),
+           {"mnuFileSaveAll"});
+    enable(list, {"mnuConsistEdit", "mnuConsistCheckStock"});
+    enable(editor, {"mnuConsistViewShape", "mnuStockViewShape"});
+    enable(view, {"mnuViewReset"});
+    enable(list || view, {"mnuFileProperties"});
 }
 
 void frmMain::SaveDocument(bool quiet)
 {
     frmDocument *window = ActiveDocument();
+    if (window && window->Mode() > kEditorMode)
+        saveSnapshot(*window);
     if (!window || window->Mode() != kEditorMode)
         return;
     const app::SaveTarget target{

@@ -8,12 +8,14 @@
 #include "document/frmDocument.h"
 #include "host/Dialogs.h"
 #include "install/Installation.h"
+#include "korvat/ModelLibrary.h"
 
 #include <QElapsedTimer>
 #include <QMainWindow>
 
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
@@ -55,9 +57,8 @@ public:
 
     /// Opens a file of any kind in a window of its own, or says why not.
     void OpenFile(const std::string &path);
-    /// A new numbered window: mode 0 a consist list, 1 a consist editor. Null when it could not be
-    /// filled (the user was told) or the mode is one that this version does not have. Error 9 for a
-    /// mode outside 0 to 3.
+    /// A new numbered window: mode 0 a consist list, 1 a consist editor, 2 and 3 in 3D. Null when
+    /// it could not be filled (the user was told). Error 9 for a mode outside 0 to 3.
     frmDocument *NewDocumentWindow(int mode, const std::string &fileName);
     /// The active document window, or null.
     frmDocument *ActiveDocument() const;
@@ -69,9 +70,11 @@ public:
     host::Dialogs &Dialogs() override { return m_services.dialogs; }
     host::GameFiles &Files() override { return m_services.files; }
     const install::Installation &Installation() override { return m_installation; }
+    korvat::ModelSource &Shapes() override { return m_shapes; }
     void OpenDocumentWindow(const std::string &fileName, int mode, const std::string &caption,
                             const StfNode &node) override;
     void SaveDocument(bool quiet) override;
+    void ShowTextWindow(const std::string &title, const std::string &text) override;
     void SetStatus(const std::string &text) override;
     void SetProgress(int done, int total) override;
     void WriteLog(const std::string &text) override;
@@ -154,7 +157,26 @@ private:
     void checkStockTextures();
     std::vector<frmResults *> resultWindows() const;
 
+    // frmMainViews.cpp
+    void openStock(const std::string &path);
+    void openActivity(const std::string &path);
+    void openNextLooseConsist();
+    void viewSelectedConsist();
+    void viewSelectedShape();
+    void resetView();
+    void showProperties();
+    void saveSnapshot(frmDocument &window);
+
+    /// A loose consist of an activity that waits for its window.
+    struct LooseConsist
+    {
+        std::string file;
+        int number = 0, total = 0;
+        StfNode trainCfg;
+    };
+
     app::Services m_services;
+    korvat::ModelLibrary m_shapes;
     install::Installation m_installation;
     std::string m_screenShotFolder;
     QMdiArea *m_area;
@@ -168,6 +190,7 @@ private:
     std::vector<frmDocument *> m_documents; ///< in the order of opening
     std::vector<QAction *> m_windowItems;   ///< the list of windows at the end of the Window menu
     std::array<int, 4> m_counters{};        ///< numbers given to windows so far, by mode
+    std::deque<LooseConsist> m_looseConsists;
     app::Arrangement m_tiling = app::Arrangement::Cascade;
     bool m_unloading = false;
 };

@@ -58,8 +58,8 @@ std::vector<MenuEntry> frmMain::fileMenu()
         {MenuEntry::Later, "mnuFilePrint", "&Print...", "Ctrl+P", "print", "Print the active window"},
         {MenuEntry::Command, "mnuFilePrintPreview", "Print Pre&view...", "", "print-preview",
          "Show how the active window prints", saying("Print Preview not implemented")},
-        {MenuEntry::Later, "mnuFileProperties", "Propert&ies", "", "properties",
-         "Show the properties of what is selected"},
+        {MenuEntry::Command, "mnuFileProperties", "Propert&ies", "Alt+Return", "properties",
+         "Show the properties of the active window", doing(&frmMain::showProperties)},
         {},
         {MenuEntry::Command, "mnuFileSetMSTSLoc", "Set &MSTS Location...", "", "location",
          "Choose the Train Simulator folder to work on", doing(&frmMain::setMstsLocation)},
@@ -96,10 +96,10 @@ std::vector<MenuEntry> frmMain::consistMenu()
         {MenuEntry::Menu, "mnuConsist", "&Consist"},
         {MenuEntry::Command, "mnuConsistEdit", "&Edit", "Ctrl+E", "edit", "Edit the selected consist",
          doing(&frmMain::editSelectedConsist)},
-        {MenuEntry::Later, "mnuConsistView", "&View Consist", "", "render",
-         "Show the selected consist in 3D"},
-        {MenuEntry::Later, "mnuConsistViewShape", "View &Shape", "", "shape",
-         "Show the selected stock in 3D"},
+        {MenuEntry::Command, "mnuConsistView", "&View Consist", "", "render",
+         "Show the selected consist in 3D", doing(&frmMain::viewSelectedConsist)},
+        {MenuEntry::Command, "mnuConsistViewShape", "View &Shape", "", "shape",
+         "Show the selected stock in 3D", doing(&frmMain::viewSelectedShape)},
         {},
         {MenuEntry::Command, "mnuConsistCheckStock", "&Check Stock...", "", "check-stock",
          "Check that the stock of the selected consist is there", doing(&frmMain::checkConsistStock)},
@@ -112,8 +112,8 @@ std::vector<MenuEntry> frmMain::stockMenu()
 {
     return {
         {MenuEntry::Menu, "mnuStock", "&Stock"},
-        {MenuEntry::Later, "mnuStockViewShape", "View &Shape", "", "shape",
-         "Show the selected stock in 3D"},
+        {MenuEntry::Command, "mnuStockViewShape", "View &Shape", "", "shape",
+         "Show the selected stock in 3D", doing(&frmMain::viewSelectedShape)},
         {},
         {MenuEntry::Command, "mnuStockCheckDep", "Check &Dependencies...", "", "check-dependencies",
          "Check what the selected stock needs and where it is used",
@@ -136,7 +136,8 @@ std::vector<MenuEntry> frmMain::viewMenu()
         {},
         {MenuEntry::Command, "mnuViewRefresh", "&Refresh", "F5", "refresh", "Read the window's content again",
          doing(&frmMain::refresh)},
-        {MenuEntry::Later, "mnuViewReset", "Reset &View", "", "reset-view", "Turn the 3D view back"},
+        {MenuEntry::Command, "mnuViewReset", "Reset &View", "Home", "reset-view",
+         "Go back to the first view", doing(&frmMain::resetView)},
         {MenuEntry::Command, "mnuViewFilter", "&Filter...", "Ctrl+F", "filter",
          "Limit the list to names that match", doing(&frmMain::filter)},
         {MenuEntry::Command, "mnuViewOptions", "&Options...", "", "options", "Set how windows look",
@@ -234,8 +235,10 @@ void frmMain::save()
 void frmMain::saveAs()
 {
     frmDocument *window = ActiveDocument();
-    if (!window || window->Mode() != kEditorMode)
+    if (!window || window->Mode() != kEditorMode) {
+        SaveDocument(false); // a 3D window saves a picture
         return;
+    }
     const std::string before = window->FileName();
     window->SetFileName({});
     SaveDocument(false);
@@ -314,7 +317,7 @@ void frmMain::refresh()
 void frmMain::filter()
 {
     frmDocument *window = ActiveDocument();
-    if (!window)
+    if (!window || window->Mode() > kEditorMode)
         return;
     const bool list = window->Mode() == kListMode;
     const std::optional<std::string> answer = m_services.dialogs.Input(

@@ -30,14 +30,13 @@ constexpr MoveButton kMoveButtons[] = {
 struct ActionButton
 {
     const char *caption, *toolTip;
-    bool later; ///< opens a 3D view, which this version does not have
 };
 constexpr ActionButton kActionButtons[] = {
-    {"&Cancel", "Abandon changes", false},
-    {"&Apply", "Save changes", false},
-    {"&OK", "Save changes and close window", false},
-    {"View &Consist", "Show consist in 3D", true},
-    {"View &Shape", "Show selected shape in 3D", true},
+    {"&Cancel", "Abandon changes"},
+    {"&Apply", "Save changes"},
+    {"&OK", "Save changes and close window"},
+    {"View &Consist", "Show consist in 3D"},
+    {"View &Shape", "Show selected shape in 3D"},
 };
 
 QLabel *heading(QWidget *parent)
@@ -176,14 +175,10 @@ QBoxLayout *ConsistEditorPane::actionRow()
     for (int i = 0; i < static_cast<int>(cmdAction.size()); ++i) {
         const ActionButton &button = kActionButtons[i];
         auto *command = new QPushButton(QString::fromLatin1(button.caption), this);
-        QString toolTip = QString::fromLatin1(button.toolTip);
         command->setAccessibleName(command->text().remove(QLatin1Char('&')));
-        if (button.later)
-            toolTip += QStringLiteral("\nNot available in this version yet: 3D views");
         command->setObjectName(QStringLiteral("cmdAction%1").arg(i));
         command->setAccessibleDescription(command->objectName());
-        command->setToolTip(toolTip);
-        command->setEnabled(!button.later);
+        command->setToolTip(QString::fromLatin1(button.toolTip));
         command->setAutoDefault(false);
         connect(command, &QPushButton::clicked, this, [this, i] { Q_EMIT ActionPressed(i); });
         cmdAction[static_cast<std::size_t>(i)] = command;

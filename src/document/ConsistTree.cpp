@@ -74,34 +74,14 @@ Counter counterOf(const StfNode &trainCfg, int step)
 
 ConsistRow rowOf(const StfNode &entry, std::int16_t position)
 {
-    const StfNode data = entry.Child(entry.Name() + "Data");
-    if (!data)
-        throw RuntimeError(ErrorNumber::ObjectNotSet, "line " + std::to_string(entry.Line()) +
-                                                          ": " + entry.Name() + " has no block " +
-                                                          entry.Name() + "Data");
-    ConsistRow row;
-    row.position = position;
-    row.item.type = entry.Name();
-    row.item.shape = stavfile::ValueAt(data, 0);
-    row.item.folder = stavfile::ValueAt(data, 1);
-    if (data.NumParameters() == 3)
-        row.item.folder += ' ' + data.Parameter(2);
-    std::int16_t flip = 0;
-    if (entry.FindChild("Flip", flip))
+    const install::ConsistUnit unit = install::UnitOf(entry);
+    ConsistRow row{unit.item, position};
+    if (unit.flipped)
         row.item.type += '*';
     return row;
 }
 
 } // namespace
-
-std::string StockPath(std::string_view installFolder, const StockItem &item)
-{
-    std::string extension = item.type.substr(0, 3);
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    const std::string folder = host::path::Join(installFolder, "Trains/Trainset");
-    return host::path::Join(host::path::Join(folder, item.folder), item.shape + '.' + extension);
-}
 
 std::string ConsistName(std::string_view path)
 {
@@ -109,7 +89,8 @@ std::string ConsistName(std::string_view path)
 }
 
 ConsistTree::ConsistTree(host::GameFiles &files)
-    : m_file(files)
+    : m_files(files)
+    , m_file(files)
 {
 }
 
@@ -151,7 +132,7 @@ void ConsistTree::rebuildRows()
     const StfNode cfg = trainCfg();
     std::int16_t position = 0;
     try {
-        while (cfg.FindChild("Engine|Wagon", position))
+        while (cfg.FindChild(install::kUnitBlocks, position))
             m_rows.push_back(rowOf(cfg.Children().Item(position), position));
     } catch (const RuntimeError &error) {
         throw RuntimeError(error.Code(), m_file.FileName() + ", " + error.Detail());
@@ -324,6 +305,14 @@ void ConsistTree::Save(const std::string &path)
     writeName(ConsistName(path));
     m_file.Save();
     m_changed = false;
+}
+
+void ConsistTree::SaveCopy(const std::string &path) const
+{
+    CheckSavable();
+    ConsistTree copy(m_files);
+    copy.m_file.LoadBytes(m_file.ToBytes());
+    copy.Save(path);
 }
 
 /// A third of all real consists have no name block and begin with something else, which must not

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "install/ConsistUnit.h"
 #include "stavfile/StfFile.h"
 
 #include <cstdint>
@@ -10,19 +11,8 @@
 
 namespace document {
 
-/// A stock item by its three list columns.
-struct StockItem
-{
-    std::string type;   ///< "Engine" or "Wagon"; in a consist with "*" appended when flipped
-    std::string folder; ///< below Trains\Trainset
-    std::string shape;  ///< base name of the .eng or .wag file
-
-    friend bool operator==(const StockItem &, const StockItem &) = default;
-};
-
-/// The path of a stock item's file below an installation folder: its extension is the first three
-/// letters of the type in lower case.
-std::string StockPath(std::string_view installFolder, const StockItem &item);
+using install::StockItem;
+using install::StockPath;
 
 /// One unit of the train as the editor lists it.
 struct ConsistRow
@@ -85,6 +75,9 @@ public:
     /// name when there is no TrainCfg to hold the name; Changed then stays set.
     void Save(const std::string &path);
 
+    /// Writes a copy as Save would; the document itself, its name and Changed stay as they are.
+    void SaveCopy(const std::string &path) const;
+
     /// RuntimeError 91 with the file's name when Save could not write the name, so that nobody
     /// deletes a file to make room for what cannot be written.
     void CheckSavable() const { trainCfg(); }
@@ -104,6 +97,7 @@ private:
     EditResult flip(int row);
     void writeName(const std::string &name);
 
+    host::GameFiles &m_files;
     StfFile m_file;
     std::vector<ConsistRow> m_rows;
     bool m_changed = false;

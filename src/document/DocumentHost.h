@@ -12,6 +12,9 @@ class GameFiles;
 namespace install {
 class Installation;
 }
+namespace korvat {
+class ModelSource;
+}
 
 namespace document {
 
@@ -24,12 +27,16 @@ public:
     virtual host::Dialogs &Dialogs() = 0;
     virtual host::GameFiles &Files() = 0;
     virtual const install::Installation &Installation() = 0;
+    /// Shapes and textures for 3D windows.
+    virtual korvat::ModelSource &Shapes() = 0;
 
     /// The opener of document windows: a window in this mode, with this caption, shown.
     virtual void OpenDocumentWindow(const std::string &fileName, int mode,
                                     const std::string &caption, const StfNode &node) = 0;
     /// Saves the active document window (the flag: no caption change, no " saved" message).
     virtual void SaveDocument(bool quiet) = 0;
+    /// Opens a window with a text to read; its caption is "Properties of " and the title.
+    virtual void ShowTextWindow(const std::string &title, const std::string &text) = 0;
     /// Text of the first panel of the status bar.
     virtual void SetStatus(const std::string &text) = 0;
     /// Shows how far a long command is, 0 to `total`; total 0 takes the bar away.

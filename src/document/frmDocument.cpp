@@ -9,6 +9,7 @@
 #include "document/StockLoader.h"
 #include "host/GameFiles.h"
 #include "install/Installation.h"
+#include "viewer/ViewerPane.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -24,7 +25,6 @@ using host::DialogAnswer;
 namespace {
 
 constexpr int kListMode = 0, kEditorMode = 1;
-constexpr char kNoView[] = "3D views are not available in this version yet.";
 
 } // namespace
 
@@ -64,6 +64,8 @@ void frmDocument::SetMode(int mode)
         makeListPane();
     else if (mode == kEditorMode)
         makeEditorPane();
+    else
+        makeViewerPane();
 }
 
 void frmDocument::makeListPane()
@@ -131,6 +133,8 @@ void frmDocument::LoadForm()
         loadList();
     else if (m_editor)
         loadEditor();
+    else if (m_viewer)
+        loadView();
 }
 
 void frmDocument::loadList()
@@ -219,8 +223,14 @@ void frmDocument::ActionClick(int index)
     case 2:
         saveAndClose();
         break;
+    case 3:
+        viewConsist();
+        break;
+    case 4:
+        viewShape();
+        break;
     default:
-        noViewYet();
+        break;
     }
 }
 
@@ -231,7 +241,7 @@ void frmDocument::cancel()
             "Consist has changed.  All changes will be lost if you do not save it.  Do you want to "
             "save it before closing the consist?",
             "Cancel", host::DialogIcon::Question, host::DialogButtons::YesNoCancel);
-        if (answer == DialogAnswer::Cancel || (answer == DialogAnswer::Yes && !saveByHost()))
+        if (answer == DialogAnswer::Cancel || (answer == DialogAnswer::Yes && !saveByHost(false)))
             return;
         if (answer == DialogAnswer::No) {
             m_consist.SetChanged(false);
@@ -260,26 +270,15 @@ void frmDocument::SaveForm(bool quiet)
         m_host.SetStatus("This consist has no file name yet: choose File > Save As.");
         return;
     }
+    if (m_savingCopy) {
+        m_consist.SaveCopy(m_fileName);
+        return;
+    }
     m_consist.Save(m_fileName);
     if (!quiet)
         m_host.Dialogs().Message(m_fileName + " saved", "Save Consist",
                                  host::DialogIcon::Information);
     m_editor->ShowChanged(m_consist.Changed());
-}
-
-void frmDocument::ResetView()
-{
-    noViewYet();
-}
-
-void frmDocument::ShowProperties()
-{
-    m_host.SetStatus("Properties are not available in this version yet.");
-}
-
-void frmDocument::noViewYet()
-{
-    m_host.SetStatus(kNoView);
 }
 
 std::vector<std::string> frmDocument::SelectedConsists() const
@@ -298,23 +297,17 @@ void frmDocument::EditConsist(const std::string &name)
                               "Consist - " + name, {});
 }
 
-void frmDocument::viewConsists(const std::vector<std::string> &names)
-{
-    if (!names.empty())
-        noViewYet();
-}
-
 bool frmDocument::Changed() const
 {
     return m_editor && m_consist.Changed();
 }
 
 /// True when the consist was saved: not when the user gave up on the way or writing failed.
-bool frmDocument::saveByHost()
+bool frmDocument::saveByHost(bool quiet)
 {
     if (mdiArea())
         mdiArea()->setActiveSubWindow(this);
-    m_host.SaveDocument(false);
+    m_host.SaveDocument(quiet);
     return !Changed();
 }
 
@@ -330,7 +323,7 @@ bool frmDocument::QueryUnload()
         "save it before closing?",
         "Close", host::DialogIcon::Question, host::DialogButtons::YesNoCancel);
     if (answer == DialogAnswer::Yes)
-        return saveByHost();
+        return saveByHost(false);
     return answer == DialogAnswer::No;
 }
 
@@ -348,6 +341,8 @@ void frmDocument::StopWork()
 {
     if (m_loader)
         m_loader->Stop();
+    if (m_viewer)
+        m_viewer->Stop();
 }
 
 void frmDocument::beginDrag()

@@ -16,10 +16,14 @@ class ConsistListPane;
 class DocumentHost;
 class StockLoader;
 } // namespace document
+namespace viewer {
+class ViewerPane;
+}
 
 /// The one kind of window inside the main window; its mode decides what it is: 0 the list of
-/// consists, 1 the editor of one consist. The opener sets FileName, node and Mode, has it load, and
-/// gives it its caption.
+/// consists, 1 the editor of one consist, 2 a consist in 3D, 3 a shape in 3D. The opener sets
+/// FileName, node and Mode, has it load, and gives it its caption. A loose consist in 3D has the
+/// name of its activity file, and its TrainCfg block as node.
 ///
 /// LoadForm and SaveForm throw host::RuntimeError; the window's own buttons and keys show such a
 /// failure in a message box themselves.
@@ -55,8 +59,13 @@ public:
     void LoadForm();
     /// Editor: reads the installed stock anew, by the filter.
     void ReloadAllStock();
+    /// 3D: back to the first view.
     void ResetView();
+    /// List: its folder and number in a message box. 3D: the textures in a text window.
     void ShowProperties();
+    /// 3D: saves a picture in the folder, under the first free number. RuntimeError as
+    /// GameFiles::WriteFile, and 5 when there is no 3D here.
+    void SaveSnapshot(const std::string &folder);
 
     /// Consist list: the names of the selected consists, from the first to the last.
     std::vector<std::string> SelectedConsists() const;
@@ -64,13 +73,15 @@ public:
     std::string SelectedConsist() const;
     /// Opens an installed consist, by its list name, in an editor window.
     void EditConsist(const std::string &name);
+    /// The same in 3D.
+    void ViewConsist(const std::string &name);
 
     bool Changed() const;
     /// Asks whether to save what has changed; false when the window must stay open.
     bool QueryUnload();
     /// From now on the window closes without asking.
     void AllowUnload() { m_unloadAllowed = true; }
-    /// Ends a running scan of the installed stock; what was found stays.
+    /// Ends a running scan of the installed stock or a loading in 3D; what was found stays.
     void StopWork();
 
 Q_SIGNALS:
@@ -93,9 +104,17 @@ private:
     void cancel();
     void apply();
     void saveAndClose();
-    bool saveByHost();
-    void noViewYet();
+    bool saveByHost(bool quiet);
+
+    // frmDocumentViews.cpp
+    void makeViewerPane();
+    void loadView();
+    void viewConsist();
+    std::string saveScratchCopy();
+    void viewShape();
     void viewConsists(const std::vector<std::string> &names);
+    void showListProperties();
+
     void beginDrag();
     void endDrag();
 
@@ -108,10 +127,12 @@ private:
     document::ConsistTree m_consist;
     document::ConsistListPane *m_list = nullptr;
     document::ConsistEditorPane *m_editor = nullptr;
+    viewer::ViewerPane *m_viewer = nullptr;
     document::StockLoader *m_loader = nullptr;
     bool m_stockLoaded = false;
     bool m_consistIsActiveList = false;
     bool m_asking = false;
+    bool m_savingCopy = false; ///< the main window saves the scratch copy, not the document
     bool m_unloadAllowed = false;
     std::string m_note; ///< about the file just loaded, for the status bar
     int m_dragRow = -1; ///< row of lvStock on which a left-button press began, -1 for none

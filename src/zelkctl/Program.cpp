@@ -4,6 +4,7 @@
 #include "CheckCommand.h"
 #include "EditCommand.h"
 #include "ListCommand.h"
+#include "RenderCommand.h"
 #include "ResaveCommand.h"
 #include "Session.h"
 #include "ShapeCommand.h"
@@ -40,6 +41,7 @@ void addCommands(CLI::App &app, Session &session)
     AddTreeCommand(app, session);
     AddResaveCommand(app, session);
     AddEditCommand(app, session);
+    AddRenderCommand(app, session);
     AddShapeCommand(app, session);
     AddTextureCommand(app, session);
 }

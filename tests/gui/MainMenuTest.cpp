@@ -42,7 +42,7 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  -mnuFileSaveAll [Save A&ll]
  *mnuFilePrint [&Print...]
  mnuFilePrintPreview [Print Pre&view...]
- *mnuFileProperties [Propert&ies]
+ mnuFileProperties [Propert&ies]
  mnuFileSetMSTSLoc [Set &MSTS Location...]
  -mnuFileMRU0 []
  -mnuFileMRU1 []
@@ -57,12 +57,12 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  *mnuEditSetAssoc [Set &File Association...]
 >mnuConsist [&Consist]
  mnuConsistEdit [&Edit]
- *mnuConsistView [&View Consist]
- *mnuConsistViewShape [View &Shape]
+ mnuConsistView [&View Consist]
+ -mnuConsistViewShape [View &Shape]
  mnuConsistCheckStock [&Check Stock...]
  mnuFileCheckDep [Chec&k Dependencies...]
 >mnuStock [&Stock]
- *mnuStockViewShape [View &Shape]
+ -mnuStockViewShape [View &Shape]
  mnuStockCheckDep [Check &Dependencies...]
  mnuStockCheckAll [Check &All Stock...]
  mnuStockCheckTextures [Check &Textures...]
@@ -70,7 +70,7 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  mnuViewToolbar [&Toolbar]
  mnuViewStatusBar [Status &Bar]
  mnuViewRefresh [&Refresh]
- *mnuViewReset [Reset &View]
+ -mnuViewReset [Reset &View]
  mnuViewFilter [&Filter...]
  mnuViewOptions [&Options...]
  *mnuViewTS [&MSTS]
@@ -116,7 +116,7 @@ TEST_F(MainMenuTest, TheToolBarFollowsTheMenu)
                        action->toolTip().section(QLatin1Char('\n'), 0, 0).toStdString() + "\n";
     EXPECT_EQ(buttons, "New|New Consist\nOpen|Open File\nSave-|Save Consist\nPrint-|Print\n"
                        "Cut-|Cut\nCopy-|Copy\nPaste-|Paste\n"
-                       "Properties|View Consist Properties\nRender-|View Consist in 3D\n"
+                       "Properties|View Consist Properties\nRender|View Consist in 3D\n"
                        "Filter|Filter Consist List\nOptions-|View Options\n");
     Find<QToolButton>(*window, "New").click();
     EXPECT_EQ(Active()->Caption(), "Consist 1");

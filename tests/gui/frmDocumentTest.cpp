@@ -69,9 +69,6 @@ TEST_F(frmDocumentTest, EnterOpensEverySelectedConsistInListOrder)
 {
     Start();
     list().selectAll();
-    QTest::keyClick(&list(), Qt::Key_Return, Qt::ShiftModifier);
-    EXPECT_EQ(Status(), "3D views are not available in this version yet.");
-    EXPECT_EQ(window->Documents().size(), 1u);
     QTest::keyClick(&list(), Qt::Key_Enter, Qt::KeypadModifier);
     ASSERT_EQ(window->Documents().size(), 4u);
     EXPECT_EQ(window->Documents()[1]->Caption(), "Consist - Coal");
@@ -132,8 +129,8 @@ TEST_F(frmDocumentTest, AnEditorShowsConsistAndStock)
         EXPECT_TRUE(Find<QLineEdit>(*Active(), row.box).isReadOnly()) << row.box;
     }
     EXPECT_FALSE(savable());
-    EXPECT_FALSE(button("cmdAction3").isEnabled());
-    EXPECT_NE(button("cmdAction4").toolTip().indexOf(QStringLiteral("Not available")), -1);
+    EXPECT_TRUE(button("cmdAction3").isEnabled());
+    EXPECT_EQ(button("cmdAction4").toolTip(), QStringLiteral("Show selected shape in 3D"));
     for (const QWidget *control : Active()->findChildren<QWidget *>()) {
         const std::string name = control->objectName().toStdString();
         const bool named = name.starts_with("cmd") || name.starts_with("lvS");

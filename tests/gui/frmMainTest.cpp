@@ -71,9 +71,10 @@ TEST_F(frmMainTest, FilesThatCannotBeOpenedAreRefusedInWords)
         {"a.W", "critical|Open File|World files not supported in this version!\n"},
         {"a.wx", "critical|Open File|File type not supported!\n"},
         {"a.con.bak", "critical|Open File|File type not supported!\n"},
-        {"a.eng", "information|Open File|3D views are not available in this version yet.\n"},
-        {"a.s", "information|Open File|3D views are not available in this version yet.\n"},
-        {"a.act", "information|Open File|3D views are not available in this version yet.\n"},
+        {"/none/a.eng",
+         "critical|Open File|Path not found: /none/a.eng: there is no such folder\n"},
+        {"/none/a.act",
+         "critical|Open File|Path not found: /none/a.act: there is no such folder\n"},
     };
     for (const auto &row : rows) {
         window->OpenFile(row.path);
@@ -97,8 +98,8 @@ TEST_F(frmMainTest, WindowsAreNumberedByModeAndNumbersAreNotUsedAgain)
     EXPECT_TRUE(Wait([this] { return window->Documents().size() == 3; }));
     EXPECT_EQ(captions(), "Consist List 1\nConsist List 2\nConsist 2\n");
     EXPECT_THROW(window->NewDocumentWindow(4, ""), host::RuntimeError);
-    EXPECT_EQ(window->NewDocumentWindow(2, ""), nullptr);
-    EXPECT_EQ(Status(), "3D views are not available in this version yet.");
+    EXPECT_NE(window->NewDocumentWindow(2, ""), nullptr);
+    EXPECT_EQ(Active()->Caption(), "Stock Item 1");
 }
 
 TEST_F(frmMainTest, DroppedFilesOpen)

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "viewer/ConsistLayout.h"
+
+#include "host/Dialogs.h"
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "install/ConsistUnit.h"
+#include "viewer/Numbers.h"
+#include "viewer/StockShape.h"
+#include "viewer/TSView.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace viewer {
+namespace {
+
+constexpr const char *kLoadError = "Error Loading Shape";
+
+/// The length of a shape along the track; a shape stands with its middle on its origin.
+float lengthOf(const TSViewObject &object)
+{
+    const korvat::Model *shape = object.Model().Shape();
+    return shape ? shape->box.most.z - shape->box.least.z : 0;
+}
+
+} // namespace
+
+ConsistLayout::ConsistLayout(const Services &services, std::string installFolder,
+                             const StfNode &trainCfg, TSView &view)
+    : m_services(services)
+    , m_installFolder(std::move(installFolder))
+    , m_view(view)
+    , m_random(std::random_device()())
+{
+    std::int16_t position = 0;
+    while (trainCfg.FindChild(install::kUnitBlocks, position))
+        m_units.push_back(trainCfg.Children().Item(position));
+}
+
+bool ConsistLayout::Step()
+{
+    if (m_next == m_units.size())
+        return false;
+    const StfNode entry = m_units[m_next++];
+    try {
+        place(entry);
+    } catch (const host::RuntimeError &error) {
+        if (error.Code() == host::ErrorNumber::Overflow)
+            throw;
+        m_services.dialogs.Message(error.what(), kLoadError, host::DialogIcon::Critical);
+    }
+    return true;
+}
+
+void ConsistLayout::place(const StfNode &entry)
+{
+    const install::ConsistUnit unit = install::UnitOf(entry);
+    const std::string stockFile = install::StockPath(m_installFolder, unit.item);
+    if (m_services.files.FileExists(stockFile))
+        placeStock(stockFile, unit.item.shape, unit.flipped);
+    else
+        m_services.dialogs.Message(stockFile + " does not exist!", "LoadShape",
+                                   host::DialogIcon::Critical);
+}
+
+void ConsistLayout::placeStock(const std::string &stockFile, const std::string &name, bool flipped)
+{
+    const StockShape stock = ReadStockShape(m_services.files, stockFile);
+    const float half = Finite(stock.length.value_or(0)) / 2;
+    m_end = Finite(m_end - half);
+    const float z = flipped ? -m_end : m_end, degrees = flipped ? -180.0f : 0.0f;
+    if (!stock.shapeFile.empty() && load(stock.shapeFile, name, z, degrees) && !stock.length) {
+        TSViewObject &object = m_view.Models.Item(m_view.Models.Count());
+        const float halfShape = Finite(lengthOf(object)) / 2;
+        object.SetZ(flipped ? z + halfShape : z - halfShape);
+        m_end -= 2 * halfShape;
+    }
+    m_end = Finite(m_end - half);
+    if (!stock.whyNoShape.empty())
+        m_services.dialogs.Message(stock.whyNoShape, kLoadError, host::DialogIcon::Critical);
+}
+
+bool ConsistLayout::load(const std::string &shapeFile, const std::string &name, float z,
+                         float degrees)
+{
+    if (!m_view.LoadShapeInToViewer(freshKey(name), shapeFile, 0, 0, z, degrees))
+        return false;
+    collectProblems();
+    return true;
+}
+
+void ConsistLayout::collectProblems()
+{
+    const TSViewObject &object = m_view.Models.Item(m_view.Models.Count());
+    for (const std::string &problem : object.Model().Problems())
+        if (std::find(m_problems.begin(), m_problems.end(), problem) == m_problems.end())
+            m_problems.push_back(problem);
+}
+
+/// The stock's name and a random number in [0, 1), so that two of a kind get different keys.
+std::string ConsistLayout::freshKey(const std::string &name)
+{
+    const double number = std::uniform_real_distribution<double>(0, 1)(m_random);
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
+    return name + std::string(text.data(), end);
+}
+
+} // namespace viewer

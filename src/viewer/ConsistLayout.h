@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "stavfile/StfNode.h"
+#include "viewer/Services.h"
+
+#include <cstdint>
+#include <random>
+#include <string>
+#include <vector>
+
+class TSView;
+
+namespace viewer {
+
+/// Puts the vehicles of a train end to end into a scene, one at each step, so that the window stays
+/// alive: the front of the first one at Z = 0, the rest towards negative Z, each as long as its
+/// stock file says (where that says nothing, as long as its shape). A flipped vehicle is loaded at
+/// the mirrored place and turned by 180 degrees about the scene's origin, which brings it to its
+/// place, facing the other way.
+///
+/// What cannot be loaded is told in a message box and leaves a gap of the length that is known.
+class ConsistLayout
+{
+public:
+    /// `installFolder` is the Train Simulator folder. `trainCfg` and its file may go meanwhile;
+    /// `view` must outlive the layout.
+    ConsistLayout(const Services &services, std::string installFolder, const StfNode &trainCfg,
+                  TSView &view);
+
+    /// Places the next vehicle; false when there was none left. Error 6 for a length or a place
+    /// that is no finite number.
+    bool Step();
+
+    int Total() const { return static_cast<int>(m_units.size()); }
+    int Done() const { return static_cast<int>(m_next); }
+    /// Z of the far end of what was placed so far: minus the length.
+    float End() const { return m_end; }
+    /// The textures that are missing or broken, a sentence each, without repetition.
+    const std::vector<std::string> &Problems() const { return m_problems; }
+
+private:
+    void place(const StfNode &entry);
+    void placeStock(const std::string &stockFile, const std::string &name, bool flipped);
+    bool load(const std::string &shapeFile, const std::string &name, float z, float degrees);
+    void collectProblems();
+    std::string freshKey(const std::string &name);
+
+    Services m_services;
+    std::string m_installFolder;
+    std::vector<StfNode> m_units;
+    TSView &m_view;
+    std::size_t m_next = 0;
+    float m_end = 0;
+    std::vector<std::string> m_problems;
+    std::mt19937_64 m_random;
+};
+
+} // namespace viewer

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace host {
+class Dialogs;
+class GameFiles;
+} // namespace host
+namespace korvat {
+class ModelSource;
+}
+
+namespace viewer {
+
+/// What a scene works with; everything must outlive it.
+struct Services
+{
+    host::GameFiles &files;
+    host::Dialogs &dialogs;
+    korvat::ModelSource &shapes;
+};
+
+} // namespace viewer

@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: MIT
+#include "viewer/Stage.h"
+
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "host/Text.h"
+#include "korvat/Canvas.h"
+#include "stavfile/StfFile.h"
+#include "viewer/Numbers.h"
+#include "viewer/OrbitCamera.h"
+#include "viewer/TextureReport.h"
+
+using host::ErrorNumber;
+using host::RuntimeError;
+
+namespace viewer {
+namespace {
+
+constexpr long kRangeNear = 50, kRangeFar = 600; ///< where the haze begins and ends, metres
+
+StfNode block(const StfNode &found, const char *name, const std::string &file)
+{
+    if (!found)
+        throw RuntimeError(ErrorNumber::ObjectNotSet, file + ": there is no " + name + " block");
+    return found;
+}
+
+/// The values of TrainCfg joined by blanks.
+std::string titleOf(const StfNode &trainCfg)
+{
+    std::string title;
+    for (int i = 0; i < trainCfg.NumParameters(); ++i)
+        title += trainCfg.Parameter(i) + ' ';
+    return std::string(host::TrimBlanks(title));
+}
+
+} // namespace
+
+Stage::Stage(const Services &services, korvat::Canvas *canvas, SetStatus setStatus)
+    : m_services(services)
+    , m_canvas(canvas)
+    , m_setStatus(std::move(setStatus))
+{
+}
+
+Stage::~Stage()
+{
+    Close();
+}
+
+void Stage::setUp()
+{
+    Close();
+    m_view = std::make_unique<TSView>(m_services);
+    m_view->Viewer = m_canvas;
+    m_view->Initialise();
+    OrbitCamera(*m_view).Reset(0);
+    m_view->ResetCamera();
+    if (m_canvas) {
+        m_canvas->SetRangeNear(kRangeNear);
+        m_canvas->SetRangeFar(kRangeFar);
+    }
+    m_loading = true;
+    m_stopped = false;
+}
+
+void Stage::RenderConsist(const std::string &file, const std::string &installFolder)
+{
+    m_setStatus("Loading " + file);
+    StfFile document(m_services.files);
+    document.SetFileName(file);
+    document.Load();
+    const StfNode train = block(document.FindNode("Train"), "Train", file);
+    const StfNode trainCfg = block(train.Child("TrainCfg"), "TrainCfg", file);
+    begin(trainCfg, installFolder);
+    m_caption = "Consist - " + titleOf(trainCfg);
+}
+
+void Stage::RenderLooseConsist(const StfNode &trainCfg, const std::string &installFolder,
+                               const std::string &source)
+{
+    begin(block(trainCfg, "TrainCfg", source), installFolder);
+    m_caption = "Loose Consist - " + titleOf(trainCfg);
+}
+
+void Stage::begin(const StfNode &trainCfg, const std::string &installFolder)
+{
+    if (trainCfg.Children().Count() == 0)
+        throw RuntimeError(ErrorNumber::InvalidCall, "No consist to display");
+    setUp();
+    m_layout.emplace(m_services, installFolder, trainCfg, *m_view);
+}
+
+void Stage::RenderShape(const std::string &file)
+{
+    m_setStatus("Loading " + file);
+    setUp();
+    m_shapeFile = file;
+    m_caption.clear();
+}
+
+bool Stage::Step()
+{
+    if (!m_loading)
+        return false;
+    m_loading = false; // also when one of these throws
+    const bool more = m_layout ? m_layout->Step() : !m_shapeFile.empty();
+    if (!more) {
+        finish();
+        return false;
+    }
+    if (!m_layout)
+        loadShape();
+    m_view->ShowModels();
+    m_loading = true;
+    return true;
+}
+
+void Stage::loadShape()
+{
+    if (m_view->LoadShapeInToViewer("Shape", std::exchange(m_shapeFile, {}), 0, 0, 0, 0))
+        m_problems = m_view->Models.Item(1).Model().Problems();
+}
+
+void Stage::Stop()
+{
+    if (!m_loading)
+        return;
+    m_loading = false;
+    m_stopped = true;
+    finish();
+}
+
+void Stage::finish()
+{
+    if (m_layout) {
+        m_problems = m_layout->Problems();
+        m_end = m_layout->End();
+    }
+    m_scrollMaximum = Rounded16(-m_end);
+    if (m_layout)
+        m_view->CamZ = m_view->LookAtZ = TrainMiddle();
+    if (m_view->Models.Count() > 0)
+        m_view->Models.Item(1).SetSelected(true);
+    m_view->ResetCamera();
+    reportEnd();
+}
+
+void Stage::reportEnd()
+{
+    if (m_stopped) {
+        m_setStatus("Stopped after " + std::to_string(Done()) + " of " + std::to_string(Total()) +
+                    " vehicles");
+    } else if (m_problems.empty()) {
+        m_setStatus("Done");
+    } else {
+        const std::size_t more = m_problems.size() - 1;
+        m_setStatus("Done. " + m_problems.front() +
+                    (more ? " (and " + std::to_string(more) + " more)" : ""));
+    }
+}
+
+int Stage::ScrollMiddle() const
+{
+    return Rounded16(-TrainMiddle());
+}
+
+std::string Stage::Report() const
+{
+    if (!m_view)
+        return {};
+    return m_layout ? ConsistTextures(m_view->Models) : ShapeTextures(m_view->Models);
+}
+
+void Stage::Close()
+{
+    if (m_view)
+        m_view->DestroyModels();
+    m_layout.reset();
+    m_view.reset();
+    m_shapeFile.clear();
+    m_problems.clear();
+    m_loading = false;
+    m_end = 0;
+    m_scrollMaximum = 0;
+}
+
+} // namespace viewer

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "viewer/StockShape.h"
+
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "stavfile/StfFile.h"
+#include "viewer/Numbers.h"
+
+using host::ErrorNumber;
+using host::RuntimeError;
+
+namespace viewer {
+namespace {
+
+constexpr int kLengthInSize = 2;
+
+std::optional<float> lengthOf(const StfNode &wagon)
+{
+    const StfNode size = wagon.Child("Size");
+    if (!size || size.NumParameters() <= kLengthInSize)
+        return std::nullopt;
+    return LeadingNumber(size.Parameter(kLengthInSize));
+}
+
+StfNode loadWagon(StfFile &file, const std::string &path)
+{
+    file.SetFileName(path);
+    file.Load();
+    const StfNode wagon = file.FindNode("Wagon");
+    if (!wagon)
+        throw RuntimeError(ErrorNumber::ObjectNotSet, path + ": there is no Wagon block");
+    return wagon;
+}
+
+void readShapeFile(const StfNode &wagon, const std::string &stockFile, StockShape &stock)
+{
+    const StfNode shape = wagon.Child("WagonShape");
+    const std::string name = stavfile::ValueAt(shape, 0);
+    const std::string folder(host::path::FolderWithSeparator(stockFile));
+    if (!shape)
+        stock.whyNoShape = stockFile + ": there is no WagonShape in Wagon";
+    else if (name.empty())
+        stock.whyNoShape = stockFile + ": WagonShape names no file";
+    else
+        stock.shapeFile = folder.empty() ? name : host::path::Join(folder, name);
+}
+
+} // namespace
+
+StockShape ReadStockShape(host::GameFiles &files, const std::string &stockFile)
+{
+    StfFile file(files);
+    const StfNode wagon = loadWagon(file, stockFile);
+    StockShape stock;
+    stock.name = stavfile::ValueAt(wagon, 0);
+    stock.length = lengthOf(wagon);
+    readShapeFile(wagon, stockFile, stock);
+    return stock;
+}
+
+StockShape ReadStockShapeToShow(host::GameFiles &files, const std::string &stockFile)
+{
+    StockShape stock = ReadStockShape(files, stockFile);
+    if (!stock.whyNoShape.empty())
+        throw RuntimeError(ErrorNumber::ObjectNotSet, stock.whyNoShape);
+    return stock;
+}
+
+} // namespace viewer

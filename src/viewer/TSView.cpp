@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "viewer/TSView.h"
+
+#include "host/Dialogs.h"
+#include "host/Folders.h"
+#include "host/RuntimeError.h"
+#include "korvat/Canvas.h"
+#include "viewer/Numbers.h"
+
+#include <algorithm>
+#include <cstdint>
+
+using host::ErrorNumber;
+using host::RuntimeError;
+
+namespace viewer {
+
+void ViewObjects::Add(std::shared_ptr<TSViewObject> object, const std::string &key)
+{
+    if (std::any_of(m_entries.begin(), m_entries.end(),
+                    [&key](const Entry &entry) { return entry.key == key; }))
+        throw RuntimeError(ErrorNumber::KeyInUse, key);
+    m_entries.push_back({key, std::move(object)});
+}
+
+TSViewObject &ViewObjects::Item(int place) const
+{
+    if (place < 1 || place > Count())
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange,
+                           "object " + std::to_string(place) + " of " + std::to_string(Count()));
+    return *m_entries[static_cast<std::size_t>(place - 1)].object;
+}
+
+TSViewObject &ViewObjects::Item(const std::string &key) const
+{
+    for (const Entry &entry : m_entries)
+        if (entry.key == key)
+            return *entry.object;
+    throw RuntimeError(ErrorNumber::SubscriptOutOfRange, key);
+}
+
+} // namespace viewer
+
+namespace {
+
+std::string identity(const TSView *view)
+{
+    return std::to_string(reinterpret_cast<std::uintptr_t>(view));
+}
+
+constexpr const char *kTexturePath = "..\\textures\\";
+
+} // namespace
+
+TSView::TSView(const viewer::Services &services)
+    : m_services(services)
+{
+    host::AppendTraceLine("> tsview " + identity(this));
+}
+
+TSView::~TSView()
+{
+    Models.Clear();
+    host::AppendTraceLine("< tsview " + identity(this));
+}
+
+void TSView::Initialise()
+{
+    if (!Viewer)
+        return;
+    Viewer->CanvasStart();
+    Viewer->CanvasBeginRendering();
+    FullyStarted = true;
+}
+
+bool TSView::LoadShapeInToViewer(const std::string &shapeId, const std::string &shapeFile, float x,
+                                 float y, float z, float degrees)
+{
+    auto object = std::make_shared<TSViewObject>(m_services);
+    object->Model().SetDevice(Viewer ? Viewer->Device() : nullptr);
+    object->Model().SetTexturePath(kTexturePath);
+    if (!object->LoadShape(shapeFile)) {
+        m_services.dialogs.Message(object->LastError(), "Error Loading Shape",
+                                   host::DialogIcon::Critical);
+        return false;
+    }
+    object->MoveAndRotateTo(x, y, z, viewer::DegToRad(degrees));
+    Models.Add(std::move(object), shapeId);
+    return true;
+}
+
+void TSView::RefreshForm()
+{
+    yield();
+    if (!Viewer)
+        return;
+    Viewer->CanvasRestore();
+    for (int place = 1; place <= Models.Count(); ++place)
+        Models.Item(place).Model().Restore();
+    if (Viewer->Device())
+        ShowModels();
+    yield();
+}
+
+void TSView::ResetCamera()
+{
+    if (Viewer)
+        Viewer->SetCamera(CamX, CamY, CamZ, LookAtX, LookAtY, LookAtZ);
+    ShowModels();
+}
+
+void TSView::ShowModels()
+{
+    if (!FullyStarted)
+        return;
+    if (Viewer->BeginFrame()) {
+        for (int place = 1; place <= Models.Count(); ++place)
+            Models.Item(place).Model().Render(1, -1.0f);
+        Viewer->EndFrame();
+    }
+    yield();
+}
+
+void TSView::DestroyModels()
+{
+    for (int place = 1; place <= Models.Count(); ++place)
+        Models.Item(place).Destroy();
+    Models.Clear();
+}
+
+void TSView::yield()
+{
+    if (Viewer)
+        Viewer->Yield();
+}

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "Render.h"
+
+#include "host/Console.h"
+#include "host/Dialogs.h"
+#include "host/RuntimeError.h"
+#include "korvat/ModelLibrary.h"
+#include "korvat/OffscreenCanvas.h"
+#include "viewer/LooseConsists.h"
+#include "viewer/OrbitCamera.h"
+#include "viewer/Stage.h"
+#include "viewer/StockShape.h"
+
+#include <QBuffer>
+
+namespace zelkctl {
+namespace {
+
+void tell(const std::string &text)
+{
+    host::WriteTo(host::Stream::Error, "zelkctl: " + text + "\n");
+}
+
+/// Tells what the window would show in message boxes.
+class QuietDialogs : public host::Dialogs
+{
+public:
+    host::DialogAnswer Message(const std::string &text, const std::string &title, host::DialogIcon,
+                               host::DialogButtons) override
+    {
+        if (!text.empty())
+            tell(title + ": " + text);
+        return host::DialogAnswer::Ok;
+    }
+    std::optional<std::string> Input(const std::string &, const std::string &,
+                                     const std::string &) override
+    {
+        return std::nullopt;
+    }
+    std::string OpenFile(const host::FileDialogRequest &) override { return {}; }
+    std::string SaveFile(const host::FileDialogRequest &) override { return {}; }
+    std::string SelectFromList(const std::string &, const std::string &) override { return {}; }
+};
+
+void begin(viewer::Stage &stage, Session &session, const RenderRequest &request)
+{
+    const std::string extension = host::path::Extension(request.file);
+    if (extension == "s")
+        stage.RenderShape(request.file);
+    else if (extension == "eng" || extension == "wag")
+        stage.RenderShape(viewer::ReadStockShapeToShow(session.files, request.file).shapeFile);
+    else if (extension == "con")
+        stage.RenderConsist(request.file, OpenInstallation(session).CurrentFolder());
+    else if (extension == "act")
+        stage.RenderLooseConsist(viewer::LooseConsistAt(session.files, request.file, request.loose),
+                                 OpenInstallation(session).CurrentFolder(), request.file);
+    else
+        throw Failure(request.file + ": a .s, .eng, .wag, .con or .act file is wanted");
+}
+
+void aim(viewer::Stage &stage, const RenderRequest &request)
+{
+    TSView &view = *stage.View();
+    viewer::OrbitCamera(view).Reset(stage.TrainMiddle());
+    if (const auto &camera = request.camera)
+        static_cast<viewer::CameraPose &>(view) = {(*camera)[0], (*camera)[1], (*camera)[2],
+                                                   (*camera)[3], (*camera)[4], (*camera)[5]};
+    view.ResetCamera();
+}
+
+void write(Session &session, const QImage &picture, const std::string &path)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!picture.save(&buffer, "PNG"))
+        throw Failure(path + ": the picture cannot be written as PNG");
+    NamingFile(path, [&] {
+        session.files.WriteFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    });
+}
+
+} // namespace
+
+void Render(Session &session, const RenderRequest &request)
+{
+    std::string reason;
+    const auto canvas = korvat::OffscreenCanvas::Create(request.size[0], request.size[1], reason);
+    if (!canvas)
+        throw Failure("no picture can be made: " + reason);
+    QuietDialogs dialogs;
+    korvat::ModelLibrary shapes(session.files);
+    std::string status;
+    viewer::Stage stage({session.files, dialogs, shapes}, canvas.get(),
+                        [&status](const std::string &text) { status = text; });
+    NamingFile(request.file, [&] {
+        begin(stage, session, request);
+        while (stage.Step())
+            continue;
+    });
+    if (stage.View()->Models.Count() == 0)
+        throw Failure(request.file + ": there is nothing to show");
+    if (status != "Done")
+        tell(status);
+    aim(stage, request);
+    write(session, canvas->Picture(), request.out);
+}
+
+} // namespace zelkctl

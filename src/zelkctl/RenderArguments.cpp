@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "RenderArguments.h"
+
+#include "host/Text.h"
+
+#include <charconv>
+
+namespace zelkctl {
+namespace {
+
+constexpr int kLargestSide = 8192;
+
+/// Numbers with separators between them, exactly as many as there is room for.
+template <typename Number, std::size_t count>
+bool parseNumbers(const std::string &text, char separator, std::array<Number, count> &numbers)
+{
+    const std::vector<std::string> parts = host::Split(text, separator);
+    if (parts.size() != count)
+        return false;
+    for (std::size_t i = 0; i < count; ++i) {
+        const char *end = parts[i].data() + parts[i].size();
+        const auto result = std::from_chars(parts[i].data(), end, numbers[i]);
+        if (result.ec != std::errc() || result.ptr != end)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+RenderRequest RequestOf(const RenderArguments &arguments)
+{
+    RenderRequest request{arguments.file, arguments.out, {}, 1, {}};
+    auto &size = request.size;
+    if (!parseNumbers(arguments.size, 'x', size) || size[0] < 1 || size[1] < 1 ||
+        size[0] > kLargestSide || size[1] > kLargestSide)
+        throw Failure("--size: two numbers from 1 to " + std::to_string(kLargestSide) +
+                      " are wanted, as in 1280x720, not \"" + arguments.size + "\"");
+    std::array<int, 1> loose{};
+    if (!parseNumbers(arguments.loose, ',', loose) || loose[0] < 1)
+        throw Failure("--loose: a number from 1 on is wanted, not \"" + arguments.loose + "\"");
+    request.loose = loose[0];
+    if (arguments.camera.empty())
+        return request;
+    if (!parseNumbers(arguments.camera, ',', request.camera.emplace()))
+        throw Failure("--camera: six numbers are wanted, as in 10,2,0,0,2,0, not \"" +
+                      arguments.camera + "\"");
+    return request;
+}
+
+std::vector<std::string> ToList(const RenderArguments &a)
+{
+    return {a.file, a.out, a.size, a.loose, a.camera, a.msts};
+}
+
+RenderArguments FromList(const std::vector<std::string> &list)
+{
+    if (list.size() != 6)
+        throw Failure("this program draws for zelkctl render, which starts it");
+    return {list[0], list[1], list[2], list[3], list[4], list[5]};
+}
+
+} // namespace zelkctl

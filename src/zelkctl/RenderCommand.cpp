@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "RenderCommand.h"
+
+#include "RenderArguments.h"
+#include "Session.h"
+#include "host/Process.h"
+#include "host/RuntimeError.h"
+
+#include <memory>
+
+namespace zelkctl {
+namespace {
+
+/// Drawing needs libraries that take longer to load than most commands take to run, so a program of
+/// its own does it.
+void render(Session &session, RenderArguments &arguments)
+{
+    RequestOf(arguments); // complains before anything is started
+    if (!session.files.FileExists(arguments.file))
+        throw Failure(arguments.file + ": error 53: File not found");
+    arguments.msts = session.msts.value_or("");
+    const std::string program = host::ProgramBeside("zelk-render");
+    try {
+        session.exitCode = host::RunAndWait(program, ToList(arguments));
+    } catch (const host::RuntimeError &) {
+        throw Failure("no picture can be made: " + program + " is not there");
+    }
+}
+
+} // namespace
+
+void AddRenderCommand(CLI::App &app, Session &session)
+{
+    const auto arguments = std::make_shared<RenderArguments>();
+    CLI::App *command = app.add_subcommand("render", "Draw a shape, vehicle or train in 3D");
+    command->add_option("file", arguments->file, "A .s, .eng, .wag, .con or .act file")
+        ->required()
+        ->type_name("FILE");
+    command->add_option("--out", arguments->out, "The picture to write")
+        ->required()
+        ->type_name("PNG");
+    command->add_option("--size", arguments->size, "Width and height (1280x720)")->type_name("WxH");
+    command->add_option("--loose", arguments->loose, "Which loose consist of an activity (1)")
+        ->type_name("N");
+    command->add_option("--camera", arguments->camera, "Eye and target in metres")
+        ->type_name("X,Y,Z,TX,TY,TZ");
+    command->callback([&session, arguments] { render(session, *arguments); });
+}
+
+} // namespace zelkctl

@@ -1,0 +1,288 @@
+// SPDX-License-Identifier: MIT
+// Pictures of made-up shapes, looked at where the colours can be told beforehand.
+#include "TestShape.h"
+
+#include "host/GameFiles.h"
+#include "korvat/ModelLibrary.h"
+#include "korvat/OffscreenCanvas.h"
+#include "korvat/ShapeModel.h"
+#include "support/Environment.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+#include "viewer/TSView.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <memory>
+
+using korvat::Vec3;
+
+namespace {
+
+constexpr int kWidth = 320, kHeight = 200;
+constexpr Pixel kRed{220, 30, 30, 255}, kGreen{30, 200, 30, 255}, kWhite{255, 255, 255, 255};
+
+class PictureTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        std::string reason;
+        canvas = korvat::OffscreenCanvas::Create(kWidth, kHeight, reason);
+        if (!canvas)
+            GTEST_SKIP() << reason;
+        view.Viewer = canvas.get();
+        view.Initialise();
+        lookFrom({10, 2, 0}, {0, 2, 0});
+        game.Write("side.dds", LetterFile());
+        game.Write("red.dds", PictureFile(kRed));
+        game.Write("green.dds", PictureFile(kGreen));
+        game.Write("white.dds", PictureFile(kWhite));
+    }
+    void TearDown() override { view.DestroyModels(); }
+
+    void lookFrom(Vec3 eye, Vec3 target)
+    {
+        static_cast<viewer::CameraPose &>(view) = {eye.x,    eye.y,    eye.z,
+                                                   target.x, target.y, target.z};
+    }
+    /// Adds a shape at this place along the track.
+    void add(const std::vector<Panel> &panels, float z = 0, float degrees = 0)
+    {
+        const std::string name = "shape" + std::to_string(view.Models.Count()) + ".s";
+        ASSERT_TRUE(
+            view.LoadShapeInToViewer(name, game.Write(name, ShapeText(panels)), 0, 0, z, degrees))
+            << dialogs.Log();
+    }
+    /// Draws, and keeps the picture for a look at it in $ZELK_TEST_PICTURES when that is set.
+    void take(const char *name)
+    {
+        view.ResetCamera();
+        picture = canvas->Picture();
+        if (const char *folder = std::getenv("ZELK_TEST_PICTURES"))
+            picture.save(QString::fromLatin1(folder) + QLatin1Char('/') + QLatin1String(name) +
+                         QLatin1String(".png"));
+    }
+    /// The pixel that shows a place in the scene.
+    QColor at(Vec3 place) const
+    {
+        const korvat::FrameSetup setup = canvas->Device()->Setup(kWidth, kHeight);
+        const korvat::Transform all = setup.view * setup.projection;
+        const float w =
+            place.x * all.At(0, 3) + place.y * all.At(1, 3) + place.z * all.At(2, 3) + all.At(3, 3);
+        const Vec3 seen = korvat::TransformPoint(place, all) * (1 / w);
+        return picture.pixelColor(static_cast<int>((seen.x + 1) / 2 * kWidth),
+                                  static_cast<int>((1 - seen.y) / 2 * kHeight));
+    }
+    static bool close(const QColor &got, const Pixel &wanted, int tolerance = 6)
+    {
+        return std::abs(got.red() - wanted[0]) <= tolerance &&
+               std::abs(got.green() - wanted[1]) <= tolerance &&
+               std::abs(got.blue() - wanted[2]) <= tolerance;
+    }
+    /// The letter as it is seen on a side panel, from the left to the right on the screen, which is
+    /// along `right` in the scene.
+    std::string letterSeen(float x, Vec3 middle, float length, float height, float right) const
+    {
+        std::string rows;
+        for (int row = 0; row < 7; ++row) {
+            for (int column = 0; column < 5; ++column) {
+                const float z = middle.z + right * length * (static_cast<float>(column) - 2) / 5;
+                const float y = middle.y + height * (3 - static_cast<float>(row)) / 7;
+                rows += at({x, y, z}).red() > 128 ? '#' : '.';
+            }
+            rows += '\n';
+        }
+        return rows;
+    }
+
+    support::ScopedHome home;
+    support::TempFolder game;
+    host::GameFiles files;
+    support::ScriptedDialogs dialogs;
+    korvat::ModelLibrary shapes{files};
+    std::unique_ptr<korvat::OffscreenCanvas> canvas;
+    TSView view{viewer::Services{files, dialogs, shapes}};
+    QImage picture;
+};
+
+std::string letter()
+{
+    std::string rows;
+    for (const char *row : kLetter)
+        rows += std::string(row) + '\n';
+    return rows;
+}
+
+} // namespace
+
+TEST_F(PictureTest, LetteringReadsTheRightWayRoundOnBothSides)
+{
+    const Vec3 middle{0, 2, 0};
+    const std::vector<Panel> wagon = {SidePanel(1, 1, middle, 5, 3),
+                                      SidePanel(-1, -1, middle, 5, 3)};
+    add(wagon);
+    take("right-side");
+    EXPECT_EQ(letterSeen(1, middle, 5, 3, 1), letter());
+    lookFrom({-10, 2, 0}, {0, 2, 0});
+    take("left-side");
+    EXPECT_EQ(letterSeen(-1, middle, 5, 3, -1), letter());
+    view.DestroyModels();
+    add(wagon, 8, -180); // a flipped vehicle: it comes to stand at -8
+    lookFrom({10, 2, -8}, {0, 2, -8});
+    take("flipped");
+    EXPECT_EQ(letterSeen(1, {0, 2, -8}, 5, 3, 1), letter());
+}
+
+TEST_F(PictureTest, TheFrontIsOnTheRightAndTurnsWithAFlippedVehicle)
+{
+    std::vector<Panel> engine = {
+        SidePanel(1, 1, {0, 2, -2}, 2, 2), SidePanel(1, 1, {0, 2, 2}, 2, 2),
+        SidePanel(-1, -1, {0, 2, -2}, 2, 2), SidePanel(-1, -1, {0, 2, 2}, 2, 2),
+        EndPanel(4, 1, {0, 2, 0}, 2, 2)};
+    for (const std::size_t front : {1u, 3u, 4u})
+        engine[front].image = "red.dds";
+    for (const std::size_t rear : {0u, 2u})
+        engine[rear].image = "green.dds";
+    add(engine);
+    take("front");
+    EXPECT_TRUE(close(at({1, 2, 2}), kRed));
+    EXPECT_TRUE(close(at({1, 2, -2}), kGreen));
+    EXPECT_TRUE(close(picture.pixelColor(kWidth * 5 / 8, kHeight / 2), kRed)) << "on the right";
+    lookFrom({0, 2, 15}, {0, 2, 0});
+    take("nose");
+    EXPECT_TRUE(close(at({0, 2, 4}), kRed)) << "the nose is at +Z";
+    view.DestroyModels();
+    add(engine, 0, -180);
+    lookFrom({10, 2, 0}, {0, 2, 0});
+    take("turned");
+    EXPECT_TRUE(close(at({1, 2, 2}), kGreen));
+    EXPECT_TRUE(close(at({1, 2, -2}), kRed));
+}
+
+TEST_F(PictureTest, BackFacesAreNotDrawn)
+{
+    Panel wall = SidePanel(0, 1, {0, 2, 0}, 4, 4);
+    wall.image = "red.dds";
+    add({wall});
+    take("facing");
+    EXPECT_TRUE(close(at({0, 2, 0}), kRed));
+    lookFrom({-10, 2, 0}, {0, 2, 0});
+    take("from-behind");
+    EXPECT_FALSE(close(at({0, 2, 0}), kRed, 60));
+}
+
+TEST_F(PictureTest, AlphaIsTestedBlendedAddedOrIgnored)
+{
+    game.Write("half.dds", PictureFile({200, 200, 200, 128}));
+    game.Write("clear.dds", PictureFile({200, 200, 200, 0}));
+    const struct
+    {
+        const char *image, *shader;
+        int alphaTest;
+        Pixel seen; ///< in front of a red wall
+    } rows[] = {
+        {"half.dds", "Tex", 0, {200, 200, 200, 255}},
+        {"half.dds", "Tex", 1, kRed},
+        {"white.dds", "Tex", 1, kWhite},
+        {"half.dds", "BlendATex", 0, {210, 115, 115, 255}},
+        {"clear.dds", "BlendATex", 0, kRed},
+        {"half.dds", "AddATex", 0, {255, 130, 130, 255}},
+        {"white.dds", "BlendATex", 1, kWhite},
+    };
+    for (const auto &row : rows) {
+        view.DestroyModels();
+        Panel wall = SidePanel(-1, 1, {0, 2, 0}, 6, 4), pane = SidePanel(1, 1, {0, 2, 0}, 4, 2);
+        wall.image = "red.dds";
+        pane.image = row.image;
+        pane.shader = row.shader;
+        pane.alphaTest = row.alphaTest;
+        add({pane, wall}); // what lies in front comes first in the file
+        take((std::string("alpha-") + row.shader + std::to_string(row.alphaTest) + row.image)
+                 .c_str());
+        const QColor seen = at({1, 2, 0});
+        EXPECT_TRUE(close(seen, row.seen)) << row.image << ' ' << row.shader << ' ' << row.alphaTest
+                                           << ": " << seen.name().toStdString();
+    }
+}
+
+TEST_F(PictureTest, BlendedPartsShowWhatLiesBehindThemWhateverTheirOrder)
+{
+    game.Write("blue.dds", PictureFile({0, 0, 255, 128}));
+    game.Write("yellow.dds", PictureFile({255, 255, 0, 128}));
+    Panel near = SidePanel(1, 1, {0, 2, 0}, 4, 2), far = SidePanel(-1, 1, {0, 2, 0}, 6, 4);
+    near.image = "blue.dds";
+    far.image = "yellow.dds";
+    near.shader = far.shader = "BlendATex";
+    Panel wall = SidePanel(-2, 1, {0, 2, 0}, 8, 4);
+    wall.image = "white.dds";
+    QColor first;
+    for (const std::vector<Panel> &order :
+         {std::vector{near, far, wall}, std::vector{wall, far, near}}) {
+        view.DestroyModels();
+        add(order);
+        take("panes");
+        // White, half yellow, then half blue.
+        EXPECT_TRUE(close(at({1, 2, 0}), {127, 127, 191, 255}))
+            << at({1, 2, 0}).name().toStdString();
+    }
+}
+
+TEST_F(PictureTest, HazeHidesWhatIsFar)
+{
+    canvas->SetRangeNear(50);
+    canvas->SetRangeFar(600);
+    Panel wall = SidePanel(0, 1, {0, 15, 0}, 60, 30);
+    wall.image = "red.dds";
+    add({wall});
+    const korvat::Tint horizon = canvas->Device()->Setup(1, 1).horizon;
+    const auto expected = [&horizon](float hidden) {
+        const auto mixed = [hidden](float haze, std::uint8_t own) {
+            return static_cast<std::uint8_t>(
+                std::lerp(static_cast<float>(own), haze * 255, hidden));
+        };
+        return Pixel{mixed(horizon.r, kRed[0]), mixed(horizon.g, kRed[1]),
+                     mixed(horizon.b, kRed[2]), 255};
+    };
+    for (const float distance : {40.0f, 325.0f, 590.0f}) {
+        lookFrom({distance, 15, 0}, {0, 15, 0});
+        take("haze");
+        const float hidden = std::max(0.0f, (distance - 50) / 550);
+        EXPECT_TRUE(close(at({0, 15, 0}), expected(hidden)))
+            << distance << ": " << at({0, 15, 0}).name().toStdString();
+    }
+}
+
+TEST_F(PictureTest, AMissingTextureIsACheckerPattern)
+{
+    Panel wall = SidePanel(1, 1, {0, 2, 0}, 4, 4);
+    wall.image = "nowhere.ace";
+    add({wall});
+    EXPECT_EQ(view.Models.Item(1).Model().Problems(),
+              std::vector<std::string>{"Texture nowhere.ace is missing"});
+    take("checker");
+    int bright = 0, dark = 0;
+    for (float z = -1.9f; z < 1.9f; z += 0.1f) {
+        bright += close(at({1, 2.2f, z}), {255, 64, 255, 255}, 40);
+        dark += close(at({1, 2.2f, z}), {32, 32, 32, 255}, 40);
+    }
+    EXPECT_GT(bright, 10);
+    EXPECT_GT(dark, 10);
+    view.Models.Item(1).Flash();
+    take("flashed");
+    EXPECT_TRUE(close(at({1, 2, 0}), kWhite)) << "flashed, it is plain";
+}
+
+TEST_F(PictureTest, TheSceneHasSkyGroundAndTrack)
+{
+    lookFrom({10, 2, 0}, {0, 2, 0});
+    take("scenery");
+    const QColor sky = picture.pixelColor(kWidth / 2, 5);
+    EXPECT_GT(sky.blue(), sky.red() + 20);
+    const QColor grass = at({-20, -0.72f, 0});
+    EXPECT_GT(grass.green(), grass.blue() + 20);
+    const QColor rail = at({0.75f, 0, 0});
+    EXPECT_LT(std::abs(rail.red() - rail.blue()), 40) << "steel is grey";
+}

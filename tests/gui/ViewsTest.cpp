@@ -1,0 +1,441 @@
+// SPDX-License-Identifier: MIT
+// The 3D windows, from the menus and the mouse to the files that they leave.
+#include "GuiTest.h"
+#include "TestShape.h"
+
+#include "document/ListView.h"
+#include "host/Folders.h"
+#include "korvat/sfCanvas.h"
+#include "validation/frmResults.h"
+#include "viewer/ViewerPane.h"
+
+#include <QAbstractButton>
+#include <QImage>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <filesystem>
+#include <fstream>
+
+using document::ListView;
+using host::DialogAnswer;
+using viewer::ViewerPane;
+
+namespace {
+
+class ViewsTest : public GuiTest
+{
+protected:
+    void SetUp() override
+    {
+        if (!sfCanvas::WhyNot().empty())
+            GTEST_SKIP() << sfCanvas::WhyNot();
+        settings.values["ScreenShotDir"] = game.MakeFolder("Shots");
+        game.Write("Trains/Trainset/Boxcars/box.s", ShapeText({SidePanel(1, 1, {0, 2, 0}, 9, 3)}));
+        game.Write("Trains/Trainset/Boxcars/side.dds", LetterFile());
+        writeStock("Boxcars/box.wag", "Wagon", 10, "box.s");
+        writeStock("Boxcars/hopper.wag", "Wagon", 20, "box.s");
+        writeStock("GP38 Pack/gp38a.eng", "Engine", 16, "gone.s");
+    }
+    void writeStock(const std::string &file, const std::string &type, int length,
+                    const std::string &shape)
+    {
+        game.Write("Trains/Trainset/" + file, "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\nWagon ( \"" +
+                                                  type + " X\" Size ( 3m 4m " +
+                                                  std::to_string(length) + "m ) WagonShape ( " +
+                                                  shape + " ) )\r\n");
+    }
+    std::string stockFile(const char *name)
+    {
+        return game.At(std::string("Trains/Trainset/") + name);
+    }
+
+    ViewerPane &pane() { return *Active()->findChild<ViewerPane *>(); }
+    sfCanvas &canvas() { return *pane().sfViewer; }
+    TSView &scene() { return *pane().View(); }
+    bool loaded()
+    {
+        return Wait([this] { return Active()->findChild<ViewerPane *>() && !pane().Loading(); });
+    }
+    /// The consist "Coal": a wagon of 10 and one of 20 metres.
+    ViewerPane &viewCoal()
+    {
+        Start();
+        Find<ListView>(*Active(), "lvConsists").SelectRow(0);
+        Trigger("mnuConsistView");
+        EXPECT_TRUE(loaded());
+        return pane();
+    }
+    void drag(Qt::MouseButton button, QPoint by)
+    {
+        const QPoint from(100, 100);
+        QTest::mousePress(&canvas(), button, {}, from);
+        QMouseEvent move(QEvent::MouseMove, QPointF(from + by),
+                         canvas().mapToGlobal(QPointF(from + by)), Qt::NoButton, button, {});
+        QCoreApplication::sendEvent(&canvas(), &move);
+        QTest::mouseRelease(&canvas(), button, {}, from + by);
+    }
+    viewer::CameraPose camera() { return scene(); }
+    static void expectNear(const viewer::CameraPose &got, const viewer::CameraPose &wanted,
+                           const char *name)
+    {
+        const auto near = [](float a, float b) { return std::abs(a - b) < 1e-3f; };
+        EXPECT_TRUE(near(got.CamX, wanted.CamX) && near(got.CamY, wanted.CamY) &&
+                    near(got.CamZ, wanted.CamZ) && near(got.LookAtX, wanted.LookAtX) &&
+                    near(got.LookAtY, wanted.LookAtY) && near(got.LookAtZ, wanted.LookAtZ))
+            << name << ": " << got.CamX << ' ' << got.CamY << ' ' << got.CamZ << " to "
+            << got.LookAtX << ' ' << got.LookAtY << ' ' << got.LookAtZ;
+    }
+    /// Whether the canvas shows the wagon in the middle of the picture.
+    bool showsWagon() { return showsWagon(canvas()); }
+    static bool showsWagon(sfCanvas &where)
+    {
+        const QImage picture = where.grabFramebuffer();
+        const QColor middle = picture.pixelColor(picture.width() / 2, picture.height() / 2);
+        const bool white = middle.red() > 240 && middle.green() > 240;
+        const bool blue = middle.red() < 20 && middle.blue() > 140;
+        return white || blue;
+    }
+};
+
+const viewer::CameraPose kSide{10, 2, -15, 0, 2, -15};
+
+} // namespace
+
+TEST_F(ViewsTest, TheListShowsAConsistInASideView)
+{
+    Start();
+    Trigger("mnuConsistView");
+    EXPECT_EQ(dialogs.TakeLog(), "critical|View Consist|Nothing selected!\n");
+    Find<ListView>(*Active(), "lvConsists").SelectRow(0);
+    QTest::keyClick(&Find<ListView>(*Active(), "lvConsists"), Qt::Key_Return, Qt::ShiftModifier);
+    ASSERT_TRUE(loaded());
+    EXPECT_EQ(Active()->Caption(), "Consist - Coal");
+    EXPECT_EQ(Active()->Mode(), 2);
+    EXPECT_EQ(Status(), "Done");
+    EXPECT_EQ(scene().Models.Count(), 2);
+    expectNear(camera(), kSide, "the middle of the train");
+    EXPECT_EQ(pane().hscView->maximum(), 30);
+    EXPECT_EQ(pane().hscView->value(), 15);
+    EXPECT_EQ(pane().vscView->value(), 2);
+    EXPECT_EQ(dialogs.Log(), "");
+    pane().hscView->setValue(10); // the middle of the 20 metres at the end
+    EXPECT_TRUE(Wait([this] { return showsWagon(); }));
+    EXPECT_FALSE(Find<QAction>(*window, "mnuViewFilter").isEnabled());
+    EXPECT_TRUE(Find<QAction>(*window, "mnuViewReset").isEnabled());
+}
+
+TEST_F(ViewsTest, MouseWheelAndKeysMoveTheCamera)
+{
+    viewCoal();
+    QTest::mouseMove(&canvas(), {50, 50});
+    expectNear(camera(), kSide, "no button");
+    drag(Qt::LeftButton, {314, 0});
+    EXPECT_NEAR(camera().CamZ, -5, 0.02) << "a quarter round";
+    EXPECT_EQ(Status(), "Move(314,0)");
+    Trigger("mnuViewReset");
+    expectNear(camera(), kSide, "reset");
+    drag(Qt::RightButton, {0, 100});
+    expectNear(camera(), {10, 3, -15, 0, 3, -15}, "pan up");
+    EXPECT_EQ(pane().vscView->value(), 3);
+    drag(Qt::RightButton, {40, 0});
+    expectNear(camera(), {10, 3, -16, 0, 3, -16}, "pan right");
+    drag(Qt::MiddleButton, {40, 40});
+    expectNear(camera(), {10, 3, -16, 0, 3, -16}, "the middle button does nothing");
+    QTest::mouseDClick(&canvas(), Qt::LeftButton);
+    expectNear(camera(), kSide, "a double click resets");
+    QWheelEvent turn({50, 50}, canvas().mapToGlobal(QPointF(50, 50)), {}, {0, 120}, {}, {},
+                     Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&canvas(), &turn);
+    expectNear(camera(), {9, 2, -15, 0, 2, -15}, "nearer");
+    canvas().setFocus();
+    QTest::keyClick(&canvas(), Qt::Key_Right);
+    expectNear(camera(), {9, 2, -14, 0, 2, -14}, "right is towards the front");
+    QTest::keyClick(&canvas(), Qt::Key_Left);
+    QTest::keyClick(&canvas(), Qt::Key_Left);
+    EXPECT_EQ(pane().hscView->value(), 14);
+    QTest::keyClick(&canvas(), Qt::Key_Up);
+    expectNear(camera(), {9, 3, -16, 0, 2, -16}, "up lifts the camera alone");
+    QTest::keyClick(&canvas(), Qt::Key_Down);
+    EXPECT_EQ(pane().vscView->value(), 2);
+}
+
+TEST_F(ViewsTest, ScrollBarsMoveTheCameraAndFollowIt)
+{
+    viewCoal();
+    pane().hscView->setValue(30);
+    expectNear(camera(), {10, 2, 0, 0, 2, 0}, "the front");
+    pane().hscView->setValue(0);
+    expectNear(camera(), {10, 2, -30, 0, 2, -30}, "the end");
+    pane().vscView->setValue(12);
+    expectNear(camera(), {10, 12, -30, 0, 2, -30}, "from above");
+    Trigger("mnuViewReset");
+    EXPECT_EQ(pane().hscView->value(), 15);
+    EXPECT_EQ(pane().vscView->value(), 2);
+    drag(Qt::RightButton, {0, 130});
+    EXPECT_EQ(pane().vscView->value(), 3);
+    EXPECT_NEAR(camera().CamY, 3.3f, 1e-4) << "the bar rounds, the camera does not";
+    drag(Qt::RightButton, {0, -1000});
+    EXPECT_EQ(pane().vscView->value(), 3) << "below the bar's range it stays";
+}
+
+TEST_F(ViewsTest, ThePictureComesBackAfterHidingAndResizing)
+{
+    viewCoal();
+    pane().hscView->setValue(10);
+    ASSERT_TRUE(Wait([this] { return showsWagon(); }));
+    frmDocument &view = *Active();
+    view.showMaximized();
+    EXPECT_TRUE(Wait([this] { return showsWagon(); })) << "maximised";
+    view.showNormal();
+    view.hide();
+    QTest::qWait(20);
+    view.show();
+    EXPECT_TRUE(Wait([this] { return showsWagon(); })) << "after it was hidden";
+    // In a window of its own the canvas gets another context.
+    ViewerPane &shown = pane();
+    view.setWidget(nullptr);
+    shown.setParent(nullptr);
+    shown.resize(300, 200);
+    shown.show();
+    EXPECT_TRUE(Wait([&shown] { return showsWagon(*shown.sfViewer); })) << "in another window";
+    delete &shown;
+}
+
+TEST_F(ViewsTest, SavingWritesNumberedPictures)
+{
+    viewCoal();
+    Trigger("mnuFileSave");
+    EXPECT_EQ(Status(), "Done");
+    game.Write("Shots/ZELKC-0002.png", "someone else's");
+    Trigger("mnuFileSaveAs");
+    EXPECT_EQ(game.Names("Shots"),
+              (std::vector<std::string>{"ZELKC-0001.png", "ZELKC-0002.png", "ZELKC-0003.png"}));
+    EXPECT_EQ(game.Read("Shots/ZELKC-0002.png"), "someone else's");
+    const QImage picture(QString::fromStdString(game.At("Shots/ZELKC-0003.png")));
+    EXPECT_EQ(picture.size(), canvas().size() * canvas().devicePixelRatioF());
+    window->OpenFile(stockFile("Boxcars/box.wag"));
+    ASSERT_TRUE(loaded());
+    Trigger("mnuFileSaveAll");
+    EXPECT_TRUE(game.Exists("Shots/ZELKC-0004.png"));
+    EXPECT_TRUE(game.Exists("Shots/ZELKS-0001.png"));
+    EXPECT_EQ(dialogs.TakeLog(), "");
+    std::filesystem::remove_all(game.At("Shots"));
+    Trigger("mnuFileSave");
+    const std::string log = dialogs.TakeLog();
+    EXPECT_EQ(log.rfind("critical|Save Snapshot|", 0), 0u) << log;
+    EXPECT_NE(log.find("ZELKS-0001.png"), std::string::npos) << log;
+}
+
+TEST_F(ViewsTest, FilesOfEachKindOpenInTheirWindow)
+{
+    Start();
+    const std::string folder = game.At("Trains/Trainset/Boxcars/");
+    const struct
+    {
+        std::string file, caption, shown;
+    } rows[] = {{folder + "box.wag", "Wagon - Wagon X", host::path::Join(folder, "box.s")},
+                {stockFile("GP38 Pack/gp38a.eng"), "Engine - Engine X",
+                 host::path::Join(game.At("Trains/Trainset/GP38 Pack/"), "gone.s")},
+                {folder + "box.s", "Shape - " + folder + "box.s", folder + "box.s"}};
+    for (const auto &row : rows) {
+        window->OpenFile(row.file);
+        ASSERT_TRUE(loaded()) << row.file;
+        EXPECT_EQ(Active()->Caption(), row.caption);
+        EXPECT_EQ(Active()->FileName(), row.shown);
+        EXPECT_EQ(Active()->Mode(), 3);
+        EXPECT_EQ(dialogs.TakeLog(), "") << "a missing shape leaves the window empty";
+    }
+    EXPECT_EQ(pane().hscView->maximum(), 0);
+    window->OpenFile(stockFile("Tankers/Oil.wag"));
+    EXPECT_EQ(dialogs.TakeLog(), "critical|Open File|Object variable or With block variable not "
+                                 "set: " +
+                                     stockFile("Tankers/Oil.wag") + ": there is no Wagon block\n");
+}
+
+TEST_F(ViewsTest, LooseConsistsOpenOneAfterTheOther)
+{
+    std::string items;
+    for (const char *wagon : {"box", "hopper", "box"})
+        items +=
+            std::string("ActivityObject ( Train_Config ( TrainCfg ( \"\" Wagon ( WagonData ( ") +
+            wagon + " Boxcars ) ) ) ) )\n";
+    const std::string file =
+        game.Write("a.act", "SIMISA@@@@@@@@@@JINX0a0t______\n\nTr_Activity ( Tr_Activity_File ( "
+                            "ActivityObjects (\n" +
+                                items + ") ) )\n");
+    const auto opened = [&](const char *answer, std::size_t windows) {
+        dialogs.AnswerInput(answer);
+        window->OpenFile(file);
+        EXPECT_TRUE(Wait([&] { return window->Documents().size() >= windows; }));
+        QTest::qWait(600); // no further one follows
+        std::string captions;
+        for (frmDocument *document : window->Documents())
+            captions += document->Caption() + "\n";
+        return captions;
+    };
+    Start("none.w"); // no list window to begin with
+    dialogs.TakeLog();
+    const auto caption = [&](int number) {
+        return "Loose Consist " + std::to_string(number) + " from " + file + "\n";
+    };
+    EXPECT_EQ(opened("", 0), "");
+    EXPECT_EQ(dialogs.TakeLog(),
+              "input|Activity Loose Consists|Found 3 loose consist(s) in activity " + file +
+                  "\n\nWhich do you want to load?|*\n");
+    EXPECT_EQ(opened("2,3", 1), caption(2));
+    EXPECT_EQ(pane().hscView->maximum(), 20);
+    EXPECT_EQ(opened("*", 4), caption(2) + caption(1) + caption(2) + caption(3));
+    Trigger("mnuViewRefresh");
+    ASSERT_TRUE(loaded());
+    EXPECT_EQ(scene().Models.Count(), 1) << "the train outlives its file";
+}
+
+TEST_F(ViewsTest, AnEditorShowsItsConsistSavedOrNot)
+{
+    Start();
+    frmDocument &editor = OpenEditor("Coal");
+    const std::string before = game.Read("Trains/Consists/Coal.con");
+    editor.ActionClick(3);
+    ASSERT_TRUE(loaded());
+    EXPECT_EQ(Active()->FileName(), ConsistFile("Coal"));
+    EXPECT_EQ(Active()->Caption(), editor.Caption());
+    const auto show = [&](DialogAnswer answer) {
+        editor.setFocus();
+        Find<ListView>(editor, "lvConsist").SelectRow(0);
+        Find<QAbstractButton>(editor, "cmdMove5").click();
+        dialogs.Answer(answer);
+        editor.ActionClick(3);
+        EXPECT_EQ(dialogs.TakeLog(), "question|View Consist|Consist has changed.  Do you want to "
+                                     "save it before viewing the consist?\n");
+        return window->Documents().size();
+    };
+    EXPECT_EQ(show(DialogAnswer::Cancel), 3u);
+    EXPECT_EQ(show(DialogAnswer::No), 4u);
+    const std::string scratch = host::path::Join(host::ProgramFolder(), "Temporary Consist.con");
+    EXPECT_EQ(Active()->FileName(), scratch);
+    EXPECT_EQ(Active()->Caption(), editor.Caption());
+    EXPECT_TRUE(editor.Changed());
+    EXPECT_EQ(editor.FileName(), ConsistFile("Coal"));
+    EXPECT_EQ(game.Read("Trains/Consists/Coal.con"), before);
+    EXPECT_EQ(ShapesIn(scratch), "box hopper");
+    Find<QAbstractButton>(editor, "cmdMove5").click();
+    EXPECT_EQ(editor.Caption(), "Consist - Coal") << "the copy's name stays in the copy";
+    std::filesystem::remove(scratch);
+    dialogs.Answer(DialogAnswer::Yes); // and this is the question about overwriting
+    dialogs.Answer(DialogAnswer::Yes);
+    editor.ActionClick(3);
+    EXPECT_FALSE(editor.Changed());
+    EXPECT_EQ(Active()->FileName(), ConsistFile("Coal"));
+}
+
+TEST_F(ViewsTest, AnEditorShowsTheSelectedStock)
+{
+    Start();
+    frmDocument &editor = OpenEditor("Coal");
+    Trigger("mnuStockViewShape");
+    editor.ActionClick(4);
+    EXPECT_EQ(dialogs.TakeLog(), "critical|View Shape|Nothing selected!\n"
+                                 "critical|View Shape|Nothing selected to view\n");
+    auto &train = Find<ListView>(editor, "lvConsist");
+    train.setFocus();
+    train.SelectRow(1);
+    Find<QAbstractButton>(editor, "cmdMove5").click(); // flips it
+    train.SelectRow(1);
+    Trigger("mnuConsistViewShape");
+    ASSERT_TRUE(loaded());
+    EXPECT_TRUE(window->isActiveWindow()) << "the first canvas must not take the focus away";
+    EXPECT_EQ(Active()->Caption(), "Wagon* - hopper");
+    EXPECT_TRUE(Active()->FileName().ends_with("box.s")) << Active()->FileName();
+    editor.setFocus();
+    Find<ListView>(editor, "lvStock").setFocus();
+    Find<ListView>(editor, "lvStock").SelectRow(0);
+    editor.ActionClick(4);
+    EXPECT_EQ(Active()->Caption(), "Wagon - box");
+    editor.AllowUnload();
+}
+
+TEST_F(ViewsTest, PropertiesTellWhatIsShown)
+{
+    Start();
+    Trigger("mnuFileProperties");
+    const std::string path = host::path::Join(game.Path(), "Trains/Consists");
+    EXPECT_EQ(dialogs.TakeLog(),
+              "information|All Consists Properties|Path:\t" + path + "\r\n\r\nCount:\t3\n");
+    dialogs.AnswerInput("gp");
+    Trigger("mnuViewFilter");
+    dialogs.TakeLog();
+    Trigger("mnuFileProperties");
+    EXPECT_EQ(dialogs.TakeLog(), "information|All Consists Properties|Path:\t" + path +
+                                     "\r\n\r\nCount:\t1 (Filtered on gp)\n");
+    window->OpenFile(stockFile("Boxcars/box.wag"));
+    ASSERT_TRUE(loaded());
+    Trigger("mnuFileProperties");
+    auto *report = window->findChild<frmResults *>();
+    ASSERT_TRUE(report);
+    EXPECT_EQ(report->Caption(), "Properties of Wagon - Wagon X");
+    EXPECT_EQ(report->Text(), "Shape Textures: 1\r\n1\tside.dds");
+    report->close();
+}
+
+TEST_F(ViewsTest, WhatCannotBeShownIsToldAndTheRestGoesOn)
+{
+    Start();
+    WriteConsist("Gappy", {"box", "gone", "box"});
+    window->OpenDocumentWindow(game.Write("Trains/Consists/Bare.con", "Train ( TrainCfg ( x ) )"),
+                               2, "Bare", {});
+    EXPECT_EQ(dialogs.TakeLog(),
+              "critical|Open File|Invalid procedure call or argument: No consist "
+              "to display\n");
+    window->OpenDocumentWindow(ConsistFile("Gappy"), 2, "Gappy", {});
+    ASSERT_TRUE(loaded());
+    EXPECT_EQ(scene().Models.Count(), 2);
+    EXPECT_EQ(dialogs.TakeLog(),
+              "critical|LoadShape|" +
+                  host::path::Join(game.Path(), "Trains/Trainset/Boxcars/gone.wag") +
+                  " does not exist!\n");
+    std::filesystem::remove(stockFile("Boxcars/side.dds"));
+    files.Refresh();
+    window->OpenFile(stockFile("Boxcars/box.wag"));
+    ASSERT_TRUE(loaded());
+    EXPECT_EQ(Status(), "Done. Texture side.dds is missing");
+}
+
+TEST_F(ViewsTest, EscStopsALongLoading)
+{
+    WriteConsist("Long", std::vector<std::string>(400, "box"));
+    Start();
+    window->OpenDocumentWindow(ConsistFile("Long"), 2, "Long", {});
+    ASSERT_TRUE(Wait([this] { return pane().View()->Models.Count() > 3; }));
+    QTest::keyClick(window.get(), Qt::Key_Escape);
+    EXPECT_FALSE(pane().Loading());
+    const int there = scene().Models.Count();
+    EXPECT_LT(there, 400);
+    EXPECT_EQ(pane().hscView->maximum(), 10 * there);
+    EXPECT_EQ(Status(), "Stopped after " + std::to_string(there) + " of 400 vehicles");
+}
+
+TEST_F(ViewsTest, ClosingLetsGoOfEverything)
+{
+    viewCoal();
+    frmDocument &coal = *Active();
+    window->OpenDocumentWindow(ConsistFile("GP38 Local"), 2, "Local", {});
+    Active()->close(); // while it loads
+    coal.LoadForm();   // a second scene in the place of the first
+    auto &shown = *coal.findChild<ViewerPane *>();
+    ASSERT_TRUE(Wait([&shown] { return !shown.Loading(); }));
+    EXPECT_EQ(shown.View()->Models.Count(), 2);
+    coal.close();
+    EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
+    std::ifstream log(host::TraceLogFile());
+    int scenes = 0, objects = 0;
+    for (std::string line; std::getline(log, line);) {
+        const int step = line.find('>') != line.npos ? 1 : -1;
+        if (line.find("tsviewobject") != line.npos)
+            objects += step;
+        else if (line.find("tsview") != line.npos)
+            scenes += step;
+    }
+    EXPECT_EQ(objects, 0);
+    EXPECT_EQ(scenes, 0);
+}

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+#include "korvat/Renderer.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+
+using namespace korvat;
+
+namespace {
+
+/// A device that writes down what it is told: "+m1" for the first mesh uploaded, "-t2" for the
+/// second picture released, and each drawing as its first index with what makes it special: "!"
+/// tested, "#" the solid part of something blended, "~" blended, "^" added; "/" and its texture.
+class RecordingDevice : public Device
+{
+public:
+    unsigned UploadMesh(const Mesh &) override
+    {
+        log += "+m" + std::to_string(++m_given) + ' ';
+        return m_given;
+    }
+    unsigned UploadTexture(const Texture &) override
+    {
+        log += "+t" + std::to_string(++m_given) + ' ';
+        return m_given;
+    }
+    void ReleaseMesh(unsigned mesh) override { log += "-m" + std::to_string(mesh) + ' '; }
+    void ReleaseTexture(unsigned texture) override { log += "-t" + std::to_string(texture) + ' '; }
+    void BeginFrame(const FrameSetup &) override { log += "[ "; }
+    void Draw(const DrawCall &call) override
+    {
+        const bool solid = call.mixing == Mixing::Replace;
+        const char *kind = call.mixing == Mixing::Add     ? "^"
+                           : call.mixing == Mixing::Alpha ? "~"
+                           : call.alphaLimit > 0.9f       ? "#"
+                           : call.alphaLimit > 0          ? "!"
+                                                          : "";
+        EXPECT_EQ(call.writesDepth, solid);
+        EXPECT_EQ(call.opaque, solid && call.alphaLimit == 0);
+        log += kind + std::to_string(call.firstIndex) +
+               (call.texture ? "/" + std::to_string(call.texture) : "") + ' ';
+    }
+    void EndFrame() override { log += "]"; }
+
+    std::string TakeLog() { return std::exchange(log, {}); }
+    std::string log;
+
+private:
+    unsigned m_given = 0;
+};
+
+std::shared_ptr<Texture> pictureOf(int alpha)
+{
+    auto picture = std::make_shared<Texture>();
+    picture->alphaBits = alpha;
+    return picture;
+}
+
+/// A row of triangles at X = 0, 1, 2 ..., one for each surface; part i begins at index 3 i.
+std::shared_ptr<Model> modelOf(const std::vector<Surface> &surfaces)
+{
+    auto model = std::make_shared<Model>();
+    for (const Surface &surface : surfaces) {
+        const auto first = static_cast<std::uint32_t>(model->mesh.vertices.size());
+        for (const Vec3 at : {Vec3{0, 0, 0}, Vec3{0, 1, 0}, Vec3{0, 0, 1}})
+            model->mesh.vertices.push_back(
+                {at + Vec3{static_cast<float>(first / 3), 0, 0}, {}, {}});
+        for (std::uint32_t i = 0; i < 3; ++i)
+            model->mesh.indices.push_back(first + i);
+        Part part{first, 3, 0, surface, {}};
+        model->parts.push_back(part);
+    }
+    MeasureBounds(*model);
+    return model;
+}
+
+class RendererTest : public testing::Test
+{
+protected:
+    RendererTest() { renderer.SetCamera({10, 0, 0}, {0, 0, 0}); }
+    std::string paint()
+    {
+        device.TakeLog();
+        renderer.Paint(device, 100, 100);
+        return device.TakeLog();
+    }
+    void frameOf(const std::shared_ptr<Model> &model, const Renderer::TexturePtr &picture,
+                 const Transform &world = Identity())
+    {
+        renderer.Begin();
+        renderer.Add(model, world, std::vector{picture});
+        renderer.End();
+    }
+
+    Renderer renderer;
+    RecordingDevice device;
+};
+
+constexpr auto kNone = Blending::None, kAlpha = Blending::Alpha, kAdd = Blending::Add;
+
+} // namespace
+
+TEST_F(RendererTest, ShaderAndAlphaDecideThePass)
+{
+    const struct
+    {
+        Blending blending;
+        bool test;
+        int alpha;
+        const char *drawn;
+    } rows[] = {
+        {kNone, false, 0, "0/2"},        {kNone, true, 0, "0/2"},        {kNone, false, 1, "0/2"},
+        {kNone, true, 1, "!0/2"},        {kNone, false, 8, "0/2"},       {kNone, true, 8, "!0/2"},
+        {kAlpha, false, 0, "0/2"},       {kAlpha, true, 0, "0/2"},       {kAlpha, true, 1, "!0/2"},
+        {kAlpha, false, 1, "#0/2 ~0/2"}, {kAlpha, true, 8, "#0/2 ~0/2"}, {kAdd, false, 8, "^0/2"},
+        {kAdd, true, 1, "!0/2"},         {kAdd, false, 0, "0/2"},
+    };
+    for (const auto &row : rows) {
+        Surface surface;
+        surface.blending = row.blending;
+        surface.alphaTest = row.test;
+        renderer.Forget();
+        device = {};
+        frameOf(modelOf({surface}), pictureOf(row.alpha));
+        EXPECT_EQ(paint(), "[ +m1 +t2 " + std::string(row.drawn) + " ]")
+            << static_cast<int>(row.blending) << row.test << row.alpha;
+    }
+    Surface glass;
+    glass.blending = kAlpha;
+    frameOf(modelOf({glass}), nullptr);
+    EXPECT_EQ(paint(), "[ -m1 -t2 +m3 0 ]") << "without a texture there is nothing to see through";
+}
+
+TEST_F(RendererTest, BlendedPartsComeLastFromFarToNear)
+{
+    Surface glass, fence, wall;
+    glass.blending = kAlpha;
+    fence.alphaTest = true;
+    // Index 0 is the farthest from the camera at X = 10, 12 the nearest.
+    frameOf(modelOf({glass, fence, glass, wall, glass}), pictureOf(8));
+    EXPECT_EQ(paint(), "[ +m1 +t2 9/2 !3/2 #0/2 #6/2 #12/2 ~0/2 ~6/2 ~12/2 ]");
+    renderer.SetCamera({-10, 0, 0}, {0, 0, 0});
+    EXPECT_EQ(paint(), "[ 9/2 !3/2 #0/2 #6/2 #12/2 ~12/2 ~6/2 ~0/2 ]");
+    renderer.SetCamera({2, 0, -40}, {2, 0, 0}); // all but equally far: the order of the file counts
+    frameOf(modelOf({glass, glass}), pictureOf(8), Translation({1.5f, 0, 0}));
+    EXPECT_NE(paint().find("~0/4 ~3/4 ]"), std::string::npos);
+}
+
+TEST_F(RendererTest, TheDeviceHoldsEverythingOnceAndOnlyWhileItIsUsed)
+{
+    auto car = modelOf({Surface{}}), other = modelOf({Surface{}});
+    auto paint1 = pictureOf(0), paint2 = pictureOf(0);
+    renderer.Begin();
+    for (int i = 0; i < 3; ++i)
+        renderer.Add(car, Identity(), std::vector<Renderer::TexturePtr>{i < 2 ? paint1 : paint2});
+    renderer.Add(other, Identity(), std::vector<Renderer::TexturePtr>{paint2});
+    EXPECT_EQ(paint(), "[ ]") << "the frame is not whole yet";
+    renderer.End();
+    EXPECT_EQ(paint(), "[ +m1 +t2 +t3 +m4 0/2 0/2 0/3 0/3 ]");
+    EXPECT_EQ(paint(), "[ 0/2 0/2 0/3 0/3 ]");
+    renderer.Forget();
+    EXPECT_EQ(paint().substr(0, 9), "[ +m5 +t6") << "on another device everything comes again";
+    frameOf(car, paint1);
+    other.reset();
+    paint2.reset();
+    const std::string log = paint();
+    EXPECT_TRUE(log == "[ -m8 -t7 0/6 ]") << log;
+    renderer.Clear();
+    EXPECT_EQ(paint(), "[ ]");
+    renderer.ReleaseAll(device);
+    EXPECT_EQ(device.TakeLog(), "-m5 -t6 ");
+}
+
+TEST_F(RendererTest, WhatTheCameraCannotSeeIsNeitherUploadedNorDrawn)
+{
+    frameOf(modelOf({Surface{}}), nullptr, Translation({50, 0, 0}));
+    EXPECT_EQ(paint(), "[ ]");
+    renderer.SetCamera({10, 0, 0}, {20, 0, 0});
+    EXPECT_EQ(paint(), "[ +m1 0 ]");
+    const FrameSetup setup = renderer.Setup(200, 100);
+    EXPECT_EQ(setup.eye, (Vec3{10, 0, 0}));
+    renderer.SetHaze(50, 600);
+    EXPECT_EQ(renderer.Setup(0, 0).width, 1) << "also while the window has no size";
+    EXPECT_EQ(renderer.Setup(1, 1).hazeFar, 600);
+}

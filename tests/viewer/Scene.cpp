@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "Scene.h"
+
+#include "host/Folders.h"
+
+#include <fstream>
+
+korvat::LoadedModel MadeUpShapes::LoadModel(const std::string &path)
+{
+    const std::string name(host::path::FileName(path));
+    if (name == "bad.s")
+        return {nullptr, "  bad.s: nothing but holes "};
+    auto model = std::make_shared<korvat::Model>();
+    model->textures = textures[name];
+    for (const float z : {-length / 2, length / 2, 0.0f})
+        model->mesh.vertices.push_back({{z / 4, 1, z}, {0, 1, 0}, {}});
+    model->mesh.indices = {0, 1, 2};
+    model->parts.resize(1);
+    model->parts[0].indexCount = 3;
+    korvat::MeasureBounds(*model);
+    return {model, {}};
+}
+
+korvat::LoadedTexture MadeUpShapes::LoadTexture(const std::string &folder,
+                                                const std::string &texturePath,
+                                                const std::string &name)
+{
+    asked += folder + "|" + texturePath + "|" + name + "\n";
+    auto picture = std::make_shared<korvat::Texture>();
+    return {picture, name == "gone.ace" ? "gone.ace is missing" : ""};
+}
+
+void SceneTest::writeStock(const std::string &folder, const std::string &file,
+                           const std::string &size, const std::string &shape)
+{
+    const std::string base = "Trains/Trainset/" + folder + "/";
+    game.Write(base + file, "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\nWagon ( \"" + file +
+                                "\"\r\n\tSize ( " + size + " )\r\n" +
+                                (shape.empty() ? "" : "\tWagonShape ( \"" + shape + "\" )\r\n") +
+                                ")\r\n");
+    if (!shape.empty())
+        game.Write(base + shape, "shape");
+}
+
+std::string SceneTest::traceLines() const
+{
+    std::ifstream log(host::TraceLogFile());
+    std::string lines, line;
+    while (std::getline(log, line))
+        lines += line.substr(9, line.find_last_of(' ') - 9) + "\n";
+    return lines;
+}

@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+#include "viewer/Stage.h"
+
+#include "Scene.h"
+#include "host/RuntimeError.h"
+#include "stavfile/StfFile.h"
+#include "viewer/Numbers.h"
+
+#include <cmath>
+#include <cstdio>
+
+namespace {
+
+class StageTest : public SceneTest
+{
+protected:
+    StageTest()
+    {
+        shapes.textures["box.s"] = {"side.ace"};
+        writeStock("Cars", "Box10.wag", "3m 4m 10m", "box.s");
+        writeStock("Cars", "Box20.wag", "3 4 20.5m", "box.s");
+        writeStock("My Cars", "Loco.eng", "3 4 16", "loco.s");
+        writeStock("Cars", "Unsized.wag", "3 4", "box.s");
+        writeStock("Cars", "Worded.wag", "3 4 long", "box.s");
+        writeStock("Cars", "Broken.wag", "3 4 10", "bad.s");
+        writeStock("Cars", "Shapeless.wag", "3 4 10", "");
+        writeStock("Cars", "Long.wag", "3 4 40000", "box.s");
+    }
+    /// The TrainCfg block of these units; each is a word such as "Box10" or "Box10*" (flipped), or
+    /// a block of its own when it holds a bracket.
+    StfNode train(const std::vector<std::string> &units)
+    {
+        std::string text = "Train ( TrainCfg ( \"Morning Freight\" Name ( x )\n";
+        for (const std::string &unit : units) {
+            const bool flipped = unit.ends_with('*');
+            const std::string name = flipped ? unit.substr(0, unit.size() - 1) : unit;
+            text += unit.find('(') != unit.npos ? unit
+                                                : "Wagon ( WagonData ( " + name + " Cars )" +
+                                                      (flipped ? " Flip ( )" : "") + " )\n";
+        }
+        file.LoadBytes(text + ") )");
+        return file.FindNode("Train").Child("TrainCfg");
+    }
+    void load(const std::vector<std::string> &units)
+    {
+        stage.RenderLooseConsist(train(units), game.Path(), "x.act");
+        while (stage.Step())
+            continue;
+    }
+    /// Where the objects' origins are along the track, and ">" or "<" for the way they face.
+    std::string places()
+    {
+        std::string text;
+        for (int place = 1; place <= stage.View()->Models.Count(); ++place) {
+            const korvat::Transform &world = stage.View()->Models.Item(place).Model().WorldMatrix();
+            const float z = korvat::TransformPoint({}, world).z;
+            const bool ahead = korvat::TransformDirection({0, 0, 1}, world).z > 0;
+            char number[32];
+            std::snprintf(number, sizeof number, "%s%g%s", text.empty() ? "" : " ",
+                          static_cast<double>(std::round(z * 1000) / 1000), ahead ? ">" : "<");
+            text += number;
+        }
+        return text;
+    }
+
+    std::string status;
+    viewer::Stage stage{services, &canvas, [this](const std::string &text) { status = text; }};
+    StfFile file{files};
+};
+
+} // namespace
+
+TEST_F(StageTest, VehiclesStandEndToEnd)
+{
+    const struct
+    {
+        std::vector<std::string> units;
+        const char *places;
+        float end;
+        const char *log;
+    } rows[] = {
+        {{"Box10", "Box20"}, "-5> -20.25>", -30.5f, ""},
+        {{"Box10*"}, "-5<", -10, ""},
+        {{"Box10", "Box10*", "Box20*"}, "-5> -15< -30.25<", -40.5f, ""},
+        {{"Engine ( EngineData ( Loco My Cars ) )", "Box10"}, "-8> -21>", -26, ""},
+        {{"Engine ( EngineData ( loco \"my cars\" ) Flip ( ) )"}, "-8<", -16, ""},
+        {{"Unsized", "Unsized*", "Box10"}, "-4> -12< -21>", -26, ""},
+        {{"Worded", "Box10"}, "0> -5>", -10, ""},
+        {{"Box10", "Missing", "Box10"}, "-5> -15>", -20, "LoadShape|Missing.wag does not exist!\n"},
+        {{"Broken", "Box10"}, "-15>", -20, "Error Loading Shape|bad.s: nothing but holes\n"},
+        {{"Shapeless", "Box10"},
+         "-15>",
+         -20,
+         "Error Loading Shape|Shapeless.wag: there is no WagonShape in Wagon\n"},
+        {{"Wagon ( UiD ( 1 ) )", "Box10"},
+         "-5>",
+         -10,
+         "Error Loading Shape|Object variable or With block variable not set: line 2: Wagon has no "
+         "block WagonData\n"},
+        {{"Comment2 ( x )"}, "", 0, ""},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(testing::PrintToString(row.units));
+        load(row.units);
+        EXPECT_EQ(places(), row.places);
+        EXPECT_FLOAT_EQ(stage.TrainEnd(), row.end);
+        EXPECT_FLOAT_EQ(canvas.camera[2], row.end / 2) << "the camera stands at the middle";
+        std::string log = dialogs.TakeLog();
+        for (const std::string &folder :
+             {game.At("Trains/Trainset/Cars/"), std::string("critical|")})
+            for (std::size_t at; (at = log.find(folder)) != log.npos;)
+                log.erase(at, folder.size());
+        EXPECT_EQ(log, row.log);
+        EXPECT_EQ(status, "Done");
+    }
+}
+
+TEST_F(StageTest, TheScrollBarRunsAlongTheTrain)
+{
+    load({"Box10", "Box20"});
+    EXPECT_EQ(stage.ScrollMaximum(), 31);
+    EXPECT_EQ(stage.ScrollMiddle(), 15);
+    EXPECT_TRUE(stage.View()->Models.Item(1).Selected());
+    EXPECT_FALSE(stage.View()->Models.Item(2).Selected());
+    EXPECT_EQ(stage.Caption(), "Loose Consist - Morning Freight");
+    try {
+        load({"Long"});
+        FAIL() << "40 km do not fit";
+    } catch (const host::RuntimeError &error) {
+        EXPECT_EQ(error.Number(), 6);
+    }
+    EXPECT_FALSE(stage.Step()) << "and that was all";
+}
+
+TEST_F(StageTest, StepsShowWhatIsThere)
+{
+    stage.RenderLooseConsist(train({"Box10", "Box10"}), game.Path(), "x.act");
+    EXPECT_EQ(canvas.TakeLog(), "start rendering camera begin end yield near50 far600 ");
+    EXPECT_EQ(canvas.camera, (std::array<float, 6>{10, 2, 0, 0, 2, 0}));
+    EXPECT_TRUE(stage.Step());
+    EXPECT_EQ(canvas.TakeLog(), "begin end yield ");
+    EXPECT_EQ(stage.Done(), 1);
+    EXPECT_EQ(stage.Total(), 2);
+    stage.Stop();
+    EXPECT_FALSE(stage.Step());
+    EXPECT_EQ(status, "Stopped after 1 of 2 vehicles");
+    EXPECT_EQ(stage.ScrollMaximum(), 10) << "what is there is a train";
+    stage.Close();
+    EXPECT_EQ(stage.View(), nullptr);
+    EXPECT_EQ(traceLines(), "> tsview\n> tsviewobject\n< tsviewobject\n< tsview\n");
+}
+
+TEST_F(StageTest, ConsistFilesAndTheirFaults)
+{
+    const auto render = [this](const std::string &content) {
+        const std::string path = game.Write("Trains/Consists/a.con", content);
+        try {
+            stage.RenderConsist(path, game.Path());
+            while (stage.Step())
+                continue;
+        } catch (const host::RuntimeError &error) {
+            std::string what = error.what();
+            if (const auto at = what.find(path); at != what.npos)
+                what.replace(at, path.size(), "a.con");
+            return what;
+        }
+        return stage.Caption() + places();
+    };
+    EXPECT_EQ(render("Train ( TrainCfg ( \"A B\" Wagon ( WagonData ( Box10 Cars ) ) ) )"),
+              "Consist - A B-5>");
+    EXPECT_EQ(render("Train ( TrainCfg ( x ) )"),
+              "Invalid procedure call or argument: No consist to display");
+    EXPECT_EQ(render("Train ( )"),
+              "Object variable or With block variable not set: a.con: there is no TrainCfg block");
+    EXPECT_EQ(render("Wagon ( )"),
+              "Object variable or With block variable not set: a.con: there is no Train block");
+}
+
+TEST_F(StageTest, ReportsNameTheTextures)
+{
+    shapes.textures["box.s"] = {"side.ace", "gone.ace"};
+    load({"Box10", "Engine ( EngineData ( Loco My Cars ) )"});
+    EXPECT_EQ(stage.Report(), "All Consist Textures\r\n\r\nItem 1 Textures: 2\r\n1\tside.ace\r\n"
+                              "2\tgone.ace\r\n\r\nItem 2 Textures: 0");
+    EXPECT_EQ(status, "Done. gone.ace is missing");
+    stage.RenderShape(game.At("Trains/Trainset/Cars/box.s"));
+    while (stage.Step())
+        continue;
+    EXPECT_EQ(stage.Report(), "Shape Textures: 2\r\n1\tside.ace\r\n2\tgone.ace");
+    EXPECT_EQ(places(), "0>");
+    EXPECT_EQ(stage.ScrollMaximum(), 0);
+    stage.RenderShape(game.At("bad.s"));
+    while (stage.Step())
+        continue;
+    EXPECT_EQ(stage.Report(), "") << "no shape, no report";
+    EXPECT_EQ(status, "Done");
+}
+
+TEST(NumbersTest, TheNumberIsTheBeginningOfTheText)
+{
+    const struct
+    {
+        const char *text;
+        float number;
+    } rows[] = {{"25.038m", 25.038f}, {"1in", 1},   {" 12", 12}, {"-3.5", -3.5f}, {"+4", 4},
+                {"1e2", 100},         {".5", 0.5f}, {"", 0},     {"m12", 0},      {"inf", 0},
+                {"nan", 0},           {"-inf", 0},  {"1,5", 1},  {"5.", 5},       {"+-2", 0}};
+    for (const auto &row : rows)
+        EXPECT_FLOAT_EQ(viewer::LeadingNumber(row.text), row.number) << row.text;
+    EXPECT_THROW(viewer::LeadingNumber("1e99"), host::RuntimeError);
+    EXPECT_EQ(viewer::Rounded16(32767.4f), 32767);
+    EXPECT_THROW(viewer::Rounded16(32767.6f), host::RuntimeError);
+}
