@@ -37,7 +37,8 @@ struct DrawCall
     AddressMode addressing = AddressMode::Wrap;
     bool mipmaps = true;
     Tint colour;
-    float alphaLimit = 0; ///< pixels whose alpha is below are left out
+    float alphaLimit = 0;  ///< pixels whose alpha is below are left out
+    bool softEdge = false; ///< where alpha crosses the limit, a pixel is covered in part
     Mixing mixing = Mixing::Replace;
     bool writesDepth = true;
     bool opaque = false; ///< the picture's alpha says nothing: it counts as 1

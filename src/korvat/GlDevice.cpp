@@ -105,7 +105,7 @@ bool GlDevice::start(std::string &reason)
     m_place = {m_surface.uniformLocation("world"),    m_surface.uniformLocation("colour"),
                m_surface.uniformLocation("textured"), m_surface.uniformLocation("opaque"),
                m_surface.uniformLocation("finish"),   m_surface.uniformLocation("alphaLimit"),
-               m_surface.uniformLocation("fades")};
+               m_surface.uniformLocation("fades"),    m_surface.uniformLocation("softEdge")};
     glGenVertexArrays(1, &m_skyArray);
     makeSamplers();
     m_compressedTextures = context->hasExtension("GL_EXT_texture_compression_s3tc");
@@ -266,6 +266,8 @@ void GlDevice::BeginFrame(const FrameSetup &setup)
     glCullFace(GL_BACK);
     glFrontFace(GL_CW);
     glEnable(GL_MULTISAMPLE);
+    // The frame's own alpha stays 1, or what lies behind the window would shine through it.
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
     setFrame(setup);
     m_lastMesh = 0;
 }
@@ -306,6 +308,11 @@ void GlDevice::setFrame(const FrameSetup &setup)
     glActiveTexture(GL_TEXTURE0);
 }
 
+void GlDevice::setEnabled(GLenum option, bool enabled)
+{
+    enabled ? glEnable(option) : glDisable(option);
+}
+
 void GlDevice::useState(const DrawCall &call)
 {
     glUniformMatrix4fv(m_place.world, 1, GL_FALSE, call.world.m.data());
@@ -315,17 +322,13 @@ void GlDevice::useState(const DrawCall &call)
     glUniform1i(m_place.fades, call.mixing == Mixing::Add);
     glUniform1i(m_place.finish, static_cast<GLint>(call.finish));
     glUniform1f(m_place.alphaLimit, call.alphaLimit);
+    glUniform1i(m_place.softEdge, call.softEdge);
+    setEnabled(GL_SAMPLE_ALPHA_TO_COVERAGE, call.softEdge);
+    setEnabled(GL_BLEND, call.mixing != Mixing::Replace);
     glBindTexture(GL_TEXTURE_2D, call.texture);
     glBindSampler(0, m_samplers[samplerOf(call.addressing, call.mipmaps)]);
     glDepthMask(call.writesDepth ? GL_TRUE : GL_FALSE);
-    if (call.mixing == Mixing::Replace) {
-        glDisable(GL_BLEND);
-        return;
-    }
-    glEnable(GL_BLEND);
-    // The picture's own alpha stays 1, or windows behind it would shine through on the screen.
-    glBlendFuncSeparate(GL_SRC_ALPHA, call.mixing == Mixing::Add ? GL_ONE : GL_ONE_MINUS_SRC_ALPHA,
-                        GL_ZERO, GL_ONE);
+    glBlendFunc(GL_SRC_ALPHA, call.mixing == Mixing::Add ? GL_ONE : GL_ONE_MINUS_SRC_ALPHA);
 }
 
 void GlDevice::Draw(const DrawCall &call)
@@ -343,9 +346,9 @@ void GlDevice::EndFrame()
     glBindVertexArray(0);
     glBindSampler(0, 0);
     glBindTexture(GL_TEXTURE_2D, 0);
-    glDisable(GL_BLEND);
-    glDisable(GL_CULL_FACE);
-    glDisable(GL_DEPTH_TEST);
+    for (const GLenum option : {GL_BLEND, GL_CULL_FACE, GL_DEPTH_TEST, GL_SAMPLE_ALPHA_TO_COVERAGE})
+        glDisable(option);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     glDepthMask(GL_TRUE);
     m_surface.release();
 }

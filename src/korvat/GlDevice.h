@@ -45,12 +45,13 @@ private:
     GLsizei uploadLevels(const Texture &picture);
     void paintSky(const FrameSetup &setup);
     void setFrame(const FrameSetup &setup);
+    void setEnabled(GLenum option, bool enabled);
     void useState(const DrawCall &call);
 
     QOpenGLShaderProgram m_surface, m_sky;
     struct
     {
-        int world, colour, textured, opaque, finish, alphaLimit, fades;
+        int world, colour, textured, opaque, finish, alphaLimit, fades, softEdge;
     } m_place{};
     GLuint m_skyArray = 0;
     std::array<GLuint, 8> m_samplers{}; ///< by addressing, with and without mipmaps

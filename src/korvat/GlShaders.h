@@ -26,7 +26,7 @@ inline constexpr char kSurfaceFragment[] = R"(#version 330 core
 in vec3 place, facing;
 in vec2 pictureAt;
 uniform sampler2D picture;
-uniform bool textured, opaque, fades;
+uniform bool textured, opaque, fades, softEdge;
 uniform vec4 colour;
 uniform float alphaLimit;
 uniform int finish; // 0 normal, 1 shiny, 2 very shiny, 3 full, 4 half, 5 dark
@@ -54,6 +54,17 @@ float highlightOn(vec3 normal, vec3 toEye)
     return finish == 1 ? 0.35 * pow(along, 25.0) : 0.6 * pow(along, 750.0);
 }
 
+// How much of the pixel is covered. Small copies of a picture have thinner alpha, or fences and
+// handrails would vanish in the distance.
+float coverage(float alpha)
+{
+    vec2 size = vec2(textureSize(picture, 0));
+    vec2 dx = dFdx(pictureAt) * size, dy = dFdy(pictureAt) * size;
+    float level = max(0.5 * log2(max(dot(dx, dx), dot(dy, dy))), 0.0);
+    float lifted = alpha * (1.0 + 0.25 * level);
+    return clamp((lifted - alphaLimit) / max(fwidth(lifted), 0.001) + 0.5, 0.0, 1.0);
+}
+
 void main()
 {
     vec4 base = colour;
@@ -61,7 +72,9 @@ void main()
         base *= texture(picture, pictureAt);
     if (opaque)
         base.a = 1.0;
-    if (base.a < alphaLimit)
+    if (softEdge)
+        base.a = coverage(base.a);
+    if (softEdge ? base.a <= 0.0 : base.a < alphaLimit)
         discard;
     vec3 normal = dot(facing, facing) > 0.0 ? normalize(facing) : vec3(0.0, 1.0, 0.0);
     vec3 view = eye - place;

@@ -21,7 +21,7 @@ struct LoadedModel
 /// pattern and the problem says so.
 struct LoadedTexture
 {
-    TexturePtr picture;
+    TexturePtr texture;
     std::string problem; ///< "" when all is well
 };
 

@@ -140,6 +140,7 @@ void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
         call.opaque = call.mixing == Mixing::Replace && !tested;
         call.writesDepth = true;
         call.alphaLimit = tested ? kTestLimit : 0;
+        call.softEdge = tested && call.mixing == Mixing::Replace;
         if (call.mixing != Mixing::Replace)
             calls.blended.push_back(
                 {call, Length(TransformPoint(part.bounds.centre, placed.world) - m_eye)});

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "korvat/Device.h"
+#include "korvat/ModelSource.h"
 
 #include <memory>
 #include <span>
@@ -19,7 +20,13 @@ namespace korvat {
 class Renderer
 {
 public:
-    using TexturePtr = std::shared_ptr<const Texture>;
+    /// A model of a frame.
+    struct Placed
+    {
+        std::shared_ptr<const Model> model;
+        Transform world;
+        std::vector<TexturePtr> pictures;
+    };
 
     /// Begins a new frame; the last one stays what Paint shows until End.
     void Begin();
@@ -27,6 +34,8 @@ public:
     /// them, draws without a texture.
     void Add(std::shared_ptr<const Model> model, const Transform &world,
              std::span<const TexturePtr> pictures);
+    /// What was added to the frame that has begun.
+    const std::vector<Placed> &Coming() const { return m_coming; }
     void End();
     /// Drops everything from both frames, so that models can go.
     void Clear();
@@ -49,12 +58,6 @@ public:
     static constexpr float kNearest = 0.1f;       ///< nothing closer is drawn, metres
 
 private:
-    struct Placed
-    {
-        std::shared_ptr<const Model> model;
-        Transform world;
-        std::vector<TexturePtr> pictures;
-    };
     struct Blended
     {
         DrawCall call;

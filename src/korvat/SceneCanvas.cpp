@@ -23,6 +23,7 @@ bool SceneCanvas::BeginFrame()
 
 void SceneCanvas::EndFrame()
 {
+    Scenery::AddShades(m_renderer);
     m_renderer.End();
     frameReady();
 }

@@ -14,6 +14,8 @@ constexpr float kReach = 1200;     ///< half the length of what goes along with 
 constexpr float kGrassTile = 12;   ///< metres that one grass picture covers
 constexpr float kTrackTile = 2.4f; ///< metres of track in one picture: four sleepers
 constexpr float kGroundHeight = -0.72f, kSleeperTop = -0.17f, kShoulder = 1.75f, kFoot = 3.0f;
+constexpr float kWidestVehicle = 4.5f, kLowFloor = 1.5f, kShadeMargin = 1.4f;
+constexpr float kShadeHeight = kSleeperTop + 0.015f;
 constexpr float kRailInside = 0.7175f, kRailWidth = 0.07f;
 
 /// Noise that is the same on every machine: 0 to 1 for each place.
@@ -161,6 +163,53 @@ std::shared_ptr<const Model> makeTrack()
     return model;
 }
 
+/// A square of one by one metre.
+std::shared_ptr<const Model> makeShade()
+{
+    auto model = std::make_shared<Model>();
+    const Vec3 up{0, 1, 0};
+    model->mesh.vertices = {{{-0.5f, 0, -0.5f}, up, {0, 0}},
+                            {{-0.5f, 0, 0.5f}, up, {0, 1}},
+                            {{0.5f, 0, 0.5f}, up, {1, 1}},
+                            {{0.5f, 0, -0.5f}, up, {1, 0}}};
+    model->mesh.indices = {0, 1, 2, 0, 2, 3};
+    Surface surface;
+    surface.finish = Finish::FullBright;
+    surface.blending = Blending::Alpha;
+    surface.addressing = AddressMode::Clamp;
+    endPart(*model, 0, surface);
+    MeasureBounds(*model);
+    return model;
+}
+
+/// Dark in the middle, nothing at the edges.
+TexturePtr paintShade()
+{
+    constexpr unsigned side = 64;
+    auto texture = std::make_shared<Texture>();
+    texture->width = texture->height = side;
+    texture->alphaBits = 8;
+    texture->levels = {
+        {side, side, PixelFormat::Rgba8, 0, LevelSize(PixelFormat::Rgba8, side, side)}};
+    const auto rise = [](unsigned at) {
+        const float inside = static_cast<float>(std::min(at, side - 1 - at)) / (side * 0.22f);
+        return std::min(1.0f, inside * inside);
+    };
+    for (unsigned y = 0; y < side; ++y)
+        for (unsigned x = 0; x < side; ++x) {
+            texture->data.insert(texture->data.end(), 3, std::uint8_t{14});
+            texture->data.push_back(static_cast<std::uint8_t>(175 * rise(x) * rise(y)));
+        }
+    return texture;
+}
+
+/// True for what may run on the track.
+bool isVehicle(const Bounds &box)
+{
+    return box.most.x - box.least.x < kWidestVehicle && box.least.y < kLowFloor &&
+           box.most.z - box.least.z > 1;
+}
+
 float snapped(float value, float step)
 {
     return std::floor(value / step) * step;
@@ -171,8 +220,10 @@ float snapped(float value, float step)
 Scenery::Scenery()
     : m_ground(makeGround())
     , m_track(makeTrack())
+    , m_shade(makeShade())
     , m_groundTextures{paint(256, grassAt)}
     , m_trackTextures{paint(512, trackAt), paint(256, ballastAt)}
+    , m_shadeTextures{paintShade()}
 {
 }
 
@@ -191,6 +242,22 @@ void Scenery::AddTo(Renderer &renderer, Vec3 eye)
                  scenery.m_groundTextures);
     renderer.Add(scenery.m_track, Translation({0, 0, snapped(eye.z, kTrackTile)}),
                  scenery.m_trackTextures);
+}
+
+void Scenery::AddShades(Renderer &renderer)
+{
+    const Scenery &scenery = shared();
+    std::vector<Transform> places;
+    for (const Renderer::Placed &placed : renderer.Coming()) {
+        const Bounds &box = placed.model->box;
+        if (!isVehicle(box))
+            continue;
+        const Vec3 size = box.most - box.least, middle = (box.most + box.least) * 0.5f;
+        places.push_back(Scaling({size.x + kShadeMargin, 1, size.z + kShadeMargin}) *
+                         Translation({middle.x, kShadeHeight, middle.z}) * placed.world);
+    }
+    for (const Transform &place : places)
+        renderer.Add(scenery.m_shade, place, scenery.m_shadeTextures);
 }
 
 } // namespace korvat

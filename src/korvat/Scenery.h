@@ -17,13 +17,15 @@ class Scenery
 public:
     /// Adds the ground and the track around the camera to the frame that the renderer has begun.
     static void AddTo(Renderer &renderer, Vec3 eye);
+    /// Adds the shade under every vehicle of that frame.
+    static void AddShades(Renderer &renderer);
 
 private:
     Scenery();
     static const Scenery &shared();
 
-    std::shared_ptr<const Model> m_ground, m_track;
-    std::vector<TexturePtr> m_groundTextures, m_trackTextures;
+    std::shared_ptr<const Model> m_ground, m_track, m_shade;
+    std::vector<TexturePtr> m_groundTextures, m_trackTextures, m_shadeTextures;
 };
 
 } // namespace korvat

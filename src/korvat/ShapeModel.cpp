@@ -26,7 +26,7 @@ void ShapeModel::LoadShapeFile(const std::string &path)
         korvat::LoadedTexture picture = m_source.LoadTexture(m_folder, m_texturePath, name);
         if (!picture.problem.empty())
             m_problems.push_back(std::move(picture.problem));
-        m_pictures.push_back(std::move(picture.picture));
+        m_pictures.push_back(std::move(picture.texture));
     }
 }
 
@@ -37,7 +37,7 @@ const std::string &ShapeModel::TextureInfo(int index) const
 
 TexturePtr ShapeModel::LoadTexture(const std::string &name)
 {
-    return m_source.LoadTexture(m_folder, m_texturePath, name).picture;
+    return m_source.LoadTexture(m_folder, m_texturePath, name).texture;
 }
 
 void ShapeModel::SetTexture(int index, TexturePtr picture)

@@ -33,6 +33,15 @@ Transform Translation(Vec3 by)
     return result;
 }
 
+Transform Scaling(Vec3 by)
+{
+    Transform result = Identity();
+    result.At(0, 0) = by.x;
+    result.At(1, 1) = by.y;
+    result.At(2, 2) = by.z;
+    return result;
+}
+
 Transform RotationY(float radians)
 {
     const float c = std::cos(radians), s = std::sin(radians);

@@ -52,6 +52,7 @@ struct Transform
 
 Transform Identity();
 Transform Translation(Vec3 by);
+Transform Scaling(Vec3 by);
 /// A turn about the vertical axis; a quarter turn takes Z to X.
 Transform RotationY(float radians);
 Transform operator*(const Transform &a, const Transform &b);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Pictures of made-up shapes, looked at where the colours can be told beforehand.
-#include "TestShape.h"
+#include "korvat/TestShape.h"
 
 #include "host/GameFiles.h"
 #include "korvat/ModelLibrary.h"

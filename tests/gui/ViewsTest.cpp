@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The 3D windows, from the menus and the mouse to the files that they leave.
 #include "GuiTest.h"
-#include "TestShape.h"
+#include "korvat/TestShape.h"
 
 #include "document/ListView.h"
 #include "host/Folders.h"

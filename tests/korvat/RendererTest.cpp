@@ -86,7 +86,7 @@ protected:
         renderer.Paint(device, 100, 100);
         return device.TakeLog();
     }
-    void frameOf(const std::shared_ptr<Model> &model, const Renderer::TexturePtr &picture,
+    void frameOf(const std::shared_ptr<Model> &model, const TexturePtr &picture,
                  const Transform &world = Identity())
     {
         renderer.Begin();
@@ -154,8 +154,8 @@ TEST_F(RendererTest, TheDeviceHoldsEverythingOnceAndOnlyWhileItIsUsed)
     auto paint1 = pictureOf(0), paint2 = pictureOf(0);
     renderer.Begin();
     for (int i = 0; i < 3; ++i)
-        renderer.Add(car, Identity(), std::vector<Renderer::TexturePtr>{i < 2 ? paint1 : paint2});
-    renderer.Add(other, Identity(), std::vector<Renderer::TexturePtr>{paint2});
+        renderer.Add(car, Identity(), std::vector<TexturePtr>{i < 2 ? paint1 : paint2});
+    renderer.Add(other, Identity(), std::vector<TexturePtr>{paint2});
     EXPECT_EQ(paint(), "[ ]") << "the frame is not whole yet";
     renderer.End();
     EXPECT_EQ(paint(), "[ +m1 +t2 +t3 +m4 0/2 0/2 0/3 0/3 ]");

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "korvat/ModelLibrary.h"
+
+#include "TestShape.h"
+#include "host/GameFiles.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+
+using namespace korvat;
+
+namespace {
+
+class ModelLibraryTest : public testing::Test
+{
+protected:
+    ModelLibraryTest()
+    {
+        shape = game.Write("Cars/box.s", ShapeText({SidePanel(1, 1, {0, 2, 0}, 4, 2)}));
+        game.Write("Cars/side.dds", LetterFile());
+        game.Write("textures/roof.dds", PictureFile({1, 2, 3, 255}));
+    }
+    LoadedTexture texture(const std::string &name)
+    {
+        return library.LoadTexture(game.At("Cars/"), "..\\textures\\", name);
+    }
+
+    support::TempFolder game;
+    host::GameFiles files;
+    ModelLibrary library{files};
+    std::string shape;
+};
+
+} // namespace
+
+TEST_F(ModelLibraryTest, WhatIsInUseIsSharedUntilItsFileChanges)
+{
+    const LoadedModel first = library.LoadModel(shape);
+    ASSERT_EQ(first.error, "");
+    EXPECT_EQ(first.model->textures, std::vector<std::string>{"side.dds"});
+    EXPECT_EQ(library.LoadModel(game.At("cars/BOX.S")).model, first.model);
+    const TexturePtr side = texture("side.dds").texture;
+    EXPECT_EQ(texture("SIDE.ACE").texture, side) << "a .dds stands for a missing .ace";
+    EXPECT_NE(texture("roof.dds").texture, ModelLibrary::Checker()) << "by the texture path";
+
+    game.Write("Cars/box.s", ShapeText({SidePanel(1, 1, {0, 2, 0}, 6, 2)}));
+    namespace fs = std::filesystem;
+    fs::last_write_time(fs::path(shape),
+                        fs::last_write_time(fs::path(shape)) + std::chrono::hours(1));
+    const LoadedModel second = library.LoadModel(shape);
+    EXPECT_NE(second.model, first.model);
+    EXPECT_FLOAT_EQ(second.model->box.most.z, 3);
+}
+
+TEST_F(ModelLibraryTest, WhatCannotBeReadIsSaidWithItsFile)
+{
+    const std::string broken =
+        game.Write("Cars/broken.s", "SIMISA@@@@@@@@@@JINX0s1t______\n\nx ( )");
+    EXPECT_EQ(library.LoadModel(broken).error.rfind(broken + ": ", 0), 0u)
+        << library.LoadModel(broken).error;
+    EXPECT_EQ(library.LoadModel(broken).model, nullptr);
+    EXPECT_NE(library.LoadModel(game.At("Cars/gone.s")).error, "");
+    game.Write("Cars/bad.dds", "DDS nothing");
+    const LoadedTexture bad = texture("bad.dds"), gone = texture("gone.ace");
+    EXPECT_EQ(bad.texture, ModelLibrary::Checker());
+    EXPECT_EQ(bad.problem.rfind("Texture " + game.At("Cars/bad.dds") + ": ", 0), 0u) << bad.problem;
+    EXPECT_EQ(gone.texture, ModelLibrary::Checker());
+    EXPECT_EQ(gone.problem, "Texture gone.ace is missing");
+}

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "ZelkctlTest.h"
+
+namespace {
+
+class RenderCommandTest : public ZelkctlTest
+{
+};
+
+constexpr char kEmptyShape[] = "SIMISA@@@@@@@@@@JINX0s1t______\n\nshape ( )\n";
+
+} // namespace
+
+TEST_F(RenderCommandTest, WrongWishesAreRefusedBeforeAnythingIsDrawn)
+{
+    write("a.s", kEmptyShape);
+    const struct
+    {
+        std::vector<std::string> options;
+        std::string said;
+    } rows[] = {
+        {{"--size", "0x5"},
+         "--size: two numbers from 1 to 8192 are wanted, as in 1280x720, not \"0x5\""},
+        {{"--size", "5"},
+         "--size: two numbers from 1 to 8192 are wanted, as in 1280x720, not \"5\""},
+        {{"--size", "9000x5"},
+         "--size: two numbers from 1 to 8192 are wanted, as in 1280x720, not \"9000x5\""},
+        {{"--loose", "0"}, "--loose: a number from 1 on is wanted, not \"0\""},
+        {{"--camera", "1,2,3"},
+         "--camera: six numbers are wanted, as in 10,2,0,0,2,0, not \"1,2,3\""},
+        {{"--camera", "1,2,3,4,5,6m"},
+         "--camera: six numbers are wanted, as in 10,2,0,0,2,0, not \"1,2,3,4,5,6m\""},
+    };
+    for (const auto &row : rows) {
+        std::vector<std::string> arguments = {"render", "a.s", "--out", "a.png"};
+        arguments.insert(arguments.end(), row.options.begin(), row.options.end());
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.code, 2);
+        EXPECT_EQ(outcome.err, "zelkctl: " + row.said + "\n");
+    }
+    EXPECT_EQ(run({"render", "gone.s", "--out", "a.png"}).err,
+              "zelkctl: gone.s: error 53: File not found\n");
+    EXPECT_FALSE(m_folder.Exists("a.png"));
+}
+
+TEST_F(RenderCommandTest, AFileThatCannotBeShownGivesNoPicture)
+{
+    write("a.s", kEmptyShape);
+    write("a.txt", "x");
+    for (const char *file : {"a.s", "a.txt"}) {
+        const Outcome outcome = run({"render", file, "--out", "a.png"});
+        const bool drawn = outcome.code == 0; // an empty shape is a picture of the track
+        EXPECT_EQ(m_folder.Exists("a.png"), drawn) << outcome.err;
+        EXPECT_TRUE(drawn || outcome.code == 2) << outcome.code;
+        EXPECT_EQ(outcome.err.empty(), drawn);
+    }
+}
