@@ -146,9 +146,14 @@ TEST(AceTest, RareKindsOfRawPixels)
     }
 }
 
+/// With a hole of a block's size.
 samples::Picture panel()
 {
-    return samples::PanelPicture(16, {200, 40, 32, 255}, {248, 248, 248, 255}, true);
+    samples::Picture picture = samples::PanelPicture(16, {200, 40, 32, 255}, {248, 248, 248, 255});
+    for (std::size_t y = 4; y < 8; ++y)
+        for (std::size_t x = 4; x < 8; ++x)
+            picture.pixels[16 * y + x].alpha = 0;
+    return picture;
 }
 
 TEST(AceTest, EveryFormShowsTheSamePicture)

@@ -36,7 +36,8 @@ TEST_F(ModelCommandsTest, ShowsWhatAShapeHolds)
 
 TEST_F(ModelCommandsTest, ShowsAndSavesTextures)
 {
-    const samples::Picture picture = samples::PanelPicture(8, {1, 2, 3, 255}, {9, 9, 9, 255}, true);
+    samples::Picture picture = samples::PanelPicture(8, {1, 2, 3, 255}, {9, 9, 9, 255});
+    picture.pixels[20].alpha = 0;
     const samples::AceFormat dxt{samples::AceAlpha::Mask, true, true, true};
     write("a.ace", AceBytes(picture, dxt));
     EXPECT_EQ(run({"texture", "A.ace"}),
@@ -56,7 +57,7 @@ TEST_F(ModelCommandsTest, SaysWhyNot)
 {
     write("a.s", "SIMISA@@@@@@@@@@JINX0s1b______\r\nG");
     write("a.ace", "GIF89a");
-    write("b.ace", AceBytes(samples::PanelPicture(4, {}, {}, false), {}));
+    write("b.ace", AceBytes(samples::PanelPicture(4, {}, {}), {}));
     const std::pair<std::vector<std::string>, const char *> rows[] = {
         {{"shape", "a.s"}, "a.s: the file ends within its first block"},
         {{"shape", "b.s"}, "b.s: error 53: File not found"},
