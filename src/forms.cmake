@@ -1,12 +1,11 @@
 # SPDX-License-Identifier: MIT
-find_package(Qt6 6.4 REQUIRED COMPONENTS Gui OpenGL OpenGLWidgets)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Gui OpenGL)
 
 # OpenGL by itself: for the windows, and for pictures made without one.
 zelk_add_room(gl
   SOURCES
-    korvat/GlContext.cpp
     korvat/GlDevice.cpp
-    korvat/OffscreenCanvas.cpp
+    korvat/OffscreenPainter.cpp
   LINKS Qt6::Gui Qt6::OpenGL zelk_korvat zelk_host)
 
 # The windows: one library, so that tests and benchmarks link them, and the program itself.
@@ -48,7 +47,7 @@ zelk_add_room(forms
     validation/frmResults.cpp
     validation/frmSelector.cpp
     viewer/ViewerPane.cpp
-  LINKS Qt6::Widgets Qt6::OpenGLWidgets zelk_gl zelk_app zelk_viewer zelk_document zelk_validation
+  LINKS Qt6::Widgets zelk_gl zelk_app zelk_viewer zelk_document zelk_validation
     zelk_install)
 set_target_properties(zelk_forms PROPERTIES AUTOMOC ON AUTORCC ON)
 

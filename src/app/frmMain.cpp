@@ -185,9 +185,6 @@ frmDocument *frmMain::openWindow(const std::string &fileName, int mode, const st
     window->SetCaption(caption);
     window->show();
     keepInside(*window);
-    // The first 3D canvas makes the system's window anew, which takes the focus away.
-    if (isVisible() && mode > kEditorMode)
-        activateWindow();
     return window;
 }
 
@@ -200,7 +197,7 @@ void frmMain::addWindow(frmDocument *window)
     m_area->addSubWindow(window);
     const QSize wanted = window->Mode() == kListMode     ? QSize(340, 400)
                          : window->Mode() == kEditorMode ? QSize(660, 440)
-                                                         : QSize(720, 440);
+                                                         : QSize(880, 520);
     window->resize(wanted.boundedTo(areaSize()).expandedTo({320, 260}));
 }
 

@@ -1,40 +1,46 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "korvat/OffscreenPainter.h"
 #include "korvat/SceneCanvas.h"
 
 #include <QImage>
-#include <QOffscreenSurface>
-#include <QOpenGLContext>
 
 #include <memory>
 #include <string>
 
-class QOpenGLFramebufferObject;
-
 namespace korvat {
 
-class GlDevice;
-
-/// A canvas without a window, for pictures into files. Needs a QGuiApplication.
+/// A canvas without a window, for pictures into files.
 class OffscreenCanvas : public SceneCanvas
 {
 public:
-    /// Null where there is no OpenGL 3.3 or no room for such a picture; `reason` then says so.
+    /// Null where there is no OpenGL 3.3; `reason` then says so.
     static std::unique_ptr<OffscreenCanvas> Create(int width, int height, std::string &reason);
-    ~OffscreenCanvas() override;
+    ~OffscreenCanvas() override { m_painter->Release(renderer()); }
 
-    /// The last whole frame.
-    QImage Picture();
+    /// The last whole frame; null when there is no room for a picture of this size.
+    QImage Picture() { return m_painter->Paint(renderer(), m_width, m_height); }
 
 private:
-    OffscreenCanvas() = default;
-    bool start(int width, int height, std::string &reason);
+    OffscreenCanvas(std::unique_ptr<OffscreenPainter> painter, int width, int height)
+        : m_painter(std::move(painter))
+        , m_width(width)
+        , m_height(height)
+    {
+    }
 
-    QOffscreenSurface m_surface;
-    QOpenGLContext m_context;
-    std::unique_ptr<QOpenGLFramebufferObject> m_buffer;
-    std::unique_ptr<GlDevice> m_device;
+    std::unique_ptr<OffscreenPainter> m_painter;
+    int m_width, m_height;
 };
+
+inline std::unique_ptr<OffscreenCanvas> OffscreenCanvas::Create(int width, int height,
+                                                                std::string &reason)
+{
+    auto painter = OffscreenPainter::Create(reason);
+    if (!painter)
+        return nullptr;
+    return std::unique_ptr<OffscreenCanvas>(new OffscreenCanvas(std::move(painter), width, height));
+}
 
 } // namespace korvat

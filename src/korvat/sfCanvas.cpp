@@ -3,12 +3,11 @@
 
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
-#include "korvat/GlContext.h"
-#include "korvat/GlDevice.h"
+#include "korvat/OffscreenPainter.h"
 
 #include <QBuffer>
 #include <QMouseEvent>
-#include <QOpenGLContext>
+#include <QPainter>
 
 #include <array>
 #include <cstdio>
@@ -38,59 +37,93 @@ float yOf(const QMouseEvent &event)
 
 const std::string &sfCanvas::WhyNot()
 {
-    static const std::string reason = korvat::WhyNoWindowOpenGl();
+    static const std::string reason = korvat::WhyNoOpenGl();
     return reason;
 }
 
 sfCanvas::sfCanvas(host::GameFiles &files, QWidget *parent)
-    : QOpenGLWidget(parent)
+    : QWidget(parent)
     , m_files(files)
 {
-    setFormat(korvat::WantedFormat());
     setMinimumSize(40, 30);
     setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 sfCanvas::~sfCanvas()
 {
-    if (context())
-        disconnect(context(), nullptr, this, nullptr);
-    dropDevice();
+    if (m_painter)
+        m_painter->Release(renderer());
 }
 
-/// Also called when the canvas has come into another window and so to another context.
-void sfCanvas::initializeGL()
+void sfCanvas::CanvasStart()
 {
-    renderer().Forget();
+    if (!m_painter)
+        makePainter();
+    SceneCanvas::CanvasStart();
+}
+
+void sfCanvas::makePainter()
+{
     std::string reason;
-    m_device = korvat::GlDevice::Create(reason);
-    setUsable(m_device != nullptr);
-    if (!m_device) {
-        QMetaObject::invokeMethod(
-            this, [this, reason] { Q_EMIT Failed(reason); }, Qt::QueuedConnection);
-        return;
-    }
-    connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, &sfCanvas::dropDevice,
-            Qt::UniqueConnection);
-    QMetaObject::invokeMethod(this, &sfCanvas::DrawWanted, Qt::QueuedConnection);
+    renderer().Forget();
+    m_painter = korvat::OffscreenPainter::Create(reason);
+    if (!m_painter)
+        giveUp(reason);
 }
 
-void sfCanvas::dropDevice()
+void sfCanvas::giveUp(const std::string &reason)
 {
-    if (!m_device)
-        return;
-    makeCurrent();
-    renderer().ReleaseAll(*m_device);
-    m_device.reset();
-    doneCurrent();
+    if (m_painter)
+        m_painter->Release(renderer());
+    m_painter.reset();
+    setUsable(false);
+    QMetaObject::invokeMethod(
+        this, [this, reason] { Q_EMIT Failed(reason); }, Qt::QueuedConnection);
 }
 
-void sfCanvas::paintGL()
+void sfCanvas::frameReady()
 {
-    if (!m_device)
-        return;
+    m_stale = true;
+    update();
+}
+
+QImage sfCanvas::paintFrame()
+{
     const double density = devicePixelRatioF();
-    renderer().Paint(*m_device, qRound(width() * density), qRound(height() * density));
+    const QSize size(qRound(width() * density), qRound(height() * density));
+    if (!m_stale && m_picture.size() == size)
+        return m_picture;
+    QImage picture = m_painter->Paint(renderer(), size.width(), size.height());
+    if (picture.isNull()) {
+        // The graphics system was reset: everything on it has gone.
+        makePainter();
+        if (m_painter)
+            picture = m_painter->Paint(renderer(), size.width(), size.height());
+        if (m_painter && picture.isNull())
+            giveUp("the graphics driver has no room for the picture");
+        QMetaObject::invokeMethod(this, &sfCanvas::DrawWanted, Qt::QueuedConnection);
+    }
+    picture.setDevicePixelRatio(density);
+    return picture;
+}
+
+QImage sfCanvas::Picture()
+{
+    if (m_painter)
+        m_picture = paintFrame();
+    m_stale = false;
+    return m_picture;
+}
+
+void sfCanvas::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    if (const QImage picture = Picture(); !picture.isNull())
+        painter.drawImage(0, 0, picture);
+    else
+        painter.fillRect(rect(), palette().mid());
 }
 
 std::string sfCanvas::SnapshotFile() const
@@ -108,7 +141,7 @@ std::string sfCanvas::SnapshotFile() const
 void sfCanvas::SaveSnapshot()
 {
     const std::string path = SnapshotFile();
-    const QImage picture = m_device ? grabFramebuffer() : QImage();
+    const QImage picture = Picture();
     QByteArray bytes;
     QBuffer buffer(&bytes);
     if (picture.isNull() || !picture.convertToFormat(QImage::Format_RGB888).save(&buffer, "PNG"))

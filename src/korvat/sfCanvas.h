@@ -3,7 +3,8 @@
 
 #include "korvat/SceneCanvas.h"
 
-#include <QOpenGLWidget>
+#include <QImage>
+#include <QWidget>
 
 #include <memory>
 #include <string>
@@ -12,23 +13,31 @@ namespace host {
 class GameFiles;
 }
 namespace korvat {
-class GlDevice;
+class OffscreenPainter;
 }
 
 /// The 3D canvas: shows the last frame that a scene has drawn, whenever the window wants it, and
 /// tells what the mouse does on it, in pixels that do not depend on the screen's density.
-class sfCanvas : public QOpenGLWidget, public korvat::SceneCanvas
+///
+/// It paints images that OpenGL has drawn without a window. A widget that is OpenGL's own would
+/// make the toolkit create the main window anew when the first one appears, draw everything in it
+/// through OpenGL from then on, and end the program on platforms without OpenGL.
+class sfCanvas : public QWidget, public korvat::SceneCanvas
 {
     Q_OBJECT
 
 public:
-    /// Why there can be no canvas here, as a sentence for the user; "" when there can be one. (On
-    /// some platforms a canvas without OpenGL takes the program down.)
+    /// Why there can be no canvas here, as words for the user; "" when there can be one.
     static const std::string &WhyNot();
 
     /// `files` writes the snapshots and must outlive the canvas.
     explicit sfCanvas(host::GameFiles &files, QWidget *parent = nullptr);
     ~sfCanvas() override;
+
+    void CanvasStart() override;
+
+    /// The picture that is shown, in the screen's own pixels; null when there is none.
+    QImage Picture();
 
     /// Whether a snapshot may take the place of the last one; at first it gets a number of its own.
     void SetOverwriteSnapshot(bool overwrite) { m_overwrite = overwrite; }
@@ -50,15 +59,14 @@ Q_SIGNALS:
     void WheelTurned(float notches);
     /// The user wants the first view back: a double click.
     void ResetWanted();
-    /// What was drawn has gone: the scene is to draw again.
+    /// The graphics system has dropped everything: the scene is to draw again.
     void DrawWanted();
     /// No picture can be shown after all.
     void Failed(const std::string &reason);
 
 protected:
-    void frameReady() override { update(); }
-    void initializeGL() override;
-    void paintGL() override;
+    void frameReady() override;
+    void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -66,10 +74,14 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
-    void dropDevice();
+    void makePainter();
+    void giveUp(const std::string &reason);
+    QImage paintFrame();
 
     host::GameFiles &m_files;
-    std::unique_ptr<korvat::GlDevice> m_device;
+    std::unique_ptr<korvat::OffscreenPainter> m_painter;
+    QImage m_picture;
+    bool m_stale = true; ///< there is a newer frame than the picture
     bool m_overwrite = false;
     std::string m_snapshotBase;
 };

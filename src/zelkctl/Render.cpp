@@ -72,7 +72,7 @@ void write(Session &session, const QImage &picture, const std::string &path)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    if (!picture.save(&buffer, "PNG"))
+    if (!picture.convertToFormat(QImage::Format_RGB888).save(&buffer, "PNG"))
         throw Failure(path + ": the picture cannot be written as PNG");
     NamingFile(path, [&] {
         session.files.WriteFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});

@@ -107,9 +107,8 @@ TEST_F(CheckSampleTest, Shapes)
         const int error = defect->second.error;
         EXPECT_EQ(errorLines(outcome.out), planned(file));
         EXPECT_EQ(outcome.code, planned(file).empty() ? 2 : 1);
-        EXPECT_EQ(
-            outcome.err.starts_with("zelkctl: " + path + ": error " + std::to_string(error)),
-            error != 0)
+        EXPECT_EQ(outcome.err.starts_with("zelkctl: " + path + ": error " + std::to_string(error)),
+                  error != 0)
             << outcome.err;
     }
     EXPECT_GT(clean.size(), 10U);
