@@ -49,6 +49,12 @@ long long distance(const QRect &bounds, const QRect &screen)
            outside(bounds.y(), screen.y(), screen.height());
 }
 
+QSize fittingSize(const QRect &bounds, const QRect &screen)
+{
+    return QSize(std::clamp(bounds.width(), 1, screen.width()),
+                 std::clamp(bounds.height(), 1, screen.height()));
+}
+
 } // namespace
 
 QRect ReadMainBounds(host::SettingsStore &settings)
@@ -78,13 +84,16 @@ QRect FitToScreens(const QRect &bounds, const QList<QRect> &screens)
             const bool reachA = titleCanBeReached(bounds, a), reachB = titleCanBeReached(bounds, b);
             return reachA != reachB ? reachA : distance(bounds, a) < distance(bounds, b);
         });
-    const QSize size(std::clamp(bounds.width(), 1, nearest.width()),
-                     std::clamp(bounds.height(), 1, nearest.height()));
-    if (size == bounds.size() && titleCanBeReached(bounds, nearest))
-        return bounds;
-    const int x = std::clamp(bounds.x(), nearest.x(), nearest.x() + nearest.width() - size.width());
-    const int y =
-        std::clamp(bounds.y(), nearest.y(), nearest.y() + nearest.height() - size.height());
+    const bool fits =
+        fittingSize(bounds, nearest) == bounds.size() && titleCanBeReached(bounds, nearest);
+    return fits ? bounds : WithinScreen(bounds, nearest);
+}
+
+QRect WithinScreen(const QRect &bounds, const QRect &screen)
+{
+    const QSize size = fittingSize(bounds, screen);
+    const int x = std::clamp(bounds.x(), screen.x(), screen.x() + screen.width() - size.width());
+    const int y = std::clamp(bounds.y(), screen.y(), screen.y() + screen.height() - size.height());
     return QRect(QPoint(x, y), size);
 }
 

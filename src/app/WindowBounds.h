@@ -23,4 +23,7 @@ void WriteMainBounds(host::SettingsStore &settings, const QRect &bounds);
 /// moved onto the nearest one when nobody could get hold of the window's title.
 QRect FitToScreens(const QRect &bounds, const QList<QRect> &screens);
 
+/// The bounds, made no larger than a screen's free area and moved until all of them is in it.
+QRect WithinScreen(const QRect &bounds, const QRect &screen);
+
 } // namespace app

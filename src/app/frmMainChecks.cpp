@@ -114,7 +114,7 @@ void frmMain::ShowResults(const std::string &caption, const std::string &text)
     window->SetText(text);
     QRect bounds(QPoint(), window->size());
     bounds.moveCenter(geometry().center() + QPoint(others, others) * kCascadeStep);
-    bounds = app::FitToScreens(bounds, {screen()->availableGeometry()});
+    bounds = app::WithinScreen(bounds, screen()->availableGeometry());
     window->move(bounds.topLeft());
     window->resize(bounds.size());
     window->show();

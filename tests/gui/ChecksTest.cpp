@@ -140,6 +140,8 @@ TEST_F(ChecksTest, ResultsWindowsStandBesideTheDocumentsAndGoWithTheMainWindow)
     }
     ASSERT_EQ(results().size(), 2u);
     EXPECT_NE(results()[0]->pos(), results()[1]->pos()) << "one does not hide the other";
+    for (const frmResults *form : results())
+        EXPECT_TRUE(form->screen()->availableGeometry().contains(form->geometry()));
     EXPECT_EQ(Active()->Mode(), 0) << "commands still work on the document";
     auto &menu = Find<QMenu>(*window->menuBar(), "mnuWindow");
     Q_EMIT menu.aboutToShow();
