@@ -7,9 +7,12 @@
 #include "host/Text.h"
 #include "install/Installation.h"
 #include "install/modTS.h"
+#include "validation/SelectorEntries.h"
 #include "validation/TSValidation.h"
 
+#include <algorithm>
 #include <exception>
+#include <iterator>
 
 namespace app {
 
@@ -40,6 +43,26 @@ std::vector<std::string> subjectsOf(const CheckTarget &target)
         return target.consists;
     const std::string_view name = host::path::FileName(target.path);
     return {std::string(name.substr(0, name.find('.')))};
+}
+
+/// The folders of the chosen routes. The selector shows of a folder's name what stands before its
+/// first bracket; where several look the same there, all of them are meant.
+std::vector<std::string> foldersOf(const std::vector<std::string> &chosen,
+                                   const std::vector<std::string> &folders)
+{
+    std::vector<std::string> routes;
+    for (auto text = chosen.begin(); text != chosen.end(); ++text) {
+        if (std::find(chosen.begin(), text, *text) != text)
+            continue;
+        const std::size_t before = routes.size();
+        std::copy_if(folders.begin(), folders.end(), std::back_inserter(routes),
+                     [&](const std::string &folder) {
+                         return validation::SelectorEntries(folder).front().text == *text;
+                     });
+        if (routes.size() == before) // it went away meanwhile, which the check will tell
+            routes.push_back(*text);
+    }
+    return routes;
 }
 
 } // namespace
@@ -205,10 +228,12 @@ CheckCommands::Names CheckCommands::askForRoutes()
 {
     if (m_stopped)
         return {};
-    return host::Split(m_host.Dialogs().SelectFromList(
-                           "Select Routes to Check",
-                           modTS::RoutesList(m_host.Installation(), m_host.Files(), true)),
-                       '|');
+    const auto routes = [this](bool withNames) {
+        return modTS::RoutesList(m_host.Installation(), m_host.Files(), withNames);
+    };
+    const std::string chosen =
+        m_host.Dialogs().SelectFromList("Select Routes to Check", routes(true));
+    return foldersOf(host::Split(chosen, '|'), host::Split(routes(false), '|'));
 }
 
 /// Every name in every route, name by name.

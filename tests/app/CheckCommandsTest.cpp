@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
 using app::CheckCommands;
@@ -156,6 +157,21 @@ TEST_F(CheckCommandsTest, EveryConsistIsSearchedInEveryRoute)
                   "ERROR: Route Gone is MISSING\r\n" + used("South"));
     EXPECT_EQ(host.statuses.find("Checking B in North..."),
               host.statuses.find("Checking A in South...\nDone\n") + 28);
+}
+
+TEST_F(CheckCommandsTest, RoutesAreFoundWhoseFoldersHaveBrackets)
+{
+    host.game.MakeFolder("Routes/East");
+    for (const char *route : {"North (old)", "North (v2)", "West", "West (snow)"})
+        host.game.Write(std::string("Routes/") + route + "/Services/run.srv",
+                        "Service_Definition ( Train_Config ( B ) )");
+    host.dialogs.AnswerSelection("North|North|West|East");
+    commands.CheckDependencies(kList);
+    for (const char *route : {"North (old)", "North (v2)", "West", "West (snow)"})
+        EXPECT_NE(host.results.find(at(std::string("Routes/") + route + "/Services/run.srv")),
+                  std::string::npos)
+            << route;
+    EXPECT_EQ(std::count(host.results.begin(), host.results.end(), '\n'), 1 + 4) << host.results;
 }
 
 TEST_F(CheckCommandsTest, AShapeIsCheckedWithoutAHeader)
