@@ -5,6 +5,7 @@
 #include "host/Listings.h"
 #include "host/RuntimeError.h"
 
+#include <algorithm>
 #include <mutex>
 #include <unordered_map>
 
@@ -199,6 +200,16 @@ bool Snapshot::FolderExists(std::string_view path)
     const std::optional<GamePath> steps = GamePath::Of(path);
     return steps && (!m_places->Find(*steps, steps->names.size())->empty() ||
                      disk::KindOf(steps->text) == disk::Kind::Folder);
+}
+
+bool Snapshot::IsClosed(std::string_view folder)
+{
+    const std::optional<GamePath> steps = GamePath::Of(folder);
+    if (!steps)
+        return false;
+    const auto place = m_places->Find(*steps, steps->names.size());
+    return std::any_of(place->begin(), place->end(),
+                       [](const Places::Listed &listed) { return !listed.second; });
 }
 
 std::vector<std::string> Snapshot::ListFiles(std::string_view folder, std::string_view pattern)

@@ -27,6 +27,9 @@ public:
     std::optional<std::string> FindFile(std::string_view path);
     bool FileExists(std::string_view path);
     bool FolderExists(std::string_view path);
+    /// True for a folder that is there, but whose names cannot be read; it is searched as if it
+    /// were empty.
+    bool IsClosed(std::string_view folder);
     std::string ReadFile(std::string_view path);
     std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern);
     std::vector<std::string> ListFolders(std::string_view folder, std::string_view pattern = "*");

@@ -5,6 +5,7 @@
 #include "host/RuntimeError.h"
 #include "install/StockFiles.h"
 #include "validation/Content.h"
+#include "validation/ResultKey.h"
 #include "validation/TSValidation.h"
 #include "validation/Vehicles.h"
 
@@ -36,8 +37,7 @@ public:
             for (VehicleWalk walk(trainCfg); walk.Next();)
                 checkVehicle(walk);
         } catch (const host::RuntimeError &error) {
-            m_findings.Record(TSValidation::IsCorrupt, m_file,
-                              "Error " + std::to_string(error.Number()) + " - " + error.Text());
+            m_findings.Record(TSValidation::IsCorrupt, m_file, ErrorText(error.Code()));
             m_verdict = TSValidation::IsSuspect;
         }
         return m_verdict;

@@ -4,6 +4,7 @@
 #include "host/Text.h"
 #include "validation/TSValidation.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 
@@ -53,6 +54,13 @@ std::string bodyOf(std::int16_t code, std::string_view file, std::string_view de
     return other + " referenced by " + subject + predicate;
 }
 
+/// A value whose closing quote was forgotten holds the line ends up to the next quote.
+bool isControl(char c)
+{
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x20 || byte == 0x7f;
+}
+
 /// The number that a text begins with, 0 when it begins with none; one beyond 16 bits is no
 /// verdict, and is told as such.
 std::int16_t leadingCode(std::string_view text)
@@ -74,7 +82,14 @@ std::string ResultKey(std::int16_t code, std::string_view file, std::string_view
 
 std::string ReportLine(std::int16_t code, std::string_view file, std::string_view dependent)
 {
-    return (isInformation(code) ? "INFO: " : "ERROR: ") + bodyOf(code, file, dependent);
+    std::string line = (isInformation(code) ? "INFO: " : "ERROR: ") + bodyOf(code, file, dependent);
+    std::replace_if(line.begin(), line.end(), isControl, ' ');
+    return line;
+}
+
+std::string ErrorText(host::ErrorNumber number)
+{
+    return "Error " + std::to_string(static_cast<int>(number)) + " - " + host::ClassicText(number);
 }
 
 std::string_view VerdictName(std::int16_t code)

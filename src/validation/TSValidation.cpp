@@ -6,6 +6,7 @@
 #include "host/Snapshot.h"
 #include "install/StockFiles.h"
 #include "validation/ConsistCheck.h"
+#include "validation/ResultKey.h"
 #include "validation/Run.h"
 #include "validation/ShapeCheck.h"
 #include "validation/StockCheck.h"
@@ -67,15 +68,26 @@ std::int16_t TSValidation::CheckConsist(std::string_view fileName)
     return Run(*this).CheckFile(validation::CheckConsist, fileName);
 }
 
+/// What is in a folder that cannot be read is not checked, so that at least this is recorded.
+void TSValidation::tellIfClosed(Run &run, const std::string &folder) const
+{
+    if (m_snapshot->IsClosed(folder))
+        run.Record(IsCorrupt, folder, validation::ErrorText(host::ErrorNumber::PathFileAccess));
+}
+
 std::vector<std::string> TSValidation::stockItems(Run &run, const std::string &trainset,
                                                   std::string_view filter) const
 {
+    if (!m_snapshot->FolderExists(trainset))
+        run.Record(IsMissing, trainset, {});
+    tellIfClosed(run, trainset);
     const auto folders = install::StockFolders(*m_snapshot, trainset, filter);
     std::vector<std::string> items;
     run.Each<std::vector<std::string>>(
         folders.size(),
         [&](std::size_t i) { return install::StockFiles(*m_snapshot, trainset, folders[i]); },
         [&](std::size_t i, const std::vector<std::string> &files) {
+            tellIfClosed(run, Join(trainset, folders[i]));
             for (const std::string &file : files)
                 items.push_back(Join(folders[i], file));
         });
@@ -89,9 +101,10 @@ std::int16_t TSValidation::CheckAllStock(std::string_view filter)
         return IsValid;
     run.RaiseMessage("Checking your TS Installation");
     const std::string trainset = run.PathOf(install::kTrainset);
+    const std::size_t before = m_errors.size();
     const std::vector<std::string> items = stockItems(run, trainset, filter);
     const std::string total = std::to_string(items.size());
-    std::int16_t verdict = IsValid;
+    std::int16_t verdict = m_errors.size() == before ? IsValid : IsSuspect;
     run.Each<Outcome>(
         items.size(),
         [&](std::size_t i) {
@@ -116,6 +129,8 @@ std::int16_t TSValidation::CheckStockInConsists(std::string_view stockPath)
     const std::vector<std::string> consists = m_snapshot->ListFiles(folder, "*.con");
     const StockName name = StockName::Of(stock);
     bool found = false;
+    if (!m_stopped)
+        tellIfClosed(run, folder);
     run.Each<ConsistUse>(
         consists.size(),
         [&](std::size_t i) {
@@ -148,6 +163,7 @@ std::int16_t TSValidation::searchRoute(Run &run, const RouteSearch &search, Coun
     const std::string folder = Join(route, search.folder);
     const std::vector<std::string> files = m_snapshot->ListFiles(folder, search.pattern);
     bool found = false;
+    tellIfClosed(run, folder);
     run.Each<int>(
         files.size(), [&](std::size_t i) { return countUses(Join(folder, files[i])); },
         [&](std::size_t i, int uses) {

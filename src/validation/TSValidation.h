@@ -23,8 +23,9 @@ class Installation;
 /// and turns what stands in Errors into report lines with TranslateError.
 ///
 /// Every check reduces a file to a verdict, which it returns, and records each finding as a result
-/// key "code|file|dependent". Bad files are verdicts and never errors; only CheckShape can leave
-/// with a RuntimeError (what it recorded before stays).
+/// key "code|file|dependent". Folders to search that cannot be read are recorded as corrupt. Bad
+/// files are verdicts and never errors; only CheckShape can leave with a RuntimeError (what it
+/// recorded before stays).
 ///
 /// Events are raised on the calling thread, in order, from within the running check; files are read
 /// ahead on workers, with the same results and events for any number of them. A handler may process
@@ -73,7 +74,8 @@ public:
     /// while a check runs.
     void Reset();
 
-    /// The report line of a result key, without line end. Text without "|" is given back as it is.
+    /// The report line of a result key, without line end; control characters in names are shown as
+    /// blanks. Text without "|" is given back as it is.
     static std::string TranslateError(std::string_view key);
 
     /// A sound definition (.sms): IsMissing, IsCorrupt, IsSuspect or IsValid, and recorded.
@@ -83,7 +85,7 @@ public:
     /// A stock file (.eng, .wag): the verdict of the last step that failed, or IsValid.
     std::int16_t CheckStock(std::string_view fileName);
     /// Every stock file of the folders whose names match the wildcard filter (host/Filter.h):
-    /// IsSuspect when a file is not valid, else IsValid.
+    /// IsSuspect when a file is not valid or a folder cannot be read, else IsValid.
     std::int16_t CheckAllStock(std::string_view filter = {});
     /// A shape (.s): IsMissing, IsCompressed, HasMissingReference or IsValid.
     /// RuntimeError 13 for one outside the rolling stock that has no descriptor, or one that asks
@@ -140,6 +142,7 @@ private:
     };
 
     void refuseWhileRunning() const;
+    void tellIfClosed(Run &run, const std::string &folder) const;
     std::vector<std::string> stockItems(Run &run, const std::string &trainset,
                                         std::string_view filter) const;
     template <typename CountUses>

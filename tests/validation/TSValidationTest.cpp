@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 
 namespace {
 
@@ -30,6 +31,7 @@ TEST(TSValidationTest, TranslatesResultKeys)
         {"1x|a", "ERROR: a is MISSING"},
         {"x|a", "INFO: a is OK"},
         {"|a", "INFO: a is OK"},
+        {"6|a|b.s\r\nERROR: \x1b[2J\x7f", "ERROR: a references missing file b.s  ERROR:  [2J "},
     };
     for (const auto &[key, line] : rows)
         EXPECT_EQ(TSValidation::TranslateError(key), line) << key;
@@ -239,6 +241,43 @@ TEST(TSValidationTest, RefusesASecondCheckFromWithinAnEvent)
     validation.MessageRaised = [](const std::string &, std::int16_t) { throw 1; };
     EXPECT_THROW(validation.CheckAllStock(), int);
     EXPECT_FALSE(validation.Running()) << "a handler's exception ends the check";
+}
+
+TEST(TSValidationTest, TellsWhichFoldersCannotBeRead)
+{
+    SmallInstallation place(Changes{{"Trains/Trainset/B/b.wag", ""}});
+    TSValidation validation(place.Location(), place.Files());
+    const auto goes = [&](const char *folder) {
+        std::filesystem::remove_all(host::path::ToDisk(place.At(folder)));
+    };
+    auto newLines = [&, told = std::size_t(0)]() mutable {
+        Lines lines;
+        for (; told < validation.Errors().size(); ++told)
+            lines.push_back(place.Neutral(TSValidation::TranslateError(validation.Errors()[told])));
+        return lines;
+    };
+    const auto closed = [](const char *folder) {
+        return std::string("ERROR: Error 75 - Path/File access error referenced by <M>/") + folder +
+               " appears CORRUPT";
+    };
+    // Everybody may read everything where tests run, but not a folder that went away meanwhile.
+    EXPECT_EQ(validation.CheckAllStock("none"), TSValidation::IsValid);
+    validation.CheckStockUseInRoute(place.At(kA + "none.wag"), "R");
+    goes("Trains/Trainset/B");
+    goes("Trains/Consists");
+    goes("Routes/R/Services");
+    EXPECT_EQ(validation.CheckAllStock(), TSValidation::IsSuspect);
+    EXPECT_EQ(newLines(), (Lines{closed("Trains/Trainset/B")}));
+    validation.CheckStockInConsists(place.At(kA + "a.wag"));
+    EXPECT_EQ(newLines().front(), closed("Trains/Consists"));
+    validation.CheckConsistUseInRoute("R", "c");
+    EXPECT_EQ(newLines(), (Lines{closed("Routes/R/Services")}));
+
+    goes("Trains/Trainset");
+    validation.Reset();
+    EXPECT_EQ(validation.CheckAllStock(), TSValidation::IsSuspect);
+    EXPECT_EQ(place.Neutral(TSValidation::TranslateError(validation.Errors().front())),
+              "ERROR: <M>/Trains/Trainset is MISSING");
 }
 
 TEST(TSValidationTest, ResetForgetsTheListings)

@@ -100,6 +100,8 @@ TEST_F(CheckCommandTest, TellsErrorsAndGoesOn)
     const std::string none = "zelkctl: no Train Simulator folder: use --msts DIR\n";
     EXPECT_EQ(run({"check", "stock", m_wagon}), (Outcome{2, "", none}));
     EXPECT_EQ(run({"check", "all"}), (Outcome{2, "", none}));
+    EXPECT_EQ(run({"check", "all", "--msts", "m/Routes"}),
+              (Outcome{1, "ERROR: m/Routes/Trains/Trainset is MISSING\n", ""}));
 }
 
 TEST_F(CheckCommandTest, GivesTheSameAsJson)
