@@ -51,7 +51,8 @@ int numberOf(const StfNode &entry, const std::string &file, const std::string &n
         if (!value)
             continue;
         const double rounded = std::nearbyint(*value);
-        if (std::abs(rounded) > std::numeric_limits<std::int16_t>::max())
+        using Limits = std::numeric_limits<std::int16_t>;
+        if (rounded < Limits::min() || rounded > Limits::max())
             fail(ErrorNumber::Overflow, file, name + " is " + entry.Parameter(index));
         return static_cast<int>(rounded);
     }

@@ -46,7 +46,8 @@ void NamingFile(const std::string &file, const std::function<void()> &work)
         // A missing file or folder is said by the classic text already.
         const bool missing = error.Code() == host::ErrorNumber::FileNotFound ||
                              error.Code() == host::ErrorNumber::PathNotFound;
-        if (const std::string reason = reasonOf(error, file); !missing && !reason.empty())
+        const std::string reason = reasonOf(error, file);
+        if (!missing && !reason.empty() && reason != error.Text())
             line += " (" + reason + ")";
         throw Failure(line);
     }

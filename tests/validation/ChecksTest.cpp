@@ -299,6 +299,8 @@ TEST(ChecksTest, RouteShape)
     };
     rule("no further folder", {}, shape, kGood);
     rule("a setting that asks for none", unknown, shape, kReference, base);
+    rule("the least number that is one", setting("-32768"), shape, kGood);
+    rule("beyond 16 bits", setting("-32769"), shape, kGood, {}, 6);
     rule("all seasons, folder by folder", seasons, shape, kReference,
          withBase(lines(
              {"Autumn/", "AutumnSnow/", "Spring/", "SpringSnow/", "Winter/", "WinterSnow/"})));
