@@ -160,15 +160,19 @@ void frmResults::SetText(std::string text)
 void frmResults::showSummary()
 {
     qsizetype errors = 0, infos = 0;
+    bool stopped = false;
     for (QTextBlock line = txtResults->document()->begin(); line.isValid(); line = line.next()) {
         errors += validation::BeginsWith(line.text(), validation::kErrorWord);
         infos += validation::BeginsWith(line.text(), validation::kInfoWord);
+        stopped = stopped || validation::BeginsWith(line.text(), validation::kStoppedWord);
     }
     QStringList parts;
     if (errors > 0)
         parts << counted(errors, "error", "errors");
     if (infos > 0)
         parts << counted(infos, "note", "notes");
+    if (stopped) // the line that says so may be far below
+        parts << QStringLiteral("not complete");
     m_summary->setText(parts.join(QStringLiteral(", ")));
 }
 

@@ -62,6 +62,8 @@ TEST_F(frmResultsTest, ShowsTheTextToReadAndCopy)
     EXPECT_EQ(QApplication::clipboard()->text(), form->txtResults->toPlainText());
     press(Qt::Key_Return, Qt::AltModifier);
     EXPECT_EQ(dialogs.TakeLog(), "information|Message Properties|60 characters in message\n");
+    form->SetText("INFO: a\r\nSTOPPED: this report is not complete.\r\n");
+    EXPECT_EQ(Find<QLabel>(*form, "lblSummary").text(), QStringLiteral("1 note, not complete"));
     form->SetText("");
     EXPECT_EQ(Find<QLabel>(*form, "lblSummary").text(), QString());
 }
