@@ -29,7 +29,7 @@ public:
     virtual void SetRangeNear(long metres) = 0;
     virtual void SetRangeFar(long metres) = 0;
     /// Lets the window see to its pending messages.
-    virtual void Yield() = 0;
+    virtual void ProcessEvents() = 0;
 };
 
 } // namespace korvat

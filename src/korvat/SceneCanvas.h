@@ -22,7 +22,7 @@ public:
     void SetRangeNear(long metres) override;
     void SetRangeFar(long metres) override;
     /// Does nothing: whoever draws here works in steps from the event loop and goes back to it.
-    void Yield() override {}
+    void ProcessEvents() override {}
 
 protected:
     /// There is a new frame to paint.

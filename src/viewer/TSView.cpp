@@ -131,5 +131,5 @@ void TSView::DestroyModels()
 void TSView::yield()
 {
     if (Viewer)
-        Viewer->Yield();
+        Viewer->ProcessEvents();
 }

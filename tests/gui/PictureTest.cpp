@@ -212,15 +212,15 @@ TEST_F(PictureTest, BlendedPartsShowWhatLiesBehindThemWhateverTheirOrder)
 {
     game.Write("blue.dds", PictureFile({0, 0, 255, 128}));
     game.Write("yellow.dds", PictureFile({255, 255, 0, 128}));
-    Panel near = SidePanel(1, 1, {0, 2, 0}, 4, 2), far = SidePanel(-1, 1, {0, 2, 0}, 6, 4);
-    near.image = "blue.dds";
-    far.image = "yellow.dds";
-    near.shader = far.shader = "BlendATex";
+    Panel nearer = SidePanel(1, 1, {0, 2, 0}, 4, 2), farther = SidePanel(-1, 1, {0, 2, 0}, 6, 4);
+    nearer.image = "blue.dds";
+    farther.image = "yellow.dds";
+    nearer.shader = farther.shader = "BlendATex";
     Panel wall = SidePanel(-2, 1, {0, 2, 0}, 8, 4);
     wall.image = "white.dds";
     QColor first;
     for (const std::vector<Panel> &order :
-         {std::vector{near, far, wall}, std::vector{wall, far, near}}) {
+         {std::vector{nearer, farther, wall}, std::vector{wall, farther, nearer}}) {
         view.DestroyModels();
         add(order);
         take("panes");

@@ -37,7 +37,7 @@ public:
     void EndFrame() override { log += "end "; }
     void SetRangeNear(long metres) override { log += "near" + std::to_string(metres) + ' '; }
     void SetRangeFar(long metres) override { log += "far" + std::to_string(metres) + ' '; }
-    void Yield() override { log += "yield "; }
+    void ProcessEvents() override { log += "yield "; }
 
     std::string TakeLog() { return std::exchange(log, {}); }
 
