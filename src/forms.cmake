@@ -1,6 +1,4 @@
 # SPDX-License-Identifier: MIT
-find_package(Qt6 6.4 REQUIRED COMPONENTS Gui OpenGL)
-
 # OpenGL by itself: for the windows, and for pictures made without one.
 zelk_add_room(gl
   SOURCES

@@ -48,7 +48,7 @@ std::vector<MenuEntry> frmMain::fileMenu()
         {MenuEntry::Command, "mnuFileClose", "&Close", "Ctrl+F4; Ctrl+W", "close",
          "Close the active window", doing(&frmMain::closeActive)},
         {},
-        {MenuEntry::Command, "mnuFileSave", "&Save", "Ctrl+S", "save", "Save the consist",
+        {MenuEntry::Command, "mnuFileSave", "&Save", "Ctrl+S", "save", "Save the consist, or a picture of the 3D view",
          doing(&frmMain::save)},
         {MenuEntry::Command, "mnuFileSaveAs", "Save &As...", "Ctrl+Shift+S", "save-as",
          "Save the consist under another name", doing(&frmMain::saveAs)},
