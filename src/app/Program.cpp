@@ -2,10 +2,12 @@
 #include "app/Program.h"
 
 #include "app/Colours.h"
+#include "app/FileAssociation.h"
 #include "app/QtDialogs.h"
 #include "app/modZELK.h"
 #include "host/Console.h"
 #include "host/GameFiles.h"
+#include "host/RuntimeError.h"
 #include "host/Settings.h"
 #include "host/Text.h"
 
@@ -21,8 +23,24 @@ constexpr char kUsage[] =
     "\n"
     "FILE is opened in a window of its own; without it the installed consists are listed.\n"
     "\n"
-    "  --version   print the version\n"
-    "  --help      print this text\n";
+#ifndef _WIN32
+    "  --dissociate  open consist files as before Edit > Set File Association\n"
+#endif
+    "  --version     print the version\n"
+    "  --help        print this text\n";
+
+#ifndef _WIN32
+int dissociate()
+{
+    try {
+        DissociateConsistFiles();
+        return 0;
+    } catch (const host::RuntimeError &error) {
+        host::WriteTo(host::Stream::Error, std::string("zelk: ") + error.what() + "\n");
+        return 1;
+    }
+}
+#endif
 
 } // namespace
 
@@ -58,6 +76,10 @@ int RunProgram(int argc, char **argv)
     const std::string given = CommandLineOf(host::Arguments(argc, argv));
     if (const auto answer = AnswerTo(given))
         return host::WriteTo(host::Stream::Output, *answer) ? 1 : 0;
+#ifndef _WIN32
+    if (given == "--dissociate")
+        return dissociate();
+#endif
 
     QApplication application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(modZELK::kTitle.data()));

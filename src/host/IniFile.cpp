@@ -95,6 +95,11 @@ IniFile::Line IniFile::readLine(std::string_view text, bool isFirst, std::string
     return line;
 }
 
+bool IniFile::Line::Is(std::string_view ofSection, std::string_view ofKey) const
+{
+    return isValue && EqualsNoCase(key, ofKey) && EqualsNoCase(section, ofSection);
+}
+
 std::string IniFile::ToText() const
 {
     std::string text;
@@ -106,7 +111,7 @@ std::string IniFile::ToText() const
 std::optional<std::string> IniFile::Value(std::string_view section, std::string_view key) const
 {
     for (const Line &line : m_lines)
-        if (line.isValue && EqualsNoCase(line.key, key) && EqualsNoCase(line.section, section))
+        if (line.Is(section, key))
             return line.value;
     return std::nullopt;
 }
@@ -124,7 +129,7 @@ void IniFile::SetValue(std::string_view section, std::string_view key, std::stri
     for (std::size_t i = 0; i < m_lines.size(); ++i) {
         Line &line = m_lines[i];
         const bool inSection = EqualsNoCase(line.section, section);
-        if (inSection && line.isValue && EqualsNoCase(line.key, key)) {
+        if (line.Is(section, key)) {
             line = std::move(fresh);
             return;
         }
@@ -136,6 +141,11 @@ void IniFile::SetValue(std::string_view section, std::string_view key, std::stri
         afterSection = m_lines.size();
     }
     m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(afterSection), std::move(fresh));
+}
+
+void IniFile::RemoveValue(std::string_view section, std::string_view key)
+{
+    std::erase_if(m_lines, [&](const Line &line) { return line.Is(section, key); });
 }
 
 } // namespace host

@@ -22,6 +22,8 @@ public:
     /// Replaces the value where it stands, or adds key and section at the end. Line breaks in a
     /// value become blanks.
     void SetValue(std::string_view section, std::string_view key, std::string_view value);
+    /// Takes out every line with the value. What is left of its section stays.
+    void RemoveValue(std::string_view section, std::string_view key);
 
 private:
     struct Line
@@ -29,6 +31,8 @@ private:
         std::string text; ///< as read, without its line end
         std::string section, key, value;
         bool isValue = false;
+
+        bool Is(std::string_view ofSection, std::string_view ofKey) const;
     };
     static Line readLine(std::string_view text, bool isFirst, std::string &section);
 

@@ -83,4 +83,13 @@ TEST(IniFileTest, ValuesComeBackAsTheyWereSet)
     EXPECT_EQ(ini.ToText(), "[S]\nk=a b c\n");
 }
 
+TEST(IniFileTest, TakesOutEveryLineOfAValue)
+{
+    IniFile ini = IniFile::FromText(kMixed);
+    ini.RemoveValue("second", "PATH");
+    ini.RemoveValue("Third", "late");
+    EXPECT_EQ(ini.Value("Second", "Path"), std::nullopt);
+    EXPECT_EQ(ini.ToText(), std::string(kMixed).erase(kMixed.find("path=2"), 14));
+}
+
 } // namespace
