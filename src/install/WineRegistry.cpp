@@ -4,6 +4,7 @@
 #include "host/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 namespace install {
@@ -144,16 +145,27 @@ std::string hexText(std::string_view line, std::string_view following)
     }
 }
 
-/// What stands after the "=" of an entry.
-std::optional<std::string> textValue(std::string_view line, std::string_view following)
+/// A text as it is stored. One that is expandable has variables in it, as in "%windir%\x".
+struct StoredText
 {
+    std::string text;
+    bool isExpandable = false;
+};
+
+/// What stands after the "=" of an entry.
+std::optional<StoredText> textValue(std::string_view line, std::string_view following)
+{
+    const bool isExpandable = line.starts_with("str(2):") || line.starts_with("hex(2):");
     if (takePrefix(line, "hex(1):") || takePrefix(line, "hex(2):"))
-        return hexText(line, following);
+        return StoredText{hexText(line, following), isExpandable};
     if (takePrefix(line, "str(")) {
         const std::size_t colon = line.find("):");
         line.remove_prefix(colon == std::string_view::npos ? line.size() : colon + 2);
     }
-    return takePrefix(line, "\"") ? takeUntil(line, '"') : std::nullopt;
+    std::optional<std::string> text;
+    if (takePrefix(line, "\""))
+        text = takeUntil(line, '"');
+    return text ? std::optional(StoredText{*text, isExpandable}) : std::nullopt;
 }
 
 bool isSection(std::string_view line, std::string_view key)
@@ -164,10 +176,7 @@ bool isSection(std::string_view line, std::string_view key)
     return name && host::EqualsNoCase(*name, key);
 }
 
-} // namespace
-
-std::optional<std::string> ValueInWineRegistry(std::string_view text, std::string_view key,
-                                               std::string_view value)
+std::optional<StoredText> find(std::string_view text, std::string_view key, std::string_view value)
 {
     bool inKey = false;
     while (!text.empty()) {
@@ -181,6 +190,70 @@ std::optional<std::string> ValueInWineRegistry(std::string_view text, std::strin
             return textValue(line, text);
     }
     return std::nullopt;
+}
+
+/// Where the values of variables stand that the system sets for every program, for one of 32 bits
+/// first. The others stand in the last key under their own names.
+struct Variable
+{
+    std::string_view name, key, value;
+};
+constexpr std::string_view kWindows32 = R"(Software\Wow6432Node\Microsoft\Windows\CurrentVersion)";
+constexpr std::string_view kWindows = R"(Software\Microsoft\Windows\CurrentVersion)";
+constexpr std::string_view kWindowsNt = R"(Software\Microsoft\Windows NT\CurrentVersion)";
+constexpr std::string_view kEnvironment =
+    R"(System\CurrentControlSet\Control\Session Manager\Environment)";
+constexpr std::array kVariables = {
+    Variable{"ProgramFiles", kWindows32, "ProgramFilesDir"},
+    Variable{"ProgramFiles", kWindows, "ProgramFilesDir"},
+    Variable{"ProgramFiles(x86)", kWindows, "ProgramFilesDir (x86)"},
+    Variable{"ProgramW6432", kWindows, "ProgramW6432Dir"},
+    Variable{"CommonProgramFiles", kWindows32, "CommonFilesDir"},
+    Variable{"CommonProgramFiles", kWindows, "CommonFilesDir"},
+    Variable{"SystemRoot", kWindowsNt, "SystemRoot"},
+    Variable{"windir", kWindowsNt, "SystemRoot"},
+    Variable{"SystemDrive", kWindowsNt, "SystemRoot"},
+};
+
+std::optional<std::string> variableValue(std::string_view registry, std::string_view name)
+{
+    for (const Variable &variable : kVariables) {
+        if (!host::EqualsNoCase(variable.name, name))
+            continue;
+        if (const auto found = find(registry, variable.key, variable.value))
+            return variable.name == "SystemDrive" ? found->text.substr(0, 2) : found->text;
+    }
+    const auto found = find(registry, kEnvironment, name);
+    return found ? std::optional(found->text) : std::nullopt;
+}
+
+/// The text with the values of the variables in it; one that is unknown stays as it stands.
+std::string expanded(std::string_view registry, std::string_view text)
+{
+    std::string out;
+    while (!text.empty()) {
+        const std::size_t begin = std::min(text.find('%'), text.size());
+        out += text.substr(0, begin);
+        text.remove_prefix(begin);
+        const std::size_t end = text.find('%', 1);
+        const auto value = end == std::string_view::npos
+                               ? std::nullopt
+                               : variableValue(registry, text.substr(1, end - 1));
+        out += value.value_or(std::string(text.substr(0, 1)));
+        text.remove_prefix(value ? end + 1 : std::min<std::size_t>(1, text.size()));
+    }
+    return out;
+}
+
+} // namespace
+
+std::optional<std::string> ValueInWineRegistry(std::string_view text, std::string_view key,
+                                               std::string_view value)
+{
+    const std::optional<StoredText> found = find(text, key, value);
+    if (!found)
+        return std::nullopt;
+    return found->isExpandable ? expanded(text, found->text) : found->text;
 }
 
 } // namespace install

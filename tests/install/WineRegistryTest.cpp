@@ -73,6 +73,42 @@ TEST(WineRegistryTest, ReadsTextValues)
         EXPECT_EQ(ValueInWineRegistry(kFile, row.key, row.value), row.text) << row.value;
 }
 
+TEST(WineRegistryTest, ExpandsVariables)
+{
+    constexpr std::string_view kDirectories = R"reg([Software\\Microsoft\\Windows\\CurrentVersion] 1
+"ProgramFilesDir"="C:\\Program Files"
+"ProgramFilesDir (x86)"="C:\\Program Files (x86)"
+[Software\\Microsoft\\Windows NT\\CurrentVersion]
+"SystemRoot"="D:\\windows"
+[System\\CurrentControlSet\\Control\\Session Manager\\Environment] 1
+"GAMES"="E:\\Games"
+"Loop"=str(2):"%Loop%"
+)reg";
+    constexpr std::string_view k32Bits =
+        "[Software\\\\Wow6432Node\\\\Microsoft\\\\Windows\\\\CurrentVersion]\n"
+        "\"ProgramFilesDir\"=\"C:\\\\32\"\n";
+    const std::pair<const char *, const char *> rows[] = {
+        {R"(str(2):"%ProgramFiles%\\x")", "C:\\Program Files\\x"},
+        {R"(str(2):"%PROGRAMFILES(X86)%\\x")", "C:\\Program Files (x86)\\x"},
+        {R"(str(2):"%systemdrive%\\%windir%")", "D:\\D:\\windows"},
+        {R"(str(2):"%games%\\%None%%GAMES%")", "E:\\Games\\%None%E:\\Games"},
+        {R"(str(2):"50% of %Games%, %%, %")", "50% of E:\\Games, %%, %"},
+        {R"(str(2):"%Loop%")", "%Loop%"},
+        {R"(str(2):"")", ""},
+        {"hex(2):25,00,57,00,69,00,6e,00,44,00,69,00,72,00,25,00", "D:\\windows"},
+        {R"("%ProgramFiles%")", "%ProgramFiles%"},
+        {R"(str(1):"%ProgramFiles%")", "%ProgramFiles%"},
+    };
+    for (const auto &[stored, text] : rows)
+        EXPECT_EQ(ValueInWineRegistry(std::string(kDirectories) + "[A]\n\"p\"=" + stored, "a", "p"),
+                  text)
+            << stored;
+    EXPECT_EQ(ValueInWineRegistry(std::string(kDirectories).append(k32Bits) +
+                                      "[A]\n\"p\"=str(2):\"%ProgramFiles%\"",
+                                  "a", "p"),
+              "C:\\32");
+}
+
 TEST(WineRegistryTest, ReadsWindowsLineEnds)
 {
     EXPECT_EQ(ValueInWineRegistry("[A]\r\n\"p\"=\"v\"\r\n\"h\"=hex(2):41,\\\r\n  00\r\n", "a", "h"),
