@@ -9,6 +9,7 @@ core_packages=(cmake ninja-build g++ ccache googletest libdeflate-dev nlohmann-j
 gui_packages=(qt6-base-dev libqt6opengl6-dev)
 display_packages=(xvfb xauth xdotool imagemagick)
 windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 nsis dpkg-dev make unzip)
+package_packages=(dpkg-dev lintian desktop-file-utils appstream man-db debootstrap xz-utils)
 bench_packages=(libbenchmark-dev libpugixml-dev)
 
 # What the scripts themselves have to say goes to stderr, as do the packages' messages.

@@ -1,0 +1,79 @@
+# shellcheck shell=bash
+# SPDX-License-Identifier: MIT
+
+# _zelkctl_files PATTERN: the files that are of the kinds named, and the folders on the way there.
+_zelkctl_files() {
+  compopt -o filenames
+  mapfile -t COMPREPLY < <(shopt -s extglob nocasematch
+    compgen -d -- "$word"
+    compgen -f -X "!*.@($1)" -- "$word")
+}
+
+# _zelkctl_installed KIND: the names of what is installed, one of them to each line.
+_zelkctl_installed() {
+  local msts=() i
+  for ((i = 1; i < COMP_CWORD; ++i)); do
+    [[ ${COMP_WORDS[i]} != --msts ]] || msts=(--msts "${COMP_WORDS[i + 1]//\\/}")
+  done
+  compopt -o filenames
+  mapfile -t COMPREPLY < <(zelkctl "${msts[@]}" list "$1" 2>/dev/null |
+    if [[ $1 == routes ]]; then sed 's/(.*//'; else cat; fi |
+    while read -r name; do [[ $name != "${word//\\/}"* ]] || printf '%s\n' "$name"; done)
+}
+
+# The options of the command, and what its arguments are: words, or a kind of files.
+_zelkctl_command() {
+  case $1 in
+    '') words='list check tree resave edit shape texture render' options='--version' ;;
+    list) words='stock consists routes' options='--filter --json' ;;
+    check) words='stock consist shape all use' options=$checks ;;
+    'check stock') files='eng|wag' options="--no-consists --route $checks" ;;
+    'check consist') files=con names=consists options=$checks ;;
+    'check shape') files=s options=$checks ;;
+    'check all') options="--filter $checks" ;;
+    'check use') options="--stock --consist --route $checks" ;;
+    tree | resave) files='*' ;;
+    edit)
+      files=con options='--out'
+      words='add=Wagon, add=Engine, remove= clear forwards= backwards= flip='
+      ;;
+    shape) files=s ;;
+    texture) files='ace|dds' options='--out --level' ;;
+    render) files='s|eng|wag|con|act' options='--out --size --loose --camera' ;;
+  esac
+}
+
+_zelkctl() {
+  local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command='' i
+  local words='' files='' names='' options='' checks='--json --verbose --quiet --report'
+  for ((i = 1; i < COMP_CWORD; ++i)); do
+    case $command/${COMP_WORDS[i]} in
+      */--msts) i=$((i + 1)) ;;
+      /-*) ;;
+      /*) command=${COMP_WORDS[i]} ;;
+      check/stock | check/consist | check/shape | check/all | check/use)
+        command="check ${COMP_WORDS[i]}"
+        ;;
+    esac
+  done
+  _zelkctl_command "$command"
+  case $before in
+    --msts) compopt -o filenames; mapfile -t COMPREPLY < <(compgen -d -- "$word") ;;
+    --out | --report) _zelkctl_files '*' ;;
+    --stock) _zelkctl_files 'eng|wag' ;;
+    --route) _zelkctl_installed routes ;;
+    --consist) _zelkctl_installed consists ;;
+    --filter | --level | --size | --loose | --camera) ;;
+    *)
+      if [[ $word == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "--help --msts $options" -- "$word")
+        return
+      fi
+      mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
+      [[ $words != *=* ]] || compopt -o nospace
+      [[ ${#COMPREPLY[@]} -gt 0 || -z $names ]] || _zelkctl_installed "$names"
+      [[ ${#COMPREPLY[@]} -gt 0 || -z $files ]] || _zelkctl_files "$files"
+      ;;
+  esac
+}
+complete -F _zelkctl zelkctl
