@@ -3,11 +3,13 @@
 
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
+#include "host/Text.h"
 #include "korvat/FindTexture.h"
 #include "korvat/Limits.h"
 #include "korvat/MakeModel.h"
 
 #include <array>
+#include <filesystem>
 
 namespace korvat {
 namespace {
@@ -18,6 +20,14 @@ std::string sentence(const std::string &path, const ReadError &error, const char
     if (error.where > 0)
         text += std::string(" (") + unit + ' ' + std::to_string(error.where) + ')';
     return text;
+}
+
+/// One name for a file, however it was asked for: where the disk ignores letter case it gives paths
+/// back as they were asked for.
+std::string placeOf(const std::filesystem::path &file)
+{
+    const std::string path = host::path::FromDisk(file);
+    return host::disk::kIgnoresCase ? host::ToUpper(path) : path;
 }
 
 constexpr std::uint32_t kCheckerSide = 64, kCheckerField = 8;
@@ -53,7 +63,7 @@ LoadedModel ModelLibrary::LoadModel(const std::string &path)
 {
     try {
         const auto found = m_files.FindFile(path);
-        const std::string place = found ? host::path::FromDisk(*found) : std::string();
+        const std::string place = found ? placeOf(*found) : std::string();
         if (auto known = find(m_models, place))
             return {known, {}};
         const auto stamp = host::disk::StampOf(place);
@@ -77,7 +87,7 @@ LoadedTexture ModelLibrary::LoadTexture(const std::string &shapeFolder,
         const auto path = FindTexture(m_files, shapeFolder, texturePath, name);
         if (!path)
             return {Checker(), "Texture " + name + " is missing"};
-        const std::string place = host::path::FromDisk(*m_files.FindFile(*path));
+        const std::string place = placeOf(*m_files.FindFile(*path));
         if (auto known = find(m_textures, place))
             return {known, {}};
         const auto stamp = host::disk::StampOf(place);

@@ -66,7 +66,10 @@ TEST_F(ModelLibraryTest, WhatCannotBeReadIsSaidWithItsFile)
     game.Write("Cars/bad.dds", "DDS nothing");
     const LoadedTexture bad = texture("bad.dds"), gone = texture("gone.ace");
     EXPECT_EQ(bad.texture, ModelLibrary::Checker());
-    EXPECT_EQ(bad.problem.rfind("Texture " + game.At("Cars/bad.dds") + ": ", 0), 0u) << bad.problem;
+    EXPECT_EQ(
+        bad.problem.rfind("Texture " + host::path::Normalise(game.At("Cars/bad.dds")) + ": ", 0),
+        0u)
+        << bad.problem;
     EXPECT_EQ(gone.texture, ModelLibrary::Checker());
     EXPECT_EQ(gone.problem, "Texture gone.ace is missing");
 }

@@ -42,9 +42,16 @@ void SceneTest::writeStock(const std::string &folder, const std::string &file,
         game.Write(base + shape, "shape");
 }
 
+std::streamoff SceneTest::endOfTrace()
+{
+    std::ifstream log(host::TraceLogFile(), std::ios::binary | std::ios::ate);
+    return log ? static_cast<std::streamoff>(log.tellg()) : 0;
+}
+
 std::string SceneTest::traceLines() const
 {
-    std::ifstream log(host::TraceLogFile());
+    std::ifstream log(host::TraceLogFile(), std::ios::binary);
+    log.seekg(traceBegin);
     std::string lines, line;
     while (std::getline(log, line))
         lines += line.substr(9, line.find_last_of(' ') - 9) + "\n";

@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <ios>
 #include <map>
 #include <string>
 
@@ -68,10 +69,13 @@ protected:
     /// Writes a stock file that names a shape, and the shape's file; "" for no such file.
     void writeStock(const std::string &folder, const std::string &file, const std::string &size,
                     const std::string &shape);
-    /// What was written to the trace log so far: the lines without their times and numbers.
+    /// What was written to the trace log since the test began: the lines without their times and
+    /// numbers. On Windows all programs share the log.
     std::string traceLines() const;
+    static std::streamoff endOfTrace();
 
     support::ScopedHome home;
+    std::streamoff traceBegin = endOfTrace();
     support::TempFolder game;
     host::GameFiles files;
     support::ScriptedDialogs dialogs;
