@@ -16,6 +16,7 @@ using host::RuntimeError;
 namespace viewer {
 namespace {
 
+constexpr std::chrono::milliseconds kBetweenFrames(150);
 constexpr long kRangeNear = 50, kRangeFar = 600; ///< where the haze begins and ends, metres
 
 StfNode block(const StfNode &found, const char *name, const std::string &file)
@@ -62,6 +63,7 @@ void Stage::setUp()
     }
     m_loading = true;
     m_stopped = false;
+    m_nextShown = {};
 }
 
 void Stage::RenderConsist(const std::string &file, const std::string &installFolder)
@@ -111,9 +113,19 @@ bool Stage::Step()
     }
     if (!m_layout)
         loadShape();
-    m_view->ShowModels();
+    showProgress();
     m_loading = true;
     return true;
+}
+
+/// Now and then: drawing takes longer than loading most vehicles.
+void Stage::showProgress()
+{
+    const auto now = std::chrono::steady_clock::now();
+    if (now < m_nextShown)
+        return;
+    m_view->ShowModels();
+    m_nextShown = now + kBetweenFrames;
 }
 
 void Stage::loadShape()

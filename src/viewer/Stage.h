@@ -5,6 +5,7 @@
 #include "viewer/Services.h"
 #include "viewer/TSView.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -67,6 +68,7 @@ private:
     void setUp();
     void begin(const StfNode &trainCfg, const std::string &installFolder);
     void loadShape();
+    void showProgress();
     void finish();
     void reportEnd();
 
@@ -79,6 +81,7 @@ private:
     std::vector<std::string> m_problems;
     bool m_loading = false;
     bool m_stopped = false;
+    std::chrono::steady_clock::time_point m_nextShown; ///< not before this time
     float m_end = 0;
     int m_scrollMaximum = 0;
 };

@@ -5,6 +5,7 @@
 #include "host/RuntimeError.h"
 #include "korvat/sfCanvas.h"
 
+#include <QElapsedTimer>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -19,6 +20,7 @@ namespace {
 
 constexpr int kHighest = 40; ///< metres that the scroll bar lifts the camera to
 constexpr int kPage = 20;    ///< metres along the train
+constexpr qint64 kSliceMilliseconds = 10;
 constexpr int kLeft = 1, kRight = 2;
 
 QString plain(float number)
@@ -157,19 +159,24 @@ void ViewerPane::begin()
     tmrRenderer.start(0);
 }
 
-/// One piece at a time, and back to the event loop: the window paints and answers meanwhile. A
-/// message box in here has an event loop of its own, in which the timer is not running.
+/// Some pieces, and back to the event loop: the window paints and answers meanwhile. A message box
+/// in here has an event loop of its own, in which the timer is not running.
 void ViewerPane::step()
 {
+    QElapsedTimer spent;
+    spent.start();
     try {
-        if (m_stage.Step()) {
+        bool more = true;
+        while (more && spent.elapsed() < kSliceMilliseconds)
+            more = m_stage.Step();
+        if (more) {
             m_host.setProgress(m_stage.Done(), std::max(1, m_stage.Total()));
             tmrRenderer.start(0);
             return;
         }
     } catch (const host::RuntimeError &error) {
         m_host.setStatus(error.what());
-        m_host.services.dialogs.Message(error.what(), "View", host::DialogIcon::Critical);
+        m_host.services.dialogs.Message(error.what(), "View Consist", host::DialogIcon::Critical);
     }
     end();
 }

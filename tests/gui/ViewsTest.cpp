@@ -404,16 +404,16 @@ TEST_F(ViewsTest, WhatCannotBeShownIsToldAndTheRestGoesOn)
 
 TEST_F(ViewsTest, EscStopsALongLoading)
 {
-    WriteConsist("Long", std::vector<std::string>(400, "box"));
+    WriteConsist("Long", std::vector<std::string>(3000, "box"));
     Start();
     window->OpenDocumentWindow(ConsistFile("Long"), 2, "Long", {});
     ASSERT_TRUE(Wait([this] { return pane().View()->Models.Count() > 3; }));
     QTest::keyClick(window.get(), Qt::Key_Escape);
     EXPECT_FALSE(pane().Loading());
     const int there = scene().Models.Count();
-    EXPECT_LT(there, 400);
+    EXPECT_LT(there, 3000);
     EXPECT_EQ(pane().hscView->maximum(), 10 * there);
-    EXPECT_EQ(Status(), "Stopped after " + std::to_string(there) + " of 400 vehicles");
+    EXPECT_EQ(Status(), "Stopped after " + std::to_string(there) + " of 3000 vehicles");
 }
 
 TEST_F(ViewsTest, ClosingLetsGoOfEverything)
