@@ -39,15 +39,15 @@ struct Transform
 {
     std::array<float, 16> m{};
 
-    constexpr float &At(int row, int column)
-    {
-        return m[static_cast<std::size_t>(row * 4 + column)];
-    }
-    constexpr float At(int row, int column) const
-    {
-        return m[static_cast<std::size_t>(row * 4 + column)];
-    }
+    constexpr float &At(int row, int column) { return m[place(row, column)]; }
+    constexpr float At(int row, int column) const { return m[place(row, column)]; }
     friend bool operator==(const Transform &, const Transform &) = default;
+
+private:
+    static constexpr std::size_t place(int row, int column)
+    {
+        return static_cast<std::size_t>(row) * 4 + static_cast<std::size_t>(column);
+    }
 };
 
 Transform Identity();
