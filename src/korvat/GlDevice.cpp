@@ -76,9 +76,10 @@ void set(QOpenGLShaderProgram &program, const char *name, Vec3 v)
     program.setUniformValue(name, v.x, v.y, v.z);
 }
 
+/// OpenGL takes the place in a buffer for a pointer.
 const void *offset(std::size_t bytes)
 {
-    return reinterpret_cast<const void *>(bytes);
+    return reinterpret_cast<const void *>(bytes); // NOLINT(performance-no-int-to-ptr)
 }
 
 } // namespace

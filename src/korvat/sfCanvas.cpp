@@ -131,7 +131,7 @@ std::string sfCanvas::SnapshotFile() const
     for (int number = 1; number < kMaxSnapshots; ++number) {
         std::array<char, 16> suffix{};
         std::snprintf(suffix.data(), suffix.size(), "-%04d.png", number);
-        const std::string path = m_snapshotBase + suffix.data();
+        std::string path = m_snapshotBase + suffix.data();
         if (m_overwrite || !m_files.FileExists(path))
             return path;
     }

@@ -26,7 +26,7 @@ StfNode loadWagon(StfFile &file, const std::string &path)
 {
     file.SetFileName(path);
     file.Load();
-    const StfNode wagon = file.FindNode("Wagon");
+    StfNode wagon = file.FindNode("Wagon");
     if (!wagon)
         throw RuntimeError(ErrorNumber::ObjectNotSet, path + ": there is no Wagon block");
     return wagon;

@@ -66,7 +66,7 @@ std::shared_ptr<Model> modelOf(const std::vector<Surface> &surfaces)
         const auto first = static_cast<std::uint32_t>(model->mesh.vertices.size());
         for (const Vec3 at : {Vec3{0, 0, 0}, Vec3{0, 1, 0}, Vec3{0, 0, 1}})
             model->mesh.vertices.push_back(
-                {at + Vec3{static_cast<float>(first / 3), 0, 0}, {}, {}});
+                {at + Vec3{static_cast<float>(first) / 3, 0, 0}, {}, {}});
         for (std::uint32_t i = 0; i < 3; ++i)
             model->mesh.indices.push_back(first + i);
         Part part{first, 3, 0, surface, {}};
