@@ -107,7 +107,8 @@ TEST_F(StageTest, VehiclesStandEndToEnd)
         EXPECT_FLOAT_EQ(canvas.camera[2], row.end / 2) << "the camera stands at the middle";
         std::string log = dialogs.TakeLog();
         for (const std::string &folder :
-             {host::path::Normalise(game.At("Trains/Trainset/Cars/")), std::string("critical|")})
+             {host::path::Normalise(game.At("Trains/Trainset/Cars")) + host::path::kSeparator,
+              std::string("critical|")})
             for (std::size_t at; (at = log.find(folder)) != log.npos;)
                 log.erase(at, folder.size());
         EXPECT_EQ(log, row.log);
