@@ -27,7 +27,7 @@ TEST_F(SampleCheckTest, TheSampleHasExactlyThePlannedDefects)
             if (defect.check == samples::Check::Stock) {
                 std::replace(line.begin(), line.end(), '\\', host::path::kSeparator);
                 for (std::size_t at; (at = line.find("<MSTS>")) != std::string::npos;)
-                    line.replace(at, 6, folder);
+                    line.replace(at, 6, host::path::Normalise(folder));
                 planned.insert(line);
             }
     frmResults &form = Find<frmResults>(*window, "frmResults");

@@ -286,7 +286,7 @@ TEST_F(ViewsTest, LooseConsistsOpenOneAfterTheOther)
               "input|Activity Loose Consists|Found 3 loose consist(s) in activity " + file +
                   "\n\nWhich do you want to load?|*\n");
     EXPECT_EQ(opened("2,3", 1), caption(2));
-    EXPECT_EQ(pane().hscView->maximum(), 20);
+    EXPECT_TRUE(Wait([&] { return pane().hscView->maximum() == 20; }));
     EXPECT_EQ(opened("*", 4), caption(2) + caption(1) + caption(2) + caption(3));
     Trigger("mnuViewRefresh");
     ASSERT_TRUE(loaded());

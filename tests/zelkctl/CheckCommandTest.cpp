@@ -101,7 +101,7 @@ TEST_F(CheckCommandTest, TellsErrorsAndGoesOn)
     EXPECT_EQ(run({"check", "stock", m_wagon}), (Outcome{2, "", none}));
     EXPECT_EQ(run({"check", "all"}), (Outcome{2, "", none}));
     EXPECT_EQ(run({"check", "all", "--msts", "m/Routes"}),
-              (Outcome{1, "ERROR: m/Routes/Trains/Trainset is MISSING\n", ""}));
+              (Outcome{1, Shown("ERROR: m/Routes/Trains/Trainset is MISSING\n"), ""}));
 }
 
 TEST_F(CheckCommandTest, GivesTheSameAsJson)

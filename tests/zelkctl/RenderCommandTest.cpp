@@ -48,9 +48,10 @@ TEST_F(RenderCommandTest, AFileThatCannotBeShownGivesNoPicture)
     write("a.s", kEmptyShape);
     write("a.txt", "x");
     for (const char *file : {"a.s", "a.txt"}) {
-        const Outcome outcome = run({"render", file, "--out", "a.png"});
+        const std::string picture = std::string(file) + ".png";
+        const Outcome outcome = run({"render", file, "--out", picture});
         const bool drawn = outcome.code == 0; // an empty shape is a picture of the track
-        EXPECT_EQ(m_folder.Exists("a.png"), drawn) << outcome.err;
+        EXPECT_EQ(m_folder.Exists(picture), drawn) << outcome.err;
         EXPECT_TRUE(drawn || outcome.code == 2) << outcome.code;
         EXPECT_EQ(outcome.err.empty(), drawn);
     }
