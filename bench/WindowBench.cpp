@@ -5,6 +5,7 @@
 #include "Processes.h"
 #include "app/Colours.h"
 #include "app/Program.h"
+#include "app/QtDesktop.h"
 #include "app/QtDialogs.h"
 #include "document/ConsistList.h"
 #include "document/StockList.h"
@@ -60,13 +61,15 @@ struct Program
         : settings(folder)
     {
         app::DressApplication(*qApp);
-        window = app::StartMainWindow({dialogs, files, settings}, "");
+        window = app::StartMainWindow({dialogs, files, settings, desktop, printers}, "");
     }
     QTreeView *List(const char *name) const
     {
         return window->findChild<QTreeView *>(QLatin1String(name));
     }
     app::QtDialogs dialogs;
+    app::QtDesktop desktop;
+    app::QtPrinters printers;
     host::GameFiles files;
     FixedSettings settings;
     std::unique_ptr<frmMain> window;

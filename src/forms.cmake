@@ -15,16 +15,23 @@ else()
 endif()
 zelk_add_room(forms
   SOURCES
+    about/frmAbout.cpp
+    about/frmSystemInfo.cpp
+    about/SystemInfo.cpp
     app/Colours.cpp
     app/frmMain.cpp
     app/frmMainChecks.cpp
     app/frmMainCommands.cpp
+    app/frmMainShell.cpp
     app/frmMainViews.cpp
     app/IconSet.cpp
     app/MainMenu.cpp
     app/MainStatusBar.cpp
     app/MdiLayout.cpp
+    app/PrintJobs.cpp
+    app/Printouts.cpp
     app/Program.cpp
+    app/QtDesktop.cpp
     app/QtDialogs.cpp
     app/WindowBounds.cpp
     app/icons.qrc
@@ -45,7 +52,7 @@ zelk_add_room(forms
     validation/frmResults.cpp
     validation/frmSelector.cpp
     viewer/ViewerPane.cpp
-  LINKS Qt6::Widgets zelk_gl zelk_app zelk_viewer zelk_document zelk_validation
+  LINKS Qt6::Widgets Qt6::PrintSupport zelk_gl zelk_app zelk_viewer zelk_document zelk_validation
     zelk_install)
 set_target_properties(zelk_forms PROPERTIES AUTOMOC ON AUTORCC ON)
 
@@ -53,6 +60,8 @@ add_executable(zelk main.cpp)
 target_link_libraries(zelk PRIVATE zelk_forms)
 zelk_add_resource(zelk "ZELK")
 install(TARGETS zelk)
+zelk_copy_guide()
+zelk_install_guide()
 if(WIN32)
   set_target_properties(zelk PROPERTIES WIN32_EXECUTABLE ON ZELK_SHARED_RUNTIME ON)
 endif()

@@ -10,11 +10,6 @@ namespace app {
 
 namespace {
 
-QString laterHint(const QString &hint)
-{
-    return QStringLiteral("Not available in this version yet: ") + hint;
-}
-
 QMenu *addMenu(QMenu *menu, const MenuEntry &entry)
 {
     menu->setObjectName(entry.name);
@@ -26,10 +21,8 @@ QMenu *addMenu(QMenu *menu, const MenuEntry &entry)
 void addCommand(QMenu &menu, const MenuEntry &entry, QWidget *window)
 {
     auto *action = new QAction(QString::fromLatin1(entry.caption), window);
-    const QString hint = QString::fromLatin1(entry.hint);
     action->setObjectName(entry.name);
-    action->setStatusTip(entry.kind == MenuEntry::Later ? laterHint(hint) : hint);
-    action->setEnabled(entry.kind != MenuEntry::Later);
+    action->setStatusTip(QString::fromLatin1(entry.hint));
     action->setCheckable(entry.kind == MenuEntry::Check);
     // A caption that quits or opens preferences elsewhere must not be moved out of its menu.
     action->setMenuRole(QAction::NoRole);
@@ -87,18 +80,13 @@ void BuildToolBar(QToolBar &bar, const QWidget &window, const std::vector<ToolEn
         const QString commandName = QString::fromLatin1(entry.command);
         // An empty name would find just any action.
         auto *command = commandName.isEmpty() ? nullptr : window.findChild<QAction *>(commandName);
-        const auto follow = [button, command, name] {
-            const bool later = !command || command->statusTip().startsWith(laterHint(QString()));
-            button->setEnabled(command && command->isEnabled());
-            button->setStatusTip(command ? command->statusTip() : laterHint(name));
-            button->setToolTip(later ? name + QStringLiteral("\nNot available in this version yet")
-                                     : name);
-        };
-        follow();
+        button->setToolTip(name);
+        button->setStatusTip(command ? command->statusTip() : name);
+        button->setEnabled(command && command->isEnabled());
         if (!command)
             continue;
         QObject::connect(button, &QAction::triggered, command, &QAction::trigger);
-        QObject::connect(command, &QAction::enabledChanged, button, follow);
+        QObject::connect(command, &QAction::enabledChanged, button, &QAction::setEnabled);
     }
 }
 

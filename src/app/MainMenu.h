@@ -16,15 +16,13 @@ namespace app {
 struct MenuEntry
 {
     /// How the line is meant: a menu of the menu bar, a menu inside it (its commands follow at
-    /// depth 2), a command, a command that shows a check mark, a command whose work this version
-    /// does not do yet (always disabled; its hint says so), or a separator.
+    /// depth 2), a command, a command that shows a check mark, or a separator.
     enum Kind
     {
         Menu,
         SubMenu,
         Command,
         Check,
-        Later,
         Separator
     };
 

@@ -3,6 +3,7 @@
 
 #include "app/Colours.h"
 #include "app/FileAssociation.h"
+#include "app/QtDesktop.h"
 #include "app/QtDialogs.h"
 #include "app/modZELK.h"
 #include "host/Console.h"
@@ -90,11 +91,14 @@ int RunProgram(int argc, char **argv)
         arguments.push_back(argument.toStdString());
 
     QtDialogs dialogs;
+    QtDesktop desktop;
+    QtPrinters printers;
     host::GameFiles files;
     const std::unique_ptr<host::SettingsStore> settings = host::UserSettings();
     // A message about the file on the command line may be the first window to close.
     QApplication::setQuitOnLastWindowClosed(false);
-    const auto window = StartMainWindow({dialogs, files, *settings}, CommandLineOf(arguments));
+    const auto window =
+        StartMainWindow({dialogs, files, *settings, desktop, printers}, CommandLineOf(arguments));
     QApplication::setQuitOnLastWindowClosed(true);
     return QApplication::exec();
 }

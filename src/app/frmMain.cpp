@@ -21,6 +21,7 @@
 #include <QMdiArea>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPrinter>
 #include <QScreen>
 #include <QShortcut>
 
@@ -40,6 +41,7 @@ constexpr int kListMode = 0, kEditorMode = 1, kShapeViewMode = 3, kModes = 4;
 frmMain::frmMain(const app::Services &services, const std::string &commandLine)
     : m_services(services)
     , m_shapes(services.files)
+    , m_shell(services.dialogs, services.files, services.desktop, m_installation)
     , m_area(new QMdiArea(this))
     , m_checks(*this)
 {
@@ -259,14 +261,14 @@ void frmMain::updateActions()
             command(name)->setEnabled(enabled);
     };
     enable(active != nullptr,
-           {"mnuFileClose", "mnuViewRefresh", "mnuWindowCascade", "mnuWindowTileHorizontal",
-            "mnuWindowTileVertical", "mnuWindowArrangeIcons"});
+           {"mnuFileClose", "mnuFilePrint", "mnuViewRefresh", "mnuWindowCascade",
+            "mnuWindowTileHorizontal", "mnuWindowTileVertical", "mnuWindowArrangeIcons"});
     enable(list || editor, {"mnuViewFilter", "mnuConsistView"});
     enable(editor || view, {"mnuFileSave", "mnuFileSaveAs"});
     enable(std::any_of(m_documents.begin(), m_documents.end(),
                        [](const auto *window) { return window->Mode() != kListMode; }),
            {"mnuFileSaveAll"});
-    enable(list, {"mnuConsistEdit", "mnuConsistCheckStock"});
+    enable(list, {"mnuConsistEdit", "mnuConsistCheckStock", "mnuEditCut", "mnuEditCopy"});
     enable(editor, {"mnuConsistViewShape", "mnuStockViewShape"});
     enable(view, {"mnuViewReset"});
     enable(list || view, {"mnuFileProperties"});

@@ -4,6 +4,7 @@
 #include "app/CheckCommands.h"
 #include "app/MainMenu.h"
 #include "app/MdiLayout.h"
+#include "app/ShellCommands.h"
 #include "document/DocumentHost.h"
 #include "document/frmDocument.h"
 #include "host/Dialogs.h"
@@ -22,6 +23,7 @@
 #include <vector>
 
 class QMdiArea;
+class QPrinter;
 class QShortcut;
 class frmResults;
 
@@ -32,7 +34,10 @@ class SettingsStore;
 
 namespace app {
 
+class Desktop;
 class MainStatusBar;
+class Printers;
+struct PrintJob;
 
 /// What the main window works with; everything must outlive it.
 struct Services
@@ -40,6 +45,8 @@ struct Services
     host::Dialogs &dialogs;
     host::GameFiles &files;
     host::SettingsStore &settings;
+    Desktop &desktop;
+    Printers &printers;
 };
 
 } // namespace app
@@ -66,6 +73,8 @@ public:
     std::vector<frmDocument *> Documents() const;
     /// Arranges the windows and remembers how.
     void Arrange(app::Arrangement how);
+    /// A command that no menu has: says that it is not there yet.
+    void SendFile();
 
     host::Dialogs &Dialogs() override { return m_services.dialogs; }
     host::GameFiles &Files() override { return m_services.files; }
@@ -157,6 +166,23 @@ private:
     void checkStockTextures();
     std::vector<frmResults *> resultWindows() const;
 
+    // frmMainShell.cpp
+    void copyConsist();
+    void pasteConsist();
+    void cutConsist();
+    void startSimulator();
+    void startEditors();
+    void startShapeViewer();
+    void setFileAssociation();
+    void showHelpContents();
+    void showHelpSearch();
+    void showAbout();
+    void showSystemInfo(QWidget &parent);
+    QPrinter &printer();
+    void printActive();
+    void print(const app::PrintJob &job);
+    void pageSetup();
+
     // frmMainViews.cpp
     void openStock(const std::string &path);
     void openActivity(const std::string &path);
@@ -178,6 +204,8 @@ private:
     app::Services m_services;
     korvat::ModelLibrary m_shapes;
     install::Installation m_installation;
+    app::ShellCommands m_shell;
+    std::unique_ptr<QPrinter> m_printer; ///< made when it is first needed
     std::string m_screenShotFolder;
     QMdiArea *m_area;
     QToolBar *tbToolBar = nullptr;

@@ -2,6 +2,7 @@
 // What the main window does for the check commands.
 #include "app/frmMain.h"
 
+#include "app/PrintJobs.h"
 #include "app/WindowBounds.h"
 #include "host/Folders.h"
 #include "validation/TSValidation.h"
@@ -112,6 +113,8 @@ void frmMain::ShowResults(const std::string &caption, const std::string &text)
         new frmResults(m_services.dialogs, m_services.files, host::ProgramFolder(), this);
     window->SetCaption(caption);
     window->SetText(text);
+    connect(window, &frmResults::PrintRequested, this,
+            [this, window] { print(app::ResultsJob(window->Caption(), window->Text())); });
     QRect bounds(QPoint(), window->size());
     bounds.moveCenter(geometry().center() + QPoint(others, others) * kCascadeStep);
     bounds = app::WithinScreen(bounds, screen()->availableGeometry());

@@ -55,7 +55,10 @@ std::vector<MenuEntry> frmMain::fileMenu()
         {MenuEntry::Command, "mnuFileSaveAll", "Save A&ll", "", "save-all", "Save all open consists",
          doing(&frmMain::saveAll)},
         {},
-        {MenuEntry::Later, "mnuFilePrint", "&Print...", "Ctrl+P", "print", "Print the active window"},
+        {MenuEntry::Command, "mnuFilePageSetup", "Page Set&up...", "", "",
+         "Set the paper and its margins", doing(&frmMain::pageSetup)},
+        {MenuEntry::Command, "mnuFilePrint", "&Print...", "Ctrl+P", "print",
+         "Print the active window", doing(&frmMain::printActive)},
         {MenuEntry::Command, "mnuFilePrintPreview", "Print Pre&view...", "", "print-preview",
          "Show how the active window prints", saying("Print Preview not implemented")},
         {MenuEntry::Command, "mnuFileProperties", "Propert&ies", "Alt+Return", "properties",
@@ -79,14 +82,17 @@ std::vector<MenuEntry> frmMain::editMenu()
         {MenuEntry::Command, "mnuEditUndo", "&Undo", "Ctrl+Z", "undo", "Undo the last change",
          saying("Edit Undo not yet implemented")},
         {},
-        {MenuEntry::Later, "mnuEditCut", "Cu&t", "Ctrl+X", "cut", "Delete the selected consist"},
-        {MenuEntry::Later, "mnuEditCopy", "&Copy", "Ctrl+C", "copy", "Copy the selected consist"},
-        {MenuEntry::Later, "mnuEditPaste", "&Paste", "Ctrl+V", "paste", "Paste a copy of the consist"},
+        {MenuEntry::Command, "mnuEditCut", "Cu&t", "Ctrl+X", "cut", "Delete the selected consist",
+         doing(&frmMain::cutConsist)},
+        {MenuEntry::Command, "mnuEditCopy", "&Copy", "Ctrl+C", "copy", "Copy the selected consist",
+         doing(&frmMain::copyConsist)},
+        {MenuEntry::Command, "mnuEditPaste", "&Paste", "Ctrl+V", "paste",
+         "Paste a copy of the consist", doing(&frmMain::pasteConsist)},
         {MenuEntry::Command, "mnuEditPasteSpecial", "Paste &Special...", "", "",
          "Paste in another way", saying("Edit PasteSpecial not yet implemented")},
         {},
-        {MenuEntry::Later, "mnuEditSetAssoc", "Set &File Association...", "", "association",
-         "Open consist files with this program"},
+        {MenuEntry::Command, "mnuEditSetAssoc", "Set &File Association...", "", "association",
+         "Open consist files with this program", doing(&frmMain::setFileAssociation)},
     };
 }
 
@@ -143,10 +149,12 @@ std::vector<MenuEntry> frmMain::viewMenu()
         {MenuEntry::Command, "mnuViewOptions", "&Options...", "", "options", "Set how windows look",
          saying("View Options not yet implemented")},
         {},
-        {MenuEntry::Later, "mnuViewTS", "&MSTS", "", "simulator", "Start Train Simulator"},
-        {MenuEntry::Later, "mnuViewTSE", "MSTS &Tools", "", "tools", "Start the simulator's editors"},
-        {MenuEntry::Later, "mnuViewShapeViewer", "&Shape Viewer", "", "shape-viewer",
-         "Start the installed shape viewer"},
+        {MenuEntry::Command, "mnuViewTS", "&MSTS", "", "simulator", "Start Train Simulator",
+         doing(&frmMain::startSimulator)},
+        {MenuEntry::Command, "mnuViewTSE", "MSTS &Tools", "", "tools",
+         "Start the simulator's editors", doing(&frmMain::startEditors)},
+        {MenuEntry::Command, "mnuViewShapeViewer", "&Shape Viewer", "", "shape-viewer",
+         "Start the installed shape viewer", doing(&frmMain::startShapeViewer)},
     };
 }
 
@@ -175,11 +183,13 @@ std::vector<MenuEntry> frmMain::helpMenu()
 {
     return {
         {MenuEntry::Menu, "mnuHelp", "&Help"},
-        {MenuEntry::Later, "mnuHelpContents", "&Contents", "F1", "help", "Show the help"},
-        {MenuEntry::Later, "mnuHelpSearchForHelpOn", "&Search For Help On...", "", "search",
-         "Look something up in the help"},
+        {MenuEntry::Command, "mnuHelpContents", "&Contents", "F1", "help", "Show the help",
+         doing(&frmMain::showHelpContents)},
+        {MenuEntry::Command, "mnuHelpSearchForHelpOn", "&Search For Help On...", "", "search",
+         "Look something up in the help", doing(&frmMain::showHelpSearch)},
         {},
-        {MenuEntry::Later, "mnuHelpAbout", "&About ", "", "properties", "About this program"},
+        {MenuEntry::Command, "mnuHelpAbout", "&About ", "", "", "About this program",
+         doing(&frmMain::showAbout)},
     };
 }
 // clang-format on

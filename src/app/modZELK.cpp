@@ -6,10 +6,23 @@
 
 namespace modZELK {
 
+namespace {
+
+std::string version()
+{
+    return std::to_string(kMajor) + '.' + std::to_string(kMinor) + '-' + std::to_string(kRevision);
+}
+
+} // namespace
+
 std::string MainCaption()
 {
-    return std::string(kTitle) + " v" + std::to_string(kMajor) + '.' + std::to_string(kMinor) +
-           '-' + std::to_string(kRevision);
+    return std::string(kTitle) + " v" + version();
+}
+
+std::string AboutCaption()
+{
+    return std::string(kTitle) + " V" + version();
 }
 
 std::string TextWindowCaption(std::string_view title)

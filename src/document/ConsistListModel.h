@@ -17,6 +17,7 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     void SetNames(std::vector<std::string> names);
+    const std::vector<std::string> &Names() const { return m_names; }
     const std::string &Name(int row) const { return m_names[static_cast<std::size_t>(row)]; }
 
     int rowCount(const QModelIndex &parent = {}) const override;

@@ -20,6 +20,7 @@ public:
     explicit ConsistListPane(QWidget *parent = nullptr);
 
     void ShowNames(std::vector<std::string> names);
+    const std::vector<std::string> &Names() const { return m_model->Names(); }
     int Count() const { return m_model->rowCount(); }
     /// The names of the selected rows, from the first to the last.
     std::vector<std::string> SelectedNames() const;

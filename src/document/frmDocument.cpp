@@ -291,6 +291,11 @@ std::string frmDocument::SelectedConsist() const
     return m_list ? m_list->SelectedName() : std::string();
 }
 
+std::vector<std::string> frmDocument::ShownConsists() const
+{
+    return m_list ? m_list->Names() : std::vector<std::string>();
+}
+
 void frmDocument::EditConsist(const std::string &name)
 {
     m_host.OpenDocumentWindow(m_host.Installation().ConsistPath(name), kEditorMode,

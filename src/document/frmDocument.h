@@ -5,6 +5,7 @@
 #include "document/Furnishing.h"
 #include "stavfile/StfNode.h"
 
+#include <QImage>
 #include <QMdiSubWindow>
 
 #include <string>
@@ -71,6 +72,12 @@ public:
     std::vector<std::string> SelectedConsists() const;
     /// Consist list: the selected consist, of several the current one; "" for none.
     std::string SelectedConsist() const;
+    /// Consist list: all names that it shows.
+    std::vector<std::string> ShownConsists() const;
+    /// Editor: the consist as it stands.
+    const document::ConsistTree &Consist() const { return m_consist; }
+    /// 3D view: the picture as it is shown. RuntimeError 5 where there is none.
+    QImage Picture();
     /// Opens an installed consist, by its list name, in an editor window.
     void EditConsist(const std::string &name);
     /// The same in 3D.

@@ -9,6 +9,7 @@
 #include "host/Filter.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
+#include "host/RuntimeError.h"
 #include "host/Text.h"
 #include "install/Installation.h"
 #include "viewer/StockShape.h"
@@ -148,6 +149,13 @@ void frmDocument::showListProperties()
     if (!host::MatchesEverything(m_filter))
         text += " (Filtered on " + m_filter + ")";
     m_host.Dialogs().Message(text, "All Consists Properties", DialogIcon::Information);
+}
+
+QImage frmDocument::Picture()
+{
+    if (!m_viewer)
+        throw host::RuntimeError(host::ErrorNumber::InvalidCall, "this window shows no picture");
+    return m_viewer->Picture();
 }
 
 void frmDocument::SaveSnapshot(const std::string &folder)

@@ -39,6 +39,7 @@ frmResults::frmResults(host::Dialogs &dialogs, host::GameFiles &files, std::stri
                        QWidget *parent)
     : QDialog(parent)
     , txtResults(new validation::ReportView(this))
+    , cmdPrint(new QPushButton(QStringLiteral("&Print..."), this))
     , cmdSave(new QPushButton(QStringLiteral("&Save"), this))
     , cmdClose(new QPushButton(QStringLiteral("&Close"), this))
     , m_dialogs(dialogs)
@@ -67,6 +68,7 @@ void frmResults::nameControls()
         const char *name, *title, *toolTip;
     } controls[] = {
         {txtResults, "txtResults", "Results", ""},
+        {cmdPrint, "cmdPrint", "Print", "Print the report (Ctrl+P)"},
         {cmdSave, "cmdSave", "Save", "Append the report to a file (Ctrl+S)"},
         {cmdClose, "cmdClose", "Close", "Close this window (Esc)"},
         {m_summary, "lblSummary", "Summary", ""},
@@ -83,11 +85,13 @@ void frmResults::arrangeControls()
 {
     txtResults->setPlaceholderText(QStringLiteral("Nothing was found."));
     cmdClose->setDefault(true);
+    cmdPrint->setAutoDefault(false);
     cmdSave->setAutoDefault(false);
 
     auto *buttons = new QHBoxLayout;
     buttons->setSpacing(6);
     buttons->addWidget(m_summary, 1);
+    buttons->addWidget(cmdPrint);
     buttons->addWidget(cmdSave);
     buttons->addWidget(cmdClose);
     auto *layout = new QVBoxLayout(this);
@@ -106,7 +110,7 @@ void frmResults::orderTabs()
     QWidget *before = txtResults;
     for (QWidget *next : std::initializer_list<QWidget *>{
              m_findBar->txtFind, m_findBar->cmdFindPrevious, m_findBar->cmdFindNext,
-             m_findBar->cmdFindClose, cmdSave, cmdClose}) {
+             m_findBar->cmdFindClose, cmdPrint, cmdSave, cmdClose}) {
         setTabOrder(before, next);
         before = next;
     }
@@ -116,6 +120,7 @@ void frmResults::connectControls()
 {
     // Whichever way it was closed.
     connect(this, &QDialog::finished, this, &QObject::deleteLater);
+    connect(cmdPrint, &QPushButton::clicked, this, &frmResults::PrintRequested);
     connect(cmdSave, &QPushButton::clicked, this, &frmResults::Save);
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::close);
     txtResults->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -124,6 +129,7 @@ void frmResults::connectControls()
     addKey("&Find...", QKeySequence::Find, m_findBar, &FindBar::Open);
     addKey("Find &Next", QKeySequence::FindNext, m_findBar, &FindBar::FindNext);
     addKey("Find Pre&vious", QKeySequence::FindPrevious, m_findBar, &FindBar::FindPrevious);
+    addKey("&Print...", QKeySequence::Print, this, &frmResults::PrintRequested);
     addKey("Save &Report...", QKeySequence::Save, this, &frmResults::Save);
     addKey("Message &Properties", Qt::ALT | Qt::Key_Return, this,
            &frmResults::ShowMessageProperties);

@@ -44,8 +44,12 @@ public:
     void Save();
 
     QPlainTextEdit *txtResults;
+    QPushButton *cmdPrint;
     QPushButton *cmdSave;
     QPushButton *cmdClose;
+
+Q_SIGNALS:
+    void PrintRequested();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

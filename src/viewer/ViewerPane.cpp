@@ -252,6 +252,14 @@ void ViewerPane::showHeight()
         vscView->setValue(static_cast<int>(std::lround(view->CamY)));
 }
 
+QImage ViewerPane::Picture()
+{
+    const QImage picture = sfViewer && !m_noCanvas ? sfViewer->Picture() : QImage();
+    if (picture.isNull())
+        throw host::RuntimeError(host::ErrorNumber::InvalidCall, "there is no 3D view to print");
+    return picture.convertToFormat(QImage::Format_RGB888);
+}
+
 void ViewerPane::SaveSnapshot(const std::string &base, const std::string &what)
 {
     if (!sfViewer || m_noCanvas)

@@ -4,6 +4,7 @@
 #include "viewer/OrbitCamera.h"
 #include "viewer/Stage.h"
 
+#include <QImage>
 #include <QTimer>
 #include <QWidget>
 
@@ -57,6 +58,8 @@ public:
     void ResetView();
     /// The textures of what is shown; "" when nothing is.
     std::string Report() const { return m_stage.Report(); }
+    /// The picture as it is shown. RuntimeError 5 where there is none.
+    QImage Picture();
     /// Saves the picture as `base` with the first free number, and says to where, with `what`
     /// ("consist") in the words. RuntimeError as sfCanvas::SaveSnapshot; 5 without a canvas.
     void SaveSnapshot(const std::string &base, const std::string &what);

@@ -86,7 +86,7 @@ TEST_F(ChecksTest, ConsistsOfTheListAreSearchedInTheRoutesOfTheSelector)
         game.Write(std::string("Routes/") + route + "/Services/run.srv",
                    "Service_Definition ( Train_Config ( Coal ) )");
     app::QtDialogs real;
-    window = app::StartMainWindow({real, files, settings}, {});
+    window = app::StartMainWindow({real, files, settings, desktop, printers}, {});
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     Find<ListView>(*Active(), "lvConsists").selectAll();

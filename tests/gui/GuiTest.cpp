@@ -8,6 +8,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
+#include <QPrinter>
 #include <QProgressBar>
 #include <QTimer>
 
@@ -22,6 +23,42 @@ void MemorySettings::Write(std::string_view key, std::string_view value)
     if (readOnly)
         throw host::RuntimeError(host::ErrorNumber::PermissionDenied, "ZELK.ini");
     values[std::string(key)] = value;
+}
+
+void RecordingDesktop::Start(const app::ProgramStart &start)
+{
+    if (refuses)
+        throw host::RuntimeError(host::ErrorNumber::PathFileAccess, start.program);
+    log += "start|" + start.program;
+    for (const std::string &argument : start.arguments)
+        log += ' ' + argument;
+    log += '|' + start.folder + '|' + start.winePrefix + '\n';
+}
+
+bool RecordingDesktop::Open(const std::string &file)
+{
+    log += "open|" + file + '\n';
+    return !refuses;
+}
+
+void RecordingDesktop::AssociateConsistFiles()
+{
+    if (refuses)
+        throw host::RuntimeError(host::ErrorNumber::PermissionDenied, "SetAssoc.bat");
+    log += "associate\n";
+}
+
+bool FilePrinters::Choose(QPrinter &printer, const QString &job)
+{
+    log += "print|" + job.toStdString() + '|' + printer.docName().toStdString() + '\n';
+    printer.setOutputFileName(QString::fromStdString(file));
+    return !file.empty();
+}
+
+void FilePrinters::SetUpPage(QPrinter &printer)
+{
+    log += "page setup\n";
+    printer.setPageOrientation(QPageLayout::Landscape);
 }
 
 GuiTest::GuiTest()
@@ -43,7 +80,7 @@ GuiTest::~GuiTest() = default;
 
 frmMain &GuiTest::StartOnly(const std::string &commandLine)
 {
-    window = app::StartMainWindow({dialogs, files, settings}, commandLine);
+    window = app::StartMainWindow({dialogs, files, settings, desktop, printers}, commandLine);
     window->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
     return *window;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/Desktop.h"
+#include "app/Printers.h"
 #include "app/frmMain.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
@@ -33,6 +35,29 @@ public:
     bool readOnly = false;
 };
 
+/// A desktop that starts nothing; it writes down what it was asked, a line each: "start|program
+/// arguments|folder|prefix", "open|file", "associate".
+class RecordingDesktop : public app::Desktop
+{
+public:
+    void Start(const app::ProgramStart &start) override;
+    bool Open(const std::string &file) override;
+    void AssociateConsistFiles() override;
+
+    std::string log;
+    bool refuses = false; ///< from now on nothing can be done
+};
+
+/// Prints into a file, or cancels while there is none.
+class FilePrinters : public app::Printers
+{
+public:
+    bool Choose(QPrinter &printer, const QString &job) override;
+    void SetUpPage(QPrinter &printer) override;
+
+    std::string file, log;
+};
+
 /// The real main window over a small installation of its own, with dialogs that answer from a
 /// script and settings in memory.
 class GuiTest : public testing::Test
@@ -62,6 +87,8 @@ protected:
     support::ScriptedDialogs dialogs;
     host::GameFiles files;
     MemorySettings settings;
+    RecordingDesktop desktop;
+    FilePrinters printers;
     std::unique_ptr<frmMain> window;
 };
 

@@ -229,6 +229,20 @@ TEST_F(ViewsTest, SavingWritesNumberedPictures)
     EXPECT_NE(log.find("ZELKS-0001.png"), std::string::npos) << log;
 }
 
+TEST_F(ViewsTest, ThePictureIsPrinted)
+{
+    viewCoal();
+    printers.file = game.At("view.pdf");
+    Trigger("mnuFilePrint");
+    EXPECT_EQ(printers.log, "print|Print Consist View|Print Consist View\n");
+    EXPECT_NE(game.Read("view.pdf").find("/Subtype /Image"), std::string::npos);
+    window->OpenFile(stockFile("Boxcars/box.wag"));
+    ASSERT_TRUE(loaded());
+    Trigger("mnuFilePrint");
+    EXPECT_NE(printers.log.find("Print Stock View"), std::string::npos);
+    EXPECT_EQ(dialogs.TakeLog(), "");
+}
+
 TEST_F(ViewsTest, FilesOfEachKindOpenInTheirWindow)
 {
     Start();

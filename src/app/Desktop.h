@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/ProgramStart.h"
+
+#include <string>
+
+namespace app {
+
+/// The desktop around the program: Qt's in the program, a record in tests.
+class Desktop
+{
+public:
+    virtual ~Desktop() = default;
+
+    /// Starts a program without waiting for it. RuntimeError 75 when the system refuses.
+    virtual void Start(const ProgramStart &start) = 0;
+    /// Opens a file with what the user reads such files with; false when there is nothing.
+    virtual bool Open(const std::string &file) = 0;
+    /// Makes this program what opens consist files. Fails as AssociateConsistFiles does.
+    virtual void AssociateConsistFiles() = 0;
+};
+
+} // namespace app

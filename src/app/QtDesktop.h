@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/Desktop.h"
+#include "app/Printers.h"
+
+namespace app {
+
+/// The desktop on which the program runs.
+class QtDesktop : public Desktop
+{
+public:
+    void Start(const ProgramStart &start) override;
+    bool Open(const std::string &file) override;
+    void AssociateConsistFiles() override;
+};
+
+/// The system's own dialogs for printers, over the active window.
+class QtPrinters : public Printers
+{
+public:
+    bool Choose(QPrinter &printer, const QString &job) override;
+    void SetUpPage(QPrinter &printer) override;
+};
+
+} // namespace app

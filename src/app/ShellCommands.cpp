@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "app/ShellCommands.h"
+
+#include "app/Desktop.h"
+#include "host/Dialogs.h"
+#include "host/Disk.h"
+#include "host/Folders.h"
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "install/Installation.h"
+
+namespace app {
+
+using host::DialogIcon;
+
+namespace {
+
+constexpr char kViewSimulator[] = "View MSTS", kViewEditors[] = "View MSTS Tools";
+
+} // namespace
+
+std::string FindGuide(GuidePage page)
+{
+    const char *const name = page == GuidePage::Contents ? "/index.html" : "/search.html";
+    for (const char *folder : {"guide", "../share/zelk/guide"}) {
+        const std::string file = host::path::Normalise(
+            host::path::Join(host::ExecutableFolder(), std::string(folder) + name));
+        if (host::disk::KindOf(file) == host::disk::Kind::File)
+            return file;
+    }
+    return {};
+}
+
+ShellCommands::ShellCommands(host::Dialogs &dialogs, host::GameFiles &files, Desktop &desktop,
+                             const install::Installation &installation)
+    : m_dialogs(dialogs)
+    , m_files(files)
+    , m_desktop(desktop)
+    , m_installation(installation)
+{
+}
+
+bool ShellCommands::StartSimulator()
+{
+    if (m_installation.CurrentFolder().empty())
+        return refuse(kViewSimulator);
+    return start(m_installation.PathOf("train.exe"), {}, kViewSimulator);
+}
+
+bool ShellCommands::StartEditors()
+{
+    if (m_installation.CurrentFolder().empty())
+        return refuse(kViewEditors);
+    return start(m_installation.PathOf("launcher.exe"), {"-runeditor"}, kViewEditors);
+}
+
+bool ShellCommands::StartShapeViewer()
+{
+    const std::string viewer = install::FindShapeViewer();
+    return viewer.empty() ? refuse(kViewSimulator) : start(viewer, {}, kViewSimulator);
+}
+
+bool ShellCommands::refuse(const std::string &title)
+{
+    m_dialogs.Message("MSTS does not appear to be installed on this system!", title,
+                      DialogIcon::Critical);
+    return false;
+}
+
+bool ShellCommands::start(const std::string &path, const std::vector<std::string> &arguments,
+                          const std::string &title)
+{
+    try {
+        const ProgramStart how = StartOf(m_files, path, arguments);
+        if (!how.program.empty()) {
+            m_desktop.Start(how);
+            return true;
+        }
+        m_dialogs.Message(path + " is a Windows program. It can be started here once Wine is "
+                                 "installed (the package \"wine\" of your distribution).",
+                          title, DialogIcon::Critical);
+    } catch (const host::RuntimeError &error) {
+        m_dialogs.Message(error.what(), title, DialogIcon::Critical);
+    }
+    return false;
+}
+
+void ShellCommands::SetFileAssociation()
+{
+    if (m_dialogs.Message("Do you want to associate .CON files with ZELK?\n\n(Doing this will make "
+                          "ZELK load when you double click on a consist file)",
+                          "Set File Association", DialogIcon::Question,
+                          host::DialogButtons::YesNo) != host::DialogAnswer::Yes)
+        return;
+    try {
+        m_desktop.AssociateConsistFiles();
+    } catch (const host::RuntimeError &error) {
+        m_dialogs.Message(error.what(), "Set File Association", DialogIcon::Critical);
+        return;
+    }
+    m_dialogs.Message("Consist files now associations with ZELK.", "Set Association",
+                      DialogIcon::Information);
+}
+
+void ShellCommands::ShowGuide(GuidePage page)
+{
+    const std::string file = FindGuide(page);
+    if (file.empty())
+        m_dialogs.Message("Unable to display Help Contents. There is no Help currently associated "
+                          "with this application.",
+                          "ZELK", DialogIcon::Information);
+    else if (!m_desktop.Open(file))
+        m_dialogs.Message(file + " cannot be shown: there is no browser for it.", "ZELK",
+                          DialogIcon::Critical);
+}
+
+} // namespace app

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+// What the main window does with the world around it: clipboard, other programs, printers, help.
+#include "app/frmMain.h"
+
+#include "about/SystemInfo.h"
+#include "about/frmAbout.h"
+#include "about/frmSystemInfo.h"
+#include "app/ConsistFiles.h"
+#include "app/IconSet.h"
+#include "app/PrintJobs.h"
+#include "app/Printers.h"
+#include "app/modZELK.h"
+#include "document/Guard.h"
+#include "host/RuntimeError.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QPrinter>
+
+using host::DialogIcon;
+
+namespace {
+
+constexpr int kListMode = 0;
+
+} // namespace
+
+void frmMain::copyConsist()
+{
+    const frmDocument *window = ActiveDocument();
+    if (!window || window->Mode() != kListMode)
+        return;
+    QClipboard &clipboard = *QGuiApplication::clipboard();
+    clipboard.clear();
+    if (const std::string name = window->SelectedConsist(); !name.empty())
+        clipboard.setText(QString::fromStdString(name));
+}
+
+void frmMain::pasteConsist()
+{
+    app::PasteConsist(QGuiApplication::clipboard()->text().toStdString(), m_services.dialogs,
+                      m_services.files, m_installation);
+}
+
+void frmMain::cutConsist()
+{
+    const frmDocument *window = ActiveDocument();
+    if (!window || window->Mode() != kListMode)
+        return;
+    document::Guarded(m_services.dialogs, "Delete", [&] {
+        app::CutConsist(window->SelectedConsist(), m_services.dialogs, m_services.files,
+                        m_installation);
+    });
+}
+
+void frmMain::startSimulator()
+{
+    if (m_shell.StartSimulator())
+        SetStatus("Starting Train Simulator...");
+}
+
+void frmMain::startEditors()
+{
+    if (m_shell.StartEditors())
+        SetStatus("Starting the tools of Train Simulator...");
+}
+
+void frmMain::startShapeViewer()
+{
+    if (m_shell.StartShapeViewer())
+        SetStatus("Starting the shape viewer...");
+}
+
+void frmMain::setFileAssociation()
+{
+    m_shell.SetFileAssociation();
+}
+
+void frmMain::showHelpContents()
+{
+    m_shell.ShowGuide(app::GuidePage::Contents);
+}
+
+void frmMain::showHelpSearch()
+{
+    m_shell.ShowGuide(app::GuidePage::Search);
+}
+
+void frmMain::showAbout()
+{
+    frmAbout box(
+        app::ProgramIcon(), [this](QWidget &about) { showSystemInfo(about); }, this);
+    box.exec();
+}
+
+void frmMain::showSystemInfo(QWidget &parent)
+{
+    const std::string tool = about::FindSystemTool(m_services.files);
+    const bool started = !tool.empty() && m_shell.StartSystemTool(tool);
+    if (started)
+        return;
+    frmSystemInfo window(about::TextOf(about::SystemFacts(m_installation)), &parent);
+    window.exec();
+}
+
+void frmMain::SendFile()
+{
+    saying("File Send not yet implemented")();
+}
+
+QPrinter &frmMain::printer()
+{
+    if (!m_printer) {
+        m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        m_printer->setCreator(QString::fromStdString(modZELK::MainCaption()));
+    }
+    return *m_printer;
+}
+
+void frmMain::printActive()
+{
+    frmDocument *window = ActiveDocument();
+    if (!window)
+        return;
+    print(app::JobOf(*window, m_installation));
+}
+
+void frmMain::print(const app::PrintJob &job)
+{
+    printer().setDocName(QString::fromStdString(job.name));
+    printer().setFromTo(0, 0);
+    if (!m_services.printers.Choose(printer(), printer().docName()))
+        return;
+    if (app::Print(printer(), job.frame, *job.content))
+        SetStatus(job.name + ": done");
+    else
+        m_services.dialogs.Message("Nothing could be printed: the printer, or the file to print "
+                                   "to, cannot be used.",
+                                   job.name, DialogIcon::Critical);
+}
+
+void frmMain::pageSetup()
+{
+    m_services.printers.SetUpPage(printer());
+}

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+#include "app/ShellCommands.h"
+
+#include "app/ConsistFiles.h"
+#include "app/Desktop.h"
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "install/Installation.h"
+#include "support/Environment.h"
+#include "support/KnownFolders.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A desktop that starts nothing and writes down what it was asked.
+class RecordingDesktop : public app::Desktop
+{
+public:
+    void Start(const app::ProgramStart &start) override
+    {
+        if (refuses)
+            throw host::RuntimeError(host::ErrorNumber::PathFileAccess, start.program);
+        log += "start";
+        for (const std::string &argument : start.arguments)
+            log += ' ' + std::string(host::path::FileName(argument));
+        log += " in " + start.folder + '\n';
+    }
+    bool Open(const std::string &) override { return !refuses; }
+    void AssociateConsistFiles() override
+    {
+        if (refuses)
+            throw host::RuntimeError(host::ErrorNumber::PermissionDenied, "SetAssoc.bat");
+        log += "associate\n";
+    }
+
+    std::string log;
+    bool refuses = false;
+};
+
+class ShellCommandsTest : public testing::Test
+{
+protected:
+    std::string at(const std::string &name) const { return host::path::Join(game.Path(), name); }
+
+    support::ScopedHome home;
+    support::TempFolder game;
+    support::ScriptedDialogs dialogs;
+    host::GameFiles files;
+    RecordingDesktop desktop;
+    install::Installation installation;
+    app::ShellCommands shell{dialogs, files, desktop, installation};
+};
+
+class ConsistFilesTest : public ShellCommandsTest
+{
+protected:
+    ConsistFilesTest()
+    {
+        installation.SetLocation(game.Path());
+        game.Write("Trains/Consists/Coal.con", std::string("\xFF\xFE\0c", 4));
+        game.Write("Trains/Consists/Old.con", "old");
+    }
+    void paste(const std::string &source)
+    {
+        app::PasteConsist(source, dialogs, files, installation);
+    }
+    std::string question(const std::string &source) const
+    {
+        return "input|Copy Consist|Enter new consist name:|Copy of " + source + '\n';
+    }
+    std::string consist(const std::string &name) const { return at("Trains/Consists/" + name); }
+};
+
+} // namespace
+
+TEST_F(ConsistFilesTest, PasteCopiesEveryByteUnderANewName)
+{
+    for (const char *name : {"New", "old", "New.con"}) {
+        dialogs.AnswerInput(name);
+        paste("coal");
+        EXPECT_EQ(dialogs.TakeLog(), question("coal") + "information|Paste|Created " +
+                                         installation.ConsistPath(name) + '\n');
+    }
+    for (const char *file : {"New.con", "Old.con", "New.con.con"})
+        EXPECT_EQ(game.Read(std::string("Trains/Consists/") + file), std::string("\xFF\xFE\0c", 4));
+    EXPECT_EQ(game.Names("Trains/Consists").size(), 4u) << "a name in another case is that file";
+}
+
+TEST_F(ConsistFilesTest, PasteThatIsGivenUpOrHasNothingToCopyChangesNothing)
+{
+    paste("");
+    EXPECT_EQ(dialogs.TakeLog(), "");
+    paste("Coal");
+    dialogs.AnswerInput("");
+    paste("Coal");
+    EXPECT_EQ(dialogs.TakeLog(), question("Coal") + question("Coal"));
+    for (const std::string &text : {std::string("Coal\nOld"), std::string(300, 'x')}) {
+        paste(text);
+        EXPECT_EQ(dialogs.TakeLog(),
+                  "critical|Paste|What is on the clipboard is not the name of a consist.\n");
+    }
+    EXPECT_EQ(game.Names("Trains/Consists").size(), 2u);
+}
+
+TEST_F(ConsistFilesTest, PasteThatFailsSaysWhichFileAndWhy)
+{
+    const struct
+    {
+        const char *source, *name, *file;
+    } rows[] = {{"Gone", "New", "Gone.con"},
+                {"Coal", "../New", ""},
+                {"Coal", "a\\New", ""},
+                {"Coal", "What?", "What?.con"}};
+    for (const auto &row : rows) {
+        dialogs.AnswerInput(row.name);
+        paste(row.source);
+        const std::string log = dialogs.TakeLog();
+        EXPECT_TRUE(log.starts_with(question(row.source) + "critical|Paste|")) << log;
+        EXPECT_NE(log.find(consist(row.file)), std::string::npos) << log;
+    }
+    EXPECT_EQ(game.Names("Trains/Consists").size(), 2u);
+    EXPECT_FALSE(game.Exists("Trains/New.con"));
+}
+
+TEST_F(ConsistFilesTest, CutAsksAndDeletes)
+{
+    const auto cut = [this](const char *name) {
+        app::CutConsist(name, dialogs, files, installation);
+        return dialogs.TakeLog();
+    };
+    EXPECT_EQ(cut(""), "");
+    EXPECT_EQ(cut("Gone"), "");
+    dialogs.Answer(host::DialogAnswer::No);
+    EXPECT_EQ(cut("Coal"), "question|Delete|Delete Coal ?\n");
+    EXPECT_TRUE(game.Exists("Trains/Consists/Coal.con"));
+    dialogs.Answer(host::DialogAnswer::Yes);
+    EXPECT_EQ(cut("Coal"), "question|Delete|Delete Coal ?\n");
+    EXPECT_FALSE(game.Exists("Trains/Consists/Coal.con"));
+    EXPECT_TRUE(game.Exists("Trains/Consists/Old.con"));
+}
+
+TEST_F(ShellCommandsTest, WithoutAnInstallationItSaysSo)
+{
+    EXPECT_FALSE(shell.StartSimulator() || shell.StartEditors() || shell.StartShapeViewer());
+    const std::string text = "|MSTS does not appear to be installed on this system!\n";
+    EXPECT_EQ(dialogs.TakeLog(), "critical|View MSTS" + text + "critical|View MSTS Tools" + text +
+                                     "critical|View MSTS" + text);
+    EXPECT_EQ(desktop.log, "");
+}
+
+TEST_F(ShellCommandsTest, AProgramThatIsNotThereIsNamed)
+{
+    installation.SetLocation(game.Path());
+    EXPECT_FALSE(shell.StartSimulator() || shell.StartEditors());
+    EXPECT_EQ(dialogs.TakeLog(),
+              "critical|View MSTS|File not found: " + at("train.exe") +
+                  "\ncritical|View MSTS Tools|File not found: " + at("launcher.exe") + "\n");
+}
+
+TEST_F(ShellCommandsTest, HelpThatIsNotThereIsSaidToBeMissing)
+{
+    shell.ShowGuide(app::GuidePage::Contents);
+    shell.ShowGuide(app::GuidePage::Search);
+    const std::string line =
+        "information|ZELK|Unable to display Help Contents. There is no Help currently associated "
+        "with this application.\n";
+    EXPECT_EQ(dialogs.TakeLog(), line + line);
+}
+
+TEST_F(ShellCommandsTest, TheFileAssociationIsAskedForFirst)
+{
+    const std::string question =
+        "question|Set File Association|Do you want to associate .CON files with ZELK?\n\n"
+        "(Doing this will make ZELK load when you double click on a consist file)\n";
+    shell.SetFileAssociation();
+    EXPECT_EQ(dialogs.TakeLog(), question);
+    EXPECT_EQ(desktop.log, "");
+    dialogs.Answer(host::DialogAnswer::Yes);
+    shell.SetFileAssociation();
+    EXPECT_EQ(dialogs.TakeLog(),
+              question + "information|Set Association|Consist files now associations with ZELK.\n");
+    EXPECT_EQ(desktop.log, "associate\n");
+    desktop.refuses = true;
+    dialogs.Answer(host::DialogAnswer::Yes);
+    shell.SetFileAssociation();
+    EXPECT_EQ(dialogs.TakeLog(),
+              question + "critical|Set File Association|Permission denied: SetAssoc.bat\n");
+}

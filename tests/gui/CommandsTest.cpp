@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+// Every command of the menus, and what it does.
+#include "GuiTest.h"
+
+#include "host/Folders.h"
+
+#include "validation/frmResults.h"
+#include <QAbstractItemView>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDialog>
+#include <QTimer>
+
+#include <algorithm>
+#include <set>
+
+namespace {
+
+/// From which window a command is called.
+enum class From
+{
+    List,  ///< the list of consists, the first of them selected
+    Editor ///< the editor of "Coal", the first unit selected
+};
+
+struct Row
+{
+    From from;
+    const char *command;
+    const char *effect;
+};
+
+class CommandsTableTest : public GuiTest
+{
+};
+
+class CommandsTest : public GuiTest, public testing::WithParamInterface<Row>
+{
+protected:
+    /// What a command leaves to be seen: what it asked and told, what it started and printed, the
+    /// name of its dialog, and what is otherwise than before.
+    std::string effectOf(const char *command)
+    {
+        const std::vector<std::string> before = state(command);
+        std::string effect;
+        QTimer watch;
+        QObject::connect(&watch, &QTimer::timeout, &watch, [&effect] {
+            if (auto *shown = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
+                effect += "dialog|" + shown->objectName().toStdString() + '\n';
+                shown->reject();
+            }
+        });
+        watch.start(10);
+        Trigger(command);
+        watch.stop();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        effect += dialogs.TakeLog() + desktop.log + printers.log;
+        const std::vector<std::string> after = state(command);
+        for (std::size_t i = 0; i < after.size(); ++i)
+            if (after[i] != before[i])
+                effect += after[i];
+        if (after.front() == before.front() && places() != m_places)
+            effect += "arranged\n";
+        return effect;
+    }
+    std::vector<std::string> state(const char *command) const
+    {
+        std::string windows = "windows";
+        for (const frmDocument *document : window->Documents())
+            windows += '|' + document->Caption();
+        for (const frmResults *results : window->findChildren<frmResults *>())
+            windows += '|' + results->Caption();
+        return {windows + '\n', rowsOfFirst(),
+                "clipboard|" + QGuiApplication::clipboard()->text().toStdString() + '\n',
+                Find<QAction>(*window, command).isChecked() ? "checked\n" : "unchecked\n"};
+    }
+    /// The list of consists that stands first, "" when it was closed.
+    std::string rowsOfFirst() const
+    {
+        const std::vector<frmDocument *> all = window->Documents();
+        if (all.empty() || all.front()->Mode() != 0)
+            return {};
+        return "list|" + RowsOf(Find<QAbstractItemView>(*all.front(), "lvConsists")) + '\n';
+    }
+    std::vector<QRect> places() const
+    {
+        std::vector<QRect> rects;
+        for (const frmDocument *document : window->Documents())
+            rects.push_back(document->geometry());
+        return rects;
+    }
+    void showWindow(From from)
+    {
+        if (from == From::Editor)
+            OpenEditor("Coal");
+        auto &list =
+            Find<QAbstractItemView>(*Active(), from == From::Editor ? "lvConsist" : "lvConsists");
+        list.setFocus();
+        list.setCurrentIndex(list.model()->index(0, 0));
+        m_places = places();
+    }
+
+    std::vector<QRect> m_places; ///< before the command
+};
+
+constexpr char kAssociate[] =
+    "question|Set File Association|Do you want to associate .CON files with ZELK?\n\n(Doing this "
+    "will make ZELK load when you double click on a consist file)\n";
+constexpr char kCheckAll[] =
+    "question|Check All Stock|About to check all stock file dependencies in your TS installtion.  "
+    "This may take some time.  Do you want to continue?\n";
+constexpr char kSave[] =
+    "question|Save Consist|<M>/Trains/Consists/Coal.con already exists.  Do you want to overwrite "
+    "it?\ncritical|Save Consist|Save of <M>/Trains/Consists/Coal.con cancelled by user!\n";
+constexpr char kNoShape[] = "critical|View Shape|Object variable or With block variable not set: "
+                            "<M>/Trains/Trainset/Boxcars/box.wag: there is no Wagon block\n";
+constexpr char kRoutes[] = "select|Select Routes to Check|\n";
+
+constexpr Row kRows[] = {
+    {From::List, "mnuFileNewConsist", "windows|Consist List 1|Consist 1\n"},
+    {From::List, "mnuFileNewConsistList", "windows|Consist List 1|Consist List 2\n"},
+    {From::List, "mnuFileOpen", "open|Open|\n"},
+    {From::List, "mnuFileClose", "windows\n"},
+    {From::Editor, "mnuFileSave", kSave},
+    {From::Editor, "mnuFileSaveAs", "save|Save Consist As|*.con\n"},
+    {From::Editor, "mnuFileSaveAll", kSave},
+    {From::List, "mnuFilePageSetup", "page setup\n"},
+    {From::List, "mnuFilePrint", "print|Print Consist List|Print Consist List\n"},
+    {From::List, "mnuFilePrintPreview", "none|ZELK v1.0-75|Print Preview not implemented\n"},
+    {From::List, "mnuFileProperties",
+     "information|All Consists Properties|Path:\t<M>/Trains/Consists\r\n\r\nCount:\t3\n"},
+    {From::List, "mnuFileSetMSTSLoc", "dialog|frmSetLoc\n"},
+    {From::Editor, "mnuFileSetMSTSLoc",
+     "critical|Set MSTS Location|Can't change MSTS location whilst editting a consist!\n"},
+    {From::List, "mnuFileExit", "windows\n"},
+    {From::List, "mnuEditUndo", "none|ZELK v1.0-75|Edit Undo not yet implemented\n"},
+    {From::List, "mnuEditCut", "question|Delete|Delete Coal ?\n"},
+    {From::List, "mnuEditCopy", "clipboard|Coal\n"},
+    {From::List, "mnuEditPaste", "input|Copy Consist|Enter new consist name:|Copy of before\n"},
+    {From::List, "mnuEditPasteSpecial",
+     "none|ZELK v1.0-75|Edit PasteSpecial not yet implemented\n"},
+    {From::List, "mnuEditSetAssoc", kAssociate},
+    {From::List, "mnuConsistEdit", "windows|Consist List 1|Consist - Coal\n"},
+    {From::List, "mnuConsistView", "windows|Consist List 1|Consist - Coal\n"},
+    {From::Editor, "mnuConsistViewShape", kNoShape},
+    {From::List, "mnuConsistCheckStock", "windows|Consist List 1|Stock check of Coal\n"},
+    {From::List, "mnuFileCheckDep", kRoutes},
+    {From::Editor, "mnuStockViewShape", kNoShape},
+    {From::Editor, "mnuStockCheckDep",
+     "select|Select Routes to Check|\nwindows|Consist List 1|Consist - "
+     "<M>/Trains/Consists/Coal.con|Usage check of box\n"},
+    {From::List, "mnuStockCheckAll", kCheckAll},
+    {From::List, "mnuStockCheckTextures", "critical|Stock Check Textures|Nothing selected!\n"},
+    {From::List, "mnuViewToolbar", "unchecked\n"},
+    {From::List, "mnuViewStatusBar", "unchecked\n"},
+    {From::List, "mnuViewRefresh", "list|Another Coal Freight North GP38 Local\n"},
+    {From::List, "mnuViewFilter",
+     "input|Filter Consist List|Enter a filter string for consists:|\n"},
+    {From::Editor, "mnuViewFilter", "input|Filter Stock List|Enter a filter string for stock:|\n"},
+    {From::List, "mnuViewOptions", "none|ZELK v1.0-75|View Options not yet implemented\n"},
+    {From::List, "mnuViewTS", "critical|View MSTS|File not found: <M>/train.exe\n"},
+    {From::List, "mnuViewTSE", "critical|View MSTS Tools|File not found: <M>/launcher.exe\n"},
+    {From::List, "mnuViewShapeViewer",
+     "critical|View MSTS|MSTS does not appear to be installed on this system!\n"},
+    {From::List, "mnuWindowNewWindow", "windows|Consist List 1|Consist List 2\n"},
+    {From::Editor, "mnuWindowCascade", "arranged\n"},
+    {From::Editor, "mnuWindowTileHorizontal", "arranged\n"},
+    {From::Editor, "mnuWindowTileVertical", "arranged\n"},
+    {From::Editor, "mnuWindowArrangeIcons", ""},
+    {From::List, "mnuWindowLockTiling", "checked\n"},
+    {From::List, "mnuHelpContents", "open|<P>/guide/index.html\n"},
+    {From::List, "mnuHelpSearchForHelpOn", "open|<P>/guide/search.html\n"},
+    {From::List, "mnuHelpAbout", "dialog|frmAbout\n"},
+};
+
+} // namespace
+
+TEST_P(CommandsTest, DoesWhatItSays)
+{
+    QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+    Start();
+    showWindow(GetParam().from);
+    WriteConsist("Another", {"box"}); // for the refresh to find
+    std::string effect = effectOf(GetParam().command);
+    for (const std::string &path : {game.Path(), host::ExecutableFolder()})
+        for (std::size_t at; (at = effect.find(path)) != std::string::npos;)
+            effect.replace(at, path.size(), path == game.Path() ? "<M>" : "<P>");
+    std::replace(effect.begin(), effect.end(), '\\', '/');
+    EXPECT_EQ(effect, GetParam().effect);
+}
+
+INSTANTIATE_TEST_SUITE_P(Menu, CommandsTest, testing::ValuesIn(kRows), [](const auto &row) {
+    return std::string(row.param.command) + (row.param.from == From::Editor ? "InEditor" : "");
+});
+
+TEST_F(CommandsTableTest, KnowsEveryCommandOfTheMenus)
+{
+    Start();
+    std::set<std::string> known = {"mnuFileMRU0", "mnuFileMRU1", "mnuFileMRU2", // never filled
+                                   "mnuViewReset"}; // moves the camera of a 3D view, see there
+    for (const Row &row : kRows)
+        known.insert(row.command);
+    for (const QAction *action :
+         window->findChildren<QAction *>(QString(), Qt::FindDirectChildrenOnly))
+        EXPECT_TRUE(!action->objectName().startsWith(QLatin1String("mnu")) ||
+                    known.count(action->objectName().toStdString()) == 1)
+            << action->objectName().toStdString();
+}
