@@ -55,7 +55,7 @@ frmAbout::frmAbout(const QIcon &icon, const std::function<void(QWidget &about)> 
     layout->addWidget(heading(icon));
     layout->addWidget(lvHistory, 1);
     layout->addLayout(buttons);
-    resize(440, 330);
+    resize(440, 280);
     cmdOK->setFocus();
 
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
@@ -93,6 +93,5 @@ void frmAbout::fillHistory()
     lvHistory->setUniformRowHeights(true);
     for (const auto &[version, note] : modZELK::kHistory)
         new QTreeWidgetItem(lvHistory, {QString::fromLatin1(version), QString::fromLatin1(note)});
-    lvHistory->setCurrentItem(lvHistory->topLevelItem(0));
     lvHistory->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
 }

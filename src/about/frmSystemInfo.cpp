@@ -22,6 +22,7 @@ frmSystemInfo::frmSystemInfo(const QString &facts, QWidget *parent)
     txtFacts->setReadOnly(true);
     txtFacts->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     txtFacts->setTabChangesFocus(true);
+    txtFacts->setLineWrapMode(QPlainTextEdit::NoWrap);
     txtFacts->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     txtFacts->document()->setDocumentMargin(8);
     cmdCopy->setObjectName("cmdCopy");
@@ -39,7 +40,7 @@ frmSystemInfo::frmSystemInfo(const QString &facts, QWidget *parent)
     layout->setSpacing(8);
     layout->addWidget(txtFacts, 1);
     layout->addLayout(buttons);
-    resize(720, 360);
+    resize(760, 360);
 
     connect(cmdCopy, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(txtFacts->toPlainText()); });
