@@ -28,6 +28,7 @@ zelk_add_room(forms
     app/MainMenu.cpp
     app/MainStatusBar.cpp
     app/MdiLayout.cpp
+    app/PageSetup.cpp
     app/PrintJobs.cpp
     app/Printouts.cpp
     app/Program.cpp

@@ -2,13 +2,16 @@
 #include "app/QtDesktop.h"
 
 #include "app/FileAssociation.h"
+#include "app/PageSetup.h"
 #include "host/RuntimeError.h"
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFileInfo>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
+#include <QPrinter>
 #include <QProcess>
 #include <QUrl>
 
@@ -49,6 +52,9 @@ void QtDesktop::AssociateConsistFiles()
 
 bool QtPrinters::Choose(QPrinter &printer, const QString &job)
 {
+    // Another job is another file, in the folder of the one before.
+    if (const QString before = printer.outputFileName(); !before.isEmpty())
+        printer.setOutputFileName(QFileInfo(before).dir().filePath(job + QStringLiteral(".pdf")));
     QPrintDialog dialog(&printer, QApplication::activeWindow());
     dialog.setWindowTitle(job);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
@@ -57,6 +63,12 @@ bool QtPrinters::Choose(QPrinter &printer, const QString &job)
 
 void QtPrinters::SetUpPage(QPrinter &printer)
 {
+    if (printer.outputFormat() != QPrinter::NativeFormat) {
+        PageSetup dialog(printer.pageLayout(), QApplication::activeWindow());
+        if (dialog.exec() == QDialog::Accepted)
+            printer.setPageLayout(dialog.Layout());
+        return;
+    }
     QPageSetupDialog dialog(&printer, QApplication::activeWindow());
     dialog.setWindowTitle(QStringLiteral("Page Setup"));
     dialog.exec();

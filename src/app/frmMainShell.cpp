@@ -22,6 +22,7 @@ using host::DialogIcon;
 namespace {
 
 constexpr int kListMode = 0;
+constexpr double kMargin = 15; ///< millimetres around what is printed, until Page Setup
 
 } // namespace
 
@@ -112,6 +113,7 @@ QPrinter &frmMain::printer()
 {
     if (!m_printer) {
         m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        m_printer->setPageMargins({kMargin, kMargin, kMargin, kMargin}, QPageLayout::Millimeter);
         m_printer->setCreator(QString::fromStdString(modZELK::MainCaption()));
     }
     return *m_printer;

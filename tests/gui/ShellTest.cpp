@@ -3,11 +3,14 @@
 #include "GuiTest.h"
 
 #include "app/PrintJobs.h"
+#include "app/QtDesktop.h"
 #include "validation/frmResults.h"
 
 #include <QAbstractItemView>
 #include <QClipboard>
+#include <QComboBox>
 #include <QDialog>
+#include <QDoubleSpinBox>
 #include <QGuiApplication>
 #include <QPlainTextEdit>
 #include <QPrinter>
@@ -146,6 +149,35 @@ TEST_F(ShellTest, PrintsAreAsLongAsWhatIsInThem)
         ASSERT_TRUE(app::Print(printer, {title, {}, {}}, *prints[i].content));
         EXPECT_EQ(pagesOf(name), 1) << i;
     }
+}
+
+TEST_F(ShellTest, PaperCanBeSetForFilesToo)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
+                                      QMarginsF(10, 11, 12, 13), QPageLayout::Millimeter));
+    app::QtPrinters system;
+    const QPageLayout before = printer.pageLayout();
+    OnNextDialog([](QDialog &dialog) { dialog.accept(); });
+    system.SetUpPage(printer);
+    EXPECT_TRUE(printer.pageLayout().isEquivalentTo(before));
+    const auto choose = [](QDialog &dialog) {
+        Find<QComboBox>(dialog, "cboPaper").setCurrentText(QPageSize::name(QPageSize::A5));
+        Find<QComboBox>(dialog, "cboOrientation").setCurrentIndex(1);
+        Find<QDoubleSpinBox>(dialog, "txtTop").setValue(20);
+    };
+    OnNextDialog(choose);
+    system.SetUpPage(printer);
+    EXPECT_TRUE(printer.pageLayout().isEquivalentTo(before)) << "cancelled";
+    OnNextDialog([&](QDialog &dialog) {
+        choose(dialog);
+        dialog.accept();
+    });
+    system.SetUpPage(printer);
+    EXPECT_TRUE(printer.pageLayout().isEquivalentTo(
+        QPageLayout(QPageSize(QPageSize::A5), QPageLayout::Landscape, QMarginsF(10, 20, 12, 13),
+                    QPageLayout::Millimeter)));
 }
 
 TEST_F(ShellTest, AboutTellsVersionsAndWhatAReportNeeds)
