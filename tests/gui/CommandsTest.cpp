@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 namespace {
 
@@ -174,6 +175,12 @@ constexpr Row kRows[] = {
     {From::List, "mnuHelpAbout", "dialog|frmAbout\n"},
 };
 
+std::string withSlashes(std::string text)
+{
+    std::replace(text.begin(), text.end(), '\\', '/');
+    return text;
+}
+
 } // namespace
 
 TEST_P(CommandsTest, DoesWhatItSays)
@@ -182,10 +189,11 @@ TEST_P(CommandsTest, DoesWhatItSays)
     Start();
     showWindow(GetParam().from);
     WriteConsist("Another", {"box"}); // for the refresh to find
-    std::string effect = effectOf(GetParam().command);
-    for (const std::string &path : {game.Path(), host::ExecutableFolder()})
-        for (std::size_t at; (at = effect.find(path)) != std::string::npos;)
-            effect.replace(at, path.size(), path == game.Path() ? "<M>" : "<P>");
+    std::string effect = withSlashes(effectOf(GetParam().command));
+    for (const auto &[folder, mark] :
+         {std::pair(game.Path(), "<M>"), std::pair(host::ExecutableFolder(), "<P>")})
+        for (std::size_t at; (at = effect.find(withSlashes(folder))) != std::string::npos;)
+            effect.replace(at, folder.size(), mark);
     std::replace(effect.begin(), effect.end(), '\\', '/');
     EXPECT_EQ(effect, GetParam().effect);
 }
