@@ -144,8 +144,8 @@ std::optional<Listing> List(const std::string &folder)
             listing.names.push_back({std::string(name), kindOf(*entry, dirfd(names.get()))});
         errno = 0;
     }
-    if (errno != 0) // the rest could not be read; the next use tries again
-        listing.settled = false;
+    if (errno != 0) // a part of the names would pass for all of them
+        return std::nullopt;
     return listing;
 }
 

@@ -6,6 +6,8 @@
 #include "host/Listings.h"
 #include "host/RuntimeError.h"
 
+#include <algorithm>
+
 namespace host {
 namespace {
 
@@ -121,6 +123,17 @@ std::vector<std::string> GameFiles::ListFiles(std::string_view folder, std::stri
 std::vector<std::string> GameFiles::ListFolders(std::string_view folder, std::string_view pattern)
 {
     return list(folder, pattern, true);
+}
+
+bool GameFiles::IsClosed(std::string_view folder)
+{
+    const std::optional<GamePath> steps = GamePath::Of(folder);
+    if (!steps)
+        return false;
+    const std::vector<std::string> paths = m_listings->Folders(steps->root, steps->names);
+    return std::any_of(paths.begin(), paths.end(), [this](const std::string &path) {
+        return !m_listings->Get(path) && disk::KindOf(path) == disk::Kind::Folder;
+    });
 }
 
 std::string GameFiles::ReadFile(std::string_view path, std::uint64_t limit)

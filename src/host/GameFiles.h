@@ -51,6 +51,9 @@ public:
     /// stands in two of them once.
     std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern);
     std::vector<std::string> ListFolders(std::string_view folder, std::string_view pattern = "*");
+    /// True for a folder that is there, but whose names cannot be read: the lists above leave them
+    /// out. False when there is no such folder.
+    bool IsClosed(std::string_view folder);
 
     /// The whole content of a file. RuntimeError 53 when there is no such file, 76 when there is no
     /// such folder, 70 or 75 when it cannot be read, 5 when it is larger than `limit` bytes; the

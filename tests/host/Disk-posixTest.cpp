@@ -4,10 +4,13 @@
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
+#include "support/FailingStep-posix.h"
+#include "support/OrdinaryUser-posix.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 
@@ -19,27 +22,6 @@ namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
 namespace {
-
-/// Works without the administrator's rights for a while, so that permissions count for everybody.
-class OrdinaryUser
-{
-public:
-    OrdinaryUser()
-    {
-        if (m_wasRoot && (setegid(65534) != 0 || seteuid(65534) != 0))
-            ADD_FAILURE() << "cannot give up the administrator's rights";
-    }
-    ~OrdinaryUser()
-    {
-        if (m_wasRoot && (seteuid(0) != 0 || setegid(0) != 0))
-            ADD_FAILURE() << "cannot take the administrator's rights back";
-    }
-    OrdinaryUser(const OrdinaryUser &) = delete;
-    OrdinaryUser &operator=(const OrdinaryUser &) = delete;
-
-private:
-    const bool m_wasRoot = geteuid() == 0;
-};
 
 /// No file may grow beyond so many bytes: a write fails in the middle.
 class FileSizeLimit
@@ -213,9 +195,13 @@ TEST_F(DiskTest, WhatRefusesIsAbsentToLookUpsAndSaysSoToReaders)
     chmod(folder.At("blind").c_str(), 0311);
     chmod(folder.At("open").c_str(), 0555);
     chmod(secret.c_str(), 0);
-    const OrdinaryUser ordinary;
+    const support::OrdinaryUser ordinary;
     EXPECT_FALSE(files.FileExists(file));
     EXPECT_EQ(files.ListFiles(folder.At("closed"), "*"), Names{});
+    for (const char *name : {"CLOSED", "blind"})
+        EXPECT_TRUE(files.IsClosed(folder.At(name))) << name;
+    for (const char *name : {"open", "none", "closed/deep"})
+        EXPECT_FALSE(files.IsClosed(folder.At(name))) << name;
     EXPECT_EQ(errorNumber([&] { files.ReadFile(file); }), 70);
     EXPECT_EQ(errorNumber([&] { files.WriteFile(file, "y"); }), 70);
     EXPECT_EQ(errorNumber([&] { files.ReadFile(folder.At("closed/deep/x")); }), 70);
@@ -224,6 +210,25 @@ TEST_F(DiskTest, WhatRefusesIsAbsentToLookUpsAndSaysSoToReaders)
     EXPECT_EQ(errorNumber([&] { files.RemoveFile(secret); }), 70);
     // Closed to listing, open to those who know the name.
     EXPECT_EQ(files.ReadFile(folder.At("BLIND/a.con")), "seen");
+}
+
+TEST_F(DiskTest, AListingThatBreaksOffIsNone)
+{
+    const Names names = {"a.con", "b.con", "c.con"};
+    for (const std::string &name : names)
+        folder.Write(name);
+    int none = 0, all = 0;
+    for (int step = 0, steps = 1; step < steps; ++step) {
+        const support::FailingStep failing(step, EIO);
+        host::GameFiles fresh;
+        const Names listed = fresh.ListFiles(folder.Path(), "*");
+        steps = failing.Count() + 1;
+        none += listed.empty() ? 1 : 0;
+        all += listed == names ? 1 : 0;
+        EXPECT_TRUE(listed.empty() || listed == names) << listed.size() << " names";
+    }
+    EXPECT_GE(none, 3);
+    EXPECT_GE(all, 1);
 }
 
 TEST_F(DiskTest, OddFilesDoNotHangReaders)
@@ -282,7 +287,7 @@ TEST_F(DiskTest, SettingsThatCannotBeReadAreNotReplaced)
     const std::string file = folder.Write("s.ini", "[Settings]\na=1\n");
     chmod(file.c_str(), 0222);
     {
-        const OrdinaryUser ordinary;
+        const support::OrdinaryUser ordinary;
         host::IniSettings settings(file);
         EXPECT_EQ(settings.Read("a"), std::nullopt);
         EXPECT_EQ(errorNumber([&] { settings.Write("b", "2"); }), 70);
