@@ -59,12 +59,20 @@ void write(const std::string &file, std::string_view text)
     check(file, disk::Replace(file, text));
 }
 
+/// True when something failed only because there is no such file.
+bool isMissing(const std::optional<disk::Failure> &failure)
+{
+    return failure && (failure->number == ErrorNumber::FileNotFound ||
+                       failure->number == ErrorNumber::PathNotFound);
+}
+
 /// True when there was such a file.
 bool remove(const std::string &file)
 {
-    if (disk::KindOf(file) == disk::Kind::Absent)
+    const auto failure = disk::Remove(file);
+    if (isMissing(failure))
         return false;
-    check(file, disk::Remove(file));
+    check(file, failure);
     return true;
 }
 
@@ -164,8 +172,8 @@ void setDefault(const std::string &entry)
 {
     const std::string file = defaultsFile();
     std::string text;
-    if (disk::KindOf(file) != disk::Kind::Absent)
-        check(file, disk::Read(file, kLimit, text));
+    if (const auto unread = disk::Read(file, kLimit, text); !isMissing(unread))
+        check(file, unread); // what the user chose before must not be lost
     host::IniFile defaults = host::IniFile::FromText(text);
     const std::string before = defaults.Value(kDefaults, kType).value_or("");
     std::vector<std::string> entries = host::Split(before, ';');

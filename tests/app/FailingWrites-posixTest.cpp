@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: MIT
+// Every step of every write goes wrong once, and the program ends there once: whatever stands in
+// the folder afterwards is an old file or a new one, never a mix, and the failure is told.
+#include "app/ConsistFiles.h"
+#include "app/FileAssociation.h"
+#include "app/SaveConsist.h"
+#include "document/ConsistTree.h"
+#include "host/Folders.h"
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "host/Settings.h"
+#include "install/Installation.h"
+#include "support/Environment.h"
+#include "support/FailingStep-posix.h"
+#include "support/ScriptedDialogs.h"
+#include "validation/Report.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <map>
+#include <system_error>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+using support::FailingStep;
+
+namespace {
+
+constexpr char kConsist[] = "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\n"
+                            "Train (\r\n\tTrainCfg ( \"old\"\r\n\t\tName ( \"old\" )\r\n"
+                            "\t\tEngine (\r\n\t\t\tEngineData ( a A )\r\n\t\t)\r\n\t)\r\n)\r\n";
+
+/// The files below a folder and what stands in them.
+using Content = std::map<std::string, std::string>;
+
+/// A home with everything in it that commands write to.
+class World
+{
+public:
+    World()
+    {
+        for (const char *name : {"game/Trains/Consists/a.con", "game/Trains/Consists/b.con"})
+            folder.Write(name, kConsist);
+        folder.Write("check.log", "earlier report\n");
+        folder.Write(".config/ZELK/ZELK.ini", "[Settings]\nMainLeft=15\nOther=kept\n");
+        folder.Write(".config/mimeapps.list", "[Default Applications]\ntext/plain=mine.desktop\n");
+        folder.Write(".local/share/mime/packages/zelk-consist.xml", "old type");
+        folder.Write(".local/share/applications/zelk-consist.desktop", "[Desktop Entry]\n");
+        folder.Write(".local/state/zelk/zelk.log", "10:00:00 started\n");
+        installation.SetLocation(folder.At("game"));
+    }
+    Content Files() const
+    {
+        Content content;
+        for (const auto &entry : fs::recursive_directory_iterator(folder.Path()))
+            if (entry.is_regular_file()) {
+                const std::string name = fs::relative(entry.path(), folder.Path()).native();
+                content[name] = folder.Read(name);
+            }
+        return content;
+    }
+
+    support::ScopedHome home;
+    const support::TempFolder &folder = home.Folder();
+    const support::ScopedVariable noTools{"PATH", folder.Path()};
+    host::GameFiles files;
+    install::Installation installation;
+    support::ScriptedDialogs dialogs;
+};
+
+struct Command
+{
+    const char *name;
+    void (*run)(World &world);
+    const char *tells; ///< what a message names
+    bool mayRemove = false;
+    bool isSilent = false; ///< nobody hears of a failure
+};
+
+void editAndSave(World &world)
+{
+    document::ConsistTree tree(world.files);
+    tree.Load(world.folder.At("game/Trains/Consists/a.con"));
+    tree.Edit(document::Move::Flip, 1);
+    EXPECT_TRUE(tree.Changed());
+    try {
+        tree.Save(world.folder.At("game/Trains/Consists/a.con"));
+    } catch (const host::RuntimeError &) {
+        EXPECT_TRUE(tree.Changed()) << "nothing reminds the user to save again";
+        throw;
+    }
+}
+
+void saveOver(World &world)
+{
+    std::string name = world.folder.At("game/Trains/Consists/a.con");
+    app::SaveTarget target;
+    target.fileName = [&] { return name; };
+    target.setFileName = [&](const std::string &chosen) { name = chosen; };
+    target.setCaption = [](const std::string &) {};
+    target.checkForm = [] {};
+    target.saveForm = [&](bool) { world.files.WriteFile(name, "new"); };
+    world.dialogs.Answer(host::DialogAnswer::Yes);
+    app::SaveConsist(target, world.dialogs, world.files, world.folder.Path(), false);
+}
+
+const Command kCommands[] = {
+    {"save an edited consist", editAndSave, "a.con"},
+    // The user has agreed that the old file goes first.
+    {"save over a consist", saveOver, "a.con", true},
+    {"copy a consist over another",
+     [](World &world) {
+         world.folder.Write("game/Trains/Consists/a.con", "another consist");
+         world.dialogs.AnswerInput("b");
+         app::PasteConsist("a", world.dialogs, world.files, world.installation);
+     },
+     ".con"},
+    {"delete a consist",
+     [](World &world) {
+         world.dialogs.Answer(host::DialogAnswer::Yes);
+         app::CutConsist("b", world.dialogs, world.files, world.installation);
+     },
+     "b.con", true},
+    {"append a report",
+     [](World &world) {
+         validation::AppendReport(world.files, world.folder.At("check.log"), "all well");
+     },
+     "check.log"},
+    {"write a new file",
+     [](World &world) { world.files.WriteFile(world.folder.At("ZELKC-1.png"), "picture"); },
+     "ZELKC-1.png"},
+    {"store a setting", [](World &) { host::IniSettings().Write("MainLeft", "30"); }, "ZELK.ini"},
+    {"associate", [](World &) { app::AssociateConsistFiles("/opt/zelk"); }, ""},
+    {"dissociate", [](World &) { app::DissociateConsistFiles(); }, "", true},
+    {"trace", [](World &) { host::AppendTraceLine("loaded"); }, "", false, true},
+};
+
+/// Runs a command; what it has told the user, by message or by error.
+std::string messageOf(const Command &command, World &world)
+{
+    try {
+        command.run(world);
+    } catch (const host::RuntimeError &error) {
+        return error.what();
+    }
+    return world.dialogs.Log();
+}
+
+/// Every file is as before or as the command leaves it.
+void expectWhole(const Command &command, const Content &before, const Content &after,
+                 const Content &now, const std::string &when)
+{
+    Content all = before;
+    all.insert(after.begin(), after.end());
+    for (const auto &[name, unused] : all) {
+        const auto old = before.find(name), done = after.find(name), is = now.find(name);
+        const bool isOld = is == now.end() ? old == before.end()
+                                           : old != before.end() && is->second == old->second;
+        const bool isDone = is == now.end() ? done == after.end()
+                                            : done != after.end() && is->second == done->second;
+        const bool isGone = is == now.end() && command.mayRemove;
+        EXPECT_TRUE(isOld || isDone || isGone)
+            << name << ' ' << when << ": " << (is == now.end() ? "gone" : is->second);
+    }
+}
+
+/// The trace line begins with the time.
+Content withoutTimes(Content content)
+{
+    std::string &log = content[".local/state/zelk/zelk.log"];
+    if (const auto at = log.find("\n") + 1; at < log.size())
+        log.replace(at, 8, "--------");
+    return content;
+}
+
+class FailingWritesTest : public testing::TestWithParam<Command>
+{
+protected:
+    FailingWritesTest()
+    {
+        World world;
+        before = world.Files();
+        const FailingStep counted(FailingStep::kNone, 0);
+        messageOf(GetParam(), world);
+        steps = counted.Count();
+        after = withoutTimes(world.Files());
+    }
+
+    Content before, after;
+    int steps = 0;
+};
+
+TEST_P(FailingWritesTest, ARefusedStepLeavesWholeFilesAndIsTold)
+{
+    ASSERT_GE(steps, 3);
+    for (const int error : {EIO, ENOSPC, EACCES})
+        for (int step = 0; step < steps; ++step) {
+            World world;
+            std::string message, when;
+            {
+                const FailingStep failing(step, error);
+                message = messageOf(GetParam(), world);
+                when = std::string("step ") + std::to_string(step) + ", " + failing.Refused() +
+                       ": " + std::generic_category().message(error);
+            }
+            SCOPED_TRACE(when + " -> " + message);
+            const Content now = withoutTimes(world.Files());
+            expectWhole(GetParam(), before, after, now, when);
+            for (const auto &[name, unused] : now)
+                EXPECT_TRUE(before.contains(name) || after.contains(name)) << name << " is left";
+            if (now == after || GetParam().isSilent)
+                continue;
+            EXPECT_NE(message.find(GetParam().tells), std::string::npos);
+            EXPECT_NE(message.find(": "), std::string::npos);
+        }
+}
+
+TEST_P(FailingWritesTest, AProgramThatEndsAtAStepLeavesWholeFiles)
+{
+    for (int step = 0; step < steps; ++step) {
+        World world;
+        const pid_t child = fork();
+        if (child == 0) {
+            const FailingStep failing(step, FailingStep::EndsProcess());
+            messageOf(GetParam(), world);
+            _exit(0);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == FailingStep::kExitCode) << step;
+        expectWhole(GetParam(), before, after, withoutTimes(world.Files()),
+                    "ended at step " + std::to_string(step));
+    }
+}
+
+std::string nameOf(const testing::TestParamInfo<Command> &info)
+{
+    std::string name = info.param.name;
+    for (char &c : name)
+        c = c == ' ' ? '_' : c;
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, FailingWritesTest, testing::ValuesIn(kCommands), nameOf);
+
+} // namespace
