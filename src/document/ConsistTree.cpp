@@ -2,11 +2,11 @@
 #include "document/ConsistTree.h"
 
 #include "host/GameFiles.h"
-#include "host/Text.h"
+#include "host/Number.h"
 #include "install/modTS.h"
 
 #include <algorithm>
-#include <charconv>
+#include <cmath>
 #include <limits>
 #include <optional>
 
@@ -18,23 +18,7 @@ namespace {
 
 constexpr const char *kCounter = "NextWagonUID";
 
-/// A 16-bit number as files hold it: decimal, perhaps with a sign or a fraction, which is cut.
-std::optional<int> parseCounter(std::string_view text)
-{
-    text = host::TrimBlanks(text);
-    if (text.starts_with('+'))
-        text.remove_prefix(1);
-    int value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    std::string_view rest(end, static_cast<std::size_t>(text.data() + text.size() - end));
-    if (rest.starts_with('.'))
-        rest.remove_prefix(std::min(rest.find_first_not_of("0123456789", 1), rest.size()));
-    if (error != std::errc() || !rest.empty())
-        return std::nullopt;
-    return value;
-}
-
-bool fits16Bits(int value)
+bool fits16Bits(double value)
 {
     return value >= std::numeric_limits<std::int16_t>::min() &&
            value <= std::numeric_limits<std::int16_t>::max();
@@ -61,14 +45,16 @@ Counter counterOf(const StfNode &trainCfg, int step)
     if (!counter.node)
         return counter;
     const std::string text = stavfile::ValueAt(counter.node, 0);
-    const std::optional<int> value = parseCounter(text);
+    const std::optional<double> value = host::NumberIn<double>(text);
+    const double whole = std::trunc(value.value_or(0)); // a fraction is cut
     if (!value)
         counter.message = "Nothing was changed: " + std::string(kCounter) + " is \"" + text +
                           "\", which is no number.";
-    else if (!fits16Bits(*value) || !fits16Bits(*value + step))
+    else if (!fits16Bits(whole) || !fits16Bits(whole + step))
         counter.message = "Nothing was changed: " + std::string(kCounter) + " is " + text +
                           ", and the new value would not fit into 16 bits.";
-    counter.value = value.value_or(0);
+    else
+        counter.value = static_cast<int>(whole);
     return counter;
 }
 

@@ -5,11 +5,11 @@
 #include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "host/IniFile.h"
+#include "host/Number.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 
 #include <charconv>
-#include <cmath>
 
 namespace host {
 namespace {
@@ -54,14 +54,7 @@ void IniSettings::Write(std::string_view key, std::string_view value)
 
 std::optional<float> ParseSingle(std::string_view text)
 {
-    text = TrimBlanks(text);
-    if (text.size() > 1 && text[0] == '+' && text[1] != '-')
-        text.remove_prefix(1);
-    float value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
-        return std::nullopt;
-    return value;
+    return NumberIn<float>(text);
 }
 
 std::string FormatSingle(float value)

@@ -2,13 +2,12 @@
 #include "validation/ShapeCheck.h"
 
 #include "host/GameFiles.h"
+#include "host/Number.h"
 #include "host/RuntimeError.h"
 #include "host/Snapshot.h"
-#include "host/Text.h"
 #include "validation/Content.h"
 #include "validation/TSValidation.h"
 
-#include <charconv>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -26,18 +25,6 @@ namespace {
     throw RuntimeError(number, file + ": " + std::string(what));
 }
 
-std::optional<double> parseNumber(std::string_view text)
-{
-    text = host::TrimBlanks(text);
-    if (text.starts_with('+'))
-        text.remove_prefix(1);
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
-        return std::nullopt;
-    return value;
-}
-
 /// The number that an entry of a file holds: its first value that is one, as a 16-bit integer.
 int numberOf(const StfNode &entry, const std::string &file, const std::string &name)
 {
@@ -47,7 +34,7 @@ int numberOf(const StfNode &entry, const std::string &file, const std::string &n
     if (count == 0)
         fail(ErrorNumber::SubscriptOutOfRange, file, name + " has no value");
     for (int index = 0; index < count; ++index) {
-        const std::optional<double> value = parseNumber(entry.Parameter(index));
+        const std::optional<double> value = host::NumberIn<double>(entry.Parameter(index));
         if (!value)
             continue;
         const double rounded = std::nearbyint(*value);

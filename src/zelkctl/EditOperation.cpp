@@ -2,9 +2,9 @@
 #include "EditOperation.h"
 
 #include "Session.h"
+#include "host/Number.h"
 
 #include <algorithm>
-#include <charconv>
 #include <iterator>
 #include <string_view>
 
@@ -55,12 +55,10 @@ document::StockItem parseStock(const std::string &text, std::string_view value)
 
 int parseRow(const std::string &text, std::string_view value)
 {
-    int row = 0;
-    const char *end = value.data() + value.size();
-    const auto [stop, error] = std::from_chars(value.data(), end, row);
-    if (error != std::errc() || stop != end || row < 1)
+    const std::optional<int> row = host::NumberIn<int>(value);
+    if (!row || *row < 1)
         refuse(text, "expected a row number, counted from 1");
-    return row;
+    return *row;
 }
 
 } // namespace

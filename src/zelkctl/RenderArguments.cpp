@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "RenderArguments.h"
 
-#include "host/Text.h"
-
-#include <charconv>
+#include "host/Number.h"
 
 namespace zelkctl {
 namespace {
@@ -18,10 +16,10 @@ bool parseNumbers(const std::string &text, char separator, std::array<Number, co
     if (parts.size() != count)
         return false;
     for (std::size_t i = 0; i < count; ++i) {
-        const char *end = parts[i].data() + parts[i].size();
-        const auto result = std::from_chars(parts[i].data(), end, numbers[i]);
-        if (result.ec != std::errc() || result.ptr != end)
+        const std::optional<Number> number = host::NumberIn<Number>(parts[i]);
+        if (!number)
             return false;
+        numbers[i] = *number;
     }
     return true;
 }

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/Text.h"
+
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <string_view>
+#include <type_traits>
+
+namespace host {
+
+/// The number that a text is from end to end, blanks around it and a "+" in front allowed; the
+/// decimal sign is "." in every locale. Nothing for other text, for words such as "inf" and for
+/// what the type cannot hold.
+template <typename Number> std::optional<Number> NumberIn(std::string_view text)
+{
+    text = TrimBlanks(text);
+    if (text.starts_with('+') && !text.starts_with("+-"))
+        text.remove_prefix(1);
+    Number value = 0;
+    const char *const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    if (error != std::errc() || stop != end)
+        return std::nullopt;
+    if constexpr (std::is_floating_point_v<Number>)
+        if (!std::isfinite(value))
+            return std::nullopt;
+    return value;
+}
+
+} // namespace host
