@@ -4,6 +4,7 @@
 #include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "install/Installation.h"
+#include "install/NamedControls.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -52,11 +53,7 @@ frmSetLoc::frmSetLoc(host::GameFiles &files, QWidget *parent)
 void frmSetLoc::nameControls()
 {
     setObjectName("frmSetLoc");
-    const struct
-    {
-        QWidget *control;
-        const char *name, *title, *toolTip;
-    } controls[] = {
+    const install::NamedControl controls[] = {
         {drvLocation, "drvLocation", "Drive", "Drive that holds the Train Simulator folder"},
         {dirLocation, "dirLocation", "Folders", "Choose the Train Simulator folder"},
         {txtLocation, "txtLocation", "Location", "Path of the Train Simulator folder"},
@@ -65,12 +62,7 @@ void frmSetLoc::nameControls()
         {OKButton, "OKButton", "OK", "Use this folder"},
         {CancelButton, "CancelButton", "Cancel", "Leave the location as it is"},
     };
-    for (const auto &entry : controls) {
-        entry.control->setObjectName(entry.name);
-        entry.control->setAccessibleName(QString::fromLatin1(entry.title));
-        entry.control->setAccessibleDescription(QString::fromLatin1(entry.name));
-        entry.control->setToolTip(QString::fromLatin1(entry.toolTip));
-    }
+    install::NameControls(controls);
 }
 
 void frmSetLoc::keepChosenInView()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "validation/FindBar.h"
 
+#include "install/NamedControls.h"
+
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -48,11 +50,7 @@ QToolButton *FindBar::button(const char *caption)
 
 void FindBar::nameControls()
 {
-    const struct
-    {
-        QWidget *control;
-        const char *name, *title, *toolTip;
-    } controls[] = {
+    const install::NamedControl controls[] = {
         {txtFind, "txtFind", "Find", "Text to look for; Enter finds the next place"},
         {lblFound, "lblFound", "Places found", ""},
         {cmdFindPrevious, "cmdFindPrevious", "Find previous", "Find the previous place (Shift+F3)"},
@@ -60,12 +58,7 @@ void FindBar::nameControls()
         {cmdFindClose, "cmdFindClose", "Close the find bar", "Close the find bar (Esc)"},
     };
     setObjectName("findBar");
-    for (const auto &entry : controls) {
-        entry.control->setObjectName(entry.name);
-        entry.control->setAccessibleName(QString::fromLatin1(entry.title));
-        entry.control->setAccessibleDescription(QString::fromLatin1(entry.name));
-        entry.control->setToolTip(QString::fromLatin1(entry.toolTip));
-    }
+    install::NameControls(controls);
     txtFind->setPlaceholderText(QStringLiteral("Find"));
     txtFind->setClearButtonEnabled(true);
 }

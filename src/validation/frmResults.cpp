@@ -4,6 +4,7 @@
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
+#include "install/NamedControls.h"
 #include "validation/FindBar.h"
 #include "validation/Report.h"
 #include "validation/ReportView.h"
@@ -62,23 +63,14 @@ frmResults::~frmResults() = default;
 void frmResults::nameControls()
 {
     setObjectName("frmResults");
-    const struct
-    {
-        QWidget *control;
-        const char *name, *title, *toolTip;
-    } controls[] = {
+    const install::NamedControl controls[] = {
         {txtResults, "txtResults", "Results", ""},
         {cmdPrint, "cmdPrint", "Print", "Print the report (Ctrl+P)"},
         {cmdSave, "cmdSave", "Save", "Append the report to a file (Ctrl+S)"},
         {cmdClose, "cmdClose", "Close", "Close this window (Esc)"},
         {m_summary, "lblSummary", "Summary", ""},
     };
-    for (const auto &entry : controls) {
-        entry.control->setObjectName(entry.name);
-        entry.control->setAccessibleName(QString::fromLatin1(entry.title));
-        entry.control->setAccessibleDescription(QString::fromLatin1(entry.name));
-        entry.control->setToolTip(QString::fromLatin1(entry.toolTip));
-    }
+    install::NameControls(controls);
 }
 
 void frmResults::arrangeControls()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "validation/frmSelector.h"
 
+#include "install/NamedControls.h"
 #include "validation/SelectorEntries.h"
 
 #include <QCheckBox>
@@ -36,11 +37,7 @@ frmSelector::frmSelector(QWidget *parent)
 void frmSelector::nameControls()
 {
     setObjectName("frmSelector");
-    const struct
-    {
-        QWidget *control;
-        const char *name, *title, *toolTip;
-    } controls[] = {
+    const install::NamedControl controls[] = {
         {lvItems, "lvItems", "Entries", "Mark the entries that you want"},
         {chkAll, "chkAll", "Select All", "Mark every entry, or none"},
         {fraDetails, "fraDetails", "Details", ""},
@@ -48,12 +45,7 @@ void frmSelector::nameControls()
         {cmdAction[0], "cmdAction0", "OK", "Go on with the marked entries"},
         {cmdAction[1], "cmdAction1", "Cancel", "Choose nothing"},
     };
-    for (const auto &entry : controls) {
-        entry.control->setObjectName(entry.name);
-        entry.control->setAccessibleName(QString::fromLatin1(entry.title));
-        entry.control->setAccessibleDescription(QString::fromLatin1(entry.name));
-        entry.control->setToolTip(QString::fromLatin1(entry.toolTip));
-    }
+    install::NameControls(controls);
 }
 
 void frmSelector::arrangeControls()
