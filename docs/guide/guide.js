@@ -1,46 +1,88 @@
 // SPDX-License-Identifier: MIT
-// The search of the guide: shows the sections that hold all words, and marks what was found.
+// The search of the guide: shows the parts that hold all words, and marks what was found. A part is
+// a section without sections in it, or what a chapter has before its first one.
 'use strict';
 
 const box = document.getElementById('words');
 const found = document.getElementById('found');
-const sections = [...document.querySelectorAll('main section')];
-const kept = sections.map(section => section.innerHTML);
+const chapters = [...document.querySelectorAll('main > section')].map(section => {
+  const inner = [...section.querySelectorAll(':scope > section')];
+  const own = [...section.children].filter(child => child.nodeName !== 'SECTION');
+  return {
+    section, own, title: section.querySelector('h2').textContent,
+    parts: [{ id: section.id, nodes: own }, ...inner.map(part => ({ id: part.id, nodes: [part] }))],
+  };
+});
+const links = new Map([...document.querySelectorAll('nav li > a')].map(
+  link => [link.getAttribute('href').slice(1), link.parentElement]));
 
-function marked(node, words) {
-  if (node.nodeType === Node.TEXT_NODE) {
-    const text = node.data, lower = text.toLowerCase();
-    for (const word of words) {
-      const at = lower.indexOf(word);
-      if (at < 0) continue;
-      const rest = node.splitText(at + word.length);
-      const mark = document.createElement('mark');
-      mark.append(text.slice(at, at + word.length));
-      node.data = text.slice(0, at);
-      node.after(mark);
-      marked(node, words);
-      marked(rest, words);
-      return;
-    }
-  } else if (node.nodeName !== 'MARK') {
-    [...node.childNodes].forEach(child => marked(child, words));
+function unmark() {
+  for (const mark of document.querySelectorAll('main mark')) {
+    const parent = mark.parentNode;
+    mark.replaceWith(...mark.childNodes);
+    parent.normalize();
   }
+}
+
+function markIn(root, words) {
+  const walker = document.createTreeWalker(root, NodeFilter.SHOW_TEXT);
+  const texts = [];
+  while (walker.nextNode()) texts.push(walker.currentNode);
+  for (let text of texts) {
+    for (let at; (at = nextMatch(text.data, words)); ) {
+      const hit = text.splitText(at.index);
+      text = hit.splitText(at.length);
+      const mark = document.createElement('mark');
+      hit.replaceWith(mark);
+      mark.append(hit);
+    }
+  }
+}
+
+// Where the first of the words stands in a text, or null.
+function nextMatch(text, words) {
+  const lower = text.toLowerCase();
+  let best = null;
+  for (const word of words) {
+    const index = lower.indexOf(word);
+    if (index >= 0 && (!best || index < best.index)) best = { index, length: word.length };
+  }
+  return best;
 }
 
 function search() {
   const words = box.value.toLowerCase().split(/\s+/).filter(word => word);
   let count = 0;
-  sections.forEach((section, i) => {
-    section.innerHTML = kept[i];
-    const text = section.textContent.toLowerCase();
-    const fits = words.every(word => text.includes(word));
-    section.hidden = !fits;
-    document.querySelector(`nav a[href="#${section.id}"]`).parentElement.hidden = !fits;
-    count += fits;
-    if (fits && words.length) marked(section, words);
-  });
-  found.textContent = !words.length ? '' : count === 1 ? '1 chapter' : `${count} chapters`;
+  unmark();
+  for (const chapter of chapters) {
+    let any = false;
+    for (const part of chapter.parts) {
+      const text = [chapter.title, ...part.nodes.map(node => node.textContent)].join(' ').toLowerCase();
+      const fits = words.every(word => text.includes(word));
+      any = any || fits;
+      for (const node of part.nodes) node.hidden = !fits && node.nodeName !== 'H2';
+      if (links.has(part.id)) links.get(part.id).hidden = !fits;
+      if (!fits) continue;
+      ++count;
+      if (words.length) part.nodes.forEach(node => markIn(node, words));
+    }
+    chapter.section.hidden = !any;
+    links.get(chapter.section.id).hidden = !any;
+  }
+  found.textContent = !words.length ? '' : count === 0 ? 'Nothing found' : count === 1 ? '1 place' : `${count} places`;
 }
 
-box.addEventListener('input', search);
+document.documentElement.classList.add('js');
+box.addEventListener('input', () => { search(); scrollTo(0, 0); });
+box.addEventListener('keydown', event => {
+  if (event.key === 'Escape') { box.value = ''; search(); }
+});
+// A link out of what was found may lead to a part that is hidden now.
+addEventListener('hashchange', () => {
+  const target = document.getElementById(location.hash.slice(1));
+  if (!target || !target.closest('[hidden]')) return;
+  box.value = '';
+  search();
+  target.scrollIntoView();
+});
 if (location.hash === '#search') box.focus();
