@@ -51,13 +51,17 @@ void AddEditCommand(CLI::App &app, Session &session)
     const auto options = std::make_shared<EditOptions>();
     CLI::App *command = app.add_subcommand("edit", "Edit a consist and save it");
     command->add_option("file", options->file, "The consist")->required()->type_name("FILE");
-    command
-        ->add_option("operations", options->operations,
-                     "In order: add=Wagon,FOLDER,NAME add=Engine,FOLDER,NAME remove=N clear "
-                     "forwards=N backwards=N flip=N (N: row, from 1)")
+    command->add_option("operations", options->operations, "What to do, one after the other")
         ->required()
         ->type_name("OP");
     command->add_option("--out", options->out, "Save under this name instead")->type_name("FILE");
+    command->footer("Operations; N is a row of the train, counted from 1 at its head:\n"
+                    "  add=Wagon,FOLDER,NAME   add stock at the end (add=Engine,FOLDER,NAME)\n"
+                    "  remove=N                take a unit out\n"
+                    "  clear                   take all units out\n"
+                    "  forwards=N backwards=N  move a unit by one place\n"
+                    "  flip=N                  turn a unit round\n"
+                    "Without --out the file itself is changed.");
     command->callback([&session, options] { edit(session, *options); });
 }
 

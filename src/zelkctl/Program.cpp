@@ -20,12 +20,28 @@
 #include <new>
 #include <set>
 #include <sstream>
+#include <utility>
 
 namespace zelkctl {
 namespace {
 
 constexpr int kCouldNotRun = 2;
-constexpr const char kHint[] = " (zelkctl --help tells more)";
+
+/// Where to read on, after what was wrong with the arguments of a command ("" for none).
+std::string hint(const std::string &command)
+{
+    return " (zelkctl " + command + (command.empty() ? "" : " ") + "--help tells more)";
+}
+
+/// The command that was parsed, "check stock".
+std::string commandOf(const CLI::App &app)
+{
+    std::string names;
+    for (auto found = app.get_subcommands(); !found.empty();
+         found = found.front()->get_subcommands())
+        names += (names.empty() ? "" : " ") + found.front()->get_name();
+    return names;
+}
 
 void addCommands(CLI::App &app, Session &session)
 {
@@ -80,7 +96,7 @@ void putCommandFirst(std::vector<std::string> &arguments, CLI::App &app)
     std::set<std::string> valueOptions;
     addValueOptions(app, valueOptions);
     const CLI::App *command = &app;
-    std::string names;
+    std::string names, above;
     for (std::size_t place = 0; place < arguments.size(); ++place) {
         const std::vector<const CLI::App *> below =
             command->get_subcommands([](const CLI::App *) { return true; });
@@ -93,9 +109,9 @@ void putCommandFirst(std::vector<std::string> &arguments, CLI::App &app)
         const auto found = std::find_if(below.begin(), below.end(), [&](const CLI::App *each) {
             return each->get_name() == name;
         });
-        names += (place == 0 ? "" : " ") + name;
+        above = std::exchange(names, names + (place == 0 ? "" : " ") + name);
         if (found == below.end())
-            throw Failure("There is no command \"" + names + "\"" + kHint);
+            throw Failure("There is no command \"" + names + "\"" + hint(above));
         command = *found;
     }
 }
@@ -123,7 +139,7 @@ void parseAndRun(std::vector<std::string> arguments, Session &session)
         app.exit(help, text, text);
         session.out.Write(text.str());
     } catch (const CLI::ParseError &error) {
-        throw Failure(error.what() + std::string(kHint));
+        throw Failure(error.what() + hint(commandOf(app)));
     }
     session.out.Flush();
 }

@@ -42,7 +42,9 @@ void AddRenderCommand(CLI::App &app, Session &session)
     command->add_option("--size", arguments->size, "Width and height (1280x720)")->type_name("WxH");
     command->add_option("--loose", arguments->loose, "Which loose consist of an activity (1)")
         ->type_name("N");
-    command->add_option("--camera", arguments->camera, "Eye and target in metres")
+    command
+        ->add_option("--camera", arguments->camera,
+                     "Eye and target in metres; X right, Y up, Z forwards")
         ->type_name("X,Y,Z,TX,TY,TZ");
     command->callback([&session, arguments] { render(session, *arguments); });
 }

@@ -12,6 +12,7 @@ struct Row
     const char *name;
     std::vector<std::string> arguments;
     std::string message;
+    std::string command = {}; ///< whose help is recommended
 };
 
 TEST_F(CommandLineTest, RefusesWhatItDoesNotUnderstand)
@@ -20,21 +21,27 @@ TEST_F(CommandLineTest, RefusesWhatItDoesNotUnderstand)
         {"no command", {"--msts", "list"}, "A subcommand is required"},
         {"nothing", {}, "A subcommand is required"},
         {"unknown command", {"lists"}, "There is no command \"lists\""},
-        {"no kind", {"list"}, "what is required"},
-        {"unknown kind", {"list", "engines"}, "what: engines not in {stock,consists,routes}"},
+        {"no kind", {"list"}, "what is required", "list "},
+        {"unknown kind",
+         {"list", "engines"},
+         "what: engines not in {stock,consists,routes}",
+         "list "},
         {"unknown option",
          {"tree", "x.con", "--deep"},
-         "The following argument was not expected: --deep"},
+         "The following argument was not expected: --deep",
+         "tree "},
         {"option of another command",
          {"--json", "tree", "x.con"},
-         "The following argument was not expected: --json"},
-        {"no output file", {"resave", "x.con"}, "out is required"},
-        {"no operation", {"edit", "x.con"}, "operations is required"},
+         "The following argument was not expected: --json",
+         "tree "},
+        {"no output file", {"resave", "x.con"}, "out is required", "resave "},
+        {"no operation", {"edit", "x.con"}, "operations is required", "edit "},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(run(row.arguments),
-                  (Outcome{2, "", "zelkctl: " + row.message + " (zelkctl --help tells more)\n"}));
+        EXPECT_EQ(run(row.arguments), (Outcome{2, "",
+                                               "zelkctl: " + row.message + " (zelkctl " +
+                                                   row.command + "--help tells more)\n"}));
     }
 }
 
