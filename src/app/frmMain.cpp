@@ -127,8 +127,9 @@ void frmMain::loadSettings()
     const QRect bounds = app::FitToScreens(app::ReadMainBounds(m_services.settings), screens);
     resize(bounds.size());
     move(bounds.topLeft());
-    m_screenShotFolder =
-        m_services.settings.Read("ScreenShotDir").value_or(host::ExecutableFolder());
+    // Installed programs lie where users cannot write.
+    const std::optional<std::string> pictures = m_services.settings.Read("ScreenShotDir");
+    m_screenShotFolder = pictures ? *pictures : host::ProgramFolder();
     m_installation.SetLocation(m_services.settings.Read("MSTSDir").value_or(std::string()));
 }
 
