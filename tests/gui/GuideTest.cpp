@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+// The guide tells of the menus and keys that there are, and its links lead somewhere.
+#include "GuiTest.h"
+
+#include "app/ShellCommands.h"
+
+#include <QDir>
+#include <QFile>
+#include <QMenu>
+#include <QMenuBar>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <set>
+
+namespace {
+
+using Texts = std::multiset<std::string>;
+
+QString guide()
+{
+    QFile file(QString::fromStdString(app::FindGuide(app::GuidePage::Contents)));
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("no guide beside the tests");
+    return QString::fromUtf8(file.readAll());
+}
+
+/// What the first group of the pattern finds, place by place.
+Texts allOf(const QString &text, const char *pattern)
+{
+    Texts found;
+    for (auto match = QRegularExpression(QLatin1String(pattern)).globalMatch(text);
+         match.hasNext();)
+        found.insert(match.next()
+                         .captured(1)
+                         .simplified()
+                         .replace(QLatin1String("&gt;"), QLatin1String(">"))
+                         .toStdString());
+    return found;
+}
+
+QString section(const QString &text, const char *id)
+{
+    const auto from = text.indexOf(QStringLiteral("<section id=\"%1\">").arg(QLatin1String(id)));
+    return from < 0 ? QString()
+                    : text.mid(from, text.indexOf(QLatin1String("</section>"), from) - from);
+}
+
+/// "File > New > Consist" and its keys, for every command.
+void addCommands(const QList<QAction *> &actions, const QString &menu, Texts &commands, Texts &keys)
+{
+    for (const QAction *action : actions) {
+        QString caption = action->text().remove(QLatin1Char('&'));
+        caption = menu + caption.remove(QLatin1String("...")).trimmed();
+        if (action->isSeparator() || action->text().isEmpty())
+            continue;
+        if (action->menu()) {
+            addCommands(action->menu()->actions(), caption + QStringLiteral(" > "), commands, keys);
+            continue;
+        }
+        commands.insert(caption.toStdString());
+        for (const QKeySequence &key : action->shortcuts())
+            keys.insert((key.toString() + QStringLiteral(": ") + caption).toStdString());
+    }
+}
+
+class GuideTest : public GuiTest
+{
+};
+
+} // namespace
+
+TEST_F(GuideTest, NamesEveryCommandAndItsKeys)
+{
+    Start();
+    Texts commands, keys, told;
+    addCommands(window->menuBar()->actions(), QString(), commands, keys);
+    const QString text = guide();
+    EXPECT_EQ(allOf(section(text, "menus"), "<tr><td><b>([^<]*)</b></td>"), commands);
+    for (const QString &row : section(text, "keys").split(QStringLiteral("<tr>")))
+        for (const std::string &command : allOf(row, "<b>([^<]*)</b>"))
+            for (const std::string &key : allOf(row, "<kbd>([^<]*)</kbd>"))
+                told.insert(key + ": " + command);
+    EXPECT_EQ(told, keys);
+}
+
+TEST_F(GuideTest, CommandsInTheTextExist)
+{
+    Start();
+    Texts commands, keys;
+    addCommands(window->menuBar()->actions(), QString(), commands, keys);
+    for (const std::string &named : allOf(guide(), "<b>(\\w+ &gt; [^<]*)</b>"))
+        EXPECT_EQ(commands.count(named), 1U) << named;
+}
+
+TEST_F(GuideTest, LinksLeadSomewhere)
+{
+    const QString text = guide();
+    const Texts ids = allOf(text, "\\bid=\"([^\"]*)\""),
+                sections = allOf(text, "<section id=\"([^\"]*)\"");
+    const QDir folder =
+        QFileInfo(QString::fromStdString(app::FindGuide(app::GuidePage::Contents))).dir();
+    for (const std::string &id : ids)
+        EXPECT_EQ(ids.count(id), 1U) << id;
+    for (const std::string &target : allOf(text, "(?:href|src)=\"([^\"]*)\""))
+        EXPECT_TRUE(target.starts_with('#') ? ids.count(target.substr(1)) == 1
+                                            : folder.exists(QString::fromStdString(target)))
+            << target;
+    EXPECT_EQ(allOf(text.left(text.indexOf(QLatin1String("</nav>"))), "<li><a href=\"#([^\"]*)\""),
+              sections);
+    EXPECT_EQ(sections.size(), static_cast<std::size_t>(text.count(QLatin1String("<section"))));
+    for (const QString &picture : folder.entryList({QStringLiteral("pictures")}))
+        for (const QFileInfo &file : QDir(folder.filePath(picture)).entryInfoList(QDir::Files))
+            EXPECT_EQ(allOf(text, "src=\"pictures/([^\"]*)\"").count(file.fileName().toStdString()),
+                      1U)
+                << file.fileName().toStdString();
+}
