@@ -18,6 +18,7 @@ zelk_add_room(forms
     about/frmAbout.cpp
     about/frmSystemInfo.cpp
     about/SystemInfo.cpp
+    app/AccessibleRoles.cpp
     app/Colours.cpp
     app/frmMain.cpp
     app/frmMainChecks.cpp

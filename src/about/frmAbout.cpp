@@ -68,6 +68,7 @@ QWidget *frmAbout::heading(const QIcon &icon)
     auto *heading = new QWidget(this);
     auto *picture = new QLabel;
     picture->setPixmap(icon.pixmap(kIconSize, kIconSize));
+    picture->setAccessibleName(QStringLiteral("Icon of the program"));
     auto *texts = new QVBoxLayout;
     texts->setSpacing(4);
     texts->addWidget(label(QString::fromStdString(modZELK::AboutCaption()), 1.6, "lblTitle"));

@@ -6,6 +6,7 @@
 #include "host/Folders.h"
 #include "host/Text.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QPainter>
 #include <QPalette>
@@ -71,6 +72,10 @@ public:
                   QStyleHintReturn *returned) const override
     {
         if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+            return 0;
+        // A letter is underlined where its key works.
+        if (const auto *button = qobject_cast<const QAbstractButton *>(widget);
+            button && hint == SH_UnderlineShortcut && button->shortcut().isEmpty())
             return 0;
         return QProxyStyle::styleHint(hint, option, widget, returned);
     }

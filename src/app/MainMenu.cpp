@@ -61,6 +61,8 @@ void BuildMenus(QMenuBar &bar, const std::vector<MenuEntry> &entries)
 
 void BuildToolBar(QToolBar &bar, const QWidget &window, const std::vector<ToolEntry> &entries)
 {
+    if (auto *more = bar.findChild<QToolButton *>(QStringLiteral("qt_toolbar_ext_button")))
+        more->setAccessibleName(QStringLiteral("More buttons"));
     for (const ToolEntry &entry : entries) {
         if (!*entry.key) {
             bar.addSeparator();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/Program.h"
 
+#include "app/AccessibleRoles.h"
 #include "app/Colours.h"
 #include "app/FileAssociation.h"
 #include "app/QtDesktop.h"
@@ -85,6 +86,7 @@ int RunProgram(int argc, char **argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(modZELK::kTitle.data()));
     DressApplication(application);
+    NameAccessibleRoles();
     // The toolkit has taken out its own options by now.
     std::vector<std::string> arguments;
     for (const QString &argument : QApplication::arguments().mid(1))

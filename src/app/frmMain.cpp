@@ -83,10 +83,17 @@ void frmMain::buildStatusBar()
     m_stopKey = new QShortcut(QKeySequence(Qt::Key_Escape), this);
     m_stopKey->setEnabled(false);
     connect(m_stopKey, &QShortcut::activated, this, &frmMain::stopWork);
+    // The menu of a window's frame: to move, resize, minimise and restore it.
+    auto *frameKey = new QShortcut(Qt::ALT | Qt::Key_Minus, this);
+    connect(frameKey, &QShortcut::activated, this, [this] {
+        if (frmDocument *window = ActiveDocument())
+            window->showSystemMenu();
+    });
 }
 
 void frmMain::buildMenus()
 {
+    menuBar()->setAccessibleName(QStringLiteral("Menus"));
     app::BuildMenus(*menuBar(), menuTable());
     for (const char *name : {"mnuFileMRU0", "mnuFileMRU1", "mnuFileMRU2"})
         command(name)->setVisible(false);

@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLocale>
+#include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -27,16 +28,18 @@ constexpr MoveButton kMoveButtons[] = {
     {"Flip stock in consist", "flip", true},
 };
 
+/// Alt+C and Alt+S open the menus Consist and Stock: a key that several answer does nothing.
 struct ActionButton
 {
     const char *caption, *toolTip;
+    bool keyIsTaken;
 };
 constexpr ActionButton kActionButtons[] = {
-    {"&Cancel", "Abandon changes"},
-    {"&Apply", "Save changes"},
-    {"&OK", "Save changes and close window"},
-    {"View &Consist", "Show consist in 3D"},
-    {"View &Shape", "Show selected shape in 3D"},
+    {"&Cancel", "Abandon changes", true},
+    {"&Apply", "Save changes", false},
+    {"&OK", "Save changes and close window", false},
+    {"View &Consist", "Show consist in 3D", true},
+    {"View &Shape", "Show selected shape in 3D", true},
 };
 
 QLabel *heading(QWidget *parent)
@@ -84,8 +87,26 @@ ConsistEditorPane::ConsistEditorPane(const Furnishing &furnishing, QWidget *pare
     layout->addWidget(splitter, 1);
     layout->addLayout(actionRow());
     setFocusProxy(lvConsist);
+    orderTabs();
     ShowStockHeading({});
     ShowChanged(false);
+}
+
+/// The lists and what is between them first; the figures are only there to be read.
+void ConsistEditorPane::orderTabs()
+{
+    QWidget *before = lvConsist;
+    const auto next = [&before](QWidget *control) {
+        setTabOrder(before, control);
+        before = control;
+    };
+    for (QToolButton *button : cmdMove)
+        next(button);
+    next(lvStock);
+    for (QLineEdit *box : {txtMaxVelocity[0], txtMaxVelocity[1], txtDurability})
+        next(box);
+    for (const std::size_t i : {3u, 4u, 2u, 0u, 1u})
+        next(cmdAction[i]);
 }
 
 QBoxLayout *ConsistEditorPane::figures()
@@ -115,7 +136,6 @@ QLineEdit *ConsistEditorPane::figureBox(const char *name, const QString &title)
     box->setAccessibleDescription(QString::fromLatin1(name));
     box->setToolTip(title + QStringLiteral(" (for display only)"));
     box->setReadOnly(true);
-    box->setFocusPolicy(Qt::ClickFocus);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("000000.00000")) + 16);
     QPalette colours = box->palette();
     colours.setColor(QPalette::Base, colours.color(QPalette::Window));
@@ -180,6 +200,8 @@ QBoxLayout *ConsistEditorPane::actionRow()
         command->setAccessibleDescription(command->objectName());
         command->setToolTip(QString::fromLatin1(button.toolTip));
         command->setAutoDefault(false);
+        if (button.keyIsTaken)
+            command->setShortcut({});
         connect(command, &QPushButton::clicked, this, [this, i] { Q_EMIT ActionPressed(i); });
         cmdAction[static_cast<std::size_t>(i)] = command;
     }
@@ -210,13 +232,23 @@ void ConsistEditorPane::connectLists()
         Q_EMIT MovePressed(static_cast<int>(move));
     });
     lvStock->header()->setSectionsClickable(true);
-    connect(lvStock->header(), &QHeaderView::sectionClicked, this, [this](int column) {
-        m_stock->ClickHeader(column);
-        lvStock->header()->setSortIndicatorShown(true);
-        lvStock->header()->setSortIndicator(
-            column, m_stock->Order().ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
-        lvStock->SetSearchColumn(column == 0 ? 2 : column);
-    });
+    lvStock->header()->setToolTip(
+        QStringLiteral("To sort, click a title, or press Ctrl+1, Ctrl+2 or Ctrl+3 in the list"));
+    connect(lvStock->header(), &QHeaderView::sectionClicked, this, &ConsistEditorPane::sortStock);
+    for (int column = 0; column < kStockColumns; ++column) {
+        auto *key = new QShortcut(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + column), lvStock);
+        key->setContext(Qt::WidgetShortcut);
+        connect(key, &QShortcut::activated, this, [this, column] { sortStock(column); });
+    }
+}
+
+void ConsistEditorPane::sortStock(int column)
+{
+    m_stock->ClickHeader(column);
+    lvStock->header()->setSortIndicatorShown(true);
+    lvStock->header()->setSortIndicator(column, m_stock->Order().ascending ? Qt::AscendingOrder
+                                                                           : Qt::DescendingOrder);
+    lvStock->SetSearchColumn(column == 0 ? 2 : column);
 }
 
 void ConsistEditorPane::ShowConsist(const ConsistTree &consist)

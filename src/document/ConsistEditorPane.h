@@ -66,6 +66,8 @@ private:
     QBoxLayout *actionRow();
     QLineEdit *figureBox(const char *name, const QString &title);
     void connectLists();
+    void orderTabs();
+    void sortStock(int column);
 
     ConsistModel *m_consist;
     StockListModel *m_stock;

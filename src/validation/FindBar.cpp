@@ -61,6 +61,8 @@ void FindBar::nameControls()
     install::NameControls(controls);
     txtFind->setPlaceholderText(QStringLiteral("Find"));
     txtFind->setClearButtonEnabled(true);
+    for (QToolButton *clear : txtFind->findChildren<QToolButton *>())
+        clear->setAccessibleName(QStringLiteral("Clear"));
 }
 
 void FindBar::Open()

@@ -123,7 +123,7 @@ void frmResults::connectControls()
     addKey("Find Pre&vious", QKeySequence::FindPrevious, m_findBar, &FindBar::FindPrevious);
     addKey("&Print...", QKeySequence::Print, this, &frmResults::PrintRequested);
     addKey("Save &Report...", QKeySequence::Save, this, &frmResults::Save);
-    addKey("Message &Properties", Qt::ALT | Qt::Key_Return, this,
+    addKey("Message Pr&operties", Qt::ALT | Qt::Key_Return, this,
            &frmResults::ShowMessageProperties);
 }
 
