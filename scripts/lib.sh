@@ -7,7 +7,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 core_packages=(cmake ninja-build g++ ccache googletest libdeflate-dev nlohmann-json3-dev libcli11-dev)
 gui_packages=(qt6-base-dev libqt6opengl6-dev)
-display_packages=(xvfb xauth xdotool imagemagick)
+display_packages=(xvfb xauth xdotool imagemagick at-spi2-core dbus-daemon)
 windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 nsis dpkg-dev make unzip)
 package_packages=(dpkg-dev lintian desktop-file-utils appstream man-db debootstrap xz-utils)
 bench_packages=(libbenchmark-dev libpugixml-dev)
