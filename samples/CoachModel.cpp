@@ -8,8 +8,6 @@
 namespace samples {
 namespace {
 
-constexpr std::array kSides = {1.0F, -1.0F};
-
 /// What distinguishes one passenger vehicle from another; metres.
 struct CoachShape
 {

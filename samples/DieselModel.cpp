@@ -15,7 +15,6 @@ constexpr float kCabHalf = 1.5F;
 constexpr float kCabEaves = 3.7F;
 constexpr float kCabTop = 4.12F;
 constexpr float kCabLength = 2.5F;
-constexpr std::array kSides = {1.0F, -1.0F};
 constexpr Colour kWarning{226, 180, 40};
 
 /// A diesel engine with hoods: the long one behind the cab, the short one in front of it.

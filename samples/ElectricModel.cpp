@@ -7,7 +7,6 @@
 namespace samples {
 namespace {
 
-constexpr std::array kSides = {1.0F, -1.0F};
 constexpr float kFloor = 1.2F;
 constexpr float kBelt = 2.3F; ///< where the windscreens begin to lean back
 constexpr float kEaves = 3.45F;

@@ -13,6 +13,9 @@
 /// Solids for shapes: each primitive sees to its normals, its winding and its texture points.
 namespace samples {
 
+/// The right and the left side of what is alike on both.
+inline constexpr std::array kSides = {1.0F, -1.0F};
+
 Vec3 operator+(const Vec3 &a, const Vec3 &b);
 Vec3 operator-(const Vec3 &a, const Vec3 &b);
 Vec3 operator*(const Vec3 &a, float factor);

@@ -11,7 +11,6 @@ constexpr float kBackToBack = 0.68F; ///< from the middle of the track to the in
 constexpr float kWheelOutside = 0.82F;
 constexpr float kFrameInside = 0.94F;
 constexpr float kFrameOutside = 1.05F;
-constexpr std::array kSides = {1.0F, -1.0F};
 
 std::string numbered(const char *name, std::size_t number)
 {

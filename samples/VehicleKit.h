@@ -12,6 +12,8 @@
 /// What all models of vehicles are made with: pictures, levels of detail, wheels, couplings.
 namespace samples {
 
+inline constexpr Colour kBrass{196, 158, 70};
+
 /// The common picture of running gear and small things; the places of its pieces.
 struct GearPatches
 {
