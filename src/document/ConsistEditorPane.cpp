@@ -231,6 +231,9 @@ void ConsistEditorPane::connectLists()
         const Move move = modifiers == Qt::ShiftModifier ? Move::RemoveAll : Move::Remove;
         Q_EMIT MovePressed(static_cast<int>(move));
     });
+    lvConsist->SetHint(
+        QStringLiteral("An empty train.\n\nSelect stock on the right and press Insert "
+                       "or the button with the plus sign."));
     lvStock->header()->setSectionsClickable(true);
     lvStock->header()->setToolTip(
         QStringLiteral("To sort, click a title, or press Ctrl+1, Ctrl+2 or Ctrl+3 in the list"));
@@ -274,8 +277,13 @@ void ConsistEditorPane::ShowStockHeading(const std::string &filter)
 {
     QString text = QStringLiteral("Available installed stock (%1)")
                        .arg(QLocale().toString(m_stock->rowCount()));
-    if (!host::MatchesEverything(filter))
-        text += QStringLiteral(", filtered on ") + QString::fromStdString(filter);
+    QString nothing = QStringLiteral("No stock found");
+    if (!host::MatchesEverything(filter)) {
+        const QString name = QString::fromStdString(filter);
+        text += QStringLiteral(", filtered on ") + name;
+        nothing += QStringLiteral(" in folders that match ") + name;
+    }
+    lvStock->SetHint(nothing);
     m_stockHeading->setText(text);
     m_stockHeading->setToolTip(text);
 }

@@ -6,18 +6,40 @@
 #include "install/Installation.h"
 
 namespace document {
+namespace {
+
+constexpr std::string_view kConsists = "Trains/Consists";
+
+} // namespace
 
 std::vector<std::string> ListConsists(const install::Installation &installation,
                                       host::GameFiles &files, std::string_view filter)
 {
     constexpr std::size_t kExtension = 4; // ".con"
     std::vector<std::string> names;
-    for (std::string &name : files.ListFiles(installation.PathOf("Trains/Consists"), "*.con")) {
+    for (std::string &name : files.ListFiles(installation.PathOf(kConsists), "*.con")) {
         name.resize(name.size() - kExtension);
         if (host::MatchesFilter(name, filter))
             names.push_back(std::move(name));
     }
     return names;
+}
+
+std::string EmptyListHint(const install::Installation &installation, host::GameFiles &files,
+                          std::string_view filter)
+{
+    const std::string choose = "File > Set MSTS Location";
+    if (installation.CurrentFolder().empty())
+        return "Where is Train Simulator?\n\nChoose its folder with " + choose +
+               ": the one that holds the folders Trains and Routes.";
+    const std::string folder = host::path::Normalise(installation.PathOf(kConsists));
+    if (!files.FolderExists(folder))
+        return "There is no folder\n" + folder + "\n\n" + choose +
+               " chooses another installation of Train Simulator.";
+    if (!host::MatchesEverything(filter))
+        return "No consist matches the filter " + std::string(filter) +
+               "\n\nView > Filter changes it.";
+    return "There are no consists in\n" + folder + "\n\nFile > New > Consist makes one.";
 }
 
 std::string ConsistListCaption(int windowNumber, std::string_view filter)

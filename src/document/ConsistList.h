@@ -19,6 +19,10 @@ namespace document {
 std::vector<std::string> ListConsists(const install::Installation &installation,
                                       host::GameFiles &files, std::string_view filter);
 
+/// What to tell who sees the list without a name: why there is none, and what to do about it.
+std::string EmptyListHint(const install::Installation &installation, host::GameFiles &files,
+                          std::string_view filter);
+
 /// "Consist List 2", or "Consist List 2 (Filtered on GP*)" when the filter limits the list.
 std::string ConsistListCaption(int windowNumber, std::string_view filter);
 

@@ -20,6 +20,8 @@ public:
     explicit ConsistListPane(QWidget *parent = nullptr);
 
     void ShowNames(std::vector<std::string> names);
+    /// What the list tells as long as there are no names.
+    void ShowHint(const std::string &hint) { lvConsists->SetHint(QString::fromStdString(hint)); }
     const std::vector<std::string> &Names() const { return m_model->Names(); }
     int Count() const { return m_model->rowCount(); }
     /// The names of the selected rows, from the first to the last.

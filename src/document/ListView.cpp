@@ -3,10 +3,14 @@
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
+#include <QTextOption>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -14,7 +18,8 @@ namespace document {
 
 namespace {
 
-/// Rows with a little air above and below the text.
+/// Rows with a little air above and below the text; the mouse shows what a column is too narrow
+/// for.
 class RowDelegate : public QStyledItemDelegate
 {
 public:
@@ -23,6 +28,16 @@ public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
         return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 5);
+    }
+
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override
+    {
+        if (event->type() != QEvent::ToolTip ||
+            sizeHint(option, index).width() <= view->visualRect(index).width())
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        QToolTip::showText(event->globalPos(), index.data().toString(), view);
+        return true;
     }
 };
 
@@ -170,6 +185,25 @@ void ListView::resizeEvent(QResizeEvent *event)
 {
     QTreeView::resizeEvent(event);
     shareWidth();
+}
+
+void ListView::SetHint(const QString &hint)
+{
+    m_hint = hint;
+    viewport()->update();
+}
+
+void ListView::paintEvent(QPaintEvent *event)
+{
+    QTreeView::paintEvent(event);
+    if (m_hint.isEmpty() || !model() || model()->rowCount() > 0)
+        return;
+    constexpr int air = 16;
+    QTextOption option(Qt::AlignCenter);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(viewport()->rect().adjusted(air, air, -air, -air), m_hint, option);
 }
 
 void ListView::shareWidth()

@@ -30,6 +30,10 @@ public:
     /// it all columns share alike.
     void FitFirstColumn(const QString &widest);
 
+    /// A text for the user that stands in the list as long as it is empty.
+    void SetHint(const QString &hint);
+    const QString &Hint() const { return m_hint; }
+
     QSize sizeHint() const override { return {260, 260}; }
     QSize minimumSizeHint() const override { return {140, 80}; }
     void keyboardSearch(const QString &search) override;
@@ -51,10 +55,12 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     void shareWidth();
 
+    QString m_hint;
     int m_firstWidth = 0, m_searchColumn = 0;
     bool m_sharing = false, m_sizedByUser = false;
 };

@@ -141,6 +141,8 @@ void frmDocument::loadList()
 {
     SetCaption(document::ConsistListCaption(m_windowNumber, m_filter));
     m_list->ShowNames(document::ListConsists(m_host.Installation(), m_host.Files(), m_filter));
+    if (m_list->Count() == 0)
+        m_list->ShowHint(document::EmptyListHint(m_host.Installation(), m_host.Files(), m_filter));
     m_host.SetStatus(std::to_string(m_list->Count()) + " consists");
 }
 

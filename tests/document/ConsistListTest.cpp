@@ -3,6 +3,7 @@
 
 #include "host/GameFiles.h"
 #include "install/Installation.h"
+#include "support/Environment.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -33,6 +34,30 @@ TEST(ConsistListTest, NamesInListingOrderBehindTheFilter)
     EXPECT_EQ("x.y|", list("*Y"));
     installation.SetLocation(folder.Path() + "/nowhere");
     EXPECT_EQ("", list(""));
+}
+
+/// Who sees nothing is told which of the reasons it is, and the command that helps.
+TEST(ConsistListTest, AnEmptyListSaysWhy)
+{
+    TempFolder folder;
+    const std::string consists = host::path::Normalise(folder.At("full/Trains/Consists"));
+    folder.MakeFolder("full/TRAINS/Consists");
+    folder.MakeFolder("bare");
+    const support::ScopedHome home;
+    install::Installation installation;
+    host::GameFiles files;
+    const auto expectWords = [&](const char *filter, const std::vector<std::string> &words) {
+        const std::string hint = document::EmptyListHint(installation, files, filter);
+        for (const std::string &word : words)
+            EXPECT_NE(hint.find(word), std::string::npos) << hint;
+    };
+    if (install::Installation::RegisteredFolder().empty()) // it may be there on Windows
+        expectWords("*", {"Where is Train Simulator?", "File > Set MSTS Location"});
+    installation.SetLocation(folder.At("bare"));
+    expectWords("x", {"There is no folder", "bare", "File > Set MSTS Location"});
+    installation.SetLocation(folder.At("full"));
+    expectWords("gp*", {"No consist matches the filter gp*", "View > Filter"});
+    expectWords("*", {"There are no consists in\n" + consists, "File > New > Consist"});
 }
 
 TEST(ConsistListTest, Caption)

@@ -4,8 +4,13 @@
 #include "document/ConsistListModel.h"
 #include "document/StockListModel.h"
 
+#include <QApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
+#include <QImage>
+#include <QPixmap>
 #include <QTest>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
 using document::ListView;
@@ -64,6 +69,39 @@ TEST(ListViewTest, SortingKeepsTheSelectionOnItsItem)
     EXPECT_EQ(shown.model.Item(3).shape, "first") << "not sorted in before it is asked for";
     shown.model.ClickHeader(2);
     EXPECT_EQ(shown.model.Item(1).shape, "first");
+}
+
+TEST(ListViewTest, TheMouseShowsWhatIsCutOff)
+{
+    ShownList shown;
+    shown.list.header()->resizeSection(1, 200);
+    shown.list.header()->resizeSection(2, 40);
+    shown.model.Append({{"Wagon", "short", "a name that is too long"}});
+    const auto toolTipOf = [&shown](int column) {
+        const QRect cell = shown.list.visualRect(shown.model.index(3, column));
+        QHelpEvent event(QEvent::ToolTip, cell.center(),
+                         shown.list.viewport()->mapToGlobal(cell.center()));
+        QApplication::sendEvent(shown.list.viewport(), &event);
+        return QToolTip::text().toStdString();
+    };
+    EXPECT_EQ(toolTipOf(1), "");
+    EXPECT_EQ(toolTipOf(2), "a name that is too long");
+    QToolTip::hideText();
+}
+
+TEST(ListViewTest, AHintStandsInAnEmptyListOnly)
+{
+    ShownList shown;
+    const auto pictureChanges = [&shown] {
+        shown.list.SetHint({});
+        const QImage without = shown.list.viewport()->grab().toImage();
+        shown.list.SetHint(QStringLiteral("Choose the folder, please"));
+        return shown.list.viewport()->grab().toImage() != without;
+    };
+    EXPECT_FALSE(pictureChanges());
+    document::StockListModel empty;
+    shown.list.setModel(&empty);
+    EXPECT_TRUE(pictureChanges());
 }
 
 TEST(ListViewTest, TheFirstKeySelectsTheRowThatHasTheFocus)
