@@ -26,6 +26,7 @@ frmSetLoc::frmSetLoc(host::GameFiles &files, QWidget *parent)
     , cmdSetDefault(new QPushButton(QStringLiteral("&Reset"), this))
     , OKButton(new QPushButton(QStringLiteral("OK"), this))
     , CancelButton(new QPushButton(QStringLiteral("Cancel"), this))
+    , lblHint(new QLabel(this))
     , m_files(files)
     , m_folders(new QFileSystemModel(this))
 {
@@ -44,6 +45,8 @@ frmSetLoc::frmSetLoc(host::GameFiles &files, QWidget *parent)
             Qt::QueuedConnection);
     connect(m_folders, &QFileSystemModel::rowsInserted, this, &frmSetLoc::keepChosenInView,
             Qt::QueuedConnection);
+    connect(txtLocation, &QLineEdit::textChanged, this, &frmSetLoc::showHint);
+    showHint();
     connect(cmdSetDefault, &QPushButton::clicked, this,
             [this] { SetLocation(install::Installation::RegisteredFolder()); });
     connect(OKButton, &QPushButton::clicked, this, &frmSetLoc::takeLocation);
@@ -57,6 +60,7 @@ void frmSetLoc::nameControls()
         {drvLocation, "drvLocation", "Drive", "Drive that holds the Train Simulator folder"},
         {dirLocation, "dirLocation", "Folders", "Choose the Train Simulator folder"},
         {txtLocation, "txtLocation", "Location", "Path of the Train Simulator folder"},
+        {lblHint, "lblHint", "Hint", "Whether this looks like the Train Simulator folder"},
         {cmdSetDefault, "cmdSetDefault", "Reset",
          "Back to the folder that Train Simulator registered"},
         {OKButton, "OKButton", "OK", "Use this folder"},
@@ -93,6 +97,7 @@ void frmSetLoc::arrangeControls()
     layout->addWidget(drvLocation);
     layout->addWidget(dirLocation, 1);
     layout->addWidget(txtLocation);
+    layout->addWidget(lblHint);
     layout->addLayout(buttons);
     resize(420, 420);
 }
@@ -157,6 +162,18 @@ void frmSetLoc::showChosenFolder(const QModelIndex &index)
         return;
     m_userHasChosen = true;
     txtLocation->setText(QDir::toNativeSeparators(m_folders->filePath(index)));
+}
+
+/// Any folder may be chosen all the same: it may be filled later.
+void frmSetLoc::showHint()
+{
+    const std::string folder = txtLocation->text().toStdString();
+    const auto holds = [&](const char *name) {
+        return m_files.FolderExists(host::path::Join(folder, name));
+    };
+    const bool found = !folder.empty() && holds("Trains") && holds("Routes");
+    lblHint->setText(found ? QStringLiteral("This folder holds Trains and Routes, as it should.")
+                           : QStringLiteral("Choose the folder that holds Trains and Routes."));
 }
 
 void frmSetLoc::takeLocation()

@@ -7,6 +7,7 @@
 
 class QComboBox;
 class QFileSystemModel;
+class QLabel;
 class QLineEdit;
 class QModelIndex;
 class QPushButton;
@@ -37,6 +38,7 @@ public:
     QPushButton *cmdSetDefault;
     QPushButton *OKButton;
     QPushButton *CancelButton;
+    QLabel *lblHint; ///< whether the folder in the text box looks like Train Simulator's
 
 private:
     void nameControls();
@@ -47,6 +49,7 @@ private:
     void showDrive(int index);
     void showChosenFolder(const QModelIndex &index);
     void takeLocation();
+    void showHint();
 
     host::GameFiles &m_files;
     QFileSystemModel *m_folders;

@@ -8,6 +8,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QFileSystemModel>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTreeView>
@@ -49,6 +50,22 @@ TEST_F(frmSetLocTest, ATypedFolderIsTakenAndTheListsFollow)
     EXPECT_EQ(window->Installation().Override(), other.Path());
     window->close();
     EXPECT_EQ(settings.values["MSTSDir"], other.Path());
+}
+
+TEST_F(frmSetLocTest, SaysWhetherTheFolderLooksRight)
+{
+    other.MakeFolder("routes");
+    Start();
+    choose([this](frmSetLoc &dialog) {
+        dialog.txtLocation->setText(QString::fromStdString(other.Path() + "/Trains"));
+        const QString wrong = dialog.lblHint->text();
+        EXPECT_TRUE(wrong.startsWith(QLatin1String("Choose the folder"))) << wrong.toStdString();
+        dialog.txtLocation->setText(QString::fromStdString(other.Path()));
+        EXPECT_TRUE(dialog.lblHint->text().startsWith(QLatin1String("This folder holds")));
+        dialog.txtLocation->clear();
+        EXPECT_EQ(dialog.lblHint->text(), wrong);
+        dialog.CancelButton->click();
+    });
 }
 
 TEST_F(frmSetLocTest, CancelChangesNothing)
