@@ -59,7 +59,8 @@ constexpr RoleColours kRoles[] = {
 constexpr std::array<QPalette::ColorRole, 3> kTextRoles = {QPalette::WindowText, QPalette::Text,
                                                            QPalette::ButtonText};
 
-/// Fusion, with dialog buttons that bear no pictures and check boxes that are seen on dark.
+/// Fusion, with dialog buttons that bear no pictures; on dark check boxes are seen and tool bars
+/// have quiet edges.
 class Look : public QProxyStyle
 {
 public:
@@ -78,6 +79,17 @@ public:
             button && hint == SH_UnderlineShortcut && button->shortcut().isEmpty())
             return 0;
         return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override
+    {
+        if (element != CE_ToolBar || !isDark(option->palette))
+            return QProxyStyle::drawControl(element, option, painter, widget);
+        // The style draws lines of half white above and below, which are glaring on dark.
+        painter->fillRect(option->rect, option->palette.color(QPalette::Window));
+        painter->setPen(option->palette.color(QPalette::Shadow));
+        painter->drawLine(option->rect.bottomLeft(), option->rect.bottomRight());
     }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
