@@ -60,6 +60,17 @@ std::vector<Unit> harbourTransfer()
     return units;
 }
 
+/// The train of the pictures: an engine and something of everything that carries goods.
+std::vector<Unit> ferryGoods()
+{
+    return {UnitOf(kForest, "fwb_e94"),           UnitOf(kForest, "fwb_güterwagen"),
+            UnitOf(kBoxes, "Ochre&Co_705"),       UnitOf(kForest, "fwb_güterwagen", true),
+            UnitOf(kFlats, "flat 6202"),          UnitOf(kBoxes, "van_ice", true),
+            UnitOf(kBoxes, "Ochre&Co_705", true), UnitOf(kBoxes, "box_501"),
+            UnitOf(kArdmoor, "avr_hopper_12"),    UnitOf(kBoxes, "box_502", true),
+            UnitOf(kArdmoor, "avr_caboose", true)};
+}
+
 std::vector<Unit> cafeCar()
 {
     return {{.folder = "COASTLINE", .file = "CLR_Railcar", .engine = true},
@@ -123,10 +134,7 @@ std::vector<Consist> unusualConsists()
           .units = {UnitOf(kCoast, "clr_railcar"), UnitOf(kCoast, "clr_railcar", true)}},
          {.header = Header::None}},
         {"Ferry Goods ",
-         {.title = "Ferry Goods",
-          .head = Head::SerialFirst,
-          .units = {UnitOf(kForest, "fwb_e94"), UnitOf(kForest, "fwb_güterwagen"),
-                    UnitOf(kForest, "fwb_güterwagen", true), UnitOf(kFlats, "flat 6202")}}},
+         {.title = "Ferry Goods", .head = Head::SerialFirst, .units = ferryGoods()}},
     };
 }
 

@@ -39,10 +39,11 @@ new_picture() {
   [ "$now" != "$before" ] && sleep 0.5 && [ "$(screen)" = "$now" ]
 }
 
+# take_picture NAME [WINDOW]: of the whole screen or of one window.
 take_picture() {
   wait_until "picture of the $1" new_picture
   before=$(screen)
-  import -window root "$pictures/$1.png"
+  import -window "${2:-root}" "$pictures/$1.png"
   echo "$PWD/$pictures/$1.png"
 }
 

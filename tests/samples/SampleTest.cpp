@@ -173,7 +173,7 @@ TEST(SampleTest, ConsistsAreWhatTheyAreMeantToBe)
         {"Harbour Transfer", "\xFF\xFES", 6, "Name", {"NextWagonUID ( 380102 )", "box_gone"}},
         {"night mail", "\xFE\xFF", 4, "Serial", {"UiD ( 114 )", "NextWagonUID ( 118 )"}},
         {"double (2)", "\xFF\xFET", 2, "MaxVelocity", {"TrainCfg ( \"double (2)\""}},
-        {"Ferry Goods ", "\xFF\xFES", 4, "Serial", {"TrainCfg ( \"Ferry Goods\"", "güterwagen"}},
+        {"Ferry Goods ", "\xFF\xFES", 11, "Serial", {"TrainCfg ( \"Ferry Goods\"", "güterwagen"}},
         {"Broken Tail", "\xFF\xFES", 3, "Name", {"106.7t full\" )"}},
         {"Works Train #3",
          "\xFF\xFES",
