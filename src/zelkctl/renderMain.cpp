@@ -9,6 +9,14 @@
 
 namespace {
 
+/// Remarks of the toolkit on the user's session, such as a missing folder for sockets on a server,
+/// say nothing about the picture.
+void tellWhatMatters(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        host::WriteTo(host::Stream::Error, "zelkctl: " + text.toStdString() + "\n");
+}
+
 void draw(int argc, char **argv)
 {
     const zelkctl::RenderArguments arguments = zelkctl::FromList(host::Arguments(argc, argv));
@@ -16,6 +24,7 @@ void draw(int argc, char **argv)
     // No windows are wanted: a display is used for its OpenGL alone.
     qputenv("QT_QPA_PLATFORM", "offscreen");
 #endif
+    qInstallMessageHandler(tellWhatMatters);
     int count = 1;
     const QGuiApplication application(count, argv);
     zelkctl::Session session;

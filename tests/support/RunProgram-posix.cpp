@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/RunProgram.h"
 
+#include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
 #include <iterator>
@@ -102,6 +103,9 @@ std::vector<std::string> environmentOf(const Machine &machine)
     for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_HOME",
                              "XDG_STATE_HOME", "WINEPREFIX"})
         variables.push_back(std::string(name) + "=" + machine.home.string());
+    for (const char *name : {"DISPLAY", "XAUTHORITY"}) // drawing asks the screen for its OpenGL
+        if (const char *value = std::getenv(name))
+            variables.push_back(std::string(name) + "=" + value);
     return variables;
 }
 

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ZelkctlTest.h"
+#include "SampleFixture.h"
 #include "samples/Defects.h"
-#include "samples/Sample.h"
 
-#include <algorithm>
-#include <filesystem>
 #include <map>
 #include <sstream>
 
@@ -14,12 +11,11 @@ using samples::Check;
 using Lines = std::vector<std::string>;
 
 /// The checks on the sample installation find the planned defects and nothing more.
-class CheckSampleTest : public ZelkctlTest
+class CheckSampleTest : public SampleFixture
 {
 protected:
     CheckSampleTest()
     {
-        samples::WriteSample(m_folder.At("s"));
         for (const samples::Defect &defect : samples::Defects())
             m_defects[defect.file] = defect;
     }
@@ -40,19 +36,6 @@ protected:
                 lines.push_back(Shown(line));
             }
         return lines;
-    }
-    /// All files of an extension, by their paths in the sample.
-    Lines files(const std::string &extension) const
-    {
-        Lines found;
-        const std::filesystem::path base = host::path::ToDisk(m_folder.At("s"));
-        for (const auto &entry : std::filesystem::recursive_directory_iterator(base))
-            if (entry.path().extension() == extension) {
-                found.push_back(host::path::FromDisk(entry.path().lexically_relative(base)));
-                std::replace(found.back().begin(), found.back().end(), '\\', '/');
-            }
-        std::sort(found.begin(), found.end());
-        return found;
     }
     /// The name of a consist's file, without folder and extension.
     static std::string nameOf(const std::string &file)

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ZelkctlTest.h"
+#include "samples/Sample.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+/// Runs zelkctl on a sample installation of its own, which lies in the folder "s".
+class SampleFixture : public ZelkctlTest
+{
+protected:
+    SampleFixture() { samples::WriteSample(m_folder.At("s")); }
+
+    /// All files of an extension, by their paths in the sample, with "/".
+    std::vector<std::string> files(const std::string &extension) const
+    {
+        std::vector<std::string> found;
+        const std::filesystem::path base = host::path::ToDisk(m_folder.At("s"));
+        for (const auto &entry : std::filesystem::recursive_directory_iterator(base))
+            if (entry.path().extension() == extension) {
+                found.push_back(host::path::FromDisk(entry.path().lexically_relative(base)));
+                std::replace(found.back().begin(), found.back().end(), '\\', '/');
+            }
+        std::sort(found.begin(), found.end());
+        return found;
+    }
+};
