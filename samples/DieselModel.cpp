@@ -330,7 +330,7 @@ private:
         m_kit.UseBody();
         for (const float z : {back + 0.75F, back + 1.95F}) {
             m_mesh.Lathe({0, kHoodTop - 0.02F, z}, Axis::Y,
-                         std::array<Vec2, 2>{{{0.16F, 0.52F}, {0, 0.55F}}}, sides, m_black);
+                         std::array<Vec2, 2>{{{0, 0.55F}, {0.16F, 0.52F}}}, sides, m_black);
             m_mesh.Disc({0, kHoodTop + 0.14F, z}, Axis::Y, false, 0.52F, sides, m_fan);
         }
         m_mesh.Box({-0.3F, kHoodTop - 0.02F, hoodMiddle() - 0.1F},

@@ -158,12 +158,12 @@ public:
             b.Weather(31, 0.5F);
         });
         m_coal = kit.Paint(128, 100, {0, 0, 2, 2}, [](Brush &b) {
-            b.Fill({30, 30, 32});
+            b.Fill({44, 44, 47});
             for (unsigned i = 0; i < 900; ++i) {
                 const unsigned dice = (i * 2654435761U) ^ (i * 40503U << 7U);
                 const float x = static_cast<float>(dice >> 20U) / 2048;
                 const float y = static_cast<float>(dice >> 8U & 4095U) / 2048;
-                const auto tone = static_cast<std::uint8_t>(16 + dice % 58);
+                const auto tone = static_cast<std::uint8_t>(26 + dice % 66);
                 b.Disc(x, y, 0.03F + 0.001F * static_cast<float>(dice % 40),
                        {tone, tone, static_cast<std::uint8_t>(tone + 4)});
             }
@@ -234,7 +234,7 @@ private:
         for (const float z : {-2.9F, 0.1F, 2.8F})
             m_mesh.Lathe(
                 {0.1F, y, z}, Axis::Y,
-                std::array<Vec2, 4>{{{0.68F, 0.02F}, {0.58F, 0.4F}, {0.36F, 0.95F}, {0.1F, 1.3F}}},
+                std::array<Vec2, 4>{{{0.1F, 1.3F}, {0.36F, 0.95F}, {0.58F, 0.4F}, {0.68F, 0.02F}}},
                 9, m_coal);
     }
 

@@ -138,11 +138,11 @@ private:
         m_kit.UseBody();
         m_mesh.Lathe({0, top - 0.15F, 0}, Axis::Y,
                      std::array<Vec2, 5>{
-                         {{0.62F, 0.02F}, {0.6F, 0.4F}, {0.5F, 0.5F}, {0.4F, 0.52F}, {0, 0.52F}}},
+                         {{0, 0.52F}, {0.4F, 0.52F}, {0.5F, 0.5F}, {0.6F, 0.4F}, {0.62F, 0.02F}}},
                      sides, m_plain);
         m_kit.UseGear();
         m_mesh.Lathe({0, top + 0.45F, 0.1F}, Axis::Y,
-                     std::array<Vec2, 3>{{{0.14F, 0.01F}, {0.12F, 0.16F}, {0, 0.18F}}}, sides,
+                     std::array<Vec2, 3>{{{0, 0.18F}, {0.12F, 0.16F}, {0.14F, 0.01F}}}, sides,
                      m_kit.Gear().rust);
         if (!m_kit.UseCutout())
             return;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <optional>
 #include <set>
 
 namespace {
@@ -136,6 +137,41 @@ TEST(VehiclesTest, TrianglesFaceAlongTheirNormals)
 }
 
 /// Seen from either side, u grows to the right and v downwards on every face with a picture.
+/// How high above the place a triangle is; nothing where it is not.
+std::optional<float> heightAt(const Triangle &t, float x, float z)
+{
+    const Vec3 &a = t.points[0], &b = t.points[1], &c = t.points[2];
+    const float whole = (b.x - a.x) * (c.z - a.z) - (c.x - a.x) * (b.z - a.z);
+    if (std::abs(whole) < 1e-5F)
+        return std::nullopt;
+    const float u = ((x - a.x) * (c.z - a.z) - (c.x - a.x) * (z - a.z)) / whole;
+    const float v = ((b.x - a.x) * (z - a.z) - (x - a.x) * (b.z - a.z)) / whole;
+    if (u < 0 || v < 0 || u + v > 1)
+        return std::nullopt;
+    return a.y + u * (b.y - a.y) + v * (c.y - a.y);
+}
+
+TEST(VehiclesTest, NothingIsInsideOutSeenFromAbove)
+{
+    forEach([](const Row &row, const BuiltVehicle &built) {
+        std::vector<Triangle> body;
+        for (const ShapePart &part : built.model.levels[0].parts)
+            if (part.matrix == 0)
+                for (const Triangle &t : trianglesOf(built.model, part))
+                    body.push_back(t);
+        for (float z = -row.length / 2; z < row.length / 2; z += 0.11F)
+            for (float x = -1.5F; x < 1.5F; x += 0.13F) {
+                float up = -100, down = -100;
+                for (const Triangle &t : body)
+                    if (const auto height = heightAt(t, x, z)) {
+                        float &highest = t.Across().y > 0 ? up : down;
+                        highest = std::max(highest, *height);
+                    }
+                ASSERT_LE(down, up + 0.03F) << "at x " << x << ", z " << z;
+            }
+    });
+}
+
 TEST(VehiclesTest, LetteringReadsOnBothSides)
 {
     forEach([](const Row &, const BuiltVehicle &built) {
