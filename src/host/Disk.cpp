@@ -44,7 +44,7 @@ std::optional<Failure> ReadAll(std::uint64_t limit, std::size_t expected, std::s
         filled += got;
         if (filled > limit)
             return TooLarge(limit);
-        if (got == 0)
+        if (got == 0 || filled == expected) // there was room for more: that was the end
             break;
         if (filled == bytes.size())
             bytes.resize(2 * filled);
