@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <cstddef>
@@ -21,7 +22,8 @@ std::size_t DefaultWorkers();
 /// Runs jobs 0 to count-1 ahead on worker threads and hands their results over in that order, so
 /// that what the caller sees is the same for any number of workers. The job must not throw and
 /// must not touch what belongs to the caller's thread. At most `window` results (at least one) wait
-/// or are being made. One thread takes and stops.
+/// or are being made. Where there are many jobs for each worker, it does a few in a row before it
+/// hands them over, since that costs as much as a small file. One thread takes and stops.
 template <typename Result> class Ahead
 {
 public:
@@ -34,6 +36,8 @@ public:
         , m_window(std::max<std::size_t>(1, window))
     {
         const std::size_t wanted = std::max<std::size_t>(1, std::min(workers, count));
+        m_row =
+            std::clamp<std::size_t>(std::min(count, m_window) / (kShares * wanted), 1, kLongest);
         while (m_threads.size() < wanted && startThread())
             continue;
     }
@@ -114,29 +118,41 @@ private:
     }
     void work()
     {
+        std::vector<Result> row;
+        row.reserve(m_row);
         std::unique_lock lock(m_mutex);
         while (!m_stopped && m_next < m_results.size()) {
-            if (m_next - m_taken >= m_window) {
+            const std::size_t count = std::min(m_row, m_results.size() - m_next);
+            if (m_window - (m_next - m_taken) < count) {
                 m_room.wait(lock);
                 continue;
             }
-            const std::size_t index = m_next++;
+            const std::size_t first = m_next;
+            m_next += count;
             lock.unlock();
-            Result result = m_job(index);
+            while (row.size() < count && !m_stopped)
+                row.push_back(m_job(first + row.size()));
             lock.lock();
-            m_results[index] = std::move(result);
-            if (index == m_taken)
+            std::move(row.begin(), row.end(),
+                      m_results.begin() + static_cast<std::ptrdiff_t>(first));
+            row.clear();
+            if (settled())
                 m_ready.notify_all();
         }
     }
 
+    /// Each worker comes back at least so often, so that all have work until the end.
+    static constexpr std::size_t kShares = 8;
+    static constexpr std::size_t kLongest = 16;
+
     Job m_job;
     std::vector<std::optional<Result>> m_results;
     std::size_t m_window;
+    std::size_t m_row = 1; ///< jobs that a worker does in a row
     mutable std::mutex m_mutex;
     std::condition_variable m_ready, m_room;
     std::size_t m_next = 0, m_taken = 0;
-    bool m_stopped = false;
+    std::atomic<bool> m_stopped = false; ///< workers look at it between jobs
     std::vector<std::jthread> m_threads;
 };
 

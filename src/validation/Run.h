@@ -6,7 +6,6 @@
 #include "validation/Findings.h"
 #include "validation/TSValidation.h"
 
-#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <optional>
@@ -44,6 +43,8 @@ public:
     /// Installation folder & "\" & `relative`.
     std::string PathOf(std::string_view relative) const;
 
+    /// False when nobody hears messages, so that none needs to be made.
+    bool WantsMessages() const { return m_wantsMessages; }
     void RaiseMessage(const std::string &message, std::int16_t level = 0) const;
     void RaiseProgress(std::size_t index, std::size_t total) const;
     /// Reports a verdict and gives it back.
@@ -62,43 +63,23 @@ public:
     {
         if (m_owner.m_stopped || count == 0)
             return;
-        const std::size_t portion = portionOf(count);
-        host::Ahead<std::vector<Result>> ahead(
-            (count + portion - 1) / portion,
-            [&](std::size_t number) {
-                std::vector<Result> results;
-                const std::size_t end = std::min((number + 1) * portion, count);
-                for (std::size_t i = number * portion; i < end; ++i)
-                    results.push_back(job(i));
-                return results;
-            },
-            m_owner.m_workers, kAhead);
-        for (std::size_t i = 0; i < count;) {
-            const std::optional<std::vector<Result>> results = next(ahead);
-            if (!results)
+        host::Ahead<Result> ahead(count, job, m_owner.m_workers, kAhead);
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::optional<Result> result = next(ahead);
+            if (!result)
                 return;
-            for (const Result &result : *results) {
-                take(i++, result);
-                pump();
-                if (m_owner.m_stopped)
-                    return;
-            }
+            take(i, *result);
+            pump();
+            if (m_owner.m_stopped)
+                return;
         }
     }
 
 private:
     /// How long the window goes without its events while a check waits for a file.
     static constexpr std::chrono::milliseconds kPause{10};
-    /// Jobs are handed out in portions, since a handing over costs as much as a small file.
-    static constexpr std::size_t kLargestPortion = 16;
-    /// Portions that may wait for being told: enough for the workers while the window paints.
-    static constexpr std::size_t kAhead = 32;
-
-    std::size_t portionOf(std::size_t count) const
-    {
-        const std::size_t shares = 8 * std::max<std::size_t>(1, m_owner.m_workers);
-        return std::clamp<std::size_t>(count / shares, 1, kLargestPortion);
-    }
+    /// Results that may wait for being told: enough for the workers while the window paints.
+    static constexpr std::size_t kAhead = 512;
 
     void pump() const;
     /// The next result, with the window alive while it waits; nothing when stopped meanwhile.

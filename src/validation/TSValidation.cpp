@@ -112,8 +112,9 @@ std::int16_t TSValidation::CheckAllStock(std::string_view filter)
         },
         [&](std::size_t i, const Outcome &outcome) {
             run.RaiseProgress(i, items.size());
-            run.RaiseMessage("Checking (" + std::to_string(i + 1) + " of " + total + ") " +
-                             items[i]);
+            if (run.WantsMessages())
+                run.RaiseMessage("Checking (" + std::to_string(i + 1) + " of " + total + ") " +
+                                 items[i]);
             if (run.Deliver(outcome) != IsValid)
                 verdict = IsSuspect;
         });
@@ -138,7 +139,8 @@ std::int16_t TSValidation::CheckStockInConsists(std::string_view stockPath)
         },
         [&](std::size_t i, const ConsistUse &use) {
             run.RaiseProgress(i, consists.size());
-            run.RaiseMessage("Checking " + consists[i]);
+            if (run.WantsMessages())
+                run.RaiseMessage("Checking " + consists[i]);
             // Once one is found, the others are only looked at up to their first vehicle.
             if (found ? use.first : use.any) {
                 run.Record(IsReferenced, Join(folder, consists[i]), stock);

@@ -98,7 +98,7 @@ TEST(AheadTest, StopLetsTheRunningJobEndAndStartsNoMore)
             ++ended;
             return 0;
         },
-        1);
+        1, 16);
     started.get_future().wait();
     EXPECT_TRUE(ahead.Take());
     std::jthread stopper([&] { ahead.Stop(); });
