@@ -95,6 +95,8 @@ namespace path {
 extern const char kSeparator;
 /// `folder` & "\" & `relative`, in the platform's own separator; `relative` may begin with one.
 std::string Join(std::string_view folder, std::string_view relative);
+/// The same, but `relative` is taken as it stands, also where it begins with a separator.
+std::string Append(std::string_view folder, std::string_view relative);
 /// The text after the last separator.
 std::string_view FileName(std::string_view path);
 /// The text up to and including the last separator, or "".

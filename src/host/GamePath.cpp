@@ -10,8 +10,6 @@
 namespace host {
 namespace {
 
-constexpr std::string_view kSeparators = "/\\";
-
 std::string withOwnSeparators(std::string_view text)
 {
     std::string out(text);
@@ -19,11 +17,22 @@ std::string withOwnSeparators(std::string_view text)
     return out;
 }
 
+/// One past the last separator, 0 without one.
+std::size_t endOfFolder(std::string_view path)
+{
+    std::size_t end = path.size();
+    while (end > 0 && !IsSeparator(path[end - 1]))
+        --end;
+    return end;
+}
+
 /// The names of a path after its root; a ".." that has nothing to take away stays in a relative
 /// path and is dropped at a root.
 std::vector<std::string_view> namesOf(std::string_view rest, bool hasRoot)
 {
+    constexpr std::size_t kUsual = 12;
     std::vector<std::string_view> names;
+    names.reserve(kUsual);
     while (!rest.empty()) {
         const auto end = std::find_if(rest.begin(), rest.end(), IsSeparator);
         const std::string_view name(rest.begin(), end);
@@ -41,7 +50,11 @@ std::vector<std::string_view> namesOf(std::string_view rest, bool hasRoot)
 
 std::string joined(const std::vector<std::string_view> &names)
 {
+    std::size_t length = 0;
+    for (const std::string_view name : names)
+        length += name.size() + 1;
     std::string out;
+    out.reserve(length);
     for (const std::string_view name : names) {
         if (!out.empty())
             out += path::kSeparator;
@@ -86,24 +99,31 @@ namespace path {
 
 std::string Join(std::string_view folder, std::string_view relative)
 {
-    std::string out = withOwnSeparators(folder);
     if (!relative.empty() && IsSeparator(relative.front()))
         relative.remove_prefix(1);
-    if (out.empty() || out.back() != kSeparator)
+    return Append(folder, relative);
+}
+
+std::string Append(std::string_view folder, std::string_view relative)
+{
+    std::string out;
+    out.reserve(folder.size() + 1 + relative.size());
+    out = folder;
+    if (out.empty() || !IsSeparator(out.back()))
         out += kSeparator;
-    return out + withOwnSeparators(relative);
+    out += relative;
+    std::replace_if(out.begin(), out.end(), IsSeparator, kSeparator);
+    return out;
 }
 
 std::string_view FileName(std::string_view path)
 {
-    const std::size_t separator = path.find_last_of(kSeparators);
-    return separator == std::string_view::npos ? path : path.substr(separator + 1);
+    return path.substr(endOfFolder(path));
 }
 
 std::string_view FolderWithSeparator(std::string_view path)
 {
-    const std::size_t separator = path.find_last_of(kSeparators);
-    return separator == std::string_view::npos ? std::string_view() : path.substr(0, separator + 1);
+    return path.substr(0, endOfFolder(path));
 }
 
 std::string Extension(std::string_view path)

@@ -30,16 +30,22 @@ template <typename Folder> std::shared_ptr<const Folder> read(const std::string 
     std::optional<disk::Listing> listing = disk::List(path);
     if (!listing)
         return nullptr;
+    std::vector<Entry> entries;
+    std::vector<Entry *> sorted; // entries are too large to be moved about
+    entries.reserve(listing->names.size());
+    sorted.reserve(listing->names.size());
+    for (disk::ListedName &listed : listing->names)
+        sorted.push_back(&entries.emplace_back(entryOf<Entry>(std::move(listed))));
+    std::sort(sorted.begin(), sorted.end(), [](const Entry *a, const Entry *b) {
+        const int order = CompareCodeUnits(a->key, b->key);
+        return order != 0 ? order < 0 : a->name < b->name;
+    });
     auto folder = std::make_shared<Folder>();
     folder->stamp = listing->stamp;
     folder->settled = listing->settled;
-    folder->entries.reserve(listing->names.size());
-    for (disk::ListedName &listed : listing->names)
-        folder->entries.push_back(entryOf<Entry>(std::move(listed)));
-    std::sort(folder->entries.begin(), folder->entries.end(), [](const Entry &a, const Entry &b) {
-        const int order = CompareCodeUnits(a.key, b.key);
-        return order != 0 ? order < 0 : a.name < b.name;
-    });
+    folder->entries.reserve(sorted.size());
+    for (Entry *entry : sorted)
+        folder->entries.push_back(std::move(*entry));
     return folder;
 }
 

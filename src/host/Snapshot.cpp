@@ -63,6 +63,32 @@ public:
         return leaf;
     }
 
+    /// What a listing knows of the file that is meant: the exact spelling first, then in listing
+    /// order. Without an entry where no listing shows it.
+    struct Hit
+    {
+        const std::string *folder = nullptr;
+        const Listings::Entry *entry = nullptr;
+
+        explicit operator bool() const { return entry != nullptr; }
+        std::string Path() const { return Below(*folder, entry->DiskName()); }
+    };
+    static Hit FileOf(const Leaf &leaf)
+    {
+        Hit hit;
+        for (const auto &[folder, listing] : *leaf.place) {
+            if (!listing)
+                return {}; // it may be in there all the same
+            for (auto [entry, end] = Listings::Named(*listing, leaf.name); entry != end; ++entry)
+                if ((!hit || entry->DiskName() == leaf.name) &&
+                    Listings::KindOf(folder, *entry) == disk::Kind::File)
+                    hit = {&folder, &*entry};
+            if (hit)
+                break;
+        }
+        return hit;
+    }
+
 private:
     /// Spellings of folders to remember; hostile files know more.
     static constexpr std::size_t kMaxAliases = 200000;
@@ -143,7 +169,8 @@ Snapshot::~Snapshot() = default;
 
 namespace {
 
-/// What no listing shows may still be there, such as the short names of Windows.
+/// What no listing shows may still be there: in a folder that is closed to listing, and under the
+/// short names of Windows.
 std::optional<std::string> unlisted(std::string_view path)
 {
     const std::optional<GamePath> steps = GamePath::Of(path);
@@ -159,6 +186,8 @@ std::optional<std::string> Snapshot::FindFile(std::string_view path)
     const auto leaf = m_places->LeafOf(path);
     if (!leaf)
         return std::nullopt;
+    if (const Places::Hit hit = Places::FileOf(*leaf))
+        return hit.Path();
     for (const auto &[folder, listing] : *leaf->place) {
         std::vector<std::string> matches =
             Places::Listings::MatchesIn(listing.get(), folder, leaf->name, disk::Kind::File);
@@ -170,25 +199,26 @@ std::optional<std::string> Snapshot::FindFile(std::string_view path)
 
 bool Snapshot::FileExists(std::string_view path)
 {
+    return IdentityOf(path) || FindFile(path);
+}
+
+const void *Snapshot::IdentityOf(std::string_view path)
+{
     const auto leaf = m_places->LeafOf(path);
-    if (!leaf)
-        return false;
-    for (const auto &[folder, listing] : *leaf->place) {
-        if (!listing)
-            continue;
-        for (auto [entry, end] = Places::Listings::Named(*listing, leaf->name); entry != end;
-             ++entry)
-            if (Places::Listings::KindOf(folder, *entry) == disk::Kind::File)
-                return true;
-    }
-    return FindFile(path).has_value();
+    return leaf ? Places::FileOf(*leaf).entry : nullptr;
 }
 
 std::string Snapshot::ReadFile(std::string_view path)
 {
+    auto bytes = TryReadFile(path);
+    return bytes ? std::move(*bytes) : m_files.ReadFile(path); // which says why
+}
+
+std::optional<std::string> Snapshot::TryReadFile(std::string_view path)
+{
     const std::optional<std::string> file = FindFile(path);
     if (!file)
-        return m_files.ReadFile(path); // which says why
+        return std::nullopt;
     std::string bytes;
     if (const auto failure = disk::Read(*file, GameFiles::kReadLimit, bytes))
         throw RuntimeError(failure->number, std::string(path) + ": " + failure->reason);

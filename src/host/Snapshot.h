@@ -31,6 +31,11 @@ public:
     /// were empty.
     bool IsClosed(std::string_view folder);
     std::string ReadFile(std::string_view path);
+    /// The same, but nothing when there is no such file.
+    std::optional<std::string> TryReadFile(std::string_view path);
+    /// What tells files apart, however their paths are spelled, as long as the snapshot lives; null
+    /// for one that is not there or that no listing shows.
+    const void *IdentityOf(std::string_view path);
     std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern);
     std::vector<std::string> ListFolders(std::string_view folder, std::string_view pattern = "*");
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace host {
 namespace {
@@ -143,8 +144,12 @@ std::string ToLower(std::string_view text)
 
 int CompareCodeUnits(std::string_view a, std::string_view b)
 {
+    constexpr std::size_t kPiece = 8; // what one comparison of the machine takes
     const std::size_t shared = std::min(a.size(), b.size());
-    for (std::size_t i = 0; i < shared; ++i)
+    std::size_t i = 0;
+    while (i + kPiece <= shared && std::memcmp(a.data() + i, b.data() + i, kPiece) == 0)
+        i += kPiece;
+    for (; i < shared; ++i)
         if (a[i] != b[i])
             return utf16Weight(a[i]) < utf16Weight(b[i]) ? -1 : 1;
     return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;

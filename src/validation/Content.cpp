@@ -55,7 +55,7 @@ void readCabView(const StfFile &file, References &references)
 
 std::string Below(std::string_view folder, std::string_view relative)
 {
-    return host::path::Join(folder, "\\" + std::string(relative));
+    return host::path::Append(folder, relative);
 }
 
 std::string FolderOf(std::string_view path)
@@ -95,6 +95,17 @@ StfFile Content::TryLoad(std::string_view path) const
     }
 }
 
+std::optional<StfFile> Content::TryLoadExisting(std::string_view path) const
+{
+    try {
+        if (auto bytes = m_snapshot.TryReadFile(path))
+            return TreeOf(std::move(*bytes));
+        return std::nullopt;
+    } catch (const host::RuntimeError &) {
+        return StfFile(m_files);
+    }
+}
+
 std::shared_ptr<References> Content::read(const std::string &path, Reader reader) const
 {
     auto references = std::make_shared<References>();
@@ -111,10 +122,11 @@ std::shared_ptr<References> Content::read(const std::string &path, Reader reader
 
 std::shared_ptr<const References> Content::known(char kind, const std::string &path, Reader reader)
 {
+    const void *const file = m_snapshot.IdentityOf(path);
     std::shared_ptr<Known> entry;
     {
         const std::lock_guard lock(m_mutex);
-        auto &place = m_known[kind + host::path::Normalise(path)];
+        auto &place = m_known[{kind, file, file ? "" : host::path::Normalise(path)}];
         if (!place)
             place = std::make_shared<Known>();
         entry = place;

@@ -4,11 +4,13 @@
 #include "stavfile/StfFile.h"
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <tuple>
 #include <vector>
 
 namespace host {
@@ -55,6 +57,8 @@ public:
     StfFile Load(std::string_view path) const;
     /// The same, with an empty tree where it cannot be read.
     StfFile TryLoad(std::string_view path) const;
+    /// The same, but nothing where there is no such file.
+    std::optional<StfFile> TryLoadExisting(std::string_view path) const;
     /// The bytes of a file; RuntimeError as GameFiles::ReadFile.
     std::string Read(std::string_view path) const;
     StfFile TreeOf(std::string bytes) const;
@@ -78,7 +82,8 @@ private:
     host::Snapshot &m_snapshot;
     std::string m_folder;
     std::mutex m_mutex;
-    std::unordered_map<std::string, std::shared_ptr<Known>> m_known; ///< by kind and path
+    /// By kind and, of files that listings show, identity, else path.
+    std::map<std::tuple<char, const void *, std::string>, std::shared_ptr<Known>> m_known;
 };
 
 } // namespace validation

@@ -66,9 +66,10 @@ public:
     std::int16_t Run()
     {
         m_findings.Message("Checking " + m_file);
-        if (!m_content.Exists(m_file))
+        const std::optional<StfFile> found = m_content.TryLoadExisting(m_file);
+        if (!found)
             return m_findings.Record(TSValidation::IsMissing, m_file);
-        const StfFile file = m_content.TryLoad(m_file);
+        const StfFile &file = *found;
         const StfNode wagon = file.FindNode("Wagon");
         if (!wagon)
             return m_findings.Record(TSValidation::IsCorrupt, m_file);

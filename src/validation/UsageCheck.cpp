@@ -30,8 +30,9 @@ bool mayName(std::string_view bytes, std::string_view text)
     std::string wide;
     for (const char c : text)
         wide.append({'\0', c});
+    const bool mustBeWide = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
     return bytes.find(std::string_view(wide).substr(1)) != bytes.npos ||
-           bytes.find(text) != bytes.npos;
+           (!mustBeWide && bytes.find(text) != bytes.npos);
 }
 
 } // namespace

@@ -29,6 +29,7 @@ TEST(GamePathTest, Join)
     };
     for (const auto &[folder, relative, expected] : rows)
         EXPECT_EQ(path::Join(folder, relative), own(expected)) << folder << " | " << relative;
+    EXPECT_EQ(path::Append("a\\", "\\x"), own("a//x"));
 }
 
 TEST(GamePathTest, Parts)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/Snapshot.h"
 
+#include "host/RuntimeError.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -44,6 +45,24 @@ TEST(SnapshotTest, ListsEachFolderOnce)
     folder.Write("Set/b.wag");
     EXPECT_EQ(before.ListFiles(folder.At("SET"), "*"), (Names{"a.wag"}));
     EXPECT_EQ(host::Snapshot(files).ListFiles(folder.At("set"), "*"), (Names{"a.wag", "b.wag"}));
+}
+
+TEST(SnapshotTest, TellsFilesApartHoweverTheyAreSpelled)
+{
+    support::TempFolder folder;
+    folder.Write("Set/a.wag", "first");
+    folder.Write("Set/b.wag");
+    host::GameFiles files;
+    host::Snapshot snapshot(files);
+    const void *first = snapshot.IdentityOf(folder.At("Set/a.wag"));
+    EXPECT_TRUE(first);
+    EXPECT_EQ(snapshot.IdentityOf(folder.At("none\\..\\SET\\A.wag")), first);
+    EXPECT_NE(snapshot.IdentityOf(folder.At("Set/b.wag")), first);
+    EXPECT_FALSE(snapshot.IdentityOf(folder.At("Set/c.wag")));
+    EXPECT_EQ(snapshot.TryReadFile(folder.At("set/A.WAG")), "first");
+    EXPECT_EQ(snapshot.TryReadFile(folder.At("Set/c.wag")), std::nullopt);
+    std::filesystem::remove(folder.At("Set/a.wag"));
+    EXPECT_THROW(snapshot.TryReadFile(folder.At("Set/a.wag")), host::RuntimeError);
 }
 
 TEST(SnapshotTest, SearchesFoldersThatDifferInCase)
