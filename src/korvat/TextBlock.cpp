@@ -176,11 +176,12 @@ std::string_view TextBlock::take()
 
 void TextBlock::noNumber(std::string_view word)
 {
-    if (!m_trouble->Met())
-        m_trouble->Tell(Status::Damaged, Where(),
-                        "a number was expected in the block " +
-                            std::string(m_source->Name(*m_record)) + ", not " +
-                            stavfile::ToShownText(word.substr(0, 40), m_source->encoding));
+    if (m_trouble->Met())
+        return;
+    const std::string block(m_source->Name(*m_record)), start(word.substr(0, 40));
+    m_trouble->Tell(Status::Damaged, Where(),
+                    "a number was expected in the block " + block + ", not " +
+                        stavfile::ToShownText(start, m_source->encoding));
 }
 
 } // namespace korvat

@@ -22,13 +22,16 @@ std::size_t stringEnd(std::string_view text, std::size_t at)
 
 void appendUnescaped(std::string &out, std::string_view raw)
 {
-    for (std::size_t i = 0; i < raw.size(); ++i) {
-        if (raw[i] != '\\' || i + 1 == raw.size()) {
-            out += raw[i];
-            continue;
+    for (;;) {
+        const std::size_t backslash = raw.find('\\');
+        if (backslash == raw.npos || backslash + 1 == raw.size()) {
+            out += raw;
+            return;
         }
-        const char c = raw[++i];
+        out += raw.substr(0, backslash);
+        const char c = raw[backslash + 1];
         out += c == 'n' ? '\n' : c == 't' ? '\t' : c;
+        raw.remove_prefix(backslash + 2);
     }
 }
 

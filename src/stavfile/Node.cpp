@@ -52,11 +52,13 @@ std::vector<Value> &Node::OwnValues()
 std::vector<std::shared_ptr<Node>> &Node::Children() const
 {
     if (!childrenLoaded) {
-        for (const std::uint32_t index : ChildRecords()) {
-            auto child = std::make_shared<Node>();
-            child->source = source;
-            child->record = index;
-            children.push_back(std::move(child));
+        const std::vector<std::uint32_t> records = ChildRecords();
+        const auto made = std::make_shared<Node[]>(records.size()); // one piece of memory for all
+        children.reserve(records.size());
+        for (std::size_t i = 0; i < records.size(); ++i) {
+            made[i].source = source;
+            made[i].record = records[i];
+            children.emplace_back(made, &made[i]);
         }
         childrenLoaded = true;
     }

@@ -1,36 +1,49 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
+#include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace stavfile {
 
-/// A growing array that never moves its elements: growing it costs no second copy of a large one,
-/// and nothing is reserved that is not used.
+/// A growing array of plain values in pages: growing it costs no second copy of a large one, and
+/// little is reserved that is not used. Most files are small: the first page begins small, too.
 template <typename T> class PagedArray
 {
 public:
-    T &operator[](std::size_t i) { return (*m_pages[i / kPage])[i % kPage]; }
-    const T &operator[](std::size_t i) const { return (*m_pages[i / kPage])[i % kPage]; }
+    T &operator[](std::size_t i) { return m_pages[i / kPage][i % kPage]; }
+    const T &operator[](std::size_t i) const { return m_pages[i / kPage][i % kPage]; }
     std::size_t Size() const { return m_size; }
 
     void PushBack(const T &value)
     {
-        if (m_size == m_pages.size() * kPage)
-            m_pages.push_back(std::make_unique_for_overwrite<Page>());
+        if (m_size == m_room)
+            grow();
         (*this)[m_size] = value;
         ++m_size;
     }
 
 private:
     static constexpr std::size_t kPage = 8192 / sizeof(T) > 64 ? 8192 / sizeof(T) : 64;
-    using Page = std::array<T, kPage>;
+    static constexpr std::size_t kFirst = kPage / 8;
 
-    std::vector<std::unique_ptr<Page>> m_pages;
-    std::size_t m_size = 0;
+    void grow()
+    {
+        auto page = std::make_unique_for_overwrite<T[]>(m_size == 0 ? kFirst : kPage);
+        if (m_size == kFirst) {
+            std::copy_n(m_pages.front().get(), kFirst, page.get());
+            m_pages.front() = std::move(page);
+        } else {
+            m_pages.push_back(std::move(page));
+        }
+        m_room = m_size == 0 ? kFirst : m_pages.size() * kPage;
+    }
+
+    std::vector<std::unique_ptr<T[]>> m_pages;
+    std::size_t m_size = 0, m_room = 0;
 };
 
 } // namespace stavfile

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 using host::ErrorNumber;
 using host::RuntimeError;
@@ -14,9 +15,9 @@ using stavfile::Value;
 
 namespace {
 
-std::string shown(const Node &node, std::string_view held)
+std::string shown(const Node &node, std::string held)
 {
-    return stavfile::ToShownText(held, node.source->encoding);
+    return stavfile::ToShownText(std::move(held), node.source->encoding);
 }
 
 std::string decoded(const Node &node, const Value &value)
@@ -45,8 +46,9 @@ std::size_t checkedPlace(int place, std::size_t last)
 
 std::string nameOf(const Node &node)
 {
-    return node.nameIsSet || !node.Read() ? node.name
-                                          : shown(node, node.source->Name(*node.Read()));
+    return node.nameIsSet || !node.Read()
+               ? node.name
+               : shown(node, std::string(node.source->Name(*node.Read())));
 }
 
 /// Compares without making a string where the name was read and is plain.
@@ -54,7 +56,9 @@ bool hasName(const Node &node, std::string_view name)
 {
     if (node.nameIsSet || node.source->encoding == stavfile::Encoding::Windows1252)
         return nameOf(node) == name;
-    return node.source->Name(*node.Read()) == name;
+    const stavfile::Record &record = *node.Read();
+    const std::string_view text = node.source->text;
+    return text.substr(record.begin).starts_with(name) && node.source->Name(record) == name;
 }
 
 /// True when `name` is one of the alternatives that "|" separates.
@@ -170,7 +174,7 @@ std::string StfNode::RawParameter(int index) const
         return {};
     const std::string_view text = node().source->text;
     const std::size_t end = stavfile::lexer::ValueExtent(text, value.place).cleanEnd;
-    return shown(node(), text.substr(value.place, end - value.place));
+    return shown(node(), std::string(text.substr(value.place, end - value.place)));
 }
 
 void StfNode::SetParameter(int index, std::string_view value)

@@ -282,12 +282,12 @@ DecodedText Decode(std::string bytes)
     return result;
 }
 
-std::string ToShownText(std::string_view held, Encoding encoding)
+std::string ToShownText(std::string held, Encoding encoding)
 {
     if (encoding == Encoding::Windows1252)
         return host::FromWindows1252(held);
     const bool utf16 = encoding != Encoding::Utf8;
-    return utf16 && held.find('\xED') != held.npos ? withoutSurrogates(held) : std::string(held);
+    return utf16 && held.find('\xED') != held.npos ? withoutSurrogates(held) : std::move(held);
 }
 
 std::string ToWritableText(std::string_view held, Encoding encoding)

@@ -24,7 +24,7 @@ struct DecodedText
 DecodedText Decode(std::string bytes);
 
 /// Held text of an encoding as UTF-8 to show: Windows-1252 converted, lone surrogates as U+FFFD.
-std::string ToShownText(std::string_view held, Encoding encoding);
+std::string ToShownText(std::string held, Encoding encoding);
 
 /// Held text of an encoding as UTF-8 to write; lone surrogates stay three bytes.
 std::string ToWritableText(std::string_view held, Encoding encoding);
