@@ -2,6 +2,7 @@
 #include "document/StockList.h"
 
 #include "host/GameFiles.h"
+#include "host/Snapshot.h"
 #include "host/Text.h"
 #include "install/Installation.h"
 #include "install/StockFiles.h"
@@ -12,7 +13,7 @@
 namespace document {
 namespace {
 
-std::vector<StockItem> stockOfFolder(host::GameFiles &files, const std::string &trainset,
+std::vector<StockItem> stockOfFolder(host::Snapshot &files, const std::string &trainset,
                                      const std::string &folder)
 {
     constexpr std::size_t kExtension = 4; // ".eng", ".wag" and whatever else has three letters
@@ -36,12 +37,13 @@ StockScan::StockScan(const install::Installation &installation, host::GameFiles 
                      std::string_view filter, std::size_t workers)
 {
     const std::string trainset = installation.PathOf(install::kTrainset);
-    std::vector<std::string> folders = install::StockFolders(files, trainset, filter);
+    const auto snapshot = std::make_shared<host::Snapshot>(files);
+    std::vector<std::string> folders = install::StockFolders(*snapshot, trainset, filter);
     const std::size_t count = folders.size();
     m_ahead = std::make_unique<host::Ahead<std::vector<StockItem>>>(
         count,
-        [&files, trainset, folders = std::move(folders)](std::size_t i) {
-            return stockOfFolder(files, trainset, folders[i]);
+        [snapshot, trainset, folders = std::move(folders)](std::size_t i) {
+            return stockOfFolder(*snapshot, trainset, folders[i]);
         },
         workers);
 }
