@@ -5,10 +5,12 @@ namespace zelkctl {
 
 void EntryWriter::Add(const std::string &line, std::initializer_list<Member> members)
 {
-    if (m_json)
+    if (m_json) {
         addObject(members);
-    else
-        m_out.Write(line + "\n");
+        return;
+    }
+    m_out.Write(line);
+    m_out.Write("\n");
 }
 
 void EntryWriter::End()
