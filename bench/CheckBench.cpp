@@ -70,7 +70,8 @@ public:
             bench::Compare("check all, two workers", all(2), once, findAndRead),
             bench::Compare("zelkctl check all", zelkctl, once, findAndRead),
             {"check all, peak memory", "wanted", memory, 200, "MB"},
-            growth(),
+            growth("the same in half of the folders", "e"),
+            growth("the same in a fifth of the folders", "Stock 00*"),
             bench::Compare("use of a stock file, one worker", use(), "reading the consists once",
                            readConsists),
         };
@@ -99,15 +100,18 @@ private:
             validation.CheckStockInConsists(m_checked.front());
         };
     }
-    /// The time for one file of all beside that for one file of a tenth of them.
-    bench::Row growth()
+    /// The time for a thousand files of all beside that of a part of the folders.
+    bench::Row growth(const char *part, const char *filter)
     {
-        bench::Row row = bench::Compare("check all, for each 1,000 files", all(1),
-                                        "the same in a fifth of the folders", all(1, "Stock 00*"));
+        bench::Row row =
+            bench::Compare("check all, for each 1,000 files", all(1), part, all(1, filter));
         all(1)();
-        row.value *= 1000.0 / static_cast<double>(m_items);
-        all(1, "Stock 00*")();
-        row.yardstickValue *= 1000.0 / static_cast<double>(m_items);
+        const double whole = static_cast<double>(m_items) / 1000;
+        all(1, filter)();
+        const double share = static_cast<double>(m_items) / 1000;
+        row.value /= whole;
+        row.yardstickValue /= share;
+        row.processor *= share / whole;
         return row;
     }
 

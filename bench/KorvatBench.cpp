@@ -44,7 +44,7 @@ std::string shapeFile()
 {
     constexpr std::uint32_t kSide = 150;
     samples::ShapeModel model = samples::SmallestShape({"a.ace"});
-    samples::ShapePart &part = model.parts[0];
+    samples::ShapePart &part = model.levels[0].parts[0];
     model.points.clear();
     model.normals.clear();
     model.uvs.clear();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Measure.h"
 
+#include "Processes.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -11,11 +13,15 @@ namespace bench {
 
 void PrintTable(const std::vector<Row> &rows)
 {
-    std::printf("\n%-44s %12s   %-44s %12s %7s\n", "what", "", "yardstick", "", "ratio");
-    for (const Row &row : rows)
-        std::printf("%-44s %9.2f %-2s   %-44s %9.2f %-2s %7.2f\n", row.what.c_str(), row.value,
+    std::printf("\n%-44s %12s   %-44s %12s %7s %7s\n", "what", "", "yardstick", "", "ratio", "CPU");
+    for (const Row &row : rows) {
+        std::printf("%-44s %9.2f %-2s   %-44s %9.2f %-2s %7.2f", row.what.c_str(), row.value,
                     row.unit.c_str(), row.yardstick.c_str(), row.yardstickValue, row.unit.c_str(),
                     row.value / row.yardstickValue);
+        if (row.processor > 0)
+            std::printf(" %7.2f", row.processor);
+        std::printf("\n");
+    }
     std::fflush(stdout);
 }
 
@@ -32,10 +38,16 @@ Row Compare(std::string what, const std::function<void()> &work, std::string yar
 {
     constexpr double kNever = std::numeric_limits<double>::infinity();
     Row row{std::move(what), std::move(yardstick), kNever, kNever};
+    double processor = 0, yardstickProcessor = 0;
     for (int round = 0; round < rounds; ++round) {
+        const double before = ProcessorMilliseconds();
         row.value = std::min(row.value, Milliseconds(work));
+        const double between = ProcessorMilliseconds();
         row.yardstickValue = std::min(row.yardstickValue, Milliseconds(yardstickWork));
+        processor += between - before;
+        yardstickProcessor += ProcessorMilliseconds() - between;
     }
+    row.processor = processor / yardstickProcessor;
     return row;
 }
 

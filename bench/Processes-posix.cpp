@@ -92,6 +92,18 @@ double PeakMebibytes(const std::function<void()> &work)
     return static_cast<double>(std::max(0L, peakOfCopy(work) - idle)) / 1024;
 }
 
+double ProcessorMilliseconds()
+{
+    double sum = 0;
+    for (const int who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
+        rusage usage{};
+        getrusage(who, &usage);
+        for (const timeval &time : {usage.ru_utime, usage.ru_stime})
+            sum += 1e3 * static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e3;
+    }
+    return sum;
+}
+
 void FlushToDisk(const std::filesystem::path &file)
 {
     const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC);

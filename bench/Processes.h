@@ -18,6 +18,10 @@ std::string RunForOutput(const std::vector<std::string> &command);
 /// process of its own.
 double PeakMebibytes(const std::function<void()> &work);
 
+/// Processor time that this process and those that it waited for have used, in milliseconds: other
+/// programs on the machine change it less than the time on the clock.
+double ProcessorMilliseconds();
+
 /// Makes sure that the file's content is on the disk.
 void FlushToDisk(const std::filesystem::path &file);
 

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "install/ConsistUnit.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+/// A train of 100 vehicles of 20 kinds, each with a model of its own, in a sample installation.
+struct SampleTrain
+{
+    static constexpr std::size_t kVehicles = 100, kKinds = 20;
+
+    std::string folder;  ///< of the installation
+    std::string name;    ///< in the list of consists, where it is the first one
+    std::string consist; ///< its file
+    std::vector<install::StockItem> kinds;
+
+    /// The files that the train leads to, as the disk has them: consist, stock files, shapes and
+    /// textures.
+    std::vector<std::string> Files() const;
+};
+
+/// Makes the installation in a new folder. Ends the program with a message when it cannot.
+SampleTrain MakeSampleTrain(const std::filesystem::path &folder);
+
+} // namespace bench

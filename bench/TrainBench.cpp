@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+// What a train of 100 vehicles costs without the graphics card: opening it beside reading and
+// inflating its files once, and each frame of it.
+#include "Measure.h"
+#include "Processes.h"
+#include "SampleTrain.h"
+#include "host/Dialogs.h"
+#include "host/GameFiles.h"
+#include "korvat/Container.h"
+#include "korvat/Limits.h"
+#include "korvat/ModelLibrary.h"
+#include "korvat/SceneCanvas.h"
+#include "viewer/Stage.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+constexpr int kFrames = 200;
+
+[[noreturn]] void giveUp(const std::string &what)
+{
+    std::fprintf(stderr, "zelk-train-bench: %s\n", what.c_str());
+    std::exit(1);
+}
+
+/// Nothing must be missing here.
+class NoDialogs : public host::Dialogs
+{
+public:
+    host::DialogAnswer Message(const std::string &text, const std::string &, host::DialogIcon,
+                               host::DialogButtons) override
+    {
+        giveUp(text);
+    }
+    std::optional<std::string> Input(const std::string &, const std::string &,
+                                     const std::string &) override
+    {
+        return std::nullopt;
+    }
+    std::string OpenFile(const host::FileDialogRequest &) override { return {}; }
+    std::string SaveFile(const host::FileDialogRequest &) override { return {}; }
+    std::string SelectFromList(const std::string &, const std::string &) override { return {}; }
+};
+
+/// A graphics card that costs nothing.
+class NoDevice : public korvat::Device
+{
+public:
+    unsigned UploadMesh(const korvat::Mesh &) override { return ++m_given; }
+    unsigned UploadTexture(const korvat::Texture &) override { return ++m_given; }
+    void ReleaseMesh(unsigned) override {}
+    void ReleaseTexture(unsigned) override {}
+    void BeginFrame(const korvat::FrameSetup &) override { draws = 0; }
+    void Draw(const korvat::DrawCall &) override { ++draws; }
+    void EndFrame() override {}
+
+    std::size_t draws = 0; ///< of the last frame
+
+private:
+    unsigned m_given = 0;
+};
+
+class Canvas : public korvat::SceneCanvas
+{
+public:
+    void Paint(korvat::Device &device) { renderer().Paint(device, 1280, 800); }
+    /// From far enough to see the whole train.
+    void LookAtAll(float trainMiddle)
+    {
+        renderer().SetCamera({-2 * trainMiddle, 30, trainMiddle}, {0, 0, trainMiddle});
+        SetRangeFar(static_cast<long>(-4 * trainMiddle) + 100);
+    }
+};
+
+/// An opened train.
+struct Window
+{
+    explicit Window(const bench::SampleTrain &train)
+        : library(files)
+        , stage({files, dialogs, library}, &canvas, [](const std::string &) {})
+    {
+        stage.RenderConsist(train.consist, train.folder);
+        while (stage.Step())
+            continue;
+        canvas.Paint(device);
+    }
+    NoDialogs dialogs;
+    NoDevice device;
+    host::GameFiles files;
+    korvat::ModelLibrary library;
+    Canvas canvas;
+    viewer::Stage stage;
+};
+
+void readAndInflate(const std::vector<std::string> &paths)
+{
+    for (const std::string &path : paths) {
+        std::ifstream file(path, std::ios::binary | std::ios::ate);
+        std::string bytes(static_cast<std::size_t>(file.tellg()), '\0');
+        file.seekg(0).read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        korvat::Container container;
+        if (bytes.starts_with("SIMISA@F"))
+            korvat::OpenContainer(bytes, korvat::kMaxShapeBytes, container);
+    }
+}
+
+bench::Row frameRow(Window &window)
+{
+    window.canvas.LookAtAll(window.stage.TrainMiddle());
+    const double before = bench::ProcessorMilliseconds();
+    for (int i = 0; i < kFrames; ++i) {
+        window.stage.View()->ShowModels();
+        window.canvas.Paint(window.device);
+    }
+    const double each = (bench::ProcessorMilliseconds() - before) / kFrames;
+    return {"a frame of the train, processor time", "limit", each, 1};
+}
+
+int run(const bench::SampleTrain &train)
+{
+    const std::vector<std::string> paths = train.Files();
+    const bench::Row open = bench::Compare(
+        "open a train to its first frame, no card", [&] { Window window(train); },
+        "read and inflate its files once", [&] { readAndInflate(paths); }, 15);
+    Window window(train);
+    const bench::Row frame = frameRow(window);
+    bench::PrintTable({open, frame});
+    std::printf("%d vehicles, %zu files, %zu draw calls a frame\n", window.stage.Total(),
+                paths.size(), window.device.draws);
+    return 0;
+}
+
+} // namespace
+
+int main()
+{
+    const std::filesystem::path folder = bench::MakeTemporaryFolder();
+    const int result = run(bench::MakeSampleTrain(folder));
+    std::filesystem::remove_all(folder);
+    return result;
+}
