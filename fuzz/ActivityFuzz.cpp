@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// Activities: whatever the bytes, the loose consists are found or it is said why not, and their
+// units can be walked through.
+#include "ScratchFile.h"
+#include "host/RuntimeError.h"
+#include "install/ConsistUnit.h"
+#include "viewer/LooseConsists.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+namespace {
+
+void walk(const StfNode &train)
+{
+    std::int16_t position = 0;
+    while (train.FindChild(install::kUnitBlocks, position)) {
+        const install::ConsistUnit unit = install::UnitOf(train.Children().Item(position));
+        if (unit.item.type.empty())
+            std::abort();
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    static const ScratchFile file("a.act");
+    static host::GameFiles files;
+    file.Write({reinterpret_cast<const char *>(data), size});
+    try {
+        for (const StfNode &train : viewer::ReadLooseConsists(files, file.Path()))
+            if (train)
+                walk(train);
+    } catch (const host::RuntimeError &error) {
+        if (error.Detail().empty())
+            std::abort();
+    }
+    return 0;
+}

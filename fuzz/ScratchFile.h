@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/GameFiles.h"
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+#include <string_view>
+
+/// A file for what takes paths, in a folder of its own that goes at the end. Put TMPDIR into
+/// memory.
+class ScratchFile
+{
+public:
+    explicit ScratchFile(const std::string &name)
+        : m_folder(std::filesystem::temp_directory_path() /
+                   ("zelk-fuzz-" + std::to_string(std::random_device()())))
+        , m_path(host::path::FromDisk(m_folder / name))
+    {
+        std::filesystem::create_directories(m_folder);
+    }
+    ~ScratchFile()
+    {
+        std::error_code error;
+        std::filesystem::remove_all(m_folder, error);
+    }
+    ScratchFile(const ScratchFile &) = delete;
+    ScratchFile &operator=(const ScratchFile &) = delete;
+
+    const std::string &Path() const { return m_path; }
+    void Write(std::string_view bytes) const
+    {
+        std::ofstream(m_path, std::ios::binary)
+            .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    }
+
+private:
+    std::filesystem::path m_folder;
+    std::string m_path;
+};
