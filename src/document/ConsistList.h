@@ -14,6 +14,9 @@ class Installation;
 
 namespace document {
 
+/// Where consists lie, below the installation folder.
+inline constexpr std::string_view kConsists = "Trains/Consists";
+
 /// Names of the installed consists that match the filter (host/Filter.h), in listing order. Empty
 /// when there is no consist folder.
 std::vector<std::string> ListConsists(const install::Installation &installation,

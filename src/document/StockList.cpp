@@ -13,25 +13,36 @@
 namespace document {
 namespace {
 
-std::vector<StockItem> stockOfFolder(host::Snapshot &files, const std::string &trainset,
-                                     const std::string &folder)
-{
-    constexpr std::size_t kExtension = 4; // ".eng", ".wag" and whatever else has three letters
-    std::vector<StockItem> items;
-    for (std::string &name : install::StockFiles(files, trainset, folder)) {
-        const bool engine = name.ends_with("eng");
-        name.resize(name.size() - kExtension);
-        items.push_back({engine ? "Engine" : "Wagon", folder, std::move(name)});
-    }
-    return items;
-}
-
 const std::string &columnOf(const StockItem &item, int column)
 {
     return column == 0 ? item.type : column == 1 ? item.folder : item.shape;
 }
 
 } // namespace
+
+StockScan::Found StockScan::stockOfFolder(host::Snapshot &files, const std::string &trainset,
+                                          const std::string &folder)
+{
+    constexpr std::size_t kExtension = 4; // ".eng", ".wag" and whatever else has three letters
+    Found found;
+    for (std::string &name : install::StockFiles(files, trainset, folder)) {
+        const bool engine = name.ends_with("eng");
+        name.resize(name.size() - kExtension);
+        found.items.push_back({engine ? "Engine" : "Wagon", folder, std::move(name)});
+    }
+    if (found.items.empty() && files.IsClosed(host::path::Join(trainset, folder)))
+        found.closed = host::path::Join(trainset, folder);
+    return found;
+}
+
+std::optional<std::vector<StockItem>> StockScan::itemsOf(std::optional<Found> found)
+{
+    if (!found)
+        return std::nullopt;
+    if (!found->closed.empty())
+        m_closed.push_back(std::move(found->closed));
+    return std::move(found->items);
+}
 
 StockScan::StockScan(const install::Installation &installation, host::GameFiles &files,
                      std::string_view filter, std::size_t workers)
@@ -40,7 +51,9 @@ StockScan::StockScan(const install::Installation &installation, host::GameFiles 
     const auto snapshot = std::make_shared<host::Snapshot>(files);
     std::vector<std::string> folders = install::StockFolders(*snapshot, trainset, filter);
     const std::size_t count = folders.size();
-    m_ahead = std::make_unique<host::Ahead<std::vector<StockItem>>>(
+    if (count == 0 && snapshot->IsClosed(trainset))
+        m_closed.push_back(trainset);
+    m_ahead = std::make_unique<host::Ahead<Found>>(
         count,
         [snapshot, trainset, folders = std::move(folders)](std::size_t i) {
             return stockOfFolder(*snapshot, trainset, folders[i]);

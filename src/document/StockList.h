@@ -12,6 +12,7 @@
 
 namespace host {
 class GameFiles;
+class Snapshot;
 }
 namespace install {
 class Installation;
@@ -31,16 +32,29 @@ public:
 
     /// The items of the next folder when they are ready, at once; nothing when they are not or when
     /// all folders are done.
-    std::optional<std::vector<StockItem>> TryTakeFolder() { return m_ahead->TryTake(); }
+    std::optional<std::vector<StockItem>> TryTakeFolder() { return itemsOf(m_ahead->TryTake()); }
     /// The same, waiting for them.
-    std::optional<std::vector<StockItem>> TakeFolder() { return m_ahead->Take(); }
+    std::optional<std::vector<StockItem>> TakeFolder() { return itemsOf(m_ahead->Take()); }
+    /// The paths of those folders taken so far whose names could not be read; the trainset folder
+    /// first when it is one.
+    const std::vector<std::string> &ClosedFolders() const { return m_closed; }
     bool Done() const { return m_ahead->Done(); }
     std::size_t FoldersDone() const { return m_ahead->Taken(); }
     std::size_t Folders() const { return m_ahead->Count(); }
     void Stop() { m_ahead->Stop(); }
 
 private:
-    std::unique_ptr<host::Ahead<std::vector<StockItem>>> m_ahead;
+    struct Found
+    {
+        std::vector<StockItem> items;
+        std::string closed; ///< the folder's path when it could not be read
+    };
+    static Found stockOfFolder(host::Snapshot &files, const std::string &trainset,
+                               const std::string &folder);
+    std::optional<std::vector<StockItem>> itemsOf(std::optional<Found> found);
+
+    std::unique_ptr<host::Ahead<Found>> m_ahead;
+    std::vector<std::string> m_closed;
 };
 
 /// How the stock list is sorted: not at all (listing order) until a column header is clicked.

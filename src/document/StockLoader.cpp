@@ -16,6 +16,16 @@ constexpr int kFlushMilliseconds = 100;
 /// How long to leave the workers alone when they have nothing ready.
 constexpr int kPauseMilliseconds = 3;
 
+/// What the list lacks, for the end of a sentence.
+std::string without(const std::vector<std::string> &closed)
+{
+    if (closed.empty())
+        return {};
+    const std::string others =
+        closed.size() == 1 ? "" : " and " + std::to_string(closed.size() - 1) + " more";
+    return "; could not read " + closed.front() + others;
+}
+
 } // namespace
 
 StockLoader::StockLoader(DocumentHost &host, StockListModel &model, QObject *parent)
@@ -93,11 +103,14 @@ void StockLoader::finish(bool stopped)
 {
     m_timer.stop();
     const auto done = m_scan->FoldersDone(), total = m_scan->Folders();
+    const std::vector<std::string> closed = m_scan->ClosedFolders();
     m_scan.reset();
     m_model.Append(std::exchange(m_found, {}));
     m_model.Resort();
     m_host.SetProgress(0, 0);
-    const std::string items = std::to_string(m_model.rowCount()) + " items";
+    for (const std::string &folder : closed)
+        m_host.WriteLog("Could not read " + folder);
+    const std::string items = std::to_string(m_model.rowCount()) + " items" + without(closed);
     Q_EMIT Finished(stopped, stopped ? "Loading installed stock list stopped after " +
                                            std::to_string(done) + " of " + std::to_string(total) +
                                            " folders: " + items

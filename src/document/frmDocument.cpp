@@ -143,7 +143,10 @@ void frmDocument::loadList()
     m_list->ShowNames(document::ListConsists(m_host.Installation(), m_host.Files(), m_filter));
     if (m_list->Count() == 0)
         m_list->ShowHint(document::EmptyListHint(m_host.Installation(), m_host.Files(), m_filter));
-    m_host.SetStatus(std::to_string(m_list->Count()) + " consists");
+    const std::string folder = m_host.Installation().PathOf(document::kConsists);
+    m_host.SetStatus(m_host.Files().IsClosed(folder)
+                         ? folder + " cannot be read"
+                         : std::to_string(m_list->Count()) + " consists");
 }
 
 void frmDocument::loadEditor()

@@ -25,8 +25,11 @@ struct ListOptions
 void listConsists(Session &session, const std::string &filter, EntryWriter &entries)
 {
     const install::Installation installation = OpenInstallation(session);
+    const std::string folder = installation.PathOf(document::kConsists);
     for (const auto &name : document::ListConsists(installation, session.files, filter))
         entries.Add(name, {{"name", name}});
+    if (session.files.IsClosed(folder))
+        TellClosed(session, folder);
 }
 
 void listStock(Session &session, const std::string &filter, EntryWriter &entries)
@@ -39,6 +42,8 @@ void listStock(Session &session, const std::string &filter, EntryWriter &entries
             line.append("\t").append(folder).append("\t").append(shape);
             entries.Add(line, {{"type", type}, {"folder", folder}, {"shape", shape}});
         }
+    for (const std::string &folder : scan.ClosedFolders())
+        TellClosed(session, folder);
 }
 
 void listRoutes(Session &session, const std::string &filter, EntryWriter &entries)
@@ -56,6 +61,8 @@ void listRoutes(Session &session, const std::string &filter, EntryWriter &entrie
         entries.Add(shown[i], {{"folder", folders[i]},
                                {"name", name.empty() ? name : name.substr(1, name.size() - 2)}});
     }
+    if (const std::string folder = installation.PathOf("Routes"); session.files.IsClosed(folder))
+        TellClosed(session, folder);
 }
 
 void list(Session &session, const ListOptions &options)

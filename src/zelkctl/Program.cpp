@@ -25,8 +25,6 @@
 namespace zelkctl {
 namespace {
 
-constexpr int kCouldNotRun = 2;
-
 /// Where to read on, after what was wrong with the arguments of a command ("" for none).
 std::string hint(const std::string &command)
 {

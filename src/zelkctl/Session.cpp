@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Session.h"
 
+#include "host/Console.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
 
@@ -35,6 +36,15 @@ install::Installation OpenInstallation(Session &session)
     if (!session.files.FolderExists(folder))
         throw Failure(folder + ": error 76: Path not found");
     return installation;
+}
+
+void TellClosed(Session &session, const std::string &folder)
+{
+    session.out.Flush();
+    host::WriteTo(host::Stream::Error,
+                  "zelkctl: " + folder +
+                      ": error 75: " + host::ClassicText(host::ErrorNumber::PathFileAccess) + '\n');
+    session.exitCode = kCouldNotRun;
 }
 
 void NamingFile(const std::string &file, const std::function<void()> &work)

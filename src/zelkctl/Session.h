@@ -28,9 +28,15 @@ struct Session
     int exitCode = 0;                ///< of a command that could be done
 };
 
+/// The exit code when something could not be done.
+inline constexpr int kCouldNotRun = 2;
+
 /// The installation to work on: the folder named on the command line, else the one set in ZELK,
 /// else the registered one. Failure when there is none.
 install::Installation OpenInstallation(Session &session);
+
+/// Tells that a folder's names cannot be read; the command goes on and ends with kCouldNotRun.
+void TellClosed(Session &session, const std::string &folder);
 
 /// Does the work, and turns a run-time error in it into a Failure that names `file`:
 /// "x.con: error 53: File not found".
