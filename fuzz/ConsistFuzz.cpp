@@ -90,8 +90,8 @@ std::string trainFor(std::uint8_t choice, std::uint8_t spice, Model &model)
     for (int i = 0; i < choice % 8; ++i) {
         const bool engine = (choice >> 3) + i & 1, flipped = spice >> 2 & i & 1;
         const std::string type = engine ? "Engine" : "Wagon", shape = "s" + std::to_string(i);
-        text += "  " + type + " ( " + (flipped ? "Flip ( ) " : "") + "UiD ( 0 ) " + type +
-                "Data ( " + shape + " \"my folder\" ) )\n";
+        text.append(type).append(flipped ? " ( Flip ( ) UiD ( 0 ) " : " ( UiD ( 0 ) ");
+        text.append(type).append("Data ( ").append(shape).append(" \"my folder\" ) )\n");
         if (spice & 16)
             text += "  Comment ( Engine ( x ) )\n";
         model.units.push_back({{type, "my folder", shape}, flipped});

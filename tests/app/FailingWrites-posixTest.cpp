@@ -172,7 +172,7 @@ void expectWhole(const Command &command, const Content &before, const Content &a
 Content withoutTimes(Content content)
 {
     std::string &log = content[".local/state/zelk/zelk.log"];
-    if (const auto at = log.find("\n") + 1; at < log.size())
+    if (const auto at = log.find('\n') + 1; at < log.size())
         log.replace(at, 8, "--------");
     return content;
 }
@@ -204,10 +204,12 @@ TEST_P(FailingWritesTest, ARefusedStepLeavesWholeFilesAndIsTold)
             {
                 const FailingStep failing(step, error);
                 message = messageOf(GetParam(), world);
-                when = std::string("step ") + std::to_string(step) + ", " + failing.Refused() +
-                       ": " + std::generic_category().message(error);
+                when.append("step ").append(std::to_string(step)).append(", ");
+                when.append(failing.Refused()).append(": ");
+                when += std::generic_category().message(error);
             }
-            SCOPED_TRACE(when + " -> " + message);
+            when.append(" -> ").append(message);
+            SCOPED_TRACE(when);
             const Content now = withoutTimes(world.Files());
             expectWhole(GetParam(), before, after, now, when);
             for (const auto &[name, unused] : now)

@@ -65,7 +65,7 @@ const char *FailingStep::Refused() const
 
 // What the linker puts in the place of the system's calls (option --wrap). It knows the names of
 // the two sides only in this form.
-// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming)
+// NOLINTBEGIN(bugprone-reserved-identifier,bugprone-macro-parentheses,readability-identifier-naming)
 #define ZELK_STEP(Result, call, failure, parameters, arguments)                                    \
     extern "C" Result __real_##call parameters;                                                    \
     extern "C" Result __wrap_##call parameters;                                                    \
@@ -116,4 +116,4 @@ extern "C" int __wrap_open(const char *path, int flags, ...)
     va_end(rest);
     return __real_open(path, flags, mode);
 }
-// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
+// NOLINTEND(bugprone-reserved-identifier,bugprone-macro-parentheses,readability-identifier-naming)
