@@ -325,9 +325,8 @@ std::optional<Listing> List(const std::string &folder)
         if (name != L"." && name != L"..")
             listing.names.push_back({Narrow(name), kindOf(entry)});
     } while (FindNextFileW(search, &entry));
-    if (GetLastError() !=
-        ERROR_NO_MORE_FILES) // the rest could not be read; the next use tries again
-        listing.settled = false;
+    if (GetLastError() != ERROR_NO_MORE_FILES) // a part of the names would pass for all of them
+        return std::nullopt;
     return listing;
 }
 
