@@ -6,11 +6,6 @@
 #include "install/Installation.h"
 
 namespace document {
-namespace {
-
-constexpr std::string_view kConsists = "Trains/Consists";
-
-} // namespace
 
 std::vector<std::string> ListConsists(const install::Installation &installation,
                                       host::GameFiles &files, std::string_view filter)

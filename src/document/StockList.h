@@ -13,7 +13,7 @@
 namespace host {
 class GameFiles;
 class Snapshot;
-}
+} // namespace host
 namespace install {
 class Installation;
 }
