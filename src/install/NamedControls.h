@@ -6,7 +6,8 @@
 namespace install {
 
 /// A control of a window, and how it is known: by `name` in the code and to whoever drives the
-/// program from outside, by `title` to those who have the screen read aloud.
+/// program from outside, by `title` to those who have the screen read aloud. A label has "" for a
+/// title: its text is what they are to hear.
 struct NamedControl
 {
     QWidget *control;

@@ -60,7 +60,7 @@ void frmSetLoc::nameControls()
         {drvLocation, "drvLocation", "Drive", "Drive that holds the Train Simulator folder"},
         {dirLocation, "dirLocation", "Folders", "Choose the Train Simulator folder"},
         {txtLocation, "txtLocation", "Location", "Path of the Train Simulator folder"},
-        {lblHint, "lblHint", "Hint", "Whether this looks like the Train Simulator folder"},
+        {lblHint, "lblHint", "", "Whether this looks like the Train Simulator folder"},
         {cmdSetDefault, "cmdSetDefault", "Reset",
          "Back to the folder that Train Simulator registered"},
         {OKButton, "OKButton", "OK", "Use this folder"},

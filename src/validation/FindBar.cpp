@@ -52,7 +52,7 @@ void FindBar::nameControls()
 {
     const install::NamedControl controls[] = {
         {txtFind, "txtFind", "Find", "Text to look for; Enter finds the next place"},
-        {lblFound, "lblFound", "Places found", ""},
+        {lblFound, "lblFound", "", ""},
         {cmdFindPrevious, "cmdFindPrevious", "Find previous", "Find the previous place (Shift+F3)"},
         {cmdFindNext, "cmdFindNext", "Find next", "Find the next place (F3)"},
         {cmdFindClose, "cmdFindClose", "Close the find bar", "Close the find bar (Esc)"},

@@ -68,7 +68,7 @@ void frmResults::nameControls()
         {cmdPrint, "cmdPrint", "Print", "Print the report (Ctrl+P)"},
         {cmdSave, "cmdSave", "Save", "Append the report to a file (Ctrl+S)"},
         {cmdClose, "cmdClose", "Close", "Close this window (Esc)"},
-        {m_summary, "lblSummary", "Summary", ""},
+        {m_summary, "lblSummary", "", ""},
     };
     install::NameControls(controls);
 }

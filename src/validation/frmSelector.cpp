@@ -41,7 +41,7 @@ void frmSelector::nameControls()
         {lvItems, "lvItems", "Entries", "Mark the entries that you want"},
         {chkAll, "chkAll", "Select All", "Mark every entry, or none"},
         {fraDetails, "fraDetails", "Details", ""},
-        {lblDetails, "lblDetails", "Details of the current entry", ""},
+        {lblDetails, "lblDetails", "", ""},
         {cmdAction[0], "cmdAction0", "OK", "Go on with the marked entries"},
         {cmdAction[1], "cmdAction1", "Cancel", "Choose nothing"},
     };

@@ -154,6 +154,10 @@ push button View Consist in 3D
 push button Filter Consist List
 push button View Options
 )");
+    Command("File", "Set MSTS Location...");
+    // What labels say is read aloud, too.
+    Find(Dialog("Location"), "label", "This folder holds Trains and Routes, as it should.");
+    Answer("Location", "Cancel");
     const struct
     {
         const char *menu, *command, *title, *controls, *leave;
