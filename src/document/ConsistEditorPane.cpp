@@ -92,7 +92,7 @@ ConsistEditorPane::ConsistEditorPane(const Furnishing &furnishing, QWidget *pare
     ShowChanged(false);
 }
 
-/// The lists and what is between them first; the figures are only there to be read.
+/// As the eye goes.
 void ConsistEditorPane::orderTabs()
 {
     QWidget *before = lvConsist;
@@ -103,8 +103,6 @@ void ConsistEditorPane::orderTabs()
     for (QToolButton *button : cmdMove)
         next(button);
     next(lvStock);
-    for (QLineEdit *box : {txtMaxVelocity[0], txtMaxVelocity[1], txtDurability})
-        next(box);
     for (const std::size_t i : {3u, 4u, 2u, 0u, 1u})
         next(cmdAction[i]);
 }
@@ -136,6 +134,7 @@ QLineEdit *ConsistEditorPane::figureBox(const char *name, const QString &title)
     box->setAccessibleDescription(QString::fromLatin1(name));
     box->setToolTip(title + QStringLiteral(" (for display only)"));
     box->setReadOnly(true);
+    box->setFocusPolicy(Qt::ClickFocus);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("000000.00000")) + 16);
     QPalette colours = box->palette();
     colours.setColor(QPalette::Base, colours.color(QPalette::Window));
