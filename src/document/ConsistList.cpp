@@ -31,6 +31,8 @@ std::string EmptyListHint(const install::Installation &installation, host::GameF
     if (!files.FolderExists(folder))
         return "There is no folder\n" + folder + "\n\n" + choose +
                " chooses another installation of Train Simulator.";
+    if (files.IsClosed(folder))
+        return "You may not read the folder\n" + folder;
     if (!host::MatchesEverything(filter))
         return "No consist matches the filter " + std::string(filter) +
                "\n\nView > Filter changes it.";

@@ -140,9 +140,8 @@ void frmDocument::LoadForm()
 void frmDocument::loadList()
 {
     SetCaption(document::ConsistListCaption(m_windowNumber, m_filter));
+    m_list->ShowHint(document::EmptyListHint(m_host.Installation(), m_host.Files(), m_filter));
     m_list->ShowNames(document::ListConsists(m_host.Installation(), m_host.Files(), m_filter));
-    if (m_list->Count() == 0)
-        m_list->ShowHint(document::EmptyListHint(m_host.Installation(), m_host.Files(), m_filter));
     const std::string folder = m_host.Installation().PathOf(document::kConsists);
     m_host.SetStatus(m_host.Files().IsClosed(folder)
                          ? folder + " cannot be read"
