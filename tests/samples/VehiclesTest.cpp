@@ -146,7 +146,8 @@ std::optional<float> heightAt(const Triangle &t, float x, float z)
         return std::nullopt;
     const float u = ((x - a.x) * (c.z - a.z) - (c.x - a.x) * (z - a.z)) / whole;
     const float v = ((b.x - a.x) * (z - a.z) - (x - a.x) * (b.z - a.z)) / whole;
-    if (u < 0 || v < 0 || u + v > 1)
+    constexpr float seam = 1e-3F; // places on an edge belong to both its triangles
+    if (u < -seam || v < -seam || u + v > 1 + seam)
         return std::nullopt;
     return a.y + u * (b.y - a.y) + v * (c.y - a.y);
 }
