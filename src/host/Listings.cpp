@@ -31,20 +31,22 @@ template <typename Folder> std::shared_ptr<const Folder> read(const std::string 
     if (!listing)
         return nullptr;
     std::vector<Entry> entries;
-    std::vector<Entry *> sorted; // entries are too large to be moved about
+    std::vector<std::pair<std::string_view, Entry *>> sorted; // entries are large to move about
     entries.reserve(listing->names.size());
     sorted.reserve(listing->names.size());
-    for (disk::ListedName &listed : listing->names)
-        sorted.push_back(&entries.emplace_back(entryOf<Entry>(std::move(listed))));
-    std::sort(sorted.begin(), sorted.end(), [](const Entry *a, const Entry *b) {
-        const int order = CompareCodeUnits(a->key, b->key);
-        return order != 0 ? order < 0 : a->name < b->name;
+    for (disk::ListedName &listed : listing->names) {
+        Entry &entry = entries.emplace_back(entryOf<Entry>(std::move(listed)));
+        sorted.emplace_back(entry.key, &entry);
+    }
+    std::sort(sorted.begin(), sorted.end(), [](const auto &a, const auto &b) {
+        const int order = CompareCodeUnits(a.first, b.first);
+        return order != 0 ? order < 0 : a.second->name < b.second->name;
     });
     auto folder = std::make_shared<Folder>();
     folder->stamp = listing->stamp;
     folder->settled = listing->settled;
     folder->entries.reserve(sorted.size());
-    for (Entry *entry : sorted)
+    for (const auto &[key, entry] : sorted)
         folder->entries.push_back(std::move(*entry));
     return folder;
 }

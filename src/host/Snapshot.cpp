@@ -6,6 +6,7 @@
 #include "host/RuntimeError.h"
 
 #include <algorithm>
+#include <deque>
 #include <mutex>
 #include <unordered_map>
 
@@ -27,12 +28,12 @@ public:
     }
 
     /// The place of the first `depth` names of a path; an empty one when there is none.
-    std::shared_ptr<const Place> Find(const GamePath &path, std::size_t depth)
+    const Place *Find(const GamePath &path, std::size_t depth)
     {
         std::size_t length = path.root.size();
         for (std::size_t i = 0; i < depth; ++i)
             length += path.names[i].size() + (i == 0 ? 0 : 1);
-        if (auto known = lookUp(m_places, std::string_view(path.text).substr(0, length)))
+        if (const Place *known = lookUp(m_places, std::string_view(path.text).substr(0, length)))
             return known;
         return walk(path, depth);
     }
@@ -40,7 +41,7 @@ public:
     /// Where a path's last name is looked for. Nothing when the path can be none of a file.
     struct Leaf
     {
-        std::shared_ptr<const Place> place;
+        const Place *place;
         std::string name;
     };
     std::optional<Leaf> LeafOf(std::string_view path)
@@ -49,8 +50,8 @@ public:
         const std::string_view name = path.substr(folder.size());
         const bool plain = name != "." && name != ".." && name.find('\0') == name.npos;
         if (plain && !name.empty())
-            if (auto known = lookUp(m_aliases, folder))
-                return Leaf{std::move(known), std::string(name)};
+            if (const Place *known = lookUp(m_aliases, folder))
+                return Leaf{known, std::string(name)};
         const std::optional<GamePath> steps = GamePath::Of(path);
         if (!steps || steps->endsInSeparator || steps->names.empty())
             return std::nullopt;
@@ -103,15 +104,15 @@ private:
     };
 
     /// Step by step from the root, as far as there are folders.
-    std::shared_ptr<const Place> walk(const GamePath &path, std::size_t depth)
+    const Place *walk(const GamePath &path, std::size_t depth)
     {
         std::string text = path.root;
-        std::shared_ptr<const Place> place = lookUp(m_places, text);
+        const Place *place = lookUp(m_places, text);
         if (!place)
             place = keep(text, {listed(path.root)});
         for (std::size_t i = 0; i < depth && !place->empty(); ++i) {
             text += (i == 0 ? "" : std::string(1, path::kSeparator)) + path.names[i];
-            auto next = lookUp(m_places, text);
+            const Place *next = lookUp(m_places, text);
             place = next ? next : keep(text, below(*place, path.names[i]));
         }
         return place;
@@ -125,15 +126,17 @@ private:
                 found.push_back(listed(std::move(match)));
         return found;
     }
-    std::shared_ptr<const Place> keep(const std::string &text, Place place)
+    const Place *keep(const std::string &text, Place place)
     {
         const std::lock_guard lock(m_mutex);
-        return m_places.try_emplace(text, std::make_shared<Place>(std::move(place))).first->second;
+        const auto [kept, isNew] = m_places.try_emplace(text);
+        if (isNew)
+            kept->second = &m_made.emplace_back(std::move(place));
+        return kept->second;
     }
-    using Table =
-        std::unordered_map<std::string, std::shared_ptr<const Place>, Hash, std::equal_to<>>;
+    using Table = std::unordered_map<std::string, const Place *, Hash, std::equal_to<>>;
 
-    std::shared_ptr<const Place> lookUp(const Table &table, std::string_view text)
+    const Place *lookUp(const Table &table, std::string_view text)
     {
         const std::lock_guard lock(m_mutex);
         const auto found = table.find(text);
@@ -154,8 +157,9 @@ private:
 
     Listings &m_listings;
     std::mutex m_mutex;
-    Table m_places;  ///< by the text of a path with nothing left to work off
-    Table m_aliases; ///< by the text of folders, with their separator, as paths were given
+    std::deque<Place> m_made; ///< all places; they stay where they are
+    Table m_places;           ///< by the text of a path with nothing left to work off
+    Table m_aliases;          ///< by the text of folders, with their separator, as paths were given
     std::unordered_map<std::string, std::shared_ptr<const Listings::Folder>> m_read;
 };
 
@@ -237,7 +241,7 @@ bool Snapshot::IsClosed(std::string_view folder)
     const std::optional<GamePath> steps = GamePath::Of(folder);
     if (!steps)
         return false;
-    const auto place = m_places->Find(*steps, steps->names.size());
+    const auto *const place = m_places->Find(*steps, steps->names.size());
     return std::any_of(place->begin(), place->end(),
                        [](const Places::Listed &listed) { return !listed.second; });
 }
