@@ -99,17 +99,26 @@ void appendUnit(std::string &out, char32_t unit, bool bigEndian)
     out += bigEndian ? low : high;
 }
 
-/// Appends the ASCII characters from `at` on; returns the place behind them.
+/// Appends the ASCII characters from `at` on, looking at eight at a time where it can; returns the
+/// place behind them.
 std::size_t appendAsciiRun(std::string &out, std::string_view text, std::size_t at, bool bigEndian)
 {
     std::size_t end = at;
+    for (std::uint64_t eight = 0; end + sizeof eight <= text.size(); end += sizeof eight) {
+        std::memcpy(&eight, text.data() + end, sizeof eight);
+        if (eight & 0x8080808080808080u)
+            break;
+    }
     while (end < text.size() && static_cast<unsigned char>(text[end]) < 0x80)
         ++end;
+    const bool swapped = bigEndian == (std::endian::native == std::endian::little);
     const std::size_t old = out.size();
     out.resize(old + 2 * (end - at));
-    char *to = out.data() + old + (bigEndian ? 1 : 0);
-    for (std::size_t i = at; i < end; ++i, to += 2)
-        *to = text[i];
+    char *to = out.data() + old;
+    for (std::size_t i = at; i < end; ++i, to += 2) {
+        const auto unit = static_cast<std::uint16_t>(swapped ? text[i] << 8 : text[i]);
+        std::memcpy(to, &unit, sizeof unit);
+    }
     return end;
 }
 

@@ -59,29 +59,38 @@ public:
     {
         const auto &children = m_node.Children();
         const std::size_t none = m_layout.parts.size();
-        std::vector<std::size_t> nextRead(children.size() + 1, none);
+        m_order.reserve(children.size() + m_node.ValueCount());
+        std::vector<std::size_t> read(children.size()), nextRead(children.size() + 1, none);
+        for (std::size_t i = 0; i < children.size(); ++i)
+            read[i] = readPartOf(*children[i]);
         for (std::size_t i = children.size(); i-- > 0;)
-            nextRead[i] = readPartOf(*children[i]).value_or(nextRead[i + 1]);
+            nextRead[i] = read[i] == none ? nextRead[i + 1] : read[i];
         for (std::size_t i = 0; i < children.size(); ++i) {
             takeValuesBefore(nextRead[i]);
-            takeChild(*children[i]);
+            takeChild(*children[i], read[i]);
         }
         takeValuesBefore(none);
         return std::move(m_order);
     }
 
 private:
-    std::optional<std::size_t> readPartOf(const Node &child) const
+    /// The place of the part that a child was read from; the number of parts for none.
+    std::size_t readPartOf(const Node &child)
     {
-        if (!isChildAsRead(m_node, child))
-            return std::nullopt;
         const auto &parts = m_layout.parts;
-        const auto found = std::lower_bound(
-            parts.begin(), parts.end(), child.Read()->begin,
-            [](const ReadPart &part, std::size_t place) { return part.begin < place; });
-        if (found == parts.end() || found->record != child.record)
-            return std::nullopt;
-        return static_cast<std::size_t>(found - parts.begin());
+        if (!isChildAsRead(m_node, child))
+            return parts.size();
+        const std::size_t begin = child.Read()->begin;
+        // Most children stand behind the one before them, as they did when they were read.
+        if (m_expected >= parts.size() || parts[m_expected].begin != begin)
+            m_expected = static_cast<std::size_t>(
+                std::lower_bound(
+                    parts.begin(), parts.end(), begin,
+                    [](const ReadPart &part, std::size_t place) { return part.begin < place; }) -
+                parts.begin());
+        if (m_expected == parts.size() || parts[m_expected].record != child.record)
+            return parts.size();
+        return m_expected++;
     }
 
     void takeValuesBefore(std::size_t part)
@@ -96,11 +105,11 @@ private:
         }
     }
 
-    void takeChild(const Node &child)
+    void takeChild(const Node &child, std::size_t readPart)
     {
-        std::optional<std::size_t> read = readPartOf(child);
-        if (read && m_used[*read])
-            read.reset(); // the same block a second time
+        std::optional<std::size_t> read;
+        if (readPart < m_used.size() && !m_used[readPart]) // else the same block a second time
+            read = readPart;
         if (read)
             m_used[*read] = true;
         m_order.push_back({&child, 0, read});
@@ -111,6 +120,7 @@ private:
     std::vector<bool> m_used;
     std::vector<std::size_t> m_readValues; ///< part of each value as read
     std::size_t m_value = 0;               ///< the next value to take
+    std::size_t m_expected = 0;            ///< the part of the next child, most likely
     std::vector<Part> m_order;
 };
 
