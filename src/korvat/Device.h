@@ -36,6 +36,7 @@ struct DrawCall
     Finish finish = Finish::Normal;
     AddressMode addressing = AddressMode::Wrap;
     bool mipmaps = true;
+    float sharpness = 0;
     Tint colour;
     float alphaLimit = 0;  ///< pixels whose alpha is below are left out
     bool softEdge = false; ///< where alpha crosses the limit, a pixel is covered in part

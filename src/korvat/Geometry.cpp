@@ -199,8 +199,10 @@ std::vector<const Level *> NearestLevels(const Shape &shape)
     std::vector<const Level *> nearest;
     for (const LodControl &control : shape.lodControls) {
         const auto least = std::min_element(
-            control.levels.begin(), control.levels.end(),
-            [](const Level &a, const Level &b) { return a.distance < b.distance; });
+            control.levels.begin(), control.levels.end(), [](const Level &a, const Level &b) {
+                return a.distance < b.distance ||
+                       (std::isnan(b.distance) && !std::isnan(a.distance));
+            });
         if (least != control.levels.end())
             nearest.push_back(&*least);
     }

@@ -58,7 +58,7 @@ struct Bounds
 /// The box around all corners that are drawn, in the given pose (RestPose); nothing without any.
 std::optional<Bounds> BoundsOf(const Geometry &geometry, const std::vector<Matrix> &pose);
 
-/// The nearest level of each control, that with the smallest distance.
+/// The nearest level of each control, that with the smallest distance (no number is the largest).
 std::vector<const Level *> NearestLevels(const Shape &shape);
 
 /// The box around the nearest levels in their rest pose.

@@ -19,6 +19,7 @@ namespace korvat {
 namespace {
 
 constexpr float kAnisotropy = 8;
+constexpr std::array<float, 4> kBorder = {0, 0, 0, 1}; ///< what shapes say without exception
 
 // The compressed formats, by their numbers in EXT_texture_compression_s3tc.
 constexpr GLenum kDxt1Rgb = 0x83F0, kDxt1Rgba = 0x83F1, kDxt3 = 0x83F2, kDxt5 = 0x83F3;
@@ -106,7 +107,8 @@ bool GlDevice::start(std::string &reason)
     m_place = {m_surface.uniformLocation("world"),    m_surface.uniformLocation("colour"),
                m_surface.uniformLocation("textured"), m_surface.uniformLocation("opaque"),
                m_surface.uniformLocation("finish"),   m_surface.uniformLocation("alphaLimit"),
-               m_surface.uniformLocation("fades"),    m_surface.uniformLocation("softEdge")};
+               m_surface.uniformLocation("fades"),    m_surface.uniformLocation("softEdge"),
+               m_surface.uniformLocation("sharpness")};
     glGenVertexArrays(1, &m_skyArray);
     makeSamplers();
     m_compressedTextures = context->hasExtension("GL_EXT_texture_compression_s3tc");
@@ -141,6 +143,7 @@ void GlDevice::makeSamplers()
         glSamplerParameteri(sampler, GL_TEXTURE_MAG_FILTER, mipmaps ? GL_LINEAR : GL_NEAREST);
         glSamplerParameteri(sampler, GL_TEXTURE_MIN_FILTER,
                             mipmaps ? GL_LINEAR_MIPMAP_LINEAR : GL_NEAREST);
+        glSamplerParameterfv(sampler, GL_TEXTURE_BORDER_COLOR, kBorder.data());
         if (mipmaps && anisotropy > 1)
             glSamplerParameterf(sampler, GL_TEXTURE_MAX_ANISOTROPY_EXT,
                                 std::min(anisotropy, kAnisotropy));
@@ -324,6 +327,7 @@ void GlDevice::useState(const DrawCall &call)
     glUniform1i(m_place.finish, static_cast<GLint>(call.finish));
     glUniform1f(m_place.alphaLimit, call.alphaLimit);
     glUniform1i(m_place.softEdge, call.softEdge);
+    glUniform1f(m_place.sharpness, call.sharpness);
     setEnabled(GL_SAMPLE_ALPHA_TO_COVERAGE, call.softEdge);
     setEnabled(GL_BLEND, call.mixing != Mixing::Replace);
     glBindTexture(GL_TEXTURE_2D, call.texture);

@@ -51,7 +51,7 @@ private:
     QOpenGLShaderProgram m_surface, m_sky;
     struct
     {
-        int world, colour, textured, opaque, finish, alphaLimit, fades, softEdge;
+        int world, colour, textured, opaque, finish, alphaLimit, fades, softEdge, sharpness;
     } m_place{};
     GLuint m_skyArray = 0;
     std::array<GLuint, 8> m_samplers{}; ///< by addressing, with and without mipmaps

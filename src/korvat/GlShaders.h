@@ -28,7 +28,7 @@ in vec2 pictureAt;
 uniform sampler2D picture;
 uniform bool textured, opaque, fades, softEdge;
 uniform vec4 colour;
-uniform float alphaLimit;
+uniform float alphaLimit, sharpness;
 uniform int finish; // 0 normal, 1 shiny, 2 very shiny, 3 full, 4 half, 5 dark
 uniform vec3 eye, toSun, sun, above, below, haze;
 uniform vec2 hazeRange;
@@ -60,7 +60,7 @@ float coverage(float alpha)
 {
     vec2 size = vec2(textureSize(picture, 0));
     vec2 dx = dFdx(pictureAt) * size, dy = dFdy(pictureAt) * size;
-    float level = max(0.5 * log2(max(dot(dx, dx), dot(dy, dy))), 0.0);
+    float level = max(0.5 * log2(max(dot(dx, dx), dot(dy, dy))) + sharpness, 0.0);
     float lifted = alpha * (1.0 + 0.25 * level);
     return clamp((lifted - alphaLimit) / max(fwidth(lifted), 0.001) + 0.5, 0.0, 1.0);
 }
@@ -69,7 +69,7 @@ void main()
 {
     vec4 base = colour;
     if (textured)
-        base *= texture(picture, pictureAt);
+        base *= texture(picture, pictureAt, sharpness);
     if (opaque)
         base.a = 1.0;
     if (softEdge)

@@ -15,6 +15,7 @@ namespace korvat {
 namespace {
 
 constexpr float kPlainGrey = 0.62f;
+constexpr float kSharpest = -1; ///< many files ask for -3, which only makes pictures flicker
 
 template <typename Item, typename Index>
 const Item *itemAt(const std::vector<Item> &items, Index index)
@@ -29,22 +30,40 @@ struct Shader
     std::string_view name;
     bool lit;
     Blending blending;
+    bool textured = true;
 };
 
-constexpr std::array<Shader, 6> kShaders = {{{"Tex", false, Blending::None},
+constexpr std::array<Shader, 7> kShaders = {{{"Tex", false, Blending::None},
                                              {"TexDiff", true, Blending::None},
                                              {"BlendATex", false, Blending::Alpha},
                                              {"BlendATexDiff", true, Blending::Alpha},
                                              {"AddATex", false, Blending::Add},
-                                             {"AddATexDiff", true, Blending::Add}}};
+                                             {"AddATexDiff", true, Blending::Add},
+                                             {"Diffuse", true, Blending::None, false}}};
+
+const Shader *shaderNamed(std::string_view name)
+{
+    for (const Shader &shader : kShaders)
+        if (host::EqualsNoCase(name, shader.name))
+            return &shader;
+    return nullptr;
+}
 
 Shader shaderOf(const Shape &shape, const PrimState &state)
 {
-    if (const std::string *name = itemAt(shape.shaders, std::int64_t{state.shader}))
-        for (const Shader &shader : kShaders)
-            if (host::EqualsNoCase(*name, shader.name))
-                return shader;
-    return kShaders[1];
+    const std::string *name = itemAt(shape.shaders, std::int64_t{state.shader});
+    const Shader *shader = name ? shaderNamed(*name) : nullptr;
+    return shader ? *shader : kShaders[1];
+}
+
+void noteShader(const Shape &shape, const PrimState &state, std::vector<std::string> &notes)
+{
+    const std::string *name = itemAt(shape.shaders, std::int64_t{state.shader});
+    if (!name || shaderNamed(*name))
+        return;
+    std::string note = "shader " + *name + " is not known, drawn lit and solid";
+    if (std::find(notes.begin(), notes.end(), note) == notes.end())
+        notes.push_back(std::move(note));
 }
 
 Finish finishOf(const Shader &shader, std::int32_t lightMaterial)
@@ -92,13 +111,15 @@ void dress(const Shape &shape, const PrimState &state, Part &part)
     const TextureSlot *slot = state.textures.empty()
                                   ? nullptr
                                   : itemAt(shape.textures, std::int64_t{state.textures.front()});
-    if (!slot || !itemAt(shape.images, std::int64_t{slot->image})) {
+    if (!shader.textured || !slot || !itemAt(shape.images, std::int64_t{slot->image})) {
         part.surface.colour = plainColour(shape, vertexState);
         return;
     }
     part.slot = static_cast<int>(slot->image);
     const std::string *filter = itemAt(shape.filters, std::int64_t{slot->filter});
     part.surface.mipmaps = !filter || !host::EqualsNoCase(*filter, "Point");
+    part.surface.sharpness =
+        std::isfinite(slot->mipLodBias) ? std::max(slot->mipLodBias, kSharpest) : 0;
 }
 
 bool isFinite(const Vec3 &v)
@@ -166,9 +187,12 @@ void addLevel(const Shape &shape, const Level &level, Model &model)
     LevelBaker baker(geometry, model);
     for (const DrawPart &from : geometry.parts) {
         Part part = baker.Add(from, pose[from.matrix]);
-        dress(shape, shape.primStates[from.primState], part);
-        if (part.indexCount > 0)
-            model.parts.push_back(part);
+        const PrimState &state = shape.primStates[from.primState];
+        dress(shape, state, part);
+        if (part.indexCount == 0)
+            continue;
+        model.parts.push_back(part);
+        noteShader(shape, state, model.notes);
     }
 }
 

@@ -53,7 +53,8 @@ struct Surface
     bool alphaTest = false;
     AddressMode addressing = AddressMode::Wrap;
     bool mipmaps = true;
-    Tint colour; ///< multiplied with the picture; the whole colour where there is none
+    float sharpness = 0; ///< below 0 larger copies of the picture are taken than its size asks for
+    Tint colour;         ///< multiplied with the picture; the whole colour where there is none
 
     friend bool operator==(const Surface &, const Surface &) = default;
 };
@@ -73,6 +74,7 @@ struct Model
     Mesh mesh;
     std::vector<Part> parts;
     std::vector<std::string> textures; ///< file names of the texture slots
+    std::vector<std::string> notes;    ///< what is not drawn as the file says, a sentence each
     Bounds box;
     Sphere bounds;
 };

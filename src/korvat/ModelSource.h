@@ -26,7 +26,8 @@ struct LoadedTexture
 };
 
 /// Where shapes and pictures come from. Whoever asks twice for the same file while it is in use
-/// gets the same object, so that a hundred identical wagons cost one.
+/// gets the same object, so that a hundred identical wagons cost one. Safe to use from several
+/// threads.
 class ModelSource
 {
 public:

@@ -135,6 +135,7 @@ void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
         call.finish = part.surface.finish;
         call.addressing = part.surface.addressing;
         call.mipmaps = part.surface.mipmaps;
+        call.sharpness = part.surface.sharpness;
         call.colour = part.surface.colour;
         call.mixing = mixingOf(part.surface, picture.get());
         call.opaque = call.mixing == Mixing::Replace && !tested;

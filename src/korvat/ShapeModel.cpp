@@ -28,6 +28,8 @@ void ShapeModel::LoadShapeFile(const std::string &path)
             m_problems.push_back(std::move(picture.problem));
         m_pictures.push_back(std::move(picture.texture));
     }
+    for (const std::string &note : m_model->notes)
+        m_problems.push_back(std::string(host::path::FileName(path)) + ": " + note);
 }
 
 const std::string &ShapeModel::TextureInfo(int index) const

@@ -31,7 +31,8 @@ public:
     void LoadShapeFile(const std::string &path);
     /// What was wrong in the last LoadShapeFile, "" when it went well.
     const std::string &ErrorText() const { return m_error; }
-    /// The textures of the last LoadShapeFile that are missing or broken, a sentence each.
+    /// What does not look as it should after the last LoadShapeFile, a sentence each: textures that
+    /// are missing or broken, shaders that are not known.
     const std::vector<std::string> &Problems() const { return m_problems; }
 
     int TextureCount() const { return static_cast<int>(m_pictures.size()); }

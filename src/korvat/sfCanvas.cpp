@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr int kMaxSnapshots = 9999;
 constexpr float kNotch = 120; ///< what a wheel tells for one notch
 
 int numberOf(Qt::MouseButtons buttons)
@@ -128,14 +127,13 @@ void sfCanvas::paintEvent(QPaintEvent *)
 
 std::string sfCanvas::SnapshotFile() const
 {
-    for (int number = 1; number < kMaxSnapshots; ++number) {
-        std::array<char, 16> suffix{};
+    for (int number = 1;; ++number) {
+        std::array<char, 24> suffix{};
         std::snprintf(suffix.data(), suffix.size(), "-%04d.png", number);
         std::string path = m_snapshotBase + suffix.data();
         if (m_overwrite || !m_files.FileExists(path))
             return path;
     }
-    return m_snapshotBase + '-' + std::to_string(kMaxSnapshots) + ".png";
 }
 
 void sfCanvas::SaveSnapshot()

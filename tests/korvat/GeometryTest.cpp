@@ -128,6 +128,7 @@ TEST(GeometryTest, ShapesWithoutMatricesStandWhereTheyAre)
 TEST(GeometryTest, TheNearestLevelHasTheSmallestDistance)
 {
     Shape shape = twoParts();
+    shape.lodControls[0].levels.insert(shape.lodControls[0].levels.begin(), Level{kNan, {}, {}});
     shape.lodControls[0].levels.push_back(Level{300, {}, {}});
     shape.lodControls.push_back({});
     ASSERT_EQ(1u, NearestLevels(shape).size());

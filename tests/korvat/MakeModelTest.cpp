@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 using namespace korvat;
@@ -67,6 +68,9 @@ TEST(MakeModelTest, StatesSayWhatAPartLooksLike)
     };
     const Part plain = look(1, Finish::Normal, Blending::None, false);
     Part wrapped = plain, sharp = look(0, Finish::Normal, Blending::None, false);
+    Part sharper = plain, softer = plain;
+    sharper.surface.sharpness = -1;
+    softer.surface.sharpness = 0.5f;
     wrapped.surface.addressing = AddressMode::Wrap;
     sharp.surface.mipmaps = false;
     Part grey = look(-1, Finish::Normal, Blending::None, false), coloured = grey;
@@ -101,9 +105,18 @@ TEST(MakeModelTest, StatesSayWhatAPartLooksLike)
          look(1, Finish::DarkShade, Blending::None, false)},
         {"no light model", [](Shape &s) { s.vertexStates[0].lightModel = 3; }, wrapped},
         {"sharp filter", [](Shape &s) { s.primStates[0].textures = {1}; }, sharp},
+        {"larger copies", [](Shape &s) { s.textures[0].mipLodBias = -3; }, sharper},
+        {"smaller copies", [](Shape &s) { s.textures[0].mipLodBias = 0.5f; }, softer},
+        {"no number", [](Shape &s) { s.textures[0].mipLodBias = NAN; }, plain},
         {"no texture", [](Shape &s) { s.primStates[0].textures.clear(); }, grey},
         {"no such texture", [](Shape &s) { s.primStates[0].textures = {5}; }, grey},
         {"no such image", [](Shape &s) { s.primStates[0].textures = {2}; }, grey},
+        {"no texture wanted",
+         [](Shape &s) {
+             s.shaders = {"Diffuse"};
+             s.vertexStates[0].lightMaterial = 0;
+         },
+         coloured},
         {"a colour of its own",
          [](Shape &s) {
              s.primStates[0].textures.clear();
@@ -119,6 +132,18 @@ TEST(MakeModelTest, StatesSayWhatAPartLooksLike)
         EXPECT_EQ(model.parts[0].slot, row.part.slot) << row.name;
         EXPECT_TRUE(model.parts[0].surface == row.part.surface) << row.name;
     }
+}
+
+TEST(MakeModelTest, UnknownShadersThatAreDrawnAreNotedOnce)
+{
+    Shape shape = oneTriangle();
+    shape.shaders = {"Marble", "Unused"};
+    shape.primStates.push_back(shape.primStates[0]);
+    shape.lodControls[0].levels[1].subObjects[0].triangles.push_back({1, 0, 3});
+    EXPECT_EQ(MakeModel(shape).notes,
+              std::vector<std::string>{"shader Marble is not known, drawn lit and solid"});
+    shape.shaders = {"diffuse"};
+    EXPECT_TRUE(MakeModel(shape).notes.empty());
 }
 
 TEST(MakeModelTest, WhatLiesNowhereIsLeftOut)
