@@ -37,7 +37,9 @@ RuntimeError::RuntimeError(ErrorNumber number, std::string detail)
     , m_detail(std::move(detail))
     , m_what(ClassicText(number))
 {
-    if (!m_detail.empty())
+    if (m_number == ErrorNumber::InvalidCall && !m_detail.empty())
+        m_what = m_detail;
+    else if (!m_detail.empty())
         m_what += ": " + m_detail;
 }
 

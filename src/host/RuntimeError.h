@@ -38,7 +38,8 @@ public:
     /// The classic text alone.
     std::string Text() const { return ClassicText(m_number); }
     const std::string &Detail() const { return m_detail; }
-    /// "<classic text>: <detail>", or the classic text alone when there is no detail.
+    /// "<classic text>: <detail>", or the classic text alone when there is no detail; for
+    /// InvalidCall the detail alone, which says what may not be done.
     const char *what() const noexcept override { return m_what.c_str(); }
 
 private:

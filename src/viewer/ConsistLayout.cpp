@@ -18,6 +18,18 @@ namespace {
 
 constexpr const char *kLoadError = "Error Loading Shape";
 
+/// The length that a stock file gives. Error 6 with the file's name beyond single precision.
+std::optional<float> lengthOf(const StockShape &stock, const std::string &stockFile)
+{
+    if (!stock.length)
+        return std::nullopt;
+    try {
+        return LeadingNumber(*stock.length);
+    } catch (const host::RuntimeError &error) {
+        throw host::RuntimeError(error.Code(), stockFile + ": the length is " + error.Detail());
+    }
+}
+
 /// The length of a shape along the track; a shape stands with its middle on its origin.
 float lengthOf(const TSViewObject &object)
 {
@@ -39,6 +51,19 @@ ConsistLayout::ConsistLayout(const Services &services, std::string installFolder
         m_units.push_back(trainCfg.Children().Item(position));
 }
 
+std::vector<std::string> ConsistLayout::StockFiles() const
+{
+    std::vector<std::string> files;
+    for (const StfNode &entry : m_units) {
+        try {
+            files.push_back(install::StockPath(m_installFolder, install::UnitOf(entry).item));
+        } catch (const host::RuntimeError &) {
+            files.emplace_back(); // told when it is placed
+        }
+    }
+    return files;
+}
+
 bool ConsistLayout::Step()
 {
     if (m_next == m_units.size())
@@ -47,8 +72,6 @@ bool ConsistLayout::Step()
     try {
         place(entry);
     } catch (const host::RuntimeError &error) {
-        if (error.Code() == host::ErrorNumber::Overflow)
-            throw;
         m_services.dialogs.Message(error.what(), kLoadError, host::DialogIcon::Critical);
     }
     return true;
@@ -68,10 +91,11 @@ void ConsistLayout::place(const StfNode &entry)
 void ConsistLayout::placeStock(const std::string &stockFile, const std::string &name, bool flipped)
 {
     const StockShape stock = ReadStockShape(m_services.files, stockFile);
-    const float half = Finite(stock.length.value_or(0)) / 2;
+    const std::optional<float> length = lengthOf(stock, stockFile);
+    const float half = length.value_or(0) / 2;
     m_end = Finite(m_end - half);
     const float z = flipped ? -m_end : m_end, degrees = flipped ? -180.0f : 0.0f;
-    if (!stock.shapeFile.empty() && load(stock.shapeFile, name, z, degrees) && !stock.length) {
+    if (!stock.shapeFile.empty() && load(stock.shapeFile, name, z, degrees) && !length) {
         TSViewObject &object = m_view.Models.Item(m_view.Models.Count());
         const float halfShape = Finite(lengthOf(object)) / 2;
         object.SetZ(flipped ? z + halfShape : z - halfShape);

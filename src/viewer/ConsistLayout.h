@@ -19,7 +19,8 @@ namespace viewer {
 /// the mirrored place and turned by 180 degrees about the scene's origin, which brings it to its
 /// place, facing the other way.
 ///
-/// What cannot be loaded is told in a message box and leaves a gap of the length that is known.
+/// What cannot be loaded or placed is told in a message box and leaves a gap of the length that is
+/// known.
 class ConsistLayout
 {
 public:
@@ -28,10 +29,11 @@ public:
     ConsistLayout(const Services &services, std::string installFolder, const StfNode &trainCfg,
                   TSView &view);
 
-    /// Places the next vehicle; false when there was none left. Error 6 for a length or a place
-    /// that is no finite number.
+    /// Places the next vehicle; false when there was none left.
     bool Step();
 
+    /// The stock file of each vehicle in the order of the steps; "" where the train names none.
+    std::vector<std::string> StockFiles() const;
     int Total() const { return static_cast<int>(m_units.size()); }
     int Done() const { return static_cast<int>(m_next); }
     /// Z of the far end of what was placed so far: minus the length.

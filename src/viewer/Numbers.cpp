@@ -3,8 +3,11 @@
 
 #include "host/RuntimeError.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 #include <string>
 
@@ -15,6 +18,13 @@ namespace viewer {
 namespace {
 
 constexpr double kPi = 3.1415926535898;
+
+std::string wholeText(float number)
+{
+    std::array<char, 48> text{};
+    std::snprintf(text.data(), text.size(), "%.0f", static_cast<double>(number));
+    return text.data();
+}
 
 } // namespace
 
@@ -51,12 +61,12 @@ float LeadingNumber(std::string_view text)
     return value;
 }
 
-int Rounded16(float value)
+int Rounded16(float value, const char *what)
 {
     const float rounded = std::round(Finite(value));
     if (rounded < std::numeric_limits<short>::min() || rounded > std::numeric_limits<short>::max())
-        throw RuntimeError(ErrorNumber::Overflow, std::to_string(static_cast<long long>(rounded)) +
-                                                      " does not fit into 16 bits");
+        throw RuntimeError(ErrorNumber::Overflow, std::string(what) + " is " + wholeText(rounded) +
+                                                      " and does not fit into 16 bits");
     return static_cast<int>(rounded);
 }
 

@@ -16,7 +16,7 @@ float Finite(float value);
 /// there is none. The decimal sign is "." in every locale. Error 6 beyond single precision.
 float LeadingNumber(std::string_view text);
 
-/// Rounded to a whole number, halves away from 0; error 6 beyond 16 bits.
-int Rounded16(float value);
+/// Rounded to a whole number, halves away from 0; error 6 beyond 16 bits, which says `what` it is.
+int Rounded16(float value, const char *what);
 
 } // namespace viewer

@@ -10,8 +10,8 @@ namespace viewer {
 namespace {
 
 constexpr float kRadiansPerX = 1 / 200.0f, kRadiansPerY = 1 / 100.0f, kMetresPerY = 1 / 100.0f;
-constexpr float kStep = 0.9f;                         ///< distance left after one step forward
-constexpr float kClosest = 1.0f, kFarthest = 2000.0f; ///< metres from the target
+constexpr float kStep = 0.9f;                        ///< distance left after one step forward
+constexpr float kClosest = 1.0f, kFarthest = 500.0f; ///< metres; the haze ends at 600
 
 float signOf(float value)
 {

@@ -26,6 +26,15 @@ StfNode block(const StfNode &found, const char *name, const std::string &file)
     return found;
 }
 
+StfNode trainIn(host::GameFiles &files, const std::string &file)
+{
+    StfFile document(files);
+    document.SetFileName(file);
+    document.Load();
+    const StfNode train = block(document.FindNode("Train"), "Train", file);
+    return block(train.Child("TrainCfg"), "TrainCfg", file);
+}
+
 /// The values of TrainCfg joined by blanks.
 std::string titleOf(const StfNode &trainCfg)
 {
@@ -69,13 +78,14 @@ void Stage::setUp()
 void Stage::RenderConsist(const std::string &file, const std::string &installFolder)
 {
     m_setStatus("Loading " + file);
-    StfFile document(m_services.files);
-    document.SetFileName(file);
-    document.Load();
-    const StfNode train = block(document.FindNode("Train"), "Train", file);
-    const StfNode trainCfg = block(train.Child("TrainCfg"), "TrainCfg", file);
-    begin(trainCfg, installFolder);
-    m_caption = "Consist - " + titleOf(trainCfg);
+    try {
+        const StfNode trainCfg = trainIn(m_services.files, file);
+        begin(trainCfg, installFolder);
+        m_caption = "Consist - " + titleOf(trainCfg);
+    } catch (const RuntimeError &error) {
+        m_setStatus(error.what()); // it is not being loaded any more
+        throw;
+    }
 }
 
 void Stage::RenderLooseConsist(const StfNode &trainCfg, const std::string &installFolder,
@@ -91,6 +101,7 @@ void Stage::begin(const StfNode &trainCfg, const std::string &installFolder)
         throw RuntimeError(ErrorNumber::InvalidCall, "No consist to display");
     setUp();
     m_layout.emplace(m_services, installFolder, trainCfg, *m_view);
+    m_ahead.emplace(m_services, m_layout->StockFiles());
 }
 
 void Stage::RenderShape(const std::string &file)
@@ -98,6 +109,7 @@ void Stage::RenderShape(const std::string &file)
     m_setStatus("Loading " + file);
     setUp();
     m_shapeFile = file;
+    m_ahead.emplace(m_services, std::vector{file});
     m_caption.clear();
 }
 
@@ -106,6 +118,7 @@ bool Stage::Step()
     if (!m_loading)
         return false;
     m_loading = false; // also when one of these throws
+    const auto held = m_ahead ? m_ahead->Take() : ShapesAhead::Held();
     const bool more = m_layout ? m_layout->Step() : !m_shapeFile.empty();
     if (!more) {
         finish();
@@ -145,16 +158,17 @@ void Stage::Stop()
 
 void Stage::finish()
 {
+    m_ahead.reset();
     if (m_layout) {
         m_problems = m_layout->Problems();
         m_end = m_layout->End();
-    }
-    m_scrollMaximum = Rounded16(-m_end);
-    if (m_layout)
         m_view->CamZ = m_view->LookAtZ = TrainMiddle();
+    }
     if (m_view->Models.Count() > 0)
         m_view->Models.Item(1).SetSelected(true);
     m_view->ResetCamera();
+    m_scrollMaximum = Rounded16(-m_end, "the length of the train in metres");
+    m_scrollMiddle = Rounded16(-TrainMiddle(), "the middle of the train");
     reportEnd();
 }
 
@@ -172,11 +186,6 @@ void Stage::reportEnd()
     }
 }
 
-int Stage::ScrollMiddle() const
-{
-    return Rounded16(-TrainMiddle());
-}
-
 std::string Stage::Report() const
 {
     if (!m_view)
@@ -188,13 +197,14 @@ void Stage::Close()
 {
     if (m_view)
         m_view->DestroyModels();
+    m_ahead.reset();
     m_layout.reset();
     m_view.reset();
     m_shapeFile.clear();
     m_problems.clear();
     m_loading = false;
     m_end = 0;
-    m_scrollMaximum = 0;
+    m_scrollMaximum = m_scrollMiddle = 0;
 }
 
 } // namespace viewer

@@ -3,6 +3,7 @@
 
 #include "viewer/ConsistLayout.h"
 #include "viewer/Services.h"
+#include "viewer/ShapesAhead.h"
 #include "viewer/TSView.h"
 
 #include <chrono>
@@ -22,7 +23,7 @@ namespace viewer {
 ///
 /// The Render functions begin a new scene; Step loads the rest of it piece by piece. They throw
 /// host::RuntimeError: the errors of StfFile::Load, 91 with the file's name for missing blocks, 5
-/// "No consist to display" for a train without any blocks, 6 for a train that is too long.
+/// "No consist to display" for a train without any blocks.
 class Stage
 {
 public:
@@ -39,9 +40,12 @@ public:
     void RenderLooseConsist(const StfNode &trainCfg, const std::string &installFolder,
                             const std::string &source);
     void RenderShape(const std::string &file);
-    /// Loads the next piece; false when all is there (after that it does nothing).
+    /// Whether the next piece is read, so that Step will not wait for the disk.
+    bool Ready() { return !m_ahead || m_ahead->Ready(); }
+    /// Loads the next piece; false when all is there (after that it does nothing). Error 6 with the
+    /// last one for a train that is too long for the scroll bar; it stands there all the same.
     bool Step();
-    /// Ends the loading early; what is there stays, as if it were all.
+    /// Ends the loading early; what is there stays, as if it were all. Error 6 as Step.
     void Stop();
     bool Loading() const { return m_loading; }
     int Total() const { return m_layout ? m_layout->Total() : 1; }
@@ -55,9 +59,10 @@ public:
     /// Z of the far end of the train, 0 or negative, and of its middle.
     float TrainEnd() const { return m_end; }
     float TrainMiddle() const { return m_end / 2; }
-    /// The scroll bar along the train: its largest value, and the one for the middle.
+    /// The scroll bar along the train: its largest value, and the one for the middle. Both are 0
+    /// while loading and for a train that is too long.
     int ScrollMaximum() const { return m_scrollMaximum; }
-    int ScrollMiddle() const;
+    int ScrollMiddle() const { return m_scrollMiddle; }
 
     /// The texture report of what is shown, "" when there is nothing.
     std::string Report() const;
@@ -77,13 +82,14 @@ private:
     SetStatus m_setStatus;
     std::unique_ptr<TSView> m_view;
     std::optional<ConsistLayout> m_layout; ///< nothing for a single shape
+    std::optional<ShapesAhead> m_ahead;    ///< while loading
     std::string m_shapeFile, m_caption;
     std::vector<std::string> m_problems;
     bool m_loading = false;
     bool m_stopped = false;
     std::chrono::steady_clock::time_point m_nextShown; ///< not before this time
     float m_end = 0;
-    int m_scrollMaximum = 0;
+    int m_scrollMaximum = 0, m_scrollMiddle = 0;
 };
 
 } // namespace viewer

@@ -4,7 +4,6 @@
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "stavfile/StfFile.h"
-#include "viewer/Numbers.h"
 
 using host::ErrorNumber;
 using host::RuntimeError;
@@ -14,12 +13,12 @@ namespace {
 
 constexpr int kLengthInSize = 2;
 
-std::optional<float> lengthOf(const StfNode &wagon)
+std::optional<std::string> lengthOf(const StfNode &wagon)
 {
     const StfNode size = wagon.Child("Size");
     if (!size || size.NumParameters() <= kLengthInSize)
         return std::nullopt;
-    return LeadingNumber(size.Parameter(kLengthInSize));
+    return size.Parameter(kLengthInSize);
 }
 
 StfNode loadWagon(StfFile &file, const std::string &path)

@@ -48,8 +48,6 @@ std::string identity(const TSView *view)
     return std::to_string(reinterpret_cast<std::uintptr_t>(view));
 }
 
-constexpr const char *kTexturePath = "..\\textures\\";
-
 } // namespace
 
 TSView::TSView(const viewer::Services &services)

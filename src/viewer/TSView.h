@@ -53,6 +53,8 @@ public:
 
     korvat::Canvas *Viewer = nullptr; ///< null for none; must outlive the scene's use of it
     viewer::ViewObjects Models;
+    /// Where shapes have their textures, as seen from their folder.
+    static constexpr const char *kTexturePath = "..\\textures\\";
     bool FullyStarted = false; ///< true after Initialise found a canvas
 
     /// Starts the canvas; does nothing without one.

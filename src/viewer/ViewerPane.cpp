@@ -21,6 +21,7 @@ namespace {
 constexpr int kHighest = 40; ///< metres that the scroll bar lifts the camera to
 constexpr int kPage = 20;    ///< metres along the train
 constexpr qint64 kSliceMilliseconds = 10;
+constexpr int kPauseMilliseconds = 2; ///< while the next vehicle is being read
 constexpr int kLeft = 1, kRight = 2;
 
 QString plain(float number)
@@ -156,6 +157,9 @@ void ViewerPane::RenderShape(const std::string &file)
 void ViewerPane::begin()
 {
     m_host.setProgress(0, std::max(1, m_stage.Total()));
+    const QSignalBlocker silent(hscView);
+    hscView->setRange(0, 0);
+    showHeight();
     tmrRenderer.start(0);
 }
 
@@ -165,20 +169,28 @@ void ViewerPane::step()
 {
     QElapsedTimer spent;
     spent.start();
-    try {
-        bool more = true;
-        while (more && spent.elapsed() < kSliceMilliseconds)
+    bool more = true;
+    told([&] {
+        while (more && m_stage.Ready() && spent.elapsed() < kSliceMilliseconds)
             more = m_stage.Step();
-        if (more) {
-            m_host.setProgress(m_stage.Done(), std::max(1, m_stage.Total()));
-            tmrRenderer.start(0);
-            return;
-        }
-    } catch (const host::RuntimeError &error) {
+    });
+    if (!m_stage.Loading()) {
+        end();
+        return;
+    }
+    m_host.setProgress(m_stage.Done(), std::max(1, m_stage.Total()));
+    tmrRenderer.start(m_stage.Ready() ? 0 : kPauseMilliseconds);
+}
+
+/// Runs a piece of the loading; a failure is told, and goes no further.
+void ViewerPane::told(const std::function<void()> &piece)
+{
+    try {
+        piece();
+    } catch (const std::exception &error) {
         m_host.setStatus(error.what());
         m_host.services.dialogs.Message(error.what(), "View Consist", host::DialogIcon::Critical);
     }
-    end();
 }
 
 void ViewerPane::Stop()
@@ -186,7 +198,7 @@ void ViewerPane::Stop()
     if (!m_stage.Loading())
         return;
     tmrRenderer.stop();
-    m_stage.Stop();
+    told([this] { m_stage.Stop(); });
     end();
 }
 

@@ -83,6 +83,7 @@ private:
     void showNoCanvas(const std::string &reason);
     void begin();
     void step();
+    void told(const std::function<void()> &piece);
     void end();
     void drag(int buttons, float x, float y);
     void moveCamera(const std::function<void(OrbitCamera &)> &move);

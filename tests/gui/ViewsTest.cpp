@@ -16,6 +16,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <set>
 
 using document::ListView;
 using host::DialogAnswer;
@@ -391,29 +392,107 @@ TEST_F(ViewsTest, PropertiesTellWhatIsShown)
     EXPECT_EQ(report->Caption(), "Properties of Wagon - Wagon X");
     EXPECT_EQ(report->Text(), "Shape Textures: 1\r\n1\tside.dds");
     report->close();
+    window->OpenDocumentWindow(ConsistFile("Coal"), 2, "Consist - Coal", {});
+    ASSERT_TRUE(loaded());
+    Trigger("mnuFileProperties");
+    const auto reports = window->findChildren<frmResults *>();
+    ASSERT_FALSE(reports.empty());
+    EXPECT_EQ(reports.back()->Caption(), "Properties of Consist - Coal");
+    EXPECT_EQ(reports.back()->Text(), "All Consist Textures\r\n\r\nItem 1 Textures: 1\r\n1\tside"
+                                      ".dds\r\n\r\nItem 2 Textures: 1\r\n1\tside.dds");
+    reports.back()->close();
 }
 
 TEST_F(ViewsTest, WhatCannotBeShownIsToldAndTheRestGoesOn)
 {
     Start();
-    WriteConsist("Gappy", {"box", "gone", "box"});
+    WriteConsist("Gappy", {"box", "gone", "holed", "box"});
+    writeStock("Boxcars/holed.wag", "Wagon", 12, "gone.s");
     window->OpenDocumentWindow(game.Write("Trains/Consists/Bare.con", "Train ( TrainCfg ( x ) )"),
                                2, "Bare", {});
-    EXPECT_EQ(dialogs.TakeLog(),
-              "critical|Open File|Invalid procedure call or argument: No consist "
-              "to display\n");
+    EXPECT_EQ(dialogs.TakeLog(), "critical|Open File|No consist to display\n");
     window->OpenDocumentWindow(ConsistFile("Gappy"), 2, "Gappy", {});
     ASSERT_TRUE(loaded());
     EXPECT_EQ(scene().Models.Count(), 2);
     EXPECT_EQ(dialogs.TakeLog(),
               "critical|LoadShape|" +
                   host::path::Join(game.Path(), "Trains/Trainset/Boxcars/gone.wag") +
-                  " does not exist!\n");
+                  " does not exist!\ncritical|LoadShape|" +
+                  host::path::Join(game.Path(), "Trains/Trainset/Boxcars/gone.s") +
+                  " does not exist!\ncritical|Error Loading Shape|\n");
+    EXPECT_FLOAT_EQ(scene().Models.Item(2).Z(), -27) << "behind a gap of 12 metres";
+    EXPECT_EQ(pane().hscView->maximum(), 32);
     std::filesystem::remove(stockFile("Boxcars/side.dds"));
     files.Refresh();
     window->OpenFile(stockFile("Boxcars/box.wag"));
     ASSERT_TRUE(loaded());
     EXPECT_EQ(Status(), "Done. Texture side.dds is missing");
+}
+
+TEST_F(ViewsTest, ATrainThatIsTooLongForTheScrollBarIsTold)
+{
+    writeStock("Boxcars/hopper.wag", "Wagon", 70000, "box.s");
+    viewCoal();
+    EXPECT_EQ(dialogs.TakeLog(), "critical|View Consist|Overflow: the length of the train in "
+                                 "metres is 70010 and does not fit into 16 bits\n");
+    EXPECT_EQ(scene().Models.Count(), 2);
+    EXPECT_EQ(pane().hscView->maximum(), 0);
+    Trigger("mnuViewReset");
+    expectNear(camera(), {10, 2, -35005, 0, 2, -35005}, "its middle");
+}
+
+TEST_F(ViewsTest, TwoWindowsShareWhatTheyShowAndOneMayClose)
+{
+    viewCoal();
+    frmDocument &first = *Active();
+    window->OpenDocumentWindow(ConsistFile("Coal"), 2, "again", {});
+    ASSERT_TRUE(loaded());
+    sfCanvas &second = canvas();
+    pane().hscView->setValue(10);
+    first.findChild<ViewerPane *>()->hscView->setValue(10);
+    EXPECT_TRUE(showsWagon(second));
+    EXPECT_TRUE(showsWagon(*first.findChild<sfCanvas *>()));
+    EXPECT_EQ(scene().Models.Item(1).Model().Shape(),
+              first.findChild<ViewerPane *>()->View()->Models.Item(2).Model().Shape());
+    first.close();
+    ASSERT_TRUE(Wait([this] { return window->Documents().size() == 2; }));
+    Active()->resize(Active()->size() - QSize(40, 30));
+    EXPECT_TRUE(showsWagon(second));
+    EXPECT_EQ(scene().Models.Count(), 2);
+}
+
+TEST_F(ViewsTest, TheWindowAnswersInTheMiddleOfALayout)
+{
+    WriteConsist("Long", std::vector<std::string>(2000, "box"));
+    Start();
+    window->OpenDocumentWindow(ConsistFile("Long"), 2, "Long", {});
+    ASSERT_TRUE(Wait([this] { return scene().Models.Count() > 3; }));
+    ASSERT_TRUE(pane().Loading());
+    expectNear(camera(), {10, 2, 0, 0, 2, 0}, "not moved to the middle yet");
+    EXPECT_EQ(pane().hscView->maximum(), 0);
+    drag(Qt::RightButton, {0, 100});
+    expectNear(camera(), {10, 3, 0, 0, 3, 0}, "the mouse works");
+    Trigger("mnuFileSave");
+    EXPECT_TRUE(game.Exists("Shots/ZELKC-0001.png"));
+    Trigger("mnuFileProperties");
+    auto *report = window->findChild<frmResults *>();
+    ASSERT_TRUE(report);
+    EXPECT_EQ(report->Text().rfind("All Consist Textures\r\n\r\nItem 1 Textures: 1\r\n", 0), 0u);
+    report->close();
+    Active()->resize(Active()->size() - QSize(60, 40));
+    Active()->showMinimized();
+    Active()->showNormal();
+    Trigger("mnuViewReset");
+    expectNear(camera(), {10, 2, 0, 0, 2, 0}, "reset");
+    EXPECT_TRUE(pane().Loading());
+    WriteConsist("Long", {"hopper"});
+    Trigger("mnuViewRefresh"); // begins anew, with another train
+    ASSERT_TRUE(loaded());
+    EXPECT_EQ(scene().Models.Count(), 1);
+    EXPECT_EQ(pane().hscView->maximum(), 20);
+    Trigger("mnuViewRefresh");
+    EXPECT_EQ(pane().hscView->maximum(), 0) << "nothing is left of the last train";
+    EXPECT_EQ(dialogs.TakeLog(), "");
 }
 
 TEST_F(ViewsTest, EscStopsALongLoading)
@@ -432,10 +511,16 @@ TEST_F(ViewsTest, EscStopsALongLoading)
 
 TEST_F(ViewsTest, ClosingLetsGoOfEverything)
 {
+    host::AppendTraceLine("test"); // on Windows the log is that of the machine
+    const auto traceBegin = std::filesystem::file_size(host::TraceLogFile());
     viewCoal();
     frmDocument &coal = *Active();
     window->OpenDocumentWindow(ConsistFile("GP38 Local"), 2, "Local", {});
     Active()->close(); // while it loads
+    WriteConsist("Long", std::vector<std::string>(2000, "box"));
+    window->OpenDocumentWindow(ConsistFile("Long"), 2, "Long", {});
+    ASSERT_TRUE(Wait([this] { return scene().Models.Count() > 3; }));
+    Active()->close(); // in the middle
     coal.LoadForm();   // a second scene in the place of the first
     auto &shown = *coal.findChild<ViewerPane *>();
     ASSERT_TRUE(Wait([&shown] { return !shown.Loading(); }));
@@ -443,14 +528,18 @@ TEST_F(ViewsTest, ClosingLetsGoOfEverything)
     coal.close();
     EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
     std::ifstream log(host::TraceLogFile());
-    int scenes = 0, objects = 0;
+    log.seekg(static_cast<std::streamoff>(traceBegin));
+    std::set<std::string> alive; // kinds and addresses
+    std::size_t created = 0;
     for (std::string line; std::getline(log, line);) {
-        const int step = line.find('>') != line.npos ? 1 : -1;
-        if (line.find("tsviewobject") != line.npos)
-            objects += step;
-        else if (line.find("tsview") != line.npos)
-            scenes += step;
+        const std::string who = line.size() > 11 ? line.substr(11) : "";
+        if (line.find(" > tsview") != line.npos) {
+            EXPECT_TRUE(alive.insert(who).second) << line;
+            ++created;
+        } else if (line.find(" < tsview") != line.npos) {
+            EXPECT_EQ(alive.erase(who), 1u) << line;
+        }
     }
-    EXPECT_EQ(objects, 0);
-    EXPECT_EQ(scenes, 0);
+    EXPECT_EQ(alive, std::set<std::string>());
+    EXPECT_GT(created, 10u);
 }

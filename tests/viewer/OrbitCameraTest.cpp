@@ -41,7 +41,7 @@ TEST(OrbitCameraTest, HandsMoveTheCamera)
         {"nothing", askew, pan, 0, 0, askew},
         {"one step nearer", side, approach, 1, 0, {9, 2, -15, 0, 2, -15}},
         {"not into the target", side, approach, 100, 0, {1, 2, -15, 0, 2, -15}},
-        {"not out of the world", side, approach, -100, 0, {2000, 2, -15, 0, 2, -15}},
+        {"not out of the world", side, approach, -100, 0, {500, 2, -15, 0, 2, -15}},
     };
     for (const auto &row : rows) {
         CameraPose pose = row.before;

@@ -15,6 +15,7 @@
 #include <array>
 #include <ios>
 #include <map>
+#include <mutex>
 #include <string>
 
 /// A canvas that writes down what is asked of it, a word each, and draws on no device.
@@ -60,6 +61,9 @@ public:
     std::map<std::string, std::vector<std::string>> textures; ///< by the shape's file name
     std::string asked; ///< folders and paths of the pictures asked for, relative to nothing
     float length = 8;
+
+private:
+    std::mutex m_mutex; ///< shapes are read ahead on a thread
 };
 
 /// An installation of its own, dialogs that answer from a script, made-up shapes.

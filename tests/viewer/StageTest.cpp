@@ -25,6 +25,7 @@ protected:
         writeStock("Cars", "Broken.wag", "3 4 10", "bad.s");
         writeStock("Cars", "Shapeless.wag", "3 4 10", "");
         writeStock("Cars", "Long.wag", "3 4 40000", "box.s");
+        writeStock("Cars", "Endless.wag", "3 4 1e99", "box.s");
     }
     /// The TrainCfg block of these units; each is a word such as "Box10" or "Box10*" (flipped), or
     /// a block of its own when it holds a bracket.
@@ -92,6 +93,10 @@ TEST_F(StageTest, VehiclesStandEndToEnd)
          "-15>",
          -20,
          "Error Loading Shape|Shapeless.wag: there is no WagonShape in Wagon\n"},
+        {{"Endless", "Box10"},
+         "-5>",
+         -10,
+         "Error Loading Shape|Overflow: Endless.wag: the length is 1e99\n"},
         {{"Wagon ( UiD ( 1 ) )", "Box10"},
          "-5>",
          -10,
@@ -124,13 +129,42 @@ TEST_F(StageTest, TheScrollBarRunsAlongTheTrain)
     EXPECT_TRUE(stage.View()->Models.Item(1).Selected());
     EXPECT_FALSE(stage.View()->Models.Item(2).Selected());
     EXPECT_EQ(stage.Caption(), "Loose Consist - Morning Freight");
-    try {
-        load({"Long"});
-        FAIL() << "40 km do not fit";
-    } catch (const host::RuntimeError &error) {
-        EXPECT_EQ(error.Number(), 6);
+}
+
+TEST_F(StageTest, ATrainThatIsTooLongForTheScrollBarIsAnErrorAndStandsThere)
+{
+    const struct
+    {
+        std::vector<std::string> units;
+        int steps; ///< after which it is stopped
+        const char *places;
+        float middle;
+    } rows[] = {
+        {{"Long"}, 9, "-20000>", -20000},
+        {{"Long", "Box10*", "Long"}, 9, "-20000> -40005< -60010>", -40005},
+        {{"Long", "Box10", "Long"}, 1, "-20000>", -20000},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.middle);
+        try {
+            stage.RenderLooseConsist(train(row.units), game.Path(), "x.act");
+            for (int step = 0; step < row.steps && stage.Step(); ++step)
+                continue;
+            stage.Stop();
+            FAIL() << "40 km do not fit";
+        } catch (const host::RuntimeError &error) {
+            EXPECT_EQ(error.Number(), 6);
+            EXPECT_EQ(std::string(error.what()).find("Overflow: the length of the train in metres"),
+                      0u)
+                << error.what();
+        }
+        EXPECT_FALSE(stage.Loading());
+        EXPECT_FALSE(stage.Step()) << "and that was all";
+        EXPECT_EQ(places(), row.places);
+        EXPECT_FLOAT_EQ(canvas.camera[2], row.middle);
+        EXPECT_EQ(stage.ScrollMaximum(), 0);
+        EXPECT_EQ(stage.ScrollMiddle(), 0) << "also where half of it would not fit";
     }
-    EXPECT_FALSE(stage.Step()) << "and that was all";
 }
 
 TEST_F(StageTest, StepsShowWhatIsThere)
@@ -160,6 +194,7 @@ TEST_F(StageTest, ConsistFilesAndTheirFaults)
             while (stage.Step())
                 continue;
         } catch (const host::RuntimeError &error) {
+            EXPECT_EQ(status, error.what());
             std::string what = error.what();
             if (const auto at = what.find(path); at != what.npos)
                 what.replace(at, path.size(), "a.con");
@@ -169,8 +204,7 @@ TEST_F(StageTest, ConsistFilesAndTheirFaults)
     };
     EXPECT_EQ(render("Train ( TrainCfg ( \"A B\" Wagon ( WagonData ( Box10 Cars ) ) ) )"),
               "Consist - A B-5>");
-    EXPECT_EQ(render("Train ( TrainCfg ( x ) )"),
-              "Invalid procedure call or argument: No consist to display");
+    EXPECT_EQ(render("Train ( TrainCfg ( x ) )"), "No consist to display");
     EXPECT_EQ(render("Train ( )"),
               "Object variable or With block variable not set: a.con: there is no TrainCfg block");
     EXPECT_EQ(render("Wagon ( )"),
@@ -209,6 +243,6 @@ TEST(NumbersTest, TheNumberIsTheBeginningOfTheText)
     for (const auto &row : rows)
         EXPECT_FLOAT_EQ(viewer::LeadingNumber(row.text), row.number) << row.text;
     EXPECT_THROW(viewer::LeadingNumber("1e99"), host::RuntimeError);
-    EXPECT_EQ(viewer::Rounded16(32767.4f), 32767);
-    EXPECT_THROW(viewer::Rounded16(32767.6f), host::RuntimeError);
+    EXPECT_EQ(viewer::Rounded16(32767.4f, ""), 32767);
+    EXPECT_THROW(viewer::Rounded16(32767.6f, ""), host::RuntimeError);
 }

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "viewer/ShapesAhead.h"
+
+#include "host/GameFiles.h"
+#include "viewer/StockShape.h"
+#include "viewer/TSView.h"
+
+#include <exception>
+
+namespace viewer {
+namespace {
+
+/// One thread reads what several vehicles share only once, and leaves a core to the window.
+constexpr std::size_t kThreads = 1;
+constexpr std::size_t kWaiting = 8; ///< vehicles: more would only take memory earlier
+
+std::string shapeOf(host::GameFiles &files, const std::string &file)
+{
+    const bool shape = host::path::Extension(file) == "s";
+    return shape || file.empty() ? file : ReadStockShape(files, file).shapeFile;
+}
+
+} // namespace
+
+ShapesAhead::ShapesAhead(const Services &services, std::vector<std::string> files)
+    : m_ahead(
+          files.size(),
+          [services, files](std::size_t place) { return read(services, files[place]); }, kThreads,
+          kWaiting)
+{
+}
+
+ShapesAhead::Held ShapesAhead::read(const Services &services, const std::string &file)
+{
+    Held held;
+    try {
+        const std::string shape = shapeOf(services.files, file);
+        if (shape.empty())
+            return held;
+        held.model = services.shapes.LoadModel(shape).model;
+        if (!held.model)
+            return held;
+        const std::string folder(host::path::FolderWithSeparator(shape));
+        for (const std::string &name : held.model->textures)
+            held.pictures.push_back(
+                services.shapes.LoadTexture(folder, TSView::kTexturePath, name).texture);
+    } catch (const std::exception &) {
+        // Loading the vehicle meets the same, and tells it in its turn.
+    }
+    return held;
+}
+
+bool ShapesAhead::Ready()
+{
+    if (!m_next)
+        m_next = m_ahead.TryTake();
+    return m_next || m_ahead.Done();
+}
+
+ShapesAhead::Held ShapesAhead::Take()
+{
+    if (!m_next)
+        m_next = m_ahead.Take();
+    return std::exchange(m_next, std::nullopt).value_or(Held());
+}
+
+} // namespace viewer
