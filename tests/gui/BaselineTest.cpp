@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+// Pictures of the sample's models beside those in tests/fixtures/pictures.
+//
+// A picture that differs leaves itself and its differences in the folder $ZELK_TEST_PICTURES, or
+// else in "failed-pictures" in the working folder; the message names the files. Where the
+// difference is wanted, run this test with ZELK_RENEW_PICTURES=1, which writes the pictures anew,
+// and look at each before it is committed: lettering must read from left to right.
+#include "host/GameFiles.h"
+#include "korvat/ModelLibrary.h"
+#include "korvat/OffscreenCanvas.h"
+#include "samples/Sample.h"
+#include "support/Environment.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TempFolder.h"
+#include "viewer/TSView.h"
+
+#include <QDir>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+using viewer::CameraPose;
+
+namespace {
+
+constexpr int kWidth = 160, kHeight = 100;
+constexpr int kClear = 48; ///< of 255: colours that differ less are those of another OpenGL
+constexpr double kAllowed = 0.02, kMirrored = 0.03; ///< shares of the pixels
+
+class BaselineTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        std::string reason;
+        canvas = korvat::OffscreenCanvas::Create(kWidth, kHeight, reason);
+        if (!canvas)
+            GTEST_SKIP() << reason;
+        samples::WriteSample(folder.At("s"));
+        view.Viewer = canvas.get();
+        view.Initialise();
+        canvas->SetRangeNear(50);
+        canvas->SetRangeFar(600);
+    }
+    void TearDown() override { view.DestroyModels(); }
+
+    void add(const std::string &shape, float z, float degrees)
+    {
+        const std::string key = std::to_string(view.Models.Count());
+        ASSERT_TRUE(view.LoadShapeInToViewer(key, folder.At("s/" + shape), 0, 0, z, degrees))
+            << dialogs.Log();
+    }
+    /// Dresses the only object in the picture of a season's folder.
+    void dress(const std::string &season)
+    {
+        ShapeModel &model = view.Models.Item(1).Model();
+        model.SetTexture(0, model.LoadTexture(season + '\\' + model.TextureInfo(0)));
+    }
+    QImage take(const CameraPose &camera)
+    {
+        static_cast<CameraPose &>(view) = camera;
+        view.ResetCamera();
+        return canvas->Picture().convertToFormat(QImage::Format_RGB888);
+    }
+
+    support::ScopedHome home;
+    support::TempFolder folder;
+    host::GameFiles files;
+    support::ScriptedDialogs dialogs;
+    korvat::ModelLibrary shapes{files};
+    std::unique_ptr<korvat::OffscreenCanvas> canvas;
+    TSView view{viewer::Services{files, dialogs, shapes}};
+};
+
+/// How far the colours of a pixel are apart, the largest of three.
+int apart(QRgb a, QRgb b)
+{
+    return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                     std::abs(qBlue(a) - qBlue(b))});
+}
+
+/// The share of the pixels that differ clearly; all of them where the sizes do.
+double difference(const QImage &a, const QImage &b)
+{
+    if (a.size() != b.size())
+        return 1;
+    int clear = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            clear += apart(a.pixel(x, y), b.pixel(x, y)) > kClear;
+    return static_cast<double>(clear) / (a.width() * a.height());
+}
+
+/// Saves what was painted, and where it differs from what was wanted: the brighter the farther.
+std::string leave(const std::string &name, const QImage &picture, const QImage &wanted)
+{
+    const char *named = std::getenv("ZELK_TEST_PICTURES");
+    QDir where(named ? QString::fromLocal8Bit(named) : QStringLiteral("failed-pictures"));
+    where.mkpath(QStringLiteral("."));
+    QImage differences(picture.size(), QImage::Format_Grayscale8);
+    differences.fill(255);
+    for (int y = 0; y < std::min(picture.height(), wanted.height()); ++y)
+        for (int x = 0; x < std::min(picture.width(), wanted.width()); ++x)
+            differences.scanLine(y)[x] =
+                static_cast<uchar>(apart(picture.pixel(x, y), wanted.pixel(x, y)));
+    const QString base = where.absoluteFilePath(QString::fromStdString(name));
+    const QString painted = base + QStringLiteral(".png");
+    const QString different = base + QStringLiteral("-difference.png");
+    EXPECT_TRUE(picture.save(painted) && differences.save(different));
+    return painted.toStdString() + " and " + different.toStdString();
+}
+
+constexpr const char *kStock = "TRAINS/TRAINSET/", *kCottage = "ROUTES/TARNWICK/SHAPES/cottage.s";
+
+} // namespace
+
+TEST_F(BaselineTest, ModelsLookAsTheyDid)
+{
+    const CameraPose garden{15, 6, 13, 0, 2.2F, 0};
+    const struct
+    {
+        const char *name, *shape;
+        float z, degrees;
+        int count; ///< one behind the other
+        const char *season;
+        CameraPose camera;
+    } rows[] = {
+        {"lettering-right", "Boxes & Vans/box_501.s", 0, 0, 1, "", {9, 2.3F, 0, 0, 2.3F, 0}},
+        {"lettering-left", "Boxes & Vans/box_501.s", 0, 0, 1, "", {-9, 2.3F, 0, 0, 2.3F, 0}},
+        {"flipped", "Ardmoor Valley/avr_d401.s", 8.6F, -180, 1, "", {13, 3, -8.6F, 0, 2.2F, -8.6F}},
+        {"glass", "Coastline/coach_first.s", 0, 0, 1, "", {5, 2.8F, 4, 0, 2.5F, 1}},
+        {"railings", "Ardmoor Valley/avr_caboose.s", 0, 0, 1, "", {5, 3, 9, 0, 2, 4}},
+        {"haze", "Ardmoor Valley/avr_hopper_11.s", 0, 0, 50, "", {7, 5, 8, 0, 2, -40}},
+        {"cottage-summer", kCottage, 0, 0, 1, "", garden},
+        {"cottage-snow", kCottage, 0, 0, 1, "Snow", garden},
+        {"cottage-night", kCottage, 0, 0, 1, "Night", garden},
+    };
+    const bool renews = std::getenv("ZELK_RENEW_PICTURES") != nullptr;
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.name);
+        view.DestroyModels();
+        for (int i = 0; i < row.count; ++i)
+            add((row.shape == kCottage ? "" : kStock) + std::string(row.shape),
+                row.z - 11.5F * static_cast<float>(i), row.degrees);
+        if (*row.season)
+            dress(row.season);
+        const QImage picture = take(row.camera);
+        const QString file = QStringLiteral(ZELK_PICTURES "/%1.png").arg(QLatin1String(row.name));
+        if (renews) {
+            ASSERT_TRUE(picture.save(file)) << file.toStdString();
+            continue;
+        }
+        const QImage wanted(file);
+        const double share = difference(picture, wanted);
+        if (share > kAllowed)
+            ADD_FAILURE() << 100 * share << " % of the picture differ from " << file.toStdString()
+                          << ", see " << leave(row.name, picture, wanted);
+        EXPECT_GT(difference(picture.mirrored(true, false), wanted), kMirrored)
+            << "this picture would not tell left from right";
+    }
+    EXPECT_EQ(dialogs.Log(), "");
+}
