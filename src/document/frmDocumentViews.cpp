@@ -37,9 +37,11 @@ bool isActivity(const std::string &file)
 void frmDocument::makeViewerPane()
 {
     const viewer::Services services{m_host.Files(), m_host.Dialogs(), m_host.Shapes()};
+    // The pane outlives this part of the window, and reports when it goes.
+    document::DocumentHost &host = m_host;
     m_viewer = new viewer::ViewerPane(
-        {services, [this](const std::string &text) { m_host.SetStatus(text); },
-         [this](int done, int total) { m_host.SetProgress(done, total); }});
+        {services, [&host](const std::string &text) { host.SetStatus(text); },
+         [&host](int done, int total) { host.SetProgress(done, total); }});
     setWidget(m_viewer);
     setMinimumSize(200, 160);
 }
