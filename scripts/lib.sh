@@ -67,9 +67,10 @@ private_folders() {
   unset ZELK_REGISTRY
 }
 
-# Runs a command under an X server of its own.
+# Runs a command under an X server of its own, which stays as it is when its last program leaves:
+# while a server starts over, it turns programs away.
 screen_width=1280
 screen_height=800
 with_display() {
-  xvfb-run -a -s "-screen 0 ${screen_width}x${screen_height}x24" "$@"
+  xvfb-run -a -s "-screen 0 ${screen_width}x${screen_height}x24 -noreset" "$@"
 }

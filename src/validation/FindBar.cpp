@@ -16,7 +16,7 @@ namespace validation {
 FindBar::FindBar(QPlainTextEdit &text, QWidget *parent)
     : QWidget(parent)
     , txtFind(new QLineEdit(this))
-    , cmdFindPrevious(button("&Previous"))
+    , cmdFindPrevious(button("Pre&vious"))
     , cmdFindNext(button("&Next"))
     , cmdFindClose(button("\u00d7"))
     , lblFound(new QLabel(this))

@@ -177,6 +177,11 @@ Content withoutTimes(Content content)
     return content;
 }
 
+std::ostream &operator<<(std::ostream &out, const Command &command)
+{
+    return out << command.name;
+}
+
 class FailingWritesTest : public testing::TestWithParam<Command>
 {
 protected:

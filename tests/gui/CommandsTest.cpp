@@ -32,6 +32,11 @@ struct Row
     const char *effect;
 };
 
+std::ostream &operator<<(std::ostream &out, const Row &row)
+{
+    return out << row.command;
+}
+
 class CommandsTableTest : public GuiTest
 {
 };

@@ -52,7 +52,7 @@ void addCommands(const QList<QAction *> &actions, const QString &menu, Texts &co
     for (const QAction *action : actions) {
         QString caption = action->text().remove(QLatin1Char('&'));
         caption = menu + caption.remove(QLatin1String("...")).trimmed();
-        if (action->isSeparator() || action->text().isEmpty())
+        if (action->isSeparator() || !action->isVisible())
             continue;
         if (action->menu()) {
             addCommands(action->menu()->actions(), caption + QStringLiteral(" > "), commands, keys);

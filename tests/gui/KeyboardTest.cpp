@@ -25,7 +25,9 @@ std::string nameOf(const QWidget &control)
     if (!control.objectName().isEmpty())
         return control.objectName().toStdString();
     const auto *button = qobject_cast<const QAbstractButton *>(&control);
-    return button ? button->text().toStdString() : control.metaObject()->className();
+    // Whether buttons of Qt's own carry a letter depends on the desktop.
+    return button ? button->text().remove(QLatin1Char('&')).toStdString()
+                  : control.metaObject()->className();
 }
 
 /// The controls that Tab leads to, from the one that has the focus until it comes round, joined by
@@ -124,7 +126,7 @@ TEST_F(KeyboardTest, TabLeadsThroughEveryDialogAndEnterAndEscEndIt)
         {[] { return std::make_unique<frmSystemInfo>(QStringLiteral("Facts")); },
          "txtFacts cmdCopy cmdClose", "cmdClose"},
         {[] { return std::make_unique<app::PageSetup>(QPageLayout()); },
-         "cboPaper cboOrientation txtLeft txtRight txtTop txtBottom &OK &Cancel", "&OK"},
+         "cboPaper cboOrientation txtLeft txtRight txtTop txtBottom OK Cancel", "OK"},
     };
     for (const auto &row : rows) {
         const std::unique_ptr<QDialog> dialog = row.make();
