@@ -85,9 +85,10 @@ LoadedTexture ModelLibrary::LoadTexture(const std::string &shapeFolder,
 {
     try {
         const auto path = FindTexture(m_files, shapeFolder, texturePath, name);
-        if (!path)
+        const auto found = path ? m_files.FindFile(*path) : std::nullopt;
+        if (!found)
             return {Checker(), "Texture " + name + " is missing"};
-        const std::string place = placeOf(*m_files.FindFile(*path));
+        const std::string place = placeOf(*found);
         if (auto known = find(m_textures, place))
             return {known, {}};
         const auto stamp = host::disk::StampOf(place);

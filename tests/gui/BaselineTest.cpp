@@ -5,14 +5,8 @@
 // else in "failed-pictures" in the working folder; the message names the files. Where the
 // difference is wanted, run this test with ZELK_RENEW_PICTURES=1, which writes the pictures anew,
 // and look at each before it is committed: lettering must read from left to right.
-#include "host/GameFiles.h"
-#include "korvat/ModelLibrary.h"
-#include "korvat/OffscreenCanvas.h"
+#include "OffscreenScene.h"
 #include "samples/Sample.h"
-#include "support/Environment.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
-#include "viewer/TSView.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
@@ -26,31 +20,21 @@ namespace {
 
 constexpr int kWidth = 160, kHeight = 100;
 constexpr int kClear = 48; ///< of 255: colours that differ less are those of another OpenGL
-constexpr double kAllowed = 0.02, kMirrored = 0.03; ///< shares of the pixels
+constexpr double kAllowed = 0.02, kMirrored = 0.04; ///< shares of the pixels
 
-class BaselineTest : public testing::Test
+class BaselineTest : public OffscreenScene
 {
 protected:
-    void SetUp() override
+    BaselineTest()
+        : OffscreenScene(kWidth, kHeight)
     {
-        std::string reason;
-        canvas = korvat::OffscreenCanvas::Create(kWidth, kHeight, reason);
         if (!canvas)
-            GTEST_SKIP() << reason;
+            return;
         samples::WriteSample(folder.At("s"));
-        view.Viewer = canvas.get();
-        view.Initialise();
         canvas->SetRangeNear(50);
         canvas->SetRangeFar(600);
     }
-    void TearDown() override { view.DestroyModels(); }
 
-    void add(const std::string &shape, float z, float degrees)
-    {
-        const std::string key = std::to_string(view.Models.Count());
-        ASSERT_TRUE(view.LoadShapeInToViewer(key, folder.At("s/" + shape), 0, 0, z, degrees))
-            << dialogs.Log();
-    }
     /// Dresses the only object in the picture of a season's folder.
     void dress(const std::string &season)
     {
@@ -61,16 +45,11 @@ protected:
     {
         static_cast<CameraPose &>(view) = camera;
         view.ResetCamera();
-        return canvas->Picture().convertToFormat(QImage::Format_RGB888);
+        // The lowest bits are noise, of which files grow.
+        return canvas->Picture()
+            .convertToFormat(QImage::Format_RGB16)
+            .convertToFormat(QImage::Format_RGB888);
     }
-
-    support::ScopedHome home;
-    support::TempFolder folder;
-    host::GameFiles files;
-    support::ScriptedDialogs dialogs;
-    korvat::ModelLibrary shapes{files};
-    std::unique_ptr<korvat::OffscreenCanvas> canvas;
-    TSView view{viewer::Services{files, dialogs, shapes}};
 };
 
 /// How far the colours of a pixel are apart, the largest of three.
@@ -111,7 +90,7 @@ std::string leave(const std::string &name, const QImage &picture, const QImage &
     return painted.toStdString() + " and " + different.toStdString();
 }
 
-constexpr const char *kStock = "TRAINS/TRAINSET/", *kCottage = "ROUTES/TARNWICK/SHAPES/cottage.s";
+constexpr const char *kStock = "s/TRAINS/TRAINSET/", *kCottage = "ROUTES/TARNWICK/SHAPES/cottage.s";
 
 } // namespace
 
@@ -126,12 +105,18 @@ TEST_F(BaselineTest, ModelsLookAsTheyDid)
         const char *season;
         CameraPose camera;
     } rows[] = {
-        {"lettering-right", "Boxes & Vans/box_501.s", 0, 0, 1, "", {9, 2.3F, 0, 0, 2.3F, 0}},
-        {"lettering-left", "Boxes & Vans/box_501.s", 0, 0, 1, "", {-9, 2.3F, 0, 0, 2.3F, 0}},
+        {"lettering-right",
+         "Boxes & Vans/box_501.s",
+         0,
+         0,
+         1,
+         "",
+         {7, 2.3F, -2.5F, 0, 2.3F, -2.5F}},
+        {"lettering-left", "Boxes & Vans/box_501.s", 0, 0, 1, "", {-7, 2.3F, 2.5F, 0, 2.3F, 2.5F}},
         {"flipped", "Ardmoor Valley/avr_d401.s", 8.6F, -180, 1, "", {13, 3, -8.6F, 0, 2.2F, -8.6F}},
         {"glass", "Coastline/coach_first.s", 0, 0, 1, "", {5, 2.8F, 4, 0, 2.5F, 1}},
         {"railings", "Ardmoor Valley/avr_caboose.s", 0, 0, 1, "", {5, 3, 9, 0, 2, 4}},
-        {"haze", "Ardmoor Valley/avr_hopper_11.s", 0, 0, 50, "", {7, 5, 8, 0, 2, -40}},
+        {"haze", "Ardmoor Valley/avr_hopper_11.s", 0, 0, 50, "", {30, 10, -90, 0, 4, -190}},
         {"cottage-summer", kCottage, 0, 0, 1, "", garden},
         {"cottage-snow", kCottage, 0, 0, 1, "Snow", garden},
         {"cottage-night", kCottage, 0, 0, 1, "Night", garden},
@@ -141,8 +126,8 @@ TEST_F(BaselineTest, ModelsLookAsTheyDid)
         SCOPED_TRACE(row.name);
         view.DestroyModels();
         for (int i = 0; i < row.count; ++i)
-            add((row.shape == kCottage ? "" : kStock) + std::string(row.shape),
-                row.z - 11.5F * static_cast<float>(i), row.degrees);
+            Load(folder.At((row.shape == kCottage ? "s/" : kStock) + std::string(row.shape)),
+                 row.z - 11.5F * static_cast<float>(i), row.degrees);
         if (*row.season)
             dress(row.season);
         const QImage picture = take(row.camera);

@@ -2,14 +2,8 @@
 // Pictures of made-up shapes, looked at where the colours can be told beforehand.
 #include "korvat/TestShape.h"
 
-#include "host/GameFiles.h"
-#include "korvat/ModelLibrary.h"
-#include "korvat/OffscreenCanvas.h"
+#include "OffscreenScene.h"
 #include "korvat/ShapeModel.h"
-#include "support/Environment.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TempFolder.h"
-#include "viewer/TSView.h"
 
 #include <gtest/gtest.h>
 
@@ -24,24 +18,18 @@ namespace {
 constexpr int kWidth = 320, kHeight = 200;
 constexpr Pixel kRed{220, 30, 30, 255}, kGreen{30, 200, 30, 255}, kWhite{255, 255, 255, 255};
 
-class PictureTest : public testing::Test
+class PictureTest : public OffscreenScene
 {
 protected:
-    void SetUp() override
+    PictureTest()
+        : OffscreenScene(kWidth, kHeight)
     {
-        std::string reason;
-        canvas = korvat::OffscreenCanvas::Create(kWidth, kHeight, reason);
-        if (!canvas)
-            GTEST_SKIP() << reason;
-        view.Viewer = canvas.get();
-        view.Initialise();
         lookFrom({10, 2, 0}, {0, 2, 0});
-        game.Write("side.dds", LetterFile());
-        game.Write("red.dds", PictureFile(kRed));
-        game.Write("green.dds", PictureFile(kGreen));
-        game.Write("white.dds", PictureFile(kWhite));
+        folder.Write("side.dds", LetterFile());
+        folder.Write("red.dds", PictureFile(kRed));
+        folder.Write("green.dds", PictureFile(kGreen));
+        folder.Write("white.dds", PictureFile(kWhite));
     }
-    void TearDown() override { view.DestroyModels(); }
 
     void lookFrom(Vec3 eye, Vec3 target)
     {
@@ -52,17 +40,15 @@ protected:
     void add(const std::vector<Panel> &panels, float z = 0, float degrees = 0)
     {
         const std::string name = "shape" + std::to_string(view.Models.Count()) + ".s";
-        ASSERT_TRUE(
-            view.LoadShapeInToViewer(name, game.Write(name, ShapeText(panels)), 0, 0, z, degrees))
-            << dialogs.Log();
+        Load(folder.Write(name, ShapeText(panels)), z, degrees);
     }
     /// Draws, and keeps the picture for a look at it in $ZELK_TEST_PICTURES when that is set.
     void take(const char *name)
     {
         view.ResetCamera();
         picture = canvas->Picture();
-        if (const char *folder = std::getenv("ZELK_TEST_PICTURES"))
-            picture.save(QString::fromLatin1(folder) + QLatin1Char('/') + QLatin1String(name) +
+        if (const char *where = std::getenv("ZELK_TEST_PICTURES"))
+            picture.save(QString::fromLatin1(where) + QLatin1Char('/') + QLatin1String(name) +
                          QLatin1String(".png"));
     }
     /// The pixel that shows a place in the scene.
@@ -98,13 +84,6 @@ protected:
         return rows;
     }
 
-    support::ScopedHome home;
-    support::TempFolder game;
-    host::GameFiles files;
-    support::ScriptedDialogs dialogs;
-    korvat::ModelLibrary shapes{files};
-    std::unique_ptr<korvat::OffscreenCanvas> canvas;
-    TSView view{viewer::Services{files, dialogs, shapes}};
     QImage picture;
 };
 
@@ -176,8 +155,8 @@ TEST_F(PictureTest, BackFacesAreNotDrawn)
 
 TEST_F(PictureTest, AlphaIsTestedBlendedAddedOrIgnored)
 {
-    game.Write("half.dds", PictureFile({200, 200, 200, 128}));
-    game.Write("clear.dds", PictureFile({200, 200, 200, 0}));
+    folder.Write("half.dds", PictureFile({200, 200, 200, 128}));
+    folder.Write("clear.dds", PictureFile({200, 200, 200, 0}));
     const struct
     {
         const char *image, *shader;
@@ -210,8 +189,8 @@ TEST_F(PictureTest, AlphaIsTestedBlendedAddedOrIgnored)
 
 TEST_F(PictureTest, BlendedPartsShowWhatLiesBehindThemWhateverTheirOrder)
 {
-    game.Write("blue.dds", PictureFile({0, 0, 255, 128}));
-    game.Write("yellow.dds", PictureFile({255, 255, 0, 128}));
+    folder.Write("blue.dds", PictureFile({0, 0, 255, 128}));
+    folder.Write("yellow.dds", PictureFile({255, 255, 0, 128}));
     Panel nearer = SidePanel(1, 1, {0, 2, 0}, 4, 2), farther = SidePanel(-1, 1, {0, 2, 0}, 6, 4);
     nearer.image = "blue.dds";
     farther.image = "yellow.dds";

@@ -7,7 +7,7 @@
 
 korvat::LoadedModel MadeUpShapes::LoadModel(const std::string &path)
 {
-    const std::lock_guard lock(m_mutex);
+    const std::lock_guard lock(mutex);
     const std::string name(host::path::FileName(path));
     if (name == "bad.s")
         return {nullptr, "  bad.s: nothing but holes "};
@@ -26,7 +26,7 @@ korvat::LoadedTexture MadeUpShapes::LoadTexture(const std::string &folder,
                                                 const std::string &texturePath,
                                                 const std::string &name)
 {
-    const std::lock_guard lock(m_mutex);
+    const std::lock_guard lock(mutex);
     asked += folder + "|" + texturePath + "|" + name + "\n";
     auto picture = std::make_shared<korvat::Texture>();
     return {picture, name == "gone.ace" ? "gone.ace is missing" : ""};

@@ -61,9 +61,7 @@ public:
     std::map<std::string, std::vector<std::string>> textures; ///< by the shape's file name
     std::string asked; ///< folders and paths of the pictures asked for, relative to nothing
     float length = 8;
-
-private:
-    std::mutex m_mutex; ///< shapes are read ahead on a thread
+    std::mutex mutex; ///< who holds it keeps shapes from being read
 };
 
 /// An installation of its own, dialogs that answer from a script, made-up shapes.

@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <thread>
 
 namespace {
 
@@ -183,6 +184,32 @@ TEST_F(StageTest, StepsShowWhatIsThere)
     stage.Close();
     EXPECT_EQ(stage.View(), nullptr);
     EXPECT_EQ(traceLines(), "> tsview\n> tsviewobject\n< tsviewobject\n< tsview\n");
+}
+
+TEST_F(StageTest, VehiclesAreReadAheadWithoutAWord)
+{
+    const auto becomesReady = [this] {
+        for (int i = 0; i < 5000 && !stage.Ready(); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        return stage.Ready();
+    };
+    {
+        const std::lock_guard held(shapes.mutex);
+        stage.RenderLooseConsist(train({"Box10", "Missing", "Broken", "Box20"}), game.Path(), "");
+        EXPECT_FALSE(stage.Ready()) << "a step would wait";
+    }
+    EXPECT_TRUE(becomesReady());
+    EXPECT_EQ(dialogs.Log(), "");
+    EXPECT_EQ(places(), "") << "the scene does not know of it";
+    while (becomesReady() && stage.Step())
+        continue;
+    EXPECT_EQ(places(), "-5> -30.25>");
+    EXPECT_TRUE(stage.Ready()) << "there is nothing to wait for";
+    stage.RenderShape(game.At("Trains/Trainset/Cars/box.s"));
+    EXPECT_TRUE(becomesReady());
+    stage.RenderLooseConsist(train({"Box10", "Box10"}), game.Path(), "");
+    stage.Close(); // while it is being read
+    EXPECT_TRUE(stage.Ready());
 }
 
 TEST_F(StageTest, ConsistFilesAndTheirFaults)
