@@ -201,14 +201,37 @@ frmDocument *frmMain::openWindow(const std::string &fileName, int mode, const st
 void frmMain::addWindow(frmDocument *window)
 {
     m_documents.push_back(window);
-    connect(window, &frmDocument::Unloading, this,
-            [this, window] { std::erase(m_documents, window); });
+    connect(window, &frmDocument::Unloading, this, [this, window] {
+        std::erase(m_documents, window);
+        m_givenSizes.erase(window);
+    });
     connect(window, &QObject::destroyed, this, &frmMain::updateActions);
     m_area->addSubWindow(window);
-    const QSize wanted = window->Mode() == kListMode     ? QSize(340, 400)
-                         : window->Mode() == kEditorMode ? QSize(660, 440)
-                                                         : QSize(880, 520);
-    window->resize(wanted.boundedTo(areaSize()).expandedTo({320, 260}));
+    giveSize(*window);
+}
+
+/// As large as a window of its kind likes to be, as far as there is room.
+void frmMain::giveSize(frmDocument &window)
+{
+    const QSize wanted = window.Mode() == kListMode     ? QSize(340, 400)
+                         : window.Mode() == kEditorMode ? QSize(660, 440)
+                                                        : QSize(880, 520);
+    window.resize(wanted.boundedTo(areaSize()).expandedTo({320, 260}));
+    m_givenSizes[&window] = window.size();
+}
+
+/// Windows that had to do with less room take what there is now, unless somebody has given them
+/// another size meanwhile.
+void frmMain::growWindows()
+{
+    const QSize room = areaSize();
+    for (frmDocument *window : documents(false)) {
+        const QSize size = window->size();
+        if (window->isMaximized() || size != m_givenSizes[window] || room != room.expandedTo(size))
+            continue;
+        giveSize(*window);
+        keepInside(*window);
+    }
 }
 
 /// The room for windows, also before the main window was laid out for the first time.
@@ -380,6 +403,8 @@ void frmMain::resizeEvent(QResizeEvent *event)
     if (command("mnuWindowLockTiling")->isChecked() &&
         (m_tiling == Arrangement::TileHorizontally || m_tiling == Arrangement::TileVertically))
         Arrange(m_tiling);
+    else
+        growWindows();
 }
 
 void frmMain::closeEvent(QCloseEvent *event)

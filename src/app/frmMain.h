@@ -17,6 +17,7 @@
 #include <array>
 #include <cstdint>
 #include <deque>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -117,6 +118,8 @@ private:
     frmDocument *openWindow(const std::string &fileName, int mode, const std::string &caption,
                             const StfNode &node, int number);
     void addWindow(frmDocument *window);
+    void giveSize(frmDocument &window);
+    void growWindows();
     QSize areaSize() const;
     void keepInside(frmDocument &window);
     void updateActions();
@@ -215,9 +218,10 @@ private:
     bool m_countsFiles = false;  ///< that check tells "i of n"
     QElapsedTimer m_sinceEvents; ///< when a check last let window events run
     QShortcut *m_stopKey = nullptr;
-    std::vector<frmDocument *> m_documents; ///< in the order of opening
-    std::vector<QAction *> m_windowItems;   ///< the list of windows at the end of the Window menu
-    std::array<int, 4> m_counters{};        ///< numbers given to windows so far, by mode
+    std::vector<frmDocument *> m_documents;            ///< in the order of opening
+    std::map<const frmDocument *, QSize> m_givenSizes; ///< for want of a size of the user's
+    std::vector<QAction *> m_windowItems; ///< the list of windows at the end of the Window menu
+    std::array<int, 4> m_counters{};      ///< numbers given to windows so far, by mode
     std::deque<LooseConsist> m_looseConsists;
     app::Arrangement m_tiling = app::Arrangement::Cascade;
     bool m_unloading = false;

@@ -192,6 +192,25 @@ TEST_F(frmMainTest, TilingFillsTheAreaAndFollowsItWhenLocked)
     }
 }
 
+TEST_F(frmMainTest, WindowsGrowWithTheRoomUntilSomebodyResizesThem)
+{
+    Start();
+    window->resize(433, 433);
+    frmDocument &editor = OpenEditor("Coal"), &other = OpenEditor("Freight North");
+    EXPECT_EQ(editor.size(), areaRect().size());
+    other.resize(350, 300);
+    editor.move(30, 20);
+    window->resize(560, 600);
+    EXPECT_TRUE(Wait([&] { return editor.size() == QSize(areaRect().width(), 440); }));
+    EXPECT_TRUE(areaRect().contains(editor.geometry()));
+    window->resize(1000, 700);
+    EXPECT_TRUE(Wait([&] { return editor.size() == QSize(660, 440); }));
+    window->resize(500, 500);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(editor.size(), QSize(660, 440));
+    EXPECT_EQ(other.size(), QSize(350, 300));
+}
+
 TEST_F(frmMainTest, MinimisedWindowsStandAtTheBottomBesideTheTiles)
 {
     Start();
