@@ -4,8 +4,8 @@
 #include "Measure.h"
 #include "Processes.h"
 #include "SampleTrain.h"
-#include "host/Dialogs.h"
 #include "host/GameFiles.h"
+#include "host/UnansweredDialogs.h"
 #include "korvat/Container.h"
 #include "korvat/Limits.h"
 #include "korvat/ModelLibrary.h"
@@ -28,7 +28,7 @@ constexpr int kFrames = 200;
 }
 
 /// Nothing must be missing here.
-class NoDialogs : public host::Dialogs
+class NoDialogs : public host::UnansweredDialogs
 {
 public:
     host::DialogAnswer Message(const std::string &text, const std::string &, host::DialogIcon,
@@ -36,14 +36,6 @@ public:
     {
         giveUp(text);
     }
-    std::optional<std::string> Input(const std::string &, const std::string &,
-                                     const std::string &) override
-    {
-        return std::nullopt;
-    }
-    std::string OpenFile(const host::FileDialogRequest &) override { return {}; }
-    std::string SaveFile(const host::FileDialogRequest &) override { return {}; }
-    std::string SelectFromList(const std::string &, const std::string &) override { return {}; }
 };
 
 /// A graphics card that costs nothing.

@@ -2,8 +2,8 @@
 #include "Render.h"
 
 #include "host/Console.h"
-#include "host/Dialogs.h"
 #include "host/RuntimeError.h"
+#include "host/UnansweredDialogs.h"
 #include "korvat/ModelLibrary.h"
 #include "korvat/OffscreenCanvas.h"
 #include "viewer/LooseConsists.h"
@@ -22,7 +22,7 @@ void tell(const std::string &text)
 }
 
 /// Tells what the window would show in message boxes.
-class QuietDialogs : public host::Dialogs
+class QuietDialogs : public host::UnansweredDialogs
 {
 public:
     host::DialogAnswer Message(const std::string &text, const std::string &title, host::DialogIcon,
@@ -32,14 +32,6 @@ public:
             tell(title + ": " + text);
         return host::DialogAnswer::Ok;
     }
-    std::optional<std::string> Input(const std::string &, const std::string &,
-                                     const std::string &) override
-    {
-        return std::nullopt;
-    }
-    std::string OpenFile(const host::FileDialogRequest &) override { return {}; }
-    std::string SaveFile(const host::FileDialogRequest &) override { return {}; }
-    std::string SelectFromList(const std::string &, const std::string &) override { return {}; }
 };
 
 void begin(viewer::Stage &stage, Session &session, const RenderRequest &request)
