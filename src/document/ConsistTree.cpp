@@ -9,6 +9,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <utility>
 
 using host::ErrorNumber;
 using host::RuntimeError;
@@ -83,15 +84,18 @@ ConsistTree::ConsistTree(host::GameFiles &files)
 void ConsistTree::Load(const std::string &path)
 {
     m_file.SetFileName(path);
-    m_file.Load();
+    std::string bytes = m_files.ReadFile(path);
+    m_onDisk = host::FileState(path, bytes);
+    m_file.LoadBytes(std::move(bytes));
     m_changed = false;
     rebuildRows();
 }
 
-void ConsistTree::New()
+void ConsistTree::New(const std::string &path)
 {
     m_file.New();
     m_file.SetFileName({});
+    m_onDisk = host::FileState::Absent(path);
     modTS::NewDocumentTemplate(m_file, "con");
     m_changed = true;
     rebuildRows();
@@ -287,9 +291,18 @@ EditResult ConsistTree::flip(int row)
 
 void ConsistTree::Save(const std::string &path)
 {
+    const std::string before = m_file.ToBytes(), nameBefore = m_file.FileName();
     m_file.SetFileName(path);
-    writeName(ConsistName(path));
-    m_file.Save();
+    try {
+        writeName(ConsistName(path));
+        const std::string bytes = m_file.ToBytes();
+        m_files.WriteFile(path, bytes);
+        m_onDisk = host::FileState(path, bytes);
+    } catch (...) {
+        m_file.SetFileName(nameBefore);
+        m_file.LoadBytes(before);
+        throw;
+    }
     m_changed = false;
 }
 

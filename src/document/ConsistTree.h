@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/FileState.h"
 #include "install/ConsistUnit.h"
 #include "stavfile/StfFile.h"
 
@@ -51,8 +52,9 @@ public:
     /// Reads a consist file. RuntimeError as StfFile::Load; error 91 with the file's name when
     /// there is no Train or TrainCfg block (the tree is loaded all the same). Clears Changed.
     void Load(const std::string &path);
-    /// Starts a new consist from the template and sets Changed.
-    void New();
+    /// Starts a new consist from the template and sets Changed. `path` is a file that does not
+    /// exist yet, under whose name the consist will be saved; "" when the name is still open.
+    void New(const std::string &path = {});
 
     bool Changed() const { return m_changed; }
     void SetChanged(bool changed) { m_changed = changed; }
@@ -72,8 +74,13 @@ public:
 
     /// Sets the consist's name after the file name in TrainCfg and its name node, writes the
     /// document to `path` and clears Changed. RuntimeError as StfFile::Save, or 91 with the file's
-    /// name when there is no TrainCfg to hold the name; Changed then stays set.
+    /// name when there is no TrainCfg to hold the name; the consist then keeps its old name, and
+    /// Changed stays as it was.
     void Save(const std::string &path);
+
+    /// True when `path` leads to the file that was loaded or saved last, and the file has another
+    /// content now: saving would overwrite what somebody else has written.
+    bool ChangedOnDisk(const std::string &path) const { return m_onDisk.HasChanged(m_files, path); }
 
     /// Writes a copy as Save would; the document itself, its name and Changed stay as they are.
     void SaveCopy(const std::string &path) const;
@@ -99,6 +106,7 @@ private:
 
     host::GameFiles &m_files;
     StfFile m_file;
+    host::FileState m_onDisk; ///< what the document's file held when it was read or written here
     std::vector<ConsistRow> m_rows;
     bool m_changed = false;
 };

@@ -292,9 +292,43 @@ TEST_F(ConsistTreeTest, AFailedSaveLeavesTheConsistChanged)
 {
     loadFour();
     tree.Edit(Move::Flip, 1);
-    EXPECT_THROW(tree.Save(folder.Path() + "/missing/a.con"), host::RuntimeError);
+    const std::string before = tree.Document().ToBytes();
+    EXPECT_THROW(tree.Save(folder.Path() + "/missing/b.con"), host::RuntimeError);
     EXPECT_TRUE(tree.Changed());
     EXPECT_EQ("e* w1 w2 w3 4", train());
+    EXPECT_EQ(before, tree.Document().ToBytes()) << "the name of the file that was not written";
+    EXPECT_EQ(path(), tree.Document().FileName());
+    tree.Save(path());
+    EXPECT_EQ(before, folder.Read("a.con"));
+}
+
+TEST_F(ConsistTreeTest, AChangeOnDiskIsSeenUntilTheNextLoadOrSave)
+{
+    loadFour();
+    const std::string other = folder.At("b.con");
+    EXPECT_FALSE(tree.ChangedOnDisk(path()));
+    const auto change = [&] { folder.Write("a.con", folder.Read("a.con") + "\r\n"); };
+    change();
+    EXPECT_TRUE(tree.ChangedOnDisk(path()));
+    EXPECT_FALSE(tree.ChangedOnDisk(other)) << "not the file of this consist";
+    tree.SaveCopy(other);
+    EXPECT_TRUE(tree.ChangedOnDisk(path())) << "a copy is not a save";
+    tree.Load(path());
+    EXPECT_FALSE(tree.ChangedOnDisk(path()));
+
+    change();
+    EXPECT_THROW(tree.Save(folder.At("missing/a.con")), host::RuntimeError);
+    EXPECT_TRUE(tree.ChangedOnDisk(path())) << "nothing was saved";
+    tree.Save(path());
+    EXPECT_FALSE(tree.ChangedOnDisk(path()));
+    tree.Save(other);
+    change();
+    EXPECT_FALSE(tree.ChangedOnDisk(path())) << "the consist belongs to the other file now";
+
+    tree.New(folder.At("new.con"));
+    EXPECT_FALSE(tree.ChangedOnDisk(folder.At("new.con")));
+    folder.Write("new.con", "by others");
+    EXPECT_TRUE(tree.ChangedOnDisk(folder.At("new.con")));
 }
 
 TEST(StockPathTest, ExtensionFromTheType)
