@@ -18,6 +18,7 @@ enum class DialogButtons
 {
     Ok,
     YesNo,
+    YesNoDefaultNo, ///< Return alone answers No: for what cannot be undone
     YesNoCancel
 };
 enum class DialogAnswer
