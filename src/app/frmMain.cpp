@@ -206,6 +206,11 @@ void frmMain::addWindow(frmDocument *window)
         m_givenSizes.erase(window);
     });
     connect(window, &QObject::destroyed, this, &frmMain::updateActions);
+    connect(window, &frmDocument::Saved, this, [this, window](const std::string &path) {
+        for (frmDocument *other : Documents())
+            if (other != window)
+                other->ShowSavedElsewhere(path);
+    });
     m_area->addSubWindow(window);
     giveSize(*window);
 }
@@ -312,12 +317,24 @@ void frmMain::SaveDocument(bool quiet)
         saveSnapshot(*window);
     if (!window || window->Mode() != kEditorMode)
         return;
-    const app::SaveTarget target{
-        [window] { return window->FileName(); },
-        [window](const std::string &name) { window->SetFileName(name); },
-        [window](const std::string &caption) { window->SetCaption(caption); },
-        [window] { window->CheckForm(); }, [window](bool silent) { window->SaveForm(silent); }};
-    app::SaveConsist(target, m_services.dialogs, m_services.files, consistFolder(), quiet);
+    app::SaveConsist(saveTarget(*window), m_services.dialogs, m_services.files, consistFolder(),
+                     quiet);
+}
+
+app::SaveTarget frmMain::saveTarget(frmDocument &editor)
+{
+    app::SaveTarget target;
+    target.fileName = [&editor] { return editor.FileName(); };
+    target.setFileName = [&editor](const std::string &name) { editor.SetFileName(name); };
+    target.caption = [&editor] { return editor.Caption(); };
+    target.setCaption = [&editor](const std::string &caption) { editor.SetCaption(caption); };
+    target.checkForm = [&editor] { editor.CheckForm(); };
+    target.changedOnDisk = [&editor](const std::string &path) {
+        return editor.Consist().ChangedOnDisk(path);
+    };
+    target.saveForm = [&editor](bool quiet) { editor.SaveForm(quiet); };
+    target.markChanged = [&editor] { editor.MarkChanged(); };
+    return target;
 }
 
 /// Where file dialogs begin: the folder of the consists as the disk spells it, "" when missing.

@@ -39,6 +39,7 @@ class Desktop;
 class MainStatusBar;
 class Printers;
 struct PrintJob;
+struct SaveTarget;
 
 /// What the main window works with; everything must outlive it.
 struct Services
@@ -148,6 +149,7 @@ private:
     void newConsistList();
     void openFileDialog();
     void closeActive();
+    static app::SaveTarget saveTarget(frmDocument &editor);
     void save();
     void saveAs();
     void saveAll();
@@ -159,7 +161,8 @@ private:
     void toggleToolBar();
     void toggleStatusBar();
     void listWindows();
-    void listWindow(QWidget &window, bool active, const std::function<void()> &activate);
+    void listWindow(QWidget &window, const QString &caption, bool active,
+                    const std::function<void()> &activate);
 
     // frmMainChecks.cpp
     std::optional<app::CheckTarget> checkTarget() const;

@@ -4,6 +4,7 @@
 
 #include "app/MainStatusBar.h"
 #include "app/OpenRules.h"
+#include "app/SaveConsist.h"
 #include "document/Guard.h"
 #include "host/GameFiles.h"
 #include "install/frmSetLoc.h"
@@ -249,12 +250,7 @@ void frmMain::saveAs()
         SaveDocument(false); // a 3D window saves a picture
         return;
     }
-    const std::string before = window->FileName();
-    window->SetFileName({});
-    SaveDocument(false);
-    // Who gives up on the way still has the window of the old file.
-    if (window->FileName().empty())
-        window->SetFileName(before);
+    app::SaveConsistAs(saveTarget(*window), m_services.dialogs, m_services.files, consistFolder());
 }
 
 void frmMain::saveAll()
@@ -312,16 +308,11 @@ void frmMain::refresh()
 {
     frmDocument *window = ActiveDocument();
     m_services.files.Refresh();
-    if (window && window->Mode() == kEditorMode &&
-        !m_services.files.FileExists(window->FileName())) {
-        SetStatus("There is no file to read again: the consist stays as it is.");
-        window->ReloadAllStock();
+    if (!window)
         return;
-    }
-    if (window && window->Changed() && !mayDropChanges())
-        return;
-    if (window)
-        window->LoadForm();
+    const bool drops = window->Changed() && m_services.files.FileExists(window->FileName());
+    if (!drops || mayDropChanges())
+        window->RefreshForm();
 }
 
 void frmMain::filter()
@@ -359,25 +350,28 @@ void frmMain::listWindows()
     m_windowItems.clear();
     const frmDocument *active = ActiveDocument();
     for (frmDocument *window : Documents())
-        listWindow(*window, window == active,
-                   [this, window] { m_area->setActiveSubWindow(window); });
+        listWindow(*window,
+                   window->windowTitle() + QLatin1String(window->Changed() ? " (changed)" : ""),
+                   window == active, [this, window] { m_area->setActiveSubWindow(window); });
     for (frmResults *window : resultWindows())
-        listWindow(*window, false, [window] {
+        listWindow(*window, window->windowTitle(), false, [window] {
             window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
             window->raise();
             window->activateWindow();
         });
 }
 
-void frmMain::listWindow(QWidget &window, bool active, const std::function<void()> &activate)
+void frmMain::listWindow(QWidget &window, const QString &caption, bool active,
+                         const std::function<void()> &activate)
 {
     const auto number = static_cast<int>(m_windowItems.size()) + 1;
-    const QString caption = window.windowTitle().replace(QLatin1Char('&'), QLatin1String("&&"));
+    QString shown = caption;
+    shown.replace(QLatin1Char('&'), QLatin1String("&&"));
     QAction *item = menu("mnuWindow")
                         ->addAction(QStringLiteral("%1%2 %3")
                                         .arg(QLatin1String(number < 10 ? "&" : ""))
                                         .arg(number)
-                                        .arg(caption));
+                                        .arg(shown));
     item->setObjectName(QStringLiteral("mnuWindowList%1").arg(number));
     item->setStatusTip(QStringLiteral("Go to this window"));
     item->setCheckable(true);

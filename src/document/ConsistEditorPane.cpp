@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLocale>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -256,8 +257,7 @@ void ConsistEditorPane::sortStock(int column)
 void ConsistEditorPane::ShowConsist(const ConsistTree &consist)
 {
     m_consist->SetRows(consist.Rows());
-    m_consistHeading->setText(QStringLiteral("Current consist items (%1)")
-                                  .arg(QLocale().toString(m_consist->rowCount())));
+    showConsistHeading();
     for (int i = 0; i < 2; ++i)
         txtMaxVelocity[static_cast<std::size_t>(i)]->setText(
             QString::fromStdString(consist.MaxVelocity(i)));
@@ -266,8 +266,28 @@ void ConsistEditorPane::ShowConsist(const ConsistTree &consist)
         box->setCursorPosition(0);
 }
 
+void ConsistEditorPane::ShowConsistAgain(const ConsistTree &consist)
+{
+    const int row = SelectedConsistRow(), scrolled = lvConsist->verticalScrollBar()->value();
+    ShowConsist(consist);
+    SelectConsistRow(row);
+    lvConsist->doItemsLayout(); // the scroll bar has no range before that
+    lvConsist->verticalScrollBar()->setValue(scrolled);
+}
+
+void ConsistEditorPane::showConsistHeading()
+{
+    const QString text = QStringLiteral("Current consist items (%1)%2")
+                             .arg(QLocale().toString(m_consist->rowCount()))
+                             .arg(QLatin1String(m_changed ? ", changed" : ""));
+    m_consistHeading->setText(text);
+    m_consistHeading->setToolTip(text); // the list may be too narrow for the whole text
+}
+
 void ConsistEditorPane::ShowChanged(bool changed)
 {
+    m_changed = changed;
+    showConsistHeading();
     cmdAction[1]->setEnabled(changed);
     cmdAction[2]->setEnabled(changed);
 }

@@ -30,7 +30,10 @@ public:
     explicit ConsistEditorPane(const Furnishing &furnishing, QWidget *parent = nullptr);
 
     void ShowConsist(const ConsistTree &consist);
-    /// Enables Apply and OK exactly while the consist differs from its file.
+    /// Like ShowConsist, but keeps selection and scroll position as far as the train allows.
+    void ShowConsistAgain(const ConsistTree &consist);
+    /// Enables Apply and OK, and marks the heading of the train, while the consist differs from its
+    /// file.
     void ShowChanged(bool changed);
     /// Brings the heading of the stock list up to date.
     void ShowStockHeading(const std::string &filter);
@@ -68,11 +71,13 @@ private:
     void connectLists();
     void orderTabs();
     void sortStock(int column);
+    void showConsistHeading();
 
     ConsistModel *m_consist;
     StockListModel *m_stock;
     QLabel *m_consistHeading;
     QLabel *m_stockHeading;
+    bool m_changed = false;
 };
 
 } // namespace document

@@ -6,6 +6,7 @@
 #include "document/ConsistListPane.h"
 #include "document/DocumentHost.h"
 #include "document/Guard.h"
+#include "document/SaveQuestions.h"
 #include "document/StockLoader.h"
 #include "host/GameFiles.h"
 #include "install/Installation.h"
@@ -165,7 +166,7 @@ void frmDocument::loadEditor()
         if (dropsChanges)
             m_note = m_fileName + " was read again; unsaved changes were dropped.";
     } else {
-        m_consist.New();
+        m_consist.New(m_fileName);
         m_editor->ShowConsist(m_consist);
         if (!m_fileName.empty())
             m_note = m_fileName + " does not exist yet: it is made when you save.";
@@ -188,16 +189,71 @@ void frmDocument::loadStock()
 
 void frmDocument::ReloadAllStock()
 {
+    m_note.clear();
+    reloadStock();
+}
+
+/// The note about the file just read is shown again when the stock is loaded.
+void frmDocument::reloadStock()
+{
     if (!m_editor)
         return;
     m_stockLoaded = false;
-    m_note.clear();
     loadStock();
 }
 
+void frmDocument::RefreshForm()
+{
+    if (!m_editor || m_host.Files().FileExists(m_fileName))
+        LoadForm();
+    else
+        keepConsist();
+    reloadStock();
+}
+
+/// What the window shows may be the only copy that is left.
+void frmDocument::keepConsist()
+{
+    if (m_fileName.empty()) {
+        m_note = "There is no file to read again: the consist stays as it is.";
+    } else {
+        m_note = m_fileName + " does not exist: the consist stays as it is, not saved.";
+        MarkChanged();
+    }
+    m_host.SetStatus(m_note);
+}
+
+void frmDocument::MarkChanged()
+{
+    if (!m_editor)
+        return;
+    m_consist.SetChanged(true);
+    m_editor->ShowChanged(true);
+}
+
+void frmDocument::ShowSavedElsewhere(const std::string &path)
+{
+    if (!m_editor || m_fileName.empty() || !m_consist.ChangedOnDisk(path))
+        return;
+    if (Changed())
+        m_host.SetStatus(path + " was saved in one window and has unsaved changes in another.");
+    else
+        Guarded(m_host.Dialogs(), "Open File", [this] { readAgain(); });
+}
+
+void frmDocument::readAgain()
+{
+    m_consist.Load(m_fileName);
+    m_editor->ShowConsistAgain(m_consist);
+    m_editor->ShowChanged(m_consist.Changed());
+    showTitle();
+}
+
+/// A new consist has no title before it is saved: its window keeps the caption that it has.
 void frmDocument::showTitle()
 {
-    SetCaption("Consist - " + m_consist.Title());
+    if (const std::string title = m_consist.Title(); !title.empty())
+        SetCaption("Consist - " + title);
 }
 
 void frmDocument::editTrain(int index)
@@ -257,23 +313,31 @@ void frmDocument::cancel()
 
 void frmDocument::apply()
 {
-    Guarded(m_host.Dialogs(), "Save Consist", [this] { SaveForm(false); });
+    if (m_fileName.empty())
+        saveByHost(false); // asks for a name
+    else
+        saveInPlace();
 }
 
 void frmDocument::saveAndClose()
 {
-    if (Guarded(m_host.Dialogs(), "Save Consist", [this] { SaveForm(false); }))
+    if (saveInPlace())
         close();
+}
+
+/// False when writing failed, or when the file was changed by somebody else and stays so.
+bool frmDocument::saveInPlace()
+{
+    if (m_consist.ChangedOnDisk(m_fileName) &&
+        !document::MayOverwriteChangedFile(m_fileName, m_host.Dialogs()))
+        return false;
+    return Guarded(m_host.Dialogs(), "Save Consist", [this] { SaveForm(false); });
 }
 
 void frmDocument::SaveForm(bool quiet)
 {
-    if (!m_editor)
+    if (!m_editor || m_fileName.empty())
         return;
-    if (m_fileName.empty()) {
-        m_host.SetStatus("This consist has no file name yet: choose File > Save As.");
-        return;
-    }
     if (m_savingCopy) {
         m_consist.SaveCopy(m_fileName);
         return;
@@ -283,6 +347,7 @@ void frmDocument::SaveForm(bool quiet)
         m_host.Dialogs().Message(m_fileName + " saved", "Save Consist",
                                  host::DialogIcon::Information);
     m_editor->ShowChanged(m_consist.Changed());
+    Q_EMIT Saved(m_fileName);
 }
 
 std::vector<std::string> frmDocument::SelectedConsists() const

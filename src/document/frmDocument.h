@@ -56,8 +56,16 @@ public:
     void SaveForm(bool quiet);
     /// Throws what SaveForm would throw for a document that cannot be written at all.
     void CheckForm() const { m_consist.CheckSavable(); }
+    /// Editor: marks the consist as changed.
+    void MarkChanged();
+    /// Editor: another window has saved this file. If it is the file of this window, an unchanged
+    /// consist is read again, and a changed one is reported in the status bar.
+    void ShowSavedElsewhere(const std::string &path);
     /// Fills the window according to its mode; reads the file anew.
     void LoadForm();
+    /// Calls LoadForm and, in an editor, ReloadAllStock. An editor whose file is gone keeps its
+    /// consist, as changed.
+    void RefreshForm();
     /// Editor: reads the installed stock anew, by the filter.
     void ReloadAllStock();
     /// 3D: back to the first view.
@@ -93,6 +101,8 @@ public:
 
 Q_SIGNALS:
     void CaptionChanged();
+    /// Editor: the consist was written to this file.
+    void Saved(const std::string &path);
     /// The window goes: the last moment in which it may still be used.
     void Unloading();
 
@@ -106,11 +116,15 @@ private:
     void loadList();
     void loadEditor();
     void loadStock();
+    void reloadStock();
+    void keepConsist();
+    void readAgain();
     void showTitle();
     void editTrain(int index);
     void cancel();
     void apply();
     void saveAndClose();
+    bool saveInPlace();
     bool saveByHost(bool quiet);
 
     // frmDocumentViews.cpp

@@ -101,8 +101,11 @@ void saveOver(World &world)
     app::SaveTarget target;
     target.fileName = [&] { return name; };
     target.setFileName = [&](const std::string &chosen) { name = chosen; };
+    target.caption = [] { return std::string(); };
     target.setCaption = [](const std::string &) {};
     target.checkForm = [] {};
+    target.changedOnDisk = [](const std::string &) { return false; };
+    target.markChanged = [] {};
     target.saveForm = [&](bool) { world.files.WriteFile(name, "new"); };
     world.dialogs.Answer(host::DialogAnswer::Yes);
     app::SaveConsist(target, world.dialogs, world.files, world.folder.Path(), false);
