@@ -42,6 +42,7 @@ zelk_add_room(forms
     document/ConsistListModel.cpp
     document/ConsistListPane.cpp
     document/ConsistModel.cpp
+    document/FoldingRow.cpp
     document/frmDocument.cpp
     document/frmDocumentViews.cpp
     document/ListView.cpp

@@ -303,6 +303,9 @@ void frmMain::updateActions()
     enable(editor, {"mnuConsistViewShape", "mnuStockViewShape"});
     enable(view, {"mnuViewReset"});
     enable(list || view, {"mnuFileProperties"});
+    // In the list of consists the key shows a consist in 3D.
+    command("mnuFileProperties")
+        ->setShortcut(view ? QKeySequence(Qt::ALT | Qt::Key_Return) : QKeySequence());
 }
 
 void frmMain::SaveDocument(bool quiet)

@@ -153,6 +153,8 @@ private:
     void saveAll();
     void setMstsLocation();
     void editSelectedConsist();
+    static std::string onlyOne(const frmDocument &list, const char *verb);
+    void remarkOnOpened(const frmDocument &list, const std::string &remark);
     bool mayDropChanges();
     void refresh();
     void filter();

@@ -61,7 +61,7 @@ std::vector<MenuEntry> frmMain::fileMenu()
          "Print the active window", doing(&frmMain::printActive)},
         {MenuEntry::Command, "mnuFilePrintPreview", "Print Pre&view...", "", "print-preview",
          "Show how the active window prints", saying("Print Preview not implemented")},
-        {MenuEntry::Command, "mnuFileProperties", "Propert&ies", "Alt+Return", "properties",
+        {MenuEntry::Command, "mnuFileProperties", "Propert&ies", "", "properties",
          "Show the properties of the active window", doing(&frmMain::showProperties)},
         {},
         {MenuEntry::Command, "mnuFileSetMSTSLoc", "Set &MSTS Location...", "", "location",
@@ -294,10 +294,30 @@ void frmMain::editSelectedConsist()
     frmDocument *window = ActiveDocument();
     if (!window)
         return;
-    if (const std::string name = window->SelectedConsist(); !name.empty())
-        window->EditConsist(name);
-    else
+    const std::string name = window->SelectedConsist(), only = onlyOne(*window, "was opened");
+    if (name.empty()) {
         m_services.dialogs.Message("Nothing selected!", "Edit", DialogIcon::Critical);
+        return;
+    }
+    window->EditConsist(name);
+    remarkOnOpened(*window, only);
+}
+
+/// The remark of a command that works on one of several selected consists: which one it was. ""
+/// when not more than one is selected.
+std::string frmMain::onlyOne(const frmDocument &list, const char *verb)
+{
+    const std::size_t selected = list.SelectedConsists().size();
+    return selected < 2 ? std::string()
+                        : "Only \"" + list.SelectedConsist() + "\" of the " +
+                              std::to_string(selected) + " selected consists " + verb + '.';
+}
+
+/// Gives the remark to the window that was opened from `list`, if opening succeeded.
+void frmMain::remarkOnOpened(const frmDocument &list, const std::string &remark)
+{
+    if (frmDocument *opened = ActiveDocument(); opened && opened != &list && !remark.empty())
+        opened->Remark(remark);
 }
 
 bool frmMain::mayDropChanges()

@@ -11,6 +11,7 @@
 #include "app/Printers.h"
 #include "app/modZELK.h"
 #include "document/Guard.h"
+#include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 
 #include <QClipboard>
@@ -35,6 +36,8 @@ void frmMain::copyConsist()
     clipboard.clear();
     if (const std::string name = window->SelectedConsist(); !name.empty())
         clipboard.setText(QString::fromStdString(name));
+    if (const std::string only = onlyOne(*window, "was copied"); !only.empty())
+        SetStatus(only);
 }
 
 void frmMain::pasteConsist()
@@ -48,10 +51,12 @@ void frmMain::cutConsist()
     const frmDocument *window = ActiveDocument();
     if (!window || window->Mode() != kListMode)
         return;
+    const std::string name = window->SelectedConsist(), only = onlyOne(*window, "was deleted");
     document::Guarded(m_services.dialogs, "Delete", [&] {
-        app::CutConsist(window->SelectedConsist(), m_services.dialogs, m_services.files,
-                        m_installation);
+        app::CutConsist(name, m_services.dialogs, m_services.files, m_installation);
     });
+    if (!only.empty())
+        SetStatus(m_services.files.FileExists(m_installation.ConsistPath(name)) ? "" : only);
 }
 
 void frmMain::startSimulator()

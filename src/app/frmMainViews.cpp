@@ -75,12 +75,15 @@ void frmMain::viewSelectedConsist()
     if (!window)
         return;
     const std::string name = window->SelectedConsist();
-    if (window->Mode() == kEditorMode)
+    if (window->Mode() == kEditorMode) {
         window->ActionClick(kViewConsistButton);
-    else if (window->Mode() == kListMode && !name.empty())
+    } else if (window->Mode() == kListMode && !name.empty()) {
+        const std::string only = onlyOne(*window, "was opened");
         window->ViewConsist(name);
-    else
+        remarkOnOpened(*window, only);
+    } else {
         m_services.dialogs.Message("Nothing selected!", "View Consist", DialogIcon::Critical);
+    }
 }
 
 void frmMain::viewSelectedShape()

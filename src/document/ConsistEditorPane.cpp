@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/ConsistEditorPane.h"
 
+#include "document/FoldingRow.h"
 #include "host/Filter.h"
 
 #include <QHBoxLayout>
@@ -9,6 +10,8 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
+
+#include <initializer_list>
 
 namespace document {
 
@@ -48,6 +51,16 @@ QLabel *heading(QWidget *parent)
     label->setTextFormat(Qt::PlainText);
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     return label;
+}
+
+/// A group of controls side by side.
+QBoxLayout *group(std::initializer_list<QWidget *> controls)
+{
+    auto *layout = new QHBoxLayout;
+    layout->setSpacing(6);
+    for (QWidget *control : controls)
+        layout->addWidget(control);
+    return layout;
 }
 
 QBoxLayout *listUnder(QLabel *title, ListView *list)
@@ -107,23 +120,15 @@ void ConsistEditorPane::orderTabs()
         next(cmdAction[i]);
 }
 
-QBoxLayout *ConsistEditorPane::figures()
+QLayout *ConsistEditorPane::figures()
 {
     lblMaxVelocity->setObjectName("lblMaxVelocity");
     lblDurability->setObjectName("lblDurability");
     txtMaxVelocity[0] = figureBox("txtMaxVelocity0", QStringLiteral("Max Velocity"));
     txtMaxVelocity[1] = figureBox("txtMaxVelocity1", QStringLiteral("Max Velocity, second value"));
     txtDurability = figureBox("txtDurability", QStringLiteral("Durability"));
-    auto *layout = new QHBoxLayout;
-    layout->setSpacing(6);
-    layout->addWidget(lblMaxVelocity);
-    layout->addWidget(txtMaxVelocity[0]);
-    layout->addWidget(txtMaxVelocity[1]);
-    layout->addSpacing(18);
-    layout->addWidget(lblDurability);
-    layout->addWidget(txtDurability);
-    layout->addStretch(1);
-    return layout;
+    return new FoldingRow(group({lblMaxVelocity, txtMaxVelocity[0], txtMaxVelocity[1]}),
+                          group({lblDurability, txtDurability}), FoldingRow::Second::Beside, 24);
 }
 
 QLineEdit *ConsistEditorPane::figureBox(const char *name, const QString &title)
@@ -189,7 +194,7 @@ QBoxLayout *ConsistEditorPane::moveColumn(const Furnishing &furnishing)
     return layout;
 }
 
-QBoxLayout *ConsistEditorPane::actionRow()
+QLayout *ConsistEditorPane::actionRow()
 {
     for (int i = 0; i < static_cast<int>(cmdAction.size()); ++i) {
         const ActionButton &button = kActionButtons[i];
@@ -199,20 +204,15 @@ QBoxLayout *ConsistEditorPane::actionRow()
         command->setAccessibleDescription(command->objectName());
         command->setToolTip(QString::fromLatin1(button.toolTip));
         command->setAutoDefault(false);
+        command->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the list
         if (button.keyIsTaken)
             command->setShortcut({});
         connect(command, &QPushButton::clicked, this, [this, i] { Q_EMIT ActionPressed(i); });
         cmdAction[static_cast<std::size_t>(i)] = command;
     }
-    auto *layout = new QHBoxLayout;
-    layout->setSpacing(6);
-    layout->addWidget(cmdAction[3]);
-    layout->addWidget(cmdAction[4]);
-    layout->addStretch(1);
-    layout->addWidget(cmdAction[2]);
-    layout->addWidget(cmdAction[0]);
-    layout->addWidget(cmdAction[1]);
-    return layout;
+    return new FoldingRow(group({cmdAction[3], cmdAction[4]}),
+                          group({cmdAction[2], cmdAction[0], cmdAction[1]}),
+                          FoldingRow::Second::AtRight, 6);
 }
 
 void ConsistEditorPane::connectLists()
@@ -244,6 +244,11 @@ void ConsistEditorPane::connectLists()
     }
 }
 
+int ConsistEditorPane::heightForWidth(int width) const
+{
+    return layout()->totalMinimumHeightForWidth(width);
+}
+
 void ConsistEditorPane::sortStock(int column)
 {
     m_stock->ClickHeader(column);
@@ -268,6 +273,9 @@ void ConsistEditorPane::ShowConsist(const ConsistTree &consist)
 
 void ConsistEditorPane::ShowChanged(bool changed)
 {
+    // A disabled button passes the focus to the next control; the list that was active gets it.
+    if (!changed && (cmdAction[1]->hasFocus() || cmdAction[2]->hasFocus()))
+        setFocus();
     cmdAction[1]->setEnabled(changed);
     cmdAction[2]->setEnabled(changed);
 }

@@ -17,6 +17,7 @@
 #include <string>
 
 class QBoxLayout;
+class QLayout;
 
 namespace document {
 
@@ -44,6 +45,9 @@ public:
     const StockItem *SelectedUnit() const;
     StockListModel &Stock() { return *m_stock; }
 
+    /// The least height for a width: the rows of controls fold in a narrow window.
+    int heightForWidth(int width) const override;
+
     ListView *lvConsist;
     ListView *lvStock;
     std::array<QToolButton *, 6> cmdMove{};
@@ -59,11 +63,11 @@ Q_SIGNALS:
     void MenuWanted(const QPoint &globalPosition);
 
 private:
-    QBoxLayout *figures();
+    QLayout *figures();
     QWidget *trainSide();
     QWidget *stockSide(const Furnishing &furnishing);
     QBoxLayout *moveColumn(const Furnishing &furnishing);
-    QBoxLayout *actionRow();
+    QLayout *actionRow();
     QLineEdit *figureBox(const char *name, const QString &title);
     void connectLists();
     void orderTabs();

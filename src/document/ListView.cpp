@@ -109,6 +109,12 @@ void ListView::SelectRow(int row)
     scrollTo(index);
 }
 
+void ListView::ResetOnlyColumn()
+{
+    if (header()->count() == 1)
+        shareWidth();
+}
+
 void ListView::FitFirstColumn(const QString &widest)
 {
     m_firstWidth = fontMetrics().horizontalAdvance(widest) + 16;
@@ -173,6 +179,13 @@ void ListView::mouseReleaseEvent(QMouseEvent *event)
         Q_EMIT MenuWanted(event->globalPosition().toPoint());
 }
 
+/// The base class opens rows with every button.
+void ListView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        QTreeView::mouseDoubleClickEvent(event);
+}
+
 void ListView::contextMenuEvent(QContextMenuEvent *event)
 {
     // The mouse is served when its button is released, whatever the desktop's own habit.
@@ -209,7 +222,7 @@ void ListView::paintEvent(QPaintEvent *event)
 void ListView::shareWidth()
 {
     const int columns = header()->count();
-    if (m_sizedByUser || columns == 0)
+    if (columns == 0 || (m_sizedByUser && columns > 1))
         return;
     const QScopedValueRollback<bool> sharing(m_sharing, true);
     int left = viewport()->width();

@@ -8,6 +8,7 @@
 #include "document/Guard.h"
 #include "document/StockLoader.h"
 #include "host/GameFiles.h"
+#include "host/Text.h"
 #include "install/Installation.h"
 #include "viewer/ViewerPane.h"
 
@@ -104,9 +105,8 @@ void frmDocument::connectEditor()
     connect(m_editor, &Pane::ActionPressed, this, &frmDocument::ActionClick);
     connect(m_editor, &Pane::MenuWanted, this,
             [this](const QPoint &at) { m_furnishing.popUpStockMenu(at); });
-    connect(m_editor->lvConsist, &ListView::Focused, this,
-            [this] { m_consistIsActiveList = true; });
-    connect(m_editor->lvStock, &ListView::Focused, this, [this] { m_consistIsActiveList = false; });
+    connect(m_editor->lvConsist, &ListView::Focused, this, [this] { enterList(true); });
+    connect(m_editor->lvStock, &ListView::Focused, this, [this] { enterList(false); });
     connect(m_editor->lvStock, &ListView::LeftPressed, this, &frmDocument::beginDrag);
     connect(m_editor->lvStock, &ListView::LeftReleased, this, &frmDocument::endDrag);
     connect(m_loader, &document::StockLoader::Progressed, this,
@@ -141,11 +141,14 @@ void frmDocument::loadList()
 {
     SetCaption(document::ConsistListCaption(m_windowNumber, m_filter));
     m_list->ShowHint(document::EmptyListHint(m_host.Installation(), m_host.Files(), m_filter));
-    m_list->ShowNames(document::ListConsists(m_host.Installation(), m_host.Files(), m_filter));
+    m_list->ShowNames(document::ListConsists(m_host.Installation(), m_host.Files(), m_filter),
+                      m_filter != m_listedFilter);
+    m_listedFilter = m_filter;
     const std::string folder = m_host.Installation().PathOf(document::kConsists);
-    m_host.SetStatus(m_host.Files().IsClosed(folder)
-                         ? folder + " cannot be read"
-                         : std::to_string(m_list->Count()) + " consists");
+    m_host.SetStatus(
+        m_host.Files().IsClosed(folder)
+            ? folder + " cannot be read"
+            : host::Counted(static_cast<std::size_t>(m_list->Count()), "consist", "consists"));
 }
 
 void frmDocument::loadEditor()
@@ -153,15 +156,7 @@ void frmDocument::loadEditor()
     const bool dropsChanges = Changed() && m_editor->isVisible();
     m_note.clear();
     if (!m_fileName.empty() && m_host.Files().FileExists(m_fileName)) {
-        try {
-            m_consist.Load(m_fileName);
-        } catch (...) {
-            m_editor->ShowConsist(m_consist);
-            m_editor->ShowChanged(m_consist.Changed());
-            throw;
-        }
-        m_editor->ShowConsist(m_consist);
-        showTitle();
+        loadConsist();
         if (dropsChanges)
             m_note = m_fileName + " was read again; unsaved changes were dropped.";
     } else {
@@ -174,6 +169,30 @@ void frmDocument::loadEditor()
     if (!m_note.empty())
         m_host.SetStatus(m_note);
     loadStock();
+    tellWhyRowsEnd();
+}
+
+void frmDocument::loadConsist()
+{
+    try {
+        m_consist.Load(m_fileName);
+    } catch (...) {
+        m_editor->ShowConsist(m_consist);
+        m_editor->ShowChanged(m_consist.Changed());
+        throw;
+    }
+    m_editor->ShowConsist(m_consist);
+    showTitle();
+}
+
+void frmDocument::tellWhyRowsEnd()
+{
+    if (m_consist.WhyRowsEnd().empty())
+        return;
+    m_host.Dialogs().Message(m_consist.WhyRowsEnd() +
+                                 ".\n\nThis unit and all units behind it are not shown.  Saving "
+                                 "keeps them as they are.",
+                             "Open File", host::DialogIcon::Information);
 }
 
 void frmDocument::loadStock()
@@ -210,7 +229,7 @@ void frmDocument::editTrain(int index)
     m_editor->SelectConsistRow(result.selectedRow);
     showTitle();
     m_editor->lvConsist->setFocus();
-    m_consistIsActiveList = true;
+    enterList(true);
     if (!result.message.empty())
         m_host.SetStatus(result.message);
 }
@@ -283,6 +302,20 @@ void frmDocument::SaveForm(bool quiet)
         m_host.Dialogs().Message(m_fileName + " saved", "Save Consist",
                                  host::DialogIcon::Information);
     m_editor->ShowChanged(m_consist.Changed());
+}
+
+/// The window gives the focus to this list when the user returns to it.
+void frmDocument::enterList(bool consist)
+{
+    m_consistIsActiveList = consist;
+    m_editor->setFocusProxy(consist ? m_editor->lvConsist : m_editor->lvStock);
+}
+
+void frmDocument::Remark(const std::string &remark)
+{
+    m_note += (m_note.empty() ? "" : "  ") + remark;
+    *m_viewRemark = "  " + remark;
+    m_host.SetStatus(remark);
 }
 
 std::vector<std::string> frmDocument::SelectedConsists() const

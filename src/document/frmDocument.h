@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QMdiSubWindow>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -90,6 +91,8 @@ public:
     void AllowUnload() { m_unloadAllowed = true; }
     /// Ends a running scan of the installed stock or a loading in 3D; what was found stays.
     void StopWork();
+    /// Shows a remark in the status bar, now and with the outcome of the loading under way.
+    void Remark(const std::string &remark);
 
 Q_SIGNALS:
     void CaptionChanged();
@@ -105,6 +108,8 @@ private:
     void connectEditor();
     void loadList();
     void loadEditor();
+    void loadConsist();
+    void tellWhyRowsEnd();
     void loadStock();
     void showTitle();
     void editTrain(int index);
@@ -122,6 +127,7 @@ private:
     void viewConsists(const std::vector<std::string> &names);
     void showListProperties();
 
+    void enterList(bool consist);
     void beginDrag();
     void endDrag();
 
@@ -142,5 +148,8 @@ private:
     bool m_savingCopy = false; ///< the main window saves the scratch copy, not the document
     bool m_unloadAllowed = false;
     std::string m_note; ///< about the file just loaded, for the status bar
-    int m_dragRow = -1; ///< row of lvStock on which a left-button press began, -1 for none
+    /// Goes with the status texts while a 3D view loads. The pane outlives this part of the window.
+    std::shared_ptr<std::string> m_viewRemark = std::make_shared<std::string>();
+    std::string m_listedFilter; ///< the filter of the names shown in lvConsists
+    int m_dragRow = -1;         ///< row of lvStock on which a left-button press began, -1 for none
 };

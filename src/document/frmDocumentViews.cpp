@@ -39,9 +39,13 @@ void frmDocument::makeViewerPane()
     const viewer::Services services{m_host.Files(), m_host.Dialogs(), m_host.Shapes()};
     // The pane outlives this part of the window, and reports when it goes.
     document::DocumentHost &host = m_host;
-    m_viewer = new viewer::ViewerPane(
-        {services, [&host](const std::string &text) { host.SetStatus(text); },
-         [&host](int done, int total) { host.SetProgress(done, total); }});
+    m_viewer =
+        new viewer::ViewerPane({services,
+                                [&host, remark = m_viewRemark](const std::string &text) {
+                                    host.SetStatus(text + *remark);
+                                },
+                                [&host](int done, int total) { host.SetProgress(done, total); }});
+    connect(m_viewer, &viewer::ViewerPane::Loaded, this, [this] { m_viewRemark->clear(); });
     setWidget(m_viewer);
     setMinimumSize(200, 160);
 }
