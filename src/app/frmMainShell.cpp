@@ -36,8 +36,7 @@ void frmMain::copyConsist()
     clipboard.clear();
     if (const std::string name = window->SelectedConsist(); !name.empty())
         clipboard.setText(QString::fromStdString(name));
-    if (const std::string only = onlyOne(*window, "was copied"); !only.empty())
-        SetStatus(only);
+    SetStatus(onlyOne(*window, "was copied"));
 }
 
 void frmMain::pasteConsist()
@@ -55,8 +54,7 @@ void frmMain::cutConsist()
     document::Guarded(m_services.dialogs, "Delete", [&] {
         app::CutConsist(name, m_services.dialogs, m_services.files, m_installation);
     });
-    if (!only.empty())
-        SetStatus(m_services.files.FileExists(m_installation.ConsistPath(name)) ? "" : only);
+    SetStatus(m_services.files.FileExists(m_installation.ConsistPath(name)) ? "" : only);
 }
 
 void frmMain::startSimulator()

@@ -105,6 +105,7 @@ void frmDocument::connectEditor()
     connect(m_editor, &Pane::ActionPressed, this, &frmDocument::ActionClick);
     connect(m_editor, &Pane::MenuWanted, this,
             [this](const QPoint &at) { m_furnishing.popUpStockMenu(at); });
+    connect(this, &QMdiSubWindow::windowStateChanged, this, &frmDocument::focusWhenRestored);
     connect(m_editor->lvConsist, &ListView::Focused, this, [this] { enterList(true); });
     connect(m_editor->lvStock, &ListView::Focused, this, [this] { enterList(false); });
     connect(m_editor->lvStock, &ListView::LeftPressed, this, &frmDocument::beginDrag);
@@ -302,6 +303,19 @@ void frmDocument::SaveForm(bool quiet)
         m_host.Dialogs().Message(m_fileName + " saved", "Save Consist",
                                  host::DialogIcon::Information);
     m_editor->ShowChanged(m_consist.Changed());
+}
+
+/// Minimising hides the list that has the focus, and so takes it away.
+void frmDocument::focusWhenRestored(Qt::WindowStates before, Qt::WindowStates now)
+{
+    if (!before.testFlag(Qt::WindowMinimized) || now.testFlag(Qt::WindowMinimized))
+        return;
+    const auto focusActiveList = [this] {
+        if (mdiArea() && mdiArea()->activeSubWindow() == this)
+            m_editor->setFocus();
+    };
+    // The window is not active yet, and its controls are not visible.
+    QMetaObject::invokeMethod(m_editor, focusActiveList, Qt::QueuedConnection);
 }
 
 /// The window gives the focus to this list when the user returns to it.

@@ -128,6 +128,7 @@ private:
     void showListProperties();
 
     void enterList(bool consist);
+    void focusWhenRestored(Qt::WindowStates before, Qt::WindowStates now);
     void beginDrag();
     void endDrag();
 

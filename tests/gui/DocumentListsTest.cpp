@@ -183,14 +183,10 @@ TEST_F(DocumentListsTest, TheListWithoutFocusShowsItsSelectionInGrey)
         const QRect row = view.visualRect(view.model()->index(0, 1));
         return view.viewport()->grab().toImage().pixelColor(row.right() - 3, row.center().y());
     };
-    const QPalette &palette = window->palette();
-    const QColor active = palette.color(QPalette::Active, QPalette::Highlight),
-                 grey = palette.color(QPalette::Inactive, QPalette::Highlight);
-    EXPECT_NE(active, grey);
     for (ListView *entered : {&train(), &stock()}) {
         entered->setFocus();
         for (ListView *view : {&train(), &stock()})
-            EXPECT_EQ(ground(*view), view == entered ? active : grey)
+            EXPECT_EQ(ground(*view).hsvSaturation() > 60, view == entered)
                 << view->objectName().toStdString();
     }
 }
@@ -246,7 +242,9 @@ TEST_F(DocumentListsTest, ReturningToAnEditorKeepsItsActiveList)
             const std::string item = editor.SelectedItem();
             way.leaveAndReturn();
             ASSERT_EQ(Active(), &editor);
-            EXPECT_EQ(QApplication::focusWidget(), entered);
+            EXPECT_TRUE(Wait([&] { return QApplication::focusWidget() == entered; }))
+                << QApplication::focusWidget()->metaObject()->className() << ' '
+                << QApplication::focusWidget()->objectName().toStdString();
             EXPECT_EQ(editor.SelectedItem(), item);
         }
     }
