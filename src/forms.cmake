@@ -12,6 +12,12 @@ if(WIN32)
   set(desktop app/DesktopScheme-win32.cpp)
 else()
   set(desktop app/DesktopScheme-posix.cpp)
+  find_package(Qt6 6.4 QUIET COMPONENTS DBus)
+  if(Qt6DBus_FOUND)
+    list(APPEND desktop app/DesktopPortal-posix.cpp)
+  else()
+    message(STATUS "Without the desktop's portal for colours (Qt was built without D-Bus)")
+  endif()
 endif()
 zelk_add_room(forms
   SOURCES
@@ -56,6 +62,10 @@ zelk_add_room(forms
     viewer/ViewerPane.cpp
   LINKS Qt6::Widgets Qt6::PrintSupport zelk_gl zelk_app zelk_viewer zelk_document zelk_validation
     zelk_install)
+if(Qt6DBus_FOUND)
+  target_link_libraries(zelk_forms PUBLIC Qt6::DBus)
+  target_compile_definitions(zelk_forms PUBLIC ZELK_DBUS)
+endif()
 set_target_properties(zelk_forms PROPERTIES AUTOMOC ON AUTORCC ON)
 
 add_executable(zelk main.cpp)
