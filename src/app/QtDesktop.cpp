@@ -44,6 +44,11 @@ bool QtDesktop::Open(const std::string &file)
     return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(file)));
 }
 
+bool QtDesktop::OpenWeb(const std::string &address)
+{
+    return QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
+}
+
 void QtDesktop::AssociateConsistFiles()
 {
     app::AssociateConsistFiles(

@@ -12,6 +12,7 @@ class QtDesktop : public Desktop
 public:
     void Start(const ProgramStart &start) override;
     bool Open(const std::string &file) override;
+    bool OpenWeb(const std::string &address) override;
     void AssociateConsistFiles() override;
 };
 

@@ -15,6 +15,7 @@ using host::DialogIcon;
 
 namespace {
 
+constexpr char kWebSite[] = "https://www.openrails.org";
 constexpr char kViewSimulator[] = "View MSTS", kViewEditors[] = "View MSTS Tools";
 
 } // namespace
@@ -112,6 +113,13 @@ void ShellCommands::ShowGuide(GuidePage page)
     else if (!m_desktop.Open(file))
         m_dialogs.Message(file + " cannot be shown: there is no browser for it.", "ZELK",
                           DialogIcon::Critical);
+}
+
+void ShellCommands::ShowWebSite()
+{
+    if (!m_desktop.OpenWeb(kWebSite))
+        m_dialogs.Message(std::string(kWebSite) + " cannot be shown: there is no browser for it.",
+                          "ZELK", DialogIcon::Critical);
 }
 
 } // namespace app

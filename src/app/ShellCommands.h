@@ -45,6 +45,8 @@ public:
     /// Asks, and makes this program what opens consist files.
     void SetFileAssociation();
     void ShowGuide(GuidePage page);
+    /// Opens the web site of the community in the default browser.
+    void ShowWebSite();
 
 private:
     bool start(const std::string &path, const std::vector<std::string> &arguments,

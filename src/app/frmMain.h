@@ -179,6 +179,7 @@ private:
     void setFileAssociation();
     void showHelpContents();
     void showHelpSearch();
+    void showWebSite();
     void showAbout();
     void showSystemInfo(QWidget &parent);
     QPrinter &printer();

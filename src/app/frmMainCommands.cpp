@@ -187,6 +187,8 @@ std::vector<MenuEntry> frmMain::helpMenu()
          doing(&frmMain::showHelpContents)},
         {MenuEntry::Command, "mnuHelpSearchForHelpOn", "&Search For Help On...", "", "search",
          "Look something up in the help", doing(&frmMain::showHelpSearch)},
+        {MenuEntry::Command, "mnuHelpWeb", "Train Simulator on the &Web", "", "",
+         "Open the web site of the community in the browser", doing(&frmMain::showWebSite)},
         {},
         {MenuEntry::Command, "mnuHelpAbout", "&About ", "", "", "About this program",
          doing(&frmMain::showAbout)},

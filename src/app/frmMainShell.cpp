@@ -87,6 +87,11 @@ void frmMain::showHelpSearch()
     m_shell.ShowGuide(app::GuidePage::Search);
 }
 
+void frmMain::showWebSite()
+{
+    m_shell.ShowWebSite();
+}
+
 void frmMain::showAbout()
 {
     frmAbout box(

@@ -29,6 +29,7 @@ public:
         log += " in " + start.folder + '\n';
     }
     bool Open(const std::string &) override { return !refuses; }
+    bool OpenWeb(const std::string &) override { return !refuses; }
     void AssociateConsistFiles() override
     {
         if (refuses)

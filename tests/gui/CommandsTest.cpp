@@ -177,6 +177,7 @@ constexpr Row kRows[] = {
     {From::List, "mnuWindowLockTiling", "checked\n"},
     {From::List, "mnuHelpContents", "open|<P>/guide/index.html\n"},
     {From::List, "mnuHelpSearchForHelpOn", "open|<P>/guide/search.html\n"},
+    {From::List, "mnuHelpWeb", "web|https://www.openrails.org\n"},
     {From::List, "mnuHelpAbout", "dialog|frmAbout\n"},
 };
 

@@ -41,6 +41,12 @@ bool RecordingDesktop::Open(const std::string &file)
     return !refuses;
 }
 
+bool RecordingDesktop::OpenWeb(const std::string &address)
+{
+    log += "web|" + address + '\n';
+    return !refuses;
+}
+
 void RecordingDesktop::AssociateConsistFiles()
 {
     if (refuses)

@@ -36,12 +36,13 @@ public:
 };
 
 /// A desktop that starts nothing; it writes down what it was asked, a line each: "start|program
-/// arguments|folder|prefix", "open|file", "associate".
+/// arguments|folder|prefix", "open|file", "web|address", "associate".
 class RecordingDesktop : public app::Desktop
 {
 public:
     void Start(const app::ProgramStart &start) override;
     bool Open(const std::string &file) override;
+    bool OpenWeb(const std::string &address) override;
     void AssociateConsistFiles() override;
 
     std::string log;

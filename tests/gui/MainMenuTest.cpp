@@ -83,6 +83,7 @@ constexpr char kTree[] = R"(>mnuFile [&File]
 >mnuHelp [&Help]
  mnuHelpContents [&Contents]
  mnuHelpSearchForHelpOn [&Search For Help On...]
+ mnuHelpWeb [Train Simulator on the &Web]
  mnuHelpAbout [&About ]
 )";
 

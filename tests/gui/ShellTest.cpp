@@ -86,10 +86,14 @@ TEST_F(ShellTest, ProgramsOfTheInstallationAreStartedAndFailuresTold)
     }
     Trigger("mnuHelpContents");
     EXPECT_NE(desktop.log.find("index.html\n"), std::string::npos) << desktop.log;
+    Trigger("mnuHelpWeb");
+    EXPECT_TRUE(desktop.log.ends_with("web|https://www.openrails.org\n")) << desktop.log;
     desktop.refuses = true;
     Trigger("mnuHelpSearchForHelpOn");
-    EXPECT_NE(dialogs.Log().find("search.html cannot be shown"), std::string::npos)
-        << dialogs.Log();
+    EXPECT_NE(dialogs.TakeLog().find("search.html cannot be shown"), std::string::npos);
+    Trigger("mnuHelpWeb");
+    EXPECT_EQ(dialogs.TakeLog(), "critical|ZELK|https://www.openrails.org cannot be shown: there "
+                                 "is no browser for it.\n");
 }
 
 TEST_F(ShellTest, EachKindOfWindowPrintsUnderItsName)
@@ -191,6 +195,7 @@ TEST_F(ShellTest, AboutTellsVersionsAndWhatAReportNeeds)
         versions = RowsOf(Find<QTreeWidget>(about, "lvHistory"));
         OnNextDialog([&](QDialog &info) {
             facts = Find<QPlainTextEdit>(info, "txtFacts").toPlainText();
+            EXPECT_TRUE(QRect(0, 0, 640, 480).contains(QRect({0, 0}, info.frameSize())));
             Find<QPushButton>(info, "cmdCopy").click();
         });
         Find<QPushButton>(about, "cmdSysInfo").click();
