@@ -9,9 +9,9 @@ zelk_add_room(gl
 # The windows: one library, so that tests and benchmarks link them, and the program itself.
 
 if(WIN32)
-  set(desktop app/DesktopScheme-win32.cpp)
+  set(desktop app/DesktopScheme-win32.cpp app/GivenFile-win32.cpp)
 else()
-  set(desktop app/DesktopScheme-posix.cpp)
+  set(desktop app/DesktopScheme-posix.cpp app/GivenFile-posix.cpp)
   find_package(Qt6 6.4 QUIET COMPONENTS DBus)
   if(Qt6DBus_FOUND)
     list(APPEND desktop app/DesktopPortal-posix.cpp)
@@ -26,6 +26,7 @@ zelk_add_room(forms
     about/SystemInfo.cpp
     app/AccessibleRoles.cpp
     app/Colours.cpp
+    app/FileChooser.cpp
     app/frmMain.cpp
     app/frmMainChecks.cpp
     app/frmMainCommands.cpp

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/QtDialogs.h"
 
+#include "app/FileChooser.h"
+#include "host/GameFiles.h"
 #include "validation/frmSelector.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMainWindow>
@@ -59,8 +60,25 @@ QMessageBox::StandardButtons buttonsOf(DialogButtons buttons)
     return QMessageBox::Ok;
 }
 
+/// The file that was chosen under the name that the toolkit shows. "", with a message, when that is
+/// the name of several.
+std::string fileChosen(const QString &shown, host::Dialogs &dialogs, const std::string &title)
+{
+    const std::string text = QDir::toNativeSeparators(shown).toStdString();
+    const std::vector<std::string> paths = PathsShownAs(shown);
+    if (!shown.contains(QChar::ReplacementCharacter) || paths.empty()) // none: a new name
+        return text;
+    if (paths.size() == 1)
+        return host::GameFiles().TextOf(paths.front());
+    dialogs.Message("Several files are shown as " + text +
+                        ". To choose one of them, drop it on the window.",
+                    title, DialogIcon::Critical);
+    return {};
+}
+
 /// Prepares a file dialog and runs it; the chosen path or "".
-std::string choose(QFileDialog &dialog, const host::FileDialogRequest &request)
+std::string choose(FileChooser &dialog, host::Dialogs &dialogs,
+                   const host::FileDialogRequest &request)
 {
     const QString initialName = QString::fromStdString(request.initialName);
     dialog.setWindowTitle(QString::fromStdString(request.title));
@@ -77,7 +95,7 @@ std::string choose(QFileDialog &dialog, const host::FileDialogRequest &request)
     if (initialName.contains(QLatin1Char('*')) &&
         chosen.section(QLatin1Char('/'), -1) == initialName)
         return request.initialName;
-    return QDir::toNativeSeparators(chosen).toStdString();
+    return fileChosen(chosen, dialogs, request.title);
 }
 
 } // namespace
@@ -122,15 +140,15 @@ std::optional<std::string> QtDialogs::Input(const std::string &prompt, const std
 
 std::string QtDialogs::OpenFile(const host::FileDialogRequest &request)
 {
-    QFileDialog dialog(parentOfDialog());
+    FileChooser dialog(parentOfDialog());
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    return choose(dialog, request);
+    return choose(dialog, *this, request);
 }
 
 std::string QtDialogs::SaveFile(const host::FileDialogRequest &request)
 {
-    QFileDialog dialog(parentOfDialog());
+    FileChooser dialog(parentOfDialog());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
@@ -144,7 +162,7 @@ std::string QtDialogs::SaveFile(const host::FileDialogRequest &request)
     const QStringList filters = NameFilters(request.filter);
     if (!filters.isEmpty())
         followFilter(filters.constFirst());
-    return choose(dialog, request);
+    return choose(dialog, *this, request);
 }
 
 std::string QtDialogs::SelectFromList(const std::string &caption, const std::string &list)

@@ -38,7 +38,7 @@ constexpr int kListMode = 0, kEditorMode = 1, kShapeViewMode = 3, kModes = 4;
 
 } // namespace
 
-frmMain::frmMain(const app::Services &services, const std::string &commandLine)
+frmMain::frmMain(const app::Services &services, const std::string &file)
     : m_services(services)
     , m_shapes(services.files)
     , m_shell(services.dialogs, services.files, services.desktop, m_installation)
@@ -51,7 +51,7 @@ frmMain::frmMain(const app::Services &services, const std::string &commandLine)
     buildToolBar();
     loadSettings();
     updateActions();
-    if (commandLine.empty())
+    if (file.empty())
         NewDocumentWindow(kListMode, {});
 }
 

@@ -59,8 +59,8 @@ class frmMain : public QMainWindow, public document::DocumentHost, public app::C
     Q_OBJECT
 
 public:
-    /// Reads the settings. Without a command line it opens with a list of the installed consists.
-    frmMain(const app::Services &services, const std::string &commandLine);
+    /// Reads the settings. Without a file to open it begins with a list of the installed consists.
+    frmMain(const app::Services &services, const std::string &file);
     ~frmMain() override;
 
     /// Opens a file of any kind in a window of its own, or says why not.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/Console.h"
 
+#include "host/CommandLine.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <system_error>
@@ -12,6 +14,11 @@ namespace host {
 std::vector<std::string> Arguments(int argc, char **argv)
 {
     return {argv + (argc > 0 ? 1 : 0), argv + argc};
+}
+
+std::string CommandLine(int argc, char **argv)
+{
+    return JoinArguments(Arguments(argc, argv));
 }
 
 std::optional<std::string> WriteTo(Stream stream, std::string_view text)

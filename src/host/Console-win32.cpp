@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/Console.h"
 
+#include "host/CommandLine.h"
 #include "host/Disk-win32.h"
 #include "host/Windows-win32.h"
 
@@ -74,6 +75,11 @@ std::vector<std::string> Arguments(int, char **)
     for (int i = 1; words && i < count; ++i)
         arguments.push_back(disk::Narrow(words.get()[i]));
     return arguments;
+}
+
+std::string CommandLine(int, char **)
+{
+    return std::string(AfterProgramName(disk::Narrow(GetCommandLineW())));
 }
 
 std::optional<std::string> WriteTo(Stream stream, std::string_view text)

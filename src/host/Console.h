@@ -13,6 +13,11 @@ namespace host {
 /// command line that the system keeps, since argv has lost what its code page does not know.
 std::vector<std::string> Arguments(int argc, char **argv);
 
+/// The same as one text. On Windows everything that follows the program's name, byte for byte:
+/// quotes and blanks mean something there that arguments have lost. Elsewhere the arguments, joined
+/// by one blank.
+std::string CommandLine(int argc, char **argv);
+
 enum class Stream
 {
     Output,

@@ -89,6 +89,16 @@ std::optional<std::filesystem::path> GameFiles::FindFolder(std::string_view path
     return path::ToDisk(folders.front());
 }
 
+std::string GameFiles::TextOf(std::string_view bytes)
+{
+    std::string text = path::ToText(bytes);
+    if (text == bytes)
+        return text;
+    const auto file = FindFile(bytes), folder = FindFolder(bytes);
+    const bool isOther = file ? FindFile(text) != file : folder && FindFolder(text) != folder;
+    return isOther ? std::string(bytes) : text;
+}
+
 std::optional<std::filesystem::path> GameFiles::TargetOf(std::string_view path)
 {
     const std::optional<GamePath> steps = GamePath::Of(path);

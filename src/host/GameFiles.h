@@ -40,6 +40,11 @@ public:
     bool FileExists(std::string_view path) { return FindFile(path).has_value(); }
     bool FolderExists(std::string_view path) { return FindFolder(path).has_value(); }
 
+    /// The text by which this object finds what the disk knows by these bytes (path::ToText). The
+    /// bytes themselves where that text finds something else: a name in an old encoding beside the
+    /// same name in UTF-8.
+    std::string TextOf(std::string_view bytes);
+
     /// Where a file of this path is, or would have to be written: the existing file of that name in
     /// any letter case, else the name as given in the resolved parent folder. Nothing when there is
     /// no parent folder.
@@ -108,6 +113,9 @@ std::string Extension(std::string_view path);
 std::string BaseName(std::string_view path);
 /// Separators made the platform's own, "." and ".." worked off, for comparing two paths.
 std::string Normalise(std::string_view path);
+/// The text by which GameFiles knows a path whose names may be in an old encoding: a name that is
+/// not UTF-8 is read as Windows-1252, each name by itself.
+std::string ToText(std::string_view bytes);
 /// UTF-8 text of a path of the disk, and back (both ways exact on Linux).
 std::string FromDisk(const std::filesystem::path &path);
 std::filesystem::path ToDisk(std::string_view path);

@@ -8,6 +8,9 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QPrinter>
 #include <QProgressBar>
 #include <QTimer>
@@ -165,6 +168,16 @@ std::string RowsOf(const QAbstractItemView &list)
 bool Wait(const std::function<bool()> &condition)
 {
     return QTest::qWaitFor(condition, 10000);
+}
+
+void DropOn(QWidget &window, const QMimeData &data)
+{
+    const QPoint at(50, 50);
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &enter);
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &drop);
+    QTest::qWait(50);
 }
 
 void OnNextDialog(const std::function<void(QDialog &)> &act)

@@ -23,6 +23,7 @@
 
 class QAbstractItemView;
 class QDialog;
+class QMimeData;
 
 /// A settings store in memory; it can refuse to be written.
 class MemorySettings : public host::SettingsStore
@@ -105,5 +106,7 @@ template <typename Widget> Widget &Find(const QObject &parent, const char *name)
 std::string RowsOf(const QAbstractItemView &list);
 /// Waits until the condition holds; false after some seconds.
 bool Wait(const std::function<bool()> &condition);
+/// Drags the data over a window, drops it there, and lets the window act on it.
+void DropOn(QWidget &window, const QMimeData &data);
 /// Runs `act` on the modal dialog that the next call opens; it is closed when `act` did not do so.
 void OnNextDialog(const std::function<void(QDialog &)> &act);
