@@ -30,6 +30,7 @@ zelk_add_room(forms
     app/frmMain.cpp
     app/frmMainChecks.cpp
     app/frmMainCommands.cpp
+    app/frmMainDrop.cpp
     app/frmMainShell.cpp
     app/frmMainViews.cpp
     app/IconSet.cpp

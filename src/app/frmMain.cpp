@@ -16,11 +16,9 @@
 #include "validation/frmResults.h"
 
 #include <QCloseEvent>
-#include <QDropEvent>
 #include <QGuiApplication>
 #include <QMdiArea>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QPrinter>
 #include <QScreen>
 #include <QShortcut>
@@ -153,9 +151,12 @@ void frmMain::saveSettings()
 void frmMain::OpenFile(const std::string &path)
 {
     const app::OpenKind kind = app::KindOf(path);
-    if (const std::string refusal = app::RefusalOf(kind); !refusal.empty())
+    if (const std::string refusal = app::RefusalOf(kind); !refusal.empty()) {
         m_services.dialogs.Message(refusal, "Open File", DialogIcon::Critical);
-    else if (kind == app::OpenKind::Consist)
+        return;
+    }
+    m_lastFolder = host::path::FolderWithSeparator(path);
+    if (kind == app::OpenKind::Consist)
         OpenDocumentWindow(path, kEditorMode, "Consist - " + path, {});
     else if (kind == app::OpenKind::Shape)
         OpenDocumentWindow(path, kShapeViewMode, "Shape - " + path, {});
@@ -426,23 +427,4 @@ void frmMain::closeEvent(QCloseEvent *event)
         delete window;
     }
     event->accept();
-}
-
-void frmMain::dragEnterEvent(QDragEnterEvent *event)
-{
-    if (event->mimeData()->hasUrls())
-        event->acceptProposedAction();
-}
-
-void frmMain::dropEvent(QDropEvent *event)
-{
-    event->acceptProposedAction();
-    for (const QUrl &url : event->mimeData()->urls()) {
-        if (!url.isLocalFile())
-            continue;
-        // After the drop, so that a message box does not hold up the window dragged from.
-        QMetaObject::invokeMethod(
-            this, [this, path = url.toLocalFile().toStdString()] { OpenFile(path); },
-            Qt::QueuedConnection);
-    }
 }

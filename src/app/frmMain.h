@@ -132,6 +132,10 @@ private:
     QMenu *menu(const char *name) const;
     document::Furnishing furnishing();
 
+    // frmMainDrop.cpp
+    void openDropped(const std::vector<std::string> &paths);
+    void offerLocation(const std::string &folder);
+
     // frmMainCommands.cpp
     std::vector<app::MenuEntry> menuTable();
     std::vector<app::MenuEntry> fileMenu();
@@ -152,6 +156,8 @@ private:
     void saveAs();
     void saveAll();
     void setMstsLocation();
+    bool mayChangeLocation();
+    void changeLocation(const std::string &location);
     void editSelectedConsist();
     bool mayDropChanges();
     void refresh();
@@ -211,6 +217,7 @@ private:
     app::ShellCommands m_shell;
     std::unique_ptr<QPrinter> m_printer; ///< made when it is first needed
     std::string m_screenShotFolder;
+    std::string m_lastFolder; ///< of the file opened last, "" before the first
     QMdiArea *m_area;
     QToolBar *tbToolBar = nullptr;
     app::MainStatusBar *sbStatusBar = nullptr;

@@ -5,6 +5,7 @@
 #include "app/MainStatusBar.h"
 #include "app/OpenRules.h"
 #include "document/Guard.h"
+#include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "install/frmSetLoc.h"
 #include "validation/TSValidation.h"
@@ -12,6 +13,8 @@
 
 #include <QMdiArea>
 #include <QMenuBar>
+
+#include <algorithm>
 
 using app::Arrangement;
 using app::MenuEntry;
@@ -227,8 +230,9 @@ void frmMain::newConsistList()
 
 void frmMain::openFileDialog()
 {
-    const std::string path =
-        m_services.dialogs.OpenFile({"Open", app::kOpenFilter, "", consistFolder()});
+    const auto last = m_services.files.FindFolder(m_lastFolder);
+    const std::string path = m_services.dialogs.OpenFile(
+        {"Open", app::kOpenFilter, "", last ? host::path::FromDisk(*last) : consistFolder()});
     if (!path.empty())
         OpenFile(path);
 }
@@ -269,23 +273,34 @@ void frmMain::saveAll()
 
 void frmMain::setMstsLocation()
 {
-    for (const frmDocument *window : Documents())
-        if (window->Mode() == kEditorMode) {
-            m_services.dialogs.Message("Can't change MSTS location whilst editting a consist!",
-                                       "Set MSTS Location", DialogIcon::Critical);
-            return;
-        }
-    if (m_checks.Running()) {
-        m_services.dialogs.Message("Can't change MSTS location whilst a check is running!",
-                                   "Set MSTS Location", DialogIcon::Critical);
+    if (!mayChangeLocation())
         return;
-    }
+    const std::string folder = m_installation.CurrentFolder();
     frmSetLoc dialog(m_services.files, this);
-    dialog.SetLocation(m_installation.CurrentFolder());
+    dialog.SetLocation(folder.empty() ? host::HomeFolder() : folder);
     dialog.exec();
-    if (dialog.Cancelled)
-        return;
-    m_installation.SetLocation(dialog.Location);
+    if (!dialog.Cancelled)
+        changeLocation(dialog.Location);
+}
+
+/// False, with a message, while something works on the present location.
+bool frmMain::mayChangeLocation()
+{
+    const std::vector<frmDocument *> open = Documents();
+    const bool editing = std::any_of(open.begin(), open.end(), [](const frmDocument *window) {
+        return window->Mode() == kEditorMode;
+    });
+    if (!editing && !m_checks.Running())
+        return true;
+    m_services.dialogs.Message(editing ? "Can't change MSTS location whilst editting a consist!"
+                                       : "Can't change MSTS location whilst a check is running!",
+                               "Set MSTS Location", DialogIcon::Critical);
+    return false;
+}
+
+void frmMain::changeLocation(const std::string &location)
+{
+    m_installation.SetLocation(location);
     for (frmDocument *window : Documents())
         if (window->Mode() == kListMode)
             window->LoadForm();

@@ -22,6 +22,8 @@ public:
     void AnswerInput(std::string text) { m_texts.push_back(std::move(text)); }
     void AnswerSelection(std::string names) { m_texts.push_back(std::move(names)); }
 
+    /// Where the last file dialog began.
+    const std::string &LastFolder() const { return m_folder; }
     const std::string &Log() const { return m_log; }
     std::string TakeLog() { return std::exchange(m_log, {}); }
 
@@ -47,11 +49,13 @@ public:
     }
     std::string OpenFile(const host::FileDialogRequest &request) override
     {
+        m_folder = request.folder;
         write("open|" + request.title + '|' + request.initialName);
         return nextText();
     }
     std::string SaveFile(const host::FileDialogRequest &request) override
     {
+        m_folder = request.folder;
         write("save|" + request.title + '|' + request.initialName);
         return nextText();
     }
@@ -74,7 +78,7 @@ private:
 
     std::deque<host::DialogAnswer> m_answers;
     std::deque<std::string> m_texts;
-    std::string m_log;
+    std::string m_log, m_folder;
 };
 
 } // namespace support
