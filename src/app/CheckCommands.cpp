@@ -4,6 +4,7 @@
 #include "app/modZELK.h"
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
+#include "host/RuntimeError.h"
 #include "host/Text.h"
 #include "install/Installation.h"
 #include "install/modTS.h"
@@ -87,7 +88,7 @@ void CheckCommands::run(const std::string &title, const std::function<void()> &c
     try {
         check();
     } catch (const std::exception &error) {
-        failure = error.what();
+        failure = host::Explained(error);
     }
     m_running = false;
     m_host.SetProgress(0, 0);
@@ -136,8 +137,10 @@ std::string CheckCommands::stockReport(const std::string &path, const std::strin
 std::optional<std::string> CheckCommands::consistReport(const Names &names)
 {
     const Names routes = askForRoutes();
-    if (routes.empty())
+    if (routes.empty()) {
+        m_host.SetStatus("Nothing was checked: no route was chosen.");
         return std::nullopt;
+    }
     TSValidation &validator = newValidator();
     checkUses(names, routes, [&](const std::string &name, const std::string &route) {
         validator.CheckConsistUseInRoute(route, name);
@@ -162,8 +165,8 @@ void CheckCommands::CheckConsistStock(const std::optional<CheckTarget> &target)
         newValidator().CheckConsist(m_host.Installation().ConsistPath(target->consist));
         m_host.SetStatus("Done");
         std::string report;
-        for (const std::string &key : m_validator->Errors())
-            report += kLineEnd + TSValidation::TranslateError(key);
+        for (const validation::Finding &finding : m_validator->Findings())
+            report += kLineEnd + ReportLine(finding);
         if (!m_abandoned)
             m_host.ShowResults("Stock check of " + target->consist,
                                report + (m_stopped ? kLineEnd : "") + stoppedLine());
@@ -261,8 +264,8 @@ void CheckCommands::checkUses(
 std::string CheckCommands::findings() const
 {
     std::string text;
-    for (const std::string &key : m_validator->Errors())
-        text += TSValidation::TranslateError(key) + kLineEnd;
+    for (const validation::Finding &finding : m_validator->Findings())
+        text += ReportLine(finding) + kLineEnd;
     return text;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ConsistFiles.h"
 
+#include "app/ConsistNames.h"
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
@@ -28,15 +29,6 @@ bool canBeName(const std::string &text)
     return text.size() <= kLongestName && std::none_of(text.begin(), text.end(), isControl);
 }
 
-/// A copy must not land outside the folder of the consists, nor be one that Windows cannot have.
-void checkNewName(const std::string &name, const std::string &path)
-{
-    if (!canBeName(name) || name.find_first_of("\\/:*?\"<>|") != std::string::npos)
-        throw host::RuntimeError(host::ErrorNumber::PathFileAccess,
-                                 path + ": the name of a consist cannot hold any of "
-                                        "\\ / : * ? \" < > |");
-}
-
 } // namespace
 
 void PasteConsist(const std::string &source, host::Dialogs &dialogs, host::GameFiles &files,
@@ -55,10 +47,10 @@ void PasteConsist(const std::string &source, host::Dialogs &dialogs, host::GameF
         return;
     const std::string target = installation.ConsistPath(name);
     try {
-        checkNewName(name, target);
+        CheckPortableConsistName(name, target);
         files.WriteFile(target, files.ReadFile(installation.ConsistPath(source)));
     } catch (const host::RuntimeError &error) {
-        dialogs.Message(error.what(), kPaste, DialogIcon::Critical);
+        dialogs.Message(host::Explained(error), kPaste, DialogIcon::Critical);
         return;
     }
     dialogs.Message("Created " + target, kPaste, DialogIcon::Information);

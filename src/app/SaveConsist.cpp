@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/SaveConsist.h"
 
+#include "app/ConsistNames.h"
 #include "app/OpenRules.h"
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
@@ -22,8 +23,10 @@ std::string nameToSave(const SaveTarget &target, host::Dialogs &dialogs, host::G
             name = dialogs.SaveFile({"Save Consist As", kSaveFilter, kAnyConsist, consistFolder});
         if (name.empty() || name == kAnyConsist)
             return {};
-        if (!files.FileExists(name))
+        if (!files.FileExists(name)) {
+            CheckConsistName(host::path::BaseName(name), name);
             return name;
+        }
         switch (dialogs.Message(name + " already exists.  Do you want to overwrite it?", kTitle,
                                 host::DialogIcon::Question, host::DialogButtons::YesNoCancel)) {
         case host::DialogAnswer::Yes:
@@ -56,7 +59,7 @@ bool SaveConsist(const SaveTarget &target, host::Dialogs &dialogs, host::GameFil
         target.saveForm(quiet);
         return true;
     } catch (const host::RuntimeError &error) {
-        dialogs.Message(error.what(), kTitle, host::DialogIcon::Critical);
+        dialogs.Message(host::Explained(error), kTitle, host::DialogIcon::Critical);
         return false;
     }
 }

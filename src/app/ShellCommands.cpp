@@ -80,7 +80,7 @@ bool ShellCommands::start(const std::string &path, const std::vector<std::string
                                  "installed (the package \"wine\" of your distribution).",
                           title, DialogIcon::Critical);
     } catch (const host::RuntimeError &error) {
-        m_dialogs.Message(error.what(), title, DialogIcon::Critical);
+        m_dialogs.Message(host::Explained(error), title, DialogIcon::Critical);
     }
     return false;
 }
@@ -95,7 +95,7 @@ void ShellCommands::SetFileAssociation()
     try {
         m_desktop.AssociateConsistFiles();
     } catch (const host::RuntimeError &error) {
-        m_dialogs.Message(error.what(), "Set File Association", DialogIcon::Critical);
+        m_dialogs.Message(host::Explained(error), "Set File Association", DialogIcon::Critical);
         return;
     }
     m_dialogs.Message("Consist files now associations with ZELK.", "Set Association",

@@ -14,13 +14,13 @@ std::vector<std::string> Arguments(int argc, char **argv)
     return {argv + (argc > 0 ? 1 : 0), argv + argc};
 }
 
-std::optional<std::string> WriteTo(Stream stream, std::string_view text)
+std::optional<WriteFailure> WriteTo(Stream stream, std::string_view text)
 {
     std::FILE *const file = stream == Stream::Output ? stdout : stderr;
     errno = 0;
     if (std::fwrite(text.data(), 1, text.size(), file) == text.size() && std::fflush(file) == 0)
         return std::nullopt;
-    return std::generic_category().message(errno);
+    return WriteFailure{std::generic_category().message(errno), errno == EPIPE};
 }
 
 bool IsTerminal(Stream stream)

@@ -19,10 +19,17 @@ enum class Stream
     Error
 };
 
+/// Why text could not be written.
+struct WriteFailure
+{
+    std::string reason;      ///< in words
+    bool readerGone = false; ///< the stream is a pipe whose reader has ended
+};
+
 /// Writes UTF-8 text to a standard stream at once and byte for byte, without carriage returns; a
 /// console of Windows is given characters, whatever its code page (text must not end within one).
-/// The reason, in words, when not all could be written.
-std::optional<std::string> WriteTo(Stream stream, std::string_view text);
+/// Returns the failure when not all could be written.
+std::optional<WriteFailure> WriteTo(Stream stream, std::string_view text);
 
 /// True when somebody watches what is written to the stream.
 bool IsTerminal(Stream stream);

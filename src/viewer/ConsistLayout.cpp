@@ -26,7 +26,8 @@ std::optional<float> lengthOf(const StockShape &stock, const std::string &stockF
     try {
         return LeadingNumber(*stock.length);
     } catch (const host::RuntimeError &error) {
-        throw host::RuntimeError(error.Code(), stockFile + ": the length is " + error.Detail());
+        throw host::RuntimeError(error.Code(), stockFile + ": the length is " + error.Detail() +
+                                                   ", which is too large");
     }
 }
 

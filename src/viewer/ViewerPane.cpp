@@ -189,7 +189,8 @@ void ViewerPane::told(const std::function<void()> &piece)
         piece();
     } catch (const std::exception &error) {
         m_host.setStatus(error.what());
-        m_host.services.dialogs.Message(error.what(), "View Consist", host::DialogIcon::Critical);
+        m_host.services.dialogs.Message(host::Explained(error), "View Consist",
+                                        host::DialogIcon::Critical);
     }
 }
 

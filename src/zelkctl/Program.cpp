@@ -159,6 +159,8 @@ int Run(std::vector<std::string> arguments)
         Session session;
         parseAndRun(std::move(arguments), session);
         return session.exitCode;
+    } catch (const ReaderGone &) {
+        return kReaderGone;
     } catch (const std::bad_alloc &) {
         return fail("out of memory");
     } catch (const std::exception &error) {

@@ -142,6 +142,8 @@ TEST_F(CheckCommandsTest, EveryConsistIsSearchedInEveryRoute)
 {
     commands.CheckDependencies(kList);
     EXPECT_EQ(host.results, "") << "no routes, no report";
+    EXPECT_TRUE(host.statuses.ends_with("Nothing was checked: no route was chosen.\n"))
+        << host.statuses;
     EXPECT_EQ(host.dialogs.TakeLog(), kAskRoutes + "\n");
     for (const char *route : {"North", "South"})
         host.game.Write(std::string("Routes/") + route + "/Services/run.srv",
@@ -200,6 +202,15 @@ TEST_F(CheckCommandsTest, TheStockOfTheCurrentConsistIsChecked)
                                 " references missing file " + stock("gone.wag") + "\r\nERROR: " +
                                 shown + " references missing file " + stock("off.eng"));
     EXPECT_EQ(host.statuses, "Checking B...\nDone\n");
+}
+
+TEST_F(CheckCommandsTest, ReportsNameFilesWithTheSeparatorOfKeys)
+{
+    commands.CheckConsistStock(CheckTarget{0, {"a|b"}, "a|b"});
+    EXPECT_EQ(std::exchange(host.results, {}),
+              "[Stock check of a|b]\n\r\nERROR: " + at("Trains/Consists/a|b.con") + " is MISSING");
+    commands.CheckDependencies(CheckTarget{3, {}, {}, at("a|b.s")});
+    EXPECT_EQ(host.results, "[Usage check of a|b]\nERROR: " + at("a|b.s") + " is MISSING\r\n");
 }
 
 TEST_F(CheckCommandsTest, AllStockIsCheckedWhenTheUserWantsIt)

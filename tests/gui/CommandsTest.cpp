@@ -119,8 +119,16 @@ constexpr char kCheckAll[] =
 constexpr char kSave[] =
     "question|Save Consist|<M>/Trains/Consists/Coal.con already exists.  Do you want to overwrite "
     "it?\ncritical|Save Consist|Save of <M>/Trains/Consists/Coal.con cancelled by user!\n";
-constexpr char kNoShape[] = "critical|View Shape|Object variable or With block variable not set: "
-                            "<M>/Trains/Trainset/Boxcars/box.wag: there is no Wagon block\n";
+constexpr char kNoShape[] =
+    "critical|View Shape|<M>/Trains/Trainset/Boxcars/box.wag: there is no Wagon block\n\nThe file "
+    "is "
+    "damaged or incomplete: install it again, or correct it in a text editor that keeps UTF-16.\n";
+constexpr char kNoSimulator[] = "critical|View MSTS|<M>/train.exe: there is no such file\n\nWas it "
+                                "moved, renamed or deleted? F5 "
+                                "reads the lists again.\n";
+constexpr char kNoEditors[] =
+    "critical|View MSTS Tools|<M>/launcher.exe: there is no such file\n\nWas it moved, renamed or "
+    "deleted? F5 reads the lists again.\n";
 constexpr char kRoutes[] = "select|Select Routes to Check|\n";
 
 constexpr Row kRows[] = {
@@ -165,8 +173,8 @@ constexpr Row kRows[] = {
      "input|Filter Consist List|Enter a filter string for consists:|\n"},
     {From::Editor, "mnuViewFilter", "input|Filter Stock List|Enter a filter string for stock:|\n"},
     {From::List, "mnuViewOptions", "none|ZELK v1.0-75|View Options not yet implemented\n"},
-    {From::List, "mnuViewTS", "critical|View MSTS|File not found: <M>/train.exe\n"},
-    {From::List, "mnuViewTSE", "critical|View MSTS Tools|File not found: <M>/launcher.exe\n"},
+    {From::List, "mnuViewTS", kNoSimulator},
+    {From::List, "mnuViewTSE", kNoEditors},
     {From::List, "mnuViewShapeViewer",
      "critical|View MSTS|MSTS does not appear to be installed on this system!\n"},
     {From::List, "mnuWindowNewWindow", "windows|Consist List 1|Consist List 2\n"},

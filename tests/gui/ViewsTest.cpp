@@ -265,9 +265,10 @@ TEST_F(ViewsTest, FilesOfEachKindOpenInTheirWindow)
     }
     EXPECT_EQ(pane().hscView->maximum(), 0);
     window->OpenFile(stockFile("Tankers/Oil.wag"));
-    EXPECT_EQ(dialogs.TakeLog(), "critical|Open File|Object variable or With block variable not "
-                                 "set: " +
-                                     stockFile("Tankers/Oil.wag") + ": there is no Wagon block\n");
+    const std::string log = dialogs.TakeLog();
+    EXPECT_TRUE(log.starts_with("critical|Open File|" + stockFile("Tankers/Oil.wag") +
+                                ": there is no Wagon block\n"))
+        << log;
 }
 
 TEST_F(ViewsTest, LooseConsistsOpenOneAfterTheOther)
@@ -433,7 +434,7 @@ TEST_F(ViewsTest, ATrainThatIsTooLongForTheScrollBarIsTold)
 {
     writeStock("Boxcars/hopper.wag", "Wagon", 70000, "box.s");
     viewCoal();
-    EXPECT_EQ(dialogs.TakeLog(), "critical|View Consist|Overflow: the length of the train in "
+    EXPECT_EQ(dialogs.TakeLog(), "critical|View Consist|the length of the train in "
                                  "metres is 70010 and does not fit into 16 bits\n");
     EXPECT_EQ(scene().Models.Count(), 2);
     EXPECT_EQ(pane().hscView->maximum(), 0);

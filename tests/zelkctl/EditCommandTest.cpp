@@ -129,9 +129,7 @@ TEST_F(EditCommandTest, WritesNothingWhenSomethingCannotBeDone)
          "add=Wagon,a,b: Nothing was changed: NextWagonUID is 32767, and the new value would not "
          "fit "
          "into 16 bits."},
-        {"noTrain.con",
-         {"clear"},
-         "error 91: Object variable or With block variable not set (there is no Train block)"},
+        {"noTrain.con", {"clear"}, "error 91: there is no Train block"},
         {"missing.con", {"clear"}, "error 53: File not found"},
     };
     for (const Row &row : rows) {
@@ -156,8 +154,7 @@ TEST_F(EditCommandTest, NamesTheFileThatCannotBeWritten)
     std::filesystem::permissions(file, std::filesystem::perms::owner_read);
     const Outcome outcome = edit({"clear"});
     EXPECT_EQ(outcome.code, 2);
-    EXPECT_TRUE(outcome.err.starts_with("zelkctl: local.con: error 70: Permission denied"))
-        << outcome;
+    EXPECT_TRUE(outcome.err.starts_with("zelkctl: local.con: error 70: ")) << outcome;
     EXPECT_EQ(read("local.con"), before);
     EXPECT_EQ(edit({"clear", "--out", "nowhere/x.con"}),
               (Outcome{2, "", "zelkctl: nowhere/x.con: error 76: Path not found\n"}));
