@@ -162,7 +162,8 @@ void Stage::finish()
     if (m_layout) {
         m_problems = m_layout->Problems();
         m_end = m_layout->End();
-        m_view->CamZ = m_view->LookAtZ = TrainMiddle();
+        // A camera that was turned while the train was being loaded stays as far from it.
+        OrbitCamera(*m_view).MoveAlong(TrainMiddle());
     }
     if (m_view->Models.Count() > 0)
         m_view->Models.Item(1).SetSelected(true);

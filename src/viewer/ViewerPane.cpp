@@ -100,6 +100,7 @@ void ViewerPane::connectCanvas()
     setFocusProxy(sfViewer);
     connect(sfViewer, &sfCanvas::MouseDown, this, [this](int, float x, float y) {
         m_dragging = true;
+        m_tiltsOver = m_stage.View() && OrbitCamera(*m_stage.View()).IsBesideTarget();
         m_lastX = x;
         m_lastY = y;
     });
@@ -182,7 +183,7 @@ void ViewerPane::step()
     tmrRenderer.start(m_stage.Ready() ? 0 : kPauseMilliseconds);
 }
 
-/// Runs a piece of the loading; a failure is told, and goes no further.
+/// Runs a piece of the loading; reports a failure and stops there.
 void ViewerPane::told(const std::function<void()> &piece)
 {
     try {
@@ -240,7 +241,9 @@ void ViewerPane::drag(int buttons, float x, float y)
     const float dx = x - m_lastX, dy = y - m_lastY;
     m_host.setStatus(QStringLiteral("Move(%1,%2)").arg(plain(dx), plain(dy)).toStdString());
     if (buttons == kLeft)
-        moveCamera([&](OrbitCamera &camera) { camera.Orbit(dx, dy); });
+        moveCamera([&](OrbitCamera &camera) {
+            m_tiltsOver ? camera.OrbitOver(dx, dy) : camera.Orbit(dx, dy);
+        });
     else if (buttons == kRight)
         moveCamera([&](OrbitCamera &camera) { camera.Pan(dx, dy); });
     showHeight();

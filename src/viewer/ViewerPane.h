@@ -95,6 +95,7 @@ private:
     QLabel *m_noCanvas = nullptr;
     Stage m_stage;
     bool m_dragging = false;
+    bool m_tiltsOver = false; ///< the drag began level beside the train: it tilts over the target
     float m_lastX = 0, m_lastY = 0;
 };
 

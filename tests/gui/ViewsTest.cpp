@@ -164,6 +164,44 @@ TEST_F(ViewsTest, MouseWheelAndKeysMoveTheCamera)
     EXPECT_EQ(pane().vscView->value(), 2);
 }
 
+TEST_F(ViewsTest, ADragOverTheTargetGoesOnAsItBegan)
+{
+    viewCoal();
+    const QPoint from(100, 200);
+    QPoint at = from;
+    QTest::mousePress(&canvas(), Qt::LeftButton, {}, at);
+    for (int i = 0; i < 157; ++i) { // a hand is not steady
+        at += QPoint(i % 2 ? 1 : -1, -1);
+        QMouseEvent move(QEvent::MouseMove, QPointF(at), canvas().mapToGlobal(QPointF(at)),
+                         Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&canvas(), &move);
+    }
+    QTest::mouseRelease(&canvas(), Qt::LeftButton, {}, at);
+    EXPECT_NEAR(camera().CamY, 2 + 10 * std::sin(157 / 200.0), 0.01);
+    EXPECT_NEAR(camera().CamX, 10 * std::cos(157 / 200.0), 0.01);
+    expectNear({10, 2, -15, camera().LookAtX, camera().LookAtY, camera().LookAtZ}, kSide, "target");
+    drag(Qt::LeftButton, {0, -157});
+    EXPECT_LT(camera().CamZ, -20) << "from above, the next drag swings it along the train";
+}
+
+TEST_F(ViewsTest, ATurnedViewKeepsItsDistance)
+{
+    viewCoal();
+    drag(Qt::LeftButton, {314, 0});
+    const viewer::CameraPose turned = camera();
+    pane().hscView->setValue(30);
+    expectNear(camera(), {turned.CamX, 2, turned.CamZ + 15, 0, 2, 0}, "the scroll bar");
+    canvas().setFocus();
+    QTest::keyClick(&canvas(), Qt::Key_Left);
+    expectNear(camera(), {turned.CamX, 2, turned.CamZ + 14, 0, 2, -1}, "an arrow key");
+    Trigger("mnuViewReset");
+    drag(Qt::LeftButton, {1, 0});
+    for (int i = 0; i < 10; ++i)
+        drag(Qt::RightButton, {1, 0});
+    EXPECT_NEAR(camera().LookAtZ, -25, 0.01) << "ten steps of a metre";
+    EXPECT_NEAR(camera().LookAtX, -0.05, 0.01);
+}
+
 TEST_F(ViewsTest, ScrollBarsMoveTheCameraAndFollowIt)
 {
     viewCoal();
@@ -487,7 +525,11 @@ TEST_F(ViewsTest, TheWindowAnswersInTheMiddleOfALayout)
     EXPECT_TRUE(pane().Loading());
     WriteConsist("Long", {"hopper"});
     Trigger("mnuViewRefresh"); // begins anew, with another train
+    drag(Qt::LeftButton, {157, 0});
+    const viewer::CameraPose turned = camera();
     ASSERT_TRUE(loaded());
+    expectNear(camera(), {turned.CamX, 2, turned.CamZ - 10, 0, 2, -10},
+               "turned, and at the middle");
     EXPECT_EQ(scene().Models.Count(), 1);
     EXPECT_EQ(pane().hscView->maximum(), 20);
     Trigger("mnuViewRefresh");

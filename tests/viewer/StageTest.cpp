@@ -5,7 +5,9 @@
 #include "host/RuntimeError.h"
 #include "stavfile/StfFile.h"
 #include "viewer/Numbers.h"
+#include "viewer/OrbitCamera.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <thread>
@@ -120,6 +122,22 @@ TEST_F(StageTest, VehiclesStandEndToEnd)
         EXPECT_EQ(log, row.log);
         EXPECT_EQ(status, "Done");
     }
+}
+
+TEST_F(StageTest, ACameraThatWasTurnedWhileLoadingStaysAsFarFromTheTrain)
+{
+    stage.RenderLooseConsist(train({"Box10", "Box20"}), game.Path(), "x.act");
+    ASSERT_TRUE(stage.Step());
+    viewer::OrbitCamera(*stage.View()).Orbit(150, 0);
+    viewer::OrbitCamera(*stage.View()).Pan(1, 0);
+    const viewer::CameraPose turned = *stage.View();
+    ASSERT_GT(turned.CamZ - turned.LookAtZ, 6);
+    while (stage.Step())
+        continue;
+    const viewer::CameraPose &now = *stage.View();
+    EXPECT_FLOAT_EQ(now.LookAtZ, -15.25f);
+    EXPECT_FLOAT_EQ(now.CamZ - now.LookAtZ, turned.CamZ - turned.LookAtZ);
+    EXPECT_FLOAT_EQ(now.CamX, turned.CamX);
 }
 
 TEST_F(StageTest, TheScrollBarRunsAlongTheTrain)
