@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMessageBox>
@@ -59,6 +60,31 @@ QMessageBox::StandardButtons buttonsOf(DialogButtons buttons)
     return QMessageBox::Ok;
 }
 
+/// A message box that knows whether it was closed without a button. The toolkit counts Esc as the
+/// only button of a box that has one.
+class MessageBox : public QMessageBox
+{
+public:
+    using QMessageBox::QMessageBox;
+
+    bool Dismissed() const { return m_dismissed; }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        m_dismissed = event->matches(QKeySequence::Cancel);
+        QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent *event) override
+    {
+        m_dismissed = true;
+        QMessageBox::closeEvent(event);
+    }
+
+private:
+    bool m_dismissed = false;
+};
+
 /// Prepares a file dialog and runs it; the chosen path or "".
 std::string choose(QFileDialog &dialog, const host::FileDialogRequest &request)
 {
@@ -85,8 +111,8 @@ std::string choose(QFileDialog &dialog, const host::FileDialogRequest &request)
 DialogAnswer QtDialogs::Message(const std::string &text, const std::string &title, DialogIcon icon,
                                 DialogButtons buttons)
 {
-    QMessageBox box(iconOf(icon), QString::fromStdString(title), QString(), buttonsOf(buttons),
-                    parentOfDialog());
+    MessageBox box(iconOf(icon), QString::fromStdString(title), QString(), buttonsOf(buttons),
+                   parentOfDialog());
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(text));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -100,7 +126,7 @@ DialogAnswer QtDialogs::Message(const std::string &text, const std::string &titl
     case QMessageBox::Cancel:
         return DialogAnswer::Cancel;
     default:
-        return DialogAnswer::Ok;
+        return box.Dismissed() ? DialogAnswer::Cancel : DialogAnswer::Ok;
     }
 }
 

@@ -44,8 +44,8 @@ class Dialogs
 public:
     virtual ~Dialogs() = default;
 
-    /// A message box. With one button the answer is Ok; closing a box with Yes, No and Cancel is
-    /// Cancel, closing one with Yes and No is No.
+    /// A message box. A box that is closed without a button (Esc) answers Cancel, or No if it has
+    /// Yes and No alone. So a box with one button answers Ok only when the button was pressed.
     virtual DialogAnswer Message(const std::string &text, const std::string &title, DialogIcon icon,
                                  DialogButtons buttons = DialogButtons::Ok) = 0;
     /// An input box; nothing when it was cancelled.

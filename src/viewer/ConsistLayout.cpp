@@ -71,7 +71,7 @@ bool ConsistLayout::Step()
     const StfNode entry = m_units[m_next++];
     try {
         place(entry);
-    } catch (const host::RuntimeError &error) {
+    } catch (const std::exception &error) {
         m_services.dialogs.Message(error.what(), kLoadError, host::DialogIcon::Critical);
     }
     return true;

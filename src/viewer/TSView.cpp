@@ -78,8 +78,10 @@ bool TSView::LoadShapeInToViewer(const std::string &shapeId, const std::string &
     object->Model().SetDevice(Viewer ? Viewer->Device() : nullptr);
     object->Model().SetTexturePath(kTexturePath);
     if (!object->LoadShape(shapeFile)) {
-        m_services.dialogs.Message(object->LastError(), "Error Loading Shape",
-                                   host::DialogIcon::Critical);
+        // A missing file was reported by the object, and leaves no error text.
+        if (!object->LastError().empty())
+            m_services.dialogs.Message(object->LastError(), "Error Loading Shape",
+                                       host::DialogIcon::Critical);
         return false;
     }
     object->MoveAndRotateTo(x, y, z, viewer::DegToRad(degrees));

@@ -22,7 +22,7 @@ TEST(QtDialogsTest, MessageBoxesShowPlainTextAndGiveTheAnswer)
         DialogAnswer answer;
     } rows[] = {
         {DialogButtons::Ok, QMessageBox::Ok, DialogAnswer::Ok},
-        {DialogButtons::Ok, QMessageBox::NoButton, DialogAnswer::Ok},
+        {DialogButtons::Ok, QMessageBox::NoButton, DialogAnswer::Cancel},
         {DialogButtons::YesNo, QMessageBox::Yes, DialogAnswer::Yes},
         {DialogButtons::YesNo, QMessageBox::NoButton, DialogAnswer::No},
         {DialogButtons::YesNoCancel, QMessageBox::No, DialogAnswer::No},

@@ -448,16 +448,16 @@ TEST_F(ViewsTest, WhatCannotBeShownIsToldAndTheRestGoesOn)
     writeStock("Boxcars/holed.wag", "Wagon", 12, "gone.s");
     window->OpenDocumentWindow(game.Write("Trains/Consists/Bare.con", "Train ( TrainCfg ( x ) )"),
                                2, "Bare", {});
-    EXPECT_EQ(dialogs.TakeLog(), "critical|Open File|No consist to display\n");
+    EXPECT_EQ(dialogs.TakeLog(),
+              "critical|Open File|No consist to display: " + ConsistFile("Bare") + " (x)\n");
     window->OpenDocumentWindow(ConsistFile("Gappy"), 2, "Gappy", {});
     ASSERT_TRUE(loaded());
     EXPECT_EQ(scene().Models.Count(), 2);
-    EXPECT_EQ(dialogs.TakeLog(),
-              "critical|LoadShape|" +
-                  host::path::Join(game.Path(), "Trains/Trainset/Boxcars/gone.wag") +
-                  " does not exist!\ncritical|LoadShape|" +
-                  host::path::Join(game.Path(), "Trains/Trainset/Boxcars/gone.s") +
-                  " does not exist!\ncritical|Error Loading Shape|\n");
+    EXPECT_EQ(
+        dialogs.TakeLog(),
+        "critical|LoadShape|" + host::path::Join(game.Path(), "Trains/Trainset/Boxcars/gone.wag") +
+            " does not exist!\ncritical|LoadShape|" +
+            host::path::Join(game.Path(), "Trains/Trainset/Boxcars/gone.s") + " does not exist!\n");
     EXPECT_FLOAT_EQ(scene().Models.Item(2).Z(), -27) << "behind a gap of 12 metres";
     EXPECT_EQ(pane().hscView->maximum(), 32);
     std::filesystem::remove(stockFile("Boxcars/side.dds"));

@@ -26,6 +26,10 @@ protected:
         writeStock("Cars", "Unsized.wag", "3 4", "box.s");
         writeStock("Cars", "Worded.wag", "3 4 long", "box.s");
         writeStock("Cars", "Broken.wag", "3 4 10", "bad.s");
+        writeStock("Cars", "Heavy.wag", "3 4 10", "heavy.s");
+        writeStock("Cars", "Odd.wag", "3 4 10", "odd.s");
+        writeStock("Cars", "Painted.wag", "3 4 10", "painted.s");
+        shapes.textures["painted.s"] = {"heavy.ace"};
         writeStock("Cars", "Shapeless.wag", "3 4 10", "");
         writeStock("Cars", "Long.wag", "3 4 40000", "box.s");
         writeStock("Cars", "Endless.wag", "3 4 1e99", "box.s");
@@ -92,6 +96,16 @@ TEST_F(StageTest, VehiclesStandEndToEnd)
         {{"Worded", "Box10"}, "0> -5>", -10, ""},
         {{"Box10", "Missing", "Box10"}, "-5> -15>", -20, "LoadShape|Missing.wag does not exist!\n"},
         {{"Broken", "Box10"}, "-15>", -20, "Error Loading Shape|bad.s: nothing but holes\n"},
+        {{"Missing", "Broken", "Missing", "Broken"},
+         "",
+         -20,
+         "LoadShape|Missing.wag does not exist!\nError Loading Shape|bad.s: nothing but holes\n"},
+        {{"Heavy", "Odd", "Painted", "Box10"},
+         "-35>",
+         -40,
+         "Error Loading Shape|heavy.s: there is not enough memory to load the shape\n"
+         "Error Loading Shape|odd.s: an odd number of corners\n"
+         "Error Loading Shape|painted.s: there is not enough memory to load the shape\n"},
         {{"Shapeless", "Box10"},
          "-15>",
          -20,
@@ -249,7 +263,8 @@ TEST_F(StageTest, ConsistFilesAndTheirFaults)
     };
     EXPECT_EQ(render("Train ( TrainCfg ( \"A B\" Wagon ( WagonData ( Box10 Cars ) ) ) )"),
               "Consist - A B-5>");
-    EXPECT_EQ(render("Train ( TrainCfg ( x ) )"), "No consist to display");
+    EXPECT_EQ(render("Train ( TrainCfg ( x ) )"), "No consist to display: a.con (x)");
+    EXPECT_EQ(render("Train ( TrainCfg ( ) )"), "No consist to display: a.con");
     EXPECT_EQ(render("Train ( )"),
               "Object variable or With block variable not set: a.con: there is no TrainCfg block");
     EXPECT_EQ(render("Wagon ( )"),
@@ -274,6 +289,33 @@ TEST_F(StageTest, ReportsNameTheTextures)
         continue;
     EXPECT_EQ(stage.Report(), "") << "no shape, no report";
     EXPECT_EQ(status, "Done");
+}
+
+TEST_F(StageTest, ReportsEndWithWhatCouldNotBeLoaded)
+{
+    const std::string folder =
+        host::path::Normalise(game.At("Trains/Trainset/Cars")) + host::path::kSeparator;
+    const std::string missing = "\r\n\r\nNot loaded: 3\r\n1\t" + folder +
+                                "Gone.wag does not exist!\r\n2\tbad.s: nothing but holes\r\n3\t" +
+                                folder + "Lost.wag does not exist!";
+    const auto boxes = [this] {
+        const std::string log = dialogs.TakeLog();
+        return std::count(log.begin(), log.end(), '\n');
+    };
+    const std::vector<std::string> units = {"Gone", "GONE", "Broken", "Lost", "Gone"};
+    load(units);
+    EXPECT_EQ(stage.Report(), "All Consist Textures" + missing);
+    EXPECT_EQ(boxes(), 3) << "one for each file";
+    dialogs.Answer(host::DialogAnswer::Ok);
+    dialogs.Answer(host::DialogAnswer::Cancel);
+    load(units);
+    EXPECT_EQ(boxes(), 2) << "none after the one that was dismissed";
+    EXPECT_EQ(stage.Report(), "All Consist Textures" + missing);
+    load({"Box10", "Gone"});
+    EXPECT_EQ(boxes(), 1) << "the next loading begins anew";
+    EXPECT_EQ(stage.Report(), "All Consist Textures\r\n\r\nItem 1 Textures: 1\r\n1\tside.ace\r\n"
+                              "\r\nNot loaded: 1\r\n1\t" +
+                                  folder + "Gone.wag does not exist!");
 }
 
 TEST(NumbersTest, TheNumberIsTheBeginningOfTheText)
