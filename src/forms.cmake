@@ -53,6 +53,7 @@ zelk_add_room(forms
     validation/ReportView.cpp
     validation/frmResults.cpp
     validation/frmSelector.cpp
+    viewer/SavedPictureBar.cpp
     viewer/ViewerPane.cpp
   LINKS Qt6::Widgets Qt6::PrintSupport zelk_gl zelk_app zelk_viewer zelk_document zelk_validation
     zelk_install)

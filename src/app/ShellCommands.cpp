@@ -114,4 +114,15 @@ void ShellCommands::ShowGuide(GuidePage page)
                           DialogIcon::Critical);
 }
 
+void ShellCommands::Open(const std::string &path, const std::string &title)
+{
+    const auto file = m_files.FindFile(path);
+    const auto found = file ? file : m_files.FindFolder(path);
+    if (!found)
+        m_dialogs.Message(path + " does not exist!", title, DialogIcon::Critical);
+    else if (!m_desktop.Open(host::path::FromDisk(*found)))
+        m_dialogs.Message(path + " cannot be opened: there is no program for it.", title,
+                          DialogIcon::Critical);
+}
+
 } // namespace app

@@ -85,6 +85,7 @@ public:
                             const StfNode &node) override;
     void SaveDocument(bool quiet) override;
     void ShowTextWindow(const std::string &title, const std::string &text) override;
+    void OpenOutside(const std::string &path) override;
     void SetStatus(const std::string &text) override;
     void SetProgress(int done, int total) override;
     void WriteLog(const std::string &text) override;
@@ -195,6 +196,7 @@ private:
     void resetView();
     void showProperties();
     void saveSnapshot(frmDocument &window);
+    void openPicturesFolder();
 
     /// A loose consist of an activity that waits for its window.
     struct LooseConsist

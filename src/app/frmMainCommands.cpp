@@ -155,6 +155,9 @@ std::vector<MenuEntry> frmMain::viewMenu()
          "Start the simulator's editors", doing(&frmMain::startEditors)},
         {MenuEntry::Command, "mnuViewShapeViewer", "&Shape Viewer", "", "shape-viewer",
          "Start the installed shape viewer", doing(&frmMain::startShapeViewer)},
+        {},
+        {MenuEntry::Command, "mnuViewPictures", "Open &Pictures Folder", "Ctrl+Shift+P", "",
+         "Open the folder of the saved pictures of 3D views", doing(&frmMain::openPicturesFolder)},
     };
 }
 

@@ -111,6 +111,16 @@ void frmMain::saveSnapshot(frmDocument &window)
     Guarded(m_services.dialogs, "Save Snapshot", [&] { window.SaveSnapshot(m_screenShotFolder); });
 }
 
+void frmMain::openPicturesFolder()
+{
+    m_shell.Open(m_screenShotFolder, "Open Pictures Folder");
+}
+
+void frmMain::OpenOutside(const std::string &path)
+{
+    m_shell.Open(path, "Open");
+}
+
 void frmMain::ShowTextWindow(const std::string &title, const std::string &text)
 {
     modZELK::ShowTextWindow(*this, title, text);

@@ -41,7 +41,8 @@ void frmDocument::makeViewerPane()
     document::DocumentHost &host = m_host;
     m_viewer = new viewer::ViewerPane(
         {services, [&host](const std::string &text) { host.SetStatus(text); },
-         [&host](int done, int total) { host.SetProgress(done, total); }});
+         [&host](int done, int total) { host.SetProgress(done, total); },
+         [&host](const std::string &path) { host.OpenOutside(path); }});
     setWidget(m_viewer);
     setMinimumSize(200, 160);
 }
@@ -64,7 +65,9 @@ void frmDocument::loadView()
         m_viewer->RenderLooseConsist(m_node, folder, m_fileName);
     else
         m_viewer->RenderConsist(m_fileName, folder);
-    SetCaption(m_viewer->Caption());
+    // The opener's caption says more; refreshing must not change it.
+    if (Caption().empty())
+        SetCaption(m_viewer->Caption());
 }
 
 void frmDocument::viewConsists(const std::vector<std::string> &names)

@@ -4,6 +4,7 @@
 #include "host/Dialogs.h"
 #include "host/RuntimeError.h"
 #include "korvat/sfCanvas.h"
+#include "viewer/SavedPictureBar.h"
 
 #include <QElapsedTimer>
 #include <QGridLayout>
@@ -11,6 +12,7 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QToolButton>
 
 #include <algorithm>
 #include <cmath>
@@ -48,10 +50,12 @@ ViewerPane::ViewerPane(const PaneHost &host, QWidget *parent)
     tmrRenderer.setSingleShot(true);
     connect(&tmrRenderer, &QTimer::timeout, this, &ViewerPane::step);
     connectScrollBars();
-    if (sfViewer)
+    if (sfViewer) {
         connectCanvas();
-    else
+        makePictureBar();
+    } else {
         showNoCanvas(sfCanvas::WhyNot());
+    }
 }
 
 ViewerPane::~ViewerPane()
@@ -116,6 +120,17 @@ void ViewerPane::connectCanvas()
             view->ShowModels();
     });
     connect(sfViewer, &sfCanvas::Failed, this, &ViewerPane::showNoCanvas);
+}
+
+/// It lies over the canvas, so that pictures taken before and after have the same size.
+void ViewerPane::makePictureBar()
+{
+    m_savedPicture = new SavedPictureBar(this);
+    m_grid->addWidget(m_savedPicture, 0, 0, Qt::AlignBottom);
+    connect(m_savedPicture, &SavedPictureBar::OpenWanted, this,
+            [this](const std::string &path) { m_host.openOutside(path); });
+    connect(m_savedPicture->cmdHidePicture, &QToolButton::clicked, sfViewer,
+            [this] { sfViewer->setFocus(); });
 }
 
 void ViewerPane::showNoCanvas(const std::string &reason)
@@ -281,8 +296,10 @@ void ViewerPane::SaveSnapshot(const std::string &base, const std::string &what)
         throw host::RuntimeError(host::ErrorNumber::InvalidCall, "there is no 3D view to save");
     sfViewer->SetOverwriteSnapshot(false);
     sfViewer->SetSnapshotFile(base);
-    m_host.setStatus("Saving " + what + " snapshot to " + sfViewer->SnapshotFile());
+    const std::string file = sfViewer->SnapshotFile();
+    m_host.setStatus("Saving " + what + " snapshot to " + file);
     sfViewer->SaveSnapshot();
+    m_savedPicture->ShowPath(file);
     m_host.setStatus("Done");
 }
 

@@ -10,13 +10,17 @@
 #include "viewer/ViewerPane.h"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
 #include <QImage>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QWheelEvent>
 
 #include <filesystem>
 #include <fstream>
 #include <set>
+#include <utility>
 
 using document::ListView;
 using host::DialogAnswer;
@@ -268,6 +272,58 @@ TEST_F(ViewsTest, SavingWritesNumberedPictures)
     EXPECT_NE(log.find("ZELKS-0001.png"), std::string::npos) << log;
 }
 
+TEST_F(ViewsTest, ThePathOfASavedPictureStaysInTheWindow)
+{
+    viewCoal();
+    const QSize before = canvas().size();
+    auto &bar = Find<QWidget>(pane(), "savedPictureBar");
+    EXPECT_FALSE(bar.isVisible());
+    Trigger("mnuFileSave");
+    Trigger("mnuFileSave");
+    const std::string file = host::path::Join(game.At("Shots"), "ZELKC-0002.png");
+    auto &path = Find<QLineEdit>(bar, "txtSavedPicture");
+    EXPECT_TRUE(bar.isVisible());
+    EXPECT_EQ(path.text().toStdString(), file);
+    QTest::qWait(50);
+    EXPECT_EQ(canvas().size(), before) << "pictures of one view have one size";
+    const viewer::CameraPose still = camera();
+    QTest::mousePress(&bar, Qt::LeftButton, {}, {3, 3});
+    QTest::mouseMove(&bar, {60, 3});
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, {60, 3});
+    expectNear(camera(), still, "the bar is not the canvas");
+
+    canvas().setFocus();
+    for (int i = 0; i < 20 && !path.hasFocus(); ++i)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    ASSERT_TRUE(path.hasFocus()) << "by keyboard";
+    QTest::keyClick(&path, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&path, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), file);
+    QTest::keyClick(&path, Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(std::exchange(desktop.log, {}), "open|" + file + "\n");
+    Find<QAbstractButton>(bar, "cmdOpenPictureFolder").click();
+    EXPECT_EQ(std::exchange(desktop.log, {}), "open|" + game.At("Shots") + "\n");
+    std::filesystem::remove(file);
+    files.Refresh();
+    Find<QAbstractButton>(bar, "cmdOpenPicture").click();
+    EXPECT_EQ(dialogs.TakeLog(), "critical|Open|" + file + " does not exist!\n");
+    Find<QAbstractButton>(bar, "cmdHidePicture").click();
+    EXPECT_FALSE(bar.isVisible());
+    EXPECT_TRUE(canvas().hasFocus());
+}
+
+TEST_F(ViewsTest, TheFolderOfPicturesOpens)
+{
+    Start();
+    Trigger("mnuViewPictures");
+    EXPECT_EQ(desktop.log, "open|" + game.At("Shots") + "\n");
+    desktop.refuses = true;
+    Trigger("mnuViewPictures");
+    EXPECT_EQ(dialogs.TakeLog(), "critical|Open Pictures Folder|" + game.At("Shots") +
+                                     " cannot be opened: there is no program for it.\n");
+}
+
 TEST_F(ViewsTest, ThePictureIsPrinted)
 {
     viewCoal();
@@ -344,6 +400,7 @@ TEST_F(ViewsTest, LooseConsistsOpenOneAfterTheOther)
     Trigger("mnuViewRefresh");
     ASSERT_TRUE(loaded());
     EXPECT_EQ(scene().Models.Count(), 1) << "the train outlives its file";
+    EXPECT_EQ(Active()->Caption() + "\n", caption(3)) << "and the window its caption";
 }
 
 TEST_F(ViewsTest, AnEditorShowsItsConsistSavedOrNot)
