@@ -9,7 +9,7 @@ zelk_add_room(gl
 # The windows: one library, so that tests and benchmarks link them, and the program itself.
 
 if(WIN32)
-  set(desktop app/DesktopScheme-win32.cpp)
+  set(desktop app/DesktopScheme-win32.cpp app/Wastebasket-win32.cpp)
 else()
   set(desktop app/DesktopScheme-posix.cpp)
 endif()
@@ -36,6 +36,7 @@ zelk_add_room(forms
     app/QtDesktop.cpp
     app/QtDialogs.cpp
     app/WindowBounds.cpp
+    app/WindowSettings.cpp
     app/icons.qrc
     ${desktop}
     document/ConsistEditorPane.cpp

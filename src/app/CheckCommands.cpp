@@ -20,7 +20,7 @@ namespace {
 
 constexpr char kDependencies[] = "Check Dependencies", kConsistStock[] = "Check Stock",
                kAllStock[] = "Check All Stock", kTextures[] = "Stock Check Textures";
-constexpr char kNothing[] = "Nothing selected!";
+constexpr char kNothing[] = "Nothing selected!", kDone[] = "Done";
 constexpr char kLineEnd[] = "\r\n";
 constexpr int kListMode = 0, kEditorMode = 1, kShapeMode = 3;
 constexpr int kBarLength = 10000;
@@ -93,6 +93,8 @@ void CheckCommands::run(const std::string &title, const std::function<void()> &c
     m_host.SetProgress(0, 0);
     if (m_stopped)
         m_host.SetStatus("Check stopped");
+    else if (!failure.empty())
+        m_host.SetStatus("The check failed");
     if (!failure.empty() && !m_abandoned)
         m_host.Dialogs().Message(failure, title, host::DialogIcon::Critical);
 }
@@ -129,6 +131,7 @@ std::string CheckCommands::stockReport(const std::string &path, const std::strin
     checkUses({name}, askForRoutes(), [&](const std::string &, const std::string &route) {
         validator.CheckStockUseInRoute(path, route);
     });
+    m_host.SetStatus(kDone);
     return header + findings();
 }
 
@@ -149,7 +152,7 @@ std::string CheckCommands::shapeReport(const std::string &path)
 {
     m_host.SetStatus("Checking " + path + "...");
     newValidator().CheckShape(path);
-    m_host.SetStatus("Done");
+    m_host.SetStatus(kDone);
     return findings();
 }
 
@@ -160,7 +163,7 @@ void CheckCommands::CheckConsistStock(const std::optional<CheckTarget> &target)
             return;
         m_host.SetStatus("Checking " + target->consist + "...");
         newValidator().CheckConsist(m_host.Installation().ConsistPath(target->consist));
-        m_host.SetStatus("Done");
+        m_host.SetStatus(kDone);
         std::string report;
         for (const std::string &key : m_validator->Errors())
             report += kLineEnd + TSValidation::TranslateError(key);
@@ -231,8 +234,10 @@ CheckCommands::Names CheckCommands::askForRoutes()
     const auto routes = [this](bool withNames) {
         return modTS::RoutesList(m_host.Installation(), m_host.Files(), withNames);
     };
+    m_host.SetStatus("Choose the routes to check...");
     const std::string chosen =
         m_host.Dialogs().SelectFromList("Select Routes to Check", routes(true));
+    m_host.SetStatus({});
     return foldersOf(host::Split(chosen, '|'), host::Split(routes(false), '|'));
 }
 
@@ -251,7 +256,7 @@ void CheckCommands::checkUses(
             showProgress(1, 1);
             check(name, route);
             ++m_step;
-            m_host.SetStatus("Done");
+            m_host.SetStatus(kDone);
             m_host.ProcessEvents();
         }
     }

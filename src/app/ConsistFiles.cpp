@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/ConsistFiles.h"
 
+#include "app/Desktop.h"
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
@@ -14,7 +15,7 @@ using host::DialogIcon;
 
 namespace {
 
-constexpr char kPaste[] = "Paste";
+constexpr char kPaste[] = "Paste", kDelete[] = "Delete";
 constexpr std::size_t kLongestName = 255; ///< of a file, on any disk
 
 bool isControl(char c)
@@ -64,15 +65,25 @@ void PasteConsist(const std::string &source, host::Dialogs &dialogs, host::GameF
     dialogs.Message("Created " + target, kPaste, DialogIcon::Information);
 }
 
-void CutConsist(const std::string &name, host::Dialogs &dialogs, host::GameFiles &files,
-                const install::Installation &installation)
+std::string CutConsist(const std::string &name, host::Dialogs &dialogs, host::GameFiles &files,
+                       Desktop &desktop, const install::Installation &installation)
 {
+    const auto agrees = [&dialogs](const std::string &question) {
+        return dialogs.Message(question, kDelete, DialogIcon::Question,
+                               host::DialogButtons::YesOrDefaultNo) == host::DialogAnswer::Yes;
+    };
     const std::string path = installation.ConsistPath(name);
-    if (name.empty() || !files.FileExists(path))
-        return;
-    if (dialogs.Message("Delete " + name + " ?", "Delete", DialogIcon::Question,
-                        host::DialogButtons::YesNo) == host::DialogAnswer::Yes)
-        files.RemoveFile(path);
+    const auto file = files.FindFile(path);
+    if (name.empty() || !file || !agrees("Delete " + name + " ?"))
+        return {};
+    if (desktop.MoveToWastebasket(host::path::FromDisk(*file))) {
+        files.Refresh();
+        return path + " was moved to the wastebasket.";
+    }
+    if (!agrees(path + " cannot be moved to the wastebasket.\n\nDelete it for good?"))
+        return {};
+    files.RemoveFile(path);
+    return path + " was deleted.";
 }
 
 } // namespace app

@@ -19,6 +19,8 @@ public:
     virtual bool Open(const std::string &file) = 0;
     /// Makes this program what opens consist files. Fails as AssociateConsistFiles does.
     virtual void AssociateConsistFiles() = 0;
+    /// Moves a file of the disk to the wastebasket. Returns and fails as MoveToWastebasket does.
+    virtual bool MoveToWastebasket(const std::string &file) = 0;
 };
 
 } // namespace app

@@ -3,6 +3,7 @@
 
 #include "app/FileAssociation.h"
 #include "app/PageSetup.h"
+#include "app/Wastebasket.h"
 #include "host/RuntimeError.h"
 
 #include <QApplication>
@@ -48,6 +49,11 @@ void QtDesktop::AssociateConsistFiles()
 {
     app::AssociateConsistFiles(
         QDir::toNativeSeparators(QCoreApplication::applicationFilePath()).toStdString());
+}
+
+bool QtDesktop::MoveToWastebasket(const std::string &file)
+{
+    return app::MoveToWastebasket(file);
 }
 
 bool QtPrinters::Choose(QPrinter &printer, const QString &job)

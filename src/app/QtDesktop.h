@@ -13,6 +13,7 @@ public:
     void Start(const ProgramStart &start) override;
     bool Open(const std::string &file) override;
     void AssociateConsistFiles() override;
+    bool MoveToWastebasket(const std::string &file) override;
 };
 
 /// The system's own dialogs for printers, over the active window.

@@ -50,6 +50,7 @@ QMessageBox::StandardButtons buttonsOf(DialogButtons buttons)
 {
     switch (buttons) {
     case DialogButtons::YesNo:
+    case DialogButtons::YesOrDefaultNo:
         return QMessageBox::Yes | QMessageBox::No;
     case DialogButtons::YesNoCancel:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -90,8 +91,10 @@ DialogAnswer QtDialogs::Message(const std::string &text, const std::string &titl
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(text));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    if (buttons == DialogButtons::YesNo)
+    if (buttons == DialogButtons::YesNo || buttons == DialogButtons::YesOrDefaultNo)
         box.setEscapeButton(QMessageBox::No);
+    if (buttons == DialogButtons::YesOrDefaultNo)
+        box.setDefaultButton(QMessageBox::No);
     switch (box.exec()) {
     case QMessageBox::Yes:
         return DialogAnswer::Yes;

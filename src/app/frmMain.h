@@ -5,6 +5,7 @@
 #include "app/MainMenu.h"
 #include "app/MdiLayout.h"
 #include "app/ShellCommands.h"
+#include "app/WindowSettings.h"
 #include "document/DocumentHost.h"
 #include "document/frmDocument.h"
 #include "host/Dialogs.h"
@@ -124,6 +125,8 @@ private:
     void keepInside(frmDocument &window);
     void updateActions();
     void stopWork();
+    void cascade();
+    QRect roomForTiles() const;
     void arrangeTiles(const std::vector<frmDocument *> &windows, app::Arrangement how);
     void arrangeIcons();
     std::vector<frmDocument *> documents(bool minimised) const;
@@ -148,6 +151,7 @@ private:
     void newConsistList();
     void openFileDialog();
     void closeActive();
+    void closeAll();
     void save();
     void saveAs();
     void saveAll();
@@ -210,6 +214,7 @@ private:
     app::ShellCommands m_shell;
     std::unique_ptr<QPrinter> m_printer; ///< made when it is first needed
     std::string m_screenShotFolder;
+    app::WindowSettings m_windowSettings; ///< read at the start; editors keep their part current
     QMdiArea *m_area;
     QToolBar *tbToolBar = nullptr;
     app::MainStatusBar *sbStatusBar = nullptr;

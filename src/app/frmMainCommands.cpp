@@ -30,6 +30,13 @@ std::vector<MenuEntry> frmMain::menuTable()
     for (const auto &menu :
          {fileMenu(), editMenu(), consistMenu(), stockMenu(), viewMenu(), windowMenu(), helpMenu()})
         table.insert(table.end(), menu.begin(), menu.end());
+    // What the status bar says of one command must not outlast the next.
+    for (MenuEntry &entry : table)
+        if (entry.run)
+            entry.run = [this, run = entry.run] {
+                SetStatus({});
+                run();
+            };
     return table;
 }
 
@@ -164,6 +171,8 @@ std::vector<MenuEntry> frmMain::windowMenu()
         {MenuEntry::Menu, "mnuWindow", "&Window"},
         {MenuEntry::Command, "mnuWindowNewWindow", "&New Window", "", "new-window",
          "Open another list of the installed consists", doing(&frmMain::newConsistList)},
+        {MenuEntry::Command, "mnuWindowCloseAll", "Cl&ose All", "", "",
+         "Close all document windows", doing(&frmMain::closeAll)},
         {},
         {MenuEntry::Command, "mnuWindowCascade", "&Cascade", "", "cascade",
          "Arrange the windows one behind the other", arranging(Arrangement::Cascade)},
@@ -197,7 +206,8 @@ std::vector<MenuEntry> frmMain::helpMenu()
 std::function<void()> frmMain::doing(void (frmMain::*handler)())
 {
     return [this, handler] {
-        Guarded(m_services.dialogs, windowTitle().toStdString(), [&] { (this->*handler)(); });
+        if (!Guarded(m_services.dialogs, windowTitle().toStdString(), [&] { (this->*handler)(); }))
+            SetStatus({});
     };
 }
 
@@ -235,6 +245,13 @@ void frmMain::closeActive()
 {
     if (frmDocument *window = ActiveDocument())
         window->close();
+}
+
+void frmMain::closeAll()
+{
+    for (frmDocument *window : Documents())
+        if (!window->close())
+            return;
 }
 
 void frmMain::save()
@@ -305,7 +322,8 @@ bool frmMain::mayDropChanges()
     return m_services.dialogs.Message("Consist has changed.  Reading it again drops all changes.  "
                                       "Do you want to continue?",
                                       "Refresh", DialogIcon::Question,
-                                      host::DialogButtons::YesNo) == host::DialogAnswer::Yes;
+                                      host::DialogButtons::YesOrDefaultNo) ==
+           host::DialogAnswer::Yes;
 }
 
 void frmMain::refresh()
@@ -379,7 +397,7 @@ void frmMain::listWindow(QWidget &window, bool active, const std::function<void(
                                         .arg(number)
                                         .arg(caption));
     item->setObjectName(QStringLiteral("mnuWindowList%1").arg(number));
-    item->setStatusTip(QStringLiteral("Go to this window"));
+    item->setToolTip(QStringLiteral("Go to this window"));
     item->setCheckable(true);
     item->setChecked(active);
     connect(item, &QAction::triggered, &window, activate);

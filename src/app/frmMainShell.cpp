@@ -49,8 +49,8 @@ void frmMain::cutConsist()
     if (!window || window->Mode() != kListMode)
         return;
     document::Guarded(m_services.dialogs, "Delete", [&] {
-        app::CutConsist(window->SelectedConsist(), m_services.dialogs, m_services.files,
-                        m_installation);
+        SetStatus(app::CutConsist(window->SelectedConsist(), m_services.dialogs, m_services.files,
+                                  m_services.desktop, m_installation));
     });
 }
 

@@ -108,7 +108,9 @@ void frmMain::showProperties()
 
 void frmMain::saveSnapshot(frmDocument &window)
 {
-    Guarded(m_services.dialogs, "Save Snapshot", [&] { window.SaveSnapshot(m_screenShotFolder); });
+    if (!Guarded(m_services.dialogs, "Save Snapshot",
+                 [&] { window.SaveSnapshot(m_screenShotFolder); }))
+        SetStatus("The picture was not saved.");
 }
 
 void frmMain::ShowTextWindow(const std::string &title, const std::string &text)

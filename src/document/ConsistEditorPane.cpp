@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/ConsistEditorPane.h"
 
+#include "document/EditorLayout.h"
 #include "host/Filter.h"
 
 #include <QHBoxLayout>
@@ -69,10 +70,13 @@ ConsistEditorPane::ConsistEditorPane(const Furnishing &furnishing, QWidget *pare
     , lblDurability(new QLabel(QStringLiteral("Durability"), this))
     , m_consist(new ConsistModel(this))
     , m_stock(new StockListModel(this))
+    , m_layout(furnishing.layout)
     , m_consistHeading(heading(this))
     , m_stockHeading(heading(this))
 {
     connectLists();
+    if (m_layout)
+        followLayout(*m_layout);
     auto *splitter = new QSplitter(Qt::Horizontal, this);
     splitter->addWidget(trainSide());
     splitter->addWidget(stockSide(furnishing));
@@ -247,10 +251,33 @@ void ConsistEditorPane::connectLists()
 void ConsistEditorPane::sortStock(int column)
 {
     m_stock->ClickHeader(column);
+    showStockOrder();
+    if (m_layout)
+        m_layout->stockOrder = m_stock->Order();
+}
+
+void ConsistEditorPane::showStockOrder()
+{
+    const StockOrder &order = m_stock->Order();
     lvStock->header()->setSortIndicatorShown(true);
-    lvStock->header()->setSortIndicator(column, m_stock->Order().ascending ? Qt::AscendingOrder
-                                                                           : Qt::DescendingOrder);
-    lvStock->SetSearchColumn(column == 0 ? 2 : column);
+    lvStock->header()->setSortIndicator(order.column,
+                                        order.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    lvStock->SetSearchColumn(order.column == 0 ? 2 : order.column);
+}
+
+/// Begins as the layout says, and notes in it what the user changes.
+void ConsistEditorPane::followLayout(EditorLayout &layout)
+{
+    lvConsist->SizeColumns(layout.consistWidths);
+    lvStock->SizeColumns(layout.stockWidths);
+    connect(lvConsist, &ListView::ColumnSized, this,
+            [this, &layout] { layout.consistWidths = lvConsist->ColumnWidths(); });
+    connect(lvStock, &ListView::ColumnSized, this,
+            [this, &layout] { layout.stockWidths = lvStock->ColumnWidths(); });
+    if (layout.stockOrder.column < 0 || layout.stockOrder.column >= kStockColumns)
+        return;
+    m_stock->SetOrder(layout.stockOrder);
+    showStockOrder();
 }
 
 void ConsistEditorPane::ShowConsist(const ConsistTree &consist)

@@ -68,9 +68,12 @@ private:
     void connectLists();
     void orderTabs();
     void sortStock(int column);
+    void showStockOrder();
+    void followLayout(EditorLayout &layout);
 
     ConsistModel *m_consist;
     StockListModel *m_stock;
+    EditorLayout *m_layout;
     QLabel *m_consistHeading;
     QLabel *m_stockHeading;
 };

@@ -68,8 +68,10 @@ ListView::ListView(const char *name, const QString &title, QWidget *parent)
     header()->setMinimumSectionSize(40);
     setItemDelegate(new RowDelegate(this));
     connect(header(), &QHeaderView::sectionResized, this, [this] {
-        if (!m_sharing)
-            m_sizedByUser = true;
+        if (m_sharing)
+            return;
+        m_sizedByUser = true;
+        Q_EMIT ColumnSized();
     });
 }
 
@@ -113,6 +115,28 @@ void ListView::FitFirstColumn(const QString &widest)
 {
     m_firstWidth = fontMetrics().horizontalAdvance(widest) + 16;
     shareWidth();
+}
+
+void ListView::SizeColumns(const std::vector<int> &widths)
+{
+    constexpr int widest = 10000; // far beyond any screen
+    const bool useful = std::all_of(widths.begin(), widths.end(), [this](int width) {
+        return width >= header()->minimumSectionSize() && width <= widest;
+    });
+    if (!useful || static_cast<int>(widths.size()) != header()->count())
+        return;
+    const QScopedValueRollback<bool> sharing(m_sharing, true);
+    for (int column = 0; column < header()->count(); ++column)
+        header()->resizeSection(column, widths[static_cast<std::size_t>(column)]);
+    m_sizedByUser = true;
+}
+
+std::vector<int> ListView::ColumnWidths() const
+{
+    std::vector<int> widths;
+    for (int column = 0; column < header()->count(); ++column)
+        widths.push_back(header()->sectionSize(column));
+    return widths;
 }
 
 void ListView::keyboardSearch(const QString &search)

@@ -30,6 +30,11 @@ public:
     /// it all columns share alike.
     void FitFirstColumn(const QString &widest);
 
+    /// Gives the columns these widths, as if the user had sized them. Does nothing unless there is
+    /// a useful width for each column.
+    void SizeColumns(const std::vector<int> &widths);
+    std::vector<int> ColumnWidths() const;
+
     /// A text for the user that stands in the list as long as it is empty.
     void SetHint(const QString &hint);
     const QString &Hint() const { return m_hint; }
@@ -40,6 +45,8 @@ public:
 
 Q_SIGNALS:
     void Focused();
+    /// The user has sized a column.
+    void ColumnSized();
     void ReturnPressed(Qt::KeyboardModifiers modifiers);
     void InsertPressed();
     void DeletePressed(Qt::KeyboardModifiers modifiers);

@@ -92,7 +92,7 @@ void frmDocument::makeEditorPane()
     scroller->setWidget(m_editor);
     scroller->setFocusProxy(m_editor);
     setWidget(scroller);
-    setMinimumSize(240, 140);
+    setMinimumSize(200, 120);
     m_loader = new document::StockLoader(m_host, m_editor->Stock(), this);
     connectEditor();
 }
@@ -211,12 +211,12 @@ void frmDocument::editTrain(int index)
     showTitle();
     m_editor->lvConsist->setFocus();
     m_consistIsActiveList = true;
-    if (!result.message.empty())
-        m_host.SetStatus(result.message);
+    m_host.SetStatus(result.message);
 }
 
 void frmDocument::ActionClick(int index)
 {
+    m_host.SetStatus({});
     switch (index) {
     case 0:
         cancel();
@@ -241,6 +241,7 @@ void frmDocument::ActionClick(int index)
 void frmDocument::cancel()
 {
     if (Changed()) {
+        bringForward();
         const DialogAnswer answer = m_host.Dialogs().Message(
             "Consist has changed.  All changes will be lost if you do not save it.  Do you want to "
             "save it before closing the consist?",
@@ -279,6 +280,7 @@ void frmDocument::SaveForm(bool quiet)
         return;
     }
     m_consist.Save(m_fileName);
+    m_note.clear();
     if (!quiet)
         m_host.Dialogs().Message(m_fileName + " saved", "Save Consist",
                                  host::DialogIcon::Information);
@@ -302,6 +304,7 @@ std::vector<std::string> frmDocument::ShownConsists() const
 
 void frmDocument::EditConsist(const std::string &name)
 {
+    m_host.SetStatus({});
     m_host.OpenDocumentWindow(m_host.Installation().ConsistPath(name), kEditorMode,
                               "Consist - " + name, {});
 }
@@ -320,6 +323,15 @@ bool frmDocument::saveByHost(bool quiet)
     return !Changed();
 }
 
+/// Brings the window in front of the others, for a question about it.
+void frmDocument::bringForward()
+{
+    if (isMinimized())
+        showNormal();
+    if (mdiArea())
+        mdiArea()->setActiveSubWindow(this);
+}
+
 bool frmDocument::QueryUnload()
 {
     if (m_unloadAllowed || !Changed())
@@ -327,6 +339,7 @@ bool frmDocument::QueryUnload()
     if (m_asking)
         return false;
     const QScopedValueRollback<bool> asking(m_asking, true);
+    bringForward();
     const DialogAnswer answer = m_host.Dialogs().Message(
         "Consist has changed.  All changes will be lost if you do not save it.  Do you want to "
         "save it before closing?",
@@ -343,6 +356,7 @@ void frmDocument::closeEvent(QCloseEvent *event)
         return;
     }
     m_unloadAllowed = true;
+    m_host.SetStatus({}); // it may tell of this window
     QMdiSubWindow::closeEvent(event);
 }
 

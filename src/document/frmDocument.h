@@ -108,6 +108,7 @@ private:
     void loadStock();
     void showTitle();
     void editTrain(int index);
+    void bringForward();
     void cancel();
     void apply();
     void saveAndClose();

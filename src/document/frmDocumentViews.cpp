@@ -75,6 +75,7 @@ void frmDocument::viewConsists(const std::vector<std::string> &names)
 
 void frmDocument::ViewConsist(const std::string &name)
 {
+    m_host.SetStatus({});
     m_host.OpenDocumentWindow(m_host.Installation().ConsistPath(name), kConsistViewMode,
                               "Consist - " + name, {});
 }

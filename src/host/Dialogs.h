@@ -18,6 +18,7 @@ enum class DialogButtons
 {
     Ok,
     YesNo,
+    YesOrDefaultNo, ///< Yes and No; Enter answers No, for what cannot be undone
     YesNoCancel
 };
 enum class DialogAnswer
@@ -37,7 +38,7 @@ struct FileDialogRequest
     std::string folder;      ///< where it opens; "" for the dialog's own choice
 };
 
-/// Everything that stops a command to ask or tell the user something. Qt in the program, scripted
+/// All modal interaction with the user: messages, prompts, file dialogs. Qt in the program, scripted
 /// in tests, silent with a log in zelkctl.
 class Dialogs
 {
@@ -45,7 +46,8 @@ public:
     virtual ~Dialogs() = default;
 
     /// A message box. With one button the answer is Ok; closing a box with Yes, No and Cancel is
-    /// Cancel, closing one with Yes and No is No.
+    /// Cancel, closing one with Yes and No is No. The first button is the default, except where
+    /// DialogButtons says otherwise.
     virtual DialogAnswer Message(const std::string &text, const std::string &title, DialogIcon icon,
                                  DialogButtons buttons = DialogButtons::Ok) = 0;
     /// An input box; nothing when it was cancelled.

@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace {
 
 /// A desktop that starts nothing and writes down what it was asked.
@@ -34,6 +36,11 @@ public:
         if (refuses)
             throw host::RuntimeError(host::ErrorNumber::PermissionDenied, "SetAssoc.bat");
         log += "associate\n";
+    }
+    bool MoveToWastebasket(const std::string &file) override
+    {
+        log += "wastebasket " + std::string(host::path::FileName(file)) + '\n';
+        return !refuses && std::filesystem::remove(host::path::ToDisk(file));
     }
 
     std::string log;
@@ -125,21 +132,41 @@ TEST_F(ConsistFilesTest, PasteThatFailsSaysWhichFileAndWhy)
     EXPECT_FALSE(game.Exists("Trains/New.con"));
 }
 
-TEST_F(ConsistFilesTest, CutAsksAndDeletes)
+TEST_F(ConsistFilesTest, CutAsksAndMovesToTheWastebasket)
 {
     const auto cut = [this](const char *name) {
-        app::CutConsist(name, dialogs, files, installation);
-        return dialogs.TakeLog();
+        const std::string outcome = app::CutConsist(name, dialogs, files, desktop, installation);
+        return dialogs.TakeLog() + outcome;
     };
+    const std::string question = "question (No)|Delete|Delete Coal ?\n";
     EXPECT_EQ(cut(""), "");
     EXPECT_EQ(cut("Gone"), "");
     dialogs.Answer(host::DialogAnswer::No);
-    EXPECT_EQ(cut("Coal"), "question|Delete|Delete Coal ?\n");
+    EXPECT_EQ(cut("Coal"), question);
     EXPECT_TRUE(game.Exists("Trains/Consists/Coal.con"));
+    EXPECT_EQ(desktop.log, "");
     dialogs.Answer(host::DialogAnswer::Yes);
-    EXPECT_EQ(cut("Coal"), "question|Delete|Delete Coal ?\n");
-    EXPECT_FALSE(game.Exists("Trains/Consists/Coal.con"));
+    EXPECT_EQ(cut("Coal"), question + consist("Coal.con") + " was moved to the wastebasket.");
+    EXPECT_EQ(desktop.log, "wastebasket Coal.con\n");
+    EXPECT_EQ(cut("Coal"), "") << "it is not listed any more";
     EXPECT_TRUE(game.Exists("Trains/Consists/Old.con"));
+}
+
+TEST_F(ConsistFilesTest, CutDeletesForGoodOnlyAfterAnotherQuestion)
+{
+    desktop.refuses = true;
+    const std::string questions = "question (No)|Delete|Delete Old ?\nquestion (No)|Delete|" +
+                                  consist("Old.con") +
+                                  " cannot be moved to the wastebasket.\n\nDelete it for good?\n";
+    for (const auto answer : {host::DialogAnswer::No, host::DialogAnswer::Yes}) {
+        dialogs.Answer(host::DialogAnswer::Yes);
+        dialogs.Answer(answer);
+        const bool agrees = answer == host::DialogAnswer::Yes;
+        EXPECT_EQ(app::CutConsist("Old", dialogs, files, desktop, installation),
+                  agrees ? consist("Old.con") + " was deleted." : "");
+        EXPECT_EQ(dialogs.TakeLog(), questions);
+        EXPECT_EQ(game.Exists("Trains/Consists/Old.con"), !agrees);
+    }
 }
 
 TEST_F(ShellCommandsTest, WithoutAnInstallationItSaysSo)

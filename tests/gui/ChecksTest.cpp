@@ -145,7 +145,7 @@ TEST_F(ChecksTest, ResultsWindowsStandBesideTheDocumentsAndGoWithTheMainWindow)
     EXPECT_EQ(Active()->Mode(), 0) << "commands still work on the document";
     auto &menu = Find<QMenu>(*window->menuBar(), "mnuWindow");
     Q_EMIT menu.aboutToShow();
-    ASSERT_EQ(menu.actions().size(), 11);
+    ASSERT_EQ(menu.actions().size(), 12);
     EXPECT_EQ(menu.actions().back()->text(), QStringLiteral("&3 Stock check of Coal"));
     menu.actions().back()->trigger();
     EXPECT_TRUE(Wait([this] { return results()[1]->isActiveWindow(); }));

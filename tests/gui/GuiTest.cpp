@@ -12,17 +12,20 @@
 #include <QProgressBar>
 #include <QTimer>
 
-std::optional<std::string> MemorySettings::Read(std::string_view key)
+#include <filesystem>
+
+std::optional<std::string> MemorySettings::ReadFrom(std::string_view section, std::string_view key)
 {
-    const auto found = values.find(key);
-    return found == values.end() ? std::nullopt : std::optional(found->second);
+    const Section &all = section == kSettings ? values : windows;
+    const auto found = all.find(key);
+    return found == all.end() ? std::nullopt : std::optional(found->second);
 }
 
-void MemorySettings::Write(std::string_view key, std::string_view value)
+void MemorySettings::WriteTo(std::string_view section, std::string_view key, std::string_view value)
 {
     if (readOnly)
         throw host::RuntimeError(host::ErrorNumber::PermissionDenied, "ZELK.ini");
-    values[std::string(key)] = value;
+    (section == kSettings ? values : windows)[std::string(key)] = value;
 }
 
 void RecordingDesktop::Start(const app::ProgramStart &start)
@@ -46,6 +49,11 @@ void RecordingDesktop::AssociateConsistFiles()
     if (refuses)
         throw host::RuntimeError(host::ErrorNumber::PermissionDenied, "SetAssoc.bat");
     log += "associate\n";
+}
+
+bool RecordingDesktop::MoveToWastebasket(const std::string &file)
+{
+    return !refuses && std::filesystem::remove(host::path::ToDisk(file));
 }
 
 bool FilePrinters::Choose(QPrinter &printer, const QString &job)

@@ -28,21 +28,24 @@ class QDialog;
 class MemorySettings : public host::SettingsStore
 {
 public:
-    std::optional<std::string> Read(std::string_view key) override;
-    void Write(std::string_view key, std::string_view value) override;
+    std::optional<std::string> ReadFrom(std::string_view section, std::string_view key) override;
+    void WriteTo(std::string_view section, std::string_view key, std::string_view value) override;
 
-    std::map<std::string, std::string, std::less<>> values;
+    using Section = std::map<std::string, std::string, std::less<>>;
+    Section values;  ///< of the section "Settings"
+    Section windows; ///< of "Windows"
     bool readOnly = false;
 };
 
 /// A desktop that starts nothing; it writes down what it was asked, a line each: "start|program
-/// arguments|folder|prefix", "open|file", "associate".
+/// arguments|folder|prefix", "open|file", "associate". Files for the wastebasket are gone.
 class RecordingDesktop : public app::Desktop
 {
 public:
     void Start(const app::ProgramStart &start) override;
     bool Open(const std::string &file) override;
     void AssociateConsistFiles() override;
+    bool MoveToWastebasket(const std::string &file) override;
 
     std::string log;
     bool refuses = false; ///< from now on nothing can be done

@@ -18,13 +18,18 @@ TEST(QtDialogsTest, MessageBoxesShowPlainTextAndGiveTheAnswer)
     const struct
     {
         DialogButtons buttons;
-        QMessageBox::StandardButton pressed; ///< NoButton: closed by Esc
+        QMessageBox::StandardButton pressed; ///< NoButton: closed by Esc, Default: Enter
         DialogAnswer answer;
     } rows[] = {
         {DialogButtons::Ok, QMessageBox::Ok, DialogAnswer::Ok},
         {DialogButtons::Ok, QMessageBox::NoButton, DialogAnswer::Ok},
         {DialogButtons::YesNo, QMessageBox::Yes, DialogAnswer::Yes},
         {DialogButtons::YesNo, QMessageBox::NoButton, DialogAnswer::No},
+        {DialogButtons::YesNo, QMessageBox::Default, DialogAnswer::Yes},
+        {DialogButtons::YesOrDefaultNo, QMessageBox::Yes, DialogAnswer::Yes},
+        {DialogButtons::YesOrDefaultNo, QMessageBox::NoButton, DialogAnswer::No},
+        {DialogButtons::YesOrDefaultNo, QMessageBox::Default, DialogAnswer::No},
+        {DialogButtons::YesNoCancel, QMessageBox::Default, DialogAnswer::Yes},
         {DialogButtons::YesNoCancel, QMessageBox::No, DialogAnswer::No},
         {DialogButtons::YesNoCancel, QMessageBox::Cancel, DialogAnswer::Cancel},
         {DialogButtons::YesNoCancel, QMessageBox::NoButton, DialogAnswer::Cancel},
@@ -39,6 +44,8 @@ TEST(QtDialogsTest, MessageBoxesShowPlainTextAndGiveTheAnswer)
             EXPECT_EQ(box.icon(), QMessageBox::Question);
             if (row.pressed == QMessageBox::NoButton)
                 QTest::keyClick(&box, Qt::Key_Escape);
+            else if (row.pressed == QMessageBox::Default)
+                QTest::keyClick(&box, Qt::Key_Return);
             else
                 box.button(row.pressed)->click();
         });

@@ -62,6 +62,8 @@ TEST_F(ShellTest, TheClipboardCarriesTheNameOfAConsist)
     dialogs.Answer(host::DialogAnswer::Yes);
     Trigger("mnuEditCut");
     EXPECT_FALSE(game.Exists("Trains/Consists/Coal.con"));
+    EXPECT_EQ(Status(),
+              host::path::Normalise(ConsistFile("Coal")) + " was moved to the wastebasket.");
     EXPECT_EQ(RowsOf(list), "Coal 2 Coal Freight North GP38 Local");
     Find<QAbstractItemView>(*Active(), "lvConsists").selectionModel()->clear();
     Trigger("mnuEditCopy");
@@ -69,7 +71,8 @@ TEST_F(ShellTest, TheClipboardCarriesTheNameOfAConsist)
     EXPECT_EQ(dialogs.TakeLog(), "input|Copy Consist|Enter new consist name:|Copy of Coal\n"
                                  "information|Paste|Created " +
                                      host::path::Normalise(ConsistFile("Coal 2")) +
-                                     "\nquestion|Delete|Delete Coal ?\n");
+                                     "\nquestion (No)|Delete|Delete Coal ?\n");
+    EXPECT_EQ(Status(), "");
 }
 
 TEST_F(ShellTest, ProgramsOfTheInstallationAreStartedAndFailuresTold)

@@ -228,6 +228,7 @@ TEST_F(ViewsTest, SavingWritesNumberedPictures)
     const std::string log = dialogs.TakeLog();
     EXPECT_EQ(log.rfind("critical|Save Snapshot|", 0), 0u) << log;
     EXPECT_NE(log.find("ZELKS-0001.png"), std::string::npos) << log;
+    EXPECT_EQ(Status(), "The picture was not saved.");
 }
 
 TEST_F(ViewsTest, ThePictureIsPrinted)

@@ -382,7 +382,7 @@ TEST_F(frmDocumentTest, RefreshAsksBeforeItDropsChanges)
     Trigger("mnuViewRefresh");
     EXPECT_EQ(shown(), "");
     EXPECT_EQ(dialogs.TakeLog(),
-              "question|Refresh|Consist has changed.  Reading it again drops all "
+              "question (No)|Refresh|Consist has changed.  Reading it again drops all "
               "changes.  Do you want to continue?\n");
     dialogs.Answer(DialogAnswer::Yes);
     Trigger("mnuViewRefresh");
