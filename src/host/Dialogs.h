@@ -38,8 +38,8 @@ struct FileDialogRequest
     std::string folder;      ///< where it opens; "" for the dialog's own choice
 };
 
-/// All modal interaction with the user: messages, prompts, file dialogs. Qt in the program, scripted
-/// in tests, silent with a log in zelkctl.
+/// All modal interaction with the user: messages, prompts, file dialogs. Qt in the program,
+/// scripted in tests, silent with a log in zelkctl.
 class Dialogs
 {
 public:
