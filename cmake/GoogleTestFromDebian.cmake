@@ -14,3 +14,11 @@ set(CMAKE_COMPILE_WARNING_AS_ERROR OFF)
 add_subdirectory(${ZELK_GOOGLETEST_SOURCE} ${CMAKE_BINARY_DIR}/_googletest EXCLUDE_FROM_ALL)
 set(CMAKE_COMPILE_WARNING_AS_ERROR ${ZELK_SAVED_WERROR})
 include(GoogleTest)
+
+# Registers the tests of a program under a label. Each of them has 120 s, so that one that hangs
+# cannot stop a run; further properties may set another limit.
+# zelk_discover_tests(TARGET LABEL [PROPERTY VALUE]...)
+function(zelk_discover_tests name label)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
+    PROPERTIES TIMEOUT 120 LABELS ${label} ${ARGN})
+endfunction()

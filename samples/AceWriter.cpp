@@ -170,7 +170,7 @@ std::pair<std::uint32_t, std::uint32_t> endsOf(const Block &block)
     return ends;
 }
 
-/// A greater first colour means four colours, else index 3 is transparent.
+/// If the first colour is greater, the block has four colours, else index 3 is transparent.
 void appendBlock(std::string &out, const Block &block)
 {
     const bool holes = !std::all_of(block.begin(), block.end(), isOpaque);
@@ -212,7 +212,7 @@ std::string blocksOf(const Picture &picture)
     return out;
 }
 
-/// What follows the channel table: one piece per row, or per level when the data is raw.
+/// The data after the channel table: one piece per row, or per level if the data is raw.
 std::vector<std::string> piecesOf(const Picture &picture, const AceFormat &format)
 {
     std::vector<std::string> pieces;

@@ -38,12 +38,12 @@ struct AceFormat
     bool compressed = false; ///< the container
 };
 
-/// The bytes of a texture file. Throws std::invalid_argument for a picture that the format does not
-/// take.
+/// Returns the bytes of a texture file. Throws std::invalid_argument for a picture that the format
+/// cannot hold.
 std::string AceBytes(const Picture &picture, const AceFormat &format);
 
-/// A square in `base` with a frame of `trim`, so that up, down and edges can be told apart: the top
-/// row is all `trim`, the bottom row is not.
+/// A square in `base` with a frame of `trim` except at its bottom, so that top, bottom and edges
+/// are recognisable.
 Picture PanelPicture(int side, Colour base, Colour trim);
 
 } // namespace samples

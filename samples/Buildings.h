@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "samples/AceWriter.h"
-#include "samples/ShapeWriter.h"
+#include "samples/MeshBuilder.h"
 
 #include <string>
 
 namespace samples {
 
-/// What stands beside the line.
+/// The buildings beside the line.
 enum class Building
 {
     Station,
@@ -25,7 +24,7 @@ enum class Building
     Bridge
 };
 
-/// The times of which a building has pictures; only the picture differs, not the shape.
+/// The seasons with pictures. Only the picture of a building changes, not its shape.
 enum class Season
 {
     Summer,
@@ -39,15 +38,7 @@ enum class Season
     Night
 };
 
-struct BuiltScenery
-{
-    ShapeModel model;
-    Picture picture;
-    Vec3 low;
-    Vec3 high;
-};
-
-/// The building with its picture, which the shape names `image`.
-BuiltScenery BuildScenery(Building building, Season season, const std::string &image);
+/// Builds the building with its picture, which the shape names `image`.
+PaintedModel BuildScenery(Building building, Season season, const std::string &image);
 
 } // namespace samples

@@ -1,20 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "samples/Consists.h"
 
-#include "samples/Stock.h"
-
-#include <utility>
-
 namespace samples {
 namespace {
-
-constexpr const char *kArdmoor = "Ardmoor Valley";
-constexpr const char *kFlats = "Kestrel 62' Flats";
-constexpr const char *kForest = "Förstenwalder Bahn";
-constexpr const char *kSteam = "TARNWICK_STEAM";
-constexpr const char *kElectric = "northfold_electric";
-constexpr const char *kCoast = "Coastline";
-constexpr const char *kBoxes = "Boxes & Vans";
 
 constexpr const char *kWorksNotes = "\n"
                                     "\t\tcomment ( the flats go back empty (see the notice) )\n"
@@ -31,145 +19,54 @@ constexpr const char *kWorksNotes = "\n"
 
 std::vector<Unit> coalDrag()
 {
-    std::vector<Unit> units = {UnitOf(kArdmoor, "avr_d401"), UnitOf(kArdmoor, "avr_d402", true)};
+    std::vector<Unit> units = Units({"avr_d401", "<avr_d402"});
     for (int i = 0; i < 61; ++i)
-        units.push_back(UnitOf(kArdmoor, i % 3 == 2 ? "avr_hopper_12" : "avr_hopper_11"));
-    units.push_back(UnitOf(kArdmoor, "avr_caboose", true));
+        units.push_back(Units({i % 3 == 2 ? "avr_hopper_12" : "avr_hopper_11"}).front());
+    units.push_back(Units({"<avr_caboose"}).front());
     return units;
 }
 
-/// The vehicle without a Wagon block comes last: reading a consist for its shapes ends there.
+/// The vehicle without a Wagon block is the last one: reading a consist for its shapes ends there.
 std::vector<Unit> repairTrain()
 {
     std::vector<Unit> units;
     for (const Vehicle &v : Vehicles())
         if (v.folder == std::string_view("Repair Sidings") && v.fault != Fault::NoWagonBlock)
-            units.push_back(UnitOf(v.folder, v.file));
-    units.push_back(UnitOf("Repair Sidings", "rs_waggon"));
+            units.push_back(UnitOf(v));
+    units.push_back(Units({"rs_waggon"}).front());
+    return units;
+}
+
+std::vector<Unit> steamSpecial()
+{
+    std::vector<Unit> units =
+        Units({"TSR_462", "TSR_462_TENDER", "TSR_COACH_3RD", "<TSR_COACH_3RD", "TSR_BRAKE"});
+    units.front().variables = "0.5 12.5 1 0";
+    return units;
+}
+
+std::vector<Unit> quarryLocal()
+{
+    std::vector<Unit> units = Units({"avr_d402", "avr_hopper_11", "avr_hopper_12"});
+    units.back().bare = true;
+    return units;
+}
+
+std::vector<Unit> worksTrain()
+{
+    std::vector<Unit> units = Units({"avr_d401", "flat 6201", "avr_caboose"});
+    units.back().before = kWorksNotes;
     return units;
 }
 
 std::vector<Unit> harbourTransfer()
 {
-    std::vector<Unit> units = {UnitOf(kArdmoor, "avr_d401"), UnitOf(kBoxes, "box_501"),
-                               UnitOf(kBoxes, "box_502", true), UnitOf(kBoxes, "van_ice"),
-                               UnitOf(kBoxes, "Ochre&Co_705")};
-    units.push_back({.folder = kBoxes, .file = "box_gone"});
+    std::vector<Unit> units =
+        Units({"avr_d401", "box_501", "<box_502", "van_ice", "Ochre&Co_705", "box_501"});
+    units.back().file = "box_gone";
     for (std::size_t i = 0; i < units.size(); ++i)
         units[i].uid = static_cast<int>(i / 2);
     return units;
-}
-
-/// The train of the pictures: an engine and something of everything that carries goods.
-std::vector<Unit> ferryGoods()
-{
-    return {UnitOf(kForest, "fwb_e94"),           UnitOf(kForest, "fwb_güterwagen"),
-            UnitOf(kBoxes, "Ochre&Co_705"),       UnitOf(kForest, "fwb_güterwagen", true),
-            UnitOf(kFlats, "flat 6202"),          UnitOf(kBoxes, "van_ice", true),
-            UnitOf(kBoxes, "Ochre&Co_705", true), UnitOf(kBoxes, "box_501"),
-            UnitOf(kArdmoor, "avr_hopper_12"),    UnitOf(kBoxes, "box_502", true),
-            UnitOf(kArdmoor, "avr_caboose", true)};
-}
-
-std::vector<Unit> cafeCar()
-{
-    return {{.folder = "COASTLINE", .file = "CLR_Railcar", .engine = true},
-            {.folder = "coastline", .file = "Coach_Diner"},
-            {.folder = "Coastline", .file = "coach_FIRST", .flip = true}};
-}
-
-/// Trains that a user meets first.
-std::vector<Consist> plainConsists()
-{
-    Unit pacific = UnitOf(kSteam, "TSR_462");
-    pacific.variables = "0.5 12.5 1 0";
-    return {
-        {"Depot Shunter",
-         {.title = "Depot Shunter",
-          .name = "Depot shunter",
-          .units = {UnitOf(kSteam, "TSR_060T")}}},
-        {"Long Coal Drag",
-         {.title = "Long Coal Drag", .name = "Long coal drag, 64 units", .units = coalDrag()}},
-        {"coastal express",
-         {.title = "coastal express",
-          .name = "The \"Coastal\" express",
-          .units = {UnitOf(kArdmoor, "avr_d401"), UnitOf(kCoast, "coach_first"),
-                    UnitOf(kCoast, "coach_second", true), UnitOf(kCoast, "coach_diner"),
-                    UnitOf(kCoast, "coach_second"), UnitOf(kCoast, "clr_railcar", true)}}},
-        {"Steam Special",
-         {.title = "Steam Special",
-          .name = "Steam special",
-          .isDefault = true,
-          .units = {pacific, UnitOf(kSteam, "TSR_462_TENDER"), UnitOf(kSteam, "TSR_COACH_3RD"),
-                    UnitOf(kSteam, "TSR_COACH_3RD", true), UnitOf(kSteam, "TSR_BRAKE")}}},
-        {"Repair Train", {.title = "Repair Train", .name = "To the works", .units = repairTrain()}},
-    };
-}
-
-/// Trains whose head blocks, numbers or references are unusual.
-std::vector<Consist> unusualConsists()
-{
-    Unit bare = UnitOf(kArdmoor, "avr_hopper_12");
-    bare.bare = true;
-    return {
-        {"Quarry_Local",
-         {.title = "Quarry_Local",
-          .name = "Quarry local",
-          .units = {UnitOf(kArdmoor, "avr_d402"), UnitOf(kArdmoor, "avr_hopper_11"), bare}}},
-        {"Harbour Transfer",
-         {.title = "Harbour Transfer",
-          .name = "Harbour transfer",
-          .nextUid = 380102,
-          .units = harbourTransfer()}},
-        {"night mail",
-         {.title = "night mail",
-          .head = Head::SerialFirst,
-          .firstUid = 114,
-          .units = {UnitOf(kElectric, "nfe_10"), UnitOf(kElectric, "nfe_trailer"),
-                    UnitOf(kElectric, "nfe_trailer", true), UnitOf(kElectric, "nfe_10", true)}},
-         {.encoding = Encoding::Utf16Be}},
-        {"double (2)",
-         {.title = "double (2)",
-          .head = Head::VelocityFirst,
-          .units = {UnitOf(kCoast, "clr_railcar"), UnitOf(kCoast, "clr_railcar", true)}},
-         {.header = Header::None}},
-        {"Ferry Goods ",
-         {.title = "Ferry Goods", .head = Head::SerialFirst, .units = ferryGoods()}},
-    };
-}
-
-/// Trains whose files are unusual as texts.
-std::vector<Consist> oddlyWrittenConsists()
-{
-    Unit caboose = UnitOf(kArdmoor, "avr_caboose");
-    caboose.before = kWorksNotes;
-    return {
-        {"Broken Tail",
-         {.title = "Broken Tail",
-          .name = "Broken tail",
-          .units = {UnitOf(kArdmoor, "avr_d402"), UnitOf(kFlats, "flat 6201"),
-                    UnitOf(kFlats, "flat 6202")},
-          .tail = "\t\tcomment( 22.8t empty, 106.7t full\" )\n"},
-         {},
-         true},
-        {"Works Train #3",
-         {.title = "Works Train #3",
-          .name = "Works train no. 3",
-          .nextUid = 12,
-          .units = {UnitOf(kArdmoor, "avr_d401"), UnitOf(kFlats, "flat 6201"), caboose}}},
-        {"Förster Bummel",
-         {.title = "Förster Bummel",
-          .name = "Durch den Förstenwald",
-          .units = {UnitOf(kForest, "fwb_e94"), UnitOf(kForest, "fwb_abteil"),
-                    UnitOf(kForest, "fwb_abteil", true)}},
-         {.encoding = Encoding::Utf8}},
-        {"Cafe Car",
-         {.title = "Cafe Car",
-          .name = "Café car",
-          .units = cafeCar(),
-          .tail = "\t\tcomment ( café à la carte )\n"},
-         {.encoding = Encoding::Windows1252}},
-    };
 }
 
 std::string headText(const Train &train, const std::string &tabs, int nextUid)
@@ -187,17 +84,19 @@ std::string headText(const Train &train, const std::string &tabs, int nextUid)
     return out;
 }
 
+/// Units with even and odd numbers have Flip in different places, both of which occur.
 std::string unitText(const Unit &unit, const std::string &tabs, int uid)
 {
     const std::string kind = unit.engine ? "Engine" : "Wagon";
-    std::string out = unit.before + tabs + kind + " (\n";
     const std::string folder = unit.bare ? unit.folder : Quoted(unit.folder);
-    const std::string flip = unit.flip ? tabs + "\tFlip ( )\n" : std::string();
-    // Both places of Flip are met.
-    out += uid % 2 == 0 ? flip : std::string();
+    const std::string flip = unit.flip ? tabs + "\tFlip ( )\n" : "";
+    std::string out = unit.before + tabs + kind + " (\n";
+    if (uid % 2 == 0)
+        out += flip;
     out += tabs + "\tUiD ( " + std::to_string(uid) + " )\n";
     out += tabs + '\t' + kind + "Data ( " + Quoted(unit.file) + ' ' + folder + " )\n";
-    out += uid % 2 != 0 ? flip : std::string();
+    if (uid % 2 != 0)
+        out += flip;
     if (*unit.variables != '\0')
         out += tabs + "\tEngineVariables ( " + unit.variables + " )\n";
     return out + tabs + ")\n";
@@ -207,20 +106,59 @@ std::string unitText(const Unit &unit, const std::string &tabs, int uid)
 
 std::vector<Consist> Consists()
 {
-    std::vector<Consist> all = plainConsists();
-    for (auto group : {unusualConsists(), oddlyWrittenConsists()})
-        for (Consist &consist : group)
-            all.push_back(std::move(consist));
-    return all;
+    using H = Head;
+    constexpr int kNext = -1;
+    const TextFormat utf16{};
+    // File; title, name, head, first UID, next UID, default, units, tail; format, cut short.
+    // clang-format off
+    return {
+        {"Depot Shunter", {"Depot Shunter", "Depot shunter", H::NameFirst, 0, kNext, false, Units({"TSR_060T"})}},
+        {"Long Coal Drag", {"Long Coal Drag", "Long coal drag, 64 units", H::NameFirst, 0, kNext, false, coalDrag()}},
+        {"coastal express", {"coastal express", "The \"Coastal\" express", H::NameFirst, 0, kNext, false,
+            Units({"avr_d401", "coach_first", "<coach_second", "coach_diner", "coach_second", "<clr_railcar"})}},
+        {"Steam Special", {"Steam Special", "Steam special", H::NameFirst, 0, kNext, true, steamSpecial()}},
+        {"Repair Train", {"Repair Train", "To the works", H::NameFirst, 0, kNext, false, repairTrain()}},
+
+        // Unusual head blocks, numbers or references.
+        {"Quarry_Local", {"Quarry_Local", "Quarry local", H::NameFirst, 0, kNext, false, quarryLocal()}},
+        {"Harbour Transfer",
+         {"Harbour Transfer", "Harbour transfer", H::NameFirst, 0, 380102, false, harbourTransfer()}},
+        {"night mail", {"night mail", "", H::SerialFirst, 114, kNext, false,
+            Units({"nfe_10", "nfe_trailer", "<nfe_trailer", "<nfe_10"})}, {.encoding = Encoding::Utf16Be}},
+        {"double (2)", {"double (2)", "", H::VelocityFirst, 0, kNext, false,
+            Units({"clr_railcar", "<clr_railcar"})}, {.header = Header::None}},
+        {"Ferry Goods ", {"Ferry Goods", "", H::SerialFirst, 0, kNext, false,
+            Units({"fwb_e94", "fwb_güterwagen", "Ochre&Co_705", "<fwb_güterwagen", "flat 6202", "<van_ice",
+                   "<Ochre&Co_705", "box_501", "avr_hopper_12", "<box_502", "<avr_caboose"})}},
+
+        // Unusual texts.
+        {"Broken Tail", {"Broken Tail", "Broken tail", H::NameFirst, 0, kNext, false,
+            Units({"avr_d402", "flat 6201", "flat 6202"}), "\t\tcomment( 22.8t empty, 106.7t full\" )\n"}, utf16, true},
+        {"Works Train #3", {"Works Train #3", "Works train no. 3", H::NameFirst, 0, 12, false, worksTrain()}},
+        {"Förster Bummel", {"Förster Bummel", "Durch den Förstenwald", H::NameFirst, 0, kNext, false,
+            Units({"fwb_e94", "fwb_abteil", "<fwb_abteil"})}, {.encoding = Encoding::Utf8}},
+        {"Cafe Car", {"Cafe Car", "Café car", H::NameFirst, 0, kNext, false,
+            {{"COASTLINE", "CLR_Railcar", true}, {"coastline", "Coach_Diner"}, {"Coastline", "coach_FIRST", false, true}},
+            "\t\tcomment ( café à la carte )\n"}, {.encoding = Encoding::Windows1252}},
+    };
+    // clang-format on
 }
 
-Unit UnitOf(std::string_view folder, std::string_view file, bool flip)
+Unit UnitOf(const Vehicle &vehicle)
 {
-    const Vehicle &vehicle = FindVehicle(folder, file);
-    return {.folder = vehicle.folder,
-            .file = vehicle.file,
-            .engine = IsEngine(vehicle.kind),
-            .flip = flip};
+    return {vehicle.folder, vehicle.file, IsEngine(vehicle.kind)};
+}
+
+std::vector<Unit> Units(std::initializer_list<std::string_view> files)
+{
+    std::vector<Unit> units;
+    for (std::string_view file : files) {
+        const bool flip = file.starts_with('<');
+        file.remove_prefix(flip ? 1 : 0);
+        units.push_back(UnitOf(FindVehicle(file)));
+        units.back().flip = flip;
+    }
+    return units;
 }
 
 std::string TrainText(const Train &train, int depth)
@@ -234,9 +172,8 @@ std::string TrainText(const Train &train, int depth)
         ++uid;
     }
     const int next = train.nextUid < 0 ? uid : train.nextUid;
-    const std::string title = train.title.empty() ? "\"\"" : Quoted(train.title);
-    return outer + "TrainCfg ( " + title + '\n' + headText(train, tabs, next) + units + train.tail +
-           outer + ")\n";
+    return outer + "TrainCfg ( " + Quoted(train.title) + '\n' + headText(train, tabs, next) +
+           units + train.tail + outer + ")\n";
 }
 
 std::string ConsistText(const Train &train)

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "samples/SampleFile.h"
-#include "samples/TextWriter.h"
+#include "samples/Stock.h"
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,13 +17,13 @@ struct Unit
     std::string file;
     bool engine = false;
     bool flip = false;
-    int uid = -1;               ///< negative: counted on from the first
-    bool bare = false;          ///< folder without the quotes that it needs
+    int uid = -1;               ///< negative: the next number after that of the last unit
+    bool bare = false;          ///< the folder lacks the quotes that it needs
     const char *variables = ""; ///< values of an EngineVariables block
     const char *before = "";    ///< text in front of the unit
 };
 
-/// The blocks at the head of a train, in the orders that real files have.
+/// The order of the blocks at the head of a train. Real files have all of these.
 enum class Head
 {
     NameFirst,
@@ -31,7 +31,7 @@ enum class Head
     VelocityFirst ///< no Name at all
 };
 
-/// What a TrainCfg block holds.
+/// The contents of a TrainCfg block.
 struct Train
 {
     std::string title;
@@ -44,7 +44,7 @@ struct Train
     const char *tail = ""; ///< text before the end of the block
 };
 
-/// One .con of the sample.
+/// A .con file of the sample.
 struct Consist
 {
     std::string file; ///< without ".con"
@@ -56,8 +56,10 @@ struct Consist
 /// The consists of the sample.
 std::vector<Consist> Consists();
 
-/// A unit from the table of stock.
-Unit UnitOf(std::string_view folder, std::string_view file, bool flip = false);
+/// The unit for this vehicle, which faces forwards.
+Unit UnitOf(const Vehicle &vehicle);
+/// The units with these files from the table of stock; "<" in front of a name flips the unit.
+std::vector<Unit> Units(std::initializer_list<std::string_view> files);
 
 /// A TrainCfg block, indented by `depth` tabs.
 std::string TrainText(const Train &train, int depth);

@@ -7,10 +7,10 @@
 /// The container that binary shapes and textures share.
 namespace samples {
 
-/// Mark of 16 characters, then the payload as it is.
+/// Returns a mark of 16 characters and the unchanged payload.
 std::string StorePayload(std::string_view payload);
 
-/// "SIMISA@F", the size of the payload, "@@@@", then the payload as a zlib stream.
+/// Returns "SIMISA@F", the size of the payload, "@@@@" and the payload as a zlib stream.
 std::string CompressPayload(std::string_view payload);
 
 } // namespace samples

@@ -5,6 +5,7 @@
 #include "samples/Stock.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <string_view>
 #include <utility>
@@ -22,7 +23,7 @@ std::string repair(std::string_view file)
     return R"(<MSTS>\Trains\Trainset\Repair Sidings\)" + std::string(file);
 }
 
-/// A file as it is spelled on the disk.
+/// A file with the spelling of the disk.
 std::string onDisk(std::string path)
 {
     std::replace(path.begin(), path.end(), '/', '\\');
@@ -39,7 +40,7 @@ std::string referenced(std::string_view subject, const std::string &file, std::s
     return "ERROR: " + std::string(subject) + " referenced by " + file + ' ' + std::string(verdict);
 }
 
-/// A fault of a file in the repair sidings that names files which are not there.
+/// A file in the repair sidings that names missing files.
 Defect stockMissing(const char *file, const char *what, const std::vector<std::string> &dependents)
 {
     Defect defect{Check::Stock, std::string(kRepairOnDisk) + file, what};
@@ -53,22 +54,22 @@ Defect stockFault(const char *file, const char *what, std::vector<std::string> r
     return {Check::Stock, std::string(kRepairOnDisk) + file, what, std::move(report)};
 }
 
+// File, fault, then the missing files or the lines of the report.
+// clang-format off
 std::vector<Defect> wagonDefects()
 {
-    const std::string broken = repair(R"(Sound\rs_broken.sms)");
+    const std::string corrupt = " appears CORRUPT";
     const std::string squeal = repair(R"(Sound\rs_nowav.sms)");
     return {
         stockMissing("rs_box.wag", "names a thumbnail that is not there", {"rs_box_small.ace"}),
         stockMissing("rs_noshape.wag", "names a shape that is not there, nor is its descriptor",
                      {"rs_noshape.s", "rs_noshape.sd"}),
         stockMissing("rs_nodesc.wag", "the shape has no descriptor", {"rs_nodesc.sd"}),
-        stockFault("rs_waggon.wag", "has no `Wagon` block",
-                   {"ERROR: " + repair("rs_waggon.wag") + " appears CORRUPT"}),
-        stockMissing("rs_quiet.wag", "names a sound file that is not there",
-                     {R"(Sound\rs_gone.sms)"}),
-        stockMissing("rs_mute.wag", "names no sound file", {R"(Sound\)"}),
+        stockFault("rs_waggon.wag", "has no `Wagon` block", {"ERROR: " + repair("rs_waggon.wag") + corrupt}),
+        stockMissing("rs_quiet.wag", "names a sound file that is not there", {R"(Sound\rs_gone.sms)"}),
+        {Check::None, std::string(kRepairOnDisk) + "rs_mute.wag", "names no sound file, which is no fault"},
         stockFault("rs_badsms.wag", "its sound file has no `Tr_SMS` block",
-                   {"ERROR: " + broken + " appears CORRUPT"}),
+                   {"ERROR: " + repair(R"(Sound\rs_broken.sms)") + corrupt}),
         stockFault("rs_nowav.wag", "its sound file names a wave file that is not there",
                    {missing(squeal, repair(R"(Sound\rs_squeal.wav)")),
                     "ERROR: " + squeal + " is SUSPECT due to problems with dependent files"}),
@@ -78,8 +79,7 @@ std::vector<Defect> wagonDefects()
 std::vector<Defect> engineDefects()
 {
     const std::string dials = repair(R"(Cabview\rs_dials.cvf)");
-    const auto pseudo = [](const char *file, const char *what, const char *subject,
-                           const char *verdict) {
+    const auto pseudo = [](const char *file, const char *what, const char *subject, const char *verdict) {
         return stockFault(file, what, {referenced(subject, repair(file), verdict)});
     };
     return {
@@ -88,8 +88,7 @@ std::vector<Defect> engineDefects()
         pseudo("rs_names.eng", "the `Wagon` block and the `Engine` block name different wagons",
                "Engine and wagon names", "appears CORRUPT"),
         pseudo("rs_nocab.eng", "names no cab view", "Cabview section", "is MISSING"),
-        stockMissing("rs_cabgone.eng", "names a cab view that is not there",
-                     {R"(Cabview\rs_cabgone.cvf)"}),
+        stockMissing("rs_cabgone.eng", "names a cab view that is not there", {R"(Cabview\rs_cabgone.cvf)"}),
         stockFault("rs_badcvf.eng", "its cab view has no `Tr_CabViewFile` block",
                    {"ERROR: " + repair(R"(Cabview\rs_broken.cvf)") + " appears CORRUPT"}),
         stockFault("rs_dials.eng", "its cab view names a view and a dial that are not there",
@@ -101,26 +100,20 @@ std::vector<Defect> engineDefects()
 
 std::vector<Defect> stockShapeDefects()
 {
-    const std::string folder = kRepairOnDisk;
+    const std::string paint = std::string(kRepairOnDisk) + "rs_paint";
+    const std::string over = std::string(kRepairOnDisk) + "rs_over.s";
     return {
-        {Check::Shape,
-         folder + "rs_paint.s",
-         "names a texture that is not there",
-         {missing(onDisk(folder + "rs_paint.s"), onDisk(folder + "rs_paint.ace"))}},
-        {Check::Shape,
-         folder + "rs_over.s",
-         "declares 3 textures and names 2",
-         {referenced("Image count", onDisk(folder + "rs_over.s"),
-                     "is SUSPECT due to problems with dependent files")}},
-        {Check::Shape,
-         folder + "rs_under.s",
-         "declares 1 texture and names 2",
-         {},
+        {Check::Shape, paint + ".s", "names a texture that is not there",
+         {missing(onDisk(paint + ".s"), onDisk(paint + ".ace"))}},
+        {Check::Shape, over, "declares 3 textures and names 2",
+         {referenced("Image count", onDisk(over), "is SUSPECT due to problems with dependent files")}},
+        {Check::Shape, std::string(kRepairOnDisk) + "rs_under.s", "declares 1 texture and names 2", {},
          kSubscriptOutOfRange},
     };
 }
+// clang-format on
 
-/// The pictures that a route shape asks for in these texture folders and does not find.
+/// A route shape whose pictures are missing from these texture folders.
 Defect routeShape(const std::string &route, const std::string &name, const char *what,
                   const std::vector<const char *> &folders)
 {
@@ -150,39 +143,30 @@ std::vector<Defect> routeShapeDefects()
     };
 }
 
+// clang-format off
 std::vector<Defect> consistDefects()
 {
-    const auto file = [](const char *name) {
-        return "TRAINS/CONSISTS/" + std::string(name) + ".con";
-    };
-    const auto path = [](const char *name) {
-        return R"(<MSTS>\Trains\Consists\)" + std::string(name) + ".con";
-    };
+    const auto file = [](const std::string &name) { return "TRAINS/CONSISTS/" + name + ".con"; };
+    const auto path = [](const std::string &name) { return R"(<MSTS>\Trains\Consists\)" + name + ".con"; };
+    const auto stock = [](const std::string &name) { return R"(<MSTS>\Trains\Trainset\)" + name + ".wag"; };
     return {
-        {Check::Consist,
-         file("Harbour Transfer"),
-         "names a wagon that is not there",
-         {missing(path("Harbour Transfer"),
-                  R"(<MSTS>\Trains\Trainset\Boxes & Vans\box_gone.wag)")}},
-        {Check::Consist,
-         file("Quarry_Local"),
+        {Check::Consist, file("Harbour Transfer"), "names a wagon that is not there",
+         {missing(path("Harbour Transfer"), stock(R"(Boxes & Vans\box_gone)"))}},
+        {Check::Consist, file("Quarry_Local"),
          "a folder with a blank is not quoted, so that its first word is looked for",
-         {missing(path("Quarry_Local"), R"(<MSTS>\Trains\Trainset\Ardmoor\avr_hopper_12.wag)")}},
-        {Check::Consist,
-         file("Repair Train"),
+         {missing(path("Quarry_Local"), stock(R"(Ardmoor\avr_hopper_12)"))}},
+        {Check::Consist, file("Repair Train"),
          "a vehicle has no shape, and the last one has no `Wagon` block: the check ends there",
          {missing(repair("rs_noshape.wag"), repair("rs_noshape.s")),
-          referenced("Error 91 - Object variable or With block variable not set",
-                     path("Repair Train"), "appears CORRUPT")}},
-        {Check::Usage,
-         "TRAINS/TRAINSET/Boxes & Vans/tank_21.wag",
-         "is used nowhere",
-         {referenced(R"(<MSTS>\Trains\Trainset\Boxes & Vans\tank_21.wag)", "all consists",
-                     "is MISSING")}},
+          referenced("Error 91 - Object variable or With block variable not set", path("Repair Train"),
+                     "appears CORRUPT")}},
+        {Check::Usage, "TRAINS/TRAINSET/Boxes & Vans/tank_21.wag", "is used nowhere",
+         {referenced(stock(R"(Boxes & Vans\tank_21)"), "all consists", "is MISSING")}},
         {Check::Usage, file("Depot Shunter"), "is used in no service"},
         {Check::None, "ROUTES/TARNWICK/SERVICES/Ghost.srv", "names a consist that is not there"},
     };
 }
+// clang-format on
 
 std::vector<Defect> binaryShapes()
 {
@@ -204,19 +188,9 @@ std::vector<Defect> binaryShapes()
 
 const char *CheckName(Check check)
 {
-    switch (check) {
-    case Check::Stock:
-        return "stock";
-    case Check::Shape:
-        return "shape";
-    case Check::Consist:
-        return "consist";
-    case Check::Usage:
-        return "usage";
-    case Check::None:
-        break;
-    }
-    return "-";
+    // In the order of Check.
+    constexpr std::array names = {"stock", "shape", "consist", "usage", "-"};
+    return names.at(static_cast<std::size_t>(check));
 }
 
 std::vector<Defect> Defects()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "samples/VehicleKit.h"
+#include "samples/VehicleModel.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -9,31 +10,6 @@ namespace {
 
 constexpr Colour kIron{52, 50, 50};
 constexpr Colour kSteel{128, 128, 132};
-
-struct Painter
-{
-    Sheet &sheet;
-    float scale;
-
-    Patch operator()(int width, int height, const Window &window,
-                     const std::function<void(Brush &)> &paint) const
-    {
-        const auto scaled = [&](int pixels) {
-            return std::max(6, static_cast<int>(static_cast<float>(pixels) * scale));
-        };
-        const Area area = sheet.Take(scaled(width), scaled(height));
-        Brush brush(sheet, area, window);
-        paint(brush);
-        return sheet.PatchOf(area);
-    }
-    Patch Plain(Colour colour, float dirt) const
-    {
-        return (*this)(26, 26, {}, [&](Brush &b) {
-            b.Fill(colour);
-            b.Weather(colour.red, dirt);
-        });
-    }
-};
 
 void paintDiscWheel(Brush &b)
 {
@@ -57,8 +33,9 @@ void paintSpokes(Brush &b)
     b.Disc(0, 0, 0.78F, {112, 36, 30, 0});
     for (int i = 0; i < 7; ++i) {
         const float angle = std::numbers::pi_v<float> * static_cast<float>(i) / 7;
-        b.Line(-std::cos(angle) * 0.85F, -std::sin(angle) * 0.85F, std::cos(angle) * 0.85F,
-               std::sin(angle) * 0.85F, 0.11F, red);
+        const float x = std::cos(angle) * 0.85F;
+        const float y = std::sin(angle) * 0.85F;
+        b.Line(-x, -y, x, y, 0.11F, red);
     }
     b.Disc(0, 0, 0.26F, Shade(red, 0.8F));
     b.Disc(0, 0, 0.15F, {120, 118, 116});
@@ -106,11 +83,12 @@ void paintLadder(Brush &b)
 
 void paintWood(Brush &b)
 {
-    b.Fill({116, 92, 66});
+    constexpr Colour plank{116, 92, 66};
+    b.Fill(plank);
     for (int i = 0; i < 12; ++i) {
         const float x = static_cast<float>(i) / 12;
-        b.Rect({x, 0, x + 0.083F, 1},
-               Shade({116, 92, 66}, 0.8F + 0.07F * static_cast<float>(i * 5 % 6)));
+        const float tint = 0.8F + 0.07F * static_cast<float>(i * 5 % 6);
+        b.Rect({x, 0, x + 0.083F, 1}, Shade(plank, tint));
         b.Line(x, 0, x, 1, 0.012F, {40, 30, 22});
     }
     b.Weather(9, 0.5F);
@@ -123,6 +101,19 @@ void paintSeat(Brush &b)
     b.Joint({0.05F, 0.05F, 0.95F, 0.78F}, 0.04F);
 }
 
+void paintLamp(Brush &b)
+{
+    b.Fill({60, 60, 62});
+    b.Disc(0, 0, 0.95F, {150, 150, 154});
+    b.Disc(0, 0, 0.78F, {255, 250, 225});
+}
+
+void paintTailLamp(Brush &b)
+{
+    b.Fill({40, 38, 38});
+    b.Disc(0, 0, 0.85F, {200, 30, 26});
+}
+
 } // namespace
 
 void PaintRailing(Brush &brush, Colour colour)
@@ -130,39 +121,47 @@ void PaintRailing(Brush &brush, Colour colour)
     brush.Fill(colour);
     brush.Fade({0, 0, 1, 1}, {60, 50, 20}, 0.5F, 0);
     brush.Clear({-1, -1, 2, 2});
-    brush.Clear({0, 0, 0.05F, 1}, 255);
-    brush.Clear({0.95F, 0, 1, 1}, 255);
-    brush.Clear({0, 0.92F, 1, 1}, 255);
-    brush.Clear({0, 0.48F, 1, 0.56F}, 255);
+    for (const Box2 &bar : {Box2{0, 0, 0.05F, 1}, Box2{0.95F, 0, 1, 1}, Box2{0, 0.92F, 1, 1},
+                            Box2{0, 0.48F, 1, 0.56F}})
+        brush.Clear(bar, 255);
 }
 
 GearPatches PaintGear(Sheet &sheet, float scale)
 {
-    const Painter paint{sheet, scale};
+    const auto paint = [&](Look look, int width, int height, const Window &window,
+                           const std::function<void(Brush &)> &how) {
+        const auto scaled = [&](int pixels) {
+            return std::max(6, static_cast<int>(static_cast<float>(pixels) * scale));
+        };
+        Patch patch = sheet.Paint(scaled(width), scaled(height), window, how);
+        patch.look = look;
+        return patch;
+    };
+    const auto plain = [&](Colour colour, float dirt) {
+        return paint(OnGear, 26, 26, {}, [&](Brush &b) {
+            b.Fill(colour);
+            b.Weather(colour.red, dirt);
+        });
+    };
+    const auto railing = [](Brush &b) { PaintRailing(b, {226, 206, 60}); };
     const Window round{-1, -1, 2, 2};
+    // Tall pieces first.
     GearPatches gear;
-    gear.wheel = paint(74, 74, round, paintDiscWheel);
-    gear.spokes = paint(74, 74, round, paintSpokes);
-    gear.grating = paint(64, 64, {}, paintGrating);
-    gear.frame = paint(122, 48, {-1, 0, 2, 1}, paintFrame);
-    gear.railing = paint(88, 48, {}, [](Brush &b) { PaintRailing(b, {226, 206, 60}); });
-    gear.ladder = paint(24, 48, {}, paintLadder);
-    gear.wood = paint(96, 40, {}, paintWood);
-    gear.seat = paint(32, 32, {}, paintSeat);
-    gear.dark = paint.Plain({46, 44, 44}, 0.4F);
-    gear.black = paint.Plain({26, 26, 28}, 0.3F);
-    gear.rust = paint.Plain({84, 60, 46}, 0.5F);
-    gear.steel = paint.Plain({150, 150, 154}, 0.15F);
-    gear.light = paint.Plain({196, 186, 164}, 0.1F);
-    gear.lamp = paint(20, 20, round, [](Brush &b) {
-        b.Fill({60, 60, 62});
-        b.Disc(0, 0, 0.95F, {150, 150, 154});
-        b.Disc(0, 0, 0.78F, {255, 250, 225});
-    });
-    gear.tail = paint(20, 20, round, [](Brush &b) {
-        b.Fill({40, 38, 38});
-        b.Disc(0, 0, 0.85F, {200, 30, 26});
-    });
+    gear.wheel = paint(OnGear, 74, 74, round, paintDiscWheel);
+    gear.spokes = paint(OnCutout, 74, 74, round, paintSpokes);
+    gear.grating = paint(OnCutout, 64, 64, {}, paintGrating);
+    gear.frame = paint(OnGear, 122, 48, {-1, 0, 2, 1}, paintFrame);
+    gear.railing = paint(OnCutout, 88, 48, {}, railing);
+    gear.ladder = paint(OnCutout, 24, 48, {}, paintLadder);
+    gear.wood = paint(OnGear, 96, 40, {}, paintWood);
+    gear.seat = paint(OnGear, 32, 32, {}, paintSeat);
+    gear.dark = plain({46, 44, 44}, 0.4F);
+    gear.black = plain({26, 26, 28}, 0.3F);
+    gear.rust = plain({84, 60, 46}, 0.5F);
+    gear.steel = plain({150, 150, 154}, 0.15F);
+    gear.light = plain({196, 186, 164}, 0.1F);
+    gear.lamp = paint(OnGear, 20, 20, round, paintLamp);
+    gear.tail = paint(OnGear, 20, 20, round, paintTailLamp);
     return gear;
 }
 
@@ -179,16 +178,17 @@ const Picture &GearPicture()
 const Picture &GlassPicture()
 {
     static const Picture picture = [] {
-        Sheet sheet(32, {70, 92, 104, 96});
-        for (int y = 0; y < 32; ++y) {
-            for (int x = 0; x < 32; ++x) {
-                Colour &pixel = sheet.Pixels().pixels[static_cast<std::size_t>(y * 32 + x)];
-                const bool gleam = (x + y / 2) % 32 > 12 && (x + y / 2) % 32 < 18;
-                pixel = Mix({150, 176, 190}, {40, 56, 64}, static_cast<float>(y) / 31);
+        Picture glass{32, 32, {}};
+        for (int y = 0; y < glass.height; ++y) {
+            for (int x = 0; x < glass.width; ++x) {
+                const int slant = (x + y / 2) % 32;
+                const bool gleam = slant > 12 && slant < 18;
+                Colour pixel = Mix({150, 176, 190}, {40, 56, 64}, static_cast<float>(y) / 31);
                 pixel.alpha = gleam ? 128 : static_cast<std::uint8_t>(84 + y);
+                glass.pixels.push_back(pixel);
             }
         }
-        return sheet.Pixels();
+        return glass;
     }();
     return picture;
 }

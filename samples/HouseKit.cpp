@@ -6,10 +6,10 @@
 namespace samples {
 namespace {
 
-bool snows(Season season)
+bool snows(Season s)
 {
-    return season == Season::Snow || season == Season::SpringSnow || season == Season::AutumnSnow ||
-           season == Season::WinterSnow;
+    return s == Season::Snow || s == Season::SpringSnow || s == Season::AutumnSnow ||
+           s == Season::WinterSnow;
 }
 
 void leaves(Brush &b, const Window &w, bool roof)
@@ -27,7 +27,7 @@ void leaves(Brush &b, const Window &w, bool roof)
 
 void paintHole(Brush &b, const Hole &hole)
 {
-    const Box2 box{hole.x - hole.width / 2, hole.y, hole.x + hole.width / 2, hole.y + hole.height};
+    const Box2 box = hole.Bounds();
     const float w = 0.09F;
     b.Rect({box.x0 - 0.18F, box.y1, box.x1 + 0.18F, box.y1 + 0.2F}, Shade(kStone, 1.1F));
     if (hole.door) {
@@ -51,7 +51,7 @@ void lightHole(Brush &b, const Hole &hole)
 {
     if (hole.door)
         return;
-    const Box2 box{hole.x - hole.width / 2, hole.y, hole.x + hole.width / 2, hole.y + hole.height};
+    const Box2 box = hole.Bounds();
     b.RoundRect({box.x0 - 0.3F, box.y0 - 0.3F, box.x1 + 0.3F, box.y1 + 0.3F}, 0.3F, {255, 190, 90},
                 0.18F);
     b.Rect(box, {255, 206, 112});
@@ -96,41 +96,37 @@ void paintWall(Brush &b, const Window &w, Walls walls, std::span<const Hole> hol
 /// Both slopes of the roof with the underside, and its edges.
 void addRoof(Site &site, const House &h)
 {
+    constexpr float thick = 0.12F;
     const Patch tiles = site.Paint(118, 70, {0, 0, 8, 4}, Cover::Roof, [&](Brush &b) {
         paintBricks(b, {0, 0, 8, 4}, h.roof, 0.2F, 0.26F);
         b.Weather(131, 0.4F);
     });
     const Patch under = site.Plain(Shade(kTimber, 0.6F));
     const float half = h.width / 2;
-    const float slope = (h.ridge - h.eaves) / half;
     const float out = half + h.over;
-    const float low = h.eaves - slope * h.over;
+    const float low = h.eaves - (h.ridge - h.eaves) / half * h.over;
     const float end = h.length / 2 + h.over;
-    MeshBuilder &mesh = site.Mesh();
     for (const float side : kSides) {
-        const auto at = [&](float x, float y, float z) {
-            return h.at + Vec3{side * x, y, side * z};
+        const auto ridge = [&](float above, float z) { return Vec3{0, h.ridge + above, side * z}; };
+        const auto eaves = [&](float above, float z) {
+            return Vec3{side * out, low + above, side * z};
         };
-        mesh.Quad(at(0, h.ridge + 0.12F, -end), at(0, h.ridge + 0.12F, end),
-                  at(out, low + 0.12F, end), at(out, low + 0.12F, -end), tiles);
-        mesh.Quad(at(out, low, -end), at(out, low, end), at(0, h.ridge, end), at(0, h.ridge, -end),
-                  under);
-        mesh.Quad(at(out, low + 0.12F, -end), at(out, low + 0.12F, end), at(out, low, end),
-                  at(out, low, -end), under);
-        for (const float z : {end, -end}) {
-            const std::array<Vec3, 4> edge = {{at(0, h.ridge + 0.12F, z), at(out, low + 0.12F, z),
-                                               at(out, low, z), at(0, h.ridge, z)}};
-            mesh.Polygon(edge, {0, 0, side * z > 0 ? 1.0F : -1.0F}, under);
-        }
+        site.Quad(ridge(thick, -end), ridge(thick, end), eaves(thick, end), eaves(thick, -end),
+                  tiles);
+        site.Quad(eaves(0, -end), eaves(0, end), ridge(0, end), ridge(0, -end), under);
+        site.Quad(eaves(thick, -end), eaves(thick, end), eaves(0, end), eaves(0, -end), under);
+        for (const float z : {end, -end})
+            site.Polygon({ridge(thick, z), eaves(thick, z), eaves(0, z), ridge(0, z)},
+                         {0, 0, side * z > 0 ? 1.0F : -1.0F}, under);
     }
 }
 
 } // namespace
 
 Site::Site(Season season, const std::string &image)
-    : m_season(season)
+    : MeshBuilder({image})
+    , m_season(season)
     , m_sheet(256, season == Season::Night ? Colour{40, 42, 52} : kStone)
-    , m_mesh({image})
 {
 }
 
@@ -138,13 +134,12 @@ Patch Site::Paint(int wide, int high, const Window &window, Cover cover,
                   const std::function<void(Brush &)> &paint,
                   const std::function<void(Brush &)> &lit)
 {
-    const Area area = m_sheet.Take(wide, high);
-    Brush brush(m_sheet, area, window);
-    paint(brush);
-    dress(brush, window, cover);
-    if (lit && m_season == Season::Night)
-        lit(brush);
-    return m_sheet.PatchOf(area);
+    return m_sheet.Paint(wide, high, window, [&](Brush &brush) {
+        paint(brush);
+        dress(brush, window, cover);
+        if (lit && m_season == Season::Night)
+            lit(brush);
+    });
 }
 
 Patch Site::Plain(Colour colour, Cover cover)
@@ -155,15 +150,9 @@ Patch Site::Plain(Colour colour, Cover cover)
     });
 }
 
-BuiltScenery Site::Finish()
-{
-    return {m_mesh.Finish(), m_sheet.Pixels(), m_mesh.Low(), m_mesh.High()};
-}
-
 void Site::dress(Brush &b, const Window &w, Cover cover) const
 {
     const Box2 all{w.x - 1, w.y - 1, w.x + w.width + 1, w.y + w.height + 1};
-    const Box2 area{w.x, w.y, w.x + w.width, w.y + w.height};
     const bool roof = cover == Cover::Roof;
     if (m_season == Season::Spring || m_season == Season::SpringSnow)
         b.Rect(all, {120, 190, 90}, roof ? 0.07F : 0.05F);
@@ -173,10 +162,8 @@ void Site::dress(Brush &b, const Window &w, Cover cover) const
         b.Rect(all, {170, 184, 200}, 0.22F);
     if (snows(m_season) && roof)
         b.Rect(all, {242, 246, 252}, m_season == Season::AutumnSnow ? 0.72F : 0.88F);
-    if (snows(m_season) && cover == Cover::Wall) {
-        const Box2 foot{area.x0, area.y0, area.x1, area.y0 + w.height * 0.16F};
-        b.Fade(foot, {244, 247, 252}, 0.95F, 0);
-    }
+    if (snows(m_season) && cover == Cover::Wall)
+        b.Fade({w.x, w.y, w.x + w.width, w.y + w.height * 0.16F}, {244, 247, 252}, 0.95F, 0);
     if (m_season == Season::Night)
         b.Rect(all, {8, 12, 30}, 0.74F);
 }
@@ -216,17 +203,17 @@ void AddHouse(Site &site, const House &h)
     const Window across{-h.width / 2, 0, h.width, h.ridge};
     const Patch side = PaintedWall(site, 240, 62, along, h, h.side);
     const Patch gable = PaintedWall(site, 96, 76, across, h, h.gable);
-    MeshBuilder &mesh = site.Mesh();
     const float x = h.width / 2;
     const float z = h.length / 2;
     for (const float s : kSides) {
-        mesh.Quad(h.at + Vec3{s * x, h.eaves, -s * z}, h.at + Vec3{s * x, h.eaves, s * z},
-                  h.at + Vec3{s * x, 0, s * z}, h.at + Vec3{s * x, 0, -s * z}, side);
-        const std::array<Vec3, 5> outline = {
-            {h.at + Vec3{-x, 0, s * z}, h.at + Vec3{-x, h.eaves, s * z},
-             h.at + Vec3{0, h.ridge, s * z}, h.at + Vec3{x, h.eaves, s * z},
-             h.at + Vec3{x, 0, s * z}}};
-        mesh.Polygon(outline, {0, 0, s}, gable);
+        site.Quad({s * x, h.eaves, -s * z}, {s * x, h.eaves, s * z}, {s * x, 0, s * z},
+                  {s * x, 0, -s * z}, side);
+        site.Polygon({{-x, 0, s * z},
+                      {-x, h.eaves, s * z},
+                      {0, h.ridge, s * z},
+                      {x, h.eaves, s * z},
+                      {x, 0, s * z}},
+                     {0, 0, s}, gable);
     }
     addRoof(site, h);
 }
@@ -235,15 +222,11 @@ void AddChimney(Site &site, const Vec3 &foot, float height)
 {
     const Patch brick = site.Plain(kBrick);
     const Patch cap = site.Plain(kStone, Cover::Roof);
-    BoxSkin skin = BoxSkin::All(brick);
-    site.Mesh().Box(foot + Vec3{-0.35F, 0, -0.35F}, foot + Vec3{0.35F, height, 0.35F}, skin);
-    skin = BoxSkin::All(cap);
-    site.Mesh().Box(foot + Vec3{-0.42F, height, -0.42F}, foot + Vec3{0.42F, height + 0.12F, 0.42F},
-                    skin);
+    site.Box(foot + Vec3{-0.35F, 0, -0.35F}, foot + Vec3{0.35F, height, 0.35F}, brick);
+    site.Box(foot + Vec3{-0.42F, height, -0.42F}, foot + Vec3{0.42F, height + 0.12F, 0.42F}, cap);
     for (const float z : {-0.16F, 0.16F})
-        site.Mesh().Lathe(foot + Vec3{0, height + 0.1F, z}, Axis::Y,
-                          std::array<Vec2, 3>{{{0, 0.12F}, {0.35F, 0.1F}, {0.36F, 0.02F}}}, 8,
-                          brick);
+        site.Lathe(foot + Vec3{0, height + 0.1F, z}, Axis::Y,
+                   {{0, 0.12F}, {0.35F, 0.1F}, {0.36F, 0.02F}}, 8, brick);
 }
 
 } // namespace samples

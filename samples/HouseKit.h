@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-/// What buildings are made of. Lengths are in metres, z along the track.
+/// The parts of buildings. Lengths are in metres, z along the track.
 namespace samples {
 
 inline constexpr Colour kBrick{142, 78, 58};
@@ -22,7 +22,7 @@ inline constexpr Colour kSlate{78, 82, 90};
 inline constexpr Colour kIron{58, 60, 64};
 inline constexpr Colour kFrames{232, 228, 216};
 
-/// What a patch of the sheet covers, and so how the seasons change it.
+/// The part that a patch covers, which decides how the seasons change it.
 enum class Cover
 {
     Wall,
@@ -31,28 +31,25 @@ enum class Cover
 };
 
 /// A shape with its sheet, painted for one season.
-class Site
+class Site : public MeshBuilder
 {
 public:
     Site(Season season, const std::string &image);
 
-    MeshBuilder &Mesh() { return m_mesh; }
-
-    /// A new patch of so many pixels. `lit` paints what shines at night, over everything else.
+    /// A new patch of this size in pixels. `lit` paints the lights of the night over the rest.
     Patch Paint(int wide, int high, const Window &window, Cover cover,
                 const std::function<void(Brush &)> &paint,
                 const std::function<void(Brush &)> &lit = {});
-    /// A small patch of one colour, a little weathered.
+    /// A small patch of one colour, slightly weathered.
     Patch Plain(Colour colour, Cover cover = Cover::Wall);
 
-    BuiltScenery Finish();
+    const Picture &Pixels() const { return m_sheet.Pixels(); }
 
 private:
     void dress(Brush &b, const Window &w, Cover cover) const;
 
     Season m_season;
     Sheet m_sheet;
-    MeshBuilder m_mesh;
 };
 
 /// A window or a door in a wall: place of the middle of its foot, and size.
@@ -63,6 +60,8 @@ struct Hole
     float width;
     float height;
     bool door = false;
+
+    Box2 Bounds() const { return {x - width / 2, y, x + width / 2, y + height}; }
 };
 
 enum class Walls
@@ -85,12 +84,11 @@ struct House
     std::vector<Hole> side = {}; ///< seen from the right, places from the middle
     std::vector<Hole> gable = {};
     std::string sign = {};
-    float over = 0.45F; ///< how far the roof stands out
-    Vec3 at = {};       ///< middle of its floor
+    float over = 0.45F; ///< overhang of the roof
 };
 
 void PaintBoards(Brush &b, const Window &w, Colour colour);
-/// A patch of wide by high pixels with a wall of the house, which covers the window.
+/// A patch with a wall of the house, which covers the window.
 Patch PaintedWall(Site &site, int wide, int high, const Window &w, const House &house,
                   const std::vector<Hole> &holes);
 /// Walls with their holes and the sign, and the roof.

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t kLongestTrain = 60;
 
-/// The standard's distributions differ from library to library; this does not.
+/// Random numbers that are the same with every standard library.
 class Dice
 {
 public:
@@ -48,7 +48,7 @@ std::string folderName(std::size_t number)
     return "Stock " + padded(number, 5) + endings[number % endings.size()];
 }
 
-/// One item to every folder while there are enough, the others anywhere.
+/// Gives each folder one item as far as the stock goes, then spreads the rest at random.
 std::vector<GeneratedFolder> foldersOf(const Extra &extra, Dice &dice)
 {
     std::vector<GeneratedFolder> folders;
@@ -59,14 +59,14 @@ std::vector<GeneratedFolder> foldersOf(const Extra &extra, Dice &dice)
     return folders;
 }
 
-/// One file of each kind, taken apart around the name, so that a file costs no formatting.
+/// The text of one kind of file, in which only the names are replaced.
 class Template
 {
 public:
-    Template(std::string_view folder, std::string_view file)
-        : m_engine(IsEngine(FindVehicle(folder, file).kind))
+    explicit Template(std::string_view likeFile)
+        : m_engine(IsEngine(FindVehicle(likeFile).kind))
     {
-        Vehicle vehicle = FindVehicle(folder, file);
+        Vehicle vehicle = FindVehicle(likeFile);
         vehicle.file = "@FILE@";
         vehicle.shape = "@SHAPE@";
         vehicle.title = "Generated";
@@ -93,18 +93,7 @@ private:
     bool m_engine;
 };
 
-std::vector<Template> templates()
-{
-    std::vector<Template> all;
-    all.emplace_back("Ardmoor Valley", "avr_d401");
-    all.emplace_back("Ardmoor Valley", "avr_hopper_11");
-    all.emplace_back("Boxes & Vans", "box_501");
-    all.emplace_back("Coastline", "coach_first");
-    all.emplace_back("Kestrel 62' Flats", "flat 6201");
-    return all;
-}
-
-/// The shape of a folder is named after its first stock file and used by all of them.
+/// Writes the shape that all stock of a folder shares, named after the first stock file.
 void writeShape(Output &output, const std::string &path, const std::string &shape, ShapeForm form)
 {
     output.Write(path + shape + ".s", ShapeBytes(SmallestShape({shape + ".ace"}), form));
@@ -115,13 +104,14 @@ void writeShape(Output &output, const std::string &path, const std::string &shap
                  AceBytes(panel, {.mipmaps = true, .compressed = !IsTextForm(form)}));
 }
 
-/// Writes the folders; every stock file is added to `pool`.
+/// Writes the folders and adds all stock to `pool`.
 void writeFolders(Output &output, const std::vector<GeneratedFolder> &folders, Dice &dice,
                   std::vector<Unit> &pool)
 {
     constexpr std::array forms = {ShapeForm::Compressed, ShapeForm::Compressed, ShapeForm::Binary,
                                   ShapeForm::TextUtf16};
-    const std::vector<Template> kinds = templates();
+    const std::array kinds = {Template("avr_d401"), Template("avr_hopper_11"), Template("box_501"),
+                              Template("coach_first"), Template("flat 6201")};
     for (std::size_t number = 0; number < folders.size(); ++number) {
         const GeneratedFolder &folder = folders[number];
         const std::string path = "TRAINS/TRAINSET/" + folder.name + '/';
@@ -139,13 +129,13 @@ void writeFolders(Output &output, const std::vector<GeneratedFolder> &folders, D
     }
 }
 
-/// The clean stock of the default sample, but for the item that is used nowhere.
+/// The stock of the default sample without faults, except the item that no consist uses.
 std::vector<Unit> defaultPool()
 {
     std::vector<Unit> pool;
     for (const Vehicle &v : Vehicles())
         if (v.folder != std::string_view("Repair Sidings") && v.file != std::string_view("tank_21"))
-            pool.push_back(UnitOf(v.folder, v.file));
+            pool.push_back(UnitOf(v));
     return pool;
 }
 

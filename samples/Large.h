@@ -7,7 +7,7 @@
 
 namespace samples {
 
-/// How much is made besides the default sample.
+/// The amounts to generate in addition to the default sample.
 struct Extra
 {
     int folders = 0;
@@ -16,8 +16,8 @@ struct Extra
     std::uint64_t seed = 1;
 };
 
-/// Writes the generated part of a large sample. All of it is clean; its consists refer to stock
-/// that is there, of both parts.
+/// Writes the generated part of a large sample. It is free of faults: its consists use existing
+/// stock of both parts.
 void WriteExtra(Output &output, const Extra &extra);
 
 } // namespace samples

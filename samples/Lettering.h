@@ -6,7 +6,7 @@
 
 namespace samples {
 
-/// A straight stroke of a letter: from the foot of the line upwards 0 to 6, to the right 0 to 4.
+/// A straight stroke of a letter: x from 0 to 4, y from 0 at the foot to 6.
 struct Stroke
 {
     float x0 = 0;
@@ -18,8 +18,8 @@ struct Stroke
 inline constexpr float kLetterHeight = 6;
 inline constexpr float kLetterPitch = 5.4F;
 
-/// The strokes of a text, the letters side by side. Capitals, digits and "&.-#/" are known, small
-/// letters are drawn as capitals, all else is a gap.
+/// Returns the strokes of a text, with the letters side by side. Knows capitals, digits and
+/// "&.-#/". Draws small letters as capitals and leaves a gap for other characters.
 std::vector<Stroke> StrokesOf(std::string_view text);
 
 } // namespace samples

@@ -5,47 +5,47 @@
 #include "samples/ShapeWriter.h"
 
 #include <array>
+#include <cstddef>
 #include <map>
-#include <span>
 #include <string>
 #include <vector>
 
-/// Solids for shapes: each primitive sees to its normals, its winding and its texture points.
+/// Solids for shapes: each primitive computes its normals, winding and texture coordinates.
 namespace samples {
 
-/// The right and the left side of what is alike on both.
+/// The right and the left side of a symmetrical part, or its front and rear end.
 inline constexpr std::array kSides = {1.0F, -1.0F};
 
-Vec3 operator+(const Vec3 &a, const Vec3 &b);
-Vec3 operator-(const Vec3 &a, const Vec3 &b);
-Vec3 operator*(const Vec3 &a, float factor);
-float Dot(const Vec3 &a, const Vec3 &b);
-Vec3 Cross(const Vec3 &a, const Vec3 &b);
-Vec3 Normalised(const Vec3 &a);
-
-struct Vec2
+/// The copies of a solid: as given, and with the signs of x (sides) or z (ends) changed.
+enum class Copies
 {
-    float x = 0;
-    float y = 0;
+    One,
+    Sides,     ///< x changes
+    Ends,      ///< z changes
+    Turned,    ///< x and z change together
+    SidesEnds, ///< four, z changes faster
+    EndsSides  ///< four, x changes faster
 };
 
-/// What triangles look like.
-struct Surface
-{
-    std::string shader = "TexDiff";
-    std::uint32_t image = 0;
-    bool alphaTest = false;
-    int material = kNormalMaterial;
-};
-
-/// What is on the faces of a box.
+/// The patches on the faces of a box.
 struct BoxSkin
 {
     Patch side; ///< left and right (x)
     Patch end;  ///< front and back (z)
     Patch top;  ///< u along z
     Patch bottom;
-    static BoxSkin All(const Patch &patch) { return {patch, patch, patch, patch}; }
+
+    BoxSkin(const Patch &all)
+        : BoxSkin(all, all, all, all)
+    {
+    }
+    BoxSkin(const Patch &onSides, const Patch &onEnds, const Patch &onTop, const Patch &below)
+        : side(onSides)
+        , end(onEnds)
+        , top(onTop)
+        , bottom(below)
+    {
+    }
 };
 
 enum class Axis
@@ -62,56 +62,71 @@ struct Vertex
     Uv uv;
 };
 
-/// A rectangle cut out of a wall, as shares of the wall.
-struct Opening
+/// A stretch of a line.
+struct Span
 {
     float from = 0;
-    float to = 1;
+    float to = 0;
+};
+
+using Outline = std::vector<Vec2>;
+
+/// A shape with its picture, and the bounds of all its levels in the rest pose.
+struct PaintedModel
+{
+    ShapeModel model;
+    Picture picture;
+    Vec3 low;
+    Vec3 high;
 };
 
 class MeshBuilder
 {
 public:
-    explicit MeshBuilder(std::vector<std::string> images);
+    /// `looks` are the surfaces that Patch::look selects.
+    explicit MeshBuilder(std::vector<std::string> images,
+                         std::vector<Surface> looks = std::vector<Surface>(1));
 
-    /// A node of the hierarchy at `at` below its parent; returns its number. The first, MAIN, is
-    /// there from the start. `turns`: a wheel that turns forwards once in the animation.
+    /// Adds a node at `at` below its parent and returns its number. The first node, MAIN, exists
+    /// from the start. `turns`: a wheel that turns forwards once in the animation.
     std::uint32_t AddMatrix(std::string label, const Vec3 &at, int parent = 0, bool turns = false);
-    /// Starts a level of detail; levels go from near to far.
+    /// Starts a level of detail. Levels go from near to far.
     void BeginLevel(float distance);
-    /// What follows belongs to this node, in its space.
+    /// Adds the following triangles to this node, in its space.
     void On(std::uint32_t matrix) { m_matrix = matrix; }
-    void With(const Surface &surface) { m_surface = surface; }
 
     /// A flat quadrangle: top left, top right, bottom right, bottom left as seen from in front.
-    void Quad(const Vec3 &a, const Vec3 &b, const Vec3 &c, const Vec3 &d, const Patch &patch);
-    /// A flat, convex polygon that faces along `normal`; the patch is laid over its bounds.
-    void Polygon(std::span<const Vec3> points, const Vec3 &normal, const Patch &patch);
-    void Box(const Vec3 &low, const Vec3 &high, const BoxSkin &skin);
-    /// The outline, walked with the outside on the left, drawn out along z; u along z. Corners of
-    /// less than about 40 degrees are rounded by their normals.
-    void Extrude(std::span<const Vec2> outline, float z0, float z1, const Patch &patch);
-    /// The polygon (z, y) drawn out along x between x0 and x1, with its faces.
-    void Slab(std::span<const Vec2> outline, float x0, float x1, const Patch &face,
-              const Patch &edge);
-    /// Turned about an axis through `centre`: pairs of place along the axis and radius, in growing
-    /// order of place, or with the outside on the left.
-    void Lathe(const Vec3 &centre, Axis axis, std::span<const Vec2> profile, int sides,
+    void Quad(const Vec3 &a, const Vec3 &b, const Vec3 &c, const Vec3 &d, const Patch &patch,
+              Copies copies = Copies::One);
+    /// A quadrangle that is seen from both sides.
+    void DoubleQuad(const Vec3 &a, const Vec3 &b, const Vec3 &c, const Vec3 &d, const Patch &patch);
+    /// A flat, convex polygon that faces along `normal`; the patch covers its bounds.
+    void Polygon(const std::vector<Vec3> &points, const Vec3 &normal, const Patch &patch);
+    /// A box between two opposite corners.
+    void Box(const Vec3 &a, const Vec3 &b, const BoxSkin &skin, Copies copies = Copies::One);
+    /// Extrudes the outline along z, which is also the direction of u. Walk the outline with the
+    /// outside on the left. Corners of less than about 40 degrees get smooth normals.
+    void Extrude(const Outline &outline, float z0, float z1, const Patch &patch);
+    /// Extrudes the polygon (z, y) along x between x0 and x1 and closes it with its faces.
+    void Slab(const Outline &outline, float x0, float x1, const Patch &face, const Patch &edge,
+              Copies copies = Copies::One);
+    /// Turns a profile about an axis through `centre`. The profile holds positions along the axis
+    /// with their radii, in ascending order or with the outside on the left.
+    void Lathe(const Vec3 &centre, Axis axis, const Outline &profile, int sides,
                const Patch &patch);
-    /// A disc that looks along the axis, or against it; the patch is laid over it.
+    /// A disc that faces along the axis, or against it; the patch covers it.
     void Disc(const Vec3 &centre, Axis axis, bool against, float radius, int sides,
               const Patch &patch);
     /// A round bar between two points, without ends.
-    void Bar(const Vec3 &from, const Vec3 &to, float radius, int sides, const Patch &patch);
-    /// An upright wall with a row of windows: corners top left, top right, bottom right, bottom
-    /// left; the windows reach from `sill` to `lintel` (shares of the height from below).
+    void Bar(const Vec3 &from, const Vec3 &to, float radius, int sides, const Patch &patch,
+             Copies copies = Copies::One);
+    /// An upright wall with a row of windows. Corners: top left, top right, bottom right, bottom
+    /// left. The windows reach from `sill` to `lintel`. All places are shares of the wall.
     void Wall(const std::array<Vec3, 4> &corners, const Patch &patch, float sill, float lintel,
-              std::span<const Opening> windows);
+              const std::vector<Span> &windows);
 
-    /// The shape with everything added so far and the sphere around it.
-    ShapeModel Finish() const;
-    Vec3 Low() const { return m_low; }
-    Vec3 High() const { return m_high; }
+    /// Returns everything added so far, with the sphere around it and this picture.
+    PaintedModel Finish(const Picture &picture) const;
 
 private:
     struct Pool
@@ -119,15 +134,17 @@ private:
         std::map<std::array<float, 3>, std::uint32_t> known;
         std::uint32_t Place(std::vector<Vec3> &all, const Vec3 &value);
     };
-    void triangle(const Vertex &a, const Vertex &b, const Vertex &c);
-    void facet(const Vertex &a, const Vertex &b, const Vertex &c, const Vertex &d);
-    std::uint32_t cornerOf(const Vertex &vertex);
-    ShapePart &part();
+    void triangle(const Vertex &a, const Vertex &b, const Vertex &c, std::size_t look);
+    void facet(const std::array<Vertex, 4> &corners, std::size_t look);
+    void box(const Vec3 &l, const Vec3 &h, const BoxSkin &skin);
+    void slab(const Outline &outline, float x0, float x1, const Patch &face, const Patch &edge);
+    std::uint32_t cornerOf(const Vertex &vertex, const Surface &surface);
+    ShapePart &part(const Surface &surface);
     Vec3 originOf(std::uint32_t matrix) const;
     void grow(const Vec3 &point);
 
     ShapeModel m_model;
-    Surface m_surface;
+    std::vector<Surface> m_looks;
     std::uint32_t m_matrix = 0;
     Pool m_points;
     Pool m_normals;

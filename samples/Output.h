@@ -8,13 +8,13 @@
 
 namespace samples {
 
-/// A folder that takes the files of a sample. It never writes through a symbolic link, so that
-/// nothing outside of the folder is touched.
+/// The folder that receives the files of a sample. Never writes through a symbolic link, so that
+/// nothing outside the folder changes.
 class Output
 {
 public:
-    /// `marker` is the text of the marker file. Throws std::runtime_error for a folder that is
-    /// neither new nor empty nor marked with the same text.
+    /// `marker` is the text of the marker file. Throws std::runtime_error if the folder holds
+    /// files but no marker file with this text.
     Output(std::filesystem::path root, std::string_view marker);
 
     /// `path` is UTF-8 with "/", below the folder.

@@ -41,7 +41,7 @@ float octave(int x, int y, int cell)
     return std::lerp(upper, std::lerp(corner(0, 1), corner(1, 1), sx), sy);
 }
 
-/// A cloudy field that repeats, 0 to 1; the same in every run.
+/// Repeating, deterministic cloud noise, 0 to 1.
 float cloud(std::uint32_t x, std::uint32_t y)
 {
     static const std::vector<float> field = [] {
@@ -62,7 +62,7 @@ float coverage(float inside)
     return std::clamp(inside + 0.5F, 0.0F, 1.0F);
 }
 
-/// How far a point is from a line's middle.
+/// Returns the distance of a point from the middle of a line.
 float distanceTo(const Stroke &line, float x, float y)
 {
     const float dx = line.x1 - line.x0;
@@ -98,7 +98,7 @@ float TextWidth(std::string_view text, float height)
 Patch Patch::Part(float x0, float y0, float x1, float y1) const
 {
     return {std::lerp(u0, u1, x0), std::lerp(v1, v0, y1), std::lerp(u0, u1, x1),
-            std::lerp(v1, v0, y0)};
+            std::lerp(v1, v0, y0), look};
 }
 
 Sheet::Sheet(int side, Colour ground)
@@ -132,6 +132,15 @@ Patch Sheet::PatchOf(const Area &area) const
     };
     return {share(area.left), share(area.top), share(area.left + area.width),
             share(area.top + area.height)};
+}
+
+Patch Sheet::Paint(int width, int height, const Window &window,
+                   const std::function<void(Brush &)> &paint)
+{
+    const Area area = Take(width, height);
+    Brush brush(*this, area, window);
+    paint(brush);
+    return PatchOf(area);
 }
 
 Brush::Brush(Sheet &sheet, const Area &area, const Window &window)
@@ -178,28 +187,27 @@ Brush::Pixels Brush::pixelsOf(const Box2 &box) const
             limit(std::ceil(down(box.y0)) + 1, m_clip.top, m_clip.bottom)};
 }
 
+Colour &Brush::pixel(int x, int y)
+{
+    return m_picture.pixels[static_cast<std::size_t>(y) * m_picture.width + x];
+}
+
 void Brush::blend(int x, int y, Colour colour, float opacity)
 {
     if (opacity <= 0)
         return;
-    Colour &pixel = m_picture.pixels[static_cast<std::size_t>(y) * m_picture.width + x];
+    Colour &target = pixel(x, y);
     const float alpha =
-        std::lerp(static_cast<float>(pixel.alpha), static_cast<float>(colour.alpha), opacity);
-    pixel = Mix(pixel, colour, opacity);
-    pixel.alpha = toByte(alpha);
-}
-
-void Brush::shade(int x, int y, float factor)
-{
-    Colour &pixel = m_picture.pixels[static_cast<std::size_t>(y) * m_picture.width + x];
-    pixel = Shade(pixel, factor);
+        std::lerp(static_cast<float>(target.alpha), static_cast<float>(colour.alpha), opacity);
+    target = Mix(target, colour, opacity);
+    target.alpha = toByte(alpha);
 }
 
 void Brush::Fill(Colour colour)
 {
     for (int y = m_clip.top; y < m_clip.bottom; ++y)
         for (int x = m_clip.left; x < m_clip.right; ++x)
-            m_picture.pixels[static_cast<std::size_t>(y) * m_picture.width + x] = colour;
+            pixel(x, y) = colour;
 }
 
 void Brush::Rect(const Box2 &box, Colour colour, float opacity)
@@ -207,19 +215,24 @@ void Brush::Rect(const Box2 &box, Colour colour, float opacity)
     RoundRect(box, 0, colour, opacity);
 }
 
-void Brush::RoundRect(const Box2 &box, float radius, Colour colour, float opacity)
+template <typename PaintPixel> void Brush::eachPixel(const Box2 &box, const PaintPixel &paint)
 {
     const Pixels area = pixelsOf(box);
+    for (int y = area.top; y < area.bottom; ++y)
+        for (int x = area.left; x < area.right; ++x)
+            paint(x, y, Vec2{xAt(x), yAt(y)});
+}
+
+void Brush::RoundRect(const Box2 &box, float radius, Colour colour, float opacity)
+{
     const float middleX = (box.x0 + box.x1) / 2;
     const float middleY = (box.y0 + box.y1) / 2;
-    for (int y = area.top; y < area.bottom; ++y) {
-        const float dy = std::abs(yAt(y) - middleY) - (box.y1 - box.y0) / 2 + radius;
-        for (int x = area.left; x < area.right; ++x) {
-            const float dx = std::abs(xAt(x) - middleX) - (box.x1 - box.x0) / 2 + radius;
-            const float outside = dx > 0 && dy > 0 ? std::hypot(dx, dy) : std::max(dx, dy);
-            blend(x, y, colour, opacity * coverage((radius - outside) * m_perMetre));
-        }
-    }
+    eachPixel(box, [&](int x, int y, Vec2 at) {
+        const float dx = std::abs(at.x - middleX) - (box.x1 - box.x0) / 2 + radius;
+        const float dy = std::abs(at.y - middleY) - (box.y1 - box.y0) / 2 + radius;
+        const float outside = dx > 0 && dy > 0 ? std::hypot(dx, dy) : std::max(dx, dy);
+        blend(x, y, colour, opacity * coverage((radius - outside) * m_perMetre));
+    });
 }
 
 void Brush::Disc(float x, float y, float radius, Colour colour, float opacity)
@@ -230,14 +243,12 @@ void Brush::Disc(float x, float y, float radius, Colour colour, float opacity)
 void Brush::Line(float x0, float y0, float x1, float y1, float width, Colour colour, float opacity)
 {
     const Stroke line{x0, y0, x1, y1};
-    const Pixels area = pixelsOf({std::min(x0, x1) - width, std::min(y0, y1) - width,
-                                  std::max(x0, x1) + width, std::max(y0, y1) + width});
-    for (int y = area.top; y < area.bottom; ++y) {
-        for (int x = area.left; x < area.right; ++x) {
-            const float inside = width / 2 - distanceTo(line, xAt(x), yAt(y));
-            blend(x, y, colour, opacity * coverage(inside * m_perMetre));
-        }
-    }
+    const Box2 box{std::min(x0, x1) - width, std::min(y0, y1) - width, std::max(x0, x1) + width,
+                   std::max(y0, y1) + width};
+    eachPixel(box, [&](int x, int y, Vec2 at) {
+        const float inside = width / 2 - distanceTo(line, at.x, at.y);
+        blend(x, y, colour, opacity * coverage(inside * m_perMetre));
+    });
 }
 
 void Brush::Frame(const Box2 &box, float width, Colour colour, float opacity)
@@ -250,15 +261,11 @@ void Brush::Frame(const Box2 &box, float width, Colour colour, float opacity)
 
 void Brush::Fade(const Box2 &box, Colour colour, float low, float high)
 {
-    const Pixels area = pixelsOf(box);
-    for (int y = area.top; y < area.bottom; ++y) {
-        const float height = (yAt(y) - box.y0) / (box.y1 - box.y0);
-        if (height < 0 || height > 1)
-            continue;
-        for (int x = area.left; x < area.right; ++x)
-            if (xAt(x) >= box.x0 && xAt(x) <= box.x1)
-                blend(x, y, colour, std::lerp(low, high, height));
-    }
+    eachPixel(box, [&](int x, int y, Vec2 at) {
+        const float height = (at.y - box.y0) / (box.y1 - box.y0);
+        if (height >= 0 && height <= 1 && at.x >= box.x0 && at.x <= box.x1)
+            blend(x, y, colour, std::lerp(low, high, height));
+    });
 }
 
 void Brush::Joint(const Box2 &box, float width)
@@ -310,18 +317,18 @@ void Brush::Weather(std::uint32_t seed, float strength)
             const float patches = cloud(ux + jump, uy + jump) - 0.5F;
             const float streaks = cloud(ux * 2 + jump, uy / 12 + jump) - 0.5F;
             const float grain = hashed(ux + jump, uy) - 0.5F;
-            shade(x, y, 1 + strength * (patches * 0.7F + streaks * 0.5F + grain * 0.25F));
+            const float factor = 1 + strength * (patches * 0.7F + streaks * 0.5F + grain * 0.25F);
+            pixel(x, y) = Shade(pixel(x, y), factor);
         }
     }
 }
 
 void Brush::Clear(const Box2 &box, std::uint8_t alpha)
 {
-    const Pixels area = pixelsOf(box);
-    for (int y = area.top; y < area.bottom; ++y)
-        for (int x = area.left; x < area.right; ++x)
-            if (xAt(x) >= box.x0 && xAt(x) <= box.x1 && yAt(y) >= box.y0 && yAt(y) <= box.y1)
-                m_picture.pixels[static_cast<std::size_t>(y) * m_picture.width + x].alpha = alpha;
+    eachPixel(box, [&](int x, int y, Vec2 at) {
+        if (at.x >= box.x0 && at.x <= box.x1 && at.y >= box.y0 && at.y <= box.y1)
+            pixel(x, y).alpha = alpha;
+    });
 }
 
 } // namespace samples

@@ -2,11 +2,14 @@
 #pragma once
 
 #include "samples/AceWriter.h"
+#include "samples/Vec.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
-/// Pictures painted by rule: areas of a sheet, drawn in metres with soft edges.
+/// Procedural pictures: areas of a sheet, drawn in metres with soft edges.
 namespace samples {
 
 /// Part of a sheet in texture coordinates; v grows downwards.
@@ -16,6 +19,7 @@ struct Patch
     float v0 = 0;
     float u1 = 1;
     float v1 = 1;
+    std::size_t look = 0; ///< which surface of the mesh the patch belongs to
 
     /// The part from (x0, y0) to (x1, y1), each 0 to 1, y from the bottom.
     Patch Part(float x0, float y0, float x1, float y1) const;
@@ -30,16 +34,30 @@ struct Area
     int height = 0;
 };
 
-/// A square picture that is handed out piece by piece, with a margin around each.
+/// The part of a plane that an area shows, in metres; (x, y) is its bottom left corner.
+struct Window
+{
+    float x = 0;
+    float y = 0;
+    float width = 1;
+    float height = 1;
+};
+
+class Brush;
+
+/// A square picture that is allocated area by area, with a margin around each.
 class Sheet
 {
 public:
     Sheet(int side, Colour ground);
 
-    /// An area not handed out yet. Rows are filled from the left, so ask for tall ones first.
-    /// Throws std::length_error when the sheet is full.
+    /// Allocates an area. Areas fill rows from the left, so allocate the tall ones first. Throws
+    /// std::length_error if the sheet is full.
     Area Take(int width, int height);
     Patch PatchOf(const Area &area) const;
+    /// Allocates an area that shows the window, paints it and returns its patch.
+    Patch Paint(int width, int height, const Window &window,
+                const std::function<void(Brush &)> &paint);
     int Side() const { return m_picture.width; }
     Picture &Pixels() { return m_picture; }
     const Picture &Pixels() const { return m_picture; }
@@ -51,15 +69,6 @@ private:
     int m_rowHeight = 0;
 };
 
-/// What an area shows: from (x, y) at its bottom left, in metres, y upwards.
-struct Window
-{
-    float x = 0;
-    float y = 0;
-    float width = 1;
-    float height = 1;
-};
-
 struct Box2
 {
     float x0 = 0;
@@ -68,8 +77,8 @@ struct Box2
     float y1 = 0;
 };
 
-/// Paints into one area; what lies outside it is cut off. Opacities are 0 to 1, sizes metres. A
-/// colour brings its alpha with it, so a see-through one makes a hole.
+/// Paints into one area and its margin. Opacities are 0 to 1, sizes are in metres. Painting also
+/// sets alpha, so that a transparent colour makes a hole.
 class Brush
 {
 public:
@@ -83,7 +92,7 @@ public:
               float opacity = 1);
     /// A frame along the inside of the box.
     void Frame(const Box2 &box, float width, Colour colour, float opacity = 1);
-    /// From `low` opacity at the bottom of the box to `high` at its top.
+    /// A gradient from `low` opacity at the bottom of the box to `high` at its top.
     void Fade(const Box2 &box, Colour colour, float low, float high);
     /// The gap around a door or a plate: a dark line with light on its lower edge.
     void Joint(const Box2 &box, float width = 0.02F);
@@ -91,12 +100,12 @@ public:
     void Rivets(float x0, float y0, float x1, float y1, float step);
     /// Slats of a ventilation grille.
     void Louvres(const Box2 &box, float step, Colour colour);
-    /// Lettering with its middle at x and its foot at y.
+    /// A text with its middle at x and its foot at y.
     void Text(float x, float y, float height, std::string_view text, Colour colour,
               float weight = 0.15F);
-    /// Patches, streaks from above and grain; `strength` about 0.1 to 0.5.
+    /// Adds stains, vertical streaks and grain; `strength` is about 0.1 to 0.5.
     void Weather(std::uint32_t seed, float strength);
-    /// Makes the box see-through to this alpha.
+    /// Sets the alpha of the box.
     void Clear(const Box2 &box, std::uint8_t alpha = 0);
 
 private:
@@ -108,7 +117,9 @@ private:
     float xAt(int pixel) const;
     float yAt(int pixel) const;
     void blend(int x, int y, Colour colour, float opacity);
-    void shade(int x, int y, float factor);
+    Colour &pixel(int x, int y);
+    /// Calls `paint` with each pixel near the box and its place on the plane.
+    template <typename PaintPixel> void eachPixel(const Box2 &box, const PaintPixel &paint);
 
     Picture &m_picture;
     Pixels m_clip;
@@ -117,12 +128,12 @@ private:
     float m_perMetre;
 };
 
-/// Between two colours; 0 gives the first.
+/// Returns a colour between two; share 0 gives the first.
 Colour Mix(Colour a, Colour b, float share);
-/// Darker below 1, lighter above.
+/// Returns a darker colour for factors below 1, a lighter one above.
 Colour Shade(Colour colour, float factor);
 
-/// How wide a text of this height comes out.
+/// Returns the width of a text with this height.
 float TextWidth(std::string_view text, float height);
 
 } // namespace samples

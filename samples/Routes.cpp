@@ -62,7 +62,7 @@ constexpr std::array kShapes = std::to_array<RouteShape>({
 });
 // clang-format on
 
-/// A group of vehicles that stands somewhere in an activity, or another kind of object.
+/// An object of an activity, which may be a group of vehicles.
 struct ActivityObject
 {
     const char *type;
@@ -79,38 +79,26 @@ struct Activity
     std::vector<ActivityObject> objects;
 };
 
+// Route, file, service, traffic, path, objects.
+// clang-format off
 std::vector<Activity> activities()
 {
-    const auto box = UnitOf("Boxes & Vans", "box_501");
-    const auto van = UnitOf("Boxes & Vans", "van_ice", true);
-    const auto hopper = UnitOf("Ardmoor Valley", "avr_hopper_11");
-    const auto caboose = UnitOf("Ardmoor Valley", "avr_caboose");
-    const auto flat = UnitOf("Kestrel 62' Flats", "flat 6201");
-    const auto goods = UnitOf("Förstenwalder Bahn", "fwb_güterwagen");
-    const auto engine = UnitOf("TARNWICK_STEAM", "TSR_060T");
     const char *cut = "WagonsList";
     return {
-        {kVale, "Morning coal", "Long coal", "vale", "vale_up", {{cut, {hopper, hopper, caboose}}}},
-        {kVale,
-         "Five cuts",
-         "Harbour",
-         "vale",
-         "vale_down",
-         {{cut, {box, van}},
-          {cut, {flat}},
-          {cut, {hopper}},
-          {cut, {engine}},
-          {cut, {van, box, box}}}},
+        {kVale, "Morning coal", "Long coal", "vale", "vale_up",
+         {{cut, Units({"avr_hopper_11", "avr_hopper_11", "avr_caboose"})}}},
+        {kVale, "Five cuts", "Harbour", "vale", "vale_down",
+         {{cut, Units({"box_501", "<van_ice"})}, {cut, Units({"flat 6201"})}, {cut, Units({"avr_hopper_11"})},
+          {cut, Units({"TSR_060T"})}, {cut, Units({"<van_ice", "box_501", "box_501"})}}},
         {kVale, "Light engine", "Steam special", "vale", "vale_up", {}},
-        {kCoast,
-         "Harbour shunt",
-         "Ferry",
-         "coast",
-         "ferry_pier",
-         {{cut, {goods, goods}}, {"PickupArea", {}}, {cut, {van, goods}}}},
-        {kCoast, "Autumn leaves", "Bummel", "coast", "ferry_pier", {{cut, {goods}}, {cut, {box}}}},
+        {kCoast, "Harbour shunt", "Ferry", "coast", "ferry_pier",
+         {{cut, Units({"fwb_güterwagen", "fwb_güterwagen"})}, {"PickupArea", {}},
+          {cut, Units({"<van_ice", "fwb_güterwagen"})}}},
+        {kCoast, "Autumn leaves", "Bummel", "coast", "ferry_pier",
+         {{cut, Units({"fwb_güterwagen"})}, {cut, Units({"box_501"})}}},
     };
 }
+// clang-format on
 
 std::string inRoute(std::string_view route, std::string_view rest)
 {
@@ -234,7 +222,7 @@ void addShape(SampleFiles &files, const RouteShape &shape)
 {
     const std::string file = std::string(shape.name) + ".s";
     const std::string image = std::string(shape.name) + ".ace";
-    const BuiltScenery built = BuildScenery(shape.building, Season::Summer, image);
+    const PaintedModel built = BuildScenery(shape.building, Season::Summer, image);
     files.push_back({inRoute(shape.route, "SHAPES/" + file), ShapeBytes(built.model, shape.form)});
     if (shape.alternative >= 0)
         files.push_back({inRoute(shape.route, "SHAPES/" + file + 'd'),
@@ -243,7 +231,7 @@ void addShape(SampleFiles &files, const RouteShape &shape)
     for (const SeasonFolder &at : kSeasons) {
         if (pictures.find(at.letter) == std::string_view::npos)
             continue;
-        const BuiltScenery seasonal = BuildScenery(shape.building, at.season, image);
+        const PaintedModel seasonal = BuildScenery(shape.building, at.season, image);
         files.push_back({inRoute(shape.route, std::string("TEXTURES/") + at.folder + image),
                          AceBytes(seasonal.picture, formatOf(at.season))});
     }

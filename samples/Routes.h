@@ -17,8 +17,8 @@ struct RouteShape
     ShapeForm form;
     Building building;
     int alternative; ///< setting in the descriptor; negative: no descriptor
-    /// Where the picture is: 'b' base folder, 's' Snow, 'n' Night; 'p' Spring, 'a' Autumn, 'w'
-    /// Winter, and their snows in capitals.
+    /// The folders that hold the picture: 'b' base folder, 's' Snow, 'n' Night, 'p' Spring,
+    /// 'a' Autumn, 'w' Winter; capitals for the snow of the last three.
     const char *pictures;
 };
 

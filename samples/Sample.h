@@ -5,11 +5,11 @@
 #include <filesystem>
 #include <optional>
 
-/// Makes a Train Simulator installation out of content of our own: what a first run shows and tests
-/// and benchmarks use. docs/sample-installation.md describes it.
+/// Generates a Train Simulator installation for first runs, tests and benchmarks.
+/// docs/sample-installation.md describes it.
 namespace samples {
 
-/// Totals; what is not given follows from what is, or is that of the default sample.
+/// Totals. Missing ones follow from the others, or are those of the default sample.
 struct Options
 {
     std::optional<int> folders = {};        ///< folders with stock
@@ -26,13 +26,12 @@ struct Totals
     int files = 0; ///< all files written, without the marker
 };
 
-/// The name of the file that marks a folder as made here.
+/// The name of the file that marks a folder as a generated sample.
 inline constexpr const char *kMarkerFile = "zelk-sample.txt";
 
-/// Writes the sample into `out`, which must be new, empty, or hold a sample made with the same
-/// options; then the files of the sample are written again and all others are left alone. The same
-/// options give the same bytes. Throws std::runtime_error that says what is wrong with the
-/// options, the folder or a file.
+/// Writes the sample into `out`, which must be new, empty, or hold a sample with the same options.
+/// Such a sample is overwritten, other files in the folder stay. Equal options give equal bytes.
+/// Throws std::runtime_error, which describes the fault of the options, the folder or a file.
 Totals WriteSample(const std::filesystem::path &out, const Options &options = {});
 
 } // namespace samples

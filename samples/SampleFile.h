@@ -6,7 +6,7 @@
 
 namespace samples {
 
-/// A file of the sample: its path in the installation, with "/", and its bytes.
+/// A file of the sample: its path below the installation folder, with "/", and its bytes.
 struct SampleFile
 {
     std::string path; ///< UTF-8

@@ -7,87 +7,50 @@
 #include <algorithm>
 #include <array>
 #include <stdexcept>
-#include <utility>
 
 namespace samples {
 namespace {
 
-constexpr std::array<std::pair<std::string_view, std::uint16_t>, 68> kTokens = {{
-    {"point", 0x02},
-    {"vector", 0x03},
-    {"normals", 0x05},
-    {"normal_idxs", 0x06},
-    {"points", 0x07},
-    {"uv_point", 0x08},
-    {"uv_points", 0x09},
-    {"colours", 0x0B},
-    {"image", 0x0D},
-    {"images", 0x0E},
-    {"texture", 0x0F},
-    {"textures", 0x10},
-    {"light_materials", 0x12},
-    {"slerp_rot", 0x17},
-    {"tcb_rot", 0x18},
-    {"controllers", 0x19},
-    {"anim_node", 0x1A},
-    {"anim_nodes", 0x1B},
-    {"animation", 0x1C},
-    {"animations", 0x1D},
-    {"lod_controls", 0x1F},
-    {"lod_control", 0x20},
-    {"distance_levels_header", 0x21},
-    {"distance_level_header", 0x22},
-    {"dlevel_selection", 0x23},
-    {"distance_levels", 0x24},
-    {"distance_level", 0x25},
-    {"sub_objects", 0x26},
-    {"sub_object", 0x27},
-    {"sub_object_header", 0x28},
-    {"geometry_info", 0x29},
-    {"geometry_nodes", 0x2A},
-    {"geometry_node", 0x2B},
-    {"geometry_node_map", 0x2C},
-    {"cullable_prims", 0x2D},
-    {"vtx_state", 0x2E},
-    {"vtx_states", 0x2F},
-    {"vertex", 0x30},
-    {"vertex_uvs", 0x31},
-    {"vertices", 0x32},
-    {"vertex_set", 0x33},
-    {"vertex_sets", 0x34},
-    {"primitives", 0x35},
-    {"prim_state", 0x36},
-    {"prim_states", 0x37},
-    {"prim_state_idx", 0x38},
-    {"indexed_trilist", 0x3C},
-    {"tex_idxs", 0x3D},
-    {"vertex_idxs", 0x3F},
-    {"flags", 0x40},
-    {"matrix", 0x41},
-    {"matrices", 0x42},
-    {"hierarchy", 0x43},
-    {"volumes", 0x44},
-    {"vol_sphere", 0x45},
-    {"shape_header", 0x46},
-    {"shape", 0x47},
-    {"shader_names", 0x48},
-    {"texture_filter_names", 0x4A},
-    {"sort_vectors", 0x4C},
-    {"light_model_cfgs", 0x4F},
-    {"light_model_cfg", 0x50},
-    {"uv_ops", 0x51},
-    {"uv_op_copy", 0x54},
-    {"subobject_shaders", 0x68},
-    {"subobject_light_cfgs", 0x69},
-    {"named_filter_mode", 0x7D},
-    {"named_shader", 0x81},
-}};
-
-std::uint16_t tokenOf(std::string_view name)
+/// Block names with consecutive tokens.
+struct Tokens
 {
-    const auto named = [&](const auto &entry) { return entry.first == name; };
-    if (const auto *at = std::find_if(kTokens.begin(), kTokens.end(), named); at != kTokens.end())
-        return at->second;
+    std::uint32_t first;
+    std::array<std::string_view, 8> names;
+};
+
+// clang-format off
+constexpr std::array kTokens = std::to_array<Tokens>({
+    {0x02, {"point", "vector"}},
+    {0x05, {"normals", "normal_idxs", "points", "uv_point", "uv_points"}},
+    {0x0B, {"colours"}},
+    {0x0D, {"image", "images", "texture", "textures"}},
+    {0x12, {"light_materials"}},
+    {0x17, {"slerp_rot", "tcb_rot", "controllers", "anim_node", "anim_nodes", "animation", "animations"}},
+    {0x1F, {"lod_controls", "lod_control", "distance_levels_header", "distance_level_header", "dlevel_selection"}},
+    {0x24, {"distance_levels", "distance_level", "sub_objects", "sub_object", "sub_object_header"}},
+    {0x29, {"geometry_info", "geometry_nodes", "geometry_node", "geometry_node_map", "cullable_prims"}},
+    {0x2E, {"vtx_state", "vtx_states", "vertex", "vertex_uvs", "vertices", "vertex_set", "vertex_sets"}},
+    {0x35, {"primitives", "prim_state", "prim_states", "prim_state_idx"}},
+    {0x3C, {"indexed_trilist", "tex_idxs"}},
+    {0x3F, {"vertex_idxs", "flags", "matrix", "matrices", "hierarchy", "volumes", "vol_sphere"}},
+    {0x46, {"shape_header", "shape", "shader_names"}},
+    {0x4A, {"texture_filter_names"}},
+    {0x4C, {"sort_vectors"}},
+    {0x4F, {"light_model_cfgs", "light_model_cfg", "uv_ops"}},
+    {0x54, {"uv_op_copy"}},
+    {0x68, {"subobject_shaders", "subobject_light_cfgs"}},
+    {0x7D, {"named_filter_mode"}},
+    {0x81, {"named_shader"}},
+});
+// clang-format on
+
+std::uint32_t tokenOf(std::string_view name)
+{
+    for (const Tokens &row : kTokens) {
+        const auto at = std::find(row.names.begin(), row.names.end(), name);
+        if (at != row.names.end())
+            return row.first + static_cast<std::uint32_t>(at - row.names.begin());
+    }
     throw std::invalid_argument("no token for the block " + std::string(name));
 }
 
@@ -104,7 +67,7 @@ void TextShapeSink::Begin(std::string_view name, std::string_view label)
     if (name == "vertex_uvs" || name == "tex_idxs")
         m_out += ' ';
     else
-        m_out += '\n' + std::string(static_cast<std::size_t>(m_depth), '\t');
+        m_out += '\n' + std::string(m_depth, '\t');
     ++m_depth;
     m_out += name;
     if (!label.empty())
@@ -118,29 +81,24 @@ void TextShapeSink::End()
     m_out += " )";
 }
 
-void TextShapeSink::Hex(std::uint32_t value)
+void TextShapeSink::Put(std::int64_t value)
+{
+    m_out += ' ' + std::to_string(value);
+}
+
+void TextShapeSink::Put(Hex value)
 {
     m_out += ' ';
-    for (int shift = 28; shift >= 0; shift -= 4)
-        m_out += "0123456789abcdef"[value >> static_cast<unsigned>(shift) & 15U];
+    for (unsigned shift = 32; shift > 0; shift -= 4)
+        m_out += "0123456789abcdef"[value.value >> (shift - 4) & 15U];
 }
 
-void TextShapeSink::Count(std::uint32_t value)
-{
-    m_out += ' ' + std::to_string(value);
-}
-
-void TextShapeSink::Integer(std::int32_t value)
-{
-    m_out += ' ' + std::to_string(value);
-}
-
-void TextShapeSink::Real(float value)
+void TextShapeSink::Put(float value)
 {
     m_out += ' ' + Number(value);
 }
 
-void TextShapeSink::Text(std::string_view value)
+void TextShapeSink::Put(std::string_view value)
 {
     m_out += ' ' + Quoted(value);
 }
@@ -162,27 +120,22 @@ void BinaryShapeSink::End()
     m_open.pop_back();
 }
 
-void BinaryShapeSink::Hex(std::uint32_t value)
-{
-    AppendU32(m_out, value);
-}
-
-void BinaryShapeSink::Count(std::uint32_t value)
-{
-    AppendU32(m_out, value);
-}
-
-void BinaryShapeSink::Integer(std::int32_t value)
+void BinaryShapeSink::Put(std::int64_t value)
 {
     AppendU32(m_out, static_cast<std::uint32_t>(value));
 }
 
-void BinaryShapeSink::Real(float value)
+void BinaryShapeSink::Put(Hex value)
+{
+    AppendU32(m_out, value.value);
+}
+
+void BinaryShapeSink::Put(float value)
 {
     AppendF32(m_out, value);
 }
 
-void BinaryShapeSink::Text(std::string_view value)
+void BinaryShapeSink::Put(std::string_view value)
 {
     AppendU16(m_out, static_cast<std::uint16_t>(value.size()));
     appendUnits(m_out, value);

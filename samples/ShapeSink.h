@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -8,36 +9,65 @@
 
 namespace samples {
 
-/// Takes a shape block by block, value by value, in the order of the file.
+/// A value that text files show as eight hexadecimal digits.
+struct Hex
+{
+    std::uint32_t value = 0;
+};
+
+/// Receives a shape block by block, value by value, in the order of the file.
 class ShapeSink
 {
 public:
     virtual ~ShapeSink() = default;
     virtual void Begin(std::string_view name, std::string_view label = {}) = 0;
     virtual void End() = 0;
-    virtual void Hex(std::uint32_t value) = 0;
-    virtual void Count(std::uint32_t value) = 0;
-    virtual void Integer(std::int32_t value) = 0;
-    virtual void Real(float value) = 0;
-    virtual void Text(std::string_view value) = 0;
+    virtual void Put(std::int64_t value) = 0;
+    virtual void Put(Hex value) = 0;
+    virtual void Put(float value) = 0;
+    virtual void Put(std::string_view value) = 0;
+    void Put(std::integral auto value) { Put(static_cast<std::int64_t>(value)); }
+
+    /// Begins a block with these values.
+    template <typename... Values> void Open(std::string_view name, const Values &...values)
+    {
+        Begin(name);
+        (Put(values), ...);
+    }
+    /// A block that holds only these values.
+    template <typename... Values> void Block(std::string_view name, const Values &...values)
+    {
+        Open(name, values...);
+        End();
+    }
+    /// A block with the number of the items, then the items as `put` writes them.
+    template <typename Items, typename PutItem>
+    void List(std::string_view name, const Items &items, const PutItem &put)
+    {
+        Open(name, items.size());
+        for (const auto &item : items)
+            put(item);
+        End();
+    }
 };
 
-/// Writes the text form: one block a line but for short ones, indented with tabs, LF line ends.
+/// Writes the text form: one line for each block except short ones, indented with tabs, LF line
+/// ends.
 class TextShapeSink : public ShapeSink
 {
 public:
+    using ShapeSink::Put;
     void Begin(std::string_view name, std::string_view label) override;
     void End() override;
-    void Hex(std::uint32_t value) override;
-    void Count(std::uint32_t value) override;
-    void Integer(std::int32_t value) override;
-    void Real(float value) override;
-    void Text(std::string_view value) override;
+    void Put(std::int64_t value) override;
+    void Put(Hex value) override;
+    void Put(float value) override;
+    void Put(std::string_view value) override;
     const std::string &Result() const { return m_out; }
 
 private:
     std::string m_out;
-    int m_depth = 0;
+    std::size_t m_depth = 0;
 };
 
 /// Writes the binary form. Text is ASCII. Throws std::invalid_argument for a block name without
@@ -45,18 +75,18 @@ private:
 class BinaryShapeSink : public ShapeSink
 {
 public:
+    using ShapeSink::Put;
     void Begin(std::string_view name, std::string_view label) override;
     void End() override;
-    void Hex(std::uint32_t value) override;
-    void Count(std::uint32_t value) override;
-    void Integer(std::int32_t value) override;
-    void Real(float value) override;
-    void Text(std::string_view value) override;
+    void Put(std::int64_t value) override;
+    void Put(Hex value) override;
+    void Put(float value) override;
+    void Put(std::string_view value) override;
     const std::string &Result() const { return m_out; }
 
 private:
     std::string m_out;
-    std::vector<std::size_t> m_open; ///< where the contents of the open blocks begin
+    std::vector<std::size_t> m_open; ///< offsets of the contents of the open blocks
 };
 
 } // namespace samples

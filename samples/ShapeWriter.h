@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "samples/Vec.h"
+
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -8,14 +10,6 @@
 #include <vector>
 
 namespace samples {
-
-/// Metres; left-handed: X right, Y up, Z forward.
-struct Vec3
-{
-    float x = 0;
-    float y = 0;
-    float z = 0;
-};
 
 /// v = 0 is the top row of the picture.
 struct Uv
@@ -37,7 +31,7 @@ struct ShapeMatrix
     std::string label;
     std::array<float, 12> rows = {1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0};
     int parent = -1;
-    std::vector<RotationKey> turn = {}; ///< its animation; none for what stands still
+    std::vector<RotationKey> turn = {}; ///< the animation; empty for a matrix without one
 };
 
 inline constexpr int kNormalMaterial = -5;
@@ -51,20 +45,27 @@ struct Corner
     std::uint32_t uv = 0;
 };
 
-/// Triangles that share a picture and a matrix. (b-a) x (c-a) points out of the front.
-struct ShapePart
+/// The appearance of triangles.
+struct Surface
 {
-    std::string name;
     std::string shader = "TexDiff";
-    std::uint32_t image = 0;
-    std::uint32_t matrix = 0;
+    std::uint32_t image = 0; ///< index into the images of the shape
     bool alphaTest = false;
     int material = kNormalMaterial;
+
+    bool operator==(const Surface &) const = default;
+};
+
+/// Triangles that share a surface and a matrix. (b-a) x (c-a) points out of the front.
+struct ShapePart : Surface
+{
+    std::string name;
+    std::uint32_t matrix = 0;
     std::vector<Corner> corners;
     std::vector<std::uint32_t> indices; ///< into `corners`, three per triangle
 };
 
-/// What is drawn up to this distance in metres.
+/// The parts that are drawn up to this distance in metres.
 struct ShapeLevel
 {
     float distance = 2000;
@@ -83,11 +84,11 @@ struct ShapeModel
     std::vector<std::string> images;
     std::vector<ShapeLevel> levels;
     std::uint32_t frames = 0; ///< of the animation at 30 a second; 0 for none
-    /// Written as the count of images where it is not the true one.
+    /// Written as the count of images instead of the true one.
     std::optional<std::uint32_t> imagesDeclared;
 };
 
-/// The ways in which shape files are met.
+/// The forms of shape files.
 enum class ShapeForm
 {
     TextUtf16,
@@ -96,15 +97,15 @@ enum class ShapeForm
     Binary,
     Compressed,
     CompressedOddHeader,    ///< the inner header is a character short and ends in an odd byte
-    CompressedTrailingBytes ///< something follows the compressed part
+    CompressedTrailingBytes ///< other bytes follow the compressed part
 };
 
 bool IsTextForm(ShapeForm form);
 
-/// The bytes of a shape file.
+/// Returns the bytes of a shape file.
 std::string ShapeBytes(const ShapeModel &model, ShapeForm form);
 
-/// One triangle with this texture, seen from in front; all the images are listed.
+/// One triangle with the first image, facing towards -Z. The shape lists all the images.
 ShapeModel SmallestShape(std::vector<std::string> images);
 
 } // namespace samples

@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-/// The rolling stock of the sample: tables of what there is, and the files made from them.
+/// The rolling stock of the sample: its tables, and the files made from them.
 namespace samples {
 
 enum class Kind
@@ -29,23 +29,23 @@ inline bool IsEngine(Kind kind)
     return kind == Kind::Diesel || kind == Kind::Electric || kind == Kind::Steam;
 }
 
-/// Ways of writing that real stock files have and readers have to cope with.
+/// Irregular notations in real stock files that readers must accept.
 enum class Quirk
 {
     None,
     DisabledSize,    ///< `#Size ( ... )` before the live one
     HashNote,        ///< `#( text )` between blocks
-    LoneQuote,       ///< a comment with one quote: it swallows the rest of the file
+    LoneQuote,       ///< a comment with one quote, which extends to the end of the file
     SurplusBracket,  ///< one `)` too many at the end
-    MissingBracket,  ///< the last `)` is not there
+    MissingBracket,  ///< the last `)` is missing
     TightComment,    ///< `45t #est)`
-    LineComment,     ///< `// text` at a line's end
+    LineComment,     ///< `// text` at the end of a line
     SkippedProse,    ///< `_skip ( prose )`
     Include,         ///< a file that only the successor of the simulator reads
     BracketInComment ///< an unequal bracket within quotes within a comment
 };
 
-/// What is wrong with the blocks of a stock file, where no missing file says it.
+/// A fault in the blocks of a stock file. Faults that are missing files need no entry here.
 enum class Fault
 {
     None,
@@ -57,7 +57,7 @@ enum class Fault
     NoEngineSound
 };
 
-/// One .eng or .wag. References stand as they are in the file, decoded.
+/// One .eng or .wag. References have the spelling of the file, decoded.
 struct Vehicle
 {
     const char *folder;
@@ -75,8 +75,8 @@ struct Vehicle
     Fault fault = Fault::None;
 };
 
-/// One shape in a stock folder, with its pictures: its own and those that the folder shares; in the
-/// repair sidings its own only.
+/// One shape in a stock folder. It uses its own picture and those that the folder shares; in the
+/// repair sidings it uses only its own.
 struct StockShape
 {
     const char *folder;
@@ -97,18 +97,18 @@ struct StockShape
 std::span<const Vehicle> Vehicles();
 std::span<const StockShape> StockShapes();
 
-/// The vehicle of this folder and file; throws std::out_of_range.
-const Vehicle &FindVehicle(std::string_view folder, std::string_view file);
+/// Returns the vehicle with this file, which is unique; throws std::out_of_range.
+const Vehicle &FindVehicle(std::string_view file);
 
-/// Width and height of a vehicle that has no model of its own, in metres.
+/// Width and height of a vehicle without a model, in metres.
 inline constexpr Vec2 kPlainSection{3, 4};
 
-/// The text of an .eng or .wag, LF line ends.
+/// Returns the text of an .eng or .wag, with LF line ends.
 std::string StockText(const Vehicle &vehicle, Vec2 section = kPlainSection);
-/// "TRAINS/TRAINSET/<folder>/<file>.eng" or ".wag".
+/// Returns "TRAINS/TRAINSET/<folder>/<file>.eng" or ".wag".
 std::string StockPath(const Vehicle &vehicle);
 
-/// A shape descriptor with this bounding box; a negative `alternative` leaves the setting out.
+/// Returns a shape descriptor with this bounding box. A negative `alternative` omits the setting.
 std::string DescriptorBytes(std::string_view shapeFile, int alternative, const Vec3 &low,
                             const Vec3 &high);
 

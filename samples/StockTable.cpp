@@ -100,7 +100,7 @@ constexpr AceFormat kPlain{}, kLevels{.mipmaps = true}, kPacked{.mipmaps = true,
 constexpr AceFormat kMask{.alpha = AceAlpha::Mask}, kFull{.alpha = AceAlpha::Full, .compressed = true};
 constexpr AceFormat kDxt{.mipmaps = true, .dxt1 = true}, kDxtMask{.alpha = AceAlpha::Mask, .mipmaps = true, .dxt1 = true, .compressed = true};
 
-// One row per shape: folder, name, form, design, lettering, colours, picture, then what is wrong.
+// One row per shape: folder, name, form, design, lettering, colours, picture, faults.
 constexpr std::array kShapes = std::to_array<StockShape>({
     {kArdmoor, "avr_d401", S::TextUtf16, D::HoodDiesel, "ARDMOOR VALLEY", "D401", kBlue, kCream, kLevels},
     {kArdmoor, "avr_hopper_11", S::Binary, D::Hopper, "AVR", "11", kBlack, kWhite, kPacked},
@@ -146,13 +146,12 @@ std::span<const StockShape> StockShapes()
     return kShapes;
 }
 
-const Vehicle &FindVehicle(std::string_view folder, std::string_view file)
+const Vehicle &FindVehicle(std::string_view file)
 {
-    const auto at = std::find_if(kVehicles.begin(), kVehicles.end(), [&](const Vehicle &v) {
-        return v.folder == folder && v.file == file;
-    });
+    const auto at = std::find_if(kVehicles.begin(), kVehicles.end(),
+                                 [&](const Vehicle &v) { return v.file == file; });
     if (at == kVehicles.end())
-        throw std::out_of_range("no vehicle " + std::string(folder) + '/' + std::string(file));
+        throw std::out_of_range("no vehicle " + std::string(file));
     return *at;
 }
 

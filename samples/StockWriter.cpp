@@ -3,6 +3,7 @@
 #include "samples/Vehicles.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
 #include <map>
@@ -18,31 +19,15 @@ constexpr std::string_view kTrainset = "TRAINS/TRAINSET/";
 constexpr const char *kRepair = "Repair Sidings";
 constexpr const char *kWeathered = "weathered.ace";
 
-std::string_view typeOf(Kind kind)
-{
-    switch (kind) {
-    case Kind::Diesel:
-        return "Diesel";
-    case Kind::Electric:
-        return "Electric";
-    case Kind::Steam:
-        return "Steam";
-    case Kind::Tender:
-        return "Tender";
-    case Kind::Carriage:
-        return "Carriage";
-    case Kind::Freight:
-        return "Freight";
-    }
-    return {};
-}
+// In the order of Kind.
+constexpr std::array kTypes = {"Diesel", "Electric", "Steam", "Tender", "Carriage", "Freight"};
 
 std::string line(std::string_view name, std::string_view values)
 {
     return "\t" + std::string(name) + " ( " + std::string(values) + " )\n";
 }
 
-/// To the centimetre.
+/// Rounds to centimetres.
 float rounded(float value)
 {
     return std::round(value * 100) / 100;
@@ -58,8 +43,8 @@ std::string sizeLine(Vec2 section, float length)
     return line("Size", metres(section.x) + ' ' + metres(section.y) + ' ' + metres(length));
 }
 
-/// Lines at the end of the Wagon block: whatever a reader makes of them, what a check needs has
-/// been read by then.
+/// Lines at the end of the Wagon block. Checks need only what comes before them, so that it does
+/// not matter how a reader interprets them.
 std::string quirkLines(Quirk quirk)
 {
     switch (quirk) {
@@ -87,7 +72,7 @@ std::string wagonBlock(const Vehicle &v, Vec2 section)
     const bool engine = IsEngine(v.kind);
     std::string out = v.fault == Fault::NoWagonBlock ? "Waggon ( " : "Wagon ( ";
     out += Quoted(v.file) + '\n';
-    out += line("Type", engine ? "Engine" : typeOf(v.kind));
+    out += line("Type", engine ? "Engine" : kTypes.at(static_cast<std::size_t>(v.kind)));
     out += line("Name", Quoted(v.title));
     out += line("WagonShape", Quoted(v.shape));
     if (*v.thumbnail != '\0')
@@ -111,7 +96,7 @@ std::string engineBlock(const Vehicle &v)
     std::string out = "\nEngine ( " + name + '\n';
     out +=
         line("Wagon", v.fault == Fault::NamesDiffer ? Quoted(v.file + std::string("_old")) : name);
-    out += line("Type", typeOf(v.kind));
+    out += line("Type", kTypes.at(static_cast<std::size_t>(v.kind)));
     out += line("Name", Quoted(v.title));
     out += line("MaxPower", "1200kW");
     out += line("MaxForce", "220kN");
@@ -130,7 +115,7 @@ std::string folderPath(std::string_view folder)
     return std::string(kTrainset) + std::string(folder) + '/';
 }
 
-/// The length of the first vehicle that has the shape: their boxes are alike.
+/// The length of the first vehicle with the shape. All vehicles with a shape have the same length.
 float lengthFor(const StockShape &shape)
 {
     for (const Vehicle &v : Vehicles())
@@ -154,9 +139,9 @@ std::vector<std::string> imagesOf(const StockShape &shape)
     return images;
 }
 
-BuiltVehicle built(const StockShape &shape)
+PaintedModel built(const StockShape &shape)
 {
-    BuiltVehicle vehicle = BuildVehicle(shape.design, {.length = lengthFor(shape),
+    PaintedModel vehicle = BuildVehicle(shape.design, {.length = lengthFor(shape),
                                                        .base = shape.base,
                                                        .trim = shape.trim,
                                                        .initials = shape.initials,
@@ -169,7 +154,7 @@ BuiltVehicle built(const StockShape &shape)
     return vehicle;
 }
 
-void addShape(SampleFiles &files, const StockShape &shape, const BuiltVehicle &vehicle)
+void addShape(SampleFiles &files, const StockShape &shape, const PaintedModel &vehicle)
 {
     const std::string path = folderPath(shape.folder) + shape.name;
     files.push_back({path + ".s", ShapeBytes(vehicle.model, shape.form)});
@@ -180,7 +165,7 @@ void addShape(SampleFiles &files, const StockShape &shape, const BuiltVehicle &v
         files.push_back({path + ".ace", AceBytes(vehicle.picture, shape.picture)});
 }
 
-/// The pictures that the vehicles of a folder share; every other folder has the gear in blocks.
+/// The pictures that the vehicles of a folder share. Every second folder has the gear in blocks.
 void addShared(SampleFiles &files)
 {
     std::set<std::string_view> folders;
@@ -205,7 +190,7 @@ std::string lower(std::string text)
     return text;
 }
 
-/// A shape as vehicles find it: by folder and file, ignoring case.
+/// The key by which vehicles find a shape: folder and file, ignoring case.
 std::string keyOf(std::string_view folder, std::string_view shapeFile)
 {
     return lower(std::string(folder) + '/' + std::string(shapeFile));
@@ -249,7 +234,7 @@ SampleFiles StockFiles()
     SampleFiles shapes;
     std::map<std::string, Vec2> sections;
     for (const StockShape &shape : StockShapes()) {
-        const BuiltVehicle vehicle = built(shape);
+        const PaintedModel vehicle = built(shape);
         addShape(shapes, shape, vehicle);
         sections[keyOf(shape.folder, shape.name + std::string(".s"))] = {
             rounded(vehicle.high.x - vehicle.low.x), rounded(vehicle.high.y)};

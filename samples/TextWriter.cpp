@@ -10,7 +10,7 @@
 namespace samples {
 namespace {
 
-/// Takes the next code point off well-formed UTF-8.
+/// Removes the first code point from well-formed UTF-8 and returns it.
 char32_t takeCodePoint(std::string_view &text)
 {
     const auto lead = static_cast<unsigned char>(text.front());
@@ -48,7 +48,7 @@ std::string toUtf16(std::string_view text, bool bigEndian)
     return out;
 }
 
-/// Only the part that Windows-1252 shares with Latin-1: no sample needs more.
+/// Supports only the characters that Windows-1252 shares with Latin-1.
 std::string toWindows1252(std::string_view text)
 {
     std::string out;

@@ -20,7 +20,7 @@ enum class LineEnd
 {
     CrLf,
     Lf,
-    CrCrLf ///< as left behind by a bad transfer
+    CrCrLf ///< the result of a faulty transfer
 };
 
 enum class Header
@@ -36,15 +36,15 @@ struct TextFormat
     Header header = Header::Usual;
 };
 
-/// The bytes of a structured text file. `kind` is the two-character kind code of the header line
-/// ("D0"); `body` is UTF-8 with LF line ends. Throws std::invalid_argument for a character that the
-/// encoding does not have.
+/// Returns the bytes of a structured text file. `kind` is the two-character kind code of the header
+/// line ("D0"); `body` is UTF-8 with LF line ends. Throws std::invalid_argument for a character
+/// outside the encoding.
 std::string EncodeText(std::string_view kind, std::string_view body, const TextFormat &format = {});
 
-/// A value as it stands in a file: bare when it may be, else in quotes with escapes.
+/// Returns the notation of a value in a file: bare if possible, else in quotes with escapes.
 std::string Quoted(std::string_view value);
 
-/// A number with a point and without locale, as short as it reads back exactly.
+/// Returns the shortest decimal notation that reads back as the same number, with a point.
 std::string Number(float value);
 
 } // namespace samples

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "samples/VehicleKit.h"
+#include "samples/MeshBuilder.h"
+
+#include <string>
+#include <vector>
 
 namespace samples {
 
-/// The kinds of vehicles that there are models of.
+/// The kinds of vehicles with a model.
 enum class Design
 {
     BoxCar,
@@ -30,27 +33,27 @@ enum class Design
     Tender
 };
 
-/// A model with its own picture.
-struct BuiltVehicle
+/// The appearance of a model.
+struct Plan
 {
-    ShapeModel model;
-    Picture picture;
-    Vec3 low; ///< bounds of all levels in the rest pose
-    Vec3 high;
+    float length = 12; ///< over couplings, in metres
+    Colour base;
+    Colour trim;
+    std::string initials;
+    std::string number;
+    AceAlpha alpha = AceAlpha::None; ///< of the vehicle's own picture
+    bool alone = false;              ///< uses only its own, small picture; no gratings, no glass
+    std::vector<std::string> images; ///< file names; the first is the vehicle's own
 };
 
-BuiltVehicle BuildVehicle(Design design, const Plan &plan);
+/// Builds the model with the vehicle's own picture.
+PaintedModel BuildVehicle(Design design, const Plan &plan);
 
-// The families. Each paints into the kit's sheet and draws all levels of detail.
-void BuildVan(Kit &kit, Design design);
-void BuildTankCar(Kit &kit);
-void BuildFlatCar(Kit &kit, bool loaded);
-void BuildHopper(Kit &kit);
-void BuildCoach(Kit &kit, Design design);
-void BuildDiesel(Kit &kit);
-void BuildElectric(Kit &kit);
-void BuildExpressSteam(Kit &kit);
-void BuildTankSteam(Kit &kit);
-void BuildTender(Kit &kit);
+inline constexpr const char *kGearFile = "gear.ace";
+inline constexpr const char *kGlassFile = "glass.ace";
+
+/// The pictures that vehicles of a folder share: gear (with a mask) and window glass (8-bit alpha).
+const Picture &GearPicture();
+const Picture &GlassPicture();
 
 } // namespace samples

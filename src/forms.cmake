@@ -9,9 +9,15 @@ zelk_add_room(gl
 # The windows: one library, so that tests and benchmarks link them, and the program itself.
 
 if(WIN32)
-  set(desktop app/DesktopScheme-win32.cpp)
+  set(desktop app/DesktopScheme-win32.cpp app/GivenFile-win32.cpp app/Wastebasket-win32.cpp)
 else()
-  set(desktop app/DesktopScheme-posix.cpp)
+  set(desktop app/DesktopScheme-posix.cpp app/GivenFile-posix.cpp)
+  find_package(Qt6 6.4 QUIET COMPONENTS DBus)
+  if(Qt6DBus_FOUND)
+    list(APPEND desktop app/DesktopPortal-posix.cpp)
+  else()
+    message(STATUS "Without the desktop's portal for colours (Qt was built without D-Bus)")
+  endif()
 endif()
 zelk_add_room(forms
   SOURCES
@@ -20,9 +26,11 @@ zelk_add_room(forms
     about/SystemInfo.cpp
     app/AccessibleRoles.cpp
     app/Colours.cpp
+    app/FileChooser.cpp
     app/frmMain.cpp
     app/frmMainChecks.cpp
     app/frmMainCommands.cpp
+    app/frmMainDrop.cpp
     app/frmMainShell.cpp
     app/frmMainViews.cpp
     app/IconSet.cpp
@@ -36,12 +44,15 @@ zelk_add_room(forms
     app/QtDesktop.cpp
     app/QtDialogs.cpp
     app/WindowBounds.cpp
+    app/WindowSettings.cpp
+    app/WindowSwitcher.cpp
     app/icons.qrc
     ${desktop}
     document/ConsistEditorPane.cpp
     document/ConsistListModel.cpp
     document/ConsistListPane.cpp
     document/ConsistModel.cpp
+    document/FoldingRow.cpp
     document/frmDocument.cpp
     document/frmDocumentViews.cpp
     document/ListView.cpp
@@ -53,9 +64,14 @@ zelk_add_room(forms
     validation/ReportView.cpp
     validation/frmResults.cpp
     validation/frmSelector.cpp
+    viewer/SavedPictureBar.cpp
     viewer/ViewerPane.cpp
   LINKS Qt6::Widgets Qt6::PrintSupport zelk_gl zelk_app zelk_viewer zelk_document zelk_validation
     zelk_install)
+if(Qt6DBus_FOUND)
+  target_link_libraries(zelk_forms PUBLIC Qt6::DBus)
+  target_compile_definitions(zelk_forms PUBLIC ZELK_DBUS)
+endif()
 set_target_properties(zelk_forms PROPERTIES AUTOMOC ON AUTORCC ON)
 
 add_executable(zelk main.cpp)

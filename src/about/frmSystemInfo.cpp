@@ -40,7 +40,7 @@ frmSystemInfo::frmSystemInfo(const QString &facts, QWidget *parent)
     layout->setSpacing(8);
     layout->addWidget(txtFacts, 1);
     layout->addLayout(buttons);
-    resize(760, 360);
+    resize(620, 400); // fits a screen of 640x480
 
     connect(cmdCopy, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(txtFacts->toPlainText()); });

@@ -4,6 +4,7 @@
 #include "app/modZELK.h"
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
+#include "host/RuntimeError.h"
 #include "host/Text.h"
 #include "install/Installation.h"
 #include "install/modTS.h"
@@ -20,7 +21,7 @@ namespace {
 
 constexpr char kDependencies[] = "Check Dependencies", kConsistStock[] = "Check Stock",
                kAllStock[] = "Check All Stock", kTextures[] = "Stock Check Textures";
-constexpr char kNothing[] = "Nothing selected!";
+constexpr char kNothing[] = "Nothing selected!", kDone[] = "Done";
 constexpr char kLineEnd[] = "\r\n";
 constexpr int kListMode = 0, kEditorMode = 1, kShapeMode = 3;
 constexpr int kBarLength = 10000;
@@ -87,12 +88,14 @@ void CheckCommands::run(const std::string &title, const std::function<void()> &c
     try {
         check();
     } catch (const std::exception &error) {
-        failure = error.what();
+        failure = host::Explained(error);
     }
     m_running = false;
     m_host.SetProgress(0, 0);
     if (m_stopped)
         m_host.SetStatus("Check stopped");
+    else if (!failure.empty())
+        m_host.SetStatus("The check failed");
     if (!failure.empty() && !m_abandoned)
         m_host.Dialogs().Message(failure, title, host::DialogIcon::Critical);
 }
@@ -129,6 +132,7 @@ std::string CheckCommands::stockReport(const std::string &path, const std::strin
     checkUses({name}, askForRoutes(), [&](const std::string &, const std::string &route) {
         validator.CheckStockUseInRoute(path, route);
     });
+    m_host.SetStatus(kDone);
     return header + findings();
 }
 
@@ -136,8 +140,10 @@ std::string CheckCommands::stockReport(const std::string &path, const std::strin
 std::optional<std::string> CheckCommands::consistReport(const Names &names)
 {
     const Names routes = askForRoutes();
-    if (routes.empty())
+    if (routes.empty()) {
+        m_host.SetStatus("Nothing was checked: no route was chosen.");
         return std::nullopt;
+    }
     TSValidation &validator = newValidator();
     checkUses(names, routes, [&](const std::string &name, const std::string &route) {
         validator.CheckConsistUseInRoute(route, name);
@@ -149,7 +155,7 @@ std::string CheckCommands::shapeReport(const std::string &path)
 {
     m_host.SetStatus("Checking " + path + "...");
     newValidator().CheckShape(path);
-    m_host.SetStatus("Done");
+    m_host.SetStatus(kDone);
     return findings();
 }
 
@@ -160,10 +166,10 @@ void CheckCommands::CheckConsistStock(const std::optional<CheckTarget> &target)
             return;
         m_host.SetStatus("Checking " + target->consist + "...");
         newValidator().CheckConsist(m_host.Installation().ConsistPath(target->consist));
-        m_host.SetStatus("Done");
+        m_host.SetStatus(kDone);
         std::string report;
-        for (const std::string &key : m_validator->Errors())
-            report += kLineEnd + TSValidation::TranslateError(key);
+        for (const validation::Finding &finding : m_validator->Findings())
+            report += kLineEnd + ReportLine(finding);
         if (!m_abandoned)
             m_host.ShowResults("Stock check of " + target->consist,
                                report + (m_stopped ? kLineEnd : "") + stoppedLine());
@@ -231,8 +237,10 @@ CheckCommands::Names CheckCommands::askForRoutes()
     const auto routes = [this](bool withNames) {
         return modTS::RoutesList(m_host.Installation(), m_host.Files(), withNames);
     };
+    m_host.SetStatus("Choose the routes to check...");
     const std::string chosen =
         m_host.Dialogs().SelectFromList("Select Routes to Check", routes(true));
+    m_host.SetStatus({});
     return foldersOf(host::Split(chosen, '|'), host::Split(routes(false), '|'));
 }
 
@@ -251,7 +259,7 @@ void CheckCommands::checkUses(
             showProgress(1, 1);
             check(name, route);
             ++m_step;
-            m_host.SetStatus("Done");
+            m_host.SetStatus(kDone);
             m_host.ProcessEvents();
         }
     }
@@ -261,8 +269,8 @@ void CheckCommands::checkUses(
 std::string CheckCommands::findings() const
 {
     std::string text;
-    for (const std::string &key : m_validator->Errors())
-        text += TSValidation::TranslateError(key) + kLineEnd;
+    for (const validation::Finding &finding : m_validator->Findings())
+        text += ReportLine(finding) + kLineEnd;
     return text;
 }
 

@@ -133,6 +133,11 @@ QPalette PaletteOf(ColourScheme scheme)
         palette.setColor(QPalette::Disabled, role, faded);
     palette.setColor(QPalette::Disabled, QPalette::Highlight,
                      palette.color(QPalette::Active, QPalette::Mid));
+    // Selections of lists that do not have the focus.
+    palette.setColor(QPalette::Inactive, QPalette::Highlight,
+                     QColor::fromRgba(dark ? 0xff4b4e54 : 0xffccd1d6));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText,
+                     palette.color(QPalette::Active, QPalette::Text));
     return palette;
 }
 

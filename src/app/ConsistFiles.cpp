@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/ConsistFiles.h"
 
+#include "app/ConsistNames.h"
+#include "app/Desktop.h"
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
@@ -14,7 +16,7 @@ using host::DialogIcon;
 
 namespace {
 
-constexpr char kPaste[] = "Paste";
+constexpr char kPaste[] = "Paste", kDelete[] = "Delete";
 constexpr std::size_t kLongestName = 255; ///< of a file, on any disk
 
 bool isControl(char c)
@@ -26,15 +28,6 @@ bool isControl(char c)
 bool canBeName(const std::string &text)
 {
     return text.size() <= kLongestName && std::none_of(text.begin(), text.end(), isControl);
-}
-
-/// A copy must not land outside the folder of the consists, nor be one that Windows cannot have.
-void checkNewName(const std::string &name, const std::string &path)
-{
-    if (!canBeName(name) || name.find_first_of("\\/:*?\"<>|") != std::string::npos)
-        throw host::RuntimeError(host::ErrorNumber::PathFileAccess,
-                                 path + ": the name of a consist cannot hold any of "
-                                        "\\ / : * ? \" < > |");
 }
 
 } // namespace
@@ -55,24 +48,34 @@ void PasteConsist(const std::string &source, host::Dialogs &dialogs, host::GameF
         return;
     const std::string target = installation.ConsistPath(name);
     try {
-        checkNewName(name, target);
+        CheckPortableConsistName(name, target);
         files.WriteFile(target, files.ReadFile(installation.ConsistPath(source)));
     } catch (const host::RuntimeError &error) {
-        dialogs.Message(error.what(), kPaste, DialogIcon::Critical);
+        dialogs.Message(host::Explained(error), kPaste, DialogIcon::Critical);
         return;
     }
     dialogs.Message("Created " + target, kPaste, DialogIcon::Information);
 }
 
-void CutConsist(const std::string &name, host::Dialogs &dialogs, host::GameFiles &files,
-                const install::Installation &installation)
+std::string CutConsist(const std::string &name, host::Dialogs &dialogs, host::GameFiles &files,
+                       Desktop &desktop, const install::Installation &installation)
 {
+    const auto agrees = [&dialogs](const std::string &question) {
+        return dialogs.Message(question, kDelete, DialogIcon::Question,
+                               host::DialogButtons::YesNoDefaultNo) == host::DialogAnswer::Yes;
+    };
     const std::string path = installation.ConsistPath(name);
-    if (name.empty() || !files.FileExists(path))
-        return;
-    if (dialogs.Message("Delete " + name + " ?", "Delete", DialogIcon::Question,
-                        host::DialogButtons::YesNo) == host::DialogAnswer::Yes)
-        files.RemoveFile(path);
+    const auto file = files.FindFile(path);
+    if (name.empty() || !file || !agrees("Delete " + name + " ?"))
+        return {};
+    if (desktop.MoveToWastebasket(host::path::FromDisk(*file))) {
+        files.Refresh();
+        return path + " was moved to the wastebasket.";
+    }
+    if (!agrees(path + " cannot be moved to the wastebasket.\n\nDelete it for good?"))
+        return {};
+    files.RemoveFile(path);
+    return path + " was deleted.";
 }
 
 } // namespace app

@@ -17,8 +17,12 @@ public:
     virtual void Start(const ProgramStart &start) = 0;
     /// Opens a file with what the user reads such files with; false when there is nothing.
     virtual bool Open(const std::string &file) = 0;
+    /// Opens a web address in the default browser; false when there is none.
+    virtual bool OpenWeb(const std::string &address) = 0;
     /// Makes this program what opens consist files. Fails as AssociateConsistFiles does.
     virtual void AssociateConsistFiles() = 0;
+    /// Moves a file of the disk to the wastebasket. Returns and fails as MoveToWastebasket does.
+    virtual bool MoveToWastebasket(const std::string &file) = 0;
 };
 
 } // namespace app

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/DesktopScheme.h"
 
+#include "app/DesktopPortal-posix.h"
 #include "host/Folders.h"
 #include "host/IniFile.h"
 #include "host/Text.h"
@@ -60,6 +61,10 @@ std::optional<ColourScheme> gtkScheme()
 
 std::optional<ColourScheme> SchemeOfDesktop()
 {
+#ifdef ZELK_DBUS
+    if (const auto scheme = SchemeOfPortal())
+        return scheme;
+#endif
     if (const auto scheme = kdeScheme())
         return scheme;
     return gtkScheme();

@@ -7,8 +7,8 @@
 
 namespace app {
 
-/// What the settings of the desktop (KDE, GTK; on Windows those of the user) say about colours;
-/// nothing when they say nothing.
+/// The colours set for the desktop: by its portal, else by KDE or GTK; on Windows by the user.
+/// Nothing when they are not set.
 std::optional<ColourScheme> SchemeOfDesktop();
 
 } // namespace app

@@ -14,7 +14,8 @@ QMenu *addMenu(QMenu *menu, const MenuEntry &entry)
 {
     menu->setObjectName(entry.name);
     menu->menuAction()->setObjectName(entry.name);
-    menu->menuAction()->setStatusTip(QString::fromLatin1(entry.hint));
+    menu->menuAction()->setToolTip(QString::fromLatin1(entry.hint));
+    menu->setToolTipsVisible(true);
     return menu;
 }
 
@@ -22,7 +23,8 @@ void addCommand(QMenu &menu, const MenuEntry &entry, QWidget *window)
 {
     auto *action = new QAction(QString::fromLatin1(entry.caption), window);
     action->setObjectName(entry.name);
-    action->setStatusTip(QString::fromLatin1(entry.hint));
+    if (*entry.hint)
+        action->setToolTip(QString::fromLatin1(entry.hint));
     action->setCheckable(entry.kind == MenuEntry::Check);
     // A caption that quits or opens preferences elsewhere must not be moved out of its menu.
     action->setMenuRole(QAction::NoRole);
@@ -83,7 +85,6 @@ void BuildToolBar(QToolBar &bar, const QWidget &window, const std::vector<ToolEn
         // An empty name would find just any action.
         auto *command = commandName.isEmpty() ? nullptr : window.findChild<QAction *>(commandName);
         button->setToolTip(name);
-        button->setStatusTip(command ? command->statusTip() : name);
         button->setEnabled(command && command->isEnabled());
         if (!command)
             continue;

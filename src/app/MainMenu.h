@@ -37,7 +37,7 @@ struct MenuEntry
 };
 
 /// Builds the menus in the menu bar. Every menu and every command has its name as object name and
-/// its hint as status tip; the actions are children of the menu bar's window.
+/// its hint as tooltip; the actions are children of the menu bar's window.
 void BuildMenus(QMenuBar &bar, const std::vector<MenuEntry> &entries);
 
 /// One button of the toolbar. It looks and behaves as the menu command of that name, with a tooltip

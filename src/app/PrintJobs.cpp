@@ -3,6 +3,7 @@
 
 #include "app/modZELK.h"
 #include "document/frmDocument.h"
+#include "host/Text.h"
 #include "install/Installation.h"
 
 #include <QDateTime>
@@ -21,18 +22,13 @@ PageFrame frameOf(const std::string &title, const std::string &subtitle)
                 QLocale().toString(QDateTime::currentDateTime(), QLocale::ShortFormat)};
 }
 
-std::string counted(std::size_t count, const char *one, const char *many)
-{
-    return std::to_string(count) + ' ' + (count == 1 ? one : many);
-}
-
 PrintJob listJob(const frmDocument &window, const install::Installation &installation)
 {
     QStringList names;
     for (const std::string &name : window.ShownConsists())
         names << QString::fromStdString(name);
     const std::string facts =
-        counted(static_cast<std::size_t>(names.size()), "consist", "consists") + kDot +
+        host::Counted(static_cast<std::size_t>(names.size()), "consist", "consists") + kDot +
         installation.PathOf("Trains\\Consists");
     return {"Print Consist List", frameOf(window.Caption(), facts), PrintNames(std::move(names))};
 }
@@ -54,7 +50,7 @@ PrintJob consistJob(const frmDocument &window)
     std::vector<QStringList> rows;
     for (const document::ConsistRow &row : consist.Rows())
         rows.push_back(vehicleRow(rows.size() + 1, row.item));
-    std::string facts = counted(rows.size(), "vehicle", "vehicles");
+    std::string facts = host::Counted(rows.size(), "vehicle", "vehicles");
     if (!window.FileName().empty())
         facts += kDot + window.FileName();
     if (consist.Changed())

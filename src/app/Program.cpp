@@ -4,6 +4,7 @@
 #include "app/AccessibleRoles.h"
 #include "app/Colours.h"
 #include "app/FileAssociation.h"
+#include "app/GivenFile.h"
 #include "app/QtDesktop.h"
 #include "app/QtDialogs.h"
 #include "app/modZELK.h"
@@ -46,15 +47,7 @@ int dissociate()
 
 } // namespace
 
-std::string CommandLineOf(const std::vector<std::string> &arguments)
-{
-    std::string line;
-    for (const std::string &argument : arguments)
-        line += (line.empty() ? "" : " ") + argument;
-    return std::string(host::TrimBlanks(line));
-}
-
-std::optional<std::string> AnswerTo(const std::string &commandLine)
+std::optional<std::string> AnswerTo(std::string_view commandLine)
 {
     if (commandLine == "--version")
         return modZELK::MainCaption() + "\n";
@@ -65,17 +58,19 @@ std::optional<std::string> AnswerTo(const std::string &commandLine)
 
 std::unique_ptr<frmMain> StartMainWindow(const Services &services, const std::string &commandLine)
 {
-    auto window = std::make_unique<frmMain>(services, commandLine);
+    const std::string file = FileGivenBy(commandLine, services.files);
+    auto window = std::make_unique<frmMain>(services, file);
     window->setWindowTitle(QString::fromStdString(modZELK::MainCaption()));
-    if (!commandLine.empty())
-        window->OpenFile(commandLine);
+    if (!file.empty())
+        window->OpenFile(file);
     window->show();
     return window;
 }
 
 int RunProgram(int argc, char **argv)
 {
-    const std::string given = CommandLineOf(host::Arguments(argc, argv));
+    const std::string line = host::CommandLine(argc, argv);
+    const std::string_view given = host::TrimBlanks(line);
     if (const auto answer = AnswerTo(given))
         return host::WriteTo(host::Stream::Output, *answer) ? 1 : 0;
 #ifndef _WIN32
@@ -83,15 +78,11 @@ int RunProgram(int argc, char **argv)
         return dissociate();
 #endif
 
+    const int givenArguments = argc;
     QApplication application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(modZELK::kTitle.data()));
     DressApplication(application);
     NameAccessibleRoles();
-    // The toolkit has taken out its own options by now.
-    std::vector<std::string> arguments;
-    for (const QString &argument : QApplication::arguments().mid(1))
-        arguments.push_back(argument.toStdString());
-
     QtDialogs dialogs;
     QtDesktop desktop;
     QtPrinters printers;
@@ -99,8 +90,8 @@ int RunProgram(int argc, char **argv)
     const std::unique_ptr<host::SettingsStore> settings = host::UserSettings();
     // A message about the file on the command line may be the first window to close.
     QApplication::setQuitOnLastWindowClosed(false);
-    const auto window =
-        StartMainWindow({dialogs, files, *settings, desktop, printers}, CommandLineOf(arguments));
+    const auto window = StartMainWindow({dialogs, files, *settings, desktop, printers},
+                                        CommandLineAfterToolkit(givenArguments, argc, argv));
     QApplication::setQuitOnLastWindowClosed(true);
     return QApplication::exec();
 }

@@ -6,19 +6,15 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
+#include <string_view>
 
 namespace app {
 
-/// The command line without the program's own name: the arguments joined by blanks, trimmed. It is
-/// one path; quotes are not removed.
-std::string CommandLineOf(const std::vector<std::string> &arguments);
-
 /// What `--version` and `--help`, as the sole argument, print; nothing for any other command line.
-std::optional<std::string> AnswerTo(const std::string &commandLine);
+std::optional<std::string> AnswerTo(std::string_view commandLine);
 
 /// The start-up order: makes the main window, titles it, opens the file named on the command line
-/// and shows the window. The services must outlive it.
+/// (app/GivenFile.h) and shows the window. The services must outlive it.
 std::unique_ptr<frmMain> StartMainWindow(const Services &services, const std::string &commandLine);
 
 /// The whole program; the result is its exit code.

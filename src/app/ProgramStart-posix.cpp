@@ -59,7 +59,7 @@ ProgramStart StartOf(host::GameFiles &files, const std::string &path,
 {
     const auto file = files.FindFile(path);
     if (!file)
-        throw host::RuntimeError(host::ErrorNumber::FileNotFound, path);
+        throw host::RuntimeError(host::ErrorNumber::FileNotFound, path + ": there is no such file");
     ProgramStart start{findWine(),
                        {host::path::FromDisk(*file)},
                        host::path::FromDisk(file->parent_path()),

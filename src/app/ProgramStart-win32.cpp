@@ -11,7 +11,7 @@ ProgramStart StartOf(host::GameFiles &files, const std::string &path,
 {
     const auto file = files.FindFile(path);
     if (!file)
-        throw host::RuntimeError(host::ErrorNumber::FileNotFound, path);
+        throw host::RuntimeError(host::ErrorNumber::FileNotFound, path + ": there is no such file");
     return {host::path::FromDisk(*file), arguments, host::path::FromDisk(file->parent_path()), {}};
 }
 

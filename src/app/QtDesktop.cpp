@@ -3,6 +3,7 @@
 
 #include "app/FileAssociation.h"
 #include "app/PageSetup.h"
+#include "app/Wastebasket.h"
 #include "host/RuntimeError.h"
 
 #include <QApplication>
@@ -44,10 +45,20 @@ bool QtDesktop::Open(const std::string &file)
     return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(file)));
 }
 
+bool QtDesktop::OpenWeb(const std::string &address)
+{
+    return QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
+}
+
 void QtDesktop::AssociateConsistFiles()
 {
     app::AssociateConsistFiles(
         QDir::toNativeSeparators(QCoreApplication::applicationFilePath()).toStdString());
+}
+
+bool QtDesktop::MoveToWastebasket(const std::string &file)
+{
+    return app::MoveToWastebasket(file);
 }
 
 bool QtPrinters::Choose(QPrinter &printer, const QString &job)

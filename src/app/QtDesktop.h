@@ -12,7 +12,9 @@ class QtDesktop : public Desktop
 public:
     void Start(const ProgramStart &start) override;
     bool Open(const std::string &file) override;
+    bool OpenWeb(const std::string &address) override;
     void AssociateConsistFiles() override;
+    bool MoveToWastebasket(const std::string &file) override;
 };
 
 /// The system's own dialogs for printers, over the active window.

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "app/QtDialogs.h"
 
+#include "app/FileChooser.h"
+#include "host/GameFiles.h"
 #include "validation/frmSelector.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QFileDialog>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMessageBox>
@@ -50,6 +52,7 @@ QMessageBox::StandardButtons buttonsOf(DialogButtons buttons)
 {
     switch (buttons) {
     case DialogButtons::YesNo:
+    case DialogButtons::YesNoDefaultNo:
         return QMessageBox::Yes | QMessageBox::No;
     case DialogButtons::YesNoCancel:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -59,8 +62,50 @@ QMessageBox::StandardButtons buttonsOf(DialogButtons buttons)
     return QMessageBox::Ok;
 }
 
+/// A message box that knows whether it was closed without a button. The toolkit counts Esc as the
+/// only button of a box that has one.
+class MessageBox : public QMessageBox
+{
+public:
+    using QMessageBox::QMessageBox;
+
+    bool Dismissed() const { return m_dismissed; }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        m_dismissed = event->matches(QKeySequence::Cancel);
+        QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent *event) override
+    {
+        m_dismissed = true;
+        QMessageBox::closeEvent(event);
+    }
+
+private:
+    bool m_dismissed = false;
+};
+
+/// The file that was chosen under the name that the toolkit shows. "", with a message, when that is
+/// the name of several.
+std::string fileChosen(const QString &shown, host::Dialogs &dialogs, const std::string &title)
+{
+    const std::string text = QDir::toNativeSeparators(shown).toStdString();
+    const std::vector<std::string> paths = PathsShownAs(shown);
+    if (!shown.contains(QChar::ReplacementCharacter) || paths.empty()) // none: a new name
+        return text;
+    if (paths.size() == 1)
+        return host::GameFiles().TextOf(paths.front());
+    dialogs.Message("Several files are shown as " + text +
+                        ". To choose one of them, drop it on the window.",
+                    title, DialogIcon::Critical);
+    return {};
+}
+
 /// Prepares a file dialog and runs it; the chosen path or "".
-std::string choose(QFileDialog &dialog, const host::FileDialogRequest &request)
+std::string choose(FileChooser &dialog, host::Dialogs &dialogs,
+                   const host::FileDialogRequest &request)
 {
     const QString initialName = QString::fromStdString(request.initialName);
     dialog.setWindowTitle(QString::fromStdString(request.title));
@@ -77,7 +122,7 @@ std::string choose(QFileDialog &dialog, const host::FileDialogRequest &request)
     if (initialName.contains(QLatin1Char('*')) &&
         chosen.section(QLatin1Char('/'), -1) == initialName)
         return request.initialName;
-    return QDir::toNativeSeparators(chosen).toStdString();
+    return fileChosen(chosen, dialogs, request.title);
 }
 
 } // namespace
@@ -85,13 +130,15 @@ std::string choose(QFileDialog &dialog, const host::FileDialogRequest &request)
 DialogAnswer QtDialogs::Message(const std::string &text, const std::string &title, DialogIcon icon,
                                 DialogButtons buttons)
 {
-    QMessageBox box(iconOf(icon), QString::fromStdString(title), QString(), buttonsOf(buttons),
-                    parentOfDialog());
+    MessageBox box(iconOf(icon), QString::fromStdString(title), QString(), buttonsOf(buttons),
+                   parentOfDialog());
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(text));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    if (buttons == DialogButtons::YesNo)
+    if (buttons == DialogButtons::YesNo || buttons == DialogButtons::YesNoDefaultNo)
         box.setEscapeButton(QMessageBox::No);
+    if (buttons == DialogButtons::YesNoDefaultNo)
+        box.setDefaultButton(QMessageBox::No);
     switch (box.exec()) {
     case QMessageBox::Yes:
         return DialogAnswer::Yes;
@@ -100,7 +147,7 @@ DialogAnswer QtDialogs::Message(const std::string &text, const std::string &titl
     case QMessageBox::Cancel:
         return DialogAnswer::Cancel;
     default:
-        return DialogAnswer::Ok;
+        return box.Dismissed() ? DialogAnswer::Cancel : DialogAnswer::Ok;
     }
 }
 
@@ -122,15 +169,15 @@ std::optional<std::string> QtDialogs::Input(const std::string &prompt, const std
 
 std::string QtDialogs::OpenFile(const host::FileDialogRequest &request)
 {
-    QFileDialog dialog(parentOfDialog());
+    FileChooser dialog(parentOfDialog());
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    return choose(dialog, request);
+    return choose(dialog, *this, request);
 }
 
 std::string QtDialogs::SaveFile(const host::FileDialogRequest &request)
 {
-    QFileDialog dialog(parentOfDialog());
+    FileChooser dialog(parentOfDialog());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
@@ -144,7 +191,7 @@ std::string QtDialogs::SaveFile(const host::FileDialogRequest &request)
     const QStringList filters = NameFilters(request.filter);
     if (!filters.isEmpty())
         followFilter(filters.constFirst());
-    return choose(dialog, request);
+    return choose(dialog, *this, request);
 }
 
 std::string QtDialogs::SelectFromList(const std::string &caption, const std::string &list)

@@ -15,6 +15,7 @@ using host::DialogIcon;
 
 namespace {
 
+constexpr char kWebSite[] = "https://www.openrails.org";
 constexpr char kViewSimulator[] = "View MSTS", kViewEditors[] = "View MSTS Tools";
 
 } // namespace
@@ -80,7 +81,7 @@ bool ShellCommands::start(const std::string &path, const std::vector<std::string
                                  "installed (the package \"wine\" of your distribution).",
                           title, DialogIcon::Critical);
     } catch (const host::RuntimeError &error) {
-        m_dialogs.Message(error.what(), title, DialogIcon::Critical);
+        m_dialogs.Message(host::Explained(error), title, DialogIcon::Critical);
     }
     return false;
 }
@@ -95,7 +96,7 @@ void ShellCommands::SetFileAssociation()
     try {
         m_desktop.AssociateConsistFiles();
     } catch (const host::RuntimeError &error) {
-        m_dialogs.Message(error.what(), "Set File Association", DialogIcon::Critical);
+        m_dialogs.Message(host::Explained(error), "Set File Association", DialogIcon::Critical);
         return;
     }
     m_dialogs.Message("Consist files now associations with ZELK.", "Set Association",
@@ -112,6 +113,24 @@ void ShellCommands::ShowGuide(GuidePage page)
     else if (!m_desktop.Open(file))
         m_dialogs.Message(file + " cannot be shown: there is no browser for it.", "ZELK",
                           DialogIcon::Critical);
+}
+
+void ShellCommands::Open(const std::string &path, const std::string &title)
+{
+    const auto file = m_files.FindFile(path);
+    const auto found = file ? file : m_files.FindFolder(path);
+    if (!found)
+        m_dialogs.Message(path + " does not exist!", title, DialogIcon::Critical);
+    else if (!m_desktop.Open(host::path::FromDisk(*found)))
+        m_dialogs.Message(path + " cannot be opened: there is no program for it.", title,
+                          DialogIcon::Critical);
+}
+
+void ShellCommands::ShowWebSite()
+{
+    if (!m_desktop.OpenWeb(kWebSite))
+        m_dialogs.Message(std::string(kWebSite) + " cannot be shown: there is no browser for it.",
+                          "ZELK", DialogIcon::Critical);
 }
 
 } // namespace app

@@ -45,6 +45,11 @@ public:
     /// Asks, and makes this program what opens consist files.
     void SetFileAssociation();
     void ShowGuide(GuidePage page);
+    /// Opens a file or a folder with the program that the desktop has for it. `title` is that of
+    /// the message if that fails.
+    void Open(const std::string &path, const std::string &title);
+    /// Opens the web site of the community in the default browser.
+    void ShowWebSite();
 
 private:
     bool start(const std::string &path, const std::vector<std::string> &arguments,

@@ -16,14 +16,13 @@
 #include "validation/frmResults.h"
 
 #include <QCloseEvent>
-#include <QDropEvent>
 #include <QGuiApplication>
 #include <QMdiArea>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QPrinter>
 #include <QScreen>
 #include <QShortcut>
+#include <QStyle>
 
 #include <algorithm>
 #include <initializer_list>
@@ -35,14 +34,23 @@ using host::DialogIcon;
 namespace {
 
 constexpr int kListMode = 0, kEditorMode = 1, kShapeViewMode = 3, kModes = 4;
+constexpr QSize kListSize(340, 400), kEditorSize(660, 440), kViewSize(880, 520);
+
+void place(QMdiSubWindow &window, const QRect &bounds)
+{
+    if (window.isMaximized())
+        window.showNormal();
+    window.setGeometry(bounds);
+}
 
 } // namespace
 
-frmMain::frmMain(const app::Services &services, const std::string &commandLine)
+frmMain::frmMain(const app::Services &services, const std::string &file)
     : m_services(services)
     , m_shapes(services.files)
     , m_shell(services.dialogs, services.files, services.desktop, m_installation)
     , m_area(new QMdiArea(this))
+    , m_switcher(*m_area)
     , m_checks(*this)
 {
     buildFrame();
@@ -51,7 +59,7 @@ frmMain::frmMain(const app::Services &services, const std::string &commandLine)
     buildToolBar();
     loadSettings();
     updateActions();
-    if (commandLine.empty())
+    if (file.empty())
         NewDocumentWindow(kListMode, {});
 }
 
@@ -69,6 +77,7 @@ void frmMain::buildFrame()
     setAcceptDrops(true);
     m_area->setObjectName("mdiArea");
     m_area->setAccessibleName(QStringLiteral("Document windows"));
+    m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setBackground(palette().brush(QPalette::Mid));
@@ -131,9 +140,14 @@ void frmMain::loadSettings()
     QList<QRect> screens;
     for (const QScreen *screen : QGuiApplication::screens())
         screens << screen->availableGeometry();
-    const QRect bounds = app::FitToScreens(app::ReadMainBounds(m_services.settings), screens);
+    m_windowSettings = app::ReadWindowSettings(m_services.settings);
+    const bool restores = m_windowSettings.maximised && !m_windowSettings.normal.isEmpty();
+    const QRect bounds = app::FitToScreens(
+        restores ? m_windowSettings.normal : app::ReadMainBounds(m_services.settings), screens);
     resize(bounds.size());
     move(bounds.topLeft());
+    if (m_windowSettings.maximised)
+        setWindowState(Qt::WindowMaximized);
     // Installed programs lie where users cannot write.
     const std::optional<std::string> pictures = m_services.settings.Read("ScreenShotDir");
     m_screenShotFolder = pictures ? *pictures : host::ProgramFolder();
@@ -143,8 +157,13 @@ void frmMain::loadSettings()
 void frmMain::saveSettings()
 {
     Guarded(m_services.dialogs, "Save Settings", [this] {
-        if (!isMinimized())
+        if (!isMinimized()) {
             app::WriteMainBounds(m_services.settings, QRect(pos(), size()));
+            m_windowSettings.maximised = isMaximized();
+            // Moving a window places its frame.
+            m_windowSettings.normal = normalGeometry().translated(pos() - geometry().topLeft());
+        }
+        app::WriteWindowSettings(m_services.settings, m_windowSettings);
         m_services.settings.Write("MSTSDir", m_installation.CurrentFolder());
         m_services.settings.Write("ScreenShotDir", m_screenShotFolder);
     });
@@ -152,10 +171,14 @@ void frmMain::saveSettings()
 
 void frmMain::OpenFile(const std::string &path)
 {
+    SetStatus({});
     const app::OpenKind kind = app::KindOf(path);
-    if (const std::string refusal = app::RefusalOf(kind); !refusal.empty())
+    if (const std::string refusal = app::RefusalOf(kind); !refusal.empty()) {
         m_services.dialogs.Message(refusal, "Open File", DialogIcon::Critical);
-    else if (kind == app::OpenKind::Consist)
+        return;
+    }
+    m_lastFolder = host::path::FolderWithSeparator(path);
+    if (kind == app::OpenKind::Consist)
         OpenDocumentWindow(path, kEditorMode, "Consist - " + path, {});
     else if (kind == app::OpenKind::Shape)
         OpenDocumentWindow(path, kShapeViewMode, "Shape - " + path, {});
@@ -190,6 +213,7 @@ frmDocument *frmMain::openWindow(const std::string &fileName, int mode, const st
     addWindow(window);
     if (!Guarded(m_services.dialogs, "Open File", [window] { window->LoadForm(); })) {
         delete window;
+        SetStatus({});
         return nullptr;
     }
     window->SetCaption(caption);
@@ -205,7 +229,13 @@ void frmMain::addWindow(frmDocument *window)
         std::erase(m_documents, window);
         m_givenSizes.erase(window);
     });
+    connect(window, &frmDocument::Closing, this, [this, window] { m_switcher.Leave(*window); });
     connect(window, &QObject::destroyed, this, &frmMain::updateActions);
+    connect(window, &frmDocument::Saved, this, [this, window](const std::string &path) {
+        for (frmDocument *other : Documents())
+            if (other != window)
+                other->ShowSavedElsewhere(path);
+    });
     m_area->addSubWindow(window);
     giveSize(*window);
 }
@@ -213,9 +243,9 @@ void frmMain::addWindow(frmDocument *window)
 /// As large as a window of its kind likes to be, as far as there is room.
 void frmMain::giveSize(frmDocument &window)
 {
-    const QSize wanted = window.Mode() == kListMode     ? QSize(340, 400)
-                         : window.Mode() == kEditorMode ? QSize(660, 440)
-                                                        : QSize(880, 520);
+    const QSize wanted = window.Mode() == kListMode     ? kListSize
+                         : window.Mode() == kEditorMode ? kEditorSize
+                                                        : kViewSize;
     window.resize(wanted.boundedTo(areaSize()).expandedTo({320, 260}));
     m_givenSizes[&window] = window.size();
 }
@@ -279,7 +309,7 @@ document::Furnishing frmMain::furnishing()
     const auto popUp = [this](const char *name) {
         return [list = menu(name)](const QPoint &at) { list->popup(at); };
     };
-    return {app::TintedIcon, popUp("mnuConsist"), popUp("mnuStock")};
+    return {app::TintedIcon, popUp("mnuConsist"), popUp("mnuStock"), &m_windowSettings.editors};
 }
 
 void frmMain::updateActions()
@@ -291,9 +321,9 @@ void frmMain::updateActions()
         for (const char *name : names)
             command(name)->setEnabled(enabled);
     };
-    enable(active != nullptr,
-           {"mnuFileClose", "mnuFilePrint", "mnuViewRefresh", "mnuWindowCascade",
-            "mnuWindowTileHorizontal", "mnuWindowTileVertical", "mnuWindowArrangeIcons"});
+    enable(active != nullptr, {"mnuFileClose", "mnuFilePrint", "mnuViewRefresh", "mnuWindowCascade",
+                               "mnuWindowTileHorizontal", "mnuWindowTileVertical",
+                               "mnuWindowArrangeIcons", "mnuWindowCloseAll"});
     enable(list || editor, {"mnuViewFilter", "mnuConsistView"});
     enable(editor || view, {"mnuFileSave", "mnuFileSaveAs"});
     enable(std::any_of(m_documents.begin(), m_documents.end(),
@@ -303,6 +333,9 @@ void frmMain::updateActions()
     enable(editor, {"mnuConsistViewShape", "mnuStockViewShape"});
     enable(view, {"mnuViewReset"});
     enable(list || view, {"mnuFileProperties"});
+    // In the list of consists the key shows a consist in 3D.
+    command("mnuFileProperties")
+        ->setShortcut(view ? QKeySequence(Qt::ALT | Qt::Key_Return) : QKeySequence());
 }
 
 void frmMain::SaveDocument(bool quiet)
@@ -312,12 +345,24 @@ void frmMain::SaveDocument(bool quiet)
         saveSnapshot(*window);
     if (!window || window->Mode() != kEditorMode)
         return;
-    const app::SaveTarget target{
-        [window] { return window->FileName(); },
-        [window](const std::string &name) { window->SetFileName(name); },
-        [window](const std::string &caption) { window->SetCaption(caption); },
-        [window] { window->CheckForm(); }, [window](bool silent) { window->SaveForm(silent); }};
-    app::SaveConsist(target, m_services.dialogs, m_services.files, consistFolder(), quiet);
+    app::SaveConsist(saveTarget(*window), m_services.dialogs, m_services.files, consistFolder(),
+                     quiet);
+}
+
+app::SaveTarget frmMain::saveTarget(frmDocument &editor)
+{
+    app::SaveTarget target;
+    target.fileName = [&editor] { return editor.FileName(); };
+    target.setFileName = [&editor](const std::string &name) { editor.SetFileName(name); };
+    target.caption = [&editor] { return editor.Caption(); };
+    target.setCaption = [&editor](const std::string &caption) { editor.SetCaption(caption); };
+    target.checkForm = [&editor] { editor.CheckForm(); };
+    target.changedOnDisk = [&editor](const std::string &path) {
+        return editor.Consist().ChangedOnDisk(path);
+    };
+    target.saveForm = [&editor](bool quiet) { editor.SaveForm(quiet); };
+    target.markChanged = [&editor] { editor.MarkChanged(); };
+    return target;
 }
 
 /// Where file dialogs begin: the folder of the consists as the disk spells it, "" when missing.
@@ -355,26 +400,48 @@ void frmMain::Arrange(Arrangement how)
     m_tiling = how;
     const std::vector<frmDocument *> open = documents(false);
     if (how == Arrangement::Cascade)
-        m_area->cascadeSubWindows();
+        cascade();
     else if (how != Arrangement::ArrangeIcons && !open.empty())
         arrangeTiles(open, how);
     arrangeIcons();
 }
 
-void frmMain::arrangeTiles(const std::vector<frmDocument *> &windows, Arrangement how)
+/// In stacking order, so that the active window stays in front.
+void frmMain::cascade()
+{
+    std::vector<QMdiSubWindow *> windows;
+    for (QMdiSubWindow *window : m_area->subWindowList(QMdiArea::StackingOrder))
+        if (window->isVisible() && !window->isMinimized())
+            windows.push_back(window);
+    if (windows.empty())
+        return;
+    const int titleHeight = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const std::vector<QRect> places =
+        app::Cascaded(roomForTiles(), static_cast<int>(windows.size()), kEditorSize, titleHeight);
+    for (std::size_t i = 0; i < windows.size(); ++i)
+        place(*windows[i], places[i]);
+}
+
+/// The area without the row of minimised windows.
+QRect frmMain::roomForTiles() const
 {
     QRect area(QPoint(0, 0), m_area->maximumViewportSize());
     if (const auto icons = documents(true); !icons.empty())
         area.setHeight(area.height() - icons.front()->height());
+    return area;
+}
+
+void frmMain::arrangeTiles(const std::vector<frmDocument *> &windows, Arrangement how)
+{
+    QSize least(1, 1);
+    for (const frmDocument *window : windows)
+        least = least.expandedTo(window->minimumSize());
     const int count = static_cast<int>(windows.size());
     const std::vector<QRect> tiles = how == Arrangement::TileHorizontally
-                                         ? app::StackedTiles(area, count)
-                                         : app::SideBySideTiles(area, count);
-    for (std::size_t i = 0; i < windows.size(); ++i) {
-        if (windows[i]->isMaximized())
-            windows[i]->showNormal();
-        windows[i]->setGeometry(tiles[i]);
-    }
+                                         ? app::StackedTiles(roomForTiles(), count, least)
+                                         : app::SideBySideTiles(roomForTiles(), count, least);
+    for (std::size_t i = 0; i < windows.size(); ++i)
+        place(*windows[i], tiles[i]);
 }
 
 void frmMain::arrangeIcons()
@@ -426,23 +493,4 @@ void frmMain::closeEvent(QCloseEvent *event)
         delete window;
     }
     event->accept();
-}
-
-void frmMain::dragEnterEvent(QDragEnterEvent *event)
-{
-    if (event->mimeData()->hasUrls())
-        event->acceptProposedAction();
-}
-
-void frmMain::dropEvent(QDropEvent *event)
-{
-    event->acceptProposedAction();
-    for (const QUrl &url : event->mimeData()->urls()) {
-        if (!url.isLocalFile())
-            continue;
-        // After the drop, so that a message box does not hold up the window dragged from.
-        QMetaObject::invokeMethod(
-            this, [this, path = url.toLocalFile().toStdString()] { OpenFile(path); },
-            Qt::QueuedConnection);
-    }
 }

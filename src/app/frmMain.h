@@ -5,6 +5,8 @@
 #include "app/MainMenu.h"
 #include "app/MdiLayout.h"
 #include "app/ShellCommands.h"
+#include "app/WindowSettings.h"
+#include "app/WindowSwitcher.h"
 #include "document/DocumentHost.h"
 #include "document/frmDocument.h"
 #include "host/Dialogs.h"
@@ -39,6 +41,7 @@ class Desktop;
 class MainStatusBar;
 class Printers;
 struct PrintJob;
+struct SaveTarget;
 
 /// What the main window works with; everything must outlive it.
 struct Services
@@ -59,8 +62,8 @@ class frmMain : public QMainWindow, public document::DocumentHost, public app::C
     Q_OBJECT
 
 public:
-    /// Reads the settings. Without a command line it opens with a list of the installed consists.
-    frmMain(const app::Services &services, const std::string &commandLine);
+    /// Reads the settings. Without a file to open it begins with a list of the installed consists.
+    frmMain(const app::Services &services, const std::string &file);
     ~frmMain() override;
 
     /// Opens a file of any kind in a window of its own, or says why not.
@@ -85,6 +88,7 @@ public:
                             const StfNode &node) override;
     void SaveDocument(bool quiet) override;
     void ShowTextWindow(const std::string &title, const std::string &text) override;
+    void OpenOutside(const std::string &path) override;
     void SetStatus(const std::string &text) override;
     void SetProgress(int done, int total) override;
     void WriteLog(const std::string &text) override;
@@ -124,6 +128,8 @@ private:
     void keepInside(frmDocument &window);
     void updateActions();
     void stopWork();
+    void cascade();
+    QRect roomForTiles() const;
     void arrangeTiles(const std::vector<frmDocument *> &windows, app::Arrangement how);
     void arrangeIcons();
     std::vector<frmDocument *> documents(bool minimised) const;
@@ -131,6 +137,10 @@ private:
     std::string consistFolder() const;
     QMenu *menu(const char *name) const;
     document::Furnishing furnishing();
+
+    // frmMainDrop.cpp
+    void openDropped(const std::vector<std::string> &paths);
+    void offerLocation(const std::string &folder);
 
     // frmMainCommands.cpp
     std::vector<app::MenuEntry> menuTable();
@@ -148,18 +158,25 @@ private:
     void newConsistList();
     void openFileDialog();
     void closeActive();
+    static app::SaveTarget saveTarget(frmDocument &editor);
+    void closeAll();
     void save();
     void saveAs();
     void saveAll();
     void setMstsLocation();
+    bool mayChangeLocation();
+    void changeLocation(const std::string &location);
     void editSelectedConsist();
+    static std::string onlyOne(const frmDocument &list, const char *verb);
+    void remarkOnOpened(const frmDocument &list, const std::string &remark);
     bool mayDropChanges();
     void refresh();
     void filter();
     void toggleToolBar();
     void toggleStatusBar();
     void listWindows();
-    void listWindow(QWidget &window, bool active, const std::function<void()> &activate);
+    void listWindow(QWidget &window, const QString &caption, bool active,
+                    const std::function<void()> &activate);
 
     // frmMainChecks.cpp
     std::optional<app::CheckTarget> checkTarget() const;
@@ -179,6 +196,7 @@ private:
     void setFileAssociation();
     void showHelpContents();
     void showHelpSearch();
+    void showWebSite();
     void showAbout();
     void showSystemInfo(QWidget &parent);
     QPrinter &printer();
@@ -195,6 +213,7 @@ private:
     void resetView();
     void showProperties();
     void saveSnapshot(frmDocument &window);
+    void openPicturesFolder();
 
     /// A loose consist of an activity that waits for its window.
     struct LooseConsist
@@ -210,7 +229,10 @@ private:
     app::ShellCommands m_shell;
     std::unique_ptr<QPrinter> m_printer; ///< made when it is first needed
     std::string m_screenShotFolder;
+    std::string m_lastFolder;             ///< of the file opened last, "" before the first
+    app::WindowSettings m_windowSettings; ///< read at the start; editors keep their part current
     QMdiArea *m_area;
+    app::WindowSwitcher m_switcher;
     QToolBar *tbToolBar = nullptr;
     app::MainStatusBar *sbStatusBar = nullptr;
     app::CheckCommands m_checks;

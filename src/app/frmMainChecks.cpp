@@ -2,6 +2,7 @@
 // What the main window does for the check commands.
 #include "app/frmMain.h"
 
+#include "app/MainStatusBar.h"
 #include "app/PrintJobs.h"
 #include "app/WindowBounds.h"
 #include "host/Folders.h"
@@ -42,7 +43,12 @@ void frmMain::checkDependencies()
 
 void frmMain::checkConsistStock()
 {
+    const frmDocument *window = ActiveDocument();
+    const bool busy = m_checks.Running();
+    const std::string only = window ? onlyOne(*window, "was checked") : std::string();
     m_checks.CheckConsistStock(checkTarget());
+    if (!only.empty() && !busy)
+        SetStatus(sbStatusBar->Status().toStdString() + "  " + only);
 }
 
 void frmMain::checkAllStock()

@@ -4,7 +4,9 @@
 
 #include "app/MainStatusBar.h"
 #include "app/OpenRules.h"
+#include "app/SaveConsist.h"
 #include "document/Guard.h"
+#include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "install/frmSetLoc.h"
 #include "validation/TSValidation.h"
@@ -12,6 +14,8 @@
 
 #include <QMdiArea>
 #include <QMenuBar>
+
+#include <algorithm>
 
 using app::Arrangement;
 using app::MenuEntry;
@@ -30,6 +34,13 @@ std::vector<MenuEntry> frmMain::menuTable()
     for (const auto &menu :
          {fileMenu(), editMenu(), consistMenu(), stockMenu(), viewMenu(), windowMenu(), helpMenu()})
         table.insert(table.end(), menu.begin(), menu.end());
+    // What the status bar says of one command must not outlast the next.
+    for (MenuEntry &entry : table)
+        if (entry.run)
+            entry.run = [this, run = entry.run] {
+                SetStatus({});
+                run();
+            };
     return table;
 }
 
@@ -61,7 +72,7 @@ std::vector<MenuEntry> frmMain::fileMenu()
          "Print the active window", doing(&frmMain::printActive)},
         {MenuEntry::Command, "mnuFilePrintPreview", "Print Pre&view...", "", "print-preview",
          "Show how the active window prints", saying("Print Preview not implemented")},
-        {MenuEntry::Command, "mnuFileProperties", "Propert&ies", "Alt+Return", "properties",
+        {MenuEntry::Command, "mnuFileProperties", "Propert&ies", "", "properties",
          "Show the properties of the active window", doing(&frmMain::showProperties)},
         {},
         {MenuEntry::Command, "mnuFileSetMSTSLoc", "Set &MSTS Location...", "", "location",
@@ -155,6 +166,9 @@ std::vector<MenuEntry> frmMain::viewMenu()
          "Start the simulator's editors", doing(&frmMain::startEditors)},
         {MenuEntry::Command, "mnuViewShapeViewer", "&Shape Viewer", "", "shape-viewer",
          "Start the installed shape viewer", doing(&frmMain::startShapeViewer)},
+        {},
+        {MenuEntry::Command, "mnuViewPictures", "Open &Pictures Folder", "Ctrl+Shift+P", "",
+         "Open the folder of the saved pictures of 3D views", doing(&frmMain::openPicturesFolder)},
     };
 }
 
@@ -164,6 +178,8 @@ std::vector<MenuEntry> frmMain::windowMenu()
         {MenuEntry::Menu, "mnuWindow", "&Window"},
         {MenuEntry::Command, "mnuWindowNewWindow", "&New Window", "", "new-window",
          "Open another list of the installed consists", doing(&frmMain::newConsistList)},
+        {MenuEntry::Command, "mnuWindowCloseAll", "Cl&ose All", "", "",
+         "Close all document windows", doing(&frmMain::closeAll)},
         {},
         {MenuEntry::Command, "mnuWindowCascade", "&Cascade", "", "cascade",
          "Arrange the windows one behind the other", arranging(Arrangement::Cascade)},
@@ -187,6 +203,8 @@ std::vector<MenuEntry> frmMain::helpMenu()
          doing(&frmMain::showHelpContents)},
         {MenuEntry::Command, "mnuHelpSearchForHelpOn", "&Search For Help On...", "", "search",
          "Look something up in the help", doing(&frmMain::showHelpSearch)},
+        {MenuEntry::Command, "mnuHelpWeb", "Train Simulator on the &Web", "", "",
+         "Open the web site of the community in the browser", doing(&frmMain::showWebSite)},
         {},
         {MenuEntry::Command, "mnuHelpAbout", "&About ", "", "", "About this program",
          doing(&frmMain::showAbout)},
@@ -197,7 +215,8 @@ std::vector<MenuEntry> frmMain::helpMenu()
 std::function<void()> frmMain::doing(void (frmMain::*handler)())
 {
     return [this, handler] {
-        Guarded(m_services.dialogs, windowTitle().toStdString(), [&] { (this->*handler)(); });
+        if (!Guarded(m_services.dialogs, windowTitle().toStdString(), [&] { (this->*handler)(); }))
+            SetStatus({});
     };
 }
 
@@ -225,8 +244,9 @@ void frmMain::newConsistList()
 
 void frmMain::openFileDialog()
 {
-    const std::string path =
-        m_services.dialogs.OpenFile({"Open", app::kOpenFilter, "", consistFolder()});
+    const auto last = m_services.files.FindFolder(m_lastFolder);
+    const std::string path = m_services.dialogs.OpenFile(
+        {"Open", app::kOpenFilter, "", last ? host::path::FromDisk(*last) : consistFolder()});
     if (!path.empty())
         OpenFile(path);
 }
@@ -235,6 +255,13 @@ void frmMain::closeActive()
 {
     if (frmDocument *window = ActiveDocument())
         window->close();
+}
+
+void frmMain::closeAll()
+{
+    for (frmDocument *window : Documents())
+        if (!window->close())
+            return;
 }
 
 void frmMain::save()
@@ -249,12 +276,7 @@ void frmMain::saveAs()
         SaveDocument(false); // a 3D window saves a picture
         return;
     }
-    const std::string before = window->FileName();
-    window->SetFileName({});
-    SaveDocument(false);
-    // Who gives up on the way still has the window of the old file.
-    if (window->FileName().empty())
-        window->SetFileName(before);
+    app::SaveConsistAs(saveTarget(*window), m_services.dialogs, m_services.files, consistFolder());
 }
 
 void frmMain::saveAll()
@@ -267,23 +289,34 @@ void frmMain::saveAll()
 
 void frmMain::setMstsLocation()
 {
-    for (const frmDocument *window : Documents())
-        if (window->Mode() == kEditorMode) {
-            m_services.dialogs.Message("Can't change MSTS location whilst editting a consist!",
-                                       "Set MSTS Location", DialogIcon::Critical);
-            return;
-        }
-    if (m_checks.Running()) {
-        m_services.dialogs.Message("Can't change MSTS location whilst a check is running!",
-                                   "Set MSTS Location", DialogIcon::Critical);
+    if (!mayChangeLocation())
         return;
-    }
+    const std::string folder = m_installation.CurrentFolder();
     frmSetLoc dialog(m_services.files, this);
-    dialog.SetLocation(m_installation.CurrentFolder());
+    dialog.SetLocation(folder.empty() ? host::HomeFolder() : folder);
     dialog.exec();
-    if (dialog.Cancelled)
-        return;
-    m_installation.SetLocation(dialog.Location);
+    if (!dialog.Cancelled)
+        changeLocation(dialog.Location);
+}
+
+/// False, with a message, while something works on the present location.
+bool frmMain::mayChangeLocation()
+{
+    const std::vector<frmDocument *> open = Documents();
+    const bool editing = std::any_of(open.begin(), open.end(), [](const frmDocument *window) {
+        return window->Mode() == kEditorMode;
+    });
+    if (!editing && !m_checks.Running())
+        return true;
+    m_services.dialogs.Message(editing ? "Can't change MSTS location whilst editting a consist!"
+                                       : "Can't change MSTS location whilst a check is running!",
+                               "Set MSTS Location", DialogIcon::Critical);
+    return false;
+}
+
+void frmMain::changeLocation(const std::string &location)
+{
+    m_installation.SetLocation(location);
     for (frmDocument *window : Documents())
         if (window->Mode() == kListMode)
             window->LoadForm();
@@ -294,10 +327,30 @@ void frmMain::editSelectedConsist()
     frmDocument *window = ActiveDocument();
     if (!window)
         return;
-    if (const std::string name = window->SelectedConsist(); !name.empty())
-        window->EditConsist(name);
-    else
+    const std::string name = window->SelectedConsist(), only = onlyOne(*window, "was opened");
+    if (name.empty()) {
         m_services.dialogs.Message("Nothing selected!", "Edit", DialogIcon::Critical);
+        return;
+    }
+    window->EditConsist(name);
+    remarkOnOpened(*window, only);
+}
+
+/// The remark of a command that works on one of several selected consists: which one it was. ""
+/// when not more than one is selected.
+std::string frmMain::onlyOne(const frmDocument &list, const char *verb)
+{
+    const std::size_t selected = list.SelectedConsists().size();
+    return selected < 2 ? std::string()
+                        : "Only \"" + list.SelectedConsist() + "\" of the " +
+                              std::to_string(selected) + " selected consists " + verb + '.';
+}
+
+/// Gives the remark to the window that was opened from `list`, if opening succeeded.
+void frmMain::remarkOnOpened(const frmDocument &list, const std::string &remark)
+{
+    if (frmDocument *opened = ActiveDocument(); opened && opened != &list && !remark.empty())
+        opened->Remark(remark);
 }
 
 bool frmMain::mayDropChanges()
@@ -305,23 +358,19 @@ bool frmMain::mayDropChanges()
     return m_services.dialogs.Message("Consist has changed.  Reading it again drops all changes.  "
                                       "Do you want to continue?",
                                       "Refresh", DialogIcon::Question,
-                                      host::DialogButtons::YesNo) == host::DialogAnswer::Yes;
+                                      host::DialogButtons::YesNoDefaultNo) ==
+           host::DialogAnswer::Yes;
 }
 
 void frmMain::refresh()
 {
     frmDocument *window = ActiveDocument();
     m_services.files.Refresh();
-    if (window && window->Mode() == kEditorMode &&
-        !m_services.files.FileExists(window->FileName())) {
-        SetStatus("There is no file to read again: the consist stays as it is.");
-        window->ReloadAllStock();
+    if (!window)
         return;
-    }
-    if (window && window->Changed() && !mayDropChanges())
-        return;
-    if (window)
-        window->LoadForm();
+    const bool drops = window->Changed() && m_services.files.FileExists(window->FileName());
+    if (!drops || mayDropChanges())
+        window->RefreshForm();
 }
 
 void frmMain::filter()
@@ -359,27 +408,30 @@ void frmMain::listWindows()
     m_windowItems.clear();
     const frmDocument *active = ActiveDocument();
     for (frmDocument *window : Documents())
-        listWindow(*window, window == active,
-                   [this, window] { m_area->setActiveSubWindow(window); });
+        listWindow(*window,
+                   window->windowTitle() + QLatin1String(window->Changed() ? " (changed)" : ""),
+                   window == active, [this, window] { m_area->setActiveSubWindow(window); });
     for (frmResults *window : resultWindows())
-        listWindow(*window, false, [window] {
+        listWindow(*window, window->windowTitle(), false, [window] {
             window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
             window->raise();
             window->activateWindow();
         });
 }
 
-void frmMain::listWindow(QWidget &window, bool active, const std::function<void()> &activate)
+void frmMain::listWindow(QWidget &window, const QString &caption, bool active,
+                         const std::function<void()> &activate)
 {
     const auto number = static_cast<int>(m_windowItems.size()) + 1;
-    const QString caption = window.windowTitle().replace(QLatin1Char('&'), QLatin1String("&&"));
+    QString shown = caption;
+    shown.replace(QLatin1Char('&'), QLatin1String("&&"));
     QAction *item = menu("mnuWindow")
                         ->addAction(QStringLiteral("%1%2 %3")
                                         .arg(QLatin1String(number < 10 ? "&" : ""))
                                         .arg(number)
-                                        .arg(caption));
+                                        .arg(shown));
     item->setObjectName(QStringLiteral("mnuWindowList%1").arg(number));
-    item->setStatusTip(QStringLiteral("Go to this window"));
+    item->setToolTip(QStringLiteral("Go to this window"));
     item->setCheckable(true);
     item->setChecked(active);
     connect(item, &QAction::triggered, &window, activate);

@@ -11,6 +11,7 @@
 #include "app/Printers.h"
 #include "app/modZELK.h"
 #include "document/Guard.h"
+#include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 
 #include <QClipboard>
@@ -35,6 +36,7 @@ void frmMain::copyConsist()
     clipboard.clear();
     if (const std::string name = window->SelectedConsist(); !name.empty())
         clipboard.setText(QString::fromStdString(name));
+    SetStatus(onlyOne(*window, "was copied"));
 }
 
 void frmMain::pasteConsist()
@@ -48,9 +50,11 @@ void frmMain::cutConsist()
     const frmDocument *window = ActiveDocument();
     if (!window || window->Mode() != kListMode)
         return;
+    const std::string name = window->SelectedConsist(), only = onlyOne(*window, "was deleted");
     document::Guarded(m_services.dialogs, "Delete", [&] {
-        app::CutConsist(window->SelectedConsist(), m_services.dialogs, m_services.files,
-                        m_installation);
+        const std::string result = app::CutConsist(name, m_services.dialogs, m_services.files,
+                                                   m_services.desktop, m_installation);
+        SetStatus(result.empty() || only.empty() ? result : result + "  " + only);
     });
 }
 
@@ -85,6 +89,11 @@ void frmMain::showHelpContents()
 void frmMain::showHelpSearch()
 {
     m_shell.ShowGuide(app::GuidePage::Search);
+}
+
+void frmMain::showWebSite()
+{
+    m_shell.ShowWebSite();
 }
 
 void frmMain::showAbout()

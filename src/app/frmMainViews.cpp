@@ -75,12 +75,15 @@ void frmMain::viewSelectedConsist()
     if (!window)
         return;
     const std::string name = window->SelectedConsist();
-    if (window->Mode() == kEditorMode)
+    if (window->Mode() == kEditorMode) {
         window->ActionClick(kViewConsistButton);
-    else if (window->Mode() == kListMode && !name.empty())
+    } else if (window->Mode() == kListMode && !name.empty()) {
+        const std::string only = onlyOne(*window, "was opened");
         window->ViewConsist(name);
-    else
+        remarkOnOpened(*window, only);
+    } else {
         m_services.dialogs.Message("Nothing selected!", "View Consist", DialogIcon::Critical);
+    }
 }
 
 void frmMain::viewSelectedShape()
@@ -108,7 +111,19 @@ void frmMain::showProperties()
 
 void frmMain::saveSnapshot(frmDocument &window)
 {
-    Guarded(m_services.dialogs, "Save Snapshot", [&] { window.SaveSnapshot(m_screenShotFolder); });
+    if (!Guarded(m_services.dialogs, "Save Snapshot",
+                 [&] { window.SaveSnapshot(m_screenShotFolder); }))
+        SetStatus("The picture was not saved.");
+}
+
+void frmMain::openPicturesFolder()
+{
+    m_shell.Open(m_screenShotFolder, "Open Pictures Folder");
+}
+
+void frmMain::OpenOutside(const std::string &path)
+{
+    m_shell.Open(path, "Open");
 }
 
 void frmMain::ShowTextWindow(const std::string &title, const std::string &text)

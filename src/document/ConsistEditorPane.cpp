@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "document/ConsistEditorPane.h"
 
+#include "document/EditorLayout.h"
+#include "document/FoldingRow.h"
 #include "host/Filter.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLocale>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
+
+#include <initializer_list>
 
 namespace document {
 
@@ -50,6 +55,16 @@ QLabel *heading(QWidget *parent)
     return label;
 }
 
+/// A group of controls side by side.
+QBoxLayout *group(std::initializer_list<QWidget *> controls)
+{
+    auto *layout = new QHBoxLayout;
+    layout->setSpacing(6);
+    for (QWidget *control : controls)
+        layout->addWidget(control);
+    return layout;
+}
+
 QBoxLayout *listUnder(QLabel *title, ListView *list)
 {
     auto *layout = new QVBoxLayout;
@@ -69,10 +84,13 @@ ConsistEditorPane::ConsistEditorPane(const Furnishing &furnishing, QWidget *pare
     , lblDurability(new QLabel(QStringLiteral("Durability"), this))
     , m_consist(new ConsistModel(this))
     , m_stock(new StockListModel(this))
+    , m_layout(furnishing.layout)
     , m_consistHeading(heading(this))
     , m_stockHeading(heading(this))
 {
     connectLists();
+    if (m_layout)
+        followLayout(*m_layout);
     auto *splitter = new QSplitter(Qt::Horizontal, this);
     splitter->addWidget(trainSide());
     splitter->addWidget(stockSide(furnishing));
@@ -107,23 +125,15 @@ void ConsistEditorPane::orderTabs()
         next(cmdAction[i]);
 }
 
-QBoxLayout *ConsistEditorPane::figures()
+QLayout *ConsistEditorPane::figures()
 {
     lblMaxVelocity->setObjectName("lblMaxVelocity");
     lblDurability->setObjectName("lblDurability");
     txtMaxVelocity[0] = figureBox("txtMaxVelocity0", QStringLiteral("Max Velocity"));
     txtMaxVelocity[1] = figureBox("txtMaxVelocity1", QStringLiteral("Max Velocity, second value"));
     txtDurability = figureBox("txtDurability", QStringLiteral("Durability"));
-    auto *layout = new QHBoxLayout;
-    layout->setSpacing(6);
-    layout->addWidget(lblMaxVelocity);
-    layout->addWidget(txtMaxVelocity[0]);
-    layout->addWidget(txtMaxVelocity[1]);
-    layout->addSpacing(18);
-    layout->addWidget(lblDurability);
-    layout->addWidget(txtDurability);
-    layout->addStretch(1);
-    return layout;
+    return new FoldingRow(group({lblMaxVelocity, txtMaxVelocity[0], txtMaxVelocity[1]}),
+                          group({lblDurability, txtDurability}), FoldingRow::Second::Beside, 24);
 }
 
 QLineEdit *ConsistEditorPane::figureBox(const char *name, const QString &title)
@@ -189,7 +199,7 @@ QBoxLayout *ConsistEditorPane::moveColumn(const Furnishing &furnishing)
     return layout;
 }
 
-QBoxLayout *ConsistEditorPane::actionRow()
+QLayout *ConsistEditorPane::actionRow()
 {
     for (int i = 0; i < static_cast<int>(cmdAction.size()); ++i) {
         const ActionButton &button = kActionButtons[i];
@@ -199,20 +209,15 @@ QBoxLayout *ConsistEditorPane::actionRow()
         command->setAccessibleDescription(command->objectName());
         command->setToolTip(QString::fromLatin1(button.toolTip));
         command->setAutoDefault(false);
+        command->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the list
         if (button.keyIsTaken)
             command->setShortcut({});
         connect(command, &QPushButton::clicked, this, [this, i] { Q_EMIT ActionPressed(i); });
         cmdAction[static_cast<std::size_t>(i)] = command;
     }
-    auto *layout = new QHBoxLayout;
-    layout->setSpacing(6);
-    layout->addWidget(cmdAction[3]);
-    layout->addWidget(cmdAction[4]);
-    layout->addStretch(1);
-    layout->addWidget(cmdAction[2]);
-    layout->addWidget(cmdAction[0]);
-    layout->addWidget(cmdAction[1]);
-    return layout;
+    return new FoldingRow(group({cmdAction[3], cmdAction[4]}),
+                          group({cmdAction[2], cmdAction[0], cmdAction[1]}),
+                          FoldingRow::Second::AtRight, 6);
 }
 
 void ConsistEditorPane::connectLists()
@@ -244,20 +249,47 @@ void ConsistEditorPane::connectLists()
     }
 }
 
+int ConsistEditorPane::heightForWidth(int width) const
+{
+    return layout()->totalMinimumHeightForWidth(width);
+}
+
 void ConsistEditorPane::sortStock(int column)
 {
     m_stock->ClickHeader(column);
+    showStockOrder();
+    if (m_layout)
+        m_layout->stockOrder = m_stock->Order();
+}
+
+void ConsistEditorPane::showStockOrder()
+{
+    const StockOrder &order = m_stock->Order();
     lvStock->header()->setSortIndicatorShown(true);
-    lvStock->header()->setSortIndicator(column, m_stock->Order().ascending ? Qt::AscendingOrder
-                                                                           : Qt::DescendingOrder);
-    lvStock->SetSearchColumn(column == 0 ? 2 : column);
+    lvStock->header()->setSortIndicator(order.column,
+                                        order.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    lvStock->SetSearchColumn(order.column == 0 ? 2 : order.column);
+}
+
+/// Begins as the layout says, and notes in it what the user changes.
+void ConsistEditorPane::followLayout(EditorLayout &layout)
+{
+    lvConsist->SizeColumns(layout.consistWidths);
+    lvStock->SizeColumns(layout.stockWidths);
+    connect(lvConsist, &ListView::ColumnSized, this,
+            [this, &layout] { layout.consistWidths = lvConsist->ColumnWidths(); });
+    connect(lvStock, &ListView::ColumnSized, this,
+            [this, &layout] { layout.stockWidths = lvStock->ColumnWidths(); });
+    if (layout.stockOrder.column < 0 || layout.stockOrder.column >= kStockColumns)
+        return;
+    m_stock->SetOrder(layout.stockOrder);
+    showStockOrder();
 }
 
 void ConsistEditorPane::ShowConsist(const ConsistTree &consist)
 {
     m_consist->SetRows(consist.Rows());
-    m_consistHeading->setText(QStringLiteral("Current consist items (%1)")
-                                  .arg(QLocale().toString(m_consist->rowCount())));
+    showConsistHeading();
     for (int i = 0; i < 2; ++i)
         txtMaxVelocity[static_cast<std::size_t>(i)]->setText(
             QString::fromStdString(consist.MaxVelocity(i)));
@@ -266,8 +298,31 @@ void ConsistEditorPane::ShowConsist(const ConsistTree &consist)
         box->setCursorPosition(0);
 }
 
+void ConsistEditorPane::ShowConsistAgain(const ConsistTree &consist)
+{
+    const int row = SelectedConsistRow(), scrolled = lvConsist->verticalScrollBar()->value();
+    ShowConsist(consist);
+    SelectConsistRow(row);
+    lvConsist->doItemsLayout(); // the scroll bar has no range before that
+    lvConsist->verticalScrollBar()->setValue(scrolled);
+}
+
+void ConsistEditorPane::showConsistHeading()
+{
+    const QString text = QStringLiteral("Current consist items (%1)%2")
+                             .arg(QLocale().toString(m_consist->rowCount()))
+                             .arg(QLatin1String(m_changed ? ", changed" : ""));
+    m_consistHeading->setText(text);
+    m_consistHeading->setToolTip(text); // the list may be too narrow for the whole text
+}
+
 void ConsistEditorPane::ShowChanged(bool changed)
 {
+    m_changed = changed;
+    showConsistHeading();
+    // A disabled button passes the focus to the next control; the list that was active gets it.
+    if (!changed && (cmdAction[1]->hasFocus() || cmdAction[2]->hasFocus()))
+        setFocus();
     cmdAction[1]->setEnabled(changed);
     cmdAction[2]->setEnabled(changed);
 }

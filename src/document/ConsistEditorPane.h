@@ -17,6 +17,7 @@
 #include <string>
 
 class QBoxLayout;
+class QLayout;
 
 namespace document {
 
@@ -30,7 +31,10 @@ public:
     explicit ConsistEditorPane(const Furnishing &furnishing, QWidget *parent = nullptr);
 
     void ShowConsist(const ConsistTree &consist);
-    /// Enables Apply and OK exactly while the consist differs from its file.
+    /// Like ShowConsist, but keeps selection and scroll position as far as the train allows.
+    void ShowConsistAgain(const ConsistTree &consist);
+    /// Enables Apply and OK, and marks the heading of the train, while the consist differs from its
+    /// file.
     void ShowChanged(bool changed);
     /// Brings the heading of the stock list up to date.
     void ShowStockHeading(const std::string &filter);
@@ -43,6 +47,9 @@ public:
     /// The selected unit of the train, or null.
     const StockItem *SelectedUnit() const;
     StockListModel &Stock() { return *m_stock; }
+
+    /// The least height for a width: the rows of controls fold in a narrow window.
+    int heightForWidth(int width) const override;
 
     ListView *lvConsist;
     ListView *lvStock;
@@ -59,20 +66,25 @@ Q_SIGNALS:
     void MenuWanted(const QPoint &globalPosition);
 
 private:
-    QBoxLayout *figures();
+    QLayout *figures();
     QWidget *trainSide();
     QWidget *stockSide(const Furnishing &furnishing);
     QBoxLayout *moveColumn(const Furnishing &furnishing);
-    QBoxLayout *actionRow();
+    QLayout *actionRow();
     QLineEdit *figureBox(const char *name, const QString &title);
     void connectLists();
     void orderTabs();
     void sortStock(int column);
+    void showConsistHeading();
+    void showStockOrder();
+    void followLayout(EditorLayout &layout);
 
     ConsistModel *m_consist;
     StockListModel *m_stock;
+    EditorLayout *m_layout;
     QLabel *m_consistHeading;
     QLabel *m_stockHeading;
+    bool m_changed = false;
 };
 
 } // namespace document

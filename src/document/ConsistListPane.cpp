@@ -31,9 +31,12 @@ ConsistListPane::ConsistListPane(QWidget *parent)
     });
 }
 
-void ConsistListPane::ShowNames(std::vector<std::string> names)
+void ConsistListPane::ShowNames(std::vector<std::string> names, bool atTop)
 {
     m_model->SetNames(std::move(names));
+    lvConsists->ResetOnlyColumn();
+    if (atTop)
+        lvConsists->scrollToTop();
 }
 
 std::vector<std::string> ConsistListPane::SelectedNames() const

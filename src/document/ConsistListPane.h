@@ -19,8 +19,9 @@ class ConsistListPane : public QWidget
 public:
     explicit ConsistListPane(QWidget *parent = nullptr);
 
-    void ShowNames(std::vector<std::string> names);
-    /// What the list tells as long as there are no names.
+    /// Replaces the names. The list keeps its place, or starts at its top.
+    void ShowNames(std::vector<std::string> names, bool atTop);
+    /// Sets the text that the list shows as long as it has no names.
     void ShowHint(const std::string &hint) { lvConsists->SetHint(QString::fromStdString(hint)); }
     const std::vector<std::string> &Names() const { return m_model->Names(); }
     int Count() const { return m_model->rowCount(); }

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "document/ConsistTree.h"
 
+#include "document/UnitCounter.h"
 #include "host/GameFiles.h"
-#include "host/Number.h"
+#include "host/Text.h"
 #include "install/modTS.h"
 
-#include <algorithm>
-#include <cmath>
 #include <limits>
-#include <optional>
+#include <utility>
 
 using host::ErrorNumber;
 using host::RuntimeError;
@@ -16,46 +15,9 @@ using host::RuntimeError;
 namespace document {
 namespace {
 
-constexpr const char *kCounter = "NextWagonUID";
-
-bool fits16Bits(double value)
+EditResult refusal(std::string why)
 {
-    return value >= std::numeric_limits<std::int16_t>::min() &&
-           value <= std::numeric_limits<std::int16_t>::max();
-}
-
-/// The counter of a consist, looked at before anything is changed.
-struct Counter
-{
-    StfNode node; ///< no object when the consist has none
-    int value = 0;
-    std::string message; ///< why it cannot be moved, "" when it can
-
-    void Write(int moved)
-    {
-        if (node)
-            node.SetParameter(0, std::to_string(moved));
-    }
-};
-
-Counter counterOf(const StfNode &trainCfg, int step)
-{
-    Counter counter;
-    counter.node = trainCfg.Child(kCounter);
-    if (!counter.node)
-        return counter;
-    const std::string text = stavfile::ValueAt(counter.node, 0);
-    const std::optional<double> value = host::NumberIn<double>(text);
-    const double whole = std::trunc(value.value_or(0)); // a fraction is cut
-    if (!value)
-        counter.message = "Nothing was changed: " + std::string(kCounter) + " is \"" + text +
-                          "\", which is no number.";
-    else if (!fits16Bits(whole) || !fits16Bits(whole + step))
-        counter.message = "Nothing was changed: " + std::string(kCounter) + " is " + text +
-                          ", and the new value would not fit into 16 bits.";
-    else
-        counter.value = static_cast<int>(whole);
-    return counter;
+    return {0, std::move(why), true};
 }
 
 ConsistRow rowOf(const StfNode &entry, std::int16_t position)
@@ -83,15 +45,18 @@ ConsistTree::ConsistTree(host::GameFiles &files)
 void ConsistTree::Load(const std::string &path)
 {
     m_file.SetFileName(path);
-    m_file.Load();
+    std::string bytes = m_files.ReadFile(path);
+    m_onDisk = host::FileState(path, bytes);
+    m_file.LoadBytes(std::move(bytes));
     m_changed = false;
     rebuildRows();
 }
 
-void ConsistTree::New()
+void ConsistTree::New(const std::string &path)
 {
     m_file.New();
     m_file.SetFileName({});
+    m_onDisk = host::FileState::Absent(path);
     modTS::NewDocumentTemplate(m_file, "con");
     m_changed = true;
     rebuildRows();
@@ -111,17 +76,17 @@ StfNode ConsistTree::trainCfg() const
     return cfg;
 }
 
-/// The rows up to the first entry that cannot be shown; that entry is the error.
 void ConsistTree::rebuildRows()
 {
     m_rows.clear();
+    m_whyRowsEnd.clear();
     const StfNode cfg = trainCfg();
     std::int16_t position = 0;
     try {
         while (cfg.FindChild(install::kUnitBlocks, position))
             m_rows.push_back(rowOf(cfg.Children().Item(position), position));
     } catch (const RuntimeError &error) {
-        throw RuntimeError(error.Code(), m_file.FileName() + ", " + error.Detail());
+        m_whyRowsEnd = m_file.FileName() + ", " + error.Detail();
     }
 }
 
@@ -159,12 +124,12 @@ EditResult ConsistTree::Edit(Move move, int selectedRow, const StockItem *stock)
         selectedRow = 0;
     EditResult result;
     try {
-        rebuildRows(); // what cannot be listed is not edited either
+        rebuildRows(); // throws when there is no train to edit
         result = perform(move, selectedRow, stock);
     } catch (const RuntimeError &error) {
-        result.message = error.what();
+        result = refusal(error.Detail().empty() ? error.Text() : error.Detail());
     }
-    if (!result.message.empty())
+    if (result.refused)
         result.selectedRow = selectedRow;
     return result;
 }
@@ -173,7 +138,7 @@ EditResult ConsistTree::perform(Move move, int row, const StockItem *stock)
 {
     switch (move) {
     case Move::Add:
-        return stock ? add(*stock) : EditResult{0, "No installed stock is selected."};
+        return stock ? add(*stock) : refusal("No installed stock is selected.");
     case Move::Remove:
         return remove(row);
     case Move::RemoveAll:
@@ -190,50 +155,52 @@ EditResult ConsistTree::perform(Move move, int row, const StockItem *stock)
 
 EditResult ConsistTree::add(const StockItem &stock)
 {
-    StfNode cfg = trainCfg();
-    Counter counter = counterOf(cfg, +1);
-    if (!counter.message.empty())
-        return {0, counter.message};
+    const StfNode cfg = trainCfg();
+    UnitCounter counter(cfg);
+    if (const std::string why = counter.WhyNoNext(); !why.empty())
+        return refusal("Nothing was changed: " + why);
     if (cfg.Children().Count() >= std::numeric_limits<std::int16_t>::max())
-        return {0, "Nothing was changed: the consist is full, its positions have 16 bits."};
-    counter.Write(counter.value + 1);
+        return refusal("Nothing was changed: the consist is full, its positions have 16 bits.");
 
     StfNode entry = modTS::AddNode(cfg.Children(), stock.type);
-    modTS::AddNode(entry.Children(), "UiD", {std::to_string(counter.value)});
+    modTS::AddNode(entry.Children(), "UiD", {std::to_string(counter.Take())});
     modTS::AddNode(entry.Children(), stock.type + "Data", {stock.shape, stock.folder});
     rebuildRows();
-    return {static_cast<int>(m_rows.size()), {}};
+    EditResult result{static_cast<int>(m_rows.size()), {}};
+    if (!m_whyRowsEnd.empty())
+        result.message = stock.shape +
+                         " was added at the end of the train, but is not shown: " + m_whyRowsEnd +
+                         '.';
+    return result;
 }
 
 EditResult ConsistTree::remove(int row)
 {
     if (row == 0)
         return {};
-    StfNode cfg = trainCfg();
-    Counter counter = counterOf(cfg, -1);
-    if (!counter.message.empty())
-        return {0, counter.message};
+    const StfNode cfg = trainCfg();
     cfg.Children().Remove(m_rows[static_cast<std::size_t>(row - 1)].position);
-    counter.Write(counter.value - 1);
+    std::string remark = UnitCounter(cfg).Subtract(1);
     rebuildRows();
     const int next = row > 1 ? row - 1 : row;
-    return {next <= static_cast<int>(m_rows.size()) ? next : 0, {}};
+    return {next <= static_cast<int>(m_rows.size()) ? next : 0, std::move(remark)};
 }
 
+/// One step for the whole train, since rebuilding the rows after each unit takes long.
 EditResult ConsistTree::removeAll()
 {
-    // One step for the whole train: a press changes all or nothing, and long trains go at once.
-    StfNode cfg = trainCfg();
-    const int units = static_cast<int>(m_rows.size());
-    Counter counter = counterOf(cfg, -units);
-    if (units == 0 || !counter.message.empty())
-        return {0, units == 0 ? std::string() : counter.message};
+    if (m_rows.empty())
+        return {};
+    const StfNode cfg = trainCfg();
     StfNodes children = cfg.Children();
     for (auto row = m_rows.rbegin(); row != m_rows.rend(); ++row)
         children.Remove(row->position);
-    counter.Write(counter.value - units);
+    std::string remark = UnitCounter(cfg).Subtract(static_cast<int>(m_rows.size()));
     rebuildRows();
-    return {};
+    if (!m_whyRowsEnd.empty())
+        remark += (remark.empty() ? "" : "  ") +
+                  ("Only the units shown were removed: " + m_whyRowsEnd + '.');
+    return {0, std::move(remark)};
 }
 
 EditResult ConsistTree::forwards(int row)
@@ -287,9 +254,18 @@ EditResult ConsistTree::flip(int row)
 
 void ConsistTree::Save(const std::string &path)
 {
+    const std::string before = m_file.ToBytes(), nameBefore = m_file.FileName();
     m_file.SetFileName(path);
-    writeName(ConsistName(path));
-    m_file.Save();
+    try {
+        writeName(ConsistName(path));
+        const std::string bytes = m_file.ToBytes();
+        m_files.WriteFile(path, bytes);
+        m_onDisk = host::FileState(path, bytes);
+    } catch (...) {
+        m_file.SetFileName(nameBefore);
+        m_file.LoadBytes(before);
+        throw;
+    }
     m_changed = false;
 }
 

@@ -37,6 +37,8 @@ public:
     virtual void SaveDocument(bool quiet) = 0;
     /// Opens a window with a text to read; its caption is "Properties of " and the title.
     virtual void ShowTextWindow(const std::string &title, const std::string &text) = 0;
+    /// Opens a file or folder with the program that the desktop has for it, or says why not.
+    virtual void OpenOutside(const std::string &path) = 0;
     /// Text of the first panel of the status bar.
     virtual void SetStatus(const std::string &text) = 0;
     /// Shows how far a long command is, 0 to `total`; total 0 takes the bar away.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/Dialogs.h"
+#include "host/RuntimeError.h"
 
 #include <exception>
 #include <string>
@@ -17,7 +18,7 @@ bool Guarded(host::Dialogs &dialogs, const std::string &title, Command &&command
         command();
         return true;
     } catch (const std::exception &failure) {
-        dialogs.Message(failure.what(), title, host::DialogIcon::Critical);
+        dialogs.Message(host::Explained(failure), title, host::DialogIcon::Critical);
         return false;
     }
 }

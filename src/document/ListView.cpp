@@ -68,8 +68,10 @@ ListView::ListView(const char *name, const QString &title, QWidget *parent)
     header()->setMinimumSectionSize(40);
     setItemDelegate(new RowDelegate(this));
     connect(header(), &QHeaderView::sectionResized, this, [this] {
-        if (!m_sharing)
-            m_sizedByUser = true;
+        if (m_sharing)
+            return;
+        m_sizedByUser = true;
+        Q_EMIT ColumnSized();
     });
 }
 
@@ -109,10 +111,38 @@ void ListView::SelectRow(int row)
     scrollTo(index);
 }
 
+void ListView::ResetOnlyColumn()
+{
+    if (header()->count() == 1)
+        shareWidth();
+}
+
 void ListView::FitFirstColumn(const QString &widest)
 {
     m_firstWidth = fontMetrics().horizontalAdvance(widest) + 16;
     shareWidth();
+}
+
+void ListView::SizeColumns(const std::vector<int> &widths)
+{
+    constexpr int widest = 10000; // far beyond any screen
+    const bool useful = std::all_of(widths.begin(), widths.end(), [this](int width) {
+        return width >= header()->minimumSectionSize() && width <= widest;
+    });
+    if (!useful || static_cast<int>(widths.size()) != header()->count())
+        return;
+    const QScopedValueRollback<bool> sharing(m_sharing, true);
+    for (int column = 0; column < header()->count(); ++column)
+        header()->resizeSection(column, widths[static_cast<std::size_t>(column)]);
+    m_sizedByUser = true;
+}
+
+std::vector<int> ListView::ColumnWidths() const
+{
+    std::vector<int> widths;
+    for (int column = 0; column < header()->count(); ++column)
+        widths.push_back(header()->sectionSize(column));
+    return widths;
 }
 
 void ListView::keyboardSearch(const QString &search)
@@ -173,6 +203,13 @@ void ListView::mouseReleaseEvent(QMouseEvent *event)
         Q_EMIT MenuWanted(event->globalPosition().toPoint());
 }
 
+/// The base class opens rows with every button.
+void ListView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        QTreeView::mouseDoubleClickEvent(event);
+}
+
 void ListView::contextMenuEvent(QContextMenuEvent *event)
 {
     // The mouse is served when its button is released, whatever the desktop's own habit.
@@ -209,7 +246,7 @@ void ListView::paintEvent(QPaintEvent *event)
 void ListView::shareWidth()
 {
     const int columns = header()->count();
-    if (m_sizedByUser || columns == 0)
+    if (columns == 0 || (m_sizedByUser && columns > 1))
         return;
     const QScopedValueRollback<bool> sharing(m_sharing, true);
     int left = viewport()->width();

@@ -7,8 +7,9 @@
 
 namespace document {
 
-/// A list in report style: whole rows, no tree lines, rows of one height, columns that share the
-/// list's width until the user drags one. Typing searches in the search column.
+/// A list in report style: whole rows, no tree lines, rows of one height. Columns share the list's
+/// width until the user drags one; an only column always follows it. Typing searches in the search
+/// column.
 class ListView : public QTreeView
 {
     Q_OBJECT
@@ -25,10 +26,17 @@ public:
     /// Selects this row alone and scrolls to it; -1 selects nothing.
     void SelectRow(int row);
 
+    /// Gives an only column the list's width again.
+    void ResetOnlyColumn();
     void SetSearchColumn(int column) { m_searchColumn = column; }
     /// Makes the first column just wide enough for this text; the others share the rest. Without
     /// it all columns share alike.
     void FitFirstColumn(const QString &widest);
+
+    /// Gives the columns these widths, as if the user had sized them. Does nothing unless there is
+    /// a useful width for each column.
+    void SizeColumns(const std::vector<int> &widths);
+    std::vector<int> ColumnWidths() const;
 
     /// A text for the user that stands in the list as long as it is empty.
     void SetHint(const QString &hint);
@@ -40,6 +48,8 @@ public:
 
 Q_SIGNALS:
     void Focused();
+    /// The user has sized a column.
+    void ColumnSized();
     void ReturnPressed(Qt::KeyboardModifiers modifiers);
     void InsertPressed();
     void DeletePressed(Qt::KeyboardModifiers modifiers);
@@ -53,6 +63,7 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

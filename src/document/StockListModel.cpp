@@ -43,6 +43,12 @@ void StockListModel::Append(std::vector<StockItem> items)
     endInsertRows();
 }
 
+void StockListModel::SetOrder(const StockOrder &order)
+{
+    m_order = order;
+    Resort();
+}
+
 void StockListModel::ClickHeader(int column)
 {
     m_order.Click(column);

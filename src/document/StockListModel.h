@@ -27,6 +27,8 @@ public:
     void Append(std::vector<StockItem> items);
 
     const StockOrder &Order() const { return m_order; }
+    /// Sorts by this order; column -1 keeps the rows as they are.
+    void SetOrder(const StockOrder &order);
     /// Sorts by a column, or turns the order round when it is sorted by that column already.
     void ClickHeader(int column);
     /// Brings rows that were appended meanwhile into the order.

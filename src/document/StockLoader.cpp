@@ -3,6 +3,7 @@
 
 #include "document/DocumentHost.h"
 #include "document/StockListModel.h"
+#include "host/Text.h"
 
 #include <iterator>
 
@@ -110,10 +111,11 @@ void StockLoader::finish(bool stopped)
     m_host.SetProgress(0, 0);
     for (const std::string &folder : closed)
         m_host.WriteLog("Could not read " + folder);
-    const std::string items = std::to_string(m_model.rowCount()) + " items" + without(closed);
+    const auto rows = static_cast<std::size_t>(m_model.rowCount());
+    const std::string items = host::Counted(rows, "item", "items") + without(closed);
     Q_EMIT Finished(stopped, stopped ? "Loading installed stock list stopped after " +
-                                           std::to_string(done) + " of " + std::to_string(total) +
-                                           " folders: " + items
+                                           std::to_string(done) + " of " +
+                                           host::Counted(total, "folder", "folders") + ": " + items
                                      : "Installed stock list loaded: " + items);
 }
 

@@ -6,8 +6,10 @@
 #include "document/ConsistListPane.h"
 #include "document/DocumentHost.h"
 #include "document/Guard.h"
+#include "document/SaveQuestions.h"
 #include "document/StockLoader.h"
 #include "host/GameFiles.h"
+#include "host/Text.h"
 #include "install/Installation.h"
 #include "viewer/ViewerPane.h"
 
@@ -92,7 +94,7 @@ void frmDocument::makeEditorPane()
     scroller->setWidget(m_editor);
     scroller->setFocusProxy(m_editor);
     setWidget(scroller);
-    setMinimumSize(240, 140);
+    setMinimumSize(200, 120);
     m_loader = new document::StockLoader(m_host, m_editor->Stock(), this);
     connectEditor();
 }
@@ -104,9 +106,9 @@ void frmDocument::connectEditor()
     connect(m_editor, &Pane::ActionPressed, this, &frmDocument::ActionClick);
     connect(m_editor, &Pane::MenuWanted, this,
             [this](const QPoint &at) { m_furnishing.popUpStockMenu(at); });
-    connect(m_editor->lvConsist, &ListView::Focused, this,
-            [this] { m_consistIsActiveList = true; });
-    connect(m_editor->lvStock, &ListView::Focused, this, [this] { m_consistIsActiveList = false; });
+    connect(this, &QMdiSubWindow::windowStateChanged, this, &frmDocument::focusWhenRestored);
+    connect(m_editor->lvConsist, &ListView::Focused, this, [this] { enterList(true); });
+    connect(m_editor->lvStock, &ListView::Focused, this, [this] { enterList(false); });
     connect(m_editor->lvStock, &ListView::LeftPressed, this, &frmDocument::beginDrag);
     connect(m_editor->lvStock, &ListView::LeftReleased, this, &frmDocument::endDrag);
     connect(m_loader, &document::StockLoader::Progressed, this,
@@ -141,11 +143,14 @@ void frmDocument::loadList()
 {
     SetCaption(document::ConsistListCaption(m_windowNumber, m_filter));
     m_list->ShowHint(document::EmptyListHint(m_host.Installation(), m_host.Files(), m_filter));
-    m_list->ShowNames(document::ListConsists(m_host.Installation(), m_host.Files(), m_filter));
+    m_list->ShowNames(document::ListConsists(m_host.Installation(), m_host.Files(), m_filter),
+                      m_filter != m_listedFilter);
+    m_listedFilter = m_filter;
     const std::string folder = m_host.Installation().PathOf(document::kConsists);
-    m_host.SetStatus(m_host.Files().IsClosed(folder)
-                         ? folder + " cannot be read"
-                         : std::to_string(m_list->Count()) + " consists");
+    m_host.SetStatus(
+        m_host.Files().IsClosed(folder)
+            ? folder + " cannot be read"
+            : host::Counted(static_cast<std::size_t>(m_list->Count()), "consist", "consists"));
 }
 
 void frmDocument::loadEditor()
@@ -153,19 +158,11 @@ void frmDocument::loadEditor()
     const bool dropsChanges = Changed() && m_editor->isVisible();
     m_note.clear();
     if (!m_fileName.empty() && m_host.Files().FileExists(m_fileName)) {
-        try {
-            m_consist.Load(m_fileName);
-        } catch (...) {
-            m_editor->ShowConsist(m_consist);
-            m_editor->ShowChanged(m_consist.Changed());
-            throw;
-        }
-        m_editor->ShowConsist(m_consist);
-        showTitle();
+        loadConsist();
         if (dropsChanges)
             m_note = m_fileName + " was read again; unsaved changes were dropped.";
     } else {
-        m_consist.New();
+        m_consist.New(m_fileName);
         m_editor->ShowConsist(m_consist);
         if (!m_fileName.empty())
             m_note = m_fileName + " does not exist yet: it is made when you save.";
@@ -174,6 +171,30 @@ void frmDocument::loadEditor()
     if (!m_note.empty())
         m_host.SetStatus(m_note);
     loadStock();
+    tellWhyRowsEnd();
+}
+
+void frmDocument::loadConsist()
+{
+    try {
+        m_consist.Load(m_fileName);
+    } catch (...) {
+        m_editor->ShowConsist(m_consist);
+        m_editor->ShowChanged(m_consist.Changed());
+        throw;
+    }
+    m_editor->ShowConsist(m_consist);
+    showTitle();
+}
+
+void frmDocument::tellWhyRowsEnd()
+{
+    if (m_consist.WhyRowsEnd().empty())
+        return;
+    m_host.Dialogs().Message(m_consist.WhyRowsEnd() +
+                                 ".\n\nThis unit and all units behind it are not shown.  Saving "
+                                 "keeps them as they are.",
+                             "Open File", host::DialogIcon::Information);
 }
 
 void frmDocument::loadStock()
@@ -188,16 +209,71 @@ void frmDocument::loadStock()
 
 void frmDocument::ReloadAllStock()
 {
+    m_note.clear();
+    reloadStock();
+}
+
+/// The note about the file just read is shown again when the stock is loaded.
+void frmDocument::reloadStock()
+{
     if (!m_editor)
         return;
     m_stockLoaded = false;
-    m_note.clear();
     loadStock();
 }
 
+void frmDocument::RefreshForm()
+{
+    if (!m_editor || m_host.Files().FileExists(m_fileName))
+        LoadForm();
+    else
+        keepConsist();
+    reloadStock();
+}
+
+/// What the window shows may be the only copy that is left.
+void frmDocument::keepConsist()
+{
+    if (m_fileName.empty()) {
+        m_note = "There is no file to read again: the consist stays as it is.";
+    } else {
+        m_note = m_fileName + " does not exist: the consist stays as it is, not saved.";
+        MarkChanged();
+    }
+    m_host.SetStatus(m_note);
+}
+
+void frmDocument::MarkChanged()
+{
+    if (!m_editor)
+        return;
+    m_consist.SetChanged(true);
+    m_editor->ShowChanged(true);
+}
+
+void frmDocument::ShowSavedElsewhere(const std::string &path)
+{
+    if (!m_editor || m_fileName.empty() || !m_consist.ChangedOnDisk(path))
+        return;
+    if (Changed())
+        m_host.SetStatus(path + " was saved in one window and has unsaved changes in another.");
+    else
+        Guarded(m_host.Dialogs(), "Open File", [this] { readAgain(); });
+}
+
+void frmDocument::readAgain()
+{
+    m_consist.Load(m_fileName);
+    m_editor->ShowConsistAgain(m_consist);
+    m_editor->ShowChanged(m_consist.Changed());
+    showTitle();
+}
+
+/// A new consist has no title before it is saved: its window keeps the caption that it has.
 void frmDocument::showTitle()
 {
-    SetCaption("Consist - " + m_consist.Title());
+    if (const std::string title = m_consist.Title(); !title.empty())
+        SetCaption("Consist - " + title);
 }
 
 void frmDocument::editTrain(int index)
@@ -210,13 +286,13 @@ void frmDocument::editTrain(int index)
     m_editor->SelectConsistRow(result.selectedRow);
     showTitle();
     m_editor->lvConsist->setFocus();
-    m_consistIsActiveList = true;
-    if (!result.message.empty())
-        m_host.SetStatus(result.message);
+    enterList(true);
+    m_host.SetStatus(result.message);
 }
 
 void frmDocument::ActionClick(int index)
 {
+    m_host.SetStatus({});
     switch (index) {
     case 0:
         cancel();
@@ -241,6 +317,7 @@ void frmDocument::ActionClick(int index)
 void frmDocument::cancel()
 {
     if (Changed()) {
+        bringForward();
         const DialogAnswer answer = m_host.Dialogs().Message(
             "Consist has changed.  All changes will be lost if you do not save it.  Do you want to "
             "save it before closing the consist?",
@@ -257,32 +334,69 @@ void frmDocument::cancel()
 
 void frmDocument::apply()
 {
-    Guarded(m_host.Dialogs(), "Save Consist", [this] { SaveForm(false); });
+    if (m_fileName.empty())
+        saveByHost(false); // asks for a name
+    else
+        saveInPlace();
 }
 
 void frmDocument::saveAndClose()
 {
-    if (Guarded(m_host.Dialogs(), "Save Consist", [this] { SaveForm(false); }))
+    if (saveInPlace())
         close();
+}
+
+/// False when writing failed, or when the file was changed by somebody else and stays so.
+bool frmDocument::saveInPlace()
+{
+    if (m_consist.ChangedOnDisk(m_fileName) &&
+        !document::MayOverwriteChangedFile(m_fileName, m_host.Dialogs()))
+        return false;
+    return Guarded(m_host.Dialogs(), "Save Consist", [this] { SaveForm(false); });
 }
 
 void frmDocument::SaveForm(bool quiet)
 {
-    if (!m_editor)
+    if (!m_editor || m_fileName.empty())
         return;
-    if (m_fileName.empty()) {
-        m_host.SetStatus("This consist has no file name yet: choose File > Save As.");
-        return;
-    }
     if (m_savingCopy) {
         m_consist.SaveCopy(m_fileName);
         return;
     }
     m_consist.Save(m_fileName);
+    m_note.clear();
     if (!quiet)
         m_host.Dialogs().Message(m_fileName + " saved", "Save Consist",
                                  host::DialogIcon::Information);
     m_editor->ShowChanged(m_consist.Changed());
+    Q_EMIT Saved(m_fileName);
+}
+
+/// Minimising hides the list that has the focus, and so takes it away.
+void frmDocument::focusWhenRestored(Qt::WindowStates before, Qt::WindowStates now)
+{
+    if (!before.testFlag(Qt::WindowMinimized) || now.testFlag(Qt::WindowMinimized))
+        return;
+    const auto focusActiveList = [this] {
+        if (mdiArea() && mdiArea()->activeSubWindow() == this)
+            m_editor->setFocus();
+    };
+    // The window is not active yet, and its controls are not visible.
+    QMetaObject::invokeMethod(m_editor, focusActiveList, Qt::QueuedConnection);
+}
+
+/// The window gives the focus to this list when the user returns to it.
+void frmDocument::enterList(bool consist)
+{
+    m_consistIsActiveList = consist;
+    m_editor->setFocusProxy(consist ? m_editor->lvConsist : m_editor->lvStock);
+}
+
+void frmDocument::Remark(const std::string &remark)
+{
+    m_note += (m_note.empty() ? "" : "  ") + remark;
+    *m_viewRemark = "  " + remark;
+    m_host.SetStatus(remark);
 }
 
 std::vector<std::string> frmDocument::SelectedConsists() const
@@ -302,6 +416,7 @@ std::vector<std::string> frmDocument::ShownConsists() const
 
 void frmDocument::EditConsist(const std::string &name)
 {
+    m_host.SetStatus({});
     m_host.OpenDocumentWindow(m_host.Installation().ConsistPath(name), kEditorMode,
                               "Consist - " + name, {});
 }
@@ -320,6 +435,15 @@ bool frmDocument::saveByHost(bool quiet)
     return !Changed();
 }
 
+/// Brings the window in front of the others, for a question about it.
+void frmDocument::bringForward()
+{
+    if (isMinimized())
+        showNormal();
+    if (mdiArea())
+        mdiArea()->setActiveSubWindow(this);
+}
+
 bool frmDocument::QueryUnload()
 {
     if (m_unloadAllowed || !Changed())
@@ -327,6 +451,7 @@ bool frmDocument::QueryUnload()
     if (m_asking)
         return false;
     const QScopedValueRollback<bool> asking(m_asking, true);
+    bringForward();
     const DialogAnswer answer = m_host.Dialogs().Message(
         "Consist has changed.  All changes will be lost if you do not save it.  Do you want to "
         "save it before closing?",
@@ -343,6 +468,8 @@ void frmDocument::closeEvent(QCloseEvent *event)
         return;
     }
     m_unloadAllowed = true;
+    Q_EMIT Closing();
+    m_host.SetStatus({}); // it may tell of this window
     QMdiSubWindow::closeEvent(event);
 }
 

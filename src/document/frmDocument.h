@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QMdiSubWindow>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -56,8 +57,16 @@ public:
     void SaveForm(bool quiet);
     /// Throws what SaveForm would throw for a document that cannot be written at all.
     void CheckForm() const { m_consist.CheckSavable(); }
+    /// Editor: marks the consist as changed.
+    void MarkChanged();
+    /// Editor: another window has saved this file. If it is the file of this window, an unchanged
+    /// consist is read again, and a changed one is reported in the status bar.
+    void ShowSavedElsewhere(const std::string &path);
     /// Fills the window according to its mode; reads the file anew.
     void LoadForm();
+    /// Calls LoadForm and, in an editor, ReloadAllStock. An editor whose file is gone keeps its
+    /// consist, as changed.
+    void RefreshForm();
     /// Editor: reads the installed stock anew, by the filter.
     void ReloadAllStock();
     /// 3D: back to the first view.
@@ -90,9 +99,15 @@ public:
     void AllowUnload() { m_unloadAllowed = true; }
     /// Ends a running scan of the installed stock or a loading in 3D; what was found stays.
     void StopWork();
+    /// Shows a remark in the status bar, now and with the outcome of the loading under way.
+    void Remark(const std::string &remark);
 
 Q_SIGNALS:
     void CaptionChanged();
+    /// Editor: the consist was written to this file.
+    void Saved(const std::string &path);
+    /// The window is about to close, and nothing can stop it.
+    void Closing();
     /// The window goes: the last moment in which it may still be used.
     void Unloading();
 
@@ -105,12 +120,19 @@ private:
     void connectEditor();
     void loadList();
     void loadEditor();
+    void loadConsist();
+    void tellWhyRowsEnd();
     void loadStock();
+    void reloadStock();
+    void keepConsist();
+    void readAgain();
     void showTitle();
     void editTrain(int index);
+    void bringForward();
     void cancel();
     void apply();
     void saveAndClose();
+    bool saveInPlace();
     bool saveByHost(bool quiet);
 
     // frmDocumentViews.cpp
@@ -122,6 +144,8 @@ private:
     void viewConsists(const std::vector<std::string> &names);
     void showListProperties();
 
+    void enterList(bool consist);
+    void focusWhenRestored(Qt::WindowStates before, Qt::WindowStates now);
     void beginDrag();
     void endDrag();
 
@@ -142,5 +166,8 @@ private:
     bool m_savingCopy = false; ///< the main window saves the scratch copy, not the document
     bool m_unloadAllowed = false;
     std::string m_note; ///< about the file just loaded, for the status bar
-    int m_dragRow = -1; ///< row of lvStock on which a left-button press began, -1 for none
+    /// Goes with the status texts while a 3D view loads. The pane outlives this part of the window.
+    std::shared_ptr<std::string> m_viewRemark = std::make_shared<std::string>();
+    std::string m_listedFilter; ///< the filter of the names shown in lvConsists
+    int m_dragRow = -1;         ///< row of lvStock on which a left-button press began, -1 for none
 };

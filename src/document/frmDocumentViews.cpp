@@ -39,9 +39,14 @@ void frmDocument::makeViewerPane()
     const viewer::Services services{m_host.Files(), m_host.Dialogs(), m_host.Shapes()};
     // The pane outlives this part of the window, and reports when it goes.
     document::DocumentHost &host = m_host;
-    m_viewer = new viewer::ViewerPane(
-        {services, [&host](const std::string &text) { host.SetStatus(text); },
-         [&host](int done, int total) { host.SetProgress(done, total); }});
+    m_viewer =
+        new viewer::ViewerPane({services,
+                                [&host, remark = m_viewRemark](const std::string &text) {
+                                    host.SetStatus(text + *remark);
+                                },
+                                [&host](int done, int total) { host.SetProgress(done, total); },
+                                [&host](const std::string &path) { host.OpenOutside(path); }});
+    connect(m_viewer, &viewer::ViewerPane::Loaded, this, [this] { m_viewRemark->clear(); });
     setWidget(m_viewer);
     setMinimumSize(200, 160);
 }
@@ -64,7 +69,9 @@ void frmDocument::loadView()
         m_viewer->RenderLooseConsist(m_node, folder, m_fileName);
     else
         m_viewer->RenderConsist(m_fileName, folder);
-    SetCaption(m_viewer->Caption());
+    // The opener's caption says more; refreshing must not change it.
+    if (Caption().empty())
+        SetCaption(m_viewer->Caption());
 }
 
 void frmDocument::viewConsists(const std::vector<std::string> &names)
@@ -75,6 +82,7 @@ void frmDocument::viewConsists(const std::vector<std::string> &names)
 
 void frmDocument::ViewConsist(const std::string &name)
 {
+    m_host.SetStatus({});
     m_host.OpenDocumentWindow(m_host.Installation().ConsistPath(name), kConsistViewMode,
                               "Consist - " + name, {});
 }

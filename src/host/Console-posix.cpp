@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/Console.h"
 
+#include "host/CommandLine.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <system_error>
@@ -14,13 +16,18 @@ std::vector<std::string> Arguments(int argc, char **argv)
     return {argv + (argc > 0 ? 1 : 0), argv + argc};
 }
 
-std::optional<std::string> WriteTo(Stream stream, std::string_view text)
+std::string CommandLine(int argc, char **argv)
+{
+    return JoinArguments(Arguments(argc, argv));
+}
+
+std::optional<WriteFailure> WriteTo(Stream stream, std::string_view text)
 {
     std::FILE *const file = stream == Stream::Output ? stdout : stderr;
     errno = 0;
     if (std::fwrite(text.data(), 1, text.size(), file) == text.size() && std::fflush(file) == 0)
         return std::nullopt;
-    return std::generic_category().message(errno);
+    return WriteFailure{std::generic_category().message(errno), errno == EPIPE};
 }
 
 bool IsTerminal(Stream stream)

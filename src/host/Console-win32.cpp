@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/Console.h"
 
+#include "host/CommandLine.h"
 #include "host/Disk-win32.h"
 #include "host/Windows-win32.h"
 
@@ -30,12 +31,13 @@ HANDLE handleOf(Stream stream)
     return handle ? handle : consoleOfStarter();
 }
 
-std::optional<std::string> failed(DWORD error)
+WriteFailure failed(DWORD error)
 {
-    return disk::FailureOf(error, ErrorNumber::PathNotFound).reason;
+    const bool readerGone = error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA;
+    return {disk::FailureOf(error, ErrorNumber::PathNotFound).reason, readerGone};
 }
 
-std::optional<std::string> writeCharacters(HANDLE console, std::wstring_view text)
+std::optional<WriteFailure> writeCharacters(HANDLE console, std::wstring_view text)
 {
     constexpr std::size_t kAtOnce = 8192; // older consoles refuse much more
     while (!text.empty()) {
@@ -48,7 +50,7 @@ std::optional<std::string> writeCharacters(HANDLE console, std::wstring_view tex
     return std::nullopt;
 }
 
-std::optional<std::string> writeBytes(HANDLE file, std::string_view text)
+std::optional<WriteFailure> writeBytes(HANDLE file, std::string_view text)
 {
     constexpr std::size_t kAtOnce = 1u << 26;
     while (!text.empty()) {
@@ -76,7 +78,12 @@ std::vector<std::string> Arguments(int, char **)
     return arguments;
 }
 
-std::optional<std::string> WriteTo(Stream stream, std::string_view text)
+std::string CommandLine(int, char **)
+{
+    return std::string(AfterProgramName(disk::Narrow(GetCommandLineW())));
+}
+
+std::optional<WriteFailure> WriteTo(Stream stream, std::string_view text)
 {
     const HANDLE handle = handleOf(stream);
     DWORD mode = 0;

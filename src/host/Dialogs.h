@@ -18,6 +18,7 @@ enum class DialogButtons
 {
     Ok,
     YesNo,
+    YesNoDefaultNo, ///< Return alone answers No: for what cannot be undone
     YesNoCancel
 };
 enum class DialogAnswer
@@ -37,15 +38,16 @@ struct FileDialogRequest
     std::string folder;      ///< where it opens; "" for the dialog's own choice
 };
 
-/// Everything that stops a command to ask or tell the user something. Qt in the program, scripted
-/// in tests, silent with a log in zelkctl.
+/// All modal interaction with the user: messages, prompts, file dialogs. Qt in the program,
+/// scripted in tests, silent with a log in zelkctl.
 class Dialogs
 {
 public:
     virtual ~Dialogs() = default;
 
-    /// A message box. With one button the answer is Ok; closing a box with Yes, No and Cancel is
-    /// Cancel, closing one with Yes and No is No.
+    /// A message box. A box that is closed without a button (Esc) answers Cancel, or No if it has
+    /// Yes and No alone. So a box with one button answers Ok only when the button was pressed.
+    /// The first button is the default, except where DialogButtons says otherwise.
     virtual DialogAnswer Message(const std::string &text, const std::string &title, DialogIcon icon,
                                  DialogButtons buttons = DialogButtons::Ok) = 0;
     /// An input box; nothing when it was cancelled.

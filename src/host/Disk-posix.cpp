@@ -99,6 +99,8 @@ Failure FailureOf(int error, ErrorNumber whenMissing)
     case EPERM:
     case EROFS:
         return {ErrorNumber::PermissionDenied, reason};
+    case ENAMETOOLONG:
+        return {ErrorNumber::PathFileAccess, kNameTooLong};
     default:
         return {ErrorNumber::PathFileAccess, reason};
     }

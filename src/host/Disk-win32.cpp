@@ -172,6 +172,14 @@ bool isNameOfDevice(std::string_view name)
     return base == "CON" || base == "PRN" || base == "AUX" || base == "NUL";
 }
 
+constexpr const char *kNameOfDevice = "Windows keeps the name for a device: choose another one";
+
+bool isTooLong(std::string_view name)
+{
+    constexpr std::size_t kLongestName = 255; // in UTF-16 code units
+    return Wide(name).size() > kLongestName;
+}
+
 /// The position after the next separator, or the end.
 std::size_t afterStep(std::string_view path, std::size_t from)
 {
@@ -254,7 +262,6 @@ Failure FailureOf(unsigned long error, ErrorNumber whenMissing)
 
 std::optional<Failure> WhyNoName(std::string_view path)
 {
-    constexpr std::size_t kLongestName = 255; // in UTF-16 code units
     const std::string_view name = path::FileName(path);
     const std::wstring system = SystemPath(path);
     const auto refused = [](const char *reason) {
@@ -263,11 +270,11 @@ std::optional<Failure> WhyNoName(std::string_view path)
     if (system.empty() || name.empty())
         return refused("the name has a character that Windows does not allow in names");
     if (IsDevice(system) || isNameOfDevice(name))
-        return refused("Windows keeps the name for a device");
+        return refused(kNameOfDevice);
     if (name.back() == ' ' || name.back() == '.')
         return refused("a name that ends in a blank or a dot cannot be kept by Windows");
-    if (Wide(name).size() > kLongestName)
-        return refused("File name too long");
+    if (isTooLong(name))
+        return refused(kNameTooLong);
     return std::nullopt;
 }
 
@@ -332,8 +339,14 @@ std::optional<Listing> List(const std::string &folder)
 
 Failure WhyAbsent(const std::string &path)
 {
+    const std::wstring system = SystemPath(path);
+    const std::string_view name = path::FileName(path);
+    if (IsDevice(system) || isNameOfDevice(name))
+        return {ErrorNumber::PathFileAccess, kNameOfDevice};
+    if (isTooLong(name))
+        return {ErrorNumber::PathFileAccess, kNameTooLong};
     DWORD attributes = 0;
-    const DWORD error = attributesOf(SystemPath(path), attributes);
+    const DWORD error = attributesOf(system, attributes);
     if (error == ERROR_SUCCESS || isMissing(error))
         return {ErrorNumber::PathNotFound, "there is no such folder"};
     return FailureOf(error, ErrorNumber::PathNotFound);

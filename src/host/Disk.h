@@ -32,6 +32,9 @@ struct Failure
     std::string reason;
 };
 
+/// The reason of a failure, the same on every system.
+inline constexpr const char *kNameTooLong = "the name is too long: choose a shorter one";
+
 /// What changes when something in a folder (or a file itself) changes.
 struct Stamp
 {
@@ -67,7 +70,8 @@ std::int64_t Now();
 
 /// The names in a folder, or nothing when it cannot be read. Costs no look-up for each name.
 std::optional<Listing> List(const std::string &folder);
-/// Why a path cannot be reached: 70 when a folder on the way refuses, else 76.
+/// Why a path cannot be reached: 70 when a folder on the way refuses, 75 when no file can have its
+/// name or the system fails, else 76.
 Failure WhyAbsent(const std::string &path);
 
 /// The whole content of a file; error 5 above `limit` bytes.

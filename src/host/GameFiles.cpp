@@ -21,7 +21,9 @@ namespace {
 {
     const std::optional<GamePath> steps = GamePath::Of(path);
     if (!steps)
-        throw RuntimeError(ErrorNumber::PathNotFound, "\"" + std::string(path) + "\" is no path");
+        throw RuntimeError(ErrorNumber::PathNotFound,
+                           path.empty() ? "no file name is given"
+                                        : "\"" + std::string(path) + "\" is not a path");
     fail(disk::WhyAbsent(steps->text), path);
 }
 
@@ -54,7 +56,7 @@ std::string GameFiles::existing(std::string_view path)
     if (!target)
         failWithoutFolder(path);
     const disk::Failure why = disk::WhyAbsent(path::FromDisk(*target));
-    if (why.number == ErrorNumber::PermissionDenied)
+    if (why.number != ErrorNumber::PathNotFound)
         fail(why, path);
     throw RuntimeError(ErrorNumber::FileNotFound, std::string(path) + ": there is no such file");
 }
@@ -87,6 +89,43 @@ std::optional<std::filesystem::path> GameFiles::FindFolder(std::string_view path
     if (folders.empty())
         return std::nullopt;
     return path::ToDisk(folders.front());
+}
+
+std::string GameFiles::spelledByListings(const GamePath &path)
+{
+    std::string spelled = path.root;
+    for (std::size_t i = 0; i < path.names.size(); ++i) {
+        const bool isLast = i + 1 == path.names.size();
+        std::vector<std::string> found =
+            m_listings->Matches(spelled, path.names[i], disk::Kind::Folder);
+        if (found.empty() && isLast)
+            found = m_listings->Matches(spelled, path.names[i], disk::Kind::File);
+        // Short names and the names in closed folders are not listed.
+        spelled = found.empty() ? Below(spelled, path.names[i]) : found.front();
+    }
+    return spelled;
+}
+
+std::optional<std::string> GameFiles::SpellingOf(std::string_view path)
+{
+    std::optional<std::filesystem::path> found = FindFile(path);
+    if (!found)
+        found = FindFolder(path);
+    if (!found)
+        return std::nullopt;
+    if (disk::kIgnoresCase)
+        return spelledByListings(*GamePath::Of(path));
+    return path::ToText(path::FromDisk(*found));
+}
+
+std::string GameFiles::TextOf(std::string_view bytes)
+{
+    std::string text = path::ToText(bytes);
+    if (text == bytes)
+        return text;
+    const auto file = FindFile(bytes), folder = FindFolder(bytes);
+    const bool isOther = file ? FindFile(text) != file : folder && FindFolder(text) != folder;
+    return isOther ? std::string(bytes) : text;
 }
 
 std::optional<std::filesystem::path> GameFiles::TargetOf(std::string_view path)

@@ -40,6 +40,16 @@ public:
     bool FileExists(std::string_view path) { return FindFile(path).has_value(); }
     bool FolderExists(std::string_view path) { return FindFolder(path).has_value(); }
 
+    /// The absolute path of an existing file or folder with every name spelled as on the disk, in
+    /// UTF-8; nothing when there is none. Links are not followed. On Windows too, where it costs a
+    /// listing for each folder of the path.
+    std::optional<std::string> SpellingOf(std::string_view path);
+
+    /// The text by which this object finds what the disk knows by these bytes (path::ToText). The
+    /// bytes themselves where that text finds something else: a name in an old encoding beside the
+    /// same name in UTF-8.
+    std::string TextOf(std::string_view bytes);
+
     /// Where a file of this path is, or would have to be written: the existing file of that name in
     /// any letter case, else the name as given in the resolved parent folder. Nothing when there is
     /// no parent folder.
@@ -56,8 +66,8 @@ public:
     bool IsClosed(std::string_view folder);
 
     /// The whole content of a file. RuntimeError 53 when there is no such file, 76 when there is no
-    /// such folder, 70 or 75 when it cannot be read, 5 when it is larger than `limit` bytes; the
-    /// detail names the path as given and the reason.
+    /// such folder, 70 or 75 when it cannot be read or no file can have this name, 5 when it is
+    /// larger than `limit` bytes; the detail names the path as given and the reason.
     std::string ReadFile(std::string_view path, std::uint64_t limit = kReadLimit);
 
     /// Writes a file whole or not at all: a temporary file beside the target, flushed, renamed over
@@ -84,6 +94,8 @@ private:
     std::string existing(std::string_view path);
     std::vector<std::string> list(std::string_view folder, std::string_view pattern,
                                   bool wantFolders);
+    /// `path`, which leads to something, with the names that listings show.
+    std::string spelledByListings(const GamePath &path);
 
     std::unique_ptr<Listings> m_listings;
 };
@@ -108,6 +120,9 @@ std::string Extension(std::string_view path);
 std::string BaseName(std::string_view path);
 /// Separators made the platform's own, "." and ".." worked off, for comparing two paths.
 std::string Normalise(std::string_view path);
+/// The text by which GameFiles knows a path whose names may be in an old encoding: a name that is
+/// not UTF-8 is read as Windows-1252, each name by itself.
+std::string ToText(std::string_view bytes);
 /// UTF-8 text of a path of the disk, and back (both ways exact on Linux).
 std::string FromDisk(const std::filesystem::path &path);
 std::filesystem::path ToDisk(std::string_view path);

@@ -138,6 +138,20 @@ std::string BaseName(std::string_view path)
     return std::string(name.substr(0, name.rfind('.')));
 }
 
+std::string ToText(std::string_view bytes)
+{
+    std::string text;
+    for (std::size_t at = 0; at < bytes.size();) {
+        const auto end = std::find_if(bytes.begin() + at, bytes.end(), IsSeparator);
+        const std::string_view name(bytes.begin() + at, end);
+        text += IsValidUtf8(name) ? std::string(name) : FromWindows1252(name);
+        at += name.size();
+        if (at < bytes.size())
+            text += bytes[at++];
+    }
+    return text;
+}
+
 std::string Normalise(std::string_view path)
 {
     const std::size_t rootLength = disk::RootLength(path);

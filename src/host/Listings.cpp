@@ -82,7 +82,7 @@ std::vector<std::string> GameFiles::Listings::Matches(const std::string &folder,
 std::pair<GameFiles::Listings::Place, GameFiles::Listings::Place>
 GameFiles::Listings::Named(const Folder &listing, const std::string &name)
 {
-    const std::string key = ToUpper(name);
+    const std::string key = ToUpper(IsValidUtf8(name) ? name : FromWindows1252(name));
     const auto first = std::lower_bound(listing.entries.begin(), listing.entries.end(), key,
                                         [](const Entry &left, const std::string &right) {
                                             return CompareCodeUnits(left.key, right) < 0;

@@ -39,7 +39,7 @@ int RunAndWait(const std::string &program, const std::vector<std::string> &argum
     PROCESS_INFORMATION process{};
     if (!CreateProcessW(name.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
                         &start, &process))
-        throw RuntimeError(ErrorNumber::FileNotFound, program);
+        throw RuntimeError(ErrorNumber::FileNotFound, program + ": it cannot be started");
     const disk::Handle thread(process.hThread), child(process.hProcess);
     DWORD code = 0;
     WaitForSingleObject(process.hProcess, INFINITE);

@@ -14,16 +14,22 @@ RegistrySettings::RegistrySettings(std::string_view key)
 {
 }
 
-std::optional<std::string> RegistrySettings::Read(std::string_view key)
+std::wstring RegistrySettings::keyOf(std::string_view section) const
 {
-    const std::wstring name = disk::Wide(key);
+    return m_key + L'\\' + disk::Wide(section);
+}
+
+std::optional<std::string> RegistrySettings::ReadFrom(std::string_view section,
+                                                      std::string_view key)
+{
+    const std::wstring folder = keyOf(section), name = disk::Wide(key);
     std::wstring text;
     LSTATUS status = ERROR_MORE_DATA;
     DWORD bytes = 512;
     while (status == ERROR_MORE_DATA) { // another program may store a longer text meanwhile
         text.resize(bytes / sizeof(wchar_t) + 1);
         bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
-        status = RegGetValueW(HKEY_CURRENT_USER, m_key.c_str(), name.c_str(), RRF_RT_REG_SZ,
+        status = RegGetValueW(HKEY_CURRENT_USER, folder.c_str(), name.c_str(), RRF_RT_REG_SZ,
                               nullptr, text.data(), &bytes);
     }
     if (status != ERROR_SUCCESS)
@@ -31,21 +37,22 @@ std::optional<std::string> RegistrySettings::Read(std::string_view key)
     return disk::Narrow(text.substr(0, text.find(L'\0')));
 }
 
-void RegistrySettings::Write(std::string_view key, std::string_view value)
+void RegistrySettings::WriteTo(std::string_view section, std::string_view key,
+                               std::string_view value)
 {
     std::string oneLine(value); // as everywhere that settings are stored
     std::replace_if(
         oneLine.begin(), oneLine.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
-    const std::wstring name = disk::Wide(key), text = disk::Wide(oneLine);
+    const std::wstring folder = keyOf(section), name = disk::Wide(key), text = disk::Wide(oneLine);
     const LSTATUS status =
-        RegSetKeyValueW(HKEY_CURRENT_USER, m_key.c_str(), name.c_str(), REG_SZ, text.c_str(),
+        RegSetKeyValueW(HKEY_CURRENT_USER, folder.c_str(), name.c_str(), REG_SZ, text.c_str(),
                         static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
     if (status == ERROR_SUCCESS)
         return;
     const disk::Failure failure =
         disk::FailureOf(static_cast<unsigned long>(status), ErrorNumber::PathNotFound);
     throw RuntimeError(failure.number,
-                       "HKEY_CURRENT_USER\\" + disk::Narrow(m_key) + ": " + failure.reason);
+                       "HKEY_CURRENT_USER\\" + disk::Narrow(folder) + ": " + failure.reason);
 }
 
 std::unique_ptr<SettingsStore> UserSettings()

@@ -7,15 +7,17 @@
 
 namespace host {
 
-/// Text values of a key of the user's registry hive.
+/// Text values below a key of the user's registry hive; each section is a key in it.
 class RegistrySettings : public SettingsStore
 {
 public:
-    explicit RegistrySettings(std::string_view key = "Software\\ZELK\\Settings");
-    std::optional<std::string> Read(std::string_view key) override;
-    void Write(std::string_view key, std::string_view value) override;
+    explicit RegistrySettings(std::string_view key = "Software\\ZELK");
+    std::optional<std::string> ReadFrom(std::string_view section, std::string_view key) override;
+    void WriteTo(std::string_view section, std::string_view key, std::string_view value) override;
 
 private:
+    std::wstring keyOf(std::string_view section) const;
+
     std::wstring m_key;
 };
 

@@ -32,15 +32,63 @@ const char *ClassicText(ErrorNumber number)
     return "Application-defined or object-defined error";
 }
 
+namespace {
+
+/// What is wrong when nothing more is known.
+const char *plainText(ErrorNumber number)
+{
+    switch (number) {
+    case ErrorNumber::Overflow:
+        return "A number is too large.";
+    case ErrorNumber::SubscriptOutOfRange:
+        return "An entry has fewer values than it needs.";
+    case ErrorNumber::TypeMismatch:
+        return "There is something else where a number is needed.";
+    case ErrorNumber::ObjectNotSet:
+        return "A block that is needed is missing.";
+    case ErrorNumber::PathFileAccess:
+        return "A file or folder cannot be used.";
+    default:
+        return ClassicText(number);
+    }
+}
+
+/// What the user can do, or "" when the reason must speak for itself.
+const char *adviceFor(ErrorNumber number)
+{
+    switch (number) {
+    case ErrorNumber::FileNotFound:
+        return "Was it moved, renamed or deleted? F5 reads the lists again.";
+    case ErrorNumber::PathNotFound:
+        return "Check the path, and the location under File > Set MSTS Location.";
+    case ErrorNumber::PermissionDenied:
+        return "Check that the file is not read-only, that you may change the folder, and that no "
+               "other program has the file open.";
+    case ErrorNumber::SubscriptOutOfRange:
+    case ErrorNumber::TypeMismatch:
+    case ErrorNumber::ObjectNotSet:
+        return "The file is damaged or incomplete: install it again, or correct it in a text "
+               "editor that keeps UTF-16.";
+    default:
+        return "";
+    }
+}
+
+} // namespace
+
 RuntimeError::RuntimeError(ErrorNumber number, std::string detail)
     : m_number(number)
     , m_detail(std::move(detail))
-    , m_what(ClassicText(number))
+    , m_what(m_detail.empty() ? plainText(number) : m_detail)
 {
-    if (m_number == ErrorNumber::InvalidCall && !m_detail.empty())
-        m_what = m_detail;
-    else if (!m_detail.empty())
-        m_what += ": " + m_detail;
+}
+
+std::string Explained(const std::exception &error)
+{
+    std::string text = error.what();
+    const auto *const known = dynamic_cast<const RuntimeError *>(&error);
+    const std::string advice = known ? adviceFor(known->Code()) : "";
+    return advice.empty() ? text : text + "\n\n" + advice;
 }
 
 } // namespace host

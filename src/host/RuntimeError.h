@@ -29,17 +29,17 @@ const char *ClassicText(ErrorNumber number);
 class RuntimeError : public std::exception
 {
 public:
-    /// `detail` is what the user needs besides the classic text: the file, the line, what was
-    /// expected. It may be empty.
+    /// `detail` says all that the user needs to know: the file, the line, what is wrong there, as
+    /// "FILE, line 7: REASON". It may be empty.
     explicit RuntimeError(ErrorNumber number, std::string detail = {});
 
     int Number() const { return static_cast<int>(m_number); }
     ErrorNumber Code() const { return m_number; }
-    /// The classic text alone.
+    /// The classic text, for the places that show it: reports and the output of zelkctl.
     std::string Text() const { return ClassicText(m_number); }
     const std::string &Detail() const { return m_detail; }
-    /// "<classic text>: <detail>", or the classic text alone when there is no detail; for
-    /// InvalidCall the detail alone, which says what may not be done.
+    /// What is wrong, for the user: the detail, which begins with the file's name. Without a detail
+    /// a plain sentence for the number.
     const char *what() const noexcept override { return m_what.c_str(); }
 
 private:
@@ -47,5 +47,9 @@ private:
     std::string m_detail;
     std::string m_what;
 };
+
+/// The text of a message box: what is wrong, and on a line of its own what the user can do about
+/// it, where the kind of error tells.
+std::string Explained(const std::exception &error);
 
 } // namespace host

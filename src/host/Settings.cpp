@@ -14,7 +14,6 @@
 namespace host {
 namespace {
 
-constexpr std::string_view kSection = "Settings";
 constexpr std::uint64_t kSettingsLimit = 16u << 20; ///< far above anything that was ever stored
 
 [[noreturn]] void fail(const disk::Failure &failure, const std::string &file)
@@ -29,15 +28,15 @@ IniSettings::IniSettings()
 {
 }
 
-std::optional<std::string> IniSettings::Read(std::string_view key)
+std::optional<std::string> IniSettings::ReadFrom(std::string_view section, std::string_view key)
 {
     std::string text;
     if (disk::Read(m_file, kSettingsLimit, text))
         return std::nullopt;
-    return IniFile::FromText(text).Value(kSection, key);
+    return IniFile::FromText(text).Value(section, key);
 }
 
-void IniSettings::Write(std::string_view key, std::string_view value)
+void IniSettings::WriteTo(std::string_view section, std::string_view key, std::string_view value)
 {
     std::string text;
     const std::optional<disk::Failure> unread = disk::Read(m_file, kSettingsLimit, text);
@@ -47,7 +46,7 @@ void IniSettings::Write(std::string_view key, std::string_view value)
     if (const auto failure = disk::MakeFolders(std::string(path::FolderWithSeparator(m_file))))
         fail(*failure, m_file);
     IniFile ini = IniFile::FromText(text);
-    ini.SetValue(kSection, key, value);
+    ini.SetValue(section, key, value);
     if (const auto failure = disk::Replace(m_file, ini.ToText()))
         fail(*failure, m_file);
 }

@@ -9,15 +9,22 @@
 
 namespace host {
 
-/// The per-user store of settings: application "ZELK", section "Settings".
+/// The per-user store of settings: application "ZELK", keys in sections.
 class SettingsStore
 {
 public:
     virtual ~SettingsStore() = default;
     /// The stored text, or nothing when it is missing or cannot be read.
-    virtual std::optional<std::string> Read(std::string_view key) = 0;
+    virtual std::optional<std::string> ReadFrom(std::string_view section, std::string_view key) = 0;
     /// Stores a text. RuntimeError 70, 75 or 76 when the store cannot be written.
-    virtual void Write(std::string_view key, std::string_view value) = 0;
+    virtual void WriteTo(std::string_view section, std::string_view key,
+                         std::string_view value) = 0;
+
+    /// Read and write in the section "Settings".
+    std::optional<std::string> Read(std::string_view key) { return ReadFrom(kSettings, key); }
+    void Write(std::string_view key, std::string_view value) { WriteTo(kSettings, key, value); }
+
+    static constexpr std::string_view kSettings = "Settings";
 };
 
 /// $XDG_CONFIG_HOME/ZELK/ZELK.ini (~/.config where the variable is not set). Every Write replaces
@@ -30,8 +37,8 @@ public:
         : m_file(std::move(file))
     {
     }
-    std::optional<std::string> Read(std::string_view key) override;
-    void Write(std::string_view key, std::string_view value) override;
+    std::optional<std::string> ReadFrom(std::string_view section, std::string_view key) override;
+    void WriteTo(std::string_view section, std::string_view key, std::string_view value) override;
 
 private:
     std::string m_file;

@@ -241,6 +241,11 @@ std::string_view TrimBlanks(std::string_view text)
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+std::string Counted(std::size_t count, std::string_view one, std::string_view many)
+{
+    return std::to_string(count).append(1, ' ').append(count == 1 ? one : many);
+}
+
 std::vector<std::string> Split(std::string_view text, char separator)
 {
     std::vector<std::string> parts;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,6 +39,8 @@ void AppendUtf8(std::string &out, char32_t c);
 
 /// Without leading and trailing blanks (spaces only, as the command line is trimmed).
 std::string_view TrimBlanks(std::string_view text);
+/// "1 consist", "3 consists".
+std::string Counted(std::size_t count, std::string_view one, std::string_view many);
 /// Parts between separators; an empty text has no parts.
 std::vector<std::string> Split(std::string_view text, char separator);
 

@@ -4,6 +4,7 @@
 #include "host/GameFiles.h"
 #include "host/Text.h"
 #include "install/Registry.h"
+#include "install/TypedLocation.h"
 
 namespace install {
 namespace {
@@ -60,7 +61,9 @@ std::string Installation::ConsistPath(std::string_view name) const
 
 std::string ChosenLocation(std::string_view typed)
 {
-    return std::string(typed == Installation::RegisteredFolder() ? kRegisteredToken : typed);
+    const std::string folder = FolderTyped(typed), registered = Installation::RegisteredFolder();
+    const bool isRegistered = typed == registered || folder == FolderTyped(registered);
+    return isRegistered ? std::string(kRegisteredToken) : folder;
 }
 
 std::string FindShapeViewer()

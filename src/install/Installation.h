@@ -31,8 +31,8 @@ private:
 /// What stands for the registered folder wherever a location is stored or typed.
 inline constexpr std::string_view kRegisteredToken = "$MSTS";
 
-/// The location that the Set MSTS Location dialog hands over for the text in its box: the token
-/// when the text is exactly the registered folder, else the text.
+/// The location that is set when the user types or chooses a folder: the token when the folder is
+/// exactly the registered one, otherwise the folder (see FolderTyped in install/TypedLocation.h).
 std::string ChosenLocation(std::string_view typed);
 
 /// The full path of the separately installed shape viewer, or "".

@@ -5,6 +5,7 @@
 #include "host/GameFiles.h"
 #include "install/Installation.h"
 #include "install/NamedControls.h"
+#include "install/TypedLocation.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -60,7 +61,7 @@ void frmSetLoc::nameControls()
         {drvLocation, "drvLocation", "Drive", "Drive that holds the Train Simulator folder"},
         {dirLocation, "dirLocation", "Folders", "Choose the Train Simulator folder"},
         {txtLocation, "txtLocation", "Location", "Path of the Train Simulator folder"},
-        {lblHint, "lblHint", "", "Whether this looks like the Train Simulator folder"},
+        {lblHint, "lblHint", "", "What is wrong with the folder, if anything"},
         {cmdSetDefault, "cmdSetDefault", "Reset",
          "Back to the folder that Train Simulator registered"},
         {OKButton, "OKButton", "OK", "Use this folder"},
@@ -97,6 +98,11 @@ void frmSetLoc::arrangeControls()
     layout->addWidget(drvLocation);
     layout->addWidget(dirLocation, 1);
     layout->addWidget(txtLocation);
+    lblHint->setTextFormat(Qt::PlainText);
+    lblHint->setWordWrap(true);
+    lblHint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    lblHint->setMinimumHeight(2 * lblHint->fontMetrics().lineSpacing()); // of the longest hint
+    lblHint->setBuddy(txtLocation);
     layout->addWidget(lblHint);
     layout->addLayout(buttons);
     resize(420, 420);
@@ -164,16 +170,13 @@ void frmSetLoc::showChosenFolder(const QModelIndex &index)
     txtLocation->setText(QDir::toNativeSeparators(m_folders->filePath(index)));
 }
 
-/// Any folder may be chosen all the same: it may be filled later.
+/// Only a hint: any folder may be chosen, since it may be filled later.
 void frmSetLoc::showHint()
 {
-    const std::string folder = txtLocation->text().toStdString();
-    const auto holds = [&](const char *name) {
-        return m_files.FolderExists(host::path::Join(folder, name));
-    };
-    const bool found = !folder.empty() && holds("Trains") && holds("Routes");
-    lblHint->setText(found ? QStringLiteral("This folder holds Trains and Routes, as it should.")
-                           : QStringLiteral("Choose the folder that holds Trains and Routes."));
+    const QString hint =
+        QString::fromStdString(install::LocationHint(m_files, txtLocation->text().toStdString()));
+    lblHint->setText(hint);
+    txtLocation->setAccessibleDescription(QStringLiteral("txtLocation. ") + hint);
 }
 
 void frmSetLoc::takeLocation()

@@ -38,7 +38,7 @@ public:
     QPushButton *cmdSetDefault;
     QPushButton *OKButton;
     QPushButton *CancelButton;
-    QLabel *lblHint; ///< whether the folder in the text box looks like Train Simulator's
+    QLabel *lblHint; ///< what is wrong with the folder in the text box, if anything
 
 private:
     void nameControls();

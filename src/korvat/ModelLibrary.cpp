@@ -7,9 +7,11 @@
 #include "korvat/FindTexture.h"
 #include "korvat/Limits.h"
 #include "korvat/MakeModel.h"
+#include "korvat/Mipmaps.h"
 
 #include <array>
 #include <filesystem>
+#include <new>
 
 namespace korvat {
 namespace {
@@ -95,11 +97,14 @@ LoadedTexture ModelLibrary::LoadTexture(const std::string &shapeFolder,
         TextureFile file = ReadTexture(m_files.ReadFile(*path, kMaxTextureBytes));
         if (file.error)
             return {Checker(), "Texture " + sentence(*path, file.error, "byte")};
+        MakeSmallerLevels(file.texture);
         auto texture = std::make_shared<const Texture>(std::move(file.texture));
         if (stamp)
             keep(m_textures, place, texture, *stamp);
         return {texture, {}};
-    } catch (const host::RuntimeError &error) {
+    } catch (const std::bad_alloc &) {
+        return {Checker(), "Texture " + name + ": there is not enough memory to load it"};
+    } catch (const std::exception &error) {
         return {Checker(), "Texture " + name + ": " + error.what()};
     }
 }

@@ -5,6 +5,8 @@
 #include "host/RuntimeError.h"
 #include "korvat/Renderer.h"
 
+#include <new>
+
 using korvat::TexturePtr;
 
 ShapeModel::ShapeModel(korvat::ModelSource &source)
@@ -13,6 +15,25 @@ ShapeModel::ShapeModel(korvat::ModelSource &source)
 }
 
 void ShapeModel::LoadShapeFile(const std::string &path)
+{
+    try {
+        load(path);
+    } catch (const std::bad_alloc &) {
+        fail(path + ": there is not enough memory to load the shape");
+    } catch (const std::exception &error) {
+        fail(path + ": " + error.what());
+    }
+}
+
+void ShapeModel::fail(std::string reason)
+{
+    m_model = nullptr;
+    m_problems.clear();
+    m_pictures.clear();
+    m_error = std::move(reason);
+}
+
+void ShapeModel::load(const std::string &path)
 {
     m_folder = host::path::FolderWithSeparator(path);
     korvat::LoadedModel loaded = m_source.LoadModel(path);

@@ -26,8 +26,8 @@ public:
     /// Where textures are looked for that are not beside the shape, as seen from its folder.
     void SetTexturePath(std::string path) { m_texturePath = std::move(path); }
 
-    /// Reads a shape and all its textures. ErrorText says how it went; a model that could not be
-    /// read is empty.
+    /// Reads a shape and all its textures. Throws nothing: ErrorText holds what went wrong, also
+    /// for lack of memory. A model that could not be read is empty.
     void LoadShapeFile(const std::string &path);
     /// What was wrong in the last LoadShapeFile, "" when it went well.
     const std::string &ErrorText() const { return m_error; }
@@ -59,6 +59,8 @@ public:
     const korvat::Model *Shape() const { return m_model.get(); }
 
 private:
+    void load(const std::string &path);
+    void fail(std::string reason);
     std::size_t slot(int index) const;
 
     korvat::ModelSource &m_source;

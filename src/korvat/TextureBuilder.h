@@ -9,7 +9,7 @@ namespace korvat {
 ReadError CheckTextureSize(std::uint32_t width, std::uint32_t height, std::size_t where);
 
 /// The size of a level: halved `level` times, at least 1.
-inline std::uint32_t SideOf(std::uint32_t side, std::size_t level)
+constexpr std::uint32_t SideOf(std::uint32_t side, std::size_t level)
 {
     return level < 32 && side >> level ? side >> level : 1;
 }

@@ -31,8 +31,9 @@ std::size_t checkedIndex(const Node &node, int index)
 {
     const std::size_t count = node.ValueCount();
     if (index < 0 || static_cast<std::size_t>(index) >= count)
-        throw RuntimeError(ErrorNumber::SubscriptOutOfRange,
-                           "value " + std::to_string(index) + " of " + std::to_string(count));
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange, "value " + std::to_string(index + 1) +
+                                                                 " is needed, but there are " +
+                                                                 std::to_string(count));
     return static_cast<std::size_t>(index);
 }
 
@@ -141,8 +142,7 @@ bool StfNode::FindChild(std::string_view names, std::int16_t &position) const
         if (!isAnyOf(*children[i], names))
             continue;
         if (i >= std::numeric_limits<std::int16_t>::max())
-            throw RuntimeError(ErrorNumber::Overflow,
-                               "child " + std::to_string(i + 1) + " of " + Name());
+            throw RuntimeError(ErrorNumber::Overflow, Name() + " has more than 32767 entries");
         position = static_cast<std::int16_t>(i + 1);
         return true;
     }

@@ -5,7 +5,7 @@
 #include "host/RuntimeError.h"
 #include "install/StockFiles.h"
 #include "validation/Content.h"
-#include "validation/ResultKey.h"
+#include "validation/Finding.h"
 #include "validation/TSValidation.h"
 #include "validation/Vehicles.h"
 

@@ -47,8 +47,9 @@ void readCabView(const StfFile &file, References &references)
     const StfNode controls = cab.Child("CabViewControls");
     const int count = controls ? controls.Children().Count() : 0;
     for (int place = 1; place <= count; ++place)
-        references.files.push_back(
-            {stavfile::ValueAt(controls.Children().Item(place).Child("Graphic"))});
+        // The simulator draws some controls itself (digital displays): these have no entry.
+        if (const StfNode graphic = controls.Children().Item(place).Child("Graphic"))
+            references.files.push_back({stavfile::ValueAt(graphic)});
 }
 
 } // namespace

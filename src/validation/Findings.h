@@ -1,26 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "validation/Finding.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <variant>
 #include <vector>
 
 namespace validation {
 
-/// What a check has to tell, in order: verdicts and progress lines. A check knows nothing else of
-/// its caller, so it can run on a worker.
+/// What a check reports, in order: findings and progress lines. A check knows nothing else of its
+/// caller, so it can run on a worker.
 class Findings
 {
 public:
-    struct Entry
-    {
-        bool isMessage = false;
-        std::int16_t code = 0;
-        std::string text; ///< of a message, or the file that a verdict is about
-        std::string dependent;
-    };
+    using Entry = std::variant<Finding, std::string>; ///< a finding, or a progress line
 
     /// Without `verbose` valid verdicts leave no trace, without `messages` progress lines.
     explicit Findings(bool verbose = false, bool messages = true)
@@ -35,7 +31,7 @@ public:
     void Message(std::string_view text)
     {
         if (m_messages)
-            m_entries.push_back({true, 0, std::string(text), {}});
+            m_entries.emplace_back(std::string(text));
     }
 
     const std::vector<Entry> &Entries() const { return m_entries; }

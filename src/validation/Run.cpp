@@ -3,9 +3,9 @@
 
 #include "host/GameFiles.h"
 #include "install/Installation.h"
-#include "validation/ResultKey.h"
+#include "validation/Finding.h"
 
-using validation::Findings;
+using validation::Finding;
 using validation::Outcome;
 
 TSValidation::Run::Run(TSValidation &owner)
@@ -38,7 +38,7 @@ void TSValidation::Run::RaiseProgress(std::size_t index, std::size_t total) cons
 std::int16_t TSValidation::Run::Record(std::int16_t code, const std::string &file,
                                        const std::string &dependent)
 {
-    Outcome outcome{Findings(m_verbose), code};
+    Outcome outcome{validation::Findings(m_verbose), code};
     outcome.findings.Record(code, file, dependent);
     return Deliver(outcome);
 }
@@ -58,7 +58,7 @@ std::int16_t TSValidation::Run::CheckFile(validation::FileCheck check, std::stri
 
 Outcome TSValidation::Run::OutcomeOf(validation::FileCheck check, const std::string &fileName)
 {
-    Outcome outcome{Findings(m_verbose, m_wantsMessages)};
+    Outcome outcome{validation::Findings(m_verbose, m_wantsMessages)};
     try {
         outcome.verdict = check(m_content, fileName, outcome.findings);
     } catch (...) {
@@ -69,11 +69,11 @@ Outcome TSValidation::Run::OutcomeOf(validation::FileCheck check, const std::str
 
 std::int16_t TSValidation::Run::Deliver(const Outcome &outcome)
 {
-    for (const Findings::Entry &entry : outcome.findings.Entries())
-        if (entry.isMessage)
-            RaiseMessage(entry.text);
+    for (const validation::Findings::Entry &entry : outcome.findings.Entries())
+        if (const auto *finding = std::get_if<Finding>(&entry))
+            report(*finding);
         else
-            report(entry.code, entry.text, entry.dependent);
+            RaiseMessage(std::get<std::string>(entry));
     if (outcome.error)
         std::rethrow_exception(outcome.error);
     return outcome.verdict;
@@ -85,17 +85,16 @@ void TSValidation::Run::pump() const
         m_owner.ProcessEvents();
 }
 
-void TSValidation::Run::report(std::int16_t code, const std::string &file,
-                               const std::string &dependent)
+void TSValidation::Run::report(const Finding &finding)
 {
-    const std::string key = validation::ResultKey(code, file, dependent);
-    if (code != IsValid) {
-        m_owner.m_errors.push_back(key);
+    if (finding.code != IsValid) {
+        m_owner.m_findings.push_back(finding);
+        m_owner.m_errors.push_back(validation::ResultKey(finding));
         if (m_owner.ErrorRaised)
-            m_owner.ErrorRaised(dependent, file, code);
+            m_owner.ErrorRaised(finding.dependent, finding.file, finding.code);
     }
     if (m_verbose)
-        RaiseMessage(TranslateError(key), code == IsValid ? 1 : 2);
+        RaiseMessage(validation::ReportLine(finding), finding.code == IsValid ? 1 : 2);
     if (m_owner.ResultRecorded)
-        m_owner.ResultRecorded(code, file, dependent);
+        m_owner.ResultRecorded(finding);
 }

@@ -95,8 +95,8 @@ private:
                 return std::nullopt;
         }
     }
-    /// The one way in which a verdict is reported.
-    void report(std::int16_t code, const std::string &file, const std::string &dependent);
+    /// The only way in which a finding is reported.
+    void report(const validation::Finding &finding);
 
     TSValidation &m_owner;
     validation::Content m_content;

@@ -40,11 +40,12 @@ int numberOf(const StfNode &entry, const std::string &file, const std::string &n
         const double rounded = std::nearbyint(*value);
         using Limits = std::numeric_limits<std::int16_t>;
         if (rounded < Limits::min() || rounded > Limits::max())
-            fail(ErrorNumber::Overflow, file, name + " is " + entry.Parameter(index));
+            fail(ErrorNumber::Overflow, file,
+                 name + " is " + entry.Parameter(index) + ", which is too large");
         return static_cast<int>(rounded);
     }
     fail(ErrorNumber::TypeMismatch, file,
-         name + " is \"" + entry.Parameter(0) + "\", which is no number");
+         name + " is \"" + entry.Parameter(0) + "\", which is not a number");
 }
 
 /// The image names of a shape, no more than it declares.

@@ -106,8 +106,11 @@ private:
             isThere(Below(m_folder, ValueAt(thumbnail)));
     }
 
+    /// A blank value names no file: a vehicle may be silent.
     void checkSound(const std::string &value)
     {
+        if (host::TrimBlanks(value).empty())
+            return;
         const std::string sound = Below(m_folder, "Sound\\" + value);
         if (isThere(sound) && CheckSound(m_content, sound, m_findings) != TSValidation::IsValid)
             m_verdict = TSValidation::IsSuspect;

@@ -6,7 +6,7 @@
 #include "host/Snapshot.h"
 #include "install/StockFiles.h"
 #include "validation/ConsistCheck.h"
-#include "validation/ResultKey.h"
+#include "validation/Finding.h"
 #include "validation/Run.h"
 #include "validation/ShapeCheck.h"
 #include "validation/StockCheck.h"
@@ -38,6 +38,7 @@ void TSValidation::Reset()
 {
     refuseWhileRunning();
     m_errors = {};
+    m_findings = {};
     m_messages = {};
     m_stopped = false;
     m_snapshot = std::make_unique<host::Snapshot>(m_files);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/Ahead.h"
+#include "validation/Finding.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -20,12 +21,12 @@ class Installation;
 }
 
 /// The dependency checker. Its owner creates one for each check command, calls one or more checks,
-/// and turns what stands in Errors into report lines with TranslateError.
+/// and turns Findings into report lines (ReportLine).
 ///
-/// Every check reduces a file to a verdict, which it returns, and records each finding as a result
-/// key "code|file|dependent". Folders to search that cannot be read are recorded as corrupt. Bad
-/// files are verdicts and never errors; only CheckShape can leave with a RuntimeError (what it
-/// recorded before stays).
+/// Every check reduces a file to a verdict, which it returns, and records each finding, in Errors
+/// as a result key "code|file|dependent". Folders to search that cannot be read are recorded as
+/// corrupt. Bad files are verdicts and never errors; only CheckShape can leave with a RuntimeError
+/// (what it recorded before stays).
 ///
 /// Events are raised on the calling thread, in order, from within the running check; files are read
 /// ahead on workers, with the same results and events for any number of them. A handler may process
@@ -62,6 +63,8 @@ public:
     /// The result keys of all verdicts but IsValid since the last Reset, in the order recorded,
     /// repeated ones too.
     const std::vector<std::string> &Errors() const { return m_errors; }
+    /// The findings of which Errors holds the keys, in the same order. Reports are made of these.
+    const std::vector<validation::Finding> &Findings() const { return m_findings; }
     /// Nothing writes here.
     const std::vector<std::string> &Messages() const { return m_messages; }
 
@@ -70,12 +73,13 @@ public:
     bool VerboseMessages() const { return m_verboseMessages; }
     void SetVerboseMessages(bool verbose) { m_verboseMessages = verbose; }
 
-    /// A new run of checks: empties Errors and Messages, and forgets listings and a Stop. Error 5
-    /// while a check runs.
+    /// A new run of checks: empties Errors, Findings and Messages, and forgets listings and a Stop.
+    /// Error 5 while a check runs.
     void Reset();
 
     /// The report line of a result key, without line end; control characters in names are shown as
-    /// blanks. Text without "|" is given back as it is.
+    /// blanks. The file of a key ends at its first "|", so this differs from the finding's own line
+    /// when the name holds one. Returns text without "|" unchanged.
     static std::string TranslateError(std::string_view key);
 
     /// A sound definition (.sms): IsMissing, IsCorrupt, IsSuspect or IsValid, and recorded.
@@ -120,8 +124,7 @@ public:
     /// any other.
     std::function<void(const std::string &message, std::int16_t level)> MessageRaised;
     /// Raised after the above for every verdict, valid ones only with VerboseMessages.
-    std::function<void(std::int16_t code, const std::string &file, const std::string &dependent)>
-        ResultRecorded;
+    std::function<void(const validation::Finding &finding)> ResultRecorded;
     /// Item `done` (from 1) of `total` is about to be checked. Raised by CheckAllStock,
     /// CheckStockInConsists and both route checks, before the item's message.
     std::function<void(std::size_t done, std::size_t total)> ProgressRaised;
@@ -153,6 +156,7 @@ private:
     std::size_t m_workers;
     std::unique_ptr<host::Snapshot> m_snapshot;
     std::vector<std::string> m_errors, m_messages;
+    std::vector<validation::Finding> m_findings;
     bool m_verboseMessages = false;
     bool m_stopped = false;
     bool m_running = false;

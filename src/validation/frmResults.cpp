@@ -210,7 +210,7 @@ void frmResults::Save()
     try {
         validation::AppendReport(m_files, bare ? host::path::Join(m_folder, *name) : *name, m_text);
     } catch (const host::RuntimeError &error) {
-        m_dialogs.Message(error.what(), "Save Results", host::DialogIcon::Critical);
+        m_dialogs.Message(host::Explained(error), "Save Results", host::DialogIcon::Critical);
     }
 }
 

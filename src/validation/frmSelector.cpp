@@ -84,7 +84,8 @@ void frmSelector::connectControls()
         item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
     });
     connect(lvItems, &QListWidget::itemChanged, this, &frmSelector::followMarks);
-    connect(chkAll, &QCheckBox::clicked, this, &frmSelector::markAll);
+    // Not the click: screen readers toggle the box without one.
+    connect(chkAll, &QCheckBox::toggled, this, &frmSelector::markAll);
     connect(cmdAction[0], &QPushButton::clicked, this, &frmSelector::takeMarked);
     connect(cmdAction[1], &QPushButton::clicked, this, &frmSelector::UnloadForm);
 }
@@ -130,6 +131,7 @@ void frmSelector::markAll(bool marked)
 /// The box stands for the list: checked exactly when every entry is marked.
 void frmSelector::followMarks()
 {
+    const QSignalBlocker following(chkAll);
     int marked = 0;
     for (int row = 0; row < lvItems->count(); ++row)
         marked += lvItems->item(row)->checkState() == Qt::Checked;

@@ -26,7 +26,8 @@ std::optional<float> lengthOf(const StockShape &stock, const std::string &stockF
     try {
         return LeadingNumber(*stock.length);
     } catch (const host::RuntimeError &error) {
-        throw host::RuntimeError(error.Code(), stockFile + ": the length is " + error.Detail());
+        throw host::RuntimeError(error.Code(), stockFile + ": the length is " + error.Detail() +
+                                                   ", which is too large");
     }
 }
 
@@ -71,7 +72,7 @@ bool ConsistLayout::Step()
     const StfNode entry = m_units[m_next++];
     try {
         place(entry);
-    } catch (const host::RuntimeError &error) {
+    } catch (const std::exception &error) {
         m_services.dialogs.Message(error.what(), kLoadError, host::DialogIcon::Critical);
     }
     return true;

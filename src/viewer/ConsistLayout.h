@@ -19,7 +19,7 @@ namespace viewer {
 /// the mirrored place and turned by 180 degrees about the scene's origin, which brings it to its
 /// place, facing the other way.
 ///
-/// What cannot be loaded or placed is told in a message box and leaves a gap of the length that is
+/// Reports what cannot be loaded or placed in a message box and leaves a gap of the length that is
 /// known.
 class ConsistLayout
 {

@@ -5,17 +5,42 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
+
+using korvat::Length;
+using korvat::Vec3;
 
 namespace viewer {
 namespace {
 
-constexpr float kRadiansPerX = 1 / 200.0f, kRadiansPerY = 1 / 100.0f, kMetresPerY = 1 / 100.0f;
-constexpr float kStep = 0.9f;                        ///< distance left after one step forward
+constexpr float kRadiansPerX = 1 / 200.0f, kRadiansPerY = 1 / 100.0f;
+constexpr float kRadiansOverPerY = 1 / 200.0f, kMetresPerY = 1 / 100.0f;
+constexpr float kSteepest = std::numbers::pi_v<float> / 2 - 0.001f; ///< radians above the target
+constexpr float kBeside = 0.001f; ///< share of the distance that rounding may leave
+constexpr float kStep = 0.9f;     ///< distance left after one step forward
 constexpr float kClosest = 1.0f, kFarthest = 500.0f; ///< metres; the haze ends at 600
 
 float signOf(float value)
 {
     return value > 0 ? 1.0f : value < 0 ? -1.0f : 0.0f;
+}
+
+bool isBeside(const Vec3 &offset)
+{
+    return std::hypot(offset.y, offset.z) <= kBeside * std::abs(offset.x);
+}
+
+/// Changes how steeply the camera looks down on the target, without changing its distance or the
+/// side that it stands on.
+void tiltOver(float dy, Vec3 &offset)
+{
+    const float across = std::hypot(offset.x, offset.z), distance = Length(offset);
+    const float steepness =
+        std::clamp(std::atan2(offset.y, across) - dy * kRadiansOverPerY, -kSteepest, kSteepest);
+    const float left = distance * std::cos(steepness);
+    offset.x = across > 0 ? offset.x * left / across : left;
+    offset.z = across > 0 ? offset.z * left / across : 0;
+    offset.y = distance * std::sin(steepness);
 }
 
 } // namespace
@@ -26,6 +51,21 @@ void RotateInPlane(float angle, float &p, float &q)
     const float turnedP = p * c - q * s;
     q = p * s + q * c;
     p = turnedP;
+}
+
+korvat::Vec3 OrbitCamera::offset() const
+{
+    return {m_pose.CamX - m_pose.LookAtX, m_pose.CamY - m_pose.LookAtY,
+            m_pose.CamZ - m_pose.LookAtZ};
+}
+
+void OrbitCamera::changeOffset(const Vec3 &offset)
+{
+    CameraPose pose = m_pose;
+    pose.CamX = pose.LookAtX + offset.x;
+    pose.CamY = pose.LookAtY + offset.y;
+    pose.CamZ = pose.LookAtZ + offset.z;
+    change(pose);
 }
 
 void OrbitCamera::change(const CameraPose &pose)
@@ -43,29 +83,36 @@ void OrbitCamera::Reset(float trainMiddle)
 
 void OrbitCamera::Orbit(float dx, float dy)
 {
-    CameraPose pose = m_pose;
-    float x = pose.CamX - pose.LookAtX, y = pose.CamY - pose.LookAtY, z = pose.CamZ - pose.LookAtZ;
-    // The second turn is in the scene's plane and not about the camera's own axis.
-    RotateInPlane(dx * kRadiansPerX, x, z);
-    RotateInPlane(dy * kRadiansPerY, y, z);
-    pose.CamX = pose.LookAtX + x;
-    pose.CamY = pose.LookAtY + y;
-    pose.CamZ = pose.LookAtZ + z;
-    change(pose);
+    Vec3 offset = this->offset();
+    RotateInPlane(dx * kRadiansPerX, offset.x, offset.z);
+    if (isBeside(offset))
+        tiltOver(dy, offset);
+    else // in the scene's plane and not about the camera's own axis
+        RotateInPlane(dy * kRadiansPerY, offset.y, offset.z);
+    changeOffset(offset);
+}
+
+void OrbitCamera::OrbitOver(float dx, float dy)
+{
+    Vec3 offset = this->offset();
+    RotateInPlane(dx * kRadiansPerX, offset.x, offset.z);
+    tiltOver(dy, offset);
+    changeOffset(offset);
+}
+
+bool OrbitCamera::IsBesideTarget() const
+{
+    return isBeside(offset());
 }
 
 void OrbitCamera::Pan(float dx, float dy)
 {
     CameraPose pose = m_pose;
     const float rise = dy * kMetresPerY, s = signOf(dx);
-    const float ex = pose.CamX - pose.LookAtX, ez = pose.CamZ - pose.LookAtZ;
-    float mx = s, mz = 0;
-    if (ez == 0) {
-        mx = 0;
-        mz = s;
-    } else if (ex != 0) {
-        mz = s * std::abs(ex) / std::abs(ez);
-    }
+    const Vec3 offset = this->offset();
+    const float across = std::hypot(offset.x, offset.z);
+    const float mx = across > 0 ? s * std::abs(offset.z) / across : 0;
+    const float mz = across > 0 ? s * std::abs(offset.x) / across : s;
     pose.CamY += rise;
     pose.LookAtY += rise;
     pose.CamX -= mx;
@@ -78,7 +125,8 @@ void OrbitCamera::Pan(float dx, float dy)
 void OrbitCamera::MoveAlong(float z)
 {
     CameraPose pose = m_pose;
-    pose.CamZ = pose.LookAtZ = z;
+    pose.CamZ = z + offset().z;
+    pose.LookAtZ = z;
     change(pose);
 }
 
@@ -91,18 +139,12 @@ void OrbitCamera::SetHeight(float height)
 
 void OrbitCamera::Approach(float steps)
 {
-    CameraPose pose = m_pose;
-    const float x = pose.CamX - pose.LookAtX, y = pose.CamY - pose.LookAtY,
-                z = pose.CamZ - pose.LookAtZ;
-    const float distance = std::sqrt(x * x + y * y + z * z);
+    const Vec3 offset = this->offset();
+    const float distance = Length(offset);
     if (distance == 0)
         return;
     const float wanted = std::clamp(distance * std::pow(kStep, steps), kClosest, kFarthest);
-    const float factor = wanted / distance;
-    pose.CamX = pose.LookAtX + x * factor;
-    pose.CamY = pose.LookAtY + y * factor;
-    pose.CamZ = pose.LookAtZ + z * factor;
-    change(pose);
+    changeOffset(offset * (wanted / distance));
 }
 
 } // namespace viewer

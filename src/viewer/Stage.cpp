@@ -47,7 +47,8 @@ std::string titleOf(const StfNode &trainCfg)
 } // namespace
 
 Stage::Stage(const Services &services, korvat::Canvas *canvas, SetStatus setStatus)
-    : m_services(services)
+    : m_messages(services.dialogs)
+    , m_services{services.files, m_messages, services.shapes}
     , m_canvas(canvas)
     , m_setStatus(std::move(setStatus))
 {
@@ -80,7 +81,7 @@ void Stage::RenderConsist(const std::string &file, const std::string &installFol
     m_setStatus("Loading " + file);
     try {
         const StfNode trainCfg = trainIn(m_services.files, file);
-        begin(trainCfg, installFolder);
+        begin(trainCfg, installFolder, file);
         m_caption = "Consist - " + titleOf(trainCfg);
     } catch (const RuntimeError &error) {
         m_setStatus(error.what()); // it is not being loaded any more
@@ -91,14 +92,18 @@ void Stage::RenderConsist(const std::string &file, const std::string &installFol
 void Stage::RenderLooseConsist(const StfNode &trainCfg, const std::string &installFolder,
                                const std::string &source)
 {
-    begin(block(trainCfg, "TrainCfg", source), installFolder);
+    begin(block(trainCfg, "TrainCfg", source), installFolder, source);
     m_caption = "Loose Consist - " + titleOf(trainCfg);
 }
 
-void Stage::begin(const StfNode &trainCfg, const std::string &installFolder)
+void Stage::begin(const StfNode &trainCfg, const std::string &installFolder,
+                  const std::string &source)
 {
-    if (trainCfg.Children().Count() == 0)
-        throw RuntimeError(ErrorNumber::InvalidCall, "No consist to display");
+    if (trainCfg.Children().Count() == 0) {
+        const std::string title = titleOf(trainCfg);
+        throw RuntimeError(ErrorNumber::InvalidCall, "No consist to display: " + source +
+                                                         (title.empty() ? "" : " (" + title + ")"));
+    }
     setUp();
     m_layout.emplace(m_services, installFolder, trainCfg, *m_view);
     m_ahead.emplace(m_services, m_layout->StockFiles());
@@ -162,7 +167,8 @@ void Stage::finish()
     if (m_layout) {
         m_problems = m_layout->Problems();
         m_end = m_layout->End();
-        m_view->CamZ = m_view->LookAtZ = TrainMiddle();
+        // A camera that was turned while the train was being loaded stays as far from it.
+        OrbitCamera(*m_view).MoveAlong(TrainMiddle());
     }
     if (m_view->Models.Count() > 0)
         m_view->Models.Item(1).SetSelected(true);
@@ -190,7 +196,8 @@ std::string Stage::Report() const
 {
     if (!m_view)
         return {};
-    return m_layout ? ConsistTextures(m_view->Models) : ShapeTextures(m_view->Models);
+    return m_layout ? ConsistTextures(m_view->Models) + NotLoaded(m_messages.Texts())
+                    : ShapeTextures(m_view->Models);
 }
 
 void Stage::Close()
@@ -202,6 +209,7 @@ void Stage::Close()
     m_view.reset();
     m_shapeFile.clear();
     m_problems.clear();
+    m_messages.Clear();
     m_loading = false;
     m_end = 0;
     m_scrollMaximum = m_scrollMiddle = 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "viewer/ConsistLayout.h"
+#include "viewer/LoadMessages.h"
 #include "viewer/Services.h"
 #include "viewer/ShapesAhead.h"
 #include "viewer/TSView.h"
@@ -23,7 +24,7 @@ namespace viewer {
 ///
 /// The Render functions begin a new scene; Step loads the rest of it piece by piece. They throw
 /// host::RuntimeError: the errors of StfFile::Load, 91 with the file's name for missing blocks, 5
-/// "No consist to display" for a train without any blocks.
+/// "No consist to display" with the file's name for a train without any blocks.
 class Stage
 {
 public:
@@ -64,20 +65,23 @@ public:
     int ScrollMaximum() const { return m_scrollMaximum; }
     int ScrollMiddle() const { return m_scrollMiddle; }
 
-    /// The texture report of what is shown, "" when there is nothing.
+    /// The texture report of what is shown, for a train followed by what could not be loaded; ""
+    /// when there is nothing.
     std::string Report() const;
     /// Lets every object go of the canvas and drops the scene.
     void Close();
 
 private:
     void setUp();
-    void begin(const StfNode &trainCfg, const std::string &installFolder);
+    void begin(const StfNode &trainCfg, const std::string &installFolder,
+               const std::string &source);
     void loadShape();
     void showProgress();
     void finish();
     void reportEnd();
 
-    Services m_services;
+    LoadMessages m_messages;
+    Services m_services; ///< with m_messages as their dialogs
     korvat::Canvas *m_canvas;
     SetStatus m_setStatus;
     std::unique_ptr<TSView> m_view;

@@ -19,7 +19,7 @@ void ViewObjects::Add(std::shared_ptr<TSViewObject> object, const std::string &k
 {
     if (std::any_of(m_entries.begin(), m_entries.end(),
                     [&key](const Entry &entry) { return entry.key == key; }))
-        throw RuntimeError(ErrorNumber::KeyInUse, key);
+        throw RuntimeError(ErrorNumber::KeyInUse, key + ": the scene has a model of this name");
     m_entries.push_back({key, std::move(object)});
 }
 
@@ -36,7 +36,8 @@ TSViewObject &ViewObjects::Item(const std::string &key) const
     for (const Entry &entry : m_entries)
         if (entry.key == key)
             return *entry.object;
-    throw RuntimeError(ErrorNumber::SubscriptOutOfRange, key);
+    throw RuntimeError(ErrorNumber::SubscriptOutOfRange,
+                       key + ": the scene has no model of this name");
 }
 
 } // namespace viewer
@@ -78,8 +79,10 @@ bool TSView::LoadShapeInToViewer(const std::string &shapeId, const std::string &
     object->Model().SetDevice(Viewer ? Viewer->Device() : nullptr);
     object->Model().SetTexturePath(kTexturePath);
     if (!object->LoadShape(shapeFile)) {
-        m_services.dialogs.Message(object->LastError(), "Error Loading Shape",
-                                   host::DialogIcon::Critical);
+        // A missing file was reported by the object, and leaves no error text.
+        if (!object->LastError().empty())
+            m_services.dialogs.Message(object->LastError(), "Error Loading Shape",
+                                       host::DialogIcon::Critical);
         return false;
     }
     object->MoveAndRotateTo(x, y, z, viewer::DegToRad(degrees));

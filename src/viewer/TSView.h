@@ -60,8 +60,8 @@ public:
     /// Starts the canvas; does nothing without one.
     void Initialise();
     /// Loads a shape and adds it to Models under the key, moved to the place and then turned by
-    /// `degrees` about the scene's origin. What cannot be loaded is told in a message box and not
-    /// added; false then. Error 457 for a key that is there already.
+    /// `degrees` about the scene's origin. Reports a shape that cannot be loaded in one message box
+    /// and returns false. Error 457 for a key that is there already.
     bool LoadShapeInToViewer(const std::string &shapeId, const std::string &shapeFile, float x,
                              float y, float z, float degrees);
     /// After a resize: the canvas and the models come back, and a frame is drawn.

@@ -33,4 +33,15 @@ std::string ConsistTextures(const ViewObjects &objects)
     return text;
 }
 
+std::string NotLoaded(const std::vector<std::string> &reasons)
+{
+    if (reasons.empty())
+        return {};
+    std::string text =
+        std::string(kLineEnd) + kLineEnd + "Not loaded: " + std::to_string(reasons.size());
+    for (std::size_t i = 0; i < reasons.size(); ++i)
+        text += kLineEnd + std::to_string(i + 1) + '\t' + reasons[i];
+    return text;
+}
+
 } // namespace viewer

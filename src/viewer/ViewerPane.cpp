@@ -4,6 +4,7 @@
 #include "host/Dialogs.h"
 #include "host/RuntimeError.h"
 #include "korvat/sfCanvas.h"
+#include "viewer/SavedPictureBar.h"
 
 #include <QElapsedTimer>
 #include <QGridLayout>
@@ -11,6 +12,7 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QToolButton>
 
 #include <algorithm>
 #include <cmath>
@@ -48,10 +50,12 @@ ViewerPane::ViewerPane(const PaneHost &host, QWidget *parent)
     tmrRenderer.setSingleShot(true);
     connect(&tmrRenderer, &QTimer::timeout, this, &ViewerPane::step);
     connectScrollBars();
-    if (sfViewer)
+    if (sfViewer) {
         connectCanvas();
-    else
+        makePictureBar();
+    } else {
         showNoCanvas(sfCanvas::WhyNot());
+    }
 }
 
 ViewerPane::~ViewerPane()
@@ -100,6 +104,7 @@ void ViewerPane::connectCanvas()
     setFocusProxy(sfViewer);
     connect(sfViewer, &sfCanvas::MouseDown, this, [this](int, float x, float y) {
         m_dragging = true;
+        m_tiltsOver = m_stage.View() && OrbitCamera(*m_stage.View()).IsBesideTarget();
         m_lastX = x;
         m_lastY = y;
     });
@@ -115,6 +120,17 @@ void ViewerPane::connectCanvas()
             view->ShowModels();
     });
     connect(sfViewer, &sfCanvas::Failed, this, &ViewerPane::showNoCanvas);
+}
+
+/// It lies over the canvas, so that pictures taken before and after have the same size.
+void ViewerPane::makePictureBar()
+{
+    m_savedPicture = new SavedPictureBar(this);
+    m_grid->addWidget(m_savedPicture, 0, 0, Qt::AlignBottom);
+    connect(m_savedPicture, &SavedPictureBar::OpenWanted, this,
+            [this](const std::string &path) { m_host.openOutside(path); });
+    connect(m_savedPicture->cmdHidePicture, &QToolButton::clicked, sfViewer,
+            [this] { sfViewer->setFocus(); });
 }
 
 void ViewerPane::showNoCanvas(const std::string &reason)
@@ -182,14 +198,15 @@ void ViewerPane::step()
     tmrRenderer.start(m_stage.Ready() ? 0 : kPauseMilliseconds);
 }
 
-/// Runs a piece of the loading; a failure is told, and goes no further.
+/// Runs a piece of the loading; reports a failure and stops there.
 void ViewerPane::told(const std::function<void()> &piece)
 {
     try {
         piece();
     } catch (const std::exception &error) {
         m_host.setStatus(error.what());
-        m_host.services.dialogs.Message(error.what(), "View Consist", host::DialogIcon::Critical);
+        m_host.services.dialogs.Message(host::Explained(error), "View Consist",
+                                        host::DialogIcon::Critical);
     }
 }
 
@@ -240,7 +257,9 @@ void ViewerPane::drag(int buttons, float x, float y)
     const float dx = x - m_lastX, dy = y - m_lastY;
     m_host.setStatus(QStringLiteral("Move(%1,%2)").arg(plain(dx), plain(dy)).toStdString());
     if (buttons == kLeft)
-        moveCamera([&](OrbitCamera &camera) { camera.Orbit(dx, dy); });
+        moveCamera([&](OrbitCamera &camera) {
+            m_tiltsOver ? camera.OrbitOver(dx, dy) : camera.Orbit(dx, dy);
+        });
     else if (buttons == kRight)
         moveCamera([&](OrbitCamera &camera) { camera.Pan(dx, dy); });
     showHeight();
@@ -278,8 +297,10 @@ void ViewerPane::SaveSnapshot(const std::string &base, const std::string &what)
         throw host::RuntimeError(host::ErrorNumber::InvalidCall, "there is no 3D view to save");
     sfViewer->SetOverwriteSnapshot(false);
     sfViewer->SetSnapshotFile(base);
-    m_host.setStatus("Saving " + what + " snapshot to " + sfViewer->SnapshotFile());
+    const std::string file = sfViewer->SnapshotFile();
+    m_host.setStatus("Saving " + what + " snapshot to " + file);
     sfViewer->SaveSnapshot();
+    m_savedPicture->ShowPath(file);
     m_host.setStatus("Done");
 }
 

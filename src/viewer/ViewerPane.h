@@ -18,6 +18,8 @@ class sfCanvas;
 
 namespace viewer {
 
+class SavedPictureBar;
+
 /// What a 3D window needs of the program around it; everything must outlive the pane.
 struct PaneHost
 {
@@ -25,6 +27,8 @@ struct PaneHost
     std::function<void(const std::string &)> setStatus;
     /// How far a loading is, 0 to `total`; a total of 0 says that it has ended.
     std::function<void(int done, int total)> setProgress;
+    /// Opens a file or folder outside the program.
+    std::function<void(const std::string &)> openOutside;
 };
 
 /// The controls of a 3D window: the canvas, below it the scroll bar along the train, at its right
@@ -60,8 +64,9 @@ public:
     std::string Report() const { return m_stage.Report(); }
     /// The picture as it is shown. RuntimeError 5 where there is none.
     QImage Picture();
-    /// Saves the picture as `base` with the first free number, and says to where, with `what`
-    /// ("consist") in the words. RuntimeError as sfCanvas::SaveSnapshot; 5 without a canvas.
+    /// Saves the picture as `base` with the first free number, and reports where: the status with
+    /// `what` ("consist") in its words, then a line across the canvas that stays. RuntimeError as
+    /// sfCanvas::SaveSnapshot; 5 without a canvas.
     void SaveSnapshot(const std::string &base, const std::string &what);
 
     sfCanvas *sfViewer = nullptr; ///< null where there is no OpenGL
@@ -80,6 +85,7 @@ private:
     QScrollBar *makeScrollBar(Qt::Orientation orientation, const char *name, const char *title);
     void connectScrollBars();
     void connectCanvas();
+    void makePictureBar();
     void showNoCanvas(const std::string &reason);
     void begin();
     void step();
@@ -93,8 +99,10 @@ private:
     PaneHost m_host;
     QGridLayout *m_grid;
     QLabel *m_noCanvas = nullptr;
+    SavedPictureBar *m_savedPicture = nullptr; ///< null where there is no OpenGL
     Stage m_stage;
     bool m_dragging = false;
+    bool m_tiltsOver = false; ///< the drag began level beside the train: it tilts over the target
     float m_lastX = 0, m_lastY = 0;
 };
 

@@ -3,8 +3,8 @@
 
 #include "CheckOutput.h"
 #include "Session.h"
-#include "host/GamePath.h"
 #include "host/Text.h"
+#include "install/StockFiles.h"
 #include "validation/Report.h"
 #include "validation/TSValidation.h"
 
@@ -22,14 +22,6 @@ struct CheckOptions
     std::string report;
     bool noConsists = false, json = false, verbose = false, quiet = false;
 };
-
-/// The absolute form of a file named on the command line: the checks take the names of its folders
-/// from its path.
-std::string absolute(const std::string &file)
-{
-    const auto path = host::GamePath::Of(file);
-    return path ? path->text : file;
-}
 
 bool isConsistFile(std::string_view name)
 {
@@ -51,9 +43,11 @@ public:
         , m_validation(installation, session.files)
     {
         m_validation.SetVerboseMessages(options.verbose);
-        m_validation.ResultRecorded = [this](auto code, const auto &file, const auto &dependent) {
-            m_output.Add(code, file, dependent);
+        m_validation.ResultRecorded = [this](const validation::Finding &finding) {
+            m_output.Add(finding);
         };
+        if (!options.report.empty())
+            session.out.OutliveReader(); // the report is wanted whole
         if (!m_output.Progress().IsWatched())
             return;
         m_validation.MessageRaised = [this](const std::string &message, std::int16_t level) {
@@ -68,7 +62,7 @@ public:
     void Stock()
     {
         for (const std::string &file : m_options.files)
-            check(file, absolute(file), [this](const std::string &path) {
+            check(file, AbsolutePath(file), [this](const std::string &path) {
                 m_validation.CheckStock(path);
                 if (!m_options.noConsists)
                     m_validation.CheckStockInConsists(path);
@@ -78,7 +72,7 @@ public:
     void Shapes()
     {
         for (const std::string &file : m_options.files)
-            check(file, absolute(file),
+            check(file, AbsolutePath(file),
                   [this](const std::string &path) { m_validation.CheckShape(path); });
     }
     void Consists()
@@ -90,13 +84,14 @@ public:
     void All()
     {
         const std::string folder = m_installation.CurrentFolder();
+        tellIfNothingMatches();
         check(folder, folder,
               [this](const std::string &) { m_validation.CheckAllStock(m_options.filter); });
     }
     void Use()
     {
         for (const std::string &file : m_options.stock)
-            check(file, absolute(file), [this](const std::string &path) {
+            check(file, AbsolutePath(file), [this](const std::string &path) {
                 m_validation.CheckStockInConsists(path);
                 stockInRoutes(path);
             });
@@ -121,14 +116,26 @@ public:
     }
 
 private:
-    /// Checks what was named `name` by its path. An error is told, and the next check goes on.
+    /// A filter that is mistyped must not look like an installation without faults.
+    void tellIfNothingMatches()
+    {
+        const std::string trainset = m_installation.PathOf(install::kTrainset);
+        if (m_options.filter.empty() || !m_session.files.FolderExists(trainset) ||
+            m_session.files.IsClosed(trainset))
+            return;
+        if (install::StockFolders(m_session.files, trainset, m_options.filter).empty())
+            m_output.Remark("no stock folder matches \"" + m_options.filter +
+                            "\": nothing was checked");
+    }
+    /// Checks a file, which the user named `name`. An error is reported, and the next check goes
+    /// on.
     void check(const std::string &name, const std::string &path,
                const std::function<void(const std::string &)> &work)
     {
         try {
-            NamingFile(path, [&] { work(path); });
-        } catch (const Failure &failure) {
-            m_output.AddFailure(name + std::string(failure.what()).substr(path.size()));
+            work(path);
+        } catch (const host::RuntimeError &error) {
+            m_output.AddFailure(name, path, error);
         }
     }
     void stockInRoutes(const std::string &path)
@@ -140,10 +147,10 @@ private:
     std::string consistPath(const std::string &name) const
     {
         if (!host::path::FolderWithSeparator(name).empty())
-            return absolute(name);
+            return AbsolutePath(name);
         if (!isConsistFile(name))
             return m_installation.ConsistPath(name);
-        const std::string here = absolute(name);
+        const std::string here = AbsolutePath(name);
         return m_session.files.FileExists(here)
                    ? here
                    : m_installation.ConsistPath(host::path::BaseName(name));
@@ -260,7 +267,7 @@ void AddCheckCommand(CLI::App &app, Session &session)
     check->footer("Prints one line for each finding, \"ERROR: ...\" or \"INFO: ...\".\n"
                   "--json, --verbose, --quiet and --report FILE go with every check.\n"
                   "Exit code 0: nothing is wrong; 1: there is an ERROR line; 2: a check could not "
-                  "be done.");
+                  "be done; 141: the reader of the output ended first.");
     check->add_flag("--json", options->json, "As a JSON array of objects");
     check->add_flag("--verbose", options->verbose, "Tell what is in order, too");
     check->add_flag("--quiet", options->quiet, "Show no progress");

@@ -3,8 +3,7 @@
 
 #include "Session.h"
 #include "host/Console.h"
-#include "validation/ResultKey.h"
-#include "validation/TSValidation.h"
+#include "host/Disk.h"
 
 namespace zelkctl {
 namespace {
@@ -62,31 +61,59 @@ void ProgressLine::Clear()
 
 CheckOutput::CheckOutput(Session &session, bool json, bool quiet)
     : m_session(session)
+    , m_json(json)
     , m_entries(session.out, json)
     , m_progress(!quiet)
 {
 }
 
-void CheckOutput::Add(std::int16_t code, const std::string &file, const std::string &dependent)
+EntryWriter::Member CheckOutput::pathOf(const std::string &file)
 {
-    const std::string line =
-        TSValidation::TranslateError(validation::ResultKey(code, file, dependent));
-    m_progress.Clear();
-    m_entries.Add(line, {{"code", std::to_string(code), true},
-                         {"verdict", validation::VerdictName(code)},
-                         {"file", file},
-                         {"dependent", dependent},
-                         {"text", line}});
-    m_report += line + '\n';
-    m_hasErrors = m_hasErrors || line.starts_with("ERROR: ");
+    // Subjects that are not files ("all consists", "Route X") are not paths either.
+    if (m_json && file != m_file) {
+        m_path = host::disk::RootLength(file) > 0 ? m_session.files.SpellingOf(file) : std::nullopt;
+        m_file = file;
+    }
+    return m_path ? EntryWriter::Member{"path", *m_path}
+                  : EntryWriter::Member{"path", "null", true};
 }
 
-void CheckOutput::AddFailure(const std::string &line)
+void CheckOutput::Add(const validation::Finding &finding)
+{
+    const std::string line = ReportLine(finding);
+    m_progress.Clear();
+    m_entries.Add(line, {{"code", std::to_string(finding.code), true},
+                         {"verdict", validation::VerdictName(finding.code)},
+                         {"file", finding.file},
+                         pathOf(finding.file),
+                         {"dependent", finding.dependent},
+                         {"text", line}});
+    m_report += line + '\n';
+    m_hasErrors = m_hasErrors || IsError(finding);
+}
+
+void CheckOutput::AddFailure(const std::string &name, const std::string &file,
+                             const host::RuntimeError &error)
+{
+    const std::string reason = NumberedReason(file, error);
+    const std::string line = validation::OneLine(file + ": " + reason);
+    m_progress.Clear();
+    if (m_json)
+        m_entries.Add(line, {{"code", "null", true},
+                             {"file", file},
+                             pathOf(file),
+                             {"error", std::to_string(error.Number()), true},
+                             {"text", line}});
+    m_report += line + '\n';
+    Remark(name + ": " + reason);
+    m_hasFailures = true;
+}
+
+void CheckOutput::Remark(const std::string &line)
 {
     m_progress.Clear();
     m_session.out.Flush();
     writeError("zelkctl: " + line + '\n');
-    m_hasFailures = true;
 }
 
 void CheckOutput::End()

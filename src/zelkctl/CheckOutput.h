@@ -2,10 +2,12 @@
 #pragma once
 
 #include "EntryWriter.h"
+#include "host/RuntimeError.h"
+#include "validation/Finding.h"
 
 #include <chrono>
 #include <cstddef>
-#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,30 +39,39 @@ private:
     std::chrono::steady_clock::time_point m_drawn;
 };
 
-/// Where the checks of one command leave their findings: report lines or JSON on the standard
-/// output, errors on the standard error; and what the exit code will be.
+/// Writes the findings of one command: report lines or JSON on the standard output, run-time errors
+/// on the standard error as well. Keeps the report and knows the exit code.
 class CheckOutput
 {
 public:
     CheckOutput(Session &session, bool json, bool quiet);
 
-    /// A verdict, in the order of the report.
-    void Add(std::int16_t code, const std::string &file, const std::string &dependent);
-    /// Why a check could not be done.
-    void AddFailure(const std::string &line);
+    /// Call in the order of the report.
+    void Add(const validation::Finding &finding);
+    /// The check of `file`, which the user named `name`, ended in an error.
+    void AddFailure(const std::string &name, const std::string &file,
+                    const host::RuntimeError &error);
+    /// A line for the user that is not a finding.
+    void Remark(const std::string &line);
     void End();
 
     ProgressLine &Progress() { return m_progress; }
-    /// All report lines so far, each with its line end.
+    /// All lines so far, errors included, each with its line end.
     const std::string &Report() const { return m_report; }
     /// 1 when something is wrong with the content, else 2 when a check could not be done, else 0.
     int ExitCode() const { return m_hasErrors ? 1 : m_hasFailures ? 2 : 0; }
 
 private:
+    /// The JSON member "path": where the file is on this disk, or null.
+    EntryWriter::Member pathOf(const std::string &file);
+
     Session &m_session;
+    bool m_json;
     EntryWriter m_entries;
     ProgressLine m_progress;
     std::string m_report;
+    std::string m_file; ///< the last one asked for, since findings of one file follow each other
+    std::optional<std::string> m_path; ///< of that file
     bool m_hasErrors = false, m_hasFailures = false;
 };
 

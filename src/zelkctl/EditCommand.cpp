@@ -4,6 +4,7 @@
 #include "EditOperation.h"
 #include "Session.h"
 #include "document/ConsistTree.h"
+#include "host/Console.h"
 
 #include <algorithm>
 #include <iterator>
@@ -18,6 +19,12 @@ struct EditOptions
     std::vector<std::string> operations;
 };
 
+/// Writes a line to stderr; the command goes on.
+void remark(const std::string &text)
+{
+    host::WriteTo(host::Stream::Error, "zelkctl: " + text + '\n');
+}
+
 void apply(const EditOperation &operation, document::ConsistTree &consist, const std::string &file)
 {
     const std::string where = file + ": " + operation.text + ": ";
@@ -26,9 +33,11 @@ void apply(const EditOperation &operation, document::ConsistTree &consist, const
         throw Failure(where + "no such row, there are " + std::to_string(rows));
     const document::StockItem *stock =
         operation.move == document::Move::Add ? &operation.stock : nullptr;
-    const std::string message = consist.Edit(operation.move, operation.row, stock).message;
-    if (!message.empty())
-        throw Failure(where + message);
+    const document::EditResult result = consist.Edit(operation.move, operation.row, stock);
+    if (result.refused)
+        throw Failure(where + result.message);
+    if (!result.message.empty())
+        remark(where + result.message);
 }
 
 void edit(Session &session, const EditOptions &options)
@@ -38,6 +47,8 @@ void edit(Session &session, const EditOptions &options)
                    std::back_inserter(operations), ParseEditOperation);
     document::ConsistTree consist(session.files);
     NamingFile(options.file, [&] { consist.Load(options.file); });
+    if (!consist.WhyRowsEnd().empty())
+        remark(consist.WhyRowsEnd() + ". This unit and those behind it are kept and have no rows.");
     for (const EditOperation &operation : operations)
         apply(operation, consist, options.file);
     const std::string &out = options.out.empty() ? options.file : options.out;

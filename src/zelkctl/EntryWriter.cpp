@@ -27,7 +27,7 @@ void EntryWriter::addObject(std::initializer_list<Member> members)
         m_out.Write(separator);
         m_out.WriteJson(member.key);
         m_out.Write(":");
-        if (member.isNumber)
+        if (member.isLiteral)
             m_out.Write(member.value);
         else
             m_out.WriteJson(member.value);

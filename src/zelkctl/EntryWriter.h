@@ -16,7 +16,7 @@ public:
     struct Member
     {
         std::string_view key, value;
-        bool isNumber = false; ///< `value` is written as it stands
+        bool isLiteral = false; ///< `value` is a number or null, written without quotes
     };
 
     EntryWriter(Output &out, bool json)

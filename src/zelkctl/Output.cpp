@@ -48,11 +48,14 @@ void Output::Flush()
 
 void Output::writeOut(std::size_t count)
 {
-    const auto reason =
+    const auto failure =
         host::WriteTo(host::Stream::Output, std::string_view(m_buffer).substr(0, count));
-    m_buffer.erase(0, reason ? m_buffer.size() : count);
-    if (reason)
-        throw Failure("standard output: " + *reason);
+    m_buffer.erase(0, failure ? m_buffer.size() : count);
+    if (!failure || (failure->readerGone && m_outlivesReader))
+        return;
+    if (failure->readerGone)
+        throw ReaderGone();
+    throw Failure("standard output: " + failure->reason);
 }
 
 } // namespace zelkctl

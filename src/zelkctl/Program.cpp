@@ -11,8 +11,8 @@
 #include "TextureCommand.h"
 #include "TreeCommand.h"
 #include "host/Console.h"
+#include "host/GameFiles.h"
 #include "host/RuntimeError.h"
-#include "host/Text.h"
 
 #include <algorithm>
 #include <csignal>
@@ -114,13 +114,12 @@ void putCommandFirst(std::vector<std::string> &arguments, CLI::App &app)
     }
 }
 
-/// Shells hand over the bytes of a file's name. One that is no UTF-8 is known by the text that
-/// the listings show for it.
+/// Shells pass the bytes of a file's name. A name that is not UTF-8 is known by the text that the
+/// listings show for it.
 void makeUtf8(std::vector<std::string> &arguments)
 {
     for (std::string &argument : arguments)
-        if (!host::IsValidUtf8(argument))
-            argument = host::FromWindows1252(argument);
+        argument = host::path::ToText(argument);
 }
 
 void parseAndRun(std::vector<std::string> arguments, Session &session)
@@ -159,6 +158,8 @@ int Run(std::vector<std::string> arguments)
         Session session;
         parseAndRun(std::move(arguments), session);
         return session.exitCode;
+    } catch (const ReaderGone &) {
+        return kReaderGone;
     } catch (const std::bad_alloc &) {
         return fail("out of memory");
     } catch (const std::exception &error) {

@@ -3,7 +3,6 @@
 
 #include "Session.h"
 #include "document/ConsistTree.h"
-#include "host/RuntimeError.h"
 
 #include <memory>
 
@@ -23,18 +22,6 @@ bool isConsist(const StfFile &file)
     return train && train.Child("TrainCfg");
 }
 
-/// Loads the tree of a consist. A vehicle that the editor could not show as a row (error 91) does
-/// not stand in the way of saving.
-void loadTree(document::ConsistTree &consist, const std::string &file)
-{
-    try {
-        consist.Load(file);
-    } catch (const host::RuntimeError &error) {
-        if (error.Code() != host::ErrorNumber::ObjectNotSet)
-            throw;
-    }
-}
-
 void resave(Session &session, const ResaveOptions &options)
 {
     StfFile file(session.files);
@@ -45,7 +32,7 @@ void resave(Session &session, const ResaveOptions &options)
         return NamingFile(options.out, [&file] { file.Save(); });
     }
     document::ConsistTree consist(session.files);
-    NamingFile(options.file, [&] { loadTree(consist, options.file); });
+    NamingFile(options.file, [&] { consist.Load(options.file); });
     NamingFile(options.out, [&] { consist.Save(options.out); });
 }
 

@@ -2,20 +2,26 @@
 #include "Session.h"
 
 #include "host/Console.h"
-#include "host/RuntimeError.h"
+#include "host/GamePath.h"
 #include "host/Settings.h"
 
 namespace zelkctl {
 namespace {
 
-/// What the error says beyond its classic text and the file's name, which details begin with.
+/// The reason without the file's name, which details begin with. Another file that begins with the
+/// same letters (x.sd for x.s) is part of the reason.
 std::string reasonOf(const host::RuntimeError &error, const std::string &file)
 {
-    std::string reason = error.Detail();
-    if (reason.starts_with(file))
-        reason.erase(0, file.size());
-    reason.erase(0, reason.find_first_not_of(":, "));
-    return reason;
+    std::string reason = error.what();
+    const std::size_t end = file.size();
+    const bool names = reason.starts_with(file) && end < reason.size() &&
+                       (reason[end] == ':' || reason[end] == ',');
+    const std::size_t start = reason.find_first_not_of(":, ", end);
+    if (!names || start == reason.npos)
+        return reason;
+    const bool missing = error.Code() == host::ErrorNumber::FileNotFound ||
+                         error.Code() == host::ErrorNumber::PathNotFound;
+    return missing ? error.Text() : reason.substr(start);
 }
 
 } // namespace
@@ -35,7 +41,14 @@ install::Installation OpenInstallation(Session &session)
         throw Failure("no Train Simulator folder: use --msts DIR");
     if (!session.files.FolderExists(folder))
         throw Failure(folder + ": error 76: Path not found");
+    installation.SetLocation(AbsolutePath(folder));
     return installation;
+}
+
+std::string AbsolutePath(const std::string &path)
+{
+    const auto steps = host::GamePath::Of(path);
+    return steps ? steps->text : path;
 }
 
 void TellClosed(Session &session, const std::string &folder)
@@ -47,19 +60,17 @@ void TellClosed(Session &session, const std::string &folder)
     session.exitCode = kCouldNotRun;
 }
 
+std::string NumberedReason(const std::string &file, const host::RuntimeError &error)
+{
+    return "error " + std::to_string(error.Number()) + ": " + reasonOf(error, file);
+}
+
 void NamingFile(const std::string &file, const std::function<void()> &work)
 {
     try {
         work();
     } catch (const host::RuntimeError &error) {
-        std::string line = file + ": error " + std::to_string(error.Number()) + ": " + error.Text();
-        // A missing file or folder is said by the classic text already.
-        const bool missing = error.Code() == host::ErrorNumber::FileNotFound ||
-                             error.Code() == host::ErrorNumber::PathNotFound;
-        const std::string reason = reasonOf(error, file);
-        if (!missing && !reason.empty() && reason != error.Text())
-            line += " (" + reason + ")";
-        throw Failure(line);
+        throw Failure((file.empty() ? "\"\"" : file) + ": " + NumberedReason(file, error));
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "Output.h"
 #include "host/GameFiles.h"
+#include "host/RuntimeError.h"
 #include "install/Installation.h"
 
 #include <functional>
@@ -12,7 +13,7 @@
 
 namespace zelkctl {
 
-/// Why a command could not be done, as one line for the user.
+/// The reason why a command could not be done, as one line for the user.
 class Failure : public std::runtime_error
 {
 public:
@@ -31,15 +32,21 @@ struct Session
 /// The exit code when something could not be done.
 inline constexpr int kCouldNotRun = 2;
 
-/// The installation to work on: the folder named on the command line, else the one set in ZELK,
-/// else the registered one. Failure when there is none.
+/// The installation to work on, by its absolute path: the folder named on the command line, else
+/// the one set in ZELK, else the registered one. Throws Failure when there is none.
 install::Installation OpenInstallation(Session &session);
 
-/// Tells that a folder's names cannot be read; the command goes on and ends with kCouldNotRun.
+/// The absolute form of a path named on the command line.
+std::string AbsolutePath(const std::string &path);
+
+/// Reports that a folder's names cannot be read; the command goes on and ends with kCouldNotRun.
 void TellClosed(Session &session, const std::string &folder);
 
-/// Does the work, and turns a run-time error in it into a Failure that names `file`:
-/// "x.con: error 53: File not found".
+/// What went wrong with `file`, without its name: "error 91: there is no Train block".
+std::string NumberedReason(const std::string &file, const host::RuntimeError &error);
+
+/// Does the work, and turns a run-time error in it into a Failure that names `file` and the reason:
+/// "x.con: error 91: there is no Train block".
 void NamingFile(const std::string &file, const std::function<void()> &work);
 
 } // namespace zelkctl

@@ -35,6 +35,11 @@ public:
         return *m_validator;
     }
     void SetStatus(const std::string &text) override { statuses += text + '\n'; }
+    std::string LastStatus() const
+    {
+        const std::string all = statuses.substr(0, statuses.size() - 1);
+        return all.substr(all.rfind('\n') + 1);
+    }
     void SetProgress(int done, int total) override
     {
         EXPECT_LE(done, total);
@@ -83,6 +88,7 @@ protected:
 };
 
 const CheckTarget kList{0, {"A", "B"}, "B"};
+const std::string kChoosing = "Choose the routes to check...", kFailed = "The check failed";
 const std::string kAskRoutes = "select|Select Routes to Check|";
 const std::string kAskAll =
     "question|Check All Stock|About to check all stock file dependencies in your TS installtion.  "
@@ -142,6 +148,8 @@ TEST_F(CheckCommandsTest, EveryConsistIsSearchedInEveryRoute)
 {
     commands.CheckDependencies(kList);
     EXPECT_EQ(host.results, "") << "no routes, no report";
+    EXPECT_TRUE(host.statuses.ends_with("Nothing was checked: no route was chosen.\n"))
+        << host.statuses;
     EXPECT_EQ(host.dialogs.TakeLog(), kAskRoutes + "\n");
     for (const char *route : {"North", "South"})
         host.game.Write(std::string("Routes/") + route + "/Services/run.srv",
@@ -157,6 +165,31 @@ TEST_F(CheckCommandsTest, EveryConsistIsSearchedInEveryRoute)
                   "ERROR: Route Gone is MISSING\r\n" + used("South"));
     EXPECT_EQ(host.statuses.find("Checking B in North..."),
               host.statuses.find("Checking A in South...\nDone\n") + 28);
+}
+
+TEST_F(CheckCommandsTest, TheStatusIsThatOfTheStepThatWaitsAndThenOfTheOutcome)
+{
+    const std::string lonely = host.game.Write("Routes/x/lonely.s", "shape ( images ( 0 ) )");
+    const struct
+    {
+        const char *what;
+        CheckTarget target;
+        std::string waiting, outcome;
+    } rows[] = {
+        {"stock without a route", {1, {}, {}, stock("gone.wag")}, kChoosing, "Done"},
+        {"a shape that cannot be checked", {3, {}, {}, lonely}, kFailed, kFailed},
+    };
+    for (const auto &row : rows) {
+        host.statuses.clear();
+        std::string waiting;
+        host.dialogs.onShown = [&] { waiting = host.LastStatus(); };
+        commands.CheckDependencies(row.target);
+        EXPECT_EQ(waiting, row.waiting) << row.what;
+        EXPECT_EQ(host.LastStatus(), row.outcome) << row.what;
+    }
+    host.dialogs.onShown = {};
+    commands.CheckDependencies(kList);
+    EXPECT_NE(host.LastStatus(), kChoosing) << "consists without a route";
 }
 
 TEST_F(CheckCommandsTest, RoutesAreFoundWhoseFoldersHaveBrackets)
@@ -200,6 +233,15 @@ TEST_F(CheckCommandsTest, TheStockOfTheCurrentConsistIsChecked)
                                 " references missing file " + stock("gone.wag") + "\r\nERROR: " +
                                 shown + " references missing file " + stock("off.eng"));
     EXPECT_EQ(host.statuses, "Checking B...\nDone\n");
+}
+
+TEST_F(CheckCommandsTest, ReportsNameFilesWithTheSeparatorOfKeys)
+{
+    commands.CheckConsistStock(CheckTarget{0, {"a|b"}, "a|b"});
+    EXPECT_EQ(std::exchange(host.results, {}),
+              "[Stock check of a|b]\n\r\nERROR: " + at("Trains/Consists/a|b.con") + " is MISSING");
+    commands.CheckDependencies(CheckTarget{3, {}, {}, at("a|b.s")});
+    EXPECT_EQ(host.results, "[Usage check of a|b]\nERROR: " + at("a|b.s") + " is MISSING\r\n");
 }
 
 TEST_F(CheckCommandsTest, AllStockIsCheckedWhenTheUserWantsIt)

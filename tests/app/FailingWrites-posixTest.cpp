@@ -2,8 +2,10 @@
 // Every step of every write goes wrong once, and the program ends there once: whatever stands in
 // the folder afterwards is an old file or a new one, never a mix, and the failure is told.
 #include "app/ConsistFiles.h"
+#include "app/Desktop.h"
 #include "app/FileAssociation.h"
 #include "app/SaveConsist.h"
+#include "app/Wastebasket.h"
 #include "document/ConsistTree.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
@@ -59,7 +61,8 @@ public:
         for (const auto &entry : fs::recursive_directory_iterator(folder.Path()))
             if (entry.is_regular_file()) {
                 const std::string name = fs::relative(entry.path(), folder.Path()).native();
-                content[name] = folder.Read(name);
+                // Half a record of where a file came from does no harm, and holds the time.
+                content[name] = name.ends_with(".trashinfo") ? "" : folder.Read(name);
             }
         return content;
     }
@@ -70,6 +73,17 @@ public:
     host::GameFiles files;
     install::Installation installation;
     support::ScriptedDialogs dialogs;
+};
+
+/// A desktop without a wastebasket.
+class BareDesktop : public app::Desktop
+{
+public:
+    void Start(const app::ProgramStart &) override {}
+    bool Open(const std::string &) override { return false; }
+    bool OpenWeb(const std::string &) override { return false; }
+    void AssociateConsistFiles() override {}
+    bool MoveToWastebasket(const std::string &) override { return false; }
 };
 
 struct Command
@@ -101,8 +115,11 @@ void saveOver(World &world)
     app::SaveTarget target;
     target.fileName = [&] { return name; };
     target.setFileName = [&](const std::string &chosen) { name = chosen; };
+    target.caption = [] { return std::string(); };
     target.setCaption = [](const std::string &) {};
     target.checkForm = [] {};
+    target.changedOnDisk = [](const std::string &) { return false; };
+    target.markChanged = [] {};
     target.saveForm = [&](bool) { world.files.WriteFile(name, "new"); };
     world.dialogs.Answer(host::DialogAnswer::Yes);
     app::SaveConsist(target, world.dialogs, world.files, world.folder.Path(), false);
@@ -121,10 +138,20 @@ const Command kCommands[] = {
      ".con"},
     {"delete a consist",
      [](World &world) {
+         BareDesktop desktop;
          world.dialogs.Answer(host::DialogAnswer::Yes);
-         app::CutConsist("b", world.dialogs, world.files, world.installation);
+         world.dialogs.Answer(host::DialogAnswer::Yes);
+         app::CutConsist("b", world.dialogs, world.files, desktop, world.installation);
      },
      "b.con", true},
+    {"move a consist to the wastebasket",
+     [](World &world) {
+         const std::string file = world.folder.At("game/Trains/Consists/b.con");
+         if (!app::MoveToWastebasket(file))
+             throw host::RuntimeError(host::ErrorNumber::PathFileAccess,
+                                      file + ": there is no wastebasket for it");
+     },
+     "b.con"},
     {"append a report",
      [](World &world) {
          validation::AppendReport(world.files, world.folder.At("check.log"), "all well");

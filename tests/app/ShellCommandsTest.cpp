@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace {
 
 /// A desktop that starts nothing and writes down what it was asked.
@@ -29,11 +31,18 @@ public:
         log += " in " + start.folder + '\n';
     }
     bool Open(const std::string &) override { return !refuses; }
+    bool OpenWeb(const std::string &) override { return !refuses; }
     void AssociateConsistFiles() override
     {
         if (refuses)
-            throw host::RuntimeError(host::ErrorNumber::PermissionDenied, "SetAssoc.bat");
+            throw host::RuntimeError(host::ErrorNumber::PermissionDenied,
+                                     "SetAssoc.bat: the file is read-only");
         log += "associate\n";
+    }
+    bool MoveToWastebasket(const std::string &file) override
+    {
+        log += "wastebasket " + std::string(host::path::FileName(file)) + '\n';
+        return !refuses && std::filesystem::remove(host::path::ToDisk(file));
     }
 
     std::string log;
@@ -109,37 +118,68 @@ TEST_F(ConsistFilesTest, PasteThatFailsSaysWhichFileAndWhy)
 {
     const struct
     {
-        const char *source, *name, *file;
-    } rows[] = {{"Gone", "New", "Gone.con"},
-                {"Coal", "../New", ""},
-                {"Coal", "a\\New", ""},
-                {"Coal", "What?", "What?.con"}};
+        const char *source;
+        std::string name, file;
+        const char *reason;
+    } rows[] = {
+        {"Gone", "New", "Gone.con", "there is no such file"},
+        {"Coal", "../New", "", "cannot hold any of"},
+        {"Coal", "a\\New", "", "cannot hold any of"},
+        {"Coal", "What?", "What?.con", "cannot hold any of"},
+        {"Coal", "a\tb", "a\tb.con", "tabs or line breaks"},
+        {"Coal", "   ", "   .con", "consists of blanks"},
+        {"Coal", std::string(300, 'x'), "xxx", "the name is too long"},
+#ifdef _WIN32
+        {"Coal", "con", "con.con", "keeps the name for a device"},
+#endif
+    };
     for (const auto &row : rows) {
         dialogs.AnswerInput(row.name);
         paste(row.source);
         const std::string log = dialogs.TakeLog();
         EXPECT_TRUE(log.starts_with(question(row.source) + "critical|Paste|")) << log;
         EXPECT_NE(log.find(consist(row.file)), std::string::npos) << log;
+        EXPECT_NE(log.find(row.reason), std::string::npos) << log;
     }
     EXPECT_EQ(game.Names("Trains/Consists").size(), 2u);
     EXPECT_FALSE(game.Exists("Trains/New.con"));
 }
 
-TEST_F(ConsistFilesTest, CutAsksAndDeletes)
+TEST_F(ConsistFilesTest, CutAsksAndMovesToTheWastebasket)
 {
     const auto cut = [this](const char *name) {
-        app::CutConsist(name, dialogs, files, installation);
-        return dialogs.TakeLog();
+        const std::string outcome = app::CutConsist(name, dialogs, files, desktop, installation);
+        return dialogs.TakeLog() + outcome;
     };
+    const std::string question = "question (No)|Delete|Delete Coal ?\n";
     EXPECT_EQ(cut(""), "");
     EXPECT_EQ(cut("Gone"), "");
     dialogs.Answer(host::DialogAnswer::No);
-    EXPECT_EQ(cut("Coal"), "question|Delete|Delete Coal ?\n");
+    EXPECT_EQ(cut("Coal"), question);
     EXPECT_TRUE(game.Exists("Trains/Consists/Coal.con"));
+    EXPECT_EQ(desktop.log, "");
     dialogs.Answer(host::DialogAnswer::Yes);
-    EXPECT_EQ(cut("Coal"), "question|Delete|Delete Coal ?\n");
-    EXPECT_FALSE(game.Exists("Trains/Consists/Coal.con"));
+    EXPECT_EQ(cut("Coal"), question + consist("Coal.con") + " was moved to the wastebasket.");
+    EXPECT_EQ(desktop.log, "wastebasket Coal.con\n");
+    EXPECT_EQ(cut("Coal"), "") << "it is not listed any more";
     EXPECT_TRUE(game.Exists("Trains/Consists/Old.con"));
+}
+
+TEST_F(ConsistFilesTest, CutDeletesForGoodOnlyAfterAnotherQuestion)
+{
+    desktop.refuses = true;
+    const std::string questions = "question (No)|Delete|Delete Old ?\nquestion (No)|Delete|" +
+                                  consist("Old.con") +
+                                  " cannot be moved to the wastebasket.\n\nDelete it for good?\n";
+    for (const auto answer : {host::DialogAnswer::No, host::DialogAnswer::Yes}) {
+        dialogs.Answer(host::DialogAnswer::Yes);
+        dialogs.Answer(answer);
+        const bool agrees = answer == host::DialogAnswer::Yes;
+        EXPECT_EQ(app::CutConsist("Old", dialogs, files, desktop, installation),
+                  agrees ? consist("Old.con") + " was deleted." : "");
+        EXPECT_EQ(dialogs.TakeLog(), questions);
+        EXPECT_EQ(game.Exists("Trains/Consists/Old.con"), !agrees);
+    }
 }
 
 TEST_F(ShellCommandsTest, WithoutAnInstallationItSaysSo)
@@ -155,9 +195,10 @@ TEST_F(ShellCommandsTest, AProgramThatIsNotThereIsNamed)
 {
     installation.SetLocation(game.Path());
     EXPECT_FALSE(shell.StartSimulator() || shell.StartEditors());
-    EXPECT_EQ(dialogs.TakeLog(),
-              "critical|View MSTS|File not found: " + at("train.exe") +
-                  "\ncritical|View MSTS Tools|File not found: " + at("launcher.exe") + "\n");
+    const std::string log = dialogs.TakeLog(), missing = ": there is no such file\n";
+    EXPECT_TRUE(log.starts_with("critical|View MSTS|" + at("train.exe") + missing)) << log;
+    EXPECT_NE(log.find("critical|View MSTS Tools|" + at("launcher.exe") + missing), log.npos)
+        << log;
 }
 
 TEST_F(ShellCommandsTest, HelpThatIsNotThereIsSaidToBeMissing)
@@ -186,6 +227,6 @@ TEST_F(ShellCommandsTest, TheFileAssociationIsAskedForFirst)
     desktop.refuses = true;
     dialogs.Answer(host::DialogAnswer::Yes);
     shell.SetFileAssociation();
-    EXPECT_EQ(dialogs.TakeLog(),
-              question + "critical|Set File Association|Permission denied: SetAssoc.bat\n");
+    const std::string log = dialogs.TakeLog();
+    EXPECT_TRUE(log.starts_with(question + "critical|Set File Association|SetAssoc.bat: ")) << log;
 }

@@ -44,6 +44,11 @@ protected:
              " Odd ( 1 )\r\n" + unit("Wagon", 1, "w1 f") + unit("Wagon", 2, "w2 f") +
              unit("Wagon", 3, "w3 f"));
     }
+    std::string counterAndTwo(const std::string &counter) const
+    {
+        return " NextWagonUID ( " + counter + " )\r\n" + unit("Wagon", 0, "a b") +
+               unit("Wagon", 1, "c d");
+    }
     std::string path() const { return folder.Path() + "/a.con"; }
 
     /// Shapes of the rows, flipped ones with a star, and the counter.
@@ -54,7 +59,7 @@ protected:
             text += row.item.shape + (row.item.type.ends_with('*') ? "* " : " ");
         const StfNode cfg = tree.Document().FindNode("Train").Child("TrainCfg");
         const StfNode counter = cfg.Child("NextWagonUID");
-        return text + (counter ? counter.Parameter(0) : "-");
+        return text + (counter ? stavfile::ValueAt(counter) : "-");
     }
     std::string uids() const
     {
@@ -97,14 +102,11 @@ TEST_F(ConsistTreeTest, WhatIsNoConsistSaysWhatIsMissing)
     struct Row
     {
         const char *text, *message;
-        std::size_t rows;
     };
     const Row rows[] = {
-        {"Wagon ( x )", "a.con: there is no Train block", 0},
-        {"Train ( x )", "a.con: there is no TrainCfg block in Train", 0},
-        {"SIMISA@F....", "a.con: a compressed file: its content is not read as text", 0},
-        {"Train ( TrainCfg ( \"a\" Wagon ( WagonData ( a b ) )\n Wagon ( UiD ( 1 ) ) ) )",
-         "a.con, line 2: Wagon has no block WagonData", 1},
+        {"Wagon ( x )", "a.con: there is no Train block"},
+        {"Train ( x )", "a.con: there is no TrainCfg block in Train"},
+        {"SIMISA@F....", "a.con: a compressed file: its content is not read as text"},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.text);
@@ -116,11 +118,13 @@ TEST_F(ConsistTreeTest, WhatIsNoConsistSaysWhatIsMissing)
             EXPECT_EQ(91, error.Number());
             EXPECT_TRUE(error.Detail().ends_with(row.message)) << error.Detail();
         }
-        EXPECT_EQ(row.rows, tree.Rows().size());
+        EXPECT_TRUE(tree.Rows().empty());
         const std::string before = tree.Document().ToBytes();
-        EXPECT_NE("", tree.Edit(Move::Add, 0, &box).message);
-        EXPECT_EQ(before, tree.Document().ToBytes()) << "what cannot be listed is not edited";
-        EXPECT_EQ(row.rows == 0 ? "" : "a", tree.Title() + tree.MaxVelocity(0) + tree.Durability());
+        const EditResult result = tree.Edit(Move::Add, 0, &box);
+        EXPECT_TRUE(result.refused);
+        EXPECT_TRUE(result.message.ends_with(row.message)) << result.message;
+        EXPECT_EQ(before, tree.Document().ToBytes());
+        EXPECT_EQ("", tree.Title() + tree.MaxVelocity(0) + tree.Durability());
     }
 }
 
@@ -198,35 +202,113 @@ TEST_F(ConsistTreeTest, ANewConsistHasNoCounterForTheEditor)
     EXPECT_EQ("40.00000", tree.MaxVelocity(0));
 }
 
-TEST_F(ConsistTreeTest, ACounterThatCannotMoveChangesNothing)
+TEST_F(ConsistTreeTest, AddNeedsACounterOf16Bits)
 {
-    struct Row
+    const struct
     {
-        const char *counter;
-        bool canAdd, canRemove, canRemoveAll;
+        const char *counter, *after, *message;
+    } rows[] = {
+        {"32766", "32767", ""},
+        {"-32768", "-32767", ""},
+        {"7.9", "8", ""},
+        {"1e3", "1001", ""},
+        {"32767", "32767", "32767, and the new value would not fit into 16 bits."},
+        {"380102", "380102", "380102, and the new value would not fit into 16 bits."},
+        {"x1", "x1", "\"x1\", which is not a number."},
     };
-    const Row rows[] = {
-        {"32767", false, true, true},    {"32766", true, true, true},
-        {"-32768", true, false, false},  {"-32767", true, true, false},
-        {"380102", false, false, false}, {"x1", false, false, false},
-        {"", false, false, false},       {"99999999999", false, false, false},
-        {"7.9", true, true, true},       {"1e3", true, true, true},
-    };
-    for (const Row &row : rows) {
+    for (const auto &row : rows) {
         SCOPED_TRACE(row.counter);
-        const auto check = [&](Move move, bool can) {
-            load(" NextWagonUID ( " + std::string(row.counter) + " )\r\n" +
-                 unit("Wagon", 0, "a b") + unit("Wagon", 1, "c d"));
-            const std::string before = tree.Document().ToBytes();
-            const EditResult result = tree.Edit(move, 2, &box);
-            EXPECT_EQ(can, before != tree.Document().ToBytes());
-            EXPECT_EQ(can, result.message.empty()) << result.message;
-            EXPECT_TRUE(can || result.selectedRow == 2);
-        };
-        check(Move::Add, row.canAdd);
-        check(Move::Remove, row.canRemove);
-        check(Move::RemoveAll, row.canRemoveAll);
+        load(counterAndTwo(row.counter));
+        const std::string before = tree.Document().ToBytes();
+        const EditResult result = tree.Edit(Move::Add, 2, &box);
+        EXPECT_EQ(std::string(result.refused ? "a c " : "a c box ") + row.after, train());
+        EXPECT_EQ(result.refused ? 2 : 3, result.selectedRow);
+        EXPECT_EQ(*row.message ? std::string("Nothing was changed: NextWagonUID is ") + row.message
+                               : "",
+                  result.message);
+        EXPECT_EQ(result.refused, before == tree.Document().ToBytes());
     }
+}
+
+TEST_F(ConsistTreeTest, RemovedUnitsAreSubtractedFromAnyNumber)
+{
+    const struct
+    {
+        const char *counter, *afterRemove, *afterClear;
+    } rows[] = {
+        {"2", "1", "0"},
+        {"40000", "39999", "39998"},
+        {"380102", "380101", "380100"},
+        {"-32768", "-32769", "-32770"},
+        {"0", "-1", "-2"},
+        {"+4", "3", "2"},
+        {"99999999999", "99999999998", "99999999997"},
+        {"-9223372036854775808", "-9223372036854775808", "-9223372036854775808"},
+        {"12.5", "11.5", "10.5"},
+        {"2.30", "1.30", "0.30"},
+        {"1e3", "999", "998"},
+        {"1e30", "1e30", "1e30"}, // one less is the same number
+        {"x1", "", ""},
+        {"0x10", "", ""},
+        {"", "", ""},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.counter);
+        const bool number = *row.afterRemove;
+        const std::string note = number ? ""
+                                        : "NextWagonUID was not changed: \"" +
+                                              std::string(row.counter) + "\" is not a number.";
+        const auto check = [&](Move move, const std::string &units, const char *counter) {
+            load(counterAndTwo(row.counter));
+            const EditResult result = tree.Edit(move, 2);
+            EXPECT_EQ(units + (number ? counter : row.counter), train());
+            EXPECT_EQ(note, result.message);
+            EXPECT_FALSE(result.refused);
+            EXPECT_EQ(static_cast<int>(tree.Rows().size()), result.selectedRow);
+        };
+        check(Move::Remove, "a ", row.afterRemove);
+        check(Move::RemoveAll, "", row.afterClear);
+    }
+}
+
+/// Two units, one that cannot be listed, and one behind it.
+TEST_F(ConsistTreeTest, AUnitThatCannotBeListedEndsTheRowsAndStaysInTheFile)
+{
+    const std::string hidden = " Wagon ( UiD ( 7 ) )\r\n" + unit("Wagon", 8, "behind f");
+    const auto loadHidden = [&] {
+        load(" Name ( \"a\" )\r\n NextWagonUID ( 4 )\r\n" + unit("Wagon", 0, "w1 f") +
+             unit("Wagon", 1, "w2 f") + hidden);
+    };
+    const std::string fault = ", line 9: Wagon has no block WagonData";
+    const EditRow rows[] = {
+        {"add", Move::Add, 1, "w1 w2 5", 2},
+        {"remove", Move::Remove, 2, "w1 3", 1},
+        {"remove all", Move::RemoveAll, 0, "2", 0},
+        {"forwards", Move::Forwards, 2, "w2 w1 4", 1},
+        {"backwards", Move::Backwards, 1, "w2 w1 4", 2},
+        {"backwards at the last row", Move::Backwards, 2, "w1 w2 4", 2},
+        {"flip", Move::Flip, 2, "w1 w2* 4", 0},
+    };
+    for (const EditRow &row : rows) {
+        SCOPED_TRACE(row.what);
+        loadHidden();
+        EXPECT_EQ("w1 w2 4", train());
+        EXPECT_EQ(path() + fault, tree.WhyRowsEnd());
+        EXPECT_FALSE(tree.Changed());
+        const EditResult result = tree.Edit(row.move, row.row, &box);
+        EXPECT_EQ(row.train, train());
+        EXPECT_EQ(row.selected, result.selectedRow);
+        EXPECT_FALSE(result.refused) << result.message;
+        const bool told = row.move == Move::Add || row.move == Move::RemoveAll;
+        EXPECT_EQ(told, result.message.ends_with(fault + '.')) << result.message;
+        tree.Save(path());
+        const std::string saved = folder.Read("a.con");
+        const std::size_t at = saved.find(hidden);
+        ASSERT_NE(std::string::npos, at) << saved;
+        EXPECT_EQ(row.move == Move::Add, saved.find("box", at) != std::string::npos) << saved;
+    }
+    loadFour();
+    EXPECT_EQ("", tree.WhyRowsEnd());
 }
 
 TEST_F(ConsistTreeTest, FlipStandsFirstAndFlippingBackRestoresTheBytes)
@@ -292,9 +374,43 @@ TEST_F(ConsistTreeTest, AFailedSaveLeavesTheConsistChanged)
 {
     loadFour();
     tree.Edit(Move::Flip, 1);
-    EXPECT_THROW(tree.Save(folder.Path() + "/missing/a.con"), host::RuntimeError);
+    const std::string before = tree.Document().ToBytes();
+    EXPECT_THROW(tree.Save(folder.Path() + "/missing/b.con"), host::RuntimeError);
     EXPECT_TRUE(tree.Changed());
     EXPECT_EQ("e* w1 w2 w3 4", train());
+    EXPECT_EQ(before, tree.Document().ToBytes()) << "the name of the file that was not written";
+    EXPECT_EQ(path(), tree.Document().FileName());
+    tree.Save(path());
+    EXPECT_EQ(before, folder.Read("a.con"));
+}
+
+TEST_F(ConsistTreeTest, AChangeOnDiskIsSeenUntilTheNextLoadOrSave)
+{
+    loadFour();
+    const std::string other = folder.At("b.con");
+    EXPECT_FALSE(tree.ChangedOnDisk(path()));
+    const auto change = [&] { folder.Write("a.con", folder.Read("a.con") + "\r\n"); };
+    change();
+    EXPECT_TRUE(tree.ChangedOnDisk(path()));
+    EXPECT_FALSE(tree.ChangedOnDisk(other)) << "not the file of this consist";
+    tree.SaveCopy(other);
+    EXPECT_TRUE(tree.ChangedOnDisk(path())) << "a copy is not a save";
+    tree.Load(path());
+    EXPECT_FALSE(tree.ChangedOnDisk(path()));
+
+    change();
+    EXPECT_THROW(tree.Save(folder.At("missing/a.con")), host::RuntimeError);
+    EXPECT_TRUE(tree.ChangedOnDisk(path())) << "nothing was saved";
+    tree.Save(path());
+    EXPECT_FALSE(tree.ChangedOnDisk(path()));
+    tree.Save(other);
+    change();
+    EXPECT_FALSE(tree.ChangedOnDisk(path())) << "the consist belongs to the other file now";
+
+    tree.New(folder.At("new.con"));
+    EXPECT_FALSE(tree.ChangedOnDisk(folder.At("new.con")));
+    folder.Write("new.con", "by others");
+    EXPECT_TRUE(tree.ChangedOnDisk(folder.At("new.con")));
 }
 
 TEST(StockPathTest, ExtensionFromTheType)

@@ -3,6 +3,7 @@
 
 #include "app/IconSet.h"
 #include "support/Environment.h"
+#include "validation/ReportView.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -53,6 +54,8 @@ TEST(ColoursTest, TextStandsOutFromItsGround)
             {QPalette::Active, QPalette::Text, QPalette::Base, 120},
             {QPalette::Active, QPalette::ButtonText, QPalette::Button, 120},
             {QPalette::Active, QPalette::HighlightedText, QPalette::Highlight, 120},
+            {QPalette::Inactive, QPalette::HighlightedText, QPalette::Highlight, 120},
+            {QPalette::Inactive, QPalette::Highlight, QPalette::Base, 40},
             {QPalette::Active, QPalette::ToolTipText, QPalette::ToolTipBase, 120},
             {QPalette::Disabled, QPalette::WindowText, QPalette::Window, 50},
         };
@@ -62,6 +65,20 @@ TEST(ColoursTest, TextStandsOutFromItsGround)
                       pair.least)
                 << "role " << pair.text << " on " << pair.ground;
     }
+}
+
+TEST(ColoursTest, SelectionsWithoutTheFocusAreGreyButNotInReports)
+{
+    for (const ColourScheme scheme : {ColourScheme::Light, ColourScheme::Dark}) {
+        const QPalette palette = app::PaletteOf(scheme);
+        EXPECT_LT(palette.color(QPalette::Inactive, QPalette::Highlight).hsvSaturation(), 40);
+        EXPECT_GT(palette.color(QPalette::Active, QPalette::Highlight).hsvSaturation(), 100);
+    }
+    const validation::ReportView report;
+    for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText})
+        EXPECT_EQ(report.palette().color(QPalette::Inactive, role),
+                  report.palette().color(QPalette::Active, role))
+            << "the find bar has the focus while the report shows what was found";
 }
 
 TEST(ColoursTest, IconsTakeTheTextColourAndFadeWhenDisabled)

@@ -119,8 +119,16 @@ constexpr char kCheckAll[] =
 constexpr char kSave[] =
     "question|Save Consist|<M>/Trains/Consists/Coal.con already exists.  Do you want to overwrite "
     "it?\ncritical|Save Consist|Save of <M>/Trains/Consists/Coal.con cancelled by user!\n";
-constexpr char kNoShape[] = "critical|View Shape|Object variable or With block variable not set: "
-                            "<M>/Trains/Trainset/Boxcars/box.wag: there is no Wagon block\n";
+constexpr char kNoShape[] =
+    "critical|View Shape|<M>/Trains/Trainset/Boxcars/box.wag: there is no Wagon block\n\nThe file "
+    "is "
+    "damaged or incomplete: install it again, or correct it in a text editor that keeps UTF-16.\n";
+constexpr char kNoSimulator[] = "critical|View MSTS|<M>/train.exe: there is no such file\n\nWas it "
+                                "moved, renamed or deleted? F5 "
+                                "reads the lists again.\n";
+constexpr char kNoEditors[] =
+    "critical|View MSTS Tools|<M>/launcher.exe: there is no such file\n\nWas it moved, renamed or "
+    "deleted? F5 reads the lists again.\n";
 constexpr char kRoutes[] = "select|Select Routes to Check|\n";
 
 constexpr Row kRows[] = {
@@ -141,7 +149,7 @@ constexpr Row kRows[] = {
      "critical|Set MSTS Location|Can't change MSTS location whilst editting a consist!\n"},
     {From::List, "mnuFileExit", "windows\n"},
     {From::List, "mnuEditUndo", "none|ZELK v1.0-75|Edit Undo not yet implemented\n"},
-    {From::List, "mnuEditCut", "question|Delete|Delete Coal ?\n"},
+    {From::List, "mnuEditCut", "question (No)|Delete|Delete Coal ?\n"},
     {From::List, "mnuEditCopy", "clipboard|Coal\n"},
     {From::List, "mnuEditPaste", "input|Copy Consist|Enter new consist name:|Copy of before\n"},
     {From::List, "mnuEditPasteSpecial",
@@ -165,11 +173,12 @@ constexpr Row kRows[] = {
      "input|Filter Consist List|Enter a filter string for consists:|\n"},
     {From::Editor, "mnuViewFilter", "input|Filter Stock List|Enter a filter string for stock:|\n"},
     {From::List, "mnuViewOptions", "none|ZELK v1.0-75|View Options not yet implemented\n"},
-    {From::List, "mnuViewTS", "critical|View MSTS|File not found: <M>/train.exe\n"},
-    {From::List, "mnuViewTSE", "critical|View MSTS Tools|File not found: <M>/launcher.exe\n"},
+    {From::List, "mnuViewTS", kNoSimulator},
+    {From::List, "mnuViewTSE", kNoEditors},
     {From::List, "mnuViewShapeViewer",
      "critical|View MSTS|MSTS does not appear to be installed on this system!\n"},
     {From::List, "mnuWindowNewWindow", "windows|Consist List 1|Consist List 2\n"},
+    {From::Editor, "mnuWindowCloseAll", "windows\n"},
     {From::Editor, "mnuWindowCascade", "arranged\n"},
     {From::Editor, "mnuWindowTileHorizontal", "arranged\n"},
     {From::Editor, "mnuWindowTileVertical", "arranged\n"},
@@ -177,6 +186,7 @@ constexpr Row kRows[] = {
     {From::List, "mnuWindowLockTiling", "checked\n"},
     {From::List, "mnuHelpContents", "open|<P>/guide/index.html\n"},
     {From::List, "mnuHelpSearchForHelpOn", "open|<P>/guide/search.html\n"},
+    {From::List, "mnuHelpWeb", "web|https://www.openrails.org\n"},
     {From::List, "mnuHelpAbout", "dialog|frmAbout\n"},
 };
 
@@ -211,7 +221,8 @@ TEST_F(CommandsTableTest, KnowsEveryCommandOfTheMenus)
 {
     Start();
     std::set<std::string> known = {"mnuFileMRU0", "mnuFileMRU1", "mnuFileMRU2", // never filled
-                                   "mnuViewReset"}; // moves the camera of a 3D view, see there
+                                   "mnuViewReset",     // moves the camera of a 3D view, see there
+                                   "mnuViewPictures"}; // opens a folder, see the views
     for (const Row &row : kRows)
         known.insert(row.command);
     for (const QAction *action :

@@ -29,6 +29,7 @@ TEST(DesktopSchemeTest, DesktopSettingsDecide)
         const support::ScopedHome home;
         home.Folder().Write(std::string(".config/") + row.file, row.text);
         const support::ScopedVariable theme("GTK_THEME", std::nullopt);
+        const support::ScopedVariable bus("DBUS_SESSION_BUS_ADDRESS", "autolaunch:");
         EXPECT_EQ(app::SchemeOfDesktop(), row.expected) << row.name;
     }
 }

@@ -8,21 +8,27 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QPrinter>
 #include <QProgressBar>
 #include <QTimer>
 
-std::optional<std::string> MemorySettings::Read(std::string_view key)
+#include <filesystem>
+
+std::optional<std::string> MemorySettings::ReadFrom(std::string_view section, std::string_view key)
 {
-    const auto found = values.find(key);
-    return found == values.end() ? std::nullopt : std::optional(found->second);
+    const Section &all = section == kSettings ? values : windows;
+    const auto found = all.find(key);
+    return found == all.end() ? std::nullopt : std::optional(found->second);
 }
 
-void MemorySettings::Write(std::string_view key, std::string_view value)
+void MemorySettings::WriteTo(std::string_view section, std::string_view key, std::string_view value)
 {
     if (readOnly)
         throw host::RuntimeError(host::ErrorNumber::PermissionDenied, "ZELK.ini");
-    values[std::string(key)] = value;
+    (section == kSettings ? values : windows)[std::string(key)] = value;
 }
 
 void RecordingDesktop::Start(const app::ProgramStart &start)
@@ -41,11 +47,22 @@ bool RecordingDesktop::Open(const std::string &file)
     return !refuses;
 }
 
+bool RecordingDesktop::OpenWeb(const std::string &address)
+{
+    log += "web|" + address + '\n';
+    return !refuses;
+}
+
 void RecordingDesktop::AssociateConsistFiles()
 {
     if (refuses)
         throw host::RuntimeError(host::ErrorNumber::PermissionDenied, "SetAssoc.bat");
     log += "associate\n";
+}
+
+bool RecordingDesktop::MoveToWastebasket(const std::string &file)
+{
+    return !refuses && std::filesystem::remove(host::path::ToDisk(file));
 }
 
 bool FilePrinters::Choose(QPrinter &printer, const QString &job)
@@ -159,6 +176,16 @@ std::string RowsOf(const QAbstractItemView &list)
 bool Wait(const std::function<bool()> &condition)
 {
     return QTest::qWaitFor(condition, 10000);
+}
+
+void DropOn(QWidget &window, const QMimeData &data)
+{
+    const QPoint at(50, 50);
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &enter);
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &drop);
+    QTest::qWait(50);
 }
 
 void OnNextDialog(const std::function<void(QDialog &)> &act)

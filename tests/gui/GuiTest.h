@@ -23,26 +23,32 @@
 
 class QAbstractItemView;
 class QDialog;
+class QMimeData;
 
 /// A settings store in memory; it can refuse to be written.
 class MemorySettings : public host::SettingsStore
 {
 public:
-    std::optional<std::string> Read(std::string_view key) override;
-    void Write(std::string_view key, std::string_view value) override;
+    std::optional<std::string> ReadFrom(std::string_view section, std::string_view key) override;
+    void WriteTo(std::string_view section, std::string_view key, std::string_view value) override;
 
-    std::map<std::string, std::string, std::less<>> values;
+    using Section = std::map<std::string, std::string, std::less<>>;
+    Section values;  ///< of the section "Settings"
+    Section windows; ///< of "Windows"
     bool readOnly = false;
 };
 
 /// A desktop that starts nothing; it writes down what it was asked, a line each: "start|program
-/// arguments|folder|prefix", "open|file", "associate".
+/// arguments|folder|prefix", "open|file", "web|address", "associate". Files for the wastebasket are
+/// gone.
 class RecordingDesktop : public app::Desktop
 {
 public:
     void Start(const app::ProgramStart &start) override;
     bool Open(const std::string &file) override;
+    bool OpenWeb(const std::string &address) override;
     void AssociateConsistFiles() override;
+    bool MoveToWastebasket(const std::string &file) override;
 
     std::string log;
     bool refuses = false; ///< from now on nothing can be done
@@ -104,5 +110,7 @@ template <typename Widget> Widget &Find(const QObject &parent, const char *name)
 std::string RowsOf(const QAbstractItemView &list);
 /// Waits until the condition holds; false after some seconds.
 bool Wait(const std::function<bool()> &condition);
+/// Drags the data over a window, drops it there, and lets the window act on it.
+void DropOn(QWidget &window, const QMimeData &data);
 /// Runs `act` on the modal dialog that the next call opens; it is closed when `act` did not do so.
 void OnNextDialog(const std::function<void(QDialog &)> &act);

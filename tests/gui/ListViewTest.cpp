@@ -47,6 +47,21 @@ TEST(ListViewTest, ColumnsFillTheWidthUntilTheUserSizesOne)
     EXPECT_EQ(shown.list.columnWidth(1), 77);
 }
 
+TEST(ListViewTest, GivenWidthsAreTakenIfEachColumnHasAUsefulOne)
+{
+    ShownList shown;
+    const std::vector<int> before = shown.list.ColumnWidths();
+    for (const std::vector<int> &useless :
+         {std::vector<int>{}, {50, 60}, {50, 60, 70, 80}, {50, 60, -1}, {50, 60, 99999}}) {
+        shown.list.SizeColumns(useless);
+        EXPECT_EQ(shown.list.ColumnWidths(), before);
+    }
+    const std::vector<int> useful = {50, 60, 170};
+    shown.list.SizeColumns(useful);
+    shown.list.resize(700, 200);
+    EXPECT_EQ(shown.list.ColumnWidths(), useful);
+}
+
 TEST(ListViewTest, TypingFindsInTheSearchColumn)
 {
     ShownList shown;

@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <initializer_list>
 #include <memory>
 
 using korvat::Vec3;
@@ -252,6 +253,33 @@ TEST_F(PictureTest, AMissingTextureIsACheckerPattern)
     view.Models.Item(1).Flash();
     take("flashed");
     EXPECT_TRUE(close(at({1, 2, 0}), kWhite)) << "flashed, it is plain";
+}
+
+TEST_F(PictureTest, ACompressedTextureWithOneLevelDoesNotShimmer)
+{
+    // Rows of pixels, black and white in turn, and a single level: 64 x 64 blocks.
+    std::string file = "DDS ";
+    const auto put = [&file](std::initializer_list<std::uint32_t> numbers) {
+        for (const std::uint32_t number : numbers)
+            for (unsigned shift = 0; shift < 32; shift += 8)
+                file += static_cast<char>(number >> shift & 255U);
+    };
+    put({124, 0x1007, 256, 256, 0, 0, 1});
+    file.resize(76);
+    put({32, 4});
+    file += "DXT1";
+    file.resize(128);
+    for (int block = 0; block < 64 * 64; ++block)
+        put({0x0000FFFF, 0x55005500});
+    folder.Write("rows.dds", file);
+    Panel wall = SidePanel(0, 1, {0, 2, 0}, 4, 4);
+    wall.image = "rows.dds";
+    Load(folder.Write("wall.s", ShapeText({wall}, "MipLinear")), 0, 0);
+    lookFrom({30, 2, 0}, {0, 2, 0});
+    take("rows");
+    for (float y = 0.5f; y < 3.5f; y += 0.05f)
+        ASSERT_TRUE(close(at({0, y, 0}), {128, 128, 128, 255}, 16))
+            << y << ": " << at({0, y, 0}).name().toStdString();
 }
 
 TEST_F(PictureTest, TheSceneHasSkyGroundAndTrack)

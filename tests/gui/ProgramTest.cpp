@@ -5,6 +5,7 @@
 #include "ProgramWindow.h"
 #include "support/KnownFolders.h"
 
+#include <QAbstractItemView>
 #include <QProcess>
 
 namespace {
@@ -22,11 +23,31 @@ std::string outputOf(const QString &program, const QStringList &arguments, int *
 
 } // namespace
 
-TEST(ProgramTest, TheCommandLineIsOnePath)
+class GivenFileTest : public GuiTest
 {
-    EXPECT_EQ(app::CommandLineOf({}), "");
-    EXPECT_EQ(app::CommandLineOf({"/a/My", "Train.con "}), "/a/My Train.con");
-    EXPECT_EQ(app::CommandLineOf({"  \"quoted\" "}), "\"quoted\"");
+};
+
+TEST_F(GivenFileTest, TheWholeCommandLineIsOnePath)
+{
+    const std::string file = WriteConsist("Ore  train", {"box"});
+    const struct
+    {
+        const char *name;
+        std::string line;
+    } rows[] = {{"as it is", file},
+                {"with blanks around it", "  " + file + " "},
+                {"quoted by a file manager", " \"" + file + "\" "}};
+    for (const auto &row : rows) {
+        Start(row.line);
+        ASSERT_TRUE(Active()) << row.name;
+        EXPECT_EQ(Active()->FileName(), file) << row.name;
+        EXPECT_EQ(Find<QAbstractItemView>(*Active(), "lvConsist").model()->rowCount(), 1)
+            << row.name;
+        window.reset();
+    }
+    EXPECT_EQ(dialogs.TakeLog(), "");
+    Start("\"\"");
+    EXPECT_EQ(Active()->Caption(), "Consist List 1") << "an empty path names no file";
     EXPECT_FALSE(app::AnswerTo("--help me.con").has_value());
 }
 

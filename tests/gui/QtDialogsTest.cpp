@@ -18,13 +18,18 @@ TEST(QtDialogsTest, MessageBoxesShowPlainTextAndGiveTheAnswer)
     const struct
     {
         DialogButtons buttons;
-        QMessageBox::StandardButton pressed; ///< NoButton: closed by Esc
+        QMessageBox::StandardButton pressed; ///< NoButton: closed by Esc, Apply: by Return
         DialogAnswer answer;
     } rows[] = {
         {DialogButtons::Ok, QMessageBox::Ok, DialogAnswer::Ok},
-        {DialogButtons::Ok, QMessageBox::NoButton, DialogAnswer::Ok},
+        {DialogButtons::Ok, QMessageBox::NoButton, DialogAnswer::Cancel},
         {DialogButtons::YesNo, QMessageBox::Yes, DialogAnswer::Yes},
         {DialogButtons::YesNo, QMessageBox::NoButton, DialogAnswer::No},
+        {DialogButtons::YesNo, QMessageBox::Apply, DialogAnswer::Yes},
+        {DialogButtons::YesNoDefaultNo, QMessageBox::Yes, DialogAnswer::Yes},
+        {DialogButtons::YesNoDefaultNo, QMessageBox::NoButton, DialogAnswer::No},
+        {DialogButtons::YesNoDefaultNo, QMessageBox::Apply, DialogAnswer::No},
+        {DialogButtons::YesNoCancel, QMessageBox::Apply, DialogAnswer::Yes},
         {DialogButtons::YesNoCancel, QMessageBox::No, DialogAnswer::No},
         {DialogButtons::YesNoCancel, QMessageBox::Cancel, DialogAnswer::Cancel},
         {DialogButtons::YesNoCancel, QMessageBox::NoButton, DialogAnswer::Cancel},
@@ -39,6 +44,8 @@ TEST(QtDialogsTest, MessageBoxesShowPlainTextAndGiveTheAnswer)
             EXPECT_EQ(box.icon(), QMessageBox::Question);
             if (row.pressed == QMessageBox::NoButton)
                 QTest::keyClick(&box, Qt::Key_Escape);
+            else if (row.pressed == QMessageBox::Apply)
+                QTest::keyClick(&box, Qt::Key_Return);
             else
                 box.button(row.pressed)->click();
         });

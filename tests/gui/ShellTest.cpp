@@ -62,6 +62,8 @@ TEST_F(ShellTest, TheClipboardCarriesTheNameOfAConsist)
     dialogs.Answer(host::DialogAnswer::Yes);
     Trigger("mnuEditCut");
     EXPECT_FALSE(game.Exists("Trains/Consists/Coal.con"));
+    EXPECT_EQ(Status(),
+              host::path::Normalise(ConsistFile("Coal")) + " was moved to the wastebasket.");
     EXPECT_EQ(RowsOf(list), "Coal 2 Coal Freight North GP38 Local");
     Find<QAbstractItemView>(*Active(), "lvConsists").selectionModel()->clear();
     Trigger("mnuEditCopy");
@@ -69,7 +71,8 @@ TEST_F(ShellTest, TheClipboardCarriesTheNameOfAConsist)
     EXPECT_EQ(dialogs.TakeLog(), "input|Copy Consist|Enter new consist name:|Copy of Coal\n"
                                  "information|Paste|Created " +
                                      host::path::Normalise(ConsistFile("Coal 2")) +
-                                     "\nquestion|Delete|Delete Coal ?\n");
+                                     "\nquestion (No)|Delete|Delete Coal ?\n");
+    EXPECT_EQ(Status(), "");
 }
 
 TEST_F(ShellTest, ProgramsOfTheInstallationAreStartedAndFailuresTold)
@@ -86,10 +89,14 @@ TEST_F(ShellTest, ProgramsOfTheInstallationAreStartedAndFailuresTold)
     }
     Trigger("mnuHelpContents");
     EXPECT_NE(desktop.log.find("index.html\n"), std::string::npos) << desktop.log;
+    Trigger("mnuHelpWeb");
+    EXPECT_TRUE(desktop.log.ends_with("web|https://www.openrails.org\n")) << desktop.log;
     desktop.refuses = true;
     Trigger("mnuHelpSearchForHelpOn");
-    EXPECT_NE(dialogs.Log().find("search.html cannot be shown"), std::string::npos)
-        << dialogs.Log();
+    EXPECT_NE(dialogs.TakeLog().find("search.html cannot be shown"), std::string::npos);
+    Trigger("mnuHelpWeb");
+    EXPECT_EQ(dialogs.TakeLog(), "critical|ZELK|https://www.openrails.org cannot be shown: there "
+                                 "is no browser for it.\n");
 }
 
 TEST_F(ShellTest, EachKindOfWindowPrintsUnderItsName)
@@ -191,6 +198,7 @@ TEST_F(ShellTest, AboutTellsVersionsAndWhatAReportNeeds)
         versions = RowsOf(Find<QTreeWidget>(about, "lvHistory"));
         OnNextDialog([&](QDialog &info) {
             facts = Find<QPlainTextEdit>(info, "txtFacts").toPlainText();
+            EXPECT_TRUE(QRect(0, 0, 640, 480).contains(QRect({0, 0}, info.frameSize())));
             Find<QPushButton>(info, "cmdCopy").click();
         });
         Find<QPushButton>(about, "cmdSysInfo").click();

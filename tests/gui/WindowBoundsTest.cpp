@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/WindowBounds.h"
+#include "app/WindowSettings.h"
 
 #include "GuiTest.h"
 
@@ -31,6 +32,34 @@ TEST(WindowBoundsTest, WhatIsWrittenIsReadBack)
     app::WriteMainBounds(settings, bounds);
     EXPECT_EQ(settings.values["MainWidth"], "11655");
     EXPECT_EQ(app::ReadMainBounds(settings), bounds);
+}
+
+TEST(WindowSettingsTest, AreReadBackAndUselessOnesTakeTheirDefaults)
+{
+    MemorySettings settings;
+    app::WindowSettings windows;
+    app::WriteWindowSettings(settings, windows);
+    EXPECT_TRUE(settings.windows.empty()) << "nothing to remember";
+    windows.maximised = true;
+    windows.normal = QRect(-20, 5, 700, 500);
+    windows.editors = {{60, 100, 120}, {50, 200, 90}, {2, false}};
+    app::WriteWindowSettings(settings, windows);
+    EXPECT_TRUE(settings.values.empty());
+    const app::WindowSettings back = app::ReadWindowSettings(settings);
+    EXPECT_TRUE(back.maximised);
+    EXPECT_EQ(back.normal, windows.normal);
+    EXPECT_EQ(back.editors.consistWidths, windows.editors.consistWidths);
+    EXPECT_EQ(back.editors.stockWidths, windows.editors.stockWidths);
+    EXPECT_EQ(back.editors.stockOrder.column, 2);
+    EXPECT_FALSE(back.editors.stockOrder.ascending);
+
+    for (auto &[key, value] : settings.windows)
+        value += " 1e9 wide";
+    const app::WindowSettings none = app::ReadWindowSettings(settings);
+    EXPECT_FALSE(none.maximised);
+    EXPECT_TRUE(none.normal.isNull());
+    EXPECT_TRUE(none.editors.consistWidths.empty() && none.editors.stockWidths.empty());
+    EXPECT_EQ(none.editors.stockOrder.column, -1);
 }
 
 TEST(WindowBoundsTest, WindowsComeBackOntoAScreen)

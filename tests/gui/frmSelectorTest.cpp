@@ -4,6 +4,7 @@
 #include "GuiTest.h"
 #include "app/QtDialogs.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QLabel>
 #include <QListWidget>
@@ -56,6 +57,21 @@ TEST(frmSelectorTest, SelectAllAndTheEntriesGoTogether)
     QTest::mouseClick(selector.lvItems->viewport(), Qt::LeftButton, {}, second);
     QTest::mouseDClick(selector.lvItems->viewport(), Qt::LeftButton, {}, second);
     EXPECT_EQ(marks(*selector.lvItems), "A|+B|C");
+}
+
+TEST(frmSelectorTest, ScreenReadersToggleSelectAll)
+{
+    frmSelector selector;
+    selector.SelectFrom("A|B");
+    selector.show();
+    QAccessibleInterface *box = QAccessible::queryAccessibleInterface(selector.chkAll);
+    ASSERT_TRUE(box && box->actionInterface());
+    for (const char *expected : {"+A|+B", "A|B"}) {
+        box->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        EXPECT_EQ(marks(*selector.lvItems), expected);
+    }
+    selector.lvItems->item(0)->setCheckState(Qt::Checked);
+    EXPECT_EQ(marks(*selector.lvItems), "+A|B") << "the box follows the entries, not they the box";
 }
 
 TEST(frmSelectorTest, GivesWhatWasMarkedOnlyWhenItIsAccepted)

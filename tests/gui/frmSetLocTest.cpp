@@ -52,20 +52,39 @@ TEST_F(frmSetLocTest, ATypedFolderIsTakenAndTheListsFollow)
     EXPECT_EQ(settings.values["MSTSDir"], other.Path());
 }
 
-TEST_F(frmSetLocTest, SaysWhetherTheFolderLooksRight)
+TEST_F(frmSetLocTest, TheHintFollowsTheTextAndIsReadAloud)
 {
     other.MakeFolder("routes");
     Start();
     choose([this](frmSetLoc &dialog) {
-        dialog.txtLocation->setText(QString::fromStdString(other.Path() + "/Trains"));
-        const QString wrong = dialog.lblHint->text();
-        EXPECT_TRUE(wrong.startsWith(QLatin1String("Choose the folder"))) << wrong.toStdString();
-        dialog.txtLocation->setText(QString::fromStdString(other.Path()));
-        EXPECT_TRUE(dialog.lblHint->text().startsWith(QLatin1String("This folder holds")));
-        dialog.txtLocation->clear();
-        EXPECT_EQ(dialog.lblHint->text(), wrong);
-        dialog.CancelButton->click();
+        for (const auto &[folder, hint] :
+             {std::pair("/Trains", "This is the Trains folder itself."),
+              std::pair("", "This folder holds Trains and Routes"),
+              std::pair("/gone", "This folder is not found.")}) {
+            dialog.txtLocation->setText(QString::fromStdString(other.Path() + folder));
+            EXPECT_TRUE(dialog.lblHint->text().startsWith(QLatin1String(hint))) << folder;
+            EXPECT_TRUE(
+                dialog.txtLocation->accessibleDescription().endsWith(dialog.lblHint->text()));
+            EXPECT_TRUE(dialog.OKButton->isEnabled());
+        }
+        EXPECT_EQ(dialog.lblHint->buddy(), dialog.txtLocation);
+        dialog.OKButton->click();
     });
+    EXPECT_EQ(window->Installation().Override(), other.Path() + "/gone") << "never refused";
+}
+
+TEST_F(frmSetLocTest, BeginsAtHomeWithoutAFolder)
+{
+    m_known.Register("");
+    settings.values.erase("MSTSDir");
+    Start();
+    choose([this](frmSetLoc &dialog) {
+        EXPECT_EQ(dialog.txtLocation->text().toStdString(), host::HomeFolder());
+        dialog.txtLocation->setText(QString::fromStdString(other.Path() + "/"));
+        dialog.OKButton->click();
+    });
+    EXPECT_EQ(window->Installation().Override(), other.Path());
+    EXPECT_EQ(listed(), "Else");
 }
 
 TEST_F(frmSetLocTest, CancelChangesNothing)

@@ -104,6 +104,28 @@ TEST_F(DiskTest, NamesThatAreNoUtf8AreWindows1252)
     EXPECT_EQ(folder.Names("K\xF6ln"), Names{});
 }
 
+TEST_F(DiskTest, BytesOfTheDiskBecomeTheTextThatFindsThem)
+{
+    const auto textOf = [&](const std::string &name) {
+        return files.TextOf(folder.At(name)).substr(folder.Path().size() + 1);
+    };
+    folder.Write("K\xF6ln/Züge/G\xFCter.con", "x");
+    EXPECT_EQ(textOf("K\xF6ln/Züge/G\xFCter.con"), "Köln/Züge/Güter.con");
+    EXPECT_EQ(textOf("K\xF6ln"), "Köln");
+    EXPECT_EQ(textOf("gone/\xFC.con"), "gone/ü.con");
+    EXPECT_EQ(files.TextOf("K\xF6ln\\Z\xC3\xBC"), "Köln\\Zü");
+    EXPECT_EQ(files.TextOf(""), "");
+
+    // Two files that look alike stay two.
+    folder.Write("K\xF6ln/Züge/Güter.con", "utf-8");
+    const std::string bytes = textOf("K\xF6ln/Züge/G\xFCter.con");
+    EXPECT_EQ(bytes, "K\xF6ln/Züge/G\xFCter.con");
+    EXPECT_EQ(files.ReadFile(folder.At(bytes)), "x");
+    files.WriteFile(folder.At(bytes), "y");
+    EXPECT_EQ(folder.Read("K\xF6ln/Züge/G\xFCter.con"), "y");
+    EXPECT_EQ(folder.Read("K\xF6ln/Züge/Güter.con"), "utf-8");
+}
+
 TEST_F(DiskTest, LinksAreWhatTheyLeadTo)
 {
     folder.Write("Real/a.con", "a");

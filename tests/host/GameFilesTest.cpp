@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <thread>
@@ -73,6 +74,20 @@ private:
         return spelled;
     }
 };
+
+TEST_F(GameFilesTest, TellsHowTheDiskSpellsAPath)
+{
+    folder.Write("Trains/Box & Co/A b.Wag");
+    const auto spelled = [this](std::string_view name) -> std::string {
+        std::string path = files.SpellingOf(folder.At(name)).value_or("");
+        std::replace(path.begin(), path.end(), '\\', '/');
+        return path.empty() ? "none" : path.substr(folder.Path().size() + 1);
+    };
+    EXPECT_EQ(spelled("Trains/Box & Co/A b.Wag"), "Trains/Box & Co/A b.Wag");
+    EXPECT_EQ(spelled("TRAINS\\gone/..\\box & co/a B.wAG"), "Trains/Box & Co/A b.Wag");
+    EXPECT_EQ(spelled("trains/BOX & CO"), "Trains/Box & Co") << "a folder";
+    EXPECT_EQ(spelled("trains/BOX & CO/none.wag"), "none");
+}
 
 TEST_F(GameFilesTest, FindsInAnyCaseAndWithEitherSeparator)
 {
@@ -209,7 +224,7 @@ TEST_F(GameFilesTest, RefusalsSayWhichFileAndWhy)
          "76 ~/c/a.con/x: there is no such folder"},
         {"read a folder", errorOf([&] { files.ReadFile(folder.At("c/folder.con")); }),
          "53 ~/c/folder.con: there is no such file"},
-        {"read nothing", errorOf([&] { files.ReadFile(""); }), "76 \"\" is no path"},
+        {"read nothing", errorOf([&] { files.ReadFile(""); }), "76 no file name is given"},
         {"read too much", errorOf([&] { files.ReadFile(folder.At("c/A.con"), 4); }),
          "5 ~/c/A.con: larger than 4 bytes"},
         {"write without folder", errorOf([&] { files.WriteFile(folder.At("n/x.con"), "x"); }),
@@ -218,7 +233,7 @@ TEST_F(GameFilesTest, RefusalsSayWhichFileAndWhy)
          "75 ~/c/folder.con: it is a folder"},
         {"write too long a name",
          errorOf([&] { files.WriteFile(folder.At("c/" + std::string(300, 'x')), "x"); }),
-         "75 ~/c/" + std::string(300, 'x') + ": File name too long"},
+         "75 ~/c/" + std::string(300, 'x') + ": the name is too long: choose a shorter one"},
         {"remove without file", errorOf([&] { files.RemoveFile(folder.At("c/x.con")); }),
          "53 ~/c/x.con: there is no such file"},
         {"remove a folder", errorOf([&] { files.RemoveFile(folder.At("c/folder.con")); }),

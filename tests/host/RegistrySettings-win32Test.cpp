@@ -15,7 +15,7 @@ protected:
     ~RegistrySettingsTest() override { RegDeleteTreeW(HKEY_CURRENT_USER, m_parent.c_str()); }
 
     const std::wstring m_parent = L"Software\\ZELK tests " + std::to_wstring(GetCurrentProcessId());
-    const std::string key = host::disk::Narrow(m_parent) + "\\Settings";
+    const std::string key = host::disk::Narrow(m_parent);
 };
 
 TEST_F(RegistrySettingsTest, GivesBackWhatWasStored)
@@ -27,13 +27,16 @@ TEST_F(RegistrySettingsTest, GivesBackWhatWasStored)
         settings.Write("MSTSDir", text);
         EXPECT_EQ(host::RegistrySettings(key).Read("mstsdir"), text);
     }
+    settings.WriteTo("Windows", "MSTSDir", "other");
+    EXPECT_EQ(settings.Read("MSTSDir"), std::string(5000, 'x'));
+    EXPECT_EQ(settings.ReadFrom("windows", "MSTSDir"), "other");
     settings.Write("MainLeft", "a\r\nb");
     EXPECT_EQ(settings.Read("MainLeft"), "a  b");
 }
 
 TEST_F(RegistrySettingsTest, OtherValuesAndRefusals)
 {
-    const std::wstring path = host::disk::Wide(key);
+    const std::wstring path = host::disk::Wide(key + "\\Settings");
     const DWORD number = 7;
     RegSetKeyValueW(HKEY_CURRENT_USER, path.c_str(), L"MainTop", REG_DWORD, &number, sizeof number);
     RegSetKeyValueW(HKEY_CURRENT_USER, path.c_str(), L"MainLeft", REG_SZ, L"12\0x", 10);

@@ -18,6 +18,10 @@ TEST(SettingsTest, KeepsOtherEntriesAndARefusedStore)
     EXPECT_EQ(settings.Read("MainLeft"), std::nullopt);
     settings.Write("MainLeft", "8");
     EXPECT_EQ(folder.Read("s.ini"), "[Other]\nMainLeft=7\n[Settings]\nMainLeft=8\n");
+    EXPECT_EQ(settings.ReadFrom("other", "MainLeft"), "7");
+    settings.WriteTo("Other", "MainLeft", "9");
+    EXPECT_EQ(settings.Read("MainLeft"), "8");
+    EXPECT_EQ(settings.ReadFrom("Other", "MainLeft"), "9");
 
     folder.Write("file");
     host::IniSettings below(folder.At("file/s.ini"));

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include <algorithm>
 
 namespace {
@@ -120,17 +122,27 @@ TEST(TextTest, TrimsSpacesOnlyAndSplits)
     EXPECT_EQ(host::Split("a||b|", '|'), (Parts{"a", "", "b", ""}));
 }
 
-TEST(RuntimeErrorTest, SaysWhatAndWhere)
+TEST(RuntimeErrorTest, BeginsWithWhatIsWrong)
 {
     using host::ErrorNumber;
-    const host::RuntimeError error(ErrorNumber::FileNotFound, "/x/a.con: there is no such file");
-    EXPECT_EQ(error.Number(), 53);
-    EXPECT_EQ(error.Text(), "File not found");
-    EXPECT_EQ(error.Detail(), "/x/a.con: there is no such file");
-    EXPECT_STREQ(error.what(), "File not found: /x/a.con: there is no such file");
-    EXPECT_STREQ(host::RuntimeError(ErrorNumber::Overflow).what(), "Overflow");
-    EXPECT_STREQ(host::ClassicText(ErrorNumber::ObjectNotSet),
-                 "Object variable or With block variable not set");
+    const host::RuntimeError error(ErrorNumber::ObjectNotSet, "x.con: there is no Train block");
+    EXPECT_EQ(error.Number(), 91);
+    EXPECT_EQ(error.Text(), "Object variable or With block variable not set");
+    EXPECT_STREQ(error.what(), "x.con: there is no Train block");
+    EXPECT_TRUE(
+        host::Explained(error).starts_with("x.con: there is no Train block\n\nThe file is "))
+        << host::Explained(error);
+    EXPECT_EQ(host::Explained(std::runtime_error("x")), "x");
+    const auto known = {ErrorNumber::InvalidCall,    ErrorNumber::Overflow,
+                        ErrorNumber::FileNotFound,   ErrorNumber::SubscriptOutOfRange,
+                        ErrorNumber::TypeMismatch,   ErrorNumber::PermissionDenied,
+                        ErrorNumber::PathFileAccess, ErrorNumber::PathNotFound,
+                        ErrorNumber::ObjectNotSet,   ErrorNumber::KeyInUse};
+    for (const ErrorNumber number : known) {
+        const std::string bare = host::RuntimeError(number).what();
+        EXPECT_FALSE(bare.empty());
+        EXPECT_EQ(bare.find("With block variable"), bare.npos) << bare;
+    }
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "install/Installation.h"
 
+#include "host/GameFiles.h"
+#include "install/TypedLocation.h"
 #include "support/Environment.h"
 
 #include <gtest/gtest.h>
@@ -53,6 +55,65 @@ TEST_F(InstallationTest, ChoosingTheRegisteredFolderGivesItsToken)
     EXPECT_EQ(install::ChosenLocation("/games/MSTS"), "$MSTS");
     EXPECT_EQ(install::ChosenLocation("/games/msts"), "/games/msts");
     EXPECT_EQ(install::ChosenLocation(" /games/MSTS"), " /games/MSTS");
+    EXPECT_EQ(install::ChosenLocation("/games/MSTS/"), "$MSTS");
+    registerFolder("/games/MSTS/");
+    EXPECT_EQ(install::ChosenLocation("/games/MSTS"), "$MSTS");
+    EXPECT_EQ(install::ChosenLocation("/games/MSTS/"), "$MSTS");
+}
+
+TEST_F(InstallationTest, TypedFoldersLoseTheirSeparatorAndKnowHome)
+{
+    const std::string &user = home.Folder().Path();
+    const std::pair<std::string, std::string> rows[] = {
+        {"~", user},
+        {"~/msts/", user + "/msts"},
+        {"~\\msts", user + "\\msts"},
+        {"~other", "~other"},
+        {"/a/~", "/a/~"},
+        {"/msts//", "/msts"},
+        {"/", "/"},
+        {"//", "/"},
+        {"C:\\MSTS\\", "C:\\MSTS"},
+        {"", ""},
+        {" ", " "},
+        {"$MSTS", "$MSTS"},
+    };
+    for (const auto &[typed, folder] : rows)
+        EXPECT_EQ(install::FolderTyped(typed), folder) << typed;
+    EXPECT_EQ(install::ChosenLocation("~/msts/"), user + "/msts");
+}
+
+TEST_F(InstallationTest, HintsSayWhatIsWrongWithALocation)
+{
+    const support::TempFolder &disk = home.Folder();
+    disk.MakeFolder("good/TRAINS/Trainset");
+    disk.MakeFolder("good/Routes");
+    disk.MakeFolder("bare/trains");
+    disk.MakeFolder("moved/Trainset");
+    disk.Write("file");
+    host::GameFiles files;
+    const std::pair<std::string, const char *> rows[] = {
+        {"", "No folder is chosen. Choose"},
+        {"  ", "No folder is chosen. Choose"},
+        {"$msts", "No folder is chosen. Choose"},
+        {disk.At("gone"), "This folder is not found."},
+        {disk.At("file"), "This folder is not found."},
+        {disk.At("good/Trains"), "This is the Trains folder itself."},
+        {disk.At("good/Trains/"), "This is the Trains folder itself."},
+        {disk.At("moved"), "This is the Trains folder itself."},
+        {disk.Path(), "There is no Trains in this folder."},
+        {disk.At("bare"), "This folder holds Trains, but no Routes."},
+        {disk.At("good"), "This folder holds Trains and Routes, as it should."},
+        {"~/good/", "This folder holds Trains and Routes, as it should."},
+    };
+    for (const auto &[typed, hint] : rows)
+        EXPECT_EQ(install::LocationHint(files, typed).substr(0, std::string(hint).size()), hint)
+            << typed;
+    registerFolder(disk.At("good"));
+    EXPECT_EQ(install::LocationHint(files, ""),
+              "No folder is chosen. The registered one will be used.");
+    EXPECT_EQ(install::LocationHint(files, "$MSTS"),
+              "This folder holds Trains and Routes, as it should.");
 }
 
 TEST_F(InstallationTest, PathsAreBuiltBelowTheCurrentFolder)

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "korvat/ModelLibrary.h"
 
+#include "Build.h"
 #include "TestShape.h"
 #include "host/GameFiles.h"
+#include "samples/AceWriter.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -53,6 +55,22 @@ TEST_F(ModelLibraryTest, WhatIsInUseIsSharedUntilItsFileChanges)
     const LoadedModel second = library.LoadModel(shape);
     EXPECT_NE(second.model, first.model);
     EXPECT_FLOAT_EQ(second.model->box.most.z, 3);
+}
+
+TEST_F(ModelLibraryTest, CompressedTexturesHaveAllLevels)
+{
+    samples::Picture picture{64, 64, std::vector<samples::Colour>(64 * 64, {200, 40, 40, 255})};
+    game.Write("Cars/one.ace", AceBytes(picture, {.dxt1 = true, .compressed = true}));
+    game.Write("Cars/all.ace", AceBytes(picture, {.mipmaps = true, .dxt1 = true}));
+    std::string header = "DDS " + U32s({124, 0x1007, 64, 64, 0, 0, 1});
+    header.resize(76);
+    header += U32s({32, 4}) + "DXT5";
+    header.resize(128);
+    game.Write("Cars/one.dds", header + std::string(64 * 64, '\x55'));
+    EXPECT_EQ(texture("one.ace").texture->UniformLevels(), 7u);
+    EXPECT_EQ(texture("one.dds").texture->UniformLevels(), 7u);
+    EXPECT_EQ(texture("all.ace").texture->levels.size(), 7u) << "as they are in the file";
+    EXPECT_EQ(texture("all.ace").texture->UniformLevels(), 5u);
 }
 
 TEST_F(ModelLibraryTest, WhatCannotBeReadIsSaidWithItsFile)

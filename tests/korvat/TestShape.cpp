@@ -77,7 +77,7 @@ Panel EndPanel(float z, float facing, korvat::Vec3 middle, float width, float he
     return {{corner(x, y), corner(-x, y), corner(-x, -y), corner(x, -y)}};
 }
 
-std::string ShapeText(const std::vector<Panel> &panels)
+std::string ShapeText(const std::vector<Panel> &panels, const std::string &filter)
 {
     Lists lists;
     for (std::size_t place = 0; place < panels.size(); ++place)
@@ -86,7 +86,7 @@ std::string ShapeText(const std::vector<Panel> &panels)
     return "SIMISA@@@@@@@@@@JINX0s1t______\n\nshape ( shape_header ( 00000000 00000000 )\n" +
            list("volumes", 1, "vol_sphere ( vector ( 0 0 0 ) 20 ) ") +
            list("shader_names", count, lists.shaders) +
-           list("texture_filter_names", 1, "named_filter_mode ( Point ) ") +
+           list("texture_filter_names", 1, "named_filter_mode ( " + filter + " ) ") +
            list("points", 4 * count, lists.points) +
            list("uv_points", 4,
                 "uv_point ( 0 0 ) uv_point ( 1 0 ) uv_point ( 1 1 ) uv_point ( 0 1 ) ") +

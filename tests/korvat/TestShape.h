@@ -22,8 +22,9 @@ struct Panel
 Panel SidePanel(float x, float facing, korvat::Vec3 middle, float length, float height);
 Panel EndPanel(float z, float facing, korvat::Vec3 middle, float width, float height);
 
-/// The text of a shape file with these panels.
-std::string ShapeText(const std::vector<Panel> &panels);
+/// The text of a shape file with these panels. Its textures have this filter; "Point" shows single
+/// pixels.
+std::string ShapeText(const std::vector<Panel> &panels, const std::string &filter = "Point");
 
 using Pixel = std::array<std::uint8_t, 4>; ///< red, green, blue, alpha
 /// The bytes of a picture file (.dds, 32 bits a pixel); rows count from the top.

@@ -11,8 +11,8 @@ namespace {
 
 using samples::Building;
 using samples::BuildScenery;
-using samples::BuiltScenery;
 using samples::Colour;
+using samples::PaintedModel;
 using samples::Season;
 
 int brightness(const Colour &c)
@@ -20,7 +20,7 @@ int brightness(const Colour &c)
     return c.red + c.green + c.blue;
 }
 
-double meanBrightness(const BuiltScenery &built)
+double meanBrightness(const PaintedModel &built)
 {
     double sum = 0;
     for (const Colour &c : built.picture.pixels)
@@ -30,13 +30,13 @@ double meanBrightness(const BuiltScenery &built)
 
 TEST(BuildingsTest, SeasonsChangeThePictureAndNotTheShape)
 {
-    const BuiltScenery summer = BuildScenery(Building::Cottage, Season::Summer, "c.ace");
+    const PaintedModel summer = BuildScenery(Building::Cottage, Season::Summer, "c.ace");
     const std::string shape = samples::ShapeBytes(summer.model, samples::ShapeForm::Binary);
     for (const Season season :
          {Season::Snow, Season::Spring, Season::Autumn, Season::Winter, Season::SpringSnow,
           Season::AutumnSnow, Season::WinterSnow, Season::Night}) {
         SCOPED_TRACE(static_cast<int>(season));
-        const BuiltScenery other = BuildScenery(Building::Cottage, season, "c.ace");
+        const PaintedModel other = BuildScenery(Building::Cottage, season, "c.ace");
         EXPECT_EQ(samples::ShapeBytes(other.model, samples::ShapeForm::Binary), shape);
         EXPECT_NE(samples::AceBytes(other.picture, {}), samples::AceBytes(summer.picture, {}));
     }
@@ -47,8 +47,8 @@ TEST(BuildingsTest, SeasonsChangeThePictureAndNotTheShape)
 /// At night a house is dark and its windows are not.
 TEST(BuildingsTest, WindowsShineAtNight)
 {
-    const BuiltScenery day = BuildScenery(Building::Cottage, Season::Summer, "c.ace");
-    const BuiltScenery night = BuildScenery(Building::Cottage, Season::Night, "c.ace");
+    const PaintedModel day = BuildScenery(Building::Cottage, Season::Summer, "c.ace");
+    const PaintedModel night = BuildScenery(Building::Cottage, Season::Night, "c.ace");
     EXPECT_LT(meanBrightness(night), meanBrightness(day) / 2);
     EXPECT_GT(std::count_if(night.picture.pixels.begin(), night.picture.pixels.end(),
                             [](const Colour &c) { return c.red > 200 && c.green > 150; }),
@@ -59,7 +59,7 @@ TEST(BuildingsTest, EveryBuildingStandsUpAndUsesItsPicture)
 {
     for (const samples::RouteShape &shape : samples::RouteShapes()) {
         SCOPED_TRACE(shape.name);
-        const BuiltScenery built = BuildScenery(shape.building, Season::Summer, "x.ace");
+        const PaintedModel built = BuildScenery(shape.building, Season::Summer, "x.ace");
         EXPECT_EQ(built.model.images, std::vector<std::string>{"x.ace"});
         EXPECT_GT(built.high.y, 1);
         EXPECT_LE(built.low.y, 0);

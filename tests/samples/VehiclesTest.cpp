@@ -12,9 +12,9 @@
 
 namespace {
 
-using samples::BuiltVehicle;
 using samples::Design;
 using samples::Dot;
+using samples::PaintedModel;
 using samples::ShapeLevel;
 using samples::ShapeModel;
 using samples::ShapePart;
@@ -66,7 +66,7 @@ constexpr Row kRows[] = {
     {"tender", Design::Tender, 7.9F, 3, false},
 };
 
-void forEach(const std::function<void(const Row &, const BuiltVehicle &)> &check)
+void forEach(const std::function<void(const Row &, const PaintedModel &)> &check)
 {
     for (const Row &row : kRows) {
         SCOPED_TRACE(row.name);
@@ -107,7 +107,7 @@ std::vector<Triangle> trianglesOf(const ShapeModel &model, const ShapePart &part
 
 TEST(VehiclesTest, StandsOnTheRailsWithTheLengthThatIsWanted)
 {
-    forEach([](const Row &row, const BuiltVehicle &built) {
+    forEach([](const Row &row, const PaintedModel &built) {
         EXPECT_NEAR(built.high.z, row.length / 2, 0.02F);
         EXPECT_GT(built.low.z, -row.length / 2 - 0.02F);
         EXPECT_LT(built.low.z, -row.length / 2 + 0.6F);
@@ -121,7 +121,7 @@ TEST(VehiclesTest, StandsOnTheRailsWithTheLengthThatIsWanted)
 
 TEST(VehiclesTest, TrianglesFaceAlongTheirNormals)
 {
-    forEach([](const Row &, const BuiltVehicle &built) {
+    forEach([](const Row &, const PaintedModel &built) {
         for (const ShapeLevel &level : built.model.levels)
             for (const ShapePart &part : level.parts)
                 for (const Triangle &t : trianglesOf(built.model, part)) {
@@ -154,7 +154,7 @@ std::optional<float> heightAt(const Triangle &t, float x, float z)
 
 TEST(VehiclesTest, NothingIsInsideOutSeenFromAbove)
 {
-    forEach([](const Row &row, const BuiltVehicle &built) {
+    forEach([](const Row &row, const PaintedModel &built) {
         std::vector<Triangle> body;
         for (const ShapePart &part : built.model.levels[0].parts)
             if (part.matrix == 0)
@@ -175,7 +175,7 @@ TEST(VehiclesTest, NothingIsInsideOutSeenFromAbove)
 
 TEST(VehiclesTest, LetteringReadsOnBothSides)
 {
-    forEach([](const Row &, const BuiltVehicle &built) {
+    forEach([](const Row &, const PaintedModel &built) {
         int faces[2] = {0, 0};
         for (const ShapePart &part : built.model.levels.front().parts) {
             if (part.image != 0 || part.shader != "TexDiff")
@@ -204,7 +204,7 @@ TEST(VehiclesTest, LetteringReadsOnBothSides)
 
 TEST(VehiclesTest, LevelsGetSimplerWithTheDistance)
 {
-    forEach([](const Row &row, const BuiltVehicle &built) {
+    forEach([](const Row &row, const PaintedModel &built) {
         const auto &levels = built.model.levels;
         ASSERT_EQ(levels.size(), 3U);
         for (std::size_t i = 1; i < levels.size(); ++i) {
@@ -228,7 +228,7 @@ TEST(VehiclesTest, LevelsGetSimplerWithTheDistance)
 
 TEST(VehiclesTest, EveryAxleRollsForwardsOnce)
 {
-    forEach([](const Row &row, const BuiltVehicle &built) {
+    forEach([](const Row &row, const PaintedModel &built) {
         std::size_t axles = 0;
         for (const samples::ShapeMatrix &matrix : built.model.matrices) {
             EXPECT_EQ(matrix.label.starts_with("WHEELS"), !matrix.turn.empty()) << matrix.label;
@@ -248,7 +248,7 @@ TEST(VehiclesTest, EveryAxleRollsForwardsOnce)
 TEST(VehiclesTest, LoneVehiclesUseOnlyTheirOwnPicture)
 {
     for (const Design design : {Design::BoxCar, Design::HoodDiesel}) {
-        const BuiltVehicle built = samples::BuildVehicle(design, plan(15, true));
+        const PaintedModel built = samples::BuildVehicle(design, plan(15, true));
         for (const ShapeLevel &level : built.model.levels)
             for (const ShapePart &part : level.parts)
                 EXPECT_TRUE(part.image == 0 && !part.alphaTest && part.shader == "TexDiff")
@@ -269,7 +269,7 @@ TEST(VehiclesTest, OwnAlphaIsUsed)
     for (const auto &row : rows) {
         samples::Plan wanted = plan(14);
         wanted.alpha = row.alpha;
-        const BuiltVehicle built = samples::BuildVehicle(row.design, wanted);
+        const PaintedModel built = samples::BuildVehicle(row.design, wanted);
         const auto &parts = built.model.levels.front().parts;
         EXPECT_TRUE(std::any_of(parts.begin(), parts.end(), [&](const ShapePart &part) {
             return part.image == 0 && part.shader == "BlendATexDiff" &&
@@ -283,7 +283,7 @@ TEST(VehiclesTest, OwnAlphaIsUsed)
 /// The whole table of stock: what the files say about a vehicle's size is what its model has.
 TEST(VehiclesTest, StockFilesKnowTheSizeOfTheirShapes)
 {
-    EXPECT_NE(samples::StockText(samples::FindVehicle("Boxes & Vans", "box_501"), {2.9F, 4.1F})
+    EXPECT_NE(samples::StockText(samples::FindVehicle("box_501"), {2.9F, 4.1F})
                   .find("Size ( 2.9m 4.1m 12.4m )"),
               std::string::npos);
     for (const samples::SampleFile &file : samples::StockFiles()) {

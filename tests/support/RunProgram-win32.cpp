@@ -96,8 +96,7 @@ std::vector<std::pair<Stdout, std::string>> UnwritableOutputs()
     const auto reason = [](DWORD error) {
         return disk::FailureOf(error, host::ErrorNumber::PathNotFound).reason;
     };
-    return {{Stdout::Closed, reason(ERROR_INVALID_HANDLE)},
-            {Stdout::BrokenPipe, reason(ERROR_NO_DATA)}};
+    return {{Stdout::Closed, reason(ERROR_INVALID_HANDLE)}};
 }
 
 Outcome Machine::Run(const std::string &program, const std::vector<std::string> &arguments,

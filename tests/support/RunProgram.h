@@ -30,10 +30,10 @@ enum class Stdout
     Captured,
     Closed,
     FullDisk,
-    BrokenPipe
+    BrokenPipe ///< a pipe whose reader has ended
 };
 
-/// The outputs that this system can make impossible to write, and its words for why.
+/// The outputs that this system cannot write to, and its words for why.
 std::vector<std::pair<Stdout, std::string>> UnwritableOutputs();
 
 /// "Z\u00fcge" as a name that some old program gave a file; no UTF-8 where that is possible.

@@ -4,6 +4,7 @@
 #include "host/Dialogs.h"
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -12,8 +13,8 @@ namespace support {
 
 /// Dialogs that answer from a script and write down what they were asked, a line each:
 /// "question|title|text", "input|title|prompt|default", "open|title|name", "save|title|name",
-/// "select|caption|list". What the script has no answer for is cancelled (a message with one button
-/// is answered Ok).
+/// "select|caption|list". A question that Enter answers with No begins with "question (No)". What
+/// the script has no answer for is cancelled (a message with one button is answered Ok).
 class ScriptedDialogs : public host::Dialogs
 {
 public:
@@ -22,6 +23,11 @@ public:
     void AnswerInput(std::string text) { m_texts.push_back(std::move(text)); }
     void AnswerSelection(std::string names) { m_texts.push_back(std::move(names)); }
 
+    /// Where the last file dialog began.
+    const std::string &LastFolder() const { return m_folder; }
+
+    /// Called for each of them before it is answered.
+    std::function<void()> onShown;
     const std::string &Log() const { return m_log; }
     std::string TakeLog() { return std::exchange(m_log, {}); }
 
@@ -29,7 +35,8 @@ public:
                                host::DialogIcon icon, host::DialogButtons buttons) override
     {
         static const char *const kIcons[] = {"none", "information", "question", "critical"};
-        write(kIcons[static_cast<int>(icon)] + ('|' + title) + '|' + text);
+        const char *const mark = buttons == host::DialogButtons::YesNoDefaultNo ? " (No)" : "";
+        write(kIcons[static_cast<int>(icon)] + (mark + ('|' + title)) + '|' + text);
         if (m_answers.empty())
             return buttons == host::DialogButtons::Ok ? host::DialogAnswer::Ok
                                                       : host::DialogAnswer::Cancel;
@@ -47,11 +54,13 @@ public:
     }
     std::string OpenFile(const host::FileDialogRequest &request) override
     {
+        m_folder = request.folder;
         write("open|" + request.title + '|' + request.initialName);
         return nextText();
     }
     std::string SaveFile(const host::FileDialogRequest &request) override
     {
+        m_folder = request.folder;
         write("save|" + request.title + '|' + request.initialName);
         return nextText();
     }
@@ -62,7 +71,12 @@ public:
     }
 
 private:
-    void write(const std::string &line) { m_log += line + '\n'; }
+    void write(const std::string &line)
+    {
+        m_log += line + '\n';
+        if (onShown)
+            onShown();
+    }
     std::string nextText()
     {
         if (m_texts.empty())
@@ -74,7 +88,7 @@ private:
 
     std::deque<host::DialogAnswer> m_answers;
     std::deque<std::string> m_texts;
-    std::string m_log;
+    std::string m_log, m_folder;
 };
 
 } // namespace support

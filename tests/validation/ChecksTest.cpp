@@ -136,8 +136,8 @@ TEST(ChecksTest, Sound)
     const auto sound = [](TSValidation &v, const auto &place) {
         return v.CheckSound(place.At(kA + "Sound/a.sms"));
     };
-    rule("no sound named", wagonWith(""), wagon, kReference,
-         {"ERROR: A/a.wag references missing file A/Sound/"});
+    for (const char *none : {"", "Sound ( )", "Sound ( \"\" )", "Sound ( \" \t\" )"})
+        rule("an absent or empty entry names no file", wagonWith(none), wagon, kGood);
     rule("not there", wagonWith("Sound ( b.sms )"), wagon, kReference,
          {"ERROR: A/a.wag references missing file A/Sound/b.sms"});
     rule("made normal", wagonWith("Sound ( \"  .//a.\tsms \" )"), wagon, kGood);
@@ -194,6 +194,13 @@ TEST(ChecksTest, Engine)
          kReference,
          {"ERROR: A/e.eng references missing file A/Cabview/x.cvf",
           "ERROR: A/e.eng references missing file A/Sound/ e.sms"});
+    for (const char *none : {"Sound ( )", "Sound ( \" \" )"})
+        rule("an empty sound entry names no file",
+             engineWith("Engine ( e Wagon ( e ) CabView ( e.cvf ) " + std::string(none) + " )"),
+             engine, kGood);
+    rule("an empty cab view entry is a missing file",
+         engineWith("Engine ( e Wagon ( e ) CabView ( ) Sound ( e.sms ) )"), engine, kReference,
+         {"ERROR: A/e.eng references missing file A/Cabview/"});
     rule("damaged sound", {inA("Sound/e.sms", "")}, engine, kSuspect,
          {"ERROR: A/Sound/e.sms appears CORRUPT"});
     rule("wagon and engine share a sound: told twice",
@@ -217,11 +224,15 @@ TEST(ChecksTest, CabView)
          {"ERROR: A/Cabview/e.cvf appears CORRUPT"});
     rule("no section makes the engine suspect", {inA("Cabview/e.cvf", "Tr_CabView ( )")}, engine,
          kSuspect, {"ERROR: A/Cabview/e.cvf appears CORRUPT"});
-    rule("views and controls, one without a picture",
+    rule("controls that the simulator draws itself name no picture",
+         {inA("Cabview/e.cvf", "Tr_CabViewFile ( CabViewControls ( 2 Digital ( Type ( x ) ) "
+                               "Dial ( Graphic ( dial.ace ) ) ) )")},
+         cab, kGood);
+    rule("views and controls, an empty name among them",
          {inA("Cabview/left.ace", nullptr), inA("Cabview/dial.ace", nullptr),
           inA("Cabview/e.cvf",
               "Tr_CabViewFile ( CabViewFile ( front.ace ) CabViewFile ( left.ace ) "
-              "CabViewControls ( 2 Dial ( Graphic ( dial.ace ) ) Lever ( Type ( x ) ) ) )")},
+              "CabViewControls ( 2 Dial ( Graphic ( dial.ace ) ) Lever ( Graphic ( ) ) ) )")},
          cab, kReference,
          {"ERROR: A/Cabview/e.cvf references missing file A/Cabview/left.ace",
           "ERROR: A/Cabview/e.cvf references missing file A/Cabview/dial.ace",

@@ -37,6 +37,47 @@ TEST(TSValidationTest, TranslatesResultKeys)
         EXPECT_EQ(TSValidation::TranslateError(key), line) << key;
 }
 
+TEST(TSValidationTest, PrintsAndJudgesFindingsFromTheirData)
+{
+    using validation::Finding;
+    const struct
+    {
+        Finding finding;
+        const char *line;
+        bool isError;
+    } rows[] = {
+        {{TSValidation::IsMissing, "a|b.wag", ""}, "ERROR: a|b.wag is MISSING", true},
+        {{TSValidation::HasMissingReference, "a|b", "c|d"},
+         "ERROR: a|b references missing file c|d",
+         true},
+        {{TSValidation::IsReferenced, "ERROR: |a", "b"},
+         "INFO: ERROR: |a references file b",
+         false},
+        {{TSValidation::IsOK, "a", ""}, "INFO: a is OK", false},
+        {{TSValidation::IsValid, "a", "b"}, "INFO: b referenced by a is OK", false},
+        {{TSValidation::IsSuspect, "a", " "},
+         "ERROR: a is SUSPECT due to problems with dependent files",
+         true},
+        {{TSValidation::IsMissing, "a\nb", ""}, "ERROR: a b is MISSING", true},
+        {{99, "a", "b"}, "ERROR: ", true},
+    };
+    for (const auto &[finding, line, isError] : rows) {
+        EXPECT_EQ(ReportLine(finding), line);
+        EXPECT_EQ(IsError(finding), isError) << line;
+        if (finding.file.find('|') == std::string::npos) {
+            EXPECT_EQ(TSValidation::TranslateError(ResultKey(finding)), line);
+        }
+    }
+    SmallInstallation place;
+    TSValidation validation(place.Location(), place.Files());
+    const std::string file = place.At("no|ne.wag");
+    validation.CheckStock(file);
+    EXPECT_EQ(validation.Findings(), (std::vector<Finding>{{TSValidation::IsMissing, file, ""}}));
+    EXPECT_EQ(validation.Errors(), std::vector<std::string>{"1|" + file + '|'});
+    validation.Reset();
+    EXPECT_TRUE(validation.Findings().empty());
+}
+
 /// Everything that a validation raises, a line each.
 class Listener
 {

@@ -5,11 +5,24 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <numbers>
+#include <random>
 
 using viewer::CameraPose;
 using viewer::OrbitCamera;
+
+namespace {
+
+const float kDiagonal = std::sqrt(0.5f);
+
+float distanceOf(const CameraPose &pose)
+{
+    return std::hypot(pose.CamX - pose.LookAtX, pose.CamY - pose.LookAtY, pose.CamZ - pose.LookAtZ);
+}
+
+} // namespace
 
 TEST(OrbitCameraTest, HandsMoveTheCamera)
 {
@@ -31,13 +44,47 @@ TEST(OrbitCameraTest, HandsMoveTheCamera)
     } rows[] = {
         {"a quarter round", side, orbit, quarterX, 0, {0, 2, -5, 0, 2, -15}},
         {"and back", along, orbit, -quarterX, 0, {10, 2, -15, 0, 2, -15}},
-        {"the second turn does nothing from the side", side, orbit, 0, quarterY, side},
-        {"and lifts along the train", along, orbit, 0, -quarterY, {0, 12, -15, 0, 2, -15}},
+        {"lifts along the train", along, orbit, 0, -quarterY, {0, 12, -15, 0, 2, -15}},
+        {"half as fast over the target from the side",
+         side,
+         orbit,
+         0,
+         -quarterX / 2,
+         {10 * kDiagonal, 2 + 10 * kDiagonal, -15, 0, 2, -15}},
+        {"and under it",
+         side,
+         orbit,
+         0,
+         quarterX / 2,
+         {10 * kDiagonal, 2 - 10 * kDiagonal, -15, 0, 2, -15}},
+        {"up lifts from the far side, too",
+         {-10, 2, -15, 0, 2, -15},
+         orbit,
+         0,
+         -quarterX / 2,
+         {-10 * kDiagonal, 2 + 10 * kDiagonal, -15, 0, 2, -15}},
+        {"above the target the plane of Y and Z turns again",
+         {10, 7, -15, 0, 2, -15},
+         orbit,
+         0,
+         quarterY,
+         {10, 2, -10, 0, 2, -15}},
         {"pan up", side, pan, 0, 100, {10, 3, -15, 0, 3, -15}},
         {"pan right from the side", side, pan, 7, 0, {10, 2, -16, 0, 2, -16}},
         {"its size does not matter", side, pan, -300, 0, {10, 2, -14, 0, 2, -14}},
         {"pan along the train", along, pan, 3, 0, {-1, 2, -5, -1, 2, -15}},
-        {"pan askew", askew, pan, 3, 50, {5, 2.5f, -14, -1, 2.5f, -17}},
+        {"pan askew, a metre all the same",
+         askew,
+         pan,
+         3,
+         50,
+         {6 - 0.4472136f, 2.5f, -12 - 0.8944272f, -0.4472136f, 2.5f, -15.8944272f}},
+        {"almost from the side",
+         {10, 2, -15 + 1e-5f, 0, 2, -15},
+         pan,
+         3,
+         0,
+         {10, 2, -16, 0, 2, -16}},
         {"nothing", askew, pan, 0, 0, askew},
         {"one step nearer", side, approach, 1, 0, {9, 2, -15, 0, 2, -15}},
         {"not into the target", side, approach, 100, 0, {1, 2, -15, 0, 2, -15}},
@@ -61,11 +108,73 @@ TEST(OrbitCameraTest, ScrollBarsSetPlacesAndResetBringsTheSideView)
     CameraPose pose{3, 4, 5, 6, 7, 8};
     OrbitCamera camera(pose);
     camera.MoveAlong(-20);
-    EXPECT_EQ(pose, (CameraPose{3, 4, -20, 6, 7, -20}));
+    EXPECT_EQ(pose, (CameraPose{3, 4, -23, 6, 7, -20})) << "as far from the target as before";
     camera.SetHeight(30);
-    EXPECT_EQ(pose, (CameraPose{3, 30, -20, 6, 7, -20}));
+    EXPECT_EQ(pose, (CameraPose{3, 30, -23, 6, 7, -20}));
     camera.Reset(-15);
     EXPECT_EQ(pose, (CameraPose{10, 2, -15, 0, 2, -15}));
     EXPECT_THROW(camera.Orbit(std::numeric_limits<float>::infinity(), 0), host::RuntimeError);
     EXPECT_EQ(pose, (CameraPose{10, 2, -15, 0, 2, -15})) << "and nothing has changed";
+}
+
+TEST(OrbitCameraTest, NoSequenceOfMovesLosesTheTarget)
+{
+    std::mt19937 random(1);
+    const auto between = [&random](float least, float most) {
+        return std::uniform_real_distribution<float>(least, most)(random);
+    };
+    for (int sequence = 0; sequence < 200; ++sequence) {
+        CameraPose pose;
+        OrbitCamera camera(pose);
+        camera.Reset(-100);
+        for (int step = 0; step < 100; ++step) {
+            const float before = distanceOf(pose);
+            const float dx = std::round(between(-40, 40)), dy = std::round(between(-40, 40));
+            float least = before, most = before; // turning and sliding keep the distance
+            switch (random() % 6) {
+            case 0:
+                camera.Orbit(dx, dy);
+                break;
+            case 1:
+                camera.OrbitOver(dx, dy);
+                break;
+            case 2:
+                camera.Pan(dx, dy);
+                break;
+            case 3:
+                camera.MoveAlong(std::round(between(-200, 0)));
+                break;
+            case 4:
+                camera.Approach(between(-3, 3));
+                least = std::min(1.0f, before);
+                most = std::max(500.0f, before);
+                break;
+            default:
+                const float height = std::round(between(0, 40));
+                camera.SetHeight(height);
+                least = 0;
+                most = std::hypot(before, height - pose.LookAtY);
+            }
+            const float now = distanceOf(pose);
+            ASSERT_TRUE(std::isfinite(now));
+            ASSERT_GE(now, least * 0.999f - 0.001f) << sequence << ", step " << step;
+            ASSERT_LE(now, most * 1.001f + 0.001f) << sequence << ", step " << step;
+        }
+    }
+}
+
+TEST(OrbitCameraTest, ALongDragOverTheTargetEndsAboveIt)
+{
+    CameraPose pose;
+    OrbitCamera camera(pose);
+    for (const float up : {-1.0f, 1.0f}) {
+        camera.Reset(0);
+        EXPECT_TRUE(camera.IsBesideTarget());
+        for (int step = 0; step < 400; ++step) {
+            camera.OrbitOver(step % 7 == 0 ? 1.0f : 0.0f, 3 * up);
+            ASSERT_GT(pose.CamX, 0) << "never turned over";
+        }
+        EXPECT_NEAR(pose.CamY, 2 - 10 * up, 1e-3);
+        EXPECT_FALSE(camera.IsBesideTarget());
+    }
 }

@@ -4,6 +4,8 @@
 #include "host/Folders.h"
 
 #include <fstream>
+#include <new>
+#include <stdexcept>
 
 korvat::LoadedModel MadeUpShapes::LoadModel(const std::string &path)
 {
@@ -11,6 +13,10 @@ korvat::LoadedModel MadeUpShapes::LoadModel(const std::string &path)
     const std::string name(host::path::FileName(path));
     if (name == "bad.s")
         return {nullptr, "  bad.s: nothing but holes "};
+    if (name == "heavy.s")
+        throw std::bad_alloc();
+    if (name == "odd.s")
+        throw std::logic_error("an odd number of corners");
     auto model = std::make_shared<korvat::Model>();
     model->textures = textures[name];
     for (const float z : {-length / 2, length / 2, 0.0f})
@@ -28,6 +34,8 @@ korvat::LoadedTexture MadeUpShapes::LoadTexture(const std::string &folder,
 {
     const std::lock_guard lock(mutex);
     asked += folder + "|" + texturePath + "|" + name + "\n";
+    if (name == "heavy.ace")
+        throw std::bad_alloc();
     auto picture = std::make_shared<korvat::Texture>();
     return {picture, name == "gone.ace" ? "gone.ace is missing" : ""};
 }

@@ -50,7 +50,8 @@ public:
 };
 
 /// Shapes that the test makes up: every file that exists loads, with the textures and the length
-/// that were given for its name; one called "bad.s" is broken.
+/// that were given for its name. "bad.s" is broken; "heavy.s", "heavy.ace" and "odd.s" throw what
+/// no model should.
 class MadeUpShapes : public korvat::ModelSource
 {
 public:

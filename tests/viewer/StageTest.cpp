@@ -5,7 +5,9 @@
 #include "host/RuntimeError.h"
 #include "stavfile/StfFile.h"
 #include "viewer/Numbers.h"
+#include "viewer/OrbitCamera.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <thread>
@@ -24,6 +26,10 @@ protected:
         writeStock("Cars", "Unsized.wag", "3 4", "box.s");
         writeStock("Cars", "Worded.wag", "3 4 long", "box.s");
         writeStock("Cars", "Broken.wag", "3 4 10", "bad.s");
+        writeStock("Cars", "Heavy.wag", "3 4 10", "heavy.s");
+        writeStock("Cars", "Odd.wag", "3 4 10", "odd.s");
+        writeStock("Cars", "Painted.wag", "3 4 10", "painted.s");
+        shapes.textures["painted.s"] = {"heavy.ace"};
         writeStock("Cars", "Shapeless.wag", "3 4 10", "");
         writeStock("Cars", "Long.wag", "3 4 40000", "box.s");
         writeStock("Cars", "Endless.wag", "3 4 1e99", "box.s");
@@ -90,6 +96,16 @@ TEST_F(StageTest, VehiclesStandEndToEnd)
         {{"Worded", "Box10"}, "0> -5>", -10, ""},
         {{"Box10", "Missing", "Box10"}, "-5> -15>", -20, "LoadShape|Missing.wag does not exist!\n"},
         {{"Broken", "Box10"}, "-15>", -20, "Error Loading Shape|bad.s: nothing but holes\n"},
+        {{"Missing", "Broken", "Missing", "Broken"},
+         "",
+         -20,
+         "LoadShape|Missing.wag does not exist!\nError Loading Shape|bad.s: nothing but holes\n"},
+        {{"Heavy", "Odd", "Painted", "Box10"},
+         "-35>",
+         -40,
+         "Error Loading Shape|heavy.s: there is not enough memory to load the shape\n"
+         "Error Loading Shape|odd.s: an odd number of corners\n"
+         "Error Loading Shape|painted.s: there is not enough memory to load the shape\n"},
         {{"Shapeless", "Box10"},
          "-15>",
          -20,
@@ -97,12 +113,11 @@ TEST_F(StageTest, VehiclesStandEndToEnd)
         {{"Endless", "Box10"},
          "-5>",
          -10,
-         "Error Loading Shape|Overflow: Endless.wag: the length is 1e99\n"},
+         "Error Loading Shape|Endless.wag: the length is 1e99, which is too large\n"},
         {{"Wagon ( UiD ( 1 ) )", "Box10"},
          "-5>",
          -10,
-         "Error Loading Shape|Object variable or With block variable not set: line 2: Wagon has no "
-         "block WagonData\n"},
+         "Error Loading Shape|line 2: Wagon has no block WagonData\n"},
         {{"Comment2 ( x )"}, "", 0, ""},
     };
     for (const auto &row : rows) {
@@ -120,6 +135,22 @@ TEST_F(StageTest, VehiclesStandEndToEnd)
         EXPECT_EQ(log, row.log);
         EXPECT_EQ(status, "Done");
     }
+}
+
+TEST_F(StageTest, ACameraThatWasTurnedWhileLoadingStaysAsFarFromTheTrain)
+{
+    stage.RenderLooseConsist(train({"Box10", "Box20"}), game.Path(), "x.act");
+    ASSERT_TRUE(stage.Step());
+    viewer::OrbitCamera(*stage.View()).Orbit(150, 0);
+    viewer::OrbitCamera(*stage.View()).Pan(1, 0);
+    const viewer::CameraPose turned = *stage.View();
+    ASSERT_GT(turned.CamZ - turned.LookAtZ, 6);
+    while (stage.Step())
+        continue;
+    const viewer::CameraPose &now = *stage.View();
+    EXPECT_FLOAT_EQ(now.LookAtZ, -15.25f);
+    EXPECT_FLOAT_EQ(now.CamZ - now.LookAtZ, turned.CamZ - turned.LookAtZ);
+    EXPECT_FLOAT_EQ(now.CamX, turned.CamX);
 }
 
 TEST_F(StageTest, TheScrollBarRunsAlongTheTrain)
@@ -155,8 +186,7 @@ TEST_F(StageTest, ATrainThatIsTooLongForTheScrollBarIsAnErrorAndStandsThere)
             FAIL() << "40 km do not fit";
         } catch (const host::RuntimeError &error) {
             EXPECT_EQ(error.Number(), 6);
-            EXPECT_EQ(std::string(error.what()).find("Overflow: the length of the train in metres"),
-                      0u)
+            EXPECT_EQ(std::string(error.what()).find("the length of the train in metres"), 0u)
                 << error.what();
         }
         EXPECT_FALSE(stage.Loading());
@@ -231,11 +261,10 @@ TEST_F(StageTest, ConsistFilesAndTheirFaults)
     };
     EXPECT_EQ(render("Train ( TrainCfg ( \"A B\" Wagon ( WagonData ( Box10 Cars ) ) ) )"),
               "Consist - A B-5>");
-    EXPECT_EQ(render("Train ( TrainCfg ( x ) )"), "No consist to display");
-    EXPECT_EQ(render("Train ( )"),
-              "Object variable or With block variable not set: a.con: there is no TrainCfg block");
-    EXPECT_EQ(render("Wagon ( )"),
-              "Object variable or With block variable not set: a.con: there is no Train block");
+    EXPECT_EQ(render("Train ( TrainCfg ( x ) )"), "No consist to display: a.con (x)");
+    EXPECT_EQ(render("Train ( TrainCfg ( ) )"), "No consist to display: a.con");
+    EXPECT_EQ(render("Train ( )"), "a.con: there is no TrainCfg block");
+    EXPECT_EQ(render("Wagon ( )"), "a.con: there is no Train block");
 }
 
 TEST_F(StageTest, ReportsNameTheTextures)
@@ -256,6 +285,33 @@ TEST_F(StageTest, ReportsNameTheTextures)
         continue;
     EXPECT_EQ(stage.Report(), "") << "no shape, no report";
     EXPECT_EQ(status, "Done");
+}
+
+TEST_F(StageTest, ReportsEndWithWhatCouldNotBeLoaded)
+{
+    const std::string folder =
+        host::path::Normalise(game.At("Trains/Trainset/Cars")) + host::path::kSeparator;
+    const std::string missing = "\r\n\r\nNot loaded: 3\r\n1\t" + folder +
+                                "Gone.wag does not exist!\r\n2\tbad.s: nothing but holes\r\n3\t" +
+                                folder + "Lost.wag does not exist!";
+    const auto boxes = [this] {
+        const std::string log = dialogs.TakeLog();
+        return std::count(log.begin(), log.end(), '\n');
+    };
+    const std::vector<std::string> units = {"Gone", "GONE", "Broken", "Lost", "Gone"};
+    load(units);
+    EXPECT_EQ(stage.Report(), "All Consist Textures" + missing);
+    EXPECT_EQ(boxes(), 3) << "one for each file";
+    dialogs.Answer(host::DialogAnswer::Ok);
+    dialogs.Answer(host::DialogAnswer::Cancel);
+    load(units);
+    EXPECT_EQ(boxes(), 2) << "none after the one that was dismissed";
+    EXPECT_EQ(stage.Report(), "All Consist Textures" + missing);
+    load({"Box10", "Gone"});
+    EXPECT_EQ(boxes(), 1) << "the next loading begins anew";
+    EXPECT_EQ(stage.Report(), "All Consist Textures\r\n\r\nItem 1 Textures: 1\r\n1\tside.ace\r\n"
+                              "\r\nNot loaded: 1\r\n1\t" +
+                                  folder + "Gone.wag does not exist!");
 }
 
 TEST(NumbersTest, TheNumberIsTheBeginningOfTheText)

@@ -31,10 +31,10 @@ protected:
     const std::string m_noDescriptor = "ERROR: " + at("Trains/Trainset/A/a.wag") +
                                        " references missing file " + at("Trains/Trainset/A/a.sd") +
                                        "\n";
-    const std::string m_inConsist = Shown("INFO: m/Trains/Consists/c.con") + " references file " +
+    const std::string m_inConsist = "INFO: " + at("Trains/Consists/c.con") + " references file " +
                                     at("Trains/Trainset/A/a.wag") + "\n";
-    const std::string m_inService =
-        Shown("INFO: m/Routes/R/Services/s.srv references file m/Trains/Consists/c.con\n");
+    const std::string m_inService = "INFO: " + at("Routes/R/Services/s.srv") + " references file " +
+                                    at("Trains/Consists/c.con") + "\n";
 };
 
 TEST_F(CheckCommandTest, PrintsTheReport)
@@ -43,11 +43,10 @@ TEST_F(CheckCommandTest, PrintsTheReport)
     const std::string unused = "ERROR: " + at("x.wag") + " referenced by all consists is MISSING\n";
     const std::string noRoute = "ERROR: Route S is MISSING\n";
     const auto ofConsist = [this](const std::string &consist) {
-        return Shown("INFO: " + consist + " references file " + m_wagon + "\nINFO: " + m_wagon +
-                     " references file m/Trains/Trainset/A/a.s\n");
+        const std::string wagon = at("Trains/Trainset/A/a.wag");
+        return "INFO: " + at(consist) + " references file " + wagon + "\nINFO: " + wagon +
+               " references file " + at("Trains/Trainset/A/a.s") + "\n";
     };
-    const std::string ofAll =
-        Shown("ERROR: " + m_wagon + " references missing file m/Trains/Trainset/A/a.sd\n");
     const struct
     {
         const char *name;
@@ -59,15 +58,18 @@ TEST_F(CheckCommandTest, PrintsTheReport)
         {"stock in routes, options first, several files",
          {"--route", "S", "--no-consists", "stock", m_wagon, "m/x.wag"},
          {1, m_noDescriptor + noRoute + missing + noRoute, ""}},
-        {"all", {"all", "--quiet"}, {1, ofAll, ""}},
-        {"some", {"all", "--filter", "b"}, {0, "", ""}},
-        {"consist by name", {"consist", "c"}, {0, ofConsist("m/Trains/Consists/c.con"), ""}},
-        {"consist by file name",
-         {"consist", "C.con"},
-         {0, ofConsist("m/Trains/Consists/C.con"), ""}},
+        {"all", {"all", "--quiet"}, {1, m_noDescriptor, ""}},
+        {"none of all",
+         {"all", "--quiet", "--filter", "b"},
+         {0, "", "zelkctl: no stock folder matches \"b\": nothing was checked\n"}},
+        {"names with the separator of keys",
+         {"stock", "--no-consists", "m/none|b.wag"},
+         {1, "ERROR: " + at("none|b.wag") + " is MISSING\n", ""}},
+        {"consist by name", {"consist", "c"}, {0, ofConsist("Trains/Consists/c.con"), ""}},
+        {"consist by file name", {"consist", "C.con"}, {0, ofConsist("Trains/Consists/C.con"), ""}},
         {"consist by path",
          {"consist", "m/Trains/Consists/c.con"},
-         {0, ofConsist(at("Trains/Consists/c.con")), ""}},
+         {0, ofConsist("Trains/Consists/c.con"), ""}},
         {"use of stock", {"use", "--stock", m_wagon}, {0, m_inConsist, ""}},
         {"no use of stock", {"use", "--stock", "m/x.wag"}, {1, unused, ""}},
         {"use of consists, one after the other",
@@ -87,11 +89,17 @@ TEST_F(CheckCommandTest, PrintsTheReport)
 TEST_F(CheckCommandTest, TellsErrorsAndGoesOn)
 {
     const std::string bare = at("Routes/R/Shapes/bare.s");
-    const std::string error = "zelkctl: " + bare + ": error 13: Type mismatch (its descriptor " +
-                              bare + "d is missing)\n";
+    const std::string error =
+        "zelkctl: " + bare + ": error 13: its descriptor " + bare + "d is missing\n";
     EXPECT_EQ(run({"check", "shape", bare}), (Outcome{2, "", error}));
     EXPECT_EQ(run({"check", "shape", bare, "m/none.s"}),
               (Outcome{1, "ERROR: " + at("none.s") + " is MISSING\n", error}));
+    write("m/Routes/R/Shapes/bare.sd", "shape ( bare.s )");
+    EXPECT_EQ(run({"check", "shape", bare}),
+              (Outcome{2, "",
+                       "zelkctl: " + bare + ": error 91: " + bare +
+                           "d: there is no entry ESD_Alternative_Texture\n"}))
+        << "the descriptor, whose name begins like the shape's, is at fault";
     write("m/Routes/R/Shapes/bare.sd", "shape ( ESD_Alternative_Texture ( 0 ) )");
     EXPECT_EQ(run({"check", "shape", bare}), (Outcome{0, "", ""}));
     EXPECT_EQ(run({"check", "stock", "--no-consists", "m/none.wag"}),
@@ -101,29 +109,57 @@ TEST_F(CheckCommandTest, TellsErrorsAndGoesOn)
     EXPECT_EQ(run({"check", "stock", m_wagon}), (Outcome{2, "", none}));
     EXPECT_EQ(run({"check", "all"}), (Outcome{2, "", none}));
     EXPECT_EQ(run({"check", "all", "--msts", "m/Routes"}),
-              (Outcome{1, Shown("ERROR: m/Routes/Trains/Trainset is MISSING\n"), ""}));
+              (Outcome{1, "ERROR: " + at("Routes/Trains/Trainset") + " is MISSING\n", ""}));
 }
 
 TEST_F(CheckCommandTest, GivesTheSameAsJson)
 {
-    const Outcome outcome = check({"stock", m_wagon, "--json", "--verbose"});
+    // Asked for in other letter case: "path" is spelled as on the disk.
+    const Outcome outcome = check({"stock", "m/TRAINS/trainset/a/A.WAG", "--json", "--verbose"});
     EXPECT_EQ(outcome.code, 1);
-    const std::string wagon = at("Trains/Trainset/A/a.wag");
-    const std::string sound = at("Trains/Trainset/A/Sound/a.sms");
+    const std::string asked = at("TRAINS/trainset/a/");
+    const std::string wagon = asked + "A.WAG", sound = Shown(asked + "Sound/a.sms");
     const auto entry = [](int code, const char *verdict, const std::string &file,
-                          const std::string &dependent, const std::string &text) {
-        return nlohmann::json{{"code", code},
-                              {"verdict", verdict},
-                              {"file", file},
-                              {"dependent", dependent},
-                              {"text", text.substr(0, text.find('\n'))}};
+                          const nlohmann::json &path, const std::string &dependent,
+                          const std::string &text) {
+        return nlohmann::json{{"code", code}, {"verdict", verdict},     {"file", file},
+                              {"path", path}, {"dependent", dependent}, {"text", text}};
     };
     const auto expected = nlohmann::json::array(
-        {entry(6, "HasMissingReference", wagon, at("Trains/Trainset/A/a.sd"), m_noDescriptor),
-         entry(0, "IsValid", sound, "", "INFO: " + sound + " is OK"),
-         entry(7, "IsReferenced", Shown("m/Trains/Consists/c.con"), wagon, m_inConsist)});
+        {entry(6, "HasMissingReference", wagon, at("Trains/Trainset/A/a.wag"), asked + "a.sd",
+               "ERROR: " + wagon + " references missing file " + asked + "a.sd"),
+         entry(0, "IsValid", sound, at("Trains/Trainset/A/Sound/a.sms"), "",
+               "INFO: " + sound + " is OK"),
+         entry(1, "IsMissing", "all consists", nullptr, wagon,
+               "ERROR: " + wagon + " referenced by all consists is MISSING")});
     EXPECT_EQ(nlohmann::json::parse(outcome.out), expected);
-    EXPECT_EQ(check({"all", "--filter", "b", "--json"}), (Outcome{0, "[]\n", ""}));
+    const std::string gone = at("gone|x.wag");
+    EXPECT_EQ(nlohmann::json::parse(
+                  run({"check", "stock", "--json", "--no-consists", "m/gone|x.wag"}).out),
+              nlohmann::json::array(
+                  {entry(1, "IsMissing", gone, nullptr, "", "ERROR: " + gone + " is MISSING")}));
+    EXPECT_EQ(check({"use", "--consist", "d", "--route", "R", "--json"}), (Outcome{0, "[]\n", ""}));
+}
+
+TEST_F(CheckCommandTest, KeepsChecksThatEndInAnErrorInJsonAndReport)
+{
+    const std::string bare = at("Routes/R/Shapes/bare.s");
+    const std::string line = bare + ": error 13: its descriptor " + bare + "d is missing";
+    const Outcome outcome = run({"check", "shape", "m/Routes/R/SHAPES/Bare.s",
+                                 "m/Routes/R/Shapes/bare.s", "--json", "--report", "r.log"});
+    EXPECT_EQ(outcome.code, 2);
+    const std::string other = at("Routes/R/SHAPES/Bare.s");
+    const auto row = [&](const std::string &file, const std::string &text) {
+        return nlohmann::json{
+            {"code", nullptr}, {"file", file}, {"path", bare}, {"error", 13}, {"text", text}};
+    };
+    const std::string otherLine = other + ": error 13: its descriptor " + other + "d is missing";
+    EXPECT_EQ(nlohmann::json::parse(outcome.out),
+              nlohmann::json::array({row(other, otherLine), row(bare, line)}));
+    std::string log = read("r.log");
+    std::erase(log, '\r'); // the line ends are the platform's
+    const std::string frame = std::string(80, '=') + "\n";
+    EXPECT_EQ(log, frame + otherLine + "\n" + line + "\n" + frame);
 }
 
 TEST_F(CheckCommandTest, AppendsTheReport)

@@ -95,4 +95,19 @@ TEST_F(CommandLineTest, SaysWhenItsOutputCannotBeWritten)
                   (Outcome{2, "", "zelkctl: standard output: " + reason + "\n"}));
 }
 
+TEST_F(CommandLineTest, EndsSilentlyWhenNobodyReadsItsOutput)
+{
+    write("x.con", "Train ( TrainCfg ( x ) )");
+    const Outcome silent{141, "", ""};
+    EXPECT_EQ(run({"tree", "x.con"}, support::Stdout::BrokenPipe), silent);
+    EXPECT_EQ(run({"--help"}, support::Stdout::BrokenPipe), silent);
+    EXPECT_EQ(run({"check", "stock", "--no-consists", "gone.wag"}, support::Stdout::BrokenPipe),
+              silent);
+    EXPECT_EQ(run({"check", "stock", "--no-consists", "gone.wag", "--report", "r.log"},
+                  support::Stdout::BrokenPipe),
+              (Outcome{1, "", ""}))
+        << "the report is still wanted";
+    EXPECT_NE(read("r.log").find("gone.wag is MISSING"), std::string::npos);
+}
+
 } // namespace

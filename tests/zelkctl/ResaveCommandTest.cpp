@@ -146,10 +146,19 @@ TEST_F(ResaveCommandTest, NamesTheFileThatIsAtFault)
     write("x.con", "Train ( TrainCfg ( x ) )");
     m_folder.MakeFolder("folder.con");
     const std::vector<std::string> before = m_folder.Names();
+    const std::string longName(300, 'x');
     const std::string rows[][3] = {
         {"missing.con", "y.con", "missing.con: error 53: File not found"},
         {"x.con", "nowhere/y.con", "nowhere/y.con: error 76: Path not found"},
-        {"x.con", "folder.con", "folder.con: error 75: Path/File access error (it is a folder)"},
+        {"x.con", "folder.con", "folder.con: error 75: it is a folder"},
+        {"x.con", "", "\"\": error 76: no file name is given"},
+        {"x.con", longName, longName + ": error 75: the name is too long: choose a shorter one"},
+        {longName, "y.con", longName + ": error 75: the name is too long: choose a shorter one"},
+#ifdef _WIN32
+        {"x.con", "con.con",
+         "con.con: error 75: Windows keeps the name for a device: choose another one"},
+        {"CON", "y.con", "CON: error 75: Windows keeps the name for a device: choose another one"},
+#endif
     };
     for (const auto &[from, to, message] : rows)
         EXPECT_EQ(resave(from, to), (Outcome{2, "", "zelkctl: " + message + "\n"}));

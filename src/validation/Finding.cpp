@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "validation/ResultKey.h"
+#include "validation/Finding.h"
 
 #include "host/Text.h"
 #include "validation/TSValidation.h"
@@ -10,12 +10,6 @@
 
 namespace validation {
 namespace {
-
-bool isInformation(std::int16_t code)
-{
-    return code == TSValidation::IsValid || code == TSValidation::IsReferenced ||
-           code == TSValidation::IsOK;
-}
 
 /// What is said of the one file that a verdict is about, or null.
 const char *predicateOf(std::int16_t code)
@@ -39,19 +33,18 @@ const char *predicateOf(std::int16_t code)
     }
 }
 
-std::string bodyOf(std::int16_t code, std::string_view file, std::string_view dependent)
+std::string bodyOf(const Finding &finding)
 {
-    const std::string subject(file), other(dependent);
-    if (code == TSValidation::HasMissingReference)
-        return subject + " references missing file " + other;
-    if (code == TSValidation::IsReferenced)
-        return subject + " references file " + other;
-    const char *predicate = predicateOf(code);
+    if (finding.code == TSValidation::HasMissingReference)
+        return finding.file + " references missing file " + finding.dependent;
+    if (finding.code == TSValidation::IsReferenced)
+        return finding.file + " references file " + finding.dependent;
+    const char *predicate = predicateOf(finding.code);
     if (!predicate)
         return {};
-    if (host::TrimBlanks(dependent).empty())
-        return subject + predicate;
-    return other + " referenced by " + subject + predicate;
+    if (host::TrimBlanks(finding.dependent).empty())
+        return finding.file + predicate;
+    return finding.dependent + " referenced by " + finding.file + predicate;
 }
 
 /// A value whose closing quote was forgotten holds the line ends up to the next quote.
@@ -61,8 +54,8 @@ bool isControl(char c)
     return byte < 0x20 || byte == 0x7f;
 }
 
-/// The number that a text begins with, 0 when it begins with none; one beyond 16 bits is no
-/// verdict, and is told as such.
+/// The number that a text begins with, 0 when it begins with none; one beyond 16 bits is not
+/// a verdict and reported as an unknown one.
 std::int16_t leadingCode(std::string_view text)
 {
     constexpr std::int16_t kUnknown = INT16_MAX;
@@ -75,16 +68,26 @@ std::int16_t leadingCode(std::string_view text)
 
 } // namespace
 
-std::string ResultKey(std::int16_t code, std::string_view file, std::string_view dependent)
+bool IsError(const Finding &finding)
 {
-    return std::to_string(code).append("|").append(file).append("|").append(dependent);
+    return finding.code != TSValidation::IsValid && finding.code != TSValidation::IsReferenced &&
+           finding.code != TSValidation::IsOK;
 }
 
-std::string ReportLine(std::int16_t code, std::string_view file, std::string_view dependent)
+std::string ReportLine(const Finding &finding)
 {
-    std::string line = (isInformation(code) ? "INFO: " : "ERROR: ") + bodyOf(code, file, dependent);
-    std::replace_if(line.begin(), line.end(), isControl, ' ');
-    return line;
+    return OneLine((IsError(finding) ? "ERROR: " : "INFO: ") + bodyOf(finding));
+}
+
+std::string OneLine(std::string text)
+{
+    std::replace_if(text.begin(), text.end(), isControl, ' ');
+    return text;
+}
+
+std::string ResultKey(const Finding &finding)
+{
+    return std::to_string(finding.code) + '|' + finding.file + '|' + finding.dependent;
 }
 
 std::string ErrorText(host::ErrorNumber number)
@@ -113,5 +116,6 @@ std::string TSValidation::TranslateError(std::string_view key)
     const std::string_view rest = key.substr(bar + 1);
     const std::size_t second = rest.find('|');
     const std::string_view dependent = second == rest.npos ? "" : rest.substr(second + 1);
-    return validation::ReportLine(code, rest.substr(0, second), dependent);
+    return validation::ReportLine(
+        {code, std::string(rest.substr(0, second)), std::string(dependent)});
 }
