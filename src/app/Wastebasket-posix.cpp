@@ -96,7 +96,7 @@ std::optional<Wastebasket> wastebasketOfVolume(const std::string &file, dev_t de
     return makeOwnFolder(folder) ? std::optional(Wastebasket{folder, origin}) : std::nullopt;
 }
 
-/// The wastebasket in the home folder takes only files of its own volume: a move to another one
+/// The wastebasket in the home folder takes only files of the same volume: a move to another one
 /// would be a copy.
 std::optional<Wastebasket> wastebasketFor(const std::string &file, dev_t device)
 {

@@ -469,7 +469,7 @@ void frmDocument::closeEvent(QCloseEvent *event)
     }
     m_unloadAllowed = true;
     Q_EMIT Closing();
-    m_host.SetStatus({}); // it may tell of this window
+    m_host.SetStatus({}); // it may be about this window
     QMdiSubWindow::closeEvent(event);
 }
 

@@ -48,8 +48,8 @@ private:
     std::string m_what;
 };
 
-/// The text of a message box: what is wrong, and on a line of its own what the user can do about
-/// it, where the kind of error tells.
+/// The text of a message box: what is wrong, and on a separate line what the user can do about it,
+/// if the kind of error implies that.
 std::string Explained(const std::exception &error);
 
 } // namespace host

@@ -102,7 +102,7 @@ double solidShare(const Image &image)
     return static_cast<double>(sum) / 255 / static_cast<double>(image.pixels.size() / 4);
 }
 
-/// How solid a pixel is, 0 to 4095. Equal ones are told apart by a pattern that spreads evenly.
+/// How solid a pixel is, 0 to 4095. An even pattern orders pixels of equal alpha.
 std::size_t solidity(const Image &image, std::size_t pixel)
 {
     static constexpr std::array<std::uint8_t, 16> kSpread = {0, 8,  2, 10, 12, 4, 14, 6,

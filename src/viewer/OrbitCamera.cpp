@@ -30,8 +30,8 @@ bool isBeside(const Vec3 &offset)
     return std::hypot(offset.y, offset.z) <= kBeside * std::abs(offset.x);
 }
 
-/// Changes how steeply the camera looks down on the target, without changing its distance or the
-/// side that it stands on.
+/// Changes how steeply the camera looks down on the target, without changing its distance or its
+/// side of the target.
 void tiltOver(float dy, Vec3 &offset)
 {
     const float across = std::hypot(offset.x, offset.z), distance = Length(offset);

@@ -122,7 +122,8 @@ void ViewerPane::connectCanvas()
     connect(sfViewer, &sfCanvas::Failed, this, &ViewerPane::showNoCanvas);
 }
 
-/// It lies over the canvas, so that pictures taken before and after have the same size.
+/// It covers the lower edge of the canvas, so that pictures taken before and after have the same
+/// size.
 void ViewerPane::makePictureBar()
 {
     m_savedPicture = new SavedPictureBar(this);
