@@ -117,9 +117,8 @@ TEST_F(DiskTest, NamesThatWindowsWouldChangeAreRefused)
     EXPECT_EQ(folder.Names(), Names{});
     EXPECT_TRUE(disk::MakeFolders(folder.At("sub./x")));
     for (const char *name : {"nul", "con.con", "LPT1.eng", "aux .x.y"}) {
-        EXPECT_EQ(errorOf([&] { files.WriteFile(folder.At(name), "x"); }),
-                  "75 Windows keeps the name for a device")
-            << name;
+        EXPECT_EQ(errorOf([&] { files.WriteFile(folder.At(name), "x"); }), "75 choose another one")
+            << name << ": the end of the reason for names of devices";
         EXPECT_FALSE(files.FileExists(folder.At(name))) << name;
     }
     files.WriteFile(folder.At("console.con"), "x");
