@@ -304,7 +304,8 @@ TEST_F(ViewsTest, ThePathOfASavedPictureStaysInTheWindow)
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     EXPECT_EQ(std::exchange(desktop.log, {}), "open|" + file + "\n");
     Find<QAbstractButton>(bar, "cmdOpenPictureFolder").click();
-    EXPECT_EQ(std::exchange(desktop.log, {}), "open|" + game.At("Shots") + "\n");
+    EXPECT_EQ(std::exchange(desktop.log, {}),
+              "open|" + host::path::Normalise(game.At("Shots")) + "\n");
     std::filesystem::remove(file);
     files.Refresh();
     Find<QAbstractButton>(bar, "cmdOpenPicture").click();
@@ -318,7 +319,7 @@ TEST_F(ViewsTest, TheFolderOfPicturesOpens)
 {
     Start();
     Trigger("mnuViewPictures");
-    EXPECT_EQ(desktop.log, "open|" + game.At("Shots") + "\n");
+    EXPECT_EQ(desktop.log, "open|" + host::path::Normalise(game.At("Shots")) + "\n");
     desktop.refuses = true;
     Trigger("mnuViewPictures");
     EXPECT_EQ(dialogs.TakeLog(), "critical|Open Pictures Folder|" + game.At("Shots") +
