@@ -4,6 +4,7 @@
 #include "app/frmMain.h"
 #include "host/GameFiles.h"
 
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMimeData>
@@ -11,12 +12,13 @@
 
 namespace {
 
-/// The path of a local file: the bytes in the URL, where they are not text.
+/// The path of a local file, with the platform's separators: the bytes in the URL, where they are
+/// not text.
 std::string pathOf(const QUrl &url)
 {
     const QString text = url.toLocalFile();
     if (!text.contains(QChar::ReplacementCharacter))
-        return text.toStdString();
+        return QDir::toNativeSeparators(text).toStdString();
     const QByteArray encoded = url.path(QUrl::FullyEncoded).toLatin1();
     return QByteArray::fromPercentEncoding(encoded).toStdString();
 }
