@@ -114,7 +114,7 @@ TEST_F(frmMainTest, DroppedFilesOpen)
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(window.get(), &drop);
     EXPECT_TRUE(Wait([this] { return window->Documents().size() == 2; }));
-    EXPECT_EQ(Active()->FileName(), ConsistFile("Coal"));
+    EXPECT_EQ(Active()->FileName(), host::path::Normalise(ConsistFile("Coal")));
 }
 
 TEST_F(frmMainTest, SettingsAreWrittenAtTheEnd)
