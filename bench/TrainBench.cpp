@@ -6,10 +6,10 @@
 #include "SampleTrain.h"
 #include "host/GameFiles.h"
 #include "host/UnansweredDialogs.h"
-#include "korvat/Container.h"
-#include "korvat/Limits.h"
-#include "korvat/ModelLibrary.h"
-#include "korvat/SceneCanvas.h"
+#include "korvat/formats/Container.h"
+#include "korvat/formats/Limits.h"
+#include "korvat/model/ModelLibrary.h"
+#include "korvat/draw/SceneCanvas.h"
 #include "viewer/Stage.h"
 
 #include <cstdio>

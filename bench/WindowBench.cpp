@@ -4,16 +4,16 @@
 #include "Measure.h"
 #include "Processes.h"
 #include "SampleTrain.h"
-#include "app/Colours.h"
-#include "app/Program.h"
-#include "app/QtDesktop.h"
-#include "app/QtDialogs.h"
+#include "ui/main/Colours.h"
+#include "ui/main/Program.h"
+#include "ui/main/QtDesktop.h"
+#include "ui/dialogs/QtDialogs.h"
 #include "document/ConsistList.h"
 #include "document/StockList.h"
 #include "host/GameFiles.h"
 #include "host/Settings.h"
 #include "install/Installation.h"
-#include "viewer/ViewerPane.h"
+#include "ui/view3d/ViewerPane.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "TextureFuzz.h"
-#include "korvat/Container.h"
-#include "korvat/Limits.h"
+#include "korvat/formats/Container.h"
+#include "korvat/formats/Limits.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {

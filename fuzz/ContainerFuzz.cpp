@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Containers: whatever the bytes, the payload is readable and within the limit.
-#include "korvat/Container.h"
+#include "korvat/formats/Container.h"
 
 #include <cstdlib>
 #include <string_view>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/Program.h"
+#include "ui/main/Program.h"
 
 int main(int argc, char **argv)
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "korvat/Transform.h"
+#include "korvat/model/Transform.h"
 #include "viewer/CameraPose.h"
 
 namespace viewer {

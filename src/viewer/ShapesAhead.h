@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/Ahead.h"
-#include "korvat/ModelSource.h"
+#include "korvat/model/ModelSource.h"
 #include "viewer/Services.h"
 
 #include <memory>

@@ -4,7 +4,7 @@
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
-#include "korvat/Canvas.h"
+#include "korvat/draw/Canvas.h"
 #include "stavfile/StfFile.h"
 #include "viewer/Numbers.h"
 #include "viewer/OrbitCamera.h"

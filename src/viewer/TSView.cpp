@@ -4,7 +4,7 @@
 #include "host/Dialogs.h"
 #include "host/Folders.h"
 #include "host/RuntimeError.h"
-#include "korvat/Canvas.h"
+#include "korvat/draw/Canvas.h"
 #include "viewer/Numbers.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "korvat/ShapeModel.h"
+#include "korvat/draw/ShapeModel.h"
 #include "viewer/Services.h"
 
 #include <cstdint>

@@ -2,7 +2,7 @@
 #include "ShapeCommand.h"
 
 #include "Session.h"
-#include "korvat/Geometry.h"
+#include "korvat/model/Geometry.h"
 
 #include <charconv>
 #include <cmath>

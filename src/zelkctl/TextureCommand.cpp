@@ -2,8 +2,8 @@
 #include "TextureCommand.h"
 
 #include "Session.h"
-#include "korvat/Png.h"
-#include "korvat/Texture.h"
+#include "korvat/formats/Png.h"
+#include "korvat/formats/Texture.h"
 
 #include <memory>
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The check commands through the main window.
 #include "GuiTest.h"
-#include "app/Program.h"
-#include "app/QtDialogs.h"
-#include "document/ListView.h"
+#include "ui/main/Program.h"
+#include "ui/dialogs/QtDialogs.h"
+#include "ui/widgets/ListView.h"
 #include "validation/TSValidation.h"
-#include "validation/frmResults.h"
-#include "validation/frmSelector.h"
+#include "ui/dialogs/frmResults.h"
+#include "ui/dialogs/frmSelector.h"
 
 #include <QCheckBox>
 #include <QListWidget>

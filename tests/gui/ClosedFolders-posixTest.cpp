@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "GuiTest.h"
-#include "document/ListView.h"
+#include "ui/widgets/ListView.h"
 #include "support/OrdinaryUser-posix.h"
 
 #include <filesystem>

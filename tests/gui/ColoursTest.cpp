@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "app/Colours.h"
+#include "ui/main/Colours.h"
 
-#include "app/IconSet.h"
+#include "ui/main/IconSet.h"
 #include "support/Environment.h"
-#include "validation/ReportView.h"
+#include "ui/dialogs/ReportView.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -4,7 +4,7 @@
 
 #include "host/Folders.h"
 
-#include "validation/frmResults.h"
+#include "ui/dialogs/frmResults.h"
 #include <QAbstractItemView>
 
 #include <QApplication>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/DesktopPortal-posix.h"
+#include "ui/main/DesktopPortal-posix.h"
 
 #include "support/Environment.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/DesktopScheme.h"
+#include "ui/main/DesktopScheme.h"
 
 #include "support/Environment.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "GuiTest.h"
 
-#include "app/MainStatusBar.h"
-#include "app/Program.h"
+#include "ui/main/MainStatusBar.h"
+#include "ui/main/Program.h"
 #include "document/ConsistTree.h"
 
 #include <QAbstractItemView>

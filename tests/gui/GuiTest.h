@@ -2,8 +2,8 @@
 #pragma once
 
 #include "app/Desktop.h"
-#include "app/Printers.h"
-#include "app/frmMain.h"
+#include "ui/print/Printers.h"
+#include "ui/main/frmMain.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "document/ListView.h"
+#include "ui/widgets/ListView.h"
 
-#include "document/ConsistListModel.h"
-#include "document/StockListModel.h"
+#include "ui/document/ConsistListModel.h"
+#include "ui/document/StockListModel.h"
 
 #include <QApplication>
 #include <QHeaderView>

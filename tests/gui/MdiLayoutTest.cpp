@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/MdiLayout.h"
+#include "ui/main/MdiLayout.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "host/GameFiles.h"
-#include "korvat/ModelLibrary.h"
-#include "korvat/OffscreenCanvas.h"
+#include "korvat/model/ModelLibrary.h"
+#include "gl/OffscreenCanvas.h"
 #include "support/Environment.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"

@@ -3,7 +3,7 @@
 #include "korvat/TestShape.h"
 
 #include "OffscreenScene.h"
-#include "korvat/ShapeModel.h"
+#include "korvat/draw/ShapeModel.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/Program.h"
+#include "ui/main/Program.h"
 
 #include "GuiTest.h"
 #include "ProgramWindow.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/QtDesktop.h"
+#include "ui/main/QtDesktop.h"
 
 #include "GuiTest.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/QtDialogs.h"
+#include "ui/dialogs/QtDialogs.h"
 
 #include "GuiTest.h"
 

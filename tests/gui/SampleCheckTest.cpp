@@ -2,7 +2,7 @@
 #include "GuiTest.h"
 #include "samples/Defects.h"
 #include "samples/Sample.h"
-#include "validation/frmResults.h"
+#include "ui/dialogs/frmResults.h"
 
 #include <QPlainTextEdit>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Saving while others write the same files, and how an editor shows what is not saved.
 #include "GuiTest.h"
-#include "document/ListView.h"
+#include "ui/widgets/ListView.h"
 #include "host/Folders.h"
 
 #include <QAbstractButton>

@@ -2,7 +2,7 @@
 // The first panel of the status bar: after every command it holds the outcome, or nothing.
 #include "GuiTest.h"
 
-#include "document/ListView.h"
+#include "ui/widgets/ListView.h"
 
 #include <QAbstractButton>
 #include <QApplication>

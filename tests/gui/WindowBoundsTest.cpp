@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "app/WindowBounds.h"
-#include "app/WindowSettings.h"
+#include "ui/main/WindowBounds.h"
+#include "ui/main/WindowSettings.h"
 
 #include "GuiTest.h"
 

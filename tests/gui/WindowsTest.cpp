@@ -2,7 +2,7 @@
 // Which document window is in front, how they are arranged, and what the next run knows of them.
 #include "GuiTest.h"
 
-#include "document/ListView.h"
+#include "ui/widgets/ListView.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "document/frmDocument.h"
+#include "ui/document/frmDocument.h"
 
 #include "GuiTest.h"
-#include "document/ListView.h"
+#include "ui/widgets/ListView.h"
 #include "host/Folders.h"
 
 #include <QAbstractButton>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/frmMain.h"
+#include "ui/main/frmMain.h"
 
 #include "GuiTest.h"
 #include "support/KnownFolders.h"

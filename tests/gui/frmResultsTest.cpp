@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "validation/frmResults.h"
+#include "ui/dialogs/frmResults.h"
 
 #include "GuiTest.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "validation/frmSelector.h"
+#include "ui/dialogs/frmSelector.h"
 
 #include "GuiTest.h"
-#include "app/QtDialogs.h"
+#include "ui/dialogs/QtDialogs.h"
 
 #include <QAccessible>
 #include <QCheckBox>

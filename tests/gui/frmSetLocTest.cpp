@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "install/frmSetLoc.h"
+#include "ui/dialogs/frmSetLoc.h"
 
 #include "GuiTest.h"
 #include "host/Folders.h"

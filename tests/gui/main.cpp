@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/Colours.h"
+#include "ui/main/Colours.h"
 
 #include <QApplication>
 #include <QWidget>

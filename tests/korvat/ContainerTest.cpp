@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "korvat/Container.h"
+#include "korvat/formats/Container.h"
 
 #include "Build.h"
-#include "korvat/Limits.h"
+#include "korvat/formats/Limits.h"
 
 #include <gtest/gtest.h>
 

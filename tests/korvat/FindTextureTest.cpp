@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "korvat/FindTexture.h"
+#include "korvat/model/FindTexture.h"
 
 #include "host/GameFiles.h"
 #include "support/TempFolder.h"

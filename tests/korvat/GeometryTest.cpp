@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "korvat/Geometry.h"
+#include "korvat/model/Geometry.h"
 
 #include <gtest/gtest.h>
 

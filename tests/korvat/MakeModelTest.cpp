@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "korvat/MakeModel.h"
+#include "korvat/model/MakeModel.h"
 
-#include "korvat/Transform.h"
+#include "korvat/model/Transform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "korvat/Mipmaps.h"
+#include "korvat/formats/Mipmaps.h"
 
-#include "korvat/Dxt.h"
-#include "korvat/TextureBuilder.h"
+#include "korvat/formats/Dxt.h"
+#include "korvat/formats/TextureBuilder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "korvat/ModelLibrary.h"
+#include "korvat/model/ModelLibrary.h"
 
 #include "Build.h"
 #include "TestShape.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "korvat/Texture.h"
+#include "korvat/formats/Texture.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "korvat/Png.h"
+#include "korvat/formats/Png.h"
 
 #include "Build.h"
-#include "korvat/Container.h"
+#include "korvat/formats/Container.h"
 
 #include <gtest/gtest.h>
 

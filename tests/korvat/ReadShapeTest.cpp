@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "korvat/Shape.h"
+#include "korvat/formats/Shape.h"
 
 #include "Build.h"
-#include "korvat/Geometry.h"
+#include "korvat/model/Geometry.h"
 #include "samples/ShapeWriter.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "korvat/Renderer.h"
+#include "korvat/draw/Renderer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "korvat/Transform.h"
+#include "korvat/model/Transform.h"
 
 #include <gtest/gtest.h>
 

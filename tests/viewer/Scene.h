@@ -2,9 +2,9 @@
 #pragma once
 
 #include "host/GameFiles.h"
-#include "korvat/Canvas.h"
-#include "korvat/ModelSource.h"
-#include "korvat/Renderer.h"
+#include "korvat/draw/Canvas.h"
+#include "korvat/model/ModelSource.h"
+#include "korvat/draw/Renderer.h"
 #include "support/Environment.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"

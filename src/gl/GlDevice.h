@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "korvat/draw/Device.h"
+
+#include <QOpenGLFunctions_3_3_Core>
+#include <QOpenGLShaderProgram>
+
+#include <array>
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+namespace korvat {
+
+/// A device on OpenGL 3.3. The context with which it was made must be current in every call, also
+/// when it ends.
+class GlDevice : public Device, private QOpenGLFunctions_3_3_Core
+{
+public:
+    /// Null when the current context cannot do it; `reason` then says why.
+    static std::unique_ptr<GlDevice> Create(std::string &reason);
+    ~GlDevice() override;
+
+    unsigned UploadMesh(const Mesh &mesh) override;
+    unsigned UploadTexture(const Texture &picture) override;
+    void ReleaseMesh(unsigned mesh) override;
+    void ReleaseTexture(unsigned texture) override;
+    void BeginFrame(const FrameSetup &setup) override;
+    void Draw(const DrawCall &call) override;
+    void EndFrame() override;
+
+private:
+    struct Buffers
+    {
+        GLuint vertexArray = 0, vertices = 0, indices = 0;
+    };
+
+    GlDevice();
+    bool start(std::string &reason);
+    bool compile(QOpenGLShaderProgram &program, const char *vertex, const char *fragment,
+                 std::string &reason);
+    void makeSamplers();
+    bool isCompressed(const Texture &picture) const;
+    GLsizei uploadLevels(const Texture &picture);
+    void paintSky(const FrameSetup &setup);
+    void setFrame(const FrameSetup &setup);
+    void setEnabled(GLenum option, bool enabled);
+    void useState(const DrawCall &call);
+
+    QOpenGLShaderProgram m_surface, m_sky;
+    struct
+    {
+        int world, colour, textured, opaque, finish, alphaLimit, fades, softEdge, sharpness;
+    } m_place{};
+    GLuint m_skyArray = 0;
+    std::array<GLuint, 8> m_samplers{}; ///< by addressing, with and without mipmaps
+    bool m_compressedTextures = false;
+    int m_largestTexture = 0;
+    std::unordered_map<unsigned, Buffers> m_meshes;
+    unsigned m_lastMesh = 0;
+};
+
+} // namespace korvat

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "gl/OffscreenPainter.h"
+
+#include "gl/GlDevice.h"
+#include "korvat/draw/Renderer.h"
+
+#include <QOpenGLFramebufferObject>
+
+namespace korvat {
+namespace {
+
+constexpr int kSamples = 4;
+
+QSurfaceFormat wantedFormat()
+{
+    QSurfaceFormat format;
+    format.setVersion(3, 3);
+    format.setProfile(QSurfaceFormat::CoreProfile);
+    return format;
+}
+
+} // namespace
+
+std::unique_ptr<OffscreenPainter> OffscreenPainter::Create(std::string &reason)
+{
+    std::unique_ptr<OffscreenPainter> painter(new OffscreenPainter);
+    return painter->start(reason) ? std::move(painter) : nullptr;
+}
+
+bool OffscreenPainter::start(std::string &reason)
+{
+    m_context.setFormat(wantedFormat());
+    m_surface.setFormat(wantedFormat());
+    m_surface.create();
+    if (!m_context.create() || !m_context.makeCurrent(&m_surface)) {
+        reason = "this system offers no OpenGL";
+        return false;
+    }
+    m_device = GlDevice::Create(reason);
+    return m_device != nullptr;
+}
+
+OffscreenPainter::~OffscreenPainter()
+{
+    if (!m_context.isValid() || !m_context.makeCurrent(&m_surface))
+        return;
+    m_device.reset();
+    m_buffer.reset();
+    m_context.doneCurrent();
+}
+
+bool OffscreenPainter::makeBuffer(int width, int height)
+{
+    if (m_buffer && m_buffer->size() == QSize(width, height))
+        return true;
+    QOpenGLFramebufferObjectFormat format;
+    format.setSamples(kSamples);
+    format.setAttachment(QOpenGLFramebufferObject::Depth);
+    m_buffer = std::make_unique<QOpenGLFramebufferObject>(width, height, format);
+    return m_buffer->isValid();
+}
+
+QImage OffscreenPainter::Paint(Renderer &renderer, int width, int height)
+{
+    if (!m_context.makeCurrent(&m_surface) || !makeBuffer(width, height) || !m_buffer->bind())
+        return {};
+    renderer.Paint(*m_device, width, height);
+    return m_buffer->toImage();
+}
+
+void OffscreenPainter::Release(Renderer &renderer)
+{
+    if (m_context.makeCurrent(&m_surface))
+        renderer.ReleaseAll(*m_device);
+    else
+        renderer.Forget();
+}
+
+std::string WhyNoOpenGl()
+{
+    std::string reason;
+    OffscreenPainter::Create(reason);
+    return reason;
+}
+
+} // namespace korvat

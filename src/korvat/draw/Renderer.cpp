@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include "korvat/draw/Renderer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <tuple>
+
+namespace korvat {
+namespace {
+
+// Of 255, as real textures want them: lower test limits make fences solid far away.
+constexpr float kTestLimit = 200 / 255.0f, kSolidLimit = 250 / 255.0f, kVisibleLimit = 10 / 255.0f;
+
+/// Beyond the haze there is nothing to see but the sky.
+constexpr float kBeyondHaze = 1.5f;
+
+/// Which pass a part belongs to: decided by its shader and by what its picture's alpha says.
+Mixing mixingOf(const Surface &surface, const Texture *picture)
+{
+    if (surface.blending == Blending::None || !picture || picture->alphaBits == 0)
+        return Mixing::Replace;
+    if (picture->alphaBits == 1 && surface.alphaTest)
+        return Mixing::Replace;
+    return surface.blending == Blending::Add ? Mixing::Add : Mixing::Alpha;
+}
+
+bool isTested(const Surface &surface, const Texture *picture)
+{
+    return surface.alphaTest && picture && picture->alphaBits != 0;
+}
+
+float scaleOf(const Transform &world)
+{
+    float largest = 0;
+    for (int row = 0; row < 3; ++row)
+        largest = std::max(largest, Length({world.At(row, 0), world.At(row, 1), world.At(row, 2)}));
+    return largest;
+}
+
+Sphere moved(const Sphere &sphere, const Transform &world)
+{
+    return {TransformPoint(sphere.centre, world), sphere.radius * scaleOf(world)};
+}
+
+} // namespace
+
+void Renderer::Begin()
+{
+    m_coming.clear();
+}
+
+void Renderer::Add(std::shared_ptr<const Model> model, const Transform &world,
+                   std::span<const TexturePtr> pictures)
+{
+    if (model && !model->mesh.indices.empty())
+        m_coming.push_back({std::move(model), world, {pictures.begin(), pictures.end()}});
+}
+
+void Renderer::End()
+{
+    std::swap(m_frame, m_coming);
+    m_coming.clear();
+}
+
+void Renderer::Clear()
+{
+    m_coming.clear();
+    m_frame.clear();
+}
+
+void Renderer::SetCamera(Vec3 eye, Vec3 target)
+{
+    m_eye = eye;
+    m_target = target;
+}
+
+void Renderer::SetHaze(float nearest, float farthest)
+{
+    m_hazeNear = nearest;
+    m_hazeFar = std::max(farthest, nearest + 1);
+}
+
+FrameSetup Renderer::Setup(int width, int height) const
+{
+    FrameSetup setup;
+    setup.width = std::max(1, width);
+    setup.height = std::max(1, height);
+    setup.eye = m_eye;
+    setup.view = LookAt(m_eye, m_target);
+    const float aspect = static_cast<float>(setup.width) / static_cast<float>(setup.height);
+    const float beyond = std::max(m_hazeFar * kBeyondHaze, 100.0f);
+    setup.projection =
+        Perspective(kVerticalDegrees * std::numbers::pi_v<float> / 180, aspect, kNearest, beyond);
+    setup.toSun = Normalised({0.62f, 0.70f, -0.36f});
+    setup.sun = {0.78f, 0.75f, 0.68f};
+    setup.ambient = {0.50f, 0.54f, 0.60f};
+    setup.ambientBelow = {0.34f, 0.33f, 0.29f};
+    setup.zenith = {0.25f, 0.46f, 0.74f};
+    setup.horizon = {0.78f, 0.85f, 0.90f};
+    setup.hazeNear = m_hazeNear;
+    setup.hazeFar = m_hazeFar;
+    return setup;
+}
+
+void Renderer::Paint(Device &device, int width, int height)
+{
+    const FrameSetup setup = Setup(width, height);
+    const Frustum frustum(setup.view * setup.projection);
+    device.BeginFrame(setup);
+    releaseUnused(device);
+    Calls calls;
+    for (const Placed &placed : m_frame)
+        if (frustum.Sees(moved(placed.model->bounds, placed.world)))
+            collect(device, placed, calls);
+    drawSolid(device, calls.solid);
+    drawSolid(device, calls.tested);
+    drawBlended(device, calls.blended);
+    device.EndFrame();
+}
+
+void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
+{
+    DrawCall call;
+    call.mesh = numberOf(device, placed.model);
+    call.world = placed.world;
+    for (const Part &part : placed.model->parts) {
+        const auto slot = static_cast<std::size_t>(part.slot);
+        const bool textured = part.slot >= 0 && slot < placed.pictures.size();
+        const TexturePtr picture = textured ? placed.pictures[slot] : nullptr;
+        const bool tested = isTested(part.surface, picture.get());
+        call.texture = picture ? numberOf(device, picture) : 0;
+        call.firstIndex = part.firstIndex;
+        call.indexCount = part.indexCount;
+        call.finish = part.surface.finish;
+        call.addressing = part.surface.addressing;
+        call.mipmaps = part.surface.mipmaps;
+        call.sharpness = part.surface.sharpness;
+        call.colour = part.surface.colour;
+        call.mixing = mixingOf(part.surface, picture.get());
+        call.opaque = call.mixing == Mixing::Replace && !tested;
+        call.writesDepth = true;
+        call.alphaLimit = tested ? kTestLimit : 0;
+        call.softEdge = tested && call.mixing == Mixing::Replace;
+        if (call.mixing != Mixing::Replace)
+            calls.blended.push_back(
+                {call, Length(TransformPoint(part.bounds.centre, placed.world) - m_eye)});
+        else
+            (tested ? calls.tested : calls.solid).push_back(call);
+    }
+}
+
+/// Order is free here: what shares a picture and a mesh goes together.
+void Renderer::drawSolid(Device &device, std::vector<DrawCall> &calls)
+{
+    std::stable_sort(calls.begin(), calls.end(), [](const DrawCall &a, const DrawCall &b) {
+        return std::tie(a.texture, a.mesh) < std::tie(b.texture, b.mesh);
+    });
+    for (const DrawCall &call : calls)
+        device.Draw(call);
+}
+
+/// What is nearly solid is drawn first, with depth, so that glass behind a window bar does not
+/// shine through it; then everything from far to near, in file order where that is equal.
+void Renderer::drawBlended(Device &device, std::vector<Blended> &calls)
+{
+    for (const Blended &blended : calls) {
+        if (blended.call.mixing == Mixing::Add)
+            continue;
+        DrawCall call = blended.call;
+        call.mixing = Mixing::Replace;
+        call.alphaLimit = kSolidLimit;
+        device.Draw(call);
+    }
+    std::stable_sort(calls.begin(), calls.end(),
+                     [](const Blended &a, const Blended &b) { return a.distance > b.distance; });
+    for (Blended &blended : calls) {
+        blended.call.writesDepth = false;
+        blended.call.alphaLimit = kVisibleLimit;
+        device.Draw(blended.call);
+    }
+}
+
+unsigned Renderer::numberOf(Device &device, const std::shared_ptr<const Model> &model)
+{
+    Held<Model> &held = m_meshes[model.get()];
+    if (held.number == 0)
+        held = {model, device.UploadMesh(model->mesh)};
+    return held.number;
+}
+
+unsigned Renderer::numberOf(Device &device, const TexturePtr &picture)
+{
+    Held<Texture> &held = m_textures[picture.get()];
+    if (held.number == 0)
+        held = {picture, device.UploadTexture(*picture)};
+    return held.number;
+}
+
+void Renderer::releaseUnused(Device &device)
+{
+    std::erase_if(m_meshes, [&device](const auto &entry) {
+        const bool unused = entry.second.thing.expired();
+        if (unused)
+            device.ReleaseMesh(entry.second.number);
+        return unused;
+    });
+    std::erase_if(m_textures, [&device](const auto &entry) {
+        const bool unused = entry.second.thing.expired();
+        if (unused)
+            device.ReleaseTexture(entry.second.number);
+        return unused;
+    });
+}
+
+void Renderer::Forget()
+{
+    m_meshes.clear();
+    m_textures.clear();
+}
+
+void Renderer::ReleaseAll(Device &device)
+{
+    for (const auto &entry : m_meshes)
+        device.ReleaseMesh(entry.second.number);
+    for (const auto &entry : m_textures)
+        device.ReleaseTexture(entry.second.number);
+    Forget();
+}
+
+} // namespace korvat

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "korvat/draw/ShapeModel.h"
+
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "korvat/draw/Renderer.h"
+
+#include <new>
+
+using korvat::TexturePtr;
+
+ShapeModel::ShapeModel(korvat::ModelSource &source)
+    : m_source(source)
+{
+}
+
+void ShapeModel::LoadShapeFile(const std::string &path)
+{
+    try {
+        load(path);
+    } catch (const std::bad_alloc &) {
+        fail(path + ": there is not enough memory to load the shape");
+    } catch (const std::exception &error) {
+        fail(path + ": " + error.what());
+    }
+}
+
+void ShapeModel::fail(std::string reason)
+{
+    m_model = nullptr;
+    m_problems.clear();
+    m_pictures.clear();
+    m_error = std::move(reason);
+}
+
+void ShapeModel::load(const std::string &path)
+{
+    m_folder = host::path::FolderWithSeparator(path);
+    korvat::LoadedModel loaded = m_source.LoadModel(path);
+    m_error = std::move(loaded.error);
+    m_model = m_error.empty() ? std::move(loaded.model) : nullptr;
+    m_problems.clear();
+    m_pictures.clear();
+    if (!m_model)
+        return;
+    for (const std::string &name : m_model->textures) {
+        korvat::LoadedTexture picture = m_source.LoadTexture(m_folder, m_texturePath, name);
+        if (!picture.problem.empty())
+            m_problems.push_back(std::move(picture.problem));
+        m_pictures.push_back(std::move(picture.texture));
+    }
+    for (const std::string &note : m_model->notes)
+        m_problems.push_back(std::string(host::path::FileName(path)) + ": " + note);
+}
+
+const std::string &ShapeModel::TextureInfo(int index) const
+{
+    return m_model->textures[slot(index)];
+}
+
+TexturePtr ShapeModel::LoadTexture(const std::string &name)
+{
+    return m_source.LoadTexture(m_folder, m_texturePath, name).texture;
+}
+
+void ShapeModel::SetTexture(int index, TexturePtr picture)
+{
+    m_pictures[slot(index)] = std::move(picture);
+}
+
+TexturePtr ShapeModel::GetTexture(int index) const
+{
+    return m_pictures[slot(index)];
+}
+
+std::size_t ShapeModel::slot(int index) const
+{
+    if (index < 0 || index >= TextureCount())
+        throw host::RuntimeError(host::ErrorNumber::SubscriptOutOfRange,
+                                 "texture " + std::to_string(index) + " of " +
+                                     std::to_string(TextureCount()));
+    return static_cast<std::size_t>(index);
+}
+
+void ShapeModel::Render(int, float) const
+{
+    if (m_device)
+        m_device->Add(m_model, m_world, m_pictures);
+}

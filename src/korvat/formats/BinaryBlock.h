@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "korvat/formats/ByteReader.h"
+#include "korvat/formats/ReadError.h"
+#include "korvat/formats/ShapeTokens.h"
+
+#include <algorithm>
+#include <bit>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace korvat {
+
+/// A block of a binary shape, read from front to back: values and blocks in the order of the file.
+/// What does not fit is told to `trouble`, and from then on all blocks are at their end and values
+/// are 0. TextBlock has the same members, so that one description of a shape serves both.
+class BinaryBlock
+{
+public:
+    /// The top of a token stream.
+    BinaryBlock(ByteReader content, Trouble &trouble)
+        : m_content(content)
+        , m_trouble(&trouble)
+    {
+    }
+
+    /// A block with its head read.
+    BinaryBlock(ByteReader content, Trouble &trouble, std::uint32_t id, Bytes label)
+        : m_content(content)
+        , m_trouble(&trouble)
+        , m_id(id)
+        , m_label(label)
+    {
+    }
+
+    bool Is(Token token) const { return m_id == static_cast<std::uint32_t>(token); }
+    std::string Label() const { return textOf(m_label); }
+
+    /// The next block in this one, whatever it is; nothing at the end.
+    std::optional<BinaryBlock> Next()
+    {
+        if (m_content.Left() == 0 || m_trouble->Met())
+            return std::nullopt;
+        // One look for all of the head: shapes are mostly heads.
+        const std::size_t where = m_content.Where();
+        const std::optional<Bytes> head = m_content.Take(kLeastBlock);
+        if (head) {
+            ByteReader fields(*head);
+            const std::uint32_t id = *fields.ReadU32(); // name space in the upper half
+            const std::size_t length = *fields.ReadU32(), label = std::size_t{2} * *fields.ReadU8();
+            if (length > label && length - 1 <= m_content.Left()) {
+                const Bytes name = *m_content.Take(label);
+                return std::optional<BinaryBlock>(
+                    std::in_place, *m_content.TakeReader(length - 1 - label), *m_trouble, id, name);
+            }
+        }
+        doesNotFit(where);
+        return std::nullopt;
+    }
+
+    std::uint32_t U32()
+    {
+        if (const auto value = m_content.ReadU32())
+            return *value;
+        tooShort();
+        return 0;
+    }
+    std::uint32_t Hex() { return U32(); }
+    std::int32_t I32() { return static_cast<std::int32_t>(U32()); }
+    float F32() { return std::bit_cast<float>(U32()); }
+    std::string Text();
+    /// Values are left, if nothing but values can come.
+    bool HasMore() const { return m_content.Left() >= sizeof(std::uint32_t); }
+
+    /// Reads the count in front of a list of blocks; not more than that many of at least `size`
+    /// content bytes can be there.
+    std::size_t Count(std::size_t size)
+    {
+        const std::size_t count = U32();
+        return std::min(count, m_content.Left() / (kLeastBlock + size));
+    }
+    /// Reads the count in front of a list of numbers, and how many there are. They must be there.
+    std::size_t NumberCount();
+
+    /// Appends such a list.
+    template <typename Number> void Numbers(std::vector<Number> &out)
+    {
+        const std::size_t count = NumberCount(), first = out.size();
+        out.resize(first + count);
+        for (std::size_t i = 0; i < count; ++i)
+            out[first + i] = static_cast<Number>(*m_content.ReadU32());
+    }
+
+    std::size_t Where() const { return m_content.Where(); }
+
+private:
+    static constexpr std::size_t kLeastBlock = 9;
+
+    static std::string textOf(Bytes units);
+    void tooShort();
+    void doesNotFit(std::size_t where);
+
+    ByteReader m_content;
+    Trouble *m_trouble;
+    std::uint32_t m_id = 0;
+    Bytes m_label;
+};
+
+} // namespace korvat

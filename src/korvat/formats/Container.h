@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "korvat/formats/ByteReader.h"
+#include "korvat/formats/ReadError.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvat {
+
+/// The wrapping that shapes and textures share: docs/formats.md, "Container and header line".
+struct Container
+{
+    enum class Content
+    {
+        Text,   ///< structured text, in any encoding
+        Binary, ///< token stream of a shape
+        Raw     ///< no sub-header: a texture
+    };
+
+    Content content = Content::Raw;
+    bool compressed = false;
+    char kind = 0; ///< letter of the sub-header: 's' for a shape, 'w' for a world file; 0 for none
+    /// What stands behind the mark, sub-header included; for text that is not compressed, the whole
+    /// file. Points into the file's bytes, or into `inflated`.
+    Bytes payload;
+    /// Where `payload` begins in the file; 0 when it was inflated.
+    std::size_t base = 0;
+    std::vector<std::string> notes; ///< what was mended, a sentence each
+
+    std::unique_ptr<std::uint8_t[]> inflated;
+};
+
+/// Length of the sub-header at the front of a payload that is Binary or compressed Text.
+inline constexpr std::size_t kSubHeaderSize = 16;
+
+/// Opens a file's bytes, which must outlive `out` unless they were compressed. At most `limit`
+/// bytes are inflated. NotThisFormat without a container mark; Damaged when the compressed part
+/// cannot be inflated; TooLarge beyond the limit. A compressed part that is shorter or longer than
+/// its size field, or whose checksum is wrong, is used with a note.
+ReadError OpenContainer(std::string_view bytes, std::size_t limit, Container &out);
+
+} // namespace korvat

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "korvat/formats/Texture.h"
+
+namespace korvat {
+
+/// Gives a compressed texture with a single level its smaller levels, in the same format, so that
+/// it does not shimmer in the distance; that adds a third to its data. Leaves other textures as
+/// they are (graphics devices make the smaller levels of uncompressed ones).
+///
+/// Levels of DXT1 with holes keep the share of solid pixels, so that fences neither vanish nor
+/// become walls.
+void MakeSmallerLevels(Texture &texture);
+
+} // namespace korvat

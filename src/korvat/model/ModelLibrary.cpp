@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#include "korvat/model/ModelLibrary.h"
+
+#include "host/GameFiles.h"
+#include "host/RuntimeError.h"
+#include "host/Text.h"
+#include "korvat/model/FindTexture.h"
+#include "korvat/formats/Limits.h"
+#include "korvat/model/MakeModel.h"
+#include "korvat/formats/Mipmaps.h"
+
+#include <array>
+#include <filesystem>
+#include <new>
+
+namespace korvat {
+namespace {
+
+std::string sentence(const std::string &path, const ReadError &error, const char *unit)
+{
+    std::string text = path + ": " + error.text;
+    if (error.where > 0)
+        text += std::string(" (") + unit + ' ' + std::to_string(error.where) + ')';
+    return text;
+}
+
+/// One name for a file, however it was asked for: where the disk ignores letter case it gives paths
+/// back as they were asked for.
+std::string placeOf(const std::filesystem::path &file)
+{
+    const std::string path = host::path::FromDisk(file);
+    return host::disk::kIgnoresCase ? host::ToUpper(path) : path;
+}
+
+constexpr std::uint32_t kCheckerSide = 64, kCheckerField = 8;
+constexpr std::array<std::uint8_t, 4> kCheckerDark = {0x20, 0x20, 0x20, 0xFF};
+constexpr std::array<std::uint8_t, 4> kCheckerBright = {0xFF, 0x40, 0xFF, 0xFF};
+
+} // namespace
+
+ModelLibrary::ModelLibrary(host::GameFiles &files)
+    : m_files(files)
+{
+}
+
+TexturePtr ModelLibrary::Checker()
+{
+    static const TexturePtr checker = [] {
+        auto texture = std::make_shared<Texture>();
+        texture->width = texture->height = kCheckerSide;
+        texture->levels = {{kCheckerSide, kCheckerSide, PixelFormat::Rgba8, 0,
+                            LevelSize(PixelFormat::Rgba8, kCheckerSide, kCheckerSide)}};
+        for (std::uint32_t y = 0; y < kCheckerSide; ++y)
+            for (std::uint32_t x = 0; x < kCheckerSide; ++x) {
+                const bool dark = (x / kCheckerField + y / kCheckerField) % 2 == 1;
+                const std::array<std::uint8_t, 4> pixel = dark ? kCheckerDark : kCheckerBright;
+                texture->data.insert(texture->data.end(), pixel.begin(), pixel.end());
+            }
+        return texture;
+    }();
+    return checker;
+}
+
+LoadedModel ModelLibrary::LoadModel(const std::string &path)
+{
+    try {
+        const auto found = m_files.FindFile(path);
+        const std::string place = found ? placeOf(*found) : std::string();
+        if (auto known = find(m_models, place))
+            return {known, {}};
+        const auto stamp = host::disk::StampOf(place);
+        const ShapeFile file = ReadShape(m_files.ReadFile(path, kMaxShapeBytes));
+        if (file.error)
+            return {nullptr,
+                    sentence(path, file.error, file.form == ShapeForm::Text ? "line" : "byte")};
+        auto model = std::make_shared<const Model>(MakeModel(file.shape));
+        if (stamp)
+            keep(m_models, place, model, *stamp);
+        return {model, {}};
+    } catch (const host::RuntimeError &error) {
+        return {nullptr, error.what()};
+    }
+}
+
+LoadedTexture ModelLibrary::LoadTexture(const std::string &shapeFolder,
+                                        const std::string &texturePath, const std::string &name)
+{
+    try {
+        const auto path = FindTexture(m_files, shapeFolder, texturePath, name);
+        const auto found = path ? m_files.FindFile(*path) : std::nullopt;
+        if (!found)
+            return {Checker(), "Texture " + name + " is missing"};
+        const std::string place = placeOf(*found);
+        if (auto known = find(m_textures, place))
+            return {known, {}};
+        const auto stamp = host::disk::StampOf(place);
+        TextureFile file = ReadTexture(m_files.ReadFile(*path, kMaxTextureBytes));
+        if (file.error)
+            return {Checker(), "Texture " + sentence(*path, file.error, "byte")};
+        MakeSmallerLevels(file.texture);
+        auto texture = std::make_shared<const Texture>(std::move(file.texture));
+        if (stamp)
+            keep(m_textures, place, texture, *stamp);
+        return {texture, {}};
+    } catch (const std::bad_alloc &) {
+        return {Checker(), "Texture " + name + ": there is not enough memory to load it"};
+    } catch (const std::exception &error) {
+        return {Checker(), "Texture " + name + ": " + error.what()};
+    }
+}
+
+template <typename Thing>
+std::shared_ptr<const Thing> ModelLibrary::find(const Shelf<Thing> &shelf, const std::string &place)
+{
+    const std::lock_guard lock(m_mutex);
+    const auto entry = shelf.find(place);
+    if (entry == shelf.end() || host::disk::StampOf(place) != entry->second.stamp)
+        return nullptr;
+    return entry->second.thing.lock();
+}
+
+template <typename Thing>
+void ModelLibrary::keep(Shelf<Thing> &shelf, const std::string &place,
+                        const std::shared_ptr<const Thing> &thing, const host::disk::Stamp &stamp)
+{
+    const std::lock_guard lock(m_mutex);
+    std::erase_if(shelf, [](const auto &entry) { return entry.second.thing.expired(); });
+    shelf[place] = {stamp, thing};
+}
+
+} // namespace korvat

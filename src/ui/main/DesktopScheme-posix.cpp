@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/DesktopScheme.h"
+
+#include "ui/main/DesktopPortal-posix.h"
+#include "host/Folders.h"
+#include "host/IniFile.h"
+#include "host/Text.h"
+
+#include <QColor>
+#include <QFile>
+#include <QStringList>
+
+#include <string>
+
+namespace app {
+namespace {
+
+std::optional<std::string> entry(const std::string &file, const char *section, const char *key)
+{
+    QFile source(QString::fromStdString(host::ConfigFolder() + "/" + file));
+    if (!source.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    constexpr qint64 limit = 1 << 20; // desktop settings are a few kilobytes
+    return host::IniFile::FromText(source.read(limit).toStdString()).Value(section, key);
+}
+
+bool namesDark(const std::string &text)
+{
+    return host::ToUpper(text).find("DARK") != std::string::npos;
+}
+
+/// KDE: the window background as "red,green,blue".
+std::optional<ColourScheme> kdeScheme()
+{
+    const auto text = entry("kdeglobals", "Colors:Window", "BackgroundNormal");
+    if (!text)
+        return std::nullopt;
+    const QStringList parts = QString::fromStdString(*text).split(QLatin1Char(','));
+    if (parts.size() < 3)
+        return std::nullopt;
+    const QColor colour(parts[0].toInt(), parts[1].toInt(), parts[2].toInt());
+    return colour.lightness() < 128 ? ColourScheme::Dark : ColourScheme::Light;
+}
+
+std::optional<ColourScheme> gtkScheme()
+{
+    if (const std::string theme = host::Environment("GTK_THEME"); !theme.empty())
+        return namesDark(theme) ? ColourScheme::Dark : ColourScheme::Light;
+    for (const char *file : {"gtk-4.0/settings.ini", "gtk-3.0/settings.ini"}) {
+        const auto prefers = entry(file, "Settings", "gtk-application-prefer-dark-theme");
+        if (prefers && (*prefers == "1" || host::EqualsNoCase(*prefers, "true")))
+            return ColourScheme::Dark;
+        if (const auto theme = entry(file, "Settings", "gtk-theme-name");
+            theme && namesDark(*theme))
+            return ColourScheme::Dark;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<ColourScheme> SchemeOfDesktop()
+{
+#ifdef ZELK_DBUS
+    if (const auto scheme = SchemeOfPortal())
+        return scheme;
+#endif
+    if (const auto scheme = kdeScheme())
+        return scheme;
+    return gtkScheme();
+}
+
+} // namespace app

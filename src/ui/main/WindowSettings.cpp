@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/WindowSettings.h"
+
+#include "host/Number.h"
+#include "host/Settings.h"
+#include "host/Text.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+namespace app {
+
+namespace {
+
+constexpr std::string_view kSection = "Windows";
+constexpr std::string_view kMaximised = "MainMaximised", kNormal = "MainNormalBounds",
+                           kConsist = "ConsistColumns", kStock = "StockColumns",
+                           kOrder = "StockOrder";
+constexpr int kFarthest = 100000; ///< beyond any screen
+
+using Numbers = std::vector<int>;
+
+/// The numbers of a setting; none when one of them is none, or is beyond any
+/// screen.
+Numbers read(host::SettingsStore &settings, std::string_view key)
+{
+    Numbers numbers;
+    const std::string text = settings.ReadFrom(kSection, key).value_or(std::string());
+    for (const std::string &word : host::Split(text, ' ')) {
+        const std::optional<int> number = host::NumberIn<int>(word);
+        if (!number || *number < -kFarthest || *number > kFarthest)
+            return {};
+        numbers.push_back(*number);
+    }
+    return numbers;
+}
+
+void write(host::SettingsStore &settings, std::string_view key, const Numbers &numbers)
+{
+    std::string text;
+    for (const int number : numbers)
+        text += (text.empty() ? "" : " ") + std::to_string(number);
+    if (settings.ReadFrom(kSection, key).value_or(std::string()) != text)
+        settings.WriteTo(kSection, key, text);
+}
+
+} // namespace
+
+WindowSettings ReadWindowSettings(host::SettingsStore &settings)
+{
+    WindowSettings windows;
+    windows.maximised = read(settings, kMaximised) == Numbers{1};
+    if (const Numbers bounds = read(settings, kNormal); bounds.size() == 4)
+        windows.normal = QRect(bounds[0], bounds[1], bounds[2], bounds[3]);
+    windows.editors.consistWidths = read(settings, kConsist);
+    windows.editors.stockWidths = read(settings, kStock);
+    if (const Numbers order = read(settings, kOrder); order.size() == 2)
+        windows.editors.stockOrder = {order[0], order[1] != 0};
+    return windows;
+}
+
+void WriteWindowSettings(host::SettingsStore &settings, const WindowSettings &windows)
+{
+    const QRect &normal = windows.normal;
+    const document::StockOrder &order = windows.editors.stockOrder;
+    write(settings, kMaximised, windows.maximised ? Numbers{1} : Numbers{});
+    write(settings, kNormal,
+          windows.maximised ? Numbers{normal.x(), normal.y(), normal.width(), normal.height()}
+                            : Numbers{});
+    write(settings, kConsist, windows.editors.consistWidths);
+    write(settings, kStock, windows.editors.stockWidths);
+    write(settings, kOrder,
+          order.column >= 0 ? Numbers{order.column, order.ascending ? 1 : 0} : Numbers{});
+}
+
+} // namespace app

@@ -1,0 +1,335 @@
+// SPDX-License-Identifier: MIT
+#include "ui/view3d/ViewerPane.h"
+
+#include "host/Dialogs.h"
+#include "host/RuntimeError.h"
+#include "ui/view3d/sfCanvas.h"
+#include "ui/view3d/SavedPictureBar.h"
+
+#include <QElapsedTimer>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QToolButton>
+
+#include <algorithm>
+#include <cmath>
+
+namespace viewer {
+namespace {
+
+constexpr int kHighest = 40; ///< metres that the scroll bar lifts the camera to
+constexpr int kPage = 20;    ///< metres along the train
+constexpr qint64 kSliceMilliseconds = 10;
+constexpr int kPauseMilliseconds = 2; ///< while the next vehicle is being read
+constexpr int kLeft = 1, kRight = 2;
+
+QString plain(float number)
+{
+    return QString::number(static_cast<double>(number));
+}
+
+} // namespace
+
+ViewerPane::ViewerPane(const PaneHost &host, QWidget *parent)
+    : QWidget(parent)
+    , sfViewer(sfCanvas::WhyNot().empty() ? new sfCanvas(host.services.files, this) : nullptr)
+    , hscView(makeScrollBar(Qt::Horizontal, "hscView", "Place along the train"))
+    , vscView(makeScrollBar(Qt::Vertical, "vscView", "Height of the camera"))
+    , m_host(host)
+    , m_grid(new QGridLayout(this))
+    , m_stage(host.services, sfViewer, host.setStatus)
+{
+    m_grid->setContentsMargins(0, 0, 0, 0);
+    m_grid->setSpacing(0);
+    m_grid->addWidget(vscView, 0, 1);
+    m_grid->addWidget(hscView, 1, 0);
+    tmrRenderer.setObjectName("tmrRenderer");
+    tmrRenderer.setSingleShot(true);
+    connect(&tmrRenderer, &QTimer::timeout, this, &ViewerPane::step);
+    connectScrollBars();
+    if (sfViewer) {
+        connectCanvas();
+        makePictureBar();
+    } else {
+        showNoCanvas(sfCanvas::WhyNot());
+    }
+}
+
+ViewerPane::~ViewerPane()
+{
+    if (m_stage.Loading())
+        m_host.setProgress(0, 0);
+    // While the canvas, a child of this widget, is still there.
+    m_stage.Close();
+}
+
+QScrollBar *ViewerPane::makeScrollBar(Qt::Orientation orientation, const char *name,
+                                      const char *title)
+{
+    auto *bar = new QScrollBar(orientation, this);
+    bar->setObjectName(name);
+    bar->setAccessibleName(QString::fromLatin1(title));
+    bar->setToolTip(QString::fromLatin1(title));
+    return bar;
+}
+
+void ViewerPane::connectScrollBars()
+{
+    hscView->setRange(0, 0);
+    hscView->setPageStep(kPage);
+    // The higher the camera, the higher the handle.
+    vscView->setInvertedAppearance(true);
+    vscView->setInvertedControls(false);
+    vscView->setRange(0, kHighest);
+    vscView->setPageStep(kHighest / 10);
+    vscView->setValue(2);
+    connect(hscView, &QScrollBar::valueChanged, this, [this](int value) {
+        moveCamera([&](OrbitCamera &camera) {
+            camera.MoveAlong(static_cast<float>(value) + m_stage.TrainEnd());
+        });
+    });
+    connect(vscView, &QScrollBar::valueChanged, this, [this](int value) {
+        moveCamera([&](OrbitCamera &camera) { camera.SetHeight(static_cast<float>(value)); });
+    });
+}
+
+void ViewerPane::connectCanvas()
+{
+    sfViewer->setObjectName("sfViewer");
+    sfViewer->setAccessibleName(QStringLiteral("3D view"));
+    m_grid->addWidget(sfViewer, 0, 0);
+    setFocusProxy(sfViewer);
+    connect(sfViewer, &sfCanvas::MouseDown, this, [this](int, float x, float y) {
+        m_dragging = true;
+        m_tiltsOver = m_stage.View() && OrbitCamera(*m_stage.View()).IsBesideTarget();
+        m_lastX = x;
+        m_lastY = y;
+    });
+    connect(sfViewer, &sfCanvas::MouseUp, this, [this] { m_dragging = false; });
+    connect(sfViewer, &sfCanvas::MouseMove, this, &ViewerPane::drag);
+    connect(sfViewer, &sfCanvas::WheelTurned, this, [this](float notches) {
+        moveCamera([&](OrbitCamera &camera) { camera.Approach(notches); });
+        showHeight();
+    });
+    connect(sfViewer, &sfCanvas::ResetWanted, this, &ViewerPane::ResetView);
+    connect(sfViewer, &sfCanvas::DrawWanted, this, [this] {
+        if (TSView *view = m_stage.View())
+            view->ShowModels();
+    });
+    connect(sfViewer, &sfCanvas::Failed, this, &ViewerPane::showNoCanvas);
+}
+
+/// It covers the lower edge of the canvas, so that pictures taken before and after have the same
+/// size.
+void ViewerPane::makePictureBar()
+{
+    m_savedPicture = new SavedPictureBar(this);
+    m_grid->addWidget(m_savedPicture, 0, 0, Qt::AlignBottom);
+    connect(m_savedPicture, &SavedPictureBar::OpenWanted, this,
+            [this](const std::string &path) { m_host.openOutside(path); });
+    connect(m_savedPicture->cmdHidePicture, &QToolButton::clicked, sfViewer,
+            [this] { sfViewer->setFocus(); });
+}
+
+void ViewerPane::showNoCanvas(const std::string &reason)
+{
+    if (sfViewer)
+        sfViewer->hide();
+    if (m_noCanvas)
+        return;
+    m_noCanvas = new QLabel(QStringLiteral("There is no 3D view here: %1.\n\n"
+                                           "File > Properties lists the textures all the same.")
+                                .arg(QString::fromStdString(reason)));
+    m_noCanvas->setObjectName("lblNoView");
+    m_noCanvas->setAlignment(Qt::AlignCenter);
+    m_noCanvas->setWordWrap(true);
+    m_noCanvas->setMargin(24);
+    m_grid->addWidget(m_noCanvas, 0, 0);
+    m_grid->setRowStretch(0, 1);
+    m_grid->setColumnStretch(0, 1);
+}
+
+void ViewerPane::RenderConsist(const std::string &file, const std::string &installFolder)
+{
+    m_stage.RenderConsist(file, installFolder);
+    begin();
+}
+
+void ViewerPane::RenderLooseConsist(const StfNode &trainCfg, const std::string &installFolder,
+                                    const std::string &source)
+{
+    m_stage.RenderLooseConsist(trainCfg, installFolder, source);
+    begin();
+}
+
+void ViewerPane::RenderShape(const std::string &file)
+{
+    m_stage.RenderShape(file);
+    begin();
+}
+
+void ViewerPane::begin()
+{
+    m_host.setProgress(0, std::max(1, m_stage.Total()));
+    const QSignalBlocker silent(hscView);
+    hscView->setRange(0, 0);
+    showHeight();
+    tmrRenderer.start(0);
+}
+
+/// Some pieces, and back to the event loop: the window paints and answers meanwhile. A message box
+/// in here has an event loop of its own, in which the timer is not running.
+void ViewerPane::step()
+{
+    QElapsedTimer spent;
+    spent.start();
+    bool more = true;
+    told([&] {
+        while (more && m_stage.Ready() && spent.elapsed() < kSliceMilliseconds)
+            more = m_stage.Step();
+    });
+    if (!m_stage.Loading()) {
+        end();
+        return;
+    }
+    m_host.setProgress(m_stage.Done(), std::max(1, m_stage.Total()));
+    tmrRenderer.start(m_stage.Ready() ? 0 : kPauseMilliseconds);
+}
+
+/// Runs a piece of the loading; reports a failure and stops there.
+void ViewerPane::told(const std::function<void()> &piece)
+{
+    try {
+        piece();
+    } catch (const std::exception &error) {
+        m_host.setStatus(error.what());
+        m_host.services.dialogs.Message(host::Explained(error), "View Consist",
+                                        host::DialogIcon::Critical);
+    }
+}
+
+void ViewerPane::Stop()
+{
+    if (!m_stage.Loading())
+        return;
+    tmrRenderer.stop();
+    told([this] { m_stage.Stop(); });
+    end();
+}
+
+void ViewerPane::end()
+{
+    m_host.setProgress(0, 0);
+    const QSignalBlocker silent(hscView);
+    hscView->setRange(0, m_stage.ScrollMaximum());
+    showPlace();
+    showHeight();
+    Q_EMIT Loaded();
+}
+
+void ViewerPane::ResetView()
+{
+    moveCamera([this](OrbitCamera &camera) { camera.Reset(m_stage.TrainMiddle()); });
+    showPlace();
+    showHeight();
+}
+
+void ViewerPane::moveCamera(const std::function<void(OrbitCamera &)> &move)
+{
+    TSView *view = m_stage.View();
+    if (!view)
+        return;
+    try {
+        OrbitCamera camera(*view);
+        move(camera);
+        view->ResetCamera();
+    } catch (const host::RuntimeError &error) {
+        m_host.setStatus(error.what());
+    }
+}
+
+void ViewerPane::drag(int buttons, float x, float y)
+{
+    if (!m_dragging)
+        return;
+    const float dx = x - m_lastX, dy = y - m_lastY;
+    m_host.setStatus(QStringLiteral("Move(%1,%2)").arg(plain(dx), plain(dy)).toStdString());
+    if (buttons == kLeft)
+        moveCamera([&](OrbitCamera &camera) {
+            m_tiltsOver ? camera.OrbitOver(dx, dy) : camera.Orbit(dx, dy);
+        });
+    else if (buttons == kRight)
+        moveCamera([&](OrbitCamera &camera) { camera.Pan(dx, dy); });
+    showHeight();
+    m_lastX = x;
+    m_lastY = y;
+}
+
+/// The scroll bars follow the camera; that must not move it, which they could only to whole metres.
+void ViewerPane::showPlace()
+{
+    const QSignalBlocker silent(hscView);
+    hscView->setValue(m_stage.ScrollMiddle());
+}
+
+void ViewerPane::showHeight()
+{
+    const TSView *view = m_stage.View();
+    const QSignalBlocker silent(vscView);
+    if (view && view->CamY >= static_cast<float>(vscView->minimum()) &&
+        view->CamY <= static_cast<float>(vscView->maximum()))
+        vscView->setValue(static_cast<int>(std::lround(view->CamY)));
+}
+
+QImage ViewerPane::Picture()
+{
+    const QImage picture = sfViewer && !m_noCanvas ? sfViewer->Picture() : QImage();
+    if (picture.isNull())
+        throw host::RuntimeError(host::ErrorNumber::InvalidCall, "there is no 3D view to print");
+    return picture.convertToFormat(QImage::Format_RGB888);
+}
+
+void ViewerPane::SaveSnapshot(const std::string &base, const std::string &what)
+{
+    if (!sfViewer || m_noCanvas)
+        throw host::RuntimeError(host::ErrorNumber::InvalidCall, "there is no 3D view to save");
+    sfViewer->SetOverwriteSnapshot(false);
+    sfViewer->SetSnapshotFile(base);
+    const std::string file = sfViewer->SnapshotFile();
+    m_host.setStatus("Saving " + what + " snapshot to " + file);
+    sfViewer->SaveSnapshot();
+    m_savedPicture->ShowPath(file);
+    m_host.setStatus("Done");
+}
+
+void ViewerPane::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    if (TSView *view = m_stage.View())
+        view->RefreshForm();
+}
+
+void ViewerPane::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Left:
+        hscView->triggerAction(QAbstractSlider::SliderSingleStepSub);
+        break;
+    case Qt::Key_Right:
+        hscView->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+        break;
+    case Qt::Key_Up:
+        vscView->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+        break;
+    case Qt::Key_Down:
+        vscView->triggerAction(QAbstractSlider::SliderSingleStepSub);
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+} // namespace viewer

@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: MIT
+#include "ui/widgets/ListView.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QStyledItemDelegate>
+#include <QTextOption>
+#include <QToolTip>
+
+#include <algorithm>
+
+namespace document {
+
+namespace {
+
+/// Rows with a little air above and below the text; the mouse shows what a column is too narrow
+/// for.
+class RowDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 5);
+    }
+
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override
+    {
+        if (event->type() != QEvent::ToolTip ||
+            sizeHint(option, index).width() <= view->visualRect(index).width())
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        QToolTip::showText(event->globalPos(), index.data().toString(), view);
+        return true;
+    }
+};
+
+bool isNavigation(int key)
+{
+    return key == Qt::Key_Home || key == Qt::Key_End || key == Qt::Key_Up || key == Qt::Key_Down ||
+           key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+}
+
+} // namespace
+
+ListView::ListView(const char *name, const QString &title, QWidget *parent)
+    : QTreeView(parent)
+{
+    setObjectName(name);
+    setAccessibleName(title);
+    setAccessibleDescription(QString::fromLatin1(name));
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setAlternatingRowColors(true);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTextElideMode(Qt::ElideRight);
+    header()->setStretchLastSection(false);
+    header()->setMinimumSectionSize(40);
+    setItemDelegate(new RowDelegate(this));
+    connect(header(), &QHeaderView::sectionResized, this, [this] {
+        if (m_sharing)
+            return;
+        m_sizedByUser = true;
+        Q_EMIT ColumnSized();
+    });
+}
+
+int ListView::SelectedRow() const
+{
+    if (!selectionModel())
+        return -1;
+    if (const QModelIndex current = currentIndex();
+        current.isValid() && selectionModel()->isRowSelected(current.row()))
+        return current.row();
+    const std::vector<int> rows = SelectedRows();
+    return rows.empty() ? -1 : rows.front();
+}
+
+std::vector<int> ListView::SelectedRows() const
+{
+    std::vector<int> rows;
+    if (!selectionModel())
+        return rows;
+    for (const QItemSelectionRange &range : selectionModel()->selection())
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(row);
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+void ListView::SelectRow(int row)
+{
+    if (row < 0 || row >= model()->rowCount()) {
+        selectionModel()->clear();
+        return;
+    }
+    const QModelIndex index = model()->index(row, 0);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                 QItemSelectionModel::Rows);
+    scrollTo(index);
+}
+
+void ListView::ResetOnlyColumn()
+{
+    if (header()->count() == 1)
+        shareWidth();
+}
+
+void ListView::FitFirstColumn(const QString &widest)
+{
+    m_firstWidth = fontMetrics().horizontalAdvance(widest) + 16;
+    shareWidth();
+}
+
+void ListView::SizeColumns(const std::vector<int> &widths)
+{
+    constexpr int widest = 10000; // far beyond any screen
+    const bool useful = std::all_of(widths.begin(), widths.end(), [this](int width) {
+        return width >= header()->minimumSectionSize() && width <= widest;
+    });
+    if (!useful || static_cast<int>(widths.size()) != header()->count())
+        return;
+    const QScopedValueRollback<bool> sharing(m_sharing, true);
+    for (int column = 0; column < header()->count(); ++column)
+        header()->resizeSection(column, widths[static_cast<std::size_t>(column)]);
+    m_sizedByUser = true;
+}
+
+std::vector<int> ListView::ColumnWidths() const
+{
+    std::vector<int> widths;
+    for (int column = 0; column < header()->count(); ++column)
+        widths.push_back(header()->sectionSize(column));
+    return widths;
+}
+
+void ListView::keyboardSearch(const QString &search)
+{
+    // The base class searches the column of the current item, which follows the mouse.
+    if (const QModelIndex current = currentIndex();
+        current.isValid() && current.column() != m_searchColumn)
+        selectionModel()->setCurrentIndex(current.siblingAtColumn(m_searchColumn),
+                                          QItemSelectionModel::NoUpdate);
+    else if (!current.isValid() && model()->rowCount() > 0)
+        selectionModel()->setCurrentIndex(model()->index(0, m_searchColumn),
+                                          QItemSelectionModel::NoUpdate);
+    QTreeView::keyboardSearch(search);
+}
+
+void ListView::keyPressEvent(QKeyEvent *event)
+{
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Q_EMIT ReturnPressed(modifiers);
+        break;
+    case Qt::Key_Insert:
+        Q_EMIT InsertPressed();
+        break;
+    case Qt::Key_Delete:
+        Q_EMIT DeletePressed(modifiers);
+        break;
+    default:
+        QTreeView::keyPressEvent(event);
+        if (const QModelIndex current = currentIndex();
+            current.isValid() && isNavigation(event->key()) && modifiers == Qt::NoModifier &&
+            !selectionModel()->hasSelection())
+            SelectRow(current.row()); // the first row has the focus without being selected
+    }
+}
+
+void ListView::focusInEvent(QFocusEvent *event)
+{
+    QTreeView::focusInEvent(event);
+    Q_EMIT Focused();
+}
+
+void ListView::mousePressEvent(QMouseEvent *event)
+{
+    QTreeView::mousePressEvent(event);
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT LeftPressed();
+}
+
+void ListView::mouseReleaseEvent(QMouseEvent *event)
+{
+    QTreeView::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT LeftReleased();
+    else if (event->button() == Qt::RightButton)
+        Q_EMIT MenuWanted(event->globalPosition().toPoint());
+}
+
+/// The base class opens rows with every button.
+void ListView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        QTreeView::mouseDoubleClickEvent(event);
+}
+
+void ListView::contextMenuEvent(QContextMenuEvent *event)
+{
+    // The mouse is served when its button is released, whatever the desktop's own habit.
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        Q_EMIT MenuWanted(event->globalPos());
+    event->accept();
+}
+
+void ListView::resizeEvent(QResizeEvent *event)
+{
+    QTreeView::resizeEvent(event);
+    shareWidth();
+}
+
+void ListView::SetHint(const QString &hint)
+{
+    m_hint = hint;
+    viewport()->update();
+}
+
+void ListView::paintEvent(QPaintEvent *event)
+{
+    QTreeView::paintEvent(event);
+    if (m_hint.isEmpty() || !model() || model()->rowCount() > 0)
+        return;
+    constexpr int air = 16;
+    QTextOption option(Qt::AlignCenter);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(viewport()->rect().adjusted(air, air, -air, -air), m_hint, option);
+}
+
+void ListView::shareWidth()
+{
+    const int columns = header()->count();
+    if (columns == 0 || (m_sizedByUser && columns > 1))
+        return;
+    const QScopedValueRollback<bool> sharing(m_sharing, true);
+    int left = viewport()->width();
+    for (int column = 0; column < columns; ++column) {
+        const bool fitted = column == 0 && m_firstWidth > 0;
+        const int width = fitted ? m_firstWidth : left / (columns - column);
+        header()->resizeSection(column, width);
+        left -= width;
+    }
+}
+
+} // namespace document
