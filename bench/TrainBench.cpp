@@ -6,10 +6,10 @@
 #include "SampleTrain.h"
 #include "host/GameFiles.h"
 #include "host/UnansweredDialogs.h"
+#include "korvat/draw/SceneCanvas.h"
 #include "korvat/formats/Container.h"
 #include "korvat/formats/Limits.h"
 #include "korvat/model/ModelLibrary.h"
-#include "korvat/draw/SceneCanvas.h"
 #include "viewer/Stage.h"
 
 #include <cstdio>

@@ -21,7 +21,10 @@ public:
     virtual bool OpenWeb(const std::string &address) = 0;
     /// Makes this program what opens consist files. Fails as AssociateConsistFiles does.
     virtual void AssociateConsistFiles() = 0;
-    /// Moves a file of the disk to the wastebasket. Returns and fails as MoveToWastebasket does.
+    /// Moves a file of the disk to the user's wastebasket, from which the desktop can restore it.
+    /// Returns false when the file's volume has no wastebasket, or it does not accept the file; the
+    /// file then stays. Throws RuntimeError 53, 70, 75 or 76, with the path and the reason, when
+    /// the file cannot be moved at all.
     virtual bool MoveToWastebasket(const std::string &file) = 0;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The wastebasket of the freedesktop.org desktops, byte for byte: names need not be UTF-8, which
 // Qt's own function requires.
-#include "app/Wastebasket.h"
+#include "app/Wastebasket-posix.h"
 
 #include "host/Disk-posix.h"
 #include "host/Folders.h"

@@ -1,46 +1,35 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "gl/OffscreenPainter.h"
 #include "korvat/draw/SceneCanvas.h"
-
-#include <QImage>
 
 #include <memory>
 #include <string>
 
+class QImage;
+
 namespace korvat {
+
+class OffscreenPainter;
 
 /// A canvas without a window, for pictures into files.
 class OffscreenCanvas : public SceneCanvas
 {
 public:
-    /// Null where there is no OpenGL 3.3; `reason` then says so.
+    /// Returns null where there is no OpenGL 3.3 and says why in `reason`.
     static std::unique_ptr<OffscreenCanvas> Create(int width, int height, std::string &reason);
-    ~OffscreenCanvas() override { m_painter->Release(renderer()); }
+    ~OffscreenCanvas() override;
 
-    /// The last whole frame; null when there is no room for a picture of this size.
-    QImage Picture() { return m_painter->Paint(renderer(), m_width, m_height); }
+    /// The last complete frame; null if there is no memory for an image of this size.
+    QImage Picture();
+    /// The bytes of Picture as a PNG file; empty if they cannot be made.
+    std::string PngPicture();
 
 private:
-    OffscreenCanvas(std::unique_ptr<OffscreenPainter> painter, int width, int height)
-        : m_painter(std::move(painter))
-        , m_width(width)
-        , m_height(height)
-    {
-    }
+    OffscreenCanvas(std::unique_ptr<OffscreenPainter> painter, int width, int height);
 
     std::unique_ptr<OffscreenPainter> m_painter;
     int m_width, m_height;
 };
-
-inline std::unique_ptr<OffscreenCanvas> OffscreenCanvas::Create(int width, int height,
-                                                                std::string &reason)
-{
-    auto painter = OffscreenPainter::Create(reason);
-    if (!painter)
-        return nullptr;
-    return std::unique_ptr<OffscreenCanvas>(new OffscreenCanvas(std::move(painter), width, height));
-}
 
 } // namespace korvat

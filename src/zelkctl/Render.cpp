@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "Render.h"
 
+#include "gl/OffscreenCanvas.h"
 #include "host/Console.h"
 #include "host/RuntimeError.h"
 #include "host/UnansweredDialogs.h"
 #include "korvat/model/ModelLibrary.h"
-#include "gl/OffscreenCanvas.h"
 #include "viewer/LooseConsists.h"
 #include "viewer/OrbitCamera.h"
 #include "viewer/Stage.h"
 #include "viewer/StockShape.h"
-
-#include <QBuffer>
 
 namespace zelkctl {
 namespace {
@@ -60,15 +58,11 @@ void aim(viewer::Stage &stage, const RenderRequest &request)
     view.ResetCamera();
 }
 
-void write(Session &session, const QImage &picture, const std::string &path)
+void write(Session &session, const std::string &png, const std::string &path)
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!picture.convertToFormat(QImage::Format_RGB888).save(&buffer, "PNG"))
+    if (png.empty())
         throw Failure(path + ": the picture cannot be written as PNG");
-    NamingFile(path, [&] {
-        session.files.WriteFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    });
+    NamingFile(path, [&] { session.files.WriteFile(path, png); });
 }
 
 } // namespace
@@ -94,7 +88,7 @@ void Render(Session &session, const RenderRequest &request)
     if (status != "Done")
         tell(status);
     aim(stage, request);
-    write(session, canvas->Picture(), request.out);
+    write(session, canvas->PngPicture(), request.out);
 }
 
 } // namespace zelkctl

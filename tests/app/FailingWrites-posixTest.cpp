@@ -5,7 +5,7 @@
 #include "app/Desktop.h"
 #include "app/FileAssociation.h"
 #include "app/SaveConsist.h"
-#include "app/Wastebasket.h"
+#include "app/Wastebasket-posix.h"
 #include "document/ConsistTree.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/Wastebasket.h"
+#include "app/Wastebasket-posix.h"
 
 #include "host/RuntimeError.h"
 #include "support/Environment.h"

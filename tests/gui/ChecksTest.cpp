@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The check commands through the main window.
 #include "GuiTest.h"
-#include "ui/main/Program.h"
 #include "ui/dialogs/QtDialogs.h"
-#include "ui/widgets/ListView.h"
-#include "validation/TSValidation.h"
 #include "ui/dialogs/frmResults.h"
 #include "ui/dialogs/frmSelector.h"
+#include "ui/main/Program.h"
+#include "ui/widgets/ListView.h"
+#include "validation/TSValidation.h"
 
 #include <QCheckBox>
 #include <QListWidget>

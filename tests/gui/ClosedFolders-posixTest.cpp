@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "GuiTest.h"
-#include "ui/widgets/ListView.h"
 #include "support/OrdinaryUser-posix.h"
+#include "ui/widgets/ListView.h"
 
 #include <filesystem>
 

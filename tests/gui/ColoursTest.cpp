@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/Colours.h"
 
-#include "ui/main/IconSet.h"
 #include "support/Environment.h"
 #include "ui/dialogs/ReportView.h"
+#include "ui/main/IconSet.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -2,8 +2,8 @@
 // The lists of document windows: keys, mouse, focus, columns, and the room that an editor needs.
 #include "GuiTest.h"
 
-#include "ui/widgets/ListView.h"
 #include "ui/dialogs/frmResults.h"
+#include "ui/widgets/ListView.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -2,9 +2,9 @@
 // Names of an old encoding, as archives of old content leave them on the disk, through every door.
 #include "GuiTest.h"
 
-#include "ui/main/FileChooser.h"
-#include "ui/main/GivenFile.h"
+#include "ui/dialogs/FileChooser.h"
 #include "ui/dialogs/QtDialogs.h"
+#include "ui/main/ToolkitCommandLine.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "GuiTest.h"
 
+#include "document/ConsistTree.h"
 #include "ui/main/MainStatusBar.h"
 #include "ui/main/Program.h"
-#include "document/ConsistTree.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -2,14 +2,14 @@
 #pragma once
 
 #include "app/Desktop.h"
-#include "ui/print/Printers.h"
-#include "ui/main/frmMain.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
 #include "support/Environment.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
+#include "ui/main/frmMain.h"
+#include "ui/print/Printers.h"
 
 #include <QAction>
 #include <QTest>

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "GuiTest.h"
-#include "ui/dialogs/frmAbout.h"
-#include "ui/dialogs/frmSystemInfo.h"
-#include "ui/print/PageSetup.h"
-#include "ui/dialogs/frmSetLoc.h"
 #include "ui/dialogs/FindBar.h"
+#include "ui/dialogs/frmAbout.h"
 #include "ui/dialogs/frmResults.h"
 #include "ui/dialogs/frmSelector.h"
+#include "ui/dialogs/frmSetLoc.h"
+#include "ui/dialogs/frmSystemInfo.h"
+#include "ui/print/PageSetup.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -5,9 +5,9 @@
 // 0, or is ended: by a sanitizer, by a signal, or by itself when a step takes too long.
 #include "GuiTest.h"
 
+#include "ui/dialogs/QtDialogs.h"
 #include "ui/main/Colours.h"
 #include "ui/main/Program.h"
-#include "ui/dialogs/QtDialogs.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "gl/OffscreenCanvas.h"
 #include "host/GameFiles.h"
 #include "korvat/model/ModelLibrary.h"
-#include "gl/OffscreenCanvas.h"
 #include "support/Environment.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
 #include "viewer/TSView.h"
 
+#include <QColor>
+#include <QImage>
+#include <QString>
 #include <gtest/gtest.h>
 
 #include <memory>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Saving while others write the same files, and how an editor shows what is not saved.
 #include "GuiTest.h"
-#include "ui/widgets/ListView.h"
 #include "host/Folders.h"
+#include "ui/widgets/ListView.h"
 
 #include <QAbstractButton>
 #include <QLabel>

@@ -2,9 +2,9 @@
 // What the main window does with the world around it.
 #include "GuiTest.h"
 
-#include "ui/print/PrintJobs.h"
-#include "ui/main/QtDesktop.h"
 #include "ui/dialogs/frmResults.h"
+#include "ui/main/QtDesktop.h"
+#include "ui/print/PrintJobs.h"
 
 #include <QAbstractItemView>
 #include <QClipboard>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "GuiTest.h"
-#include "ui/widgets/ListView.h"
 #include "ui/document/StockListModel.h"
+#include "ui/widgets/ListView.h"
 
 #include <QHeaderView>
 #include <QProgressBar>

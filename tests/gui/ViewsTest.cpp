@@ -3,11 +3,11 @@
 #include "GuiTest.h"
 #include "korvat/TestShape.h"
 
-#include "ui/widgets/ListView.h"
 #include "host/Folders.h"
-#include "ui/view3d/sfCanvas.h"
 #include "ui/dialogs/frmResults.h"
 #include "ui/view3d/ViewerPane.h"
+#include "ui/view3d/sfCanvas.h"
+#include "ui/widgets/ListView.h"
 
 #include <QAbstractButton>
 #include <QApplication>

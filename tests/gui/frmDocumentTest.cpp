@@ -2,8 +2,8 @@
 #include "ui/document/frmDocument.h"
 
 #include "GuiTest.h"
-#include "ui/widgets/ListView.h"
 #include "host/Folders.h"
+#include "ui/widgets/ListView.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>

@@ -3,8 +3,8 @@
 
 #include "host/GameFiles.h"
 #include "korvat/draw/Canvas.h"
-#include "korvat/model/ModelSource.h"
 #include "korvat/draw/Renderer.h"
+#include "korvat/model/ModelSource.h"
 #include "support/Environment.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "korvat/model/Geometry.h"
 #include "korvat/formats/Texture.h"
+#include "korvat/model/Geometry.h"
 
 #include <cstdint>
 #include <memory>

@@ -4,10 +4,10 @@
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
-#include "korvat/model/FindTexture.h"
 #include "korvat/formats/Limits.h"
-#include "korvat/model/MakeModel.h"
 #include "korvat/formats/Mipmaps.h"
+#include "korvat/model/FindTexture.h"
+#include "korvat/model/MakeModel.h"
 
 #include <array>
 #include <filesystem>

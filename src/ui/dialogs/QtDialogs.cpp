@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/dialogs/QtDialogs.h"
 
-#include "ui/main/FileChooser.h"
 #include "host/GameFiles.h"
+#include "ui/dialogs/FileChooser.h"
 #include "ui/dialogs/frmSelector.h"
 
 #include <QApplication>

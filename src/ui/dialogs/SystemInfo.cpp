@@ -2,11 +2,11 @@
 #include "ui/dialogs/SystemInfo.h"
 
 #include "app/modZELK.h"
+#include "gl/OffscreenPainter.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "install/Installation.h"
 #include "install/Registry.h"
-#include "gl/OffscreenPainter.h"
 
 #include <QGuiApplication>
 #include <QLocale>

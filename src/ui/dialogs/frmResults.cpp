@@ -4,10 +4,10 @@
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
-#include "ui/widgets/NamedControls.h"
 #include "ui/dialogs/FindBar.h"
-#include "validation/Report.h"
 #include "ui/dialogs/ReportView.h"
+#include "ui/widgets/NamedControls.h"
+#include "validation/Report.h"
 
 #include <QAction>
 #include <QHBoxLayout>

@@ -4,8 +4,8 @@
 #include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "install/Installation.h"
-#include "ui/widgets/NamedControls.h"
 #include "install/TypedLocation.h"
+#include "ui/widgets/NamedControls.h"
 
 #include <QComboBox>
 #include <QDir>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/document/ConsistEditorPane.h"
 
+#include "host/Filter.h"
 #include "ui/document/EditorLayout.h"
 #include "ui/document/FoldingRow.h"
-#include "host/Filter.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>

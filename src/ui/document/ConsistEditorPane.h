@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/document/ConsistModel.h"
 #include "document/ConsistTree.h"
+#include "ui/document/ConsistModel.h"
 #include "ui/document/Furnishing.h"
-#include "ui/widgets/ListView.h"
 #include "ui/document/StockListModel.h"
+#include "ui/widgets/ListView.h"
 
 #include <QLabel>
 #include <QLineEdit>

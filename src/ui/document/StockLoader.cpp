@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/document/StockLoader.h"
 
+#include "host/Text.h"
 #include "ui/document/DocumentHost.h"
 #include "ui/document/StockListModel.h"
-#include "host/Text.h"
 
 #include <iterator>
 

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "ui/document/frmDocument.h"
 
-#include "ui/document/ConsistEditorPane.h"
 #include "document/ConsistList.h"
-#include "ui/document/ConsistListPane.h"
-#include "ui/document/DocumentHost.h"
-#include "host/Guard.h"
 #include "document/SaveQuestions.h"
-#include "ui/document/StockLoader.h"
 #include "host/GameFiles.h"
+#include "host/Guard.h"
 #include "host/Text.h"
 #include "install/Installation.h"
+#include "ui/document/ConsistEditorPane.h"
+#include "ui/document/ConsistListPane.h"
+#include "ui/document/DocumentHost.h"
+#include "ui/document/StockLoader.h"
 #include "ui/view3d/ViewerPane.h"
 
 #include <QAction>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "document/ConsistTree.h"
-#include "ui/document/Furnishing.h"
 #include "stavfile/StfNode.h"
+#include "ui/document/Furnishing.h"
 
 #include <QImage>
 #include <QMdiSubWindow>

@@ -2,18 +2,18 @@
 // What a document window does in 3D, and what the others do to get there.
 #include "ui/document/frmDocument.h"
 
-#include "ui/document/ConsistEditorPane.h"
-#include "ui/document/ConsistListPane.h"
-#include "ui/document/DocumentHost.h"
-#include "host/Guard.h"
 #include "host/Filter.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
+#include "host/Guard.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 #include "install/Installation.h"
-#include "viewer/StockShape.h"
+#include "ui/document/ConsistEditorPane.h"
+#include "ui/document/ConsistListPane.h"
+#include "ui/document/DocumentHost.h"
 #include "ui/view3d/ViewerPane.h"
+#include "viewer/StockShape.h"
 
 #include <QMdiArea>
 #include <QScopedValueRollback>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/Colours.h"
 
-#include "ui/main/DesktopScheme.h"
-#include "ui/main/IconSet.h"
 #include "host/Folders.h"
 #include "host/Text.h"
+#include "ui/main/DesktopScheme.h"
+#include "ui/main/IconSet.h"
 
 #include <QAbstractButton>
 #include <QApplication>

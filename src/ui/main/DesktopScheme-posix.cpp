@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/DesktopScheme.h"
 
-#include "ui/main/DesktopPortal-posix.h"
 #include "host/Folders.h"
 #include "host/IniFile.h"
 #include "host/Text.h"
+#include "ui/main/DesktopPortal-posix.h"
 
 #include <QColor>
 #include <QFile>

@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/Program.h"
 
-#include "ui/main/AccessibleRoles.h"
-#include "ui/main/Colours.h"
 #include "app/FileAssociation.h"
-#include "ui/main/GivenFile.h"
-#include "ui/main/QtDesktop.h"
-#include "ui/dialogs/QtDialogs.h"
+#include "app/GivenFile.h"
 #include "app/modZELK.h"
 #include "host/Console.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
 #include "host/Text.h"
+#include "ui/dialogs/QtDialogs.h"
+#include "ui/main/AccessibleRoles.h"
+#include "ui/main/Colours.h"
+#include "ui/main/QtDesktop.h"
+#include "ui/main/ToolkitCommandLine.h"
 
 #include <QApplication>
 

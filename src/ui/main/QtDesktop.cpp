@@ -2,9 +2,8 @@
 #include "ui/main/QtDesktop.h"
 
 #include "app/FileAssociation.h"
-#include "ui/print/PageSetup.h"
-#include "app/Wastebasket.h"
 #include "host/RuntimeError.h"
+#include "ui/print/PageSetup.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -54,11 +53,6 @@ void QtDesktop::AssociateConsistFiles()
 {
     app::AssociateConsistFiles(
         QDir::toNativeSeparators(QCoreApplication::applicationFilePath()).toStdString());
-}
-
-bool QtDesktop::MoveToWastebasket(const std::string &file)
-{
-    return app::MoveToWastebasket(file);
 }
 
 bool QtPrinters::Choose(QPrinter &printer, const QString &job)

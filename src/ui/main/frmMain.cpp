@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/frmMain.h"
 
-#include "ui/main/IconSet.h"
-#include "ui/main/MainStatusBar.h"
 #include "app/OpenRules.h"
 #include "app/SaveConsist.h"
-#include "ui/main/WindowBounds.h"
 #include "app/modZELK.h"
-#include "host/Guard.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
+#include "host/Guard.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
-#include "validation/TSValidation.h"
 #include "ui/dialogs/frmResults.h"
+#include "ui/main/IconSet.h"
+#include "ui/main/MainStatusBar.h"
+#include "ui/main/WindowBounds.h"
+#include "validation/TSValidation.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>

@@ -2,16 +2,16 @@
 #pragma once
 
 #include "app/CheckCommands.h"
-#include "ui/main/MainMenu.h"
-#include "ui/main/MdiLayout.h"
 #include "app/ShellCommands.h"
-#include "ui/main/WindowSettings.h"
-#include "ui/main/WindowSwitcher.h"
-#include "ui/document/DocumentHost.h"
-#include "ui/document/frmDocument.h"
 #include "host/Dialogs.h"
 #include "install/Installation.h"
 #include "korvat/model/ModelLibrary.h"
+#include "ui/document/DocumentHost.h"
+#include "ui/document/frmDocument.h"
+#include "ui/main/MainMenu.h"
+#include "ui/main/MdiLayout.h"
+#include "ui/main/WindowSettings.h"
+#include "ui/main/WindowSwitcher.h"
 
 #include <QElapsedTimer>
 #include <QMainWindow>

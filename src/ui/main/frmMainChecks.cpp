@@ -2,12 +2,12 @@
 // What the main window does for the check commands.
 #include "ui/main/frmMain.h"
 
-#include "ui/main/MainStatusBar.h"
-#include "ui/print/PrintJobs.h"
-#include "ui/main/WindowBounds.h"
 #include "host/Folders.h"
-#include "validation/TSValidation.h"
 #include "ui/dialogs/frmResults.h"
+#include "ui/main/MainStatusBar.h"
+#include "ui/main/WindowBounds.h"
+#include "ui/print/PrintJobs.h"
+#include "validation/TSValidation.h"
 
 #include <QCoreApplication>
 #include <QDateTime>

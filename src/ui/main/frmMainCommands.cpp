@@ -2,15 +2,15 @@
 // The menu table of the main window and what its commands do.
 #include "ui/main/frmMain.h"
 
-#include "ui/main/MainStatusBar.h"
 #include "app/OpenRules.h"
 #include "app/SaveConsist.h"
-#include "host/Guard.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
-#include "ui/dialogs/frmSetLoc.h"
-#include "validation/TSValidation.h"
+#include "host/Guard.h"
 #include "ui/dialogs/frmResults.h"
+#include "ui/dialogs/frmSetLoc.h"
+#include "ui/main/MainStatusBar.h"
+#include "validation/TSValidation.h"
 
 #include <QMdiArea>
 #include <QMenuBar>

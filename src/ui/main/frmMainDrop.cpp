@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Files and folders dropped on the main window.
 #include "app/DropPlan.h"
-#include "ui/main/frmMain.h"
 #include "host/GameFiles.h"
+#include "ui/main/frmMain.h"
 
 #include <QDir>
 #include <QDragEnterEvent>

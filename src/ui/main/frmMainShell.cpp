@@ -2,17 +2,17 @@
 // What the main window does with the world around it: clipboard, other programs, printers, help.
 #include "ui/main/frmMain.h"
 
+#include "app/ConsistFiles.h"
+#include "app/modZELK.h"
+#include "host/GameFiles.h"
+#include "host/Guard.h"
+#include "host/RuntimeError.h"
 #include "ui/dialogs/SystemInfo.h"
 #include "ui/dialogs/frmAbout.h"
 #include "ui/dialogs/frmSystemInfo.h"
-#include "app/ConsistFiles.h"
 #include "ui/main/IconSet.h"
 #include "ui/print/PrintJobs.h"
 #include "ui/print/Printers.h"
-#include "app/modZELK.h"
-#include "host/Guard.h"
-#include "host/GameFiles.h"
-#include "host/RuntimeError.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -2,9 +2,9 @@
 #include "ui/print/PrintJobs.h"
 
 #include "app/modZELK.h"
-#include "ui/document/frmDocument.h"
 #include "host/Text.h"
 #include "install/Installation.h"
+#include "ui/document/frmDocument.h"
 
 #include <QDateTime>
 #include <QLocale>

@@ -3,8 +3,8 @@
 
 #include "host/Dialogs.h"
 #include "host/RuntimeError.h"
-#include "ui/view3d/sfCanvas.h"
 #include "ui/view3d/SavedPictureBar.h"
+#include "ui/view3d/sfCanvas.h"
 
 #include <QElapsedTimer>
 #include <QGridLayout>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/view3d/sfCanvas.h"
 
+#include "gl/OffscreenPainter.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
-#include "gl/OffscreenPainter.h"
 
 #include <QBuffer>
 #include <QMouseEvent>

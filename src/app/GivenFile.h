@@ -14,8 +14,4 @@ namespace app {
 /// is one path. Quotes around all of it are removed, unless a file has them in its name.
 std::string FileGivenBy(std::string_view commandLine, host::GameFiles &files);
 
-/// The command line without the options that the toolkit has taken out of argv; `given` is the
-/// number of arguments that the program was started with.
-std::string CommandLineAfterToolkit(int given, int argc, char **argv);
-
 } // namespace app

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/main/GivenFile.h"
+#include "ui/main/ToolkitCommandLine.h"
 
 #include "host/Console.h"
 

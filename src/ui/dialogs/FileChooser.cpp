@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/main/FileChooser.h"
+#include "ui/dialogs/FileChooser.h"
 
 #include "host/Disk.h"
 #include "host/GamePath.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/main/GivenFile.h"
+#include "app/GivenFile.h"
 
 #include "host/CommandLine.h"
 #include "host/GameFiles.h"

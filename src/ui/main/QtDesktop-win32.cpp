@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "app/Wastebasket.h"
+#include "ui/main/QtDesktop.h"
 
 #include <QFile>
 
 namespace app {
 
-bool MoveToWastebasket(const std::string &file)
+bool QtDesktop::MoveToWastebasket(const std::string &file)
 {
     // Qt refuses where the system would delete the file for good, and does not say why.
     return QFile::moveToTrash(QString::fromStdString(file));

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+namespace app {
+
+/// Moves a file of the disk to the user's wastebasket. Returns and fails as
+/// Desktop::MoveToWastebasket does.
+bool MoveToWastebasket(const std::string &file);
+
+} // namespace app
