@@ -4,6 +4,7 @@
 #include "Measure.h"
 #include "Processes.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "install/Installation.h"
 #include "validation/TSValidation.h"
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Reading a compressed shape and a compressed texture beside inflating the same bytes alone.
 #include "Measure.h"
+#include "korvat/formats/ReadAce.h"
+#include "korvat/formats/ReadShape.h"
 #include "korvat/formats/Texture.h"
 #include "korvat/model/Geometry.h"
 #include "samples/AceWriter.h"

@@ -3,7 +3,9 @@
 
 #include "document/StockList.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "install/Installation.h"
+#include "korvat/formats/ReadShape.h"
 #include "korvat/formats/Shape.h"
 #include "korvat/model/FindTexture.h"
 #include "samples/Sample.h"

@@ -5,6 +5,7 @@
 #include "Processes.h"
 #include "ShapeText.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "stavfile/StfFile.h"
 
 #include <benchmark/benchmark.h>

@@ -2,6 +2,7 @@
 #include "TextureFuzz.h"
 #include "korvat/formats/Container.h"
 #include "korvat/formats/Limits.h"
+#include "korvat/formats/ReadAce.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {

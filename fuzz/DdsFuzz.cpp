@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "TextureFuzz.h"
+#include "korvat/formats/ReadDds.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {

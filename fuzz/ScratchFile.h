@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/GameFiles.h"
+#include "host/Path.h"
 
 #include <filesystem>
 #include <fstream>

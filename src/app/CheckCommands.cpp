@@ -3,7 +3,7 @@
 
 #include "app/modZELK.h"
 #include "host/Dialogs.h"
-#include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 #include "install/Installation.h"

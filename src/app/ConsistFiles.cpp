@@ -5,6 +5,7 @@
 #include "app/Desktop.h"
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "install/Installation.h"
 

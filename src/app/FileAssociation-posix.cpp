@@ -5,6 +5,7 @@
 #include "host/Disk.h"
 #include "host/Folders.h"
 #include "host/IniFile.h"
+#include "host/Replace.h"
 #include "host/Text.h"
 
 #include <algorithm>

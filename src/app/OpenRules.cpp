@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/OpenRules.h"
 
-#include "host/GameFiles.h"
+#include "host/Path.h"
 
 #include <array>
 #include <utility>

@@ -3,6 +3,7 @@
 
 #include "host/Folders.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 

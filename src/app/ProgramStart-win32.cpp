@@ -2,6 +2,7 @@
 #include "app/ProgramStart.h"
 
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 
 namespace app {

@@ -6,6 +6,7 @@
 #include "document/SaveQuestions.h"
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 

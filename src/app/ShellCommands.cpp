@@ -6,6 +6,7 @@
 #include "host/Disk.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "install/Installation.h"
 

@@ -5,7 +5,7 @@
 
 #include "host/Disk-posix.h"
 #include "host/Folders.h"
-#include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 
 #include <cerrno>
@@ -79,7 +79,7 @@ std::string topOf(const std::string &file, dev_t device)
 
 std::optional<Wastebasket> wastebasketOfHome(const std::string &file)
 {
-    const std::string folder = host::path::Append(host::DataFolder(), "Trash");
+    const std::string folder = host::disk::Join(host::DataFolder(), "Trash");
     return makeOwnFolder(folder) ? std::optional(Wastebasket{folder, file}) : std::nullopt;
 }
 
@@ -88,11 +88,11 @@ std::optional<Wastebasket> wastebasketOfVolume(const std::string &file, dev_t de
     const std::string top = topOf(file, device);
     const std::string user = std::to_string(geteuid());
     const std::string origin = std::filesystem::path(file).lexically_relative(top).native();
-    const std::string shared = host::path::Append(top, ".Trash");
+    const std::string shared = host::disk::Join(top, ".Trash");
     if (isSharedFolder(shared))
-        if (const std::string folder = host::path::Append(shared, user); makeOwnFolder(folder))
+        if (const std::string folder = host::disk::Join(shared, user); makeOwnFolder(folder))
             return Wastebasket{folder, origin};
-    const std::string folder = host::path::Append(top, ".Trash-" + user);
+    const std::string folder = host::disk::Join(top, ".Trash-" + user);
     return makeOwnFolder(folder) ? std::optional(Wastebasket{folder, origin}) : std::nullopt;
 }
 
@@ -153,8 +153,8 @@ bool writeNew(const std::string &path, const std::string &text)
 /// name, also against other programs. 0, or the error of the step that failed.
 int moveInto(const Wastebasket &basket, const std::string &file)
 {
-    const std::string files = host::path::Append(basket.folder, "files/");
-    const std::string infos = host::path::Append(basket.folder, "info/");
+    const std::string files = host::disk::Join(basket.folder, "files/");
+    const std::string infos = host::disk::Join(basket.folder, "info/");
     if (!makeOwnFolder(files) || !makeOwnFolder(infos))
         return EXDEV;
     const std::string base(host::path::FileName(file).substr(0, kLongestName));

@@ -3,26 +3,20 @@
 
 #include "app/CheckCommands.h"
 #include "host/Folders.h"
+#include "host/Product.h"
 
 namespace modZELK {
 
-namespace {
-
-std::string version()
-{
-    return std::to_string(kMajor) + '.' + std::to_string(kMinor) + '-' + std::to_string(kRevision);
-}
-
-} // namespace
+namespace product = host::product;
 
 std::string MainCaption()
 {
-    return std::string(kTitle) + " v" + version();
+    return std::string(product::kName) + " v" + product::ShownVersion();
 }
 
 std::string AboutCaption()
 {
-    return std::string(kTitle) + " V" + version();
+    return std::string(product::kName) + " V" + product::ShownVersion();
 }
 
 std::string TextWindowCaption(std::string_view title)

@@ -12,23 +12,11 @@ class CheckHost;
 /// Small program-wide helpers.
 namespace modZELK {
 
-inline constexpr std::string_view kTitle = "ZELK";
-inline constexpr int kMajor = 1, kMinor = 0, kRevision = 75;
-
 /// The caption of the main window: "ZELK v1.0-75".
 std::string MainCaption();
 
 /// The title of the About box: "ZELK V1.0-75".
 std::string AboutCaption();
-
-/// A version that was given away, and what there is to say about it.
-struct Release
-{
-    const char *version, *note;
-};
-inline constexpr Release kHistory[] = {{"1.0-50", "First public version"},
-                                       {"1.0-74", "Various bug fixes"},
-                                       {"1.0-75", "Second public version"}};
 
 /// The caption of a text window: "Properties of " & title, or, when the title begins with "#", the
 /// rest of it alone.

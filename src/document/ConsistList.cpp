@@ -3,6 +3,7 @@
 
 #include "host/Filter.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "install/Installation.h"
 
 namespace document {

@@ -3,6 +3,7 @@
 
 #include "document/UnitCounter.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/Text.h"
 #include "install/modTS.h"
 

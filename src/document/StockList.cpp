@@ -2,6 +2,7 @@
 #include "document/StockList.h"
 
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/Snapshot.h"
 #include "host/Text.h"
 #include "install/Installation.h"

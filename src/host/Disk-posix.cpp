@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/Disk-posix.h"
 #include "host/Disk.h"
-#include "host/GameFiles.h"
 #include "host/ReadAll.h"
 
 #include <cerrno>
@@ -14,21 +13,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace host {
-
-const char path::kSeparator = '/';
-
-std::string path::FromDisk(const std::filesystem::path &path)
-{
-    return path.native();
-}
-
-std::filesystem::path path::ToDisk(std::string_view path)
-{
-    return path;
-}
-
-namespace disk {
+namespace host::disk {
 
 const bool kIgnoresCase = false;
 
@@ -220,5 +205,4 @@ std::size_t RootLength(std::string_view path)
     return !path.empty() && (path[0] == '/' || path[0] == '\\') ? 1 : 0;
 }
 
-} // namespace disk
-} // namespace host
+} // namespace host::disk

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/Disk-win32.h"
 
-#include "host/GameFiles.h"
-#include "host/GamePath.h"
+#include "host/Path.h"
 #include "host/ReadAll.h"
 #include "host/Text.h"
 #include "host/Windows-win32.h"
@@ -13,21 +12,7 @@
 #include <mutex>
 #include <utility>
 
-namespace host {
-
-const char path::kSeparator = '\\';
-
-std::string path::FromDisk(const std::filesystem::path &path)
-{
-    return disk::Narrow(path.native());
-}
-
-std::filesystem::path path::ToDisk(std::string_view path)
-{
-    return disk::Wide(path);
-}
-
-namespace disk {
+namespace host::disk {
 
 const bool kIgnoresCase = true;
 
@@ -420,8 +405,8 @@ bool IsWritableFolder(const std::string &folder)
 {
     // Only trying tells: permissions, rights of the process and the disk itself all have a say.
     const std::wstring probe =
-        SystemPath(Below(folder, ".zelk-" + std::to_string(GetCurrentProcessId()) + '-' +
-                                     std::to_string(GetCurrentThreadId()) + ".try"));
+        SystemPath(Join(folder, ".zelk-" + std::to_string(GetCurrentProcessId()) + '-' +
+                                    std::to_string(GetCurrentThreadId()) + ".try"));
     if (folder.empty() || probe.empty())
         return false;
     const Handle file(CreateFileW(probe.c_str(), GENERIC_WRITE | DELETE, kShareAll, nullptr,
@@ -455,5 +440,4 @@ std::size_t RootLength(std::string_view path)
     return afterStep(path, server);
 }
 
-} // namespace disk
-} // namespace host
+} // namespace host::disk

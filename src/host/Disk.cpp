@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/Disk.h"
 
+#include "host/Path.h"
 #include "host/ReadAll.h"
 
 #include <chrono>
@@ -56,6 +57,17 @@ std::optional<Failure> ReadAll(std::uint64_t limit, std::size_t expected, std::s
 Failure TooLarge(std::uint64_t limit)
 {
     return {ErrorNumber::InvalidCall, "larger than " + std::to_string(limit) + " bytes"};
+}
+
+std::string Join(const std::string &folder, std::string_view name)
+{
+    std::string out;
+    out.reserve(folder.size() + 1 + name.size());
+    out = folder;
+    if (!out.empty() && out.back() != path::kSeparator)
+        out += path::kSeparator;
+    out += name;
+    return out;
 }
 
 } // namespace host::disk

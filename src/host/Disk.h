@@ -78,10 +78,6 @@ Failure WhyAbsent(const std::string &path);
 std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes);
 /// The failure of Read for a file of more bytes.
 Failure TooLarge(std::uint64_t limit);
-/// Replaces the content of a file whole or not at all; makes it when missing. A link stays and its
-/// target is replaced. An existing file keeps its permissions and, where possible, its owner; one
-/// without any permission to write is refused, whoever asks.
-std::optional<Failure> Replace(const std::string &path, std::string_view bytes);
 /// Deletes a file (of a link the link); one without any permission to write is refused.
 std::optional<Failure> Remove(const std::string &path);
 /// Makes a folder and those above it; nothing happens when it is there.
@@ -94,5 +90,7 @@ std::string CurrentFolder();
 /// Length of the root at the beginning of a path ("/"; on Windows also "C:\", "C:" alone and
 /// "\\server\share\"); 0 for a relative path. Both separators.
 std::size_t RootLength(std::string_view path);
+/// Returns the path of a name in a folder; neither of them is changed.
+std::string Join(const std::string &folder, std::string_view name);
 
 } // namespace host::disk

@@ -3,6 +3,7 @@
 
 #include "host/Disk.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 

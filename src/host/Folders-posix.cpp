@@ -3,7 +3,7 @@
 
 #include "host/Disk-posix.h"
 #include "host/Disk.h"
-#include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/Text.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 
 #include "host/Disk-win32.h"
 #include "host/GameFiles.h"
-#include "host/GamePath.h"
+#include "host/Path.h"
 #include "host/Windows-win32.h"
 
 #include <cstdio>

@@ -2,7 +2,7 @@
 #include "host/Folders.h"
 
 #include "host/Disk.h"
-#include "host/GameFiles.h"
+#include "host/Path.h"
 
 namespace host {
 

@@ -2,8 +2,9 @@
 #include "host/GameFiles.h"
 
 #include "host/Disk.h"
-#include "host/GamePath.h"
 #include "host/Listings.h"
+#include "host/Path.h"
+#include "host/Replace.h"
 #include "host/RuntimeError.h"
 
 #include <algorithm>
@@ -101,7 +102,7 @@ std::string GameFiles::spelledByListings(const GamePath &path)
         if (found.empty() && isLast)
             found = m_listings->Matches(spelled, path.names[i], disk::Kind::File);
         // Short names and the names in closed folders are not listed.
-        spelled = found.empty() ? Below(spelled, path.names[i]) : found.front();
+        spelled = found.empty() ? disk::Join(spelled, path.names[i]) : found.front();
     }
     return spelled;
 }
@@ -139,7 +140,7 @@ std::optional<std::filesystem::path> GameFiles::TargetOf(std::string_view path)
         return path::ToDisk(files.front());
     if (folders.empty())
         return std::nullopt;
-    return path::ToDisk(Below(folders.front(), steps->names.back()));
+    return path::ToDisk(disk::Join(folders.front(), steps->names.back()));
 }
 
 std::vector<std::string> GameFiles::list(std::string_view folder, std::string_view pattern,

@@ -100,32 +100,4 @@ private:
     std::unique_ptr<Listings> m_listings;
 };
 
-/// Text operations on game paths; both separators are accepted everywhere.
-namespace path {
-
-/// The separator that paths are shown with: "\" on Windows, "/" elsewhere.
-extern const char kSeparator;
-/// `folder` & "\" & `relative`, in the platform's own separator; `relative` may begin with one.
-std::string Join(std::string_view folder, std::string_view relative);
-/// The same, but `relative` is taken as it stands, also where it begins with a separator.
-std::string Append(std::string_view folder, std::string_view relative);
-/// The text after the last separator.
-std::string_view FileName(std::string_view path);
-/// The text up to and including the last separator, or "".
-std::string_view FolderWithSeparator(std::string_view path);
-/// The text after the last "." of the whole path, in lower case; the whole path in lower case when
-/// it has none.
-std::string Extension(std::string_view path);
-/// The file name without the part from its last "." on.
-std::string BaseName(std::string_view path);
-/// Separators made the platform's own, "." and ".." worked off, for comparing two paths.
-std::string Normalise(std::string_view path);
-/// The text by which GameFiles knows a path whose names may be in an old encoding: a name that is
-/// not UTF-8 is read as Windows-1252, each name by itself.
-std::string ToText(std::string_view bytes);
-/// UTF-8 text of a path of the disk, and back (both ways exact on Linux).
-std::string FromDisk(const std::filesystem::path &path);
-std::filesystem::path ToDisk(std::string_view path);
-
-} // namespace path
 } // namespace host

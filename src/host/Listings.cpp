@@ -2,7 +2,7 @@
 #include "host/Listings.h"
 
 #include "host/Filter.h"
-#include "host/GamePath.h"
+#include "host/Path.h"
 #include "host/Text.h"
 
 #include <algorithm>
@@ -97,7 +97,7 @@ std::vector<std::string> GameFiles::Listings::MatchesIn(const Folder *listing,
 {
     std::vector<std::string> paths;
     if (!listing) { // a folder may be closed to listing and still open to those who know a name
-        std::string exact = Below(folder, name);
+        std::string exact = disk::Join(folder, name);
         if (disk::KindOf(exact) == kind)
             paths.push_back(std::move(exact));
         return paths;
@@ -106,7 +106,7 @@ std::vector<std::string> GameFiles::Listings::MatchesIn(const Folder *listing,
         if (KindOf(folder, *entry) != kind)
             continue;
         const bool exact = entry->DiskName() == name;
-        paths.insert(exact ? paths.begin() : paths.end(), Below(folder, entry->DiskName()));
+        paths.insert(exact ? paths.begin() : paths.end(), disk::Join(folder, entry->DiskName()));
     }
     return paths;
 }
@@ -117,7 +117,7 @@ std::vector<std::string> GameFiles::Listings::Folders(const std::string &root,
     std::vector<std::string> folders = {root};
     if (disk::kIgnoresCase) { // one question instead of one for each step
         for (const std::string &name : names)
-            folders.front() = Below(folders.front(), name);
+            folders.front() = disk::Join(folders.front(), name);
         if (disk::KindOf(folders.front()) != disk::Kind::Folder)
             folders.clear();
         return folders;
@@ -173,7 +173,7 @@ disk::Kind GameFiles::Listings::KindOf(const std::string &folder, const Entry &e
 {
     if (entry.kind != disk::Kind::Link)
         return entry.kind;
-    return disk::KindOf(Below(folder, entry.DiskName()));
+    return disk::KindOf(disk::Join(folder, entry.DiskName()));
 }
 
 } // namespace host

@@ -2,7 +2,7 @@
 #include "host/Process.h"
 
 #include "host/Folders.h"
-#include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 
 #include <cerrno>

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "host/Replace.h"
+
 #include "host/Disk-posix.h"
 #include "host/Disk.h"
 

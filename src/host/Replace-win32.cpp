@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "host/Replace.h"
+
 #include "host/Disk-win32.h"
 #include "host/GameFiles.h"
 #include "host/Windows-win32.h"

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "host/Settings.h"
+#include "host/Product.h"
 
 #include "host/Disk.h"
 #include "host/Folders.h"
-#include "host/GameFiles.h"
 #include "host/IniFile.h"
 #include "host/Number.h"
+#include "host/Path.h"
+#include "host/Replace.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/Snapshot.h"
 
-#include "host/GamePath.h"
 #include "host/Listings.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 
 #include <algorithm>
@@ -72,7 +72,7 @@ public:
         const Listings::Entry *entry = nullptr;
 
         explicit operator bool() const { return entry != nullptr; }
-        std::string Path() const { return Below(*folder, entry->DiskName()); }
+        std::string Path() const { return disk::Join(*folder, entry->DiskName()); }
     };
     static Hit FileOf(const Leaf &leaf)
     {

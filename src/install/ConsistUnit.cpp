@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "install/ConsistUnit.h"
 
-#include "host/GameFiles.h"
+#include "host/Path.h"
 
 #include <algorithm>
 #include <cstdint>

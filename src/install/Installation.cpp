@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "install/Installation.h"
 
-#include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/Text.h"
 #include "install/Registry.h"
 #include "install/TypedLocation.h"

@@ -5,6 +5,7 @@
 #include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "host/IniFile.h"
+#include "host/Path.h"
 #include "host/Text.h"
 #include "install/WineRegistry.h"
 

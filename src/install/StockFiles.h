@@ -3,6 +3,7 @@
 
 #include "host/Filter.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 
 #include <string>
 #include <string_view>

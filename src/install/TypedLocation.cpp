@@ -4,7 +4,7 @@
 #include "host/Disk.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
-#include "host/GamePath.h"
+#include "host/Path.h"
 #include "host/Text.h"
 #include "install/Installation.h"
 

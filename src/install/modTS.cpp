@@ -2,6 +2,7 @@
 #include "install/modTS.h"
 
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/Text.h"
 #include "install/Installation.h"
 

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "stavfile/Parser.h"
+
 #include "stavfile/Keywords.h"
 #include "stavfile/Lexer.h"
 #include "stavfile/Source.h"

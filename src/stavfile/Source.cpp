@@ -2,6 +2,7 @@
 #include "stavfile/Source.h"
 
 #include "stavfile/Lexer.h"
+#include "stavfile/Parser.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "stavfile/Format.h"
 #include "stavfile/PagedArray.h"
-#include "stavfile/StfFile.h"
 #include "stavfile/TextCodec.h"
 
 #include <cstdint>
@@ -60,8 +60,5 @@ std::shared_ptr<const Source> ReadSource(std::string bytes);
 /// True for 8-bit content without header that has NULs inside near its start. Text and then NULs
 /// only is text with padding.
 bool LooksBinary(std::string_view text);
-
-/// Fills records, values, notes and tailFix of a source from its text (Parser.cpp).
-void ParseBlocks(Source &source);
 
 } // namespace stavfile

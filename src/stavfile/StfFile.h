@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "stavfile/Format.h"
 #include "stavfile/StfNode.h"
 
 #include <string>
@@ -10,40 +11,6 @@
 namespace host {
 class GameFiles;
 }
-
-namespace stavfile {
-
-enum class Encoding
-{
-    Utf16Le,
-    Utf16Be,
-    Utf8,
-    Windows1252
-};
-/// "utf-16le", "utf-16be", "utf-8" or "windows-1252".
-const char *EncodingName(Encoding encoding);
-
-/// What a file turned out to be. All but Text give an empty tree.
-enum class Form
-{
-    Text,
-    Binary,
-    Compressed,
-    NulsOnly
-};
-
-/// Something that the reader mended, or that other readers will trip over.
-struct Note
-{
-    int line = 0; ///< 1-based
-    std::string text;
-};
-
-/// Blocks nested deeper than this are skipped with a note: no real file comes near it, and it
-/// bounds every walk over a tree.
-inline constexpr int kMaxBlockDepth = 200;
-
-} // namespace stavfile
 
 /// One structured file: its path and the tree of its blocks. The format is described in
 /// docs/formats.md. Reading never fails on content: whatever is mended is noted.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "stavfile/StfFile.h"
+#include "stavfile/Format.h"
 
 #include <string>
 #include <string_view>

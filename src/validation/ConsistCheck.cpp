@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "validation/ConsistCheck.h"
 
-#include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "install/StockFiles.h"
 #include "validation/Content.h"
 #include "validation/Finding.h"
-#include "validation/TSValidation.h"
 #include "validation/Vehicles.h"
 
 #include <unordered_map>
@@ -25,10 +24,10 @@ public:
     {
     }
 
-    std::int16_t Run()
+    Verdict Run()
     {
         if (!m_content.Exists(m_file))
-            return m_findings.Record(TSValidation::IsMissing, m_file);
+            return m_findings.Record(Verdict::Missing, m_file);
         try {
             const StfFile file = m_content.Load(m_file);
             const StfNode trainCfg = file.FindNode("Train").Child("TrainCfg");
@@ -37,8 +36,8 @@ public:
             for (VehicleWalk walk(trainCfg); walk.Next();)
                 checkVehicle(walk);
         } catch (const host::RuntimeError &error) {
-            m_findings.Record(TSValidation::IsCorrupt, m_file, ErrorText(error.Code()));
-            m_verdict = TSValidation::IsSuspect;
+            m_findings.Record(Verdict::Corrupt, m_file, ErrorText(error.Code()));
+            m_verdict = Verdict::Suspect;
         }
         return m_verdict;
     }
@@ -52,7 +51,7 @@ private:
         const std::string stock = Below(Below(m_trainset, folder), name + extension);
         if (!recordUse(m_file, stock))
             return;
-        const std::string shape = Below(FolderOf(stock), shapeOf(stock));
+        const std::string shape = Below(host::path::Folder(stock), shapeOf(stock));
         recordUse(stock, shape);
     }
 
@@ -60,10 +59,9 @@ private:
     bool recordUse(const std::string &user, const std::string &used)
     {
         const bool there = m_content.Exists(used);
-        m_findings.Record(there ? TSValidation::IsReferenced : TSValidation::HasMissingReference,
-                          user, used);
+        m_findings.Record(there ? Verdict::Referenced : Verdict::HasMissingReference, user, used);
         if (!there)
-            m_verdict = TSValidation::IsSuspect;
+            m_verdict = Verdict::Suspect;
         return there;
     }
 
@@ -83,12 +81,12 @@ private:
     std::string m_trainset;
     Findings &m_findings;
     std::unordered_map<std::string, std::string> m_shapes; ///< by stock file
-    std::int16_t m_verdict = TSValidation::IsValid;
+    Verdict m_verdict = Verdict::Valid;
 };
 
 } // namespace
 
-std::int16_t CheckConsist(Content &content, const std::string &fileName, Findings &findings)
+Verdict CheckConsist(Content &content, const std::string &fileName, Findings &findings)
 {
     return ConsistCheck(content, fileName, findings).Run();
 }

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "validation/Findings.h"
+#include "validation/Verdict.h"
 
-#include <cstdint>
 #include <string>
 
 namespace validation {
@@ -11,6 +11,6 @@ namespace validation {
 class Content;
 
 /// The check of a consist's vehicles and their shapes; never throws for bad files.
-std::int16_t CheckConsist(Content &content, const std::string &fileName, Findings &findings);
+Verdict CheckConsist(Content &content, const std::string &fileName, Findings &findings);
 
 } // namespace validation

@@ -2,6 +2,7 @@
 #include "validation/Content.h"
 
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/Snapshot.h"
 
@@ -56,13 +57,7 @@ void readCabView(const StfFile &file, References &references)
 
 std::string Below(std::string_view folder, std::string_view relative)
 {
-    return host::path::Append(folder, relative);
-}
-
-std::string FolderOf(std::string_view path)
-{
-    const std::string_view folder = host::path::FolderWithSeparator(path);
-    return folder.empty() ? "." : std::string(folder.substr(0, folder.size() - 1));
+    return host::path::Join(folder, relative, host::path::Leading::Kept);
 }
 
 bool Content::Exists(std::string_view path) const
@@ -115,7 +110,7 @@ std::shared_ptr<References> Content::read(const std::string &path, Reader reader
     } catch (const host::RuntimeError &) {
         references->corrupt = true;
     }
-    const std::string folder = FolderOf(path);
+    const std::string folder = host::path::Folder(path);
     for (References::File &file : references->files)
         file.exists = Exists(Below(folder, file.value));
     return references;

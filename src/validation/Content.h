@@ -20,10 +20,9 @@ class Snapshot;
 
 namespace validation {
 
-/// `folder` & "\" & `relative`, exactly, in the platform's own separators.
+/// Returns the path that a check builds of a folder and a name that a file holds: a separator at
+/// the front of the name is kept.
 std::string Below(std::string_view folder, std::string_view relative);
-/// Everything before the last separator, "." when there is none.
-std::string FolderOf(std::string_view path);
 
 /// What a sound definition or a cab view names, in the order in which the checks go through it.
 struct References

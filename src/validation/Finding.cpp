@@ -2,7 +2,6 @@
 #include "validation/Finding.h"
 
 #include "host/Text.h"
-#include "validation/TSValidation.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -12,21 +11,21 @@ namespace validation {
 namespace {
 
 /// What is said of the one file that a verdict is about, or null.
-const char *predicateOf(std::int16_t code)
+const char *predicateOf(Verdict verdict)
 {
-    switch (code) {
-    case TSValidation::IsOK:
-    case TSValidation::IsValid:
+    switch (verdict) {
+    case Verdict::Ok:
+    case Verdict::Valid:
         return " is OK";
-    case TSValidation::IsMissing:
+    case Verdict::Missing:
         return " is MISSING";
-    case TSValidation::IsCompressed:
+    case Verdict::Compressed:
         return " is COMPRESSED";
-    case TSValidation::IsCorrupt:
+    case Verdict::Corrupt:
         return " appears CORRUPT";
-    case TSValidation::IsEmpty:
+    case Verdict::Empty:
         return " is EMPTY";
-    case TSValidation::IsSuspect:
+    case Verdict::Suspect:
         return " is SUSPECT due to problems with dependent files";
     default:
         return nullptr;
@@ -35,11 +34,11 @@ const char *predicateOf(std::int16_t code)
 
 std::string bodyOf(const Finding &finding)
 {
-    if (finding.code == TSValidation::HasMissingReference)
+    if (finding.verdict == Verdict::HasMissingReference)
         return finding.file + " references missing file " + finding.dependent;
-    if (finding.code == TSValidation::IsReferenced)
+    if (finding.verdict == Verdict::Referenced)
         return finding.file + " references file " + finding.dependent;
-    const char *predicate = predicateOf(finding.code);
+    const char *predicate = predicateOf(finding.verdict);
     if (!predicate)
         return {};
     if (host::TrimBlanks(finding.dependent).empty())
@@ -70,8 +69,8 @@ std::int16_t leadingCode(std::string_view text)
 
 bool IsError(const Finding &finding)
 {
-    return finding.code != TSValidation::IsValid && finding.code != TSValidation::IsReferenced &&
-           finding.code != TSValidation::IsOK;
+    return finding.verdict != Verdict::Valid && finding.verdict != Verdict::Referenced &&
+           finding.verdict != Verdict::Ok;
 }
 
 std::string ReportLine(const Finding &finding)
@@ -87,7 +86,7 @@ std::string OneLine(std::string text)
 
 std::string ResultKey(const Finding &finding)
 {
-    return std::to_string(finding.code) + '|' + finding.file + '|' + finding.dependent;
+    return std::to_string(CodeOf(finding.verdict)) + '|' + finding.file + '|' + finding.dependent;
 }
 
 std::string ErrorText(host::ErrorNumber number)
@@ -95,27 +94,24 @@ std::string ErrorText(host::ErrorNumber number)
     return "Error " + std::to_string(static_cast<int>(number)) + " - " + host::ClassicText(number);
 }
 
-std::string_view VerdictName(std::int16_t code)
+std::string_view VerdictName(Verdict verdict)
 {
     static constexpr std::string_view kNames[] = {
         "IsOK",    "IsValid",   "IsMissing",           "IsCompressed", "IsCorrupt",
         "IsEmpty", "IsSuspect", "HasMissingReference", "IsReferenced"};
-    if (code < TSValidation::IsOK || code > TSValidation::IsReferenced)
+    if (verdict < Verdict::Ok || verdict > Verdict::Referenced)
         return {};
-    return kNames[code - TSValidation::IsOK];
+    return kNames[CodeOf(verdict) - CodeOf(Verdict::Ok)];
+}
+
+Finding FindingOf(std::string_view key)
+{
+    const std::size_t bar = key.find('|');
+    const std::string_view rest = bar == key.npos ? "" : key.substr(bar + 1);
+    const std::size_t second = rest.find('|');
+    const std::string_view dependent = second == rest.npos ? "" : rest.substr(second + 1);
+    return {Verdict{leadingCode(key.substr(0, bar))}, std::string(rest.substr(0, second)),
+            std::string(dependent)};
 }
 
 } // namespace validation
-
-std::string TSValidation::TranslateError(std::string_view key)
-{
-    const std::size_t bar = key.find('|');
-    if (bar == key.npos)
-        return std::string(key);
-    const std::int16_t code = validation::leadingCode(key.substr(0, bar));
-    const std::string_view rest = key.substr(bar + 1);
-    const std::size_t second = rest.find('|');
-    const std::string_view dependent = second == rest.npos ? "" : rest.substr(second + 1);
-    return validation::ReportLine(
-        {code, std::string(rest.substr(0, second)), std::string(dependent)});
-}

@@ -2,17 +2,17 @@
 #pragma once
 
 #include "host/RuntimeError.h"
+#include "validation/Verdict.h"
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace validation {
 
-/// One result of a check: a verdict (a constant of TSValidation) about a file.
+/// One result of a check: a verdict about a file.
 struct Finding
 {
-    std::int16_t code = 0;
+    Verdict verdict = Verdict::Valid;
     std::string file;      ///< the subject: the file that was checked, or that refers to another
     std::string dependent; ///< the other file or the part concerned, "" when there is none
 
@@ -28,8 +28,8 @@ std::string OneLine(std::string text);
 /// "code|file|dependent". Names may hold "|" themselves, so a key cannot always be taken apart
 /// again: decide and print from the finding.
 std::string ResultKey(const Finding &finding);
-/// The name of a verdict as TSValidation has it ("IsMissing"), "" for an unknown code.
-std::string_view VerdictName(std::int16_t code);
+/// Returns the finding of a key. The file ends at the key's second "|".
+Finding FindingOf(std::string_view key);
 /// How a run-time error appears in a report: "Error 9 - Subscript out of range".
 std::string ErrorText(host::ErrorNumber number);
 

@@ -3,7 +3,6 @@
 
 #include "validation/Finding.h"
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -26,8 +25,8 @@ public:
     }
     bool Verbose() const { return m_verbose; }
 
-    /// Records a verdict and gives it back.
-    std::int16_t Record(std::int16_t code, std::string file, std::string dependent = {});
+    /// Records a verdict and returns it.
+    Verdict Record(Verdict verdict, std::string file, std::string dependent = {});
     void Message(std::string_view text)
     {
         if (m_messages)

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "validation/Run.h"
 
-#include "host/GameFiles.h"
+#include "host/Path.h"
 #include "install/Installation.h"
 #include "validation/Finding.h"
 
 using validation::Finding;
 using validation::Outcome;
+using validation::Verdict;
 
 TSValidation::Run::Run(TSValidation &owner)
     : m_owner(owner)
@@ -35,25 +36,25 @@ void TSValidation::Run::RaiseProgress(std::size_t index, std::size_t total) cons
         m_owner.ProgressRaised(index + 1, total);
 }
 
-std::int16_t TSValidation::Run::Record(std::int16_t code, const std::string &file,
-                                       const std::string &dependent)
+Verdict TSValidation::Run::Record(Verdict verdict, const std::string &file,
+                                  const std::string &dependent)
 {
-    Outcome outcome{validation::Findings(m_verbose), code};
-    outcome.findings.Record(code, file, dependent);
+    Outcome outcome{validation::Findings(m_verbose), verdict};
+    outcome.findings.Record(verdict, file, dependent);
     return Deliver(outcome);
 }
 
 std::int16_t TSValidation::Run::CheckFile(validation::FileCheck check, std::string_view fileName)
 {
     const std::string file(fileName);
-    std::int16_t verdict = IsValid;
+    Verdict verdict = Verdict::Valid;
     if (m_owner.ProcessEvents)
         Each<Outcome>(
             1, [&](std::size_t) { return OutcomeOf(check, file); },
             [&](std::size_t, const Outcome &outcome) { verdict = Deliver(outcome); });
     else if (!m_owner.m_stopped)
         verdict = Deliver(OutcomeOf(check, file));
-    return verdict;
+    return validation::CodeOf(verdict);
 }
 
 Outcome TSValidation::Run::OutcomeOf(validation::FileCheck check, const std::string &fileName)
@@ -67,7 +68,7 @@ Outcome TSValidation::Run::OutcomeOf(validation::FileCheck check, const std::str
     return outcome;
 }
 
-std::int16_t TSValidation::Run::Deliver(const Outcome &outcome)
+Verdict TSValidation::Run::Deliver(const Outcome &outcome)
 {
     for (const validation::Findings::Entry &entry : outcome.findings.Entries())
         if (const auto *finding = std::get_if<Finding>(&entry))
@@ -87,14 +88,14 @@ void TSValidation::Run::pump() const
 
 void TSValidation::Run::report(const Finding &finding)
 {
-    if (finding.code != IsValid) {
+    if (finding.verdict != Verdict::Valid) {
         m_owner.m_findings.push_back(finding);
         m_owner.m_errors.push_back(validation::ResultKey(finding));
         if (m_owner.ErrorRaised)
-            m_owner.ErrorRaised(finding.dependent, finding.file, finding.code);
+            m_owner.ErrorRaised(finding.dependent, finding.file, CodeOf(finding.verdict));
     }
     if (m_verbose)
-        RaiseMessage(validation::ReportLine(finding), finding.code == IsValid ? 1 : 2);
+        RaiseMessage(validation::ReportLine(finding), finding.verdict == Verdict::Valid ? 1 : 2);
     if (m_owner.ResultRecorded)
         m_owner.ResultRecorded(finding);
 }

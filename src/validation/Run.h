@@ -19,13 +19,12 @@ namespace validation {
 struct Outcome
 {
     Findings findings;
-    std::int16_t verdict = TSValidation::IsValid;
+    Verdict verdict = Verdict::Valid;
     std::exception_ptr error = nullptr; ///< what left the check; the verdict means nothing then
 };
 
 /// The check of one file; `Content` may be used by several at once.
-using FileCheck = std::int16_t (*)(Content &content, const std::string &fileName,
-                                   Findings &findings);
+using FileCheck = Verdict (*)(Content &content, const std::string &fileName, Findings &findings);
 
 } // namespace validation
 
@@ -47,14 +46,16 @@ public:
     bool WantsMessages() const { return m_wantsMessages; }
     void RaiseMessage(const std::string &message, std::int16_t level = 0) const;
     void RaiseProgress(std::size_t index, std::size_t total) const;
-    /// Reports a verdict and gives it back.
-    std::int16_t Record(std::int16_t code, const std::string &file, const std::string &dependent);
+    /// Reports a verdict and returns it.
+    validation::Verdict Record(validation::Verdict verdict, const std::string &file,
+                               const std::string &dependent);
 
-    /// The check of one file, told; its error leaves.
+    /// Checks one file, reports its findings and returns its verdict's code; rethrows its
+    /// exception.
     std::int16_t CheckFile(validation::FileCheck check, std::string_view fileName);
-    /// The same in two steps, of which the first may be done by a worker.
+    /// The two steps of CheckFile: a worker may do the first.
     validation::Outcome OutcomeOf(validation::FileCheck check, const std::string &fileName);
-    std::int16_t Deliver(const validation::Outcome &outcome);
+    validation::Verdict Deliver(const validation::Outcome &outcome);
 
     /// Does jobs 0 to count-1 on the workers and takes their results in order, until there are no
     /// more or the check is stopped. The job must not throw.

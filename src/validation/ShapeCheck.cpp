@@ -3,10 +3,10 @@
 
 #include "host/GameFiles.h"
 #include "host/Number.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/Snapshot.h"
 #include "validation/Content.h"
-#include "validation/TSValidation.h"
 
 #include <cmath>
 #include <limits>
@@ -93,18 +93,18 @@ public:
     ShapeCheck(const Content &content, const std::string &fileName, Findings &findings)
         : m_content(content)
         , m_file(fileName)
-        , m_folder(FolderOf(fileName))
+        , m_folder(host::path::Folder(fileName))
         , m_findings(findings)
     {
     }
 
-    std::int16_t Run()
+    Verdict Run()
     {
         if (!m_content.Exists(m_file))
-            return m_findings.Record(TSValidation::IsMissing, m_file);
+            return m_findings.Record(Verdict::Missing, m_file);
         const StfFile file = m_content.Load(m_file);
         if (file.TopNodes().Count() == 0)
-            return m_findings.Record(TSValidation::IsCompressed, m_file);
+            return m_findings.Record(Verdict::Compressed, m_file);
         readImages(file.TopNodes().Item(1).Child("images"));
         if (isRollingStock()) {
             checkImagesIn("");
@@ -126,7 +126,7 @@ private:
                  "it declares " + std::to_string(declared) + " images");
         m_images = imagesOf(images, declared, m_file);
         if (static_cast<int>(m_images.size()) != declared)
-            m_findings.Record(TSValidation::IsSuspect, m_file, "Image count");
+            m_findings.Record(Verdict::Suspect, m_file, "Image count");
     }
 
     /// True when a vehicle of the shape's name lies beside it.
@@ -141,7 +141,7 @@ private:
     {
         for (const std::string &image : m_images)
             if (const std::string path = Below(m_folder, folder + image); !m_content.Exists(path))
-                m_verdict = m_findings.Record(TSValidation::HasMissingReference, m_file, path);
+                m_verdict = m_findings.Record(Verdict::HasMissingReference, m_file, path);
     }
 
     /// A descriptor that is not there, and the setting for night textures alone, end the check
@@ -168,12 +168,12 @@ private:
     std::string m_folder;
     Findings &m_findings;
     std::vector<std::string> m_images;
-    std::int16_t m_verdict = TSValidation::IsValid;
+    Verdict m_verdict = Verdict::Valid;
 };
 
 } // namespace
 
-std::int16_t CheckShape(Content &content, const std::string &fileName, Findings &findings)
+Verdict CheckShape(Content &content, const std::string &fileName, Findings &findings)
 {
     return ShapeCheck(content, fileName, findings).Run();
 }

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "validation/Findings.h"
+#include "validation/Verdict.h"
 
-#include <cstdint>
 #include <string>
 
 namespace validation {
@@ -11,6 +11,6 @@ namespace validation {
 class Content;
 
 /// The check of a shape and its textures. RuntimeError as TSValidation::CheckShape.
-std::int16_t CheckShape(Content &content, const std::string &fileName, Findings &findings);
+Verdict CheckShape(Content &content, const std::string &fileName, Findings &findings);
 
 } // namespace validation

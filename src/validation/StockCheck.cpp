@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "validation/StockCheck.h"
 
+#include "host/Path.h"
 #include "host/Text.h"
 #include "validation/Content.h"
-#include "validation/TSValidation.h"
 
 #include <algorithm>
 
@@ -16,13 +16,13 @@ namespace {
 /// what is not as missing. False when one is not.
 bool recordFiles(const References &references, const std::string &fileName, Findings &findings)
 {
-    const std::string folder = FolderOf(fileName);
+    const std::string folder = host::path::Folder(fileName);
     bool whole = true;
     for (const References::File &file : references.files) {
         if (!file.exists)
-            findings.Record(TSValidation::HasMissingReference, fileName, Below(folder, file.value));
+            findings.Record(Verdict::HasMissingReference, fileName, Below(folder, file.value));
         else if (findings.Verbose())
-            findings.Record(TSValidation::IsValid, Below(folder, file.value));
+            findings.Record(Verdict::Valid, Below(folder, file.value));
         whole = whole && file.exists;
     }
     return whole;
@@ -58,21 +58,21 @@ public:
     StockCheck(Content &content, const std::string &fileName, Findings &findings)
         : m_content(content)
         , m_file(fileName)
-        , m_folder(FolderOf(fileName))
+        , m_folder(host::path::Folder(fileName))
         , m_findings(findings)
     {
     }
 
-    std::int16_t Run()
+    Verdict Run()
     {
         m_findings.Message("Checking " + m_file);
         const std::optional<StfFile> found = m_content.TryLoadExisting(m_file);
         if (!found)
-            return m_findings.Record(TSValidation::IsMissing, m_file);
+            return m_findings.Record(Verdict::Missing, m_file);
         const StfFile &file = *found;
         const StfNode wagon = file.FindNode("Wagon");
         if (!wagon)
-            return m_findings.Record(TSValidation::IsCorrupt, m_file);
+            return m_findings.Record(Verdict::Corrupt, m_file);
         checkShape(wagon);
         m_findings.Message("Checking sound files");
         checkSound(normalised(ValueAt(wagon.Child("Sound"))));
@@ -83,16 +83,16 @@ public:
     }
 
 private:
-    void fault(std::int16_t code, std::string dependent)
+    void fault(Verdict verdict, std::string dependent)
     {
-        m_verdict = m_findings.Record(code, m_file, std::move(dependent));
+        m_verdict = m_findings.Record(verdict, m_file, std::move(dependent));
     }
     /// False, and a fault, when the file is not there.
     bool isThere(const std::string &path)
     {
         const bool there = m_content.Exists(path);
         if (!there)
-            fault(TSValidation::HasMissingReference, path);
+            fault(Verdict::HasMissingReference, path);
         return there;
     }
 
@@ -112,76 +112,75 @@ private:
         if (host::TrimBlanks(value).empty())
             return;
         const std::string sound = Below(m_folder, "Sound\\" + value);
-        if (isThere(sound) && CheckSound(m_content, sound, m_findings) != TSValidation::IsValid)
-            m_verdict = TSValidation::IsSuspect;
+        if (isThere(sound) && CheckSound(m_content, sound, m_findings) != Verdict::Valid)
+            m_verdict = Verdict::Suspect;
     }
 
     /// The engine's section is the second of the file, whatever its name.
     void checkEngine(const StfFile &file, const StfNode &wagon)
     {
         if (file.Nodes().Count() < 2) {
-            fault(TSValidation::IsMissing, "Engine section");
-            m_verdict = TSValidation::IsSuspect;
+            fault(Verdict::Missing, "Engine section");
+            m_verdict = Verdict::Suspect;
             return;
         }
         const StfNode engine = file.Nodes().Item(2);
         const std::string name = ValueAt(engine);
         if (ValueAt(wagon) != name || ValueAt(engine.Child("Wagon")) != name)
-            fault(TSValidation::IsCorrupt, "Engine and wagon names");
+            fault(Verdict::Corrupt, "Engine and wagon names");
         m_findings.Message("Checking cabview files");
         checkCabView(engine.Child("CabView"));
         m_findings.Message("Checking sound files");
         if (const StfNode sound = engine.Child("Sound"))
             checkSound(ValueAt(sound));
         else
-            fault(TSValidation::IsMissing, "Sound section");
+            fault(Verdict::Missing, "Sound section");
     }
 
     void checkCabView(const StfNode &entry)
     {
         if (!entry) {
-            fault(TSValidation::IsMissing, "Cabview section");
+            fault(Verdict::Missing, "Cabview section");
             return;
         }
         const std::string cab = Below(m_folder, "Cabview\\" + ValueAt(entry));
-        if (isThere(cab) && CheckCabView(m_content, cab, m_findings) != TSValidation::IsValid)
-            m_verdict = TSValidation::IsSuspect;
+        if (isThere(cab) && CheckCabView(m_content, cab, m_findings) != Verdict::Valid)
+            m_verdict = Verdict::Suspect;
     }
 
     Content &m_content;
     const std::string &m_file;
     std::string m_folder;
     Findings &m_findings;
-    std::int16_t m_verdict = TSValidation::IsValid;
+    Verdict m_verdict = Verdict::Valid;
 };
 
 } // namespace
 
-std::int16_t CheckStock(Content &content, const std::string &fileName, Findings &findings)
+Verdict CheckStock(Content &content, const std::string &fileName, Findings &findings)
 {
     return StockCheck(content, fileName, findings).Run();
 }
 
-std::int16_t CheckSound(Content &content, const std::string &fileName, Findings &findings)
+Verdict CheckSound(Content &content, const std::string &fileName, Findings &findings)
 {
     if (!content.Exists(fileName))
-        return findings.Record(TSValidation::IsMissing, fileName);
+        return findings.Record(Verdict::Missing, fileName);
     const auto sound = content.Sound(fileName);
     if (sound->corrupt)
-        return findings.Record(TSValidation::IsCorrupt, fileName);
+        return findings.Record(Verdict::Corrupt, fileName);
     const bool whole = recordFiles(*sound, fileName, findings);
-    return findings.Record(whole ? TSValidation::IsValid : TSValidation::IsSuspect, fileName);
+    return findings.Record(whole ? Verdict::Valid : Verdict::Suspect, fileName);
 }
 
-std::int16_t CheckCabView(Content &content, const std::string &fileName, Findings &findings)
+Verdict CheckCabView(Content &content, const std::string &fileName, Findings &findings)
 {
     if (!content.Exists(fileName))
-        return findings.Record(TSValidation::IsMissing, fileName);
+        return findings.Record(Verdict::Missing, fileName);
     const auto cab = content.CabView(fileName);
     if (cab->corrupt)
-        return findings.Record(TSValidation::IsCorrupt, fileName);
-    return recordFiles(*cab, fileName, findings) ? TSValidation::IsValid
-                                                 : TSValidation::HasMissingReference;
+        return findings.Record(Verdict::Corrupt, fileName);
+    return recordFiles(*cab, fileName, findings) ? Verdict::Valid : Verdict::HasMissingReference;
 }
 
 } // namespace validation

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "validation/Findings.h"
+#include "validation/Verdict.h"
 
-#include <cstdint>
 #include <string>
 
 namespace validation {
@@ -12,8 +12,8 @@ class Content;
 
 /// The checks of one vehicle and of what it names besides its shape. They give the verdict and
 /// never throw for bad files; TSValidation says what they look at.
-std::int16_t CheckStock(Content &content, const std::string &fileName, Findings &findings);
-std::int16_t CheckSound(Content &content, const std::string &fileName, Findings &findings);
-std::int16_t CheckCabView(Content &content, const std::string &fileName, Findings &findings);
+Verdict CheckStock(Content &content, const std::string &fileName, Findings &findings);
+Verdict CheckSound(Content &content, const std::string &fileName, Findings &findings);
+Verdict CheckCabView(Content &content, const std::string &fileName, Findings &findings);
 
 } // namespace validation

@@ -2,6 +2,7 @@
 #include "validation/TSValidation.h"
 
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/Snapshot.h"
 #include "install/StockFiles.h"
@@ -16,6 +17,7 @@ using host::path::Join;
 using validation::ConsistUse;
 using validation::Outcome;
 using validation::StockName;
+using validation::Verdict;
 
 TSValidation::TSValidation(const install::Installation &installation, host::GameFiles &files,
                            std::size_t workers)
@@ -42,6 +44,12 @@ void TSValidation::Reset()
     m_messages = {};
     m_stopped = false;
     m_snapshot = std::make_unique<host::Snapshot>(m_files);
+}
+
+std::string TSValidation::TranslateError(std::string_view key)
+{
+    const bool isKey = key.find('|') != key.npos;
+    return isKey ? validation::ReportLine(validation::FindingOf(key)) : std::string(key);
 }
 
 std::int16_t TSValidation::CheckSound(std::string_view fileName)
@@ -73,14 +81,15 @@ std::int16_t TSValidation::CheckConsist(std::string_view fileName)
 void TSValidation::tellIfClosed(Run &run, const std::string &folder) const
 {
     if (m_snapshot->IsClosed(folder))
-        run.Record(IsCorrupt, folder, validation::ErrorText(host::ErrorNumber::PathFileAccess));
+        run.Record(Verdict::Corrupt, folder,
+                   validation::ErrorText(host::ErrorNumber::PathFileAccess));
 }
 
 std::vector<std::string> TSValidation::stockItems(Run &run, const std::string &trainset,
                                                   std::string_view filter) const
 {
     if (!m_snapshot->FolderExists(trainset))
-        run.Record(IsMissing, trainset, {});
+        run.Record(Verdict::Missing, trainset, {});
     tellIfClosed(run, trainset);
     const auto folders = install::StockFolders(*m_snapshot, trainset, filter);
     std::vector<std::string> items;
@@ -116,7 +125,7 @@ std::int16_t TSValidation::CheckAllStock(std::string_view filter)
             if (run.WantsMessages())
                 run.RaiseMessage("Checking (" + std::to_string(i + 1) + " of " + total + ") " +
                                  items[i]);
-            if (run.Deliver(outcome) != IsValid)
+            if (run.Deliver(outcome) != Verdict::Valid)
                 verdict = IsSuspect;
         });
     if (!m_stopped)
@@ -144,15 +153,16 @@ std::int16_t TSValidation::CheckStockInConsists(std::string_view stockPath)
                 run.RaiseMessage("Checking " + consists[i]);
             // Once one is found, the others are only looked at up to their first vehicle.
             if (found ? use.first : use.any) {
-                run.Record(IsReferenced, Join(folder, consists[i]), stock);
+                run.Record(Verdict::Referenced, Join(folder, consists[i]), stock);
                 found = true;
             }
         });
     if (m_stopped)
         return IsValid;
-    const std::int16_t verdict = found ? IsValid : run.Record(IsMissing, "all consists", stock);
+    const Verdict verdict =
+        found ? Verdict::Valid : run.Record(Verdict::Missing, "all consists", stock);
     run.RaiseMessage("Done");
-    return verdict;
+    return CodeOf(verdict);
 }
 
 template <typename CountUses>
@@ -162,7 +172,7 @@ std::int16_t TSValidation::searchRoute(Run &run, const RouteSearch &search, Coun
     if (m_stopped)
         return IsValid;
     if (!m_snapshot->FolderExists(route))
-        return run.Record(IsMissing, "Route " + search.route, {});
+        return CodeOf(run.Record(Verdict::Missing, "Route " + search.route, {}));
     const std::string folder = Join(route, search.folder);
     const std::vector<std::string> files = m_snapshot->ListFiles(folder, search.pattern);
     bool found = false;
@@ -173,10 +183,10 @@ std::int16_t TSValidation::searchRoute(Run &run, const RouteSearch &search, Coun
             run.RaiseProgress(i, files.size());
             found = found || uses > 0;
             while (uses-- > 0)
-                run.Record(IsReferenced, Join(folder, files[i]), search.usedFile);
+                run.Record(Verdict::Referenced, Join(folder, files[i]), search.usedFile);
         });
     if (!found && !m_stopped)
-        run.Record(IsValid, search.route + ' ' + search.what, search.used);
+        run.Record(Verdict::Valid, search.route + ' ' + search.what, search.used);
     return IsValid;
 }
 

@@ -42,15 +42,18 @@ class TSValidation
 public:
     /// The verdicts.
     // NOLINTBEGIN(readability-identifier-naming): these names are fixed
-    static constexpr std::int16_t IsOK = -1;
-    static constexpr std::int16_t IsValid = 0;
-    static constexpr std::int16_t IsMissing = 1;
-    static constexpr std::int16_t IsCompressed = 2;
-    static constexpr std::int16_t IsCorrupt = 3;
-    static constexpr std::int16_t IsEmpty = 4; ///< no check gives it
-    static constexpr std::int16_t IsSuspect = 5;
-    static constexpr std::int16_t HasMissingReference = 6;
-    static constexpr std::int16_t IsReferenced = 7;
+    static constexpr std::int16_t IsOK = validation::CodeOf(validation::Verdict::Ok);
+    static constexpr std::int16_t IsValid = validation::CodeOf(validation::Verdict::Valid);
+    static constexpr std::int16_t IsMissing = validation::CodeOf(validation::Verdict::Missing);
+    static constexpr std::int16_t IsCompressed =
+        validation::CodeOf(validation::Verdict::Compressed);
+    static constexpr std::int16_t IsCorrupt = validation::CodeOf(validation::Verdict::Corrupt);
+    static constexpr std::int16_t IsEmpty = validation::CodeOf(validation::Verdict::Empty);
+    static constexpr std::int16_t IsSuspect = validation::CodeOf(validation::Verdict::Suspect);
+    static constexpr std::int16_t HasMissingReference =
+        validation::CodeOf(validation::Verdict::HasMissingReference);
+    static constexpr std::int16_t IsReferenced =
+        validation::CodeOf(validation::Verdict::Referenced);
     // NOLINTEND(readability-identifier-naming)
 
     /// Both must outlive this object.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "validation/UsageCheck.h"
 
-#include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "validation/Content.h"
 
@@ -42,7 +42,7 @@ StockName StockName::Of(std::string_view stockPath)
     constexpr std::size_t kExtension = 4; // ".eng", ".wag"
     std::string_view name = host::path::FileName(stockPath);
     name.remove_suffix(std::min(kExtension, name.size()));
-    return {std::string(name), std::string(host::path::FileName(FolderOf(stockPath)))};
+    return {std::string(name), std::string(host::path::FileName(host::path::Folder(stockPath)))};
 }
 
 ConsistUse UseInConsist(const Content &content, const std::string &consist, const StockName &stock)

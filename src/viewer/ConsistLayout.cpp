@@ -34,7 +34,7 @@ std::optional<float> lengthOf(const StockShape &stock, const std::string &stockF
 /// The length of a shape along the track; a shape stands with its middle on its origin.
 float lengthOf(const TSViewObject &object)
 {
-    const korvat::Model *shape = object.Model().Shape();
+    const korvat::Model *shape = object.Model().Loaded();
     return shape ? shape->box.most.z - shape->box.least.z : 0;
 }
 

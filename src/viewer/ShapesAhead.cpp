@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/ShapesAhead.h"
 
-#include "host/GameFiles.h"
+#include "host/Path.h"
 #include "viewer/StockShape.h"
 #include "viewer/TSView.h"
 
@@ -16,7 +16,7 @@ constexpr std::size_t kWaiting = 8; ///< vehicles: more would only take memory e
 
 std::string shapeOf(host::GameFiles &files, const std::string &file)
 {
-    const bool shape = host::path::Extension(file) == "s";
+    const bool shape = host::path::HasExtension(file, "s");
     return shape || file.empty() ? file : ReadStockShape(files, file).shapeFile;
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/Stage.h"
 
-#include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 #include "korvat/draw/Canvas.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/StockShape.h"
 
-#include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "stavfile/StfFile.h"
 

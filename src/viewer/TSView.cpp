@@ -76,7 +76,7 @@ bool TSView::LoadShapeInToViewer(const std::string &shapeId, const std::string &
                                  float y, float z, float degrees)
 {
     auto object = std::make_shared<TSViewObject>(m_services);
-    object->Model().SetDevice(Viewer ? Viewer->Device() : nullptr);
+    object->Model().SetRenderer(Viewer ? Viewer->Device() : nullptr);
     object->Model().SetTexturePath(kTexturePath);
     if (!object->LoadShape(shapeFile)) {
         // A missing file was reported by the object, and leaves no error text.

@@ -31,7 +31,7 @@ TSViewObject::TSViewObject(const viewer::Services &services)
 
 TSViewObject::~TSViewObject()
 {
-    m_model.SetDevice(nullptr);
+    m_model.SetRenderer(nullptr);
     host::AppendTraceLine("< tsviewobject " + identity(this));
 }
 
@@ -150,5 +150,5 @@ void TSViewObject::Destroy()
 {
     for (int slot = 0; slot < m_model.TextureCount(); ++slot)
         m_model.SetTexture(slot, nullptr);
-    m_model.SetDevice(nullptr);
+    m_model.SetRenderer(nullptr);
 }

@@ -3,6 +3,7 @@
 
 #include "CheckOutput.h"
 #include "Session.h"
+#include "host/Path.h"
 #include "host/Text.h"
 #include "install/StockFiles.h"
 #include "validation/Report.h"
@@ -62,7 +63,7 @@ public:
     void Stock()
     {
         for (const std::string &file : m_options.files)
-            check(file, AbsolutePath(file), [this](const std::string &path) {
+            check(file, host::path::Absolute(file), [this](const std::string &path) {
                 m_validation.CheckStock(path);
                 if (!m_options.noConsists)
                     m_validation.CheckStockInConsists(path);
@@ -72,7 +73,7 @@ public:
     void Shapes()
     {
         for (const std::string &file : m_options.files)
-            check(file, AbsolutePath(file),
+            check(file, host::path::Absolute(file),
                   [this](const std::string &path) { m_validation.CheckShape(path); });
     }
     void Consists()
@@ -91,7 +92,7 @@ public:
     void Use()
     {
         for (const std::string &file : m_options.stock)
-            check(file, AbsolutePath(file), [this](const std::string &path) {
+            check(file, host::path::Absolute(file), [this](const std::string &path) {
                 m_validation.CheckStockInConsists(path);
                 stockInRoutes(path);
             });
@@ -147,10 +148,10 @@ private:
     std::string consistPath(const std::string &name) const
     {
         if (!host::path::FolderWithSeparator(name).empty())
-            return AbsolutePath(name);
+            return host::path::Absolute(name);
         if (!isConsistFile(name))
             return m_installation.ConsistPath(name);
-        const std::string here = AbsolutePath(name);
+        const std::string here = host::path::Absolute(name);
         return m_session.files.FileExists(here)
                    ? here
                    : m_installation.ConsistPath(host::path::BaseName(name));

@@ -82,8 +82,8 @@ void CheckOutput::Add(const validation::Finding &finding)
 {
     const std::string line = ReportLine(finding);
     m_progress.Clear();
-    m_entries.Add(line, {{"code", std::to_string(finding.code), true},
-                         {"verdict", validation::VerdictName(finding.code)},
+    m_entries.Add(line, {{"code", std::to_string(CodeOf(finding.verdict)), true},
+                         {"verdict", validation::VerdictName(finding.verdict)},
                          {"file", finding.file},
                          pathOf(finding.file),
                          {"dependent", finding.dependent},

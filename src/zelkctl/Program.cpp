@@ -11,7 +11,8 @@
 #include "TextureCommand.h"
 #include "TreeCommand.h"
 #include "host/Console.h"
-#include "host/GameFiles.h"
+#include "host/Path.h"
+#include "host/Product.h"
 #include "host/RuntimeError.h"
 
 #include <algorithm>
@@ -43,7 +44,7 @@ std::string commandOf(const CLI::App &app)
 
 void addCommands(CLI::App &app, Session &session)
 {
-    app.set_version_flag("--version", "zelkctl " ZELK_VERSION);
+    app.set_version_flag("--version", "zelkctl " + std::string(host::product::Version()));
     app.allow_windows_style_options(false);
     app.require_subcommand(1);
     app.fallthrough();

@@ -3,6 +3,7 @@
 
 #include "gl/OffscreenCanvas.h"
 #include "host/Console.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/UnansweredDialogs.h"
 #include "korvat/model/ModelLibrary.h"
@@ -34,14 +35,16 @@ public:
 
 void begin(viewer::Stage &stage, Session &session, const RenderRequest &request)
 {
-    const std::string extension = host::path::Extension(request.file);
-    if (extension == "s")
+    const auto is = [&request](std::string_view extension) {
+        return host::path::HasExtension(request.file, extension);
+    };
+    if (is("s"))
         stage.RenderShape(request.file);
-    else if (extension == "eng" || extension == "wag")
+    else if (is("eng") || is("wag"))
         stage.RenderShape(viewer::ReadStockShapeToShow(session.files, request.file).shapeFile);
-    else if (extension == "con")
+    else if (is("con"))
         stage.RenderConsist(request.file, OpenInstallation(session).CurrentFolder());
-    else if (extension == "act")
+    else if (is("act"))
         stage.RenderLooseConsist(viewer::LooseConsistAt(session.files, request.file, request.loose),
                                  OpenInstallation(session).CurrentFolder(), request.file);
     else

@@ -3,6 +3,7 @@
 
 #include "Session.h"
 #include "document/ConsistTree.h"
+#include "host/Path.h"
 
 #include <memory>
 
@@ -16,7 +17,7 @@ struct ResaveOptions
 
 bool isConsist(const StfFile &file)
 {
-    if (host::path::Extension(file.FileName()) != "con")
+    if (!host::path::HasExtension(file.FileName(), "con"))
         return false;
     const StfNode train = file.FindNode("Train");
     return train && train.Child("TrainCfg");

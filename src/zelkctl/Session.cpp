@@ -2,7 +2,8 @@
 #include "Session.h"
 
 #include "host/Console.h"
-#include "host/GamePath.h"
+#include "host/Path.h"
+#include "host/Product.h"
 #include "host/Settings.h"
 
 namespace zelkctl {
@@ -34,21 +35,16 @@ install::Installation OpenInstallation(Session &session)
             throw Failure("--msts: no folder given");
         installation.SetLocation(*session.msts);
     } else {
-        installation.SetLocation(host::UserSettings()->Read("MSTSDir").value_or(""));
+        installation.SetLocation(
+            host::UserSettings()->Read(host::setting::kInstallation).value_or(""));
     }
     const std::string folder = installation.CurrentFolder();
     if (folder.empty())
         throw Failure("no Train Simulator folder: use --msts DIR");
     if (!session.files.FolderExists(folder))
         throw Failure(folder + ": error 76: Path not found");
-    installation.SetLocation(AbsolutePath(folder));
+    installation.SetLocation(host::path::Absolute(folder));
     return installation;
-}
-
-std::string AbsolutePath(const std::string &path)
-{
-    const auto steps = host::GamePath::Of(path);
-    return steps ? steps->text : path;
 }
 
 void TellClosed(Session &session, const std::string &folder)

@@ -36,9 +36,6 @@ inline constexpr int kCouldNotRun = 2;
 /// the one set in ZELK, else the registered one. Throws Failure when there is none.
 install::Installation OpenInstallation(Session &session);
 
-/// The absolute form of a path named on the command line.
-std::string AbsolutePath(const std::string &path);
-
 /// Reports that a folder's names cannot be read; the command goes on and ends with kCouldNotRun.
 void TellClosed(Session &session, const std::string &folder);
 

@@ -2,6 +2,7 @@
 #include "ShapeCommand.h"
 
 #include "Session.h"
+#include "korvat/formats/ReadShape.h"
 #include "korvat/model/Geometry.h"
 
 #include <charconv>

@@ -2,6 +2,7 @@
 #include "app/CheckCommands.h"
 
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "install/Installation.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"

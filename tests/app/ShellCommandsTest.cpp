@@ -4,6 +4,7 @@
 #include "app/ConsistFiles.h"
 #include "app/Desktop.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "install/Installation.h"
 #include "support/Environment.h"

@@ -2,6 +2,7 @@
 #include "document/ConsistList.h"
 
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "install/Installation.h"
 #include "support/Environment.h"
 #include "support/TempFolder.h"

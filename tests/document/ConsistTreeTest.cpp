@@ -2,6 +2,7 @@
 #include "document/ConsistTree.h"
 
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

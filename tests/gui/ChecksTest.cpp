@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The check commands through the main window.
 #include "GuiTest.h"
+#include "host/Path.h"
 #include "ui/dialogs/QtDialogs.h"
 #include "ui/dialogs/frmResults.h"
 #include "ui/dialogs/frmSelector.h"

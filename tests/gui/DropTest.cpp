@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Files and folders dropped on the main window.
 #include "GuiTest.h"
+#include "host/Path.h"
 
 #include <QAbstractItemView>
 #include <QMimeData>

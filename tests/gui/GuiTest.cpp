@@ -2,6 +2,7 @@
 #include "GuiTest.h"
 
 #include "document/ConsistTree.h"
+#include "host/Path.h"
 #include "ui/main/MainStatusBar.h"
 #include "ui/main/Program.h"
 

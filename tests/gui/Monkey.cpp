@@ -5,6 +5,7 @@
 // 0, or is ended: by a sanitizer, by a signal, or by itself when a step takes too long.
 #include "GuiTest.h"
 
+#include "host/Path.h"
 #include "ui/dialogs/QtDialogs.h"
 #include "ui/main/Colours.h"
 #include "ui/main/Program.h"

@@ -2,6 +2,7 @@
 #include "ui/dialogs/QtDialogs.h"
 
 #include "GuiTest.h"
+#include "host/Path.h"
 
 #include <QAbstractButton>
 #include <QFileDialog>

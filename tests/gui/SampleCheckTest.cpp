@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "GuiTest.h"
+#include "host/Path.h"
 #include "samples/Defects.h"
 #include "samples/Sample.h"
 #include "ui/dialogs/frmResults.h"

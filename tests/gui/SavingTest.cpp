@@ -2,6 +2,7 @@
 // Saving while others write the same files, and how an editor shows what is not saved.
 #include "GuiTest.h"
 #include "host/Folders.h"
+#include "host/Path.h"
 #include "ui/widgets/ListView.h"
 
 #include <QAbstractButton>

@@ -2,6 +2,7 @@
 // What the main window does with the world around it.
 #include "GuiTest.h"
 
+#include "host/Path.h"
 #include "ui/dialogs/frmResults.h"
 #include "ui/main/QtDesktop.h"
 #include "ui/print/PrintJobs.h"

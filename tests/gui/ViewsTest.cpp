@@ -4,6 +4,7 @@
 #include "korvat/TestShape.h"
 
 #include "host/Folders.h"
+#include "host/Path.h"
 #include "ui/dialogs/frmResults.h"
 #include "ui/view3d/ViewerPane.h"
 #include "ui/view3d/sfCanvas.h"
@@ -550,8 +551,8 @@ TEST_F(ViewsTest, TwoWindowsShareWhatTheyShowAndOneMayClose)
     first.findChild<ViewerPane *>()->hscView->setValue(10);
     EXPECT_TRUE(showsWagon(second));
     EXPECT_TRUE(showsWagon(*first.findChild<sfCanvas *>()));
-    EXPECT_EQ(scene().Models.Item(1).Model().Shape(),
-              first.findChild<ViewerPane *>()->View()->Models.Item(2).Model().Shape());
+    EXPECT_EQ(scene().Models.Item(1).Model().Loaded(),
+              first.findChild<ViewerPane *>()->View()->Models.Item(2).Model().Loaded());
     first.close();
     ASSERT_TRUE(Wait([this] { return window->Documents().size() == 2; }));
     Active()->resize(Active()->size() - QSize(40, 30));

@@ -3,6 +3,7 @@
 
 #include "GuiTest.h"
 #include "host/Folders.h"
+#include "host/Path.h"
 #include "ui/widgets/ListView.h"
 
 #include <QAbstractButton>

@@ -2,6 +2,7 @@
 #include "ui/main/frmMain.h"
 
 #include "GuiTest.h"
+#include "host/Path.h"
 #include "support/KnownFolders.h"
 
 #include <QAbstractButton>

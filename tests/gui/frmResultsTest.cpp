@@ -2,6 +2,7 @@
 #include "ui/dialogs/frmResults.h"
 
 #include "GuiTest.h"
+#include "host/Path.h"
 
 #include <QClipboard>
 #include <QLabel>

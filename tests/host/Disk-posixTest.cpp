@@ -2,6 +2,7 @@
 #include "host/Disk.h"
 
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
 #include "support/FailingStep-posix.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/GameFiles.h"
+#include "host/Path.h"
 
 #include "host/Disk.h"
 #include "host/RuntimeError.h"

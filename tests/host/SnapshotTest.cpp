@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/Snapshot.h"
 
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "support/TempFolder.h"
 

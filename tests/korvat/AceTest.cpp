@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Build.h"
 #include "Pixels.h"
+#include "korvat/formats/ReadAce.h"
 #include "samples/AceWriter.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Build.h"
 #include "Pixels.h"
+#include "korvat/formats/ReadDds.h"
 
 #include <gtest/gtest.h>
 

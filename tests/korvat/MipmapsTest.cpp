@@ -2,6 +2,7 @@
 #include "korvat/formats/Mipmaps.h"
 
 #include "korvat/formats/Dxt.h"
+#include "korvat/formats/DxtEncode.h"
 #include "korvat/formats/TextureBuilder.h"
 
 #include <gtest/gtest.h>

@@ -4,6 +4,7 @@
 #include "Build.h"
 #include "TestShape.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "samples/AceWriter.h"
 #include "support/TempFolder.h"
 

@@ -2,6 +2,7 @@
 #include "korvat/formats/Shape.h"
 
 #include "Build.h"
+#include "korvat/formats/ReadShape.h"
 #include "korvat/model/Geometry.h"
 #include "samples/ShapeWriter.h"
 

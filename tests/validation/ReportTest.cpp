@@ -2,6 +2,7 @@
 #include "validation/Report.h"
 
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "support/TempFolder.h"
 

@@ -2,6 +2,7 @@
 #include "validation/TSValidation.h"
 
 #include "SmallInstallation.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 
 #include <gtest/gtest.h>
@@ -40,26 +41,25 @@ TEST(TSValidationTest, TranslatesResultKeys)
 TEST(TSValidationTest, PrintsAndJudgesFindingsFromTheirData)
 {
     using validation::Finding;
+    using validation::Verdict;
     const struct
     {
         Finding finding;
         const char *line;
         bool isError;
     } rows[] = {
-        {{TSValidation::IsMissing, "a|b.wag", ""}, "ERROR: a|b.wag is MISSING", true},
-        {{TSValidation::HasMissingReference, "a|b", "c|d"},
+        {{Verdict::Missing, "a|b.wag", ""}, "ERROR: a|b.wag is MISSING", true},
+        {{Verdict::HasMissingReference, "a|b", "c|d"},
          "ERROR: a|b references missing file c|d",
          true},
-        {{TSValidation::IsReferenced, "ERROR: |a", "b"},
-         "INFO: ERROR: |a references file b",
-         false},
-        {{TSValidation::IsOK, "a", ""}, "INFO: a is OK", false},
-        {{TSValidation::IsValid, "a", "b"}, "INFO: b referenced by a is OK", false},
-        {{TSValidation::IsSuspect, "a", " "},
+        {{Verdict::Referenced, "ERROR: |a", "b"}, "INFO: ERROR: |a references file b", false},
+        {{Verdict::Ok, "a", ""}, "INFO: a is OK", false},
+        {{Verdict::Valid, "a", "b"}, "INFO: b referenced by a is OK", false},
+        {{Verdict::Suspect, "a", " "},
          "ERROR: a is SUSPECT due to problems with dependent files",
          true},
-        {{TSValidation::IsMissing, "a\nb", ""}, "ERROR: a b is MISSING", true},
-        {{99, "a", "b"}, "ERROR: ", true},
+        {{Verdict::Missing, "a\nb", ""}, "ERROR: a b is MISSING", true},
+        {{Verdict{99}, "a", "b"}, "ERROR: ", true},
     };
     for (const auto &[finding, line, isError] : rows) {
         EXPECT_EQ(ReportLine(finding), line);
@@ -72,7 +72,7 @@ TEST(TSValidationTest, PrintsAndJudgesFindingsFromTheirData)
     TSValidation validation(place.Location(), place.Files());
     const std::string file = place.At("no|ne.wag");
     validation.CheckStock(file);
-    EXPECT_EQ(validation.Findings(), (std::vector<Finding>{{TSValidation::IsMissing, file, ""}}));
+    EXPECT_EQ(validation.Findings(), (std::vector<Finding>{{Verdict::Missing, file, ""}}));
     EXPECT_EQ(validation.Errors(), std::vector<std::string>{"1|" + file + '|'});
     validation.Reset();
     EXPECT_TRUE(validation.Findings().empty());

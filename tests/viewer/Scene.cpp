@@ -2,6 +2,7 @@
 #include "Scene.h"
 
 #include "host/Folders.h"
+#include "host/Path.h"
 
 #include <fstream>
 #include <new>

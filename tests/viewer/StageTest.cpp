@@ -2,6 +2,7 @@
 #include "viewer/Stage.h"
 
 #include "Scene.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "stavfile/StfFile.h"
 #include "viewer/Numbers.h"

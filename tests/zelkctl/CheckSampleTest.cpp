@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "SampleFixture.h"
+#include "host/Path.h"
 #include "samples/Defects.h"
 
 #include <map>

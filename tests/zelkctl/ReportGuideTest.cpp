@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The guide explains every line that the checks report, word for word, and no others.
 #include "ZelkctlTest.h"
+#include "host/Path.h"
 #include "samples/Sample.h"
 
 #include <filesystem>

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ZelkctlTest.h"
+#include "host/Path.h"
 #include "samples/Sample.h"
 
 #include <algorithm>

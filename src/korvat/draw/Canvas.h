@@ -15,7 +15,8 @@ public:
     virtual void CanvasStart() = 0;
     /// From now on frames are taken.
     virtual void CanvasBeginRendering() = 0;
-    /// What models are attached to; null before CanvasStart and where nothing can be drawn.
+    /// Returns the renderer that models attach to and that holds the device; null before
+    /// CanvasStart and where nothing can be drawn.
     virtual Renderer *Device() = 0;
     /// Brings the canvas back after a resize or a loss of what it drew on.
     virtual void CanvasRestore() = 0;

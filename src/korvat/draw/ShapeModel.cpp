@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "korvat/draw/ShapeModel.h"
 
-#include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "korvat/draw/Renderer.h"
 
@@ -84,6 +84,6 @@ std::size_t ShapeModel::slot(int index) const
 
 void ShapeModel::Render(int, float) const
 {
-    if (m_device)
-        m_device->Add(m_model, m_world, m_pictures);
+    if (m_renderer)
+        m_renderer->Add(m_model, m_world, m_pictures);
 }

@@ -21,8 +21,9 @@ public:
     /// `source` must outlive the model.
     explicit ShapeModel(korvat::ModelSource &source);
 
-    /// Attaches the model to what draws it; null detaches. The device must outlive the attachment.
-    void SetDevice(korvat::Renderer *device) { m_device = device; }
+    /// Attaches the model to the renderer that draws it; null detaches. The renderer must outlive
+    /// the attachment.
+    void SetRenderer(korvat::Renderer *renderer) { m_renderer = renderer; }
     /// Where textures are looked for that are not beside the shape, as seen from its folder.
     void SetTexturePath(std::string path) { m_texturePath = std::move(path); }
 
@@ -47,7 +48,7 @@ public:
     void SetWorldMatrix(const korvat::Transform &world) { m_world = world; }
     const korvat::Transform &WorldMatrix() const { return m_world; }
 
-    /// Adds the model to the frame that its device has begun: `level` is the level of detail,
+    /// Adds the model to the frame that its renderer has begun: `level` is the level of detail,
     /// counted from 1 (this model holds the nearest), `distance` a distance for choosing one, less
     /// than 0 for none.
     void Render(int level, float distance) const;
@@ -55,8 +56,8 @@ public:
     /// itself, with the next frame, so that a model has nothing left to do.
     void Restore() const {}
 
-    /// What was read; null without a shape.
-    const korvat::Model *Shape() const { return m_model.get(); }
+    /// Returns the model that was read; null without a shape.
+    const korvat::Model *Loaded() const { return m_model.get(); }
 
 private:
     void load(const std::string &path);
@@ -64,7 +65,7 @@ private:
     std::size_t slot(int index) const;
 
     korvat::ModelSource &m_source;
-    korvat::Renderer *m_device = nullptr;
+    korvat::Renderer *m_renderer = nullptr;
     std::shared_ptr<const korvat::Model> m_model;
     std::string m_folder, m_texturePath, m_error;
     std::vector<std::string> m_problems;

@@ -19,12 +19,6 @@ Pixel From565(std::uint16_t packed);
 std::vector<std::uint8_t> DecodeBlocks(PixelFormat format, Bytes blocks, std::uint32_t width,
                                        std::uint32_t height, bool hasAlpha);
 
-/// Encodes a level, four bytes a pixel, into `blocks`, which has LevelSize bytes. Made for the
-/// smaller levels of textures: fast, and not as faithful as can be. In DXT1, pixels with an alpha
-/// below 128 become holes.
-void EncodeBlocks(PixelFormat format, Bytes pixels, std::uint32_t width, std::uint32_t height,
-                  std::span<std::uint8_t> blocks);
-
 /// True when a pixel of a DXT1 level is transparent.
 bool HasHoles(Bytes blocks);
 

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "korvat/formats/DxtEncode.h"
+
 #include "korvat/formats/Dxt.h"
 
 #include <algorithm>

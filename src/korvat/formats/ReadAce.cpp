@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "korvat/formats/ReadAce.h"
+
 #include "korvat/formats/Container.h"
 #include "korvat/formats/Limits.h"
 #include "korvat/formats/TextureBuilder.h"

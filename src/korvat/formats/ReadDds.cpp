@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "korvat/formats/ReadDds.h"
+
 #include "korvat/formats/Dxt.h"
 #include "korvat/formats/TextureBuilder.h"
 

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "korvat/formats/ReadShape.h"
+
 #include "korvat/formats/BinaryBlock.h"
 #include "korvat/formats/Container.h"
 #include "korvat/formats/Limits.h"

@@ -226,8 +226,4 @@ struct ShapeFile
     ReadError error;
 };
 
-/// Reads a shape in any of its forms. Never throws on content; takes memory and time in proportion
-/// to what the file holds. NotThisFormat when it is no shape.
-ShapeFile ReadShape(std::string_view bytes);
-
 } // namespace korvat

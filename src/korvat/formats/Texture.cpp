@@ -2,6 +2,8 @@
 #include "korvat/formats/Texture.h"
 
 #include "korvat/formats/Dxt.h"
+#include "korvat/formats/ReadAce.h"
+#include "korvat/formats/ReadDds.h"
 
 namespace korvat {
 

@@ -60,11 +60,8 @@ struct TextureFile
     ReadError error;
 };
 
-/// Read a texture whose form is known, or either form by its first bytes. Never throw on content;
-/// what they make is at most eight times as large as what the file holds. Without an error there
-/// is at least one level.
-TextureFile ReadAce(std::string_view bytes);
-TextureFile ReadDds(std::string_view bytes);
+/// Reads a texture in either form, which its first bytes tell. Never throws on content; the texture
+/// is at most eight times as large as the file's data. Without an error it has at least one level.
 TextureFile ReadTexture(std::string_view bytes);
 
 } // namespace korvat

@@ -2,6 +2,7 @@
 #include "korvat/model/FindTexture.h"
 
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/Text.h"
 
 #include <vector>

@@ -2,10 +2,12 @@
 #include "korvat/model/ModelLibrary.h"
 
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 #include "korvat/formats/Limits.h"
 #include "korvat/formats/Mipmaps.h"
+#include "korvat/formats/ReadShape.h"
 #include "korvat/model/FindTexture.h"
 #include "korvat/model/MakeModel.h"
 

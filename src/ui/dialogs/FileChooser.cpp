@@ -2,7 +2,7 @@
 #include "ui/dialogs/FileChooser.h"
 
 #include "host/Disk.h"
-#include "host/GamePath.h"
+#include "host/Path.h"
 #include "host/Text.h"
 
 #include <QComboBox>
@@ -33,12 +33,13 @@ std::vector<std::string> PathsShownAs(const QString &shown)
         std::vector<std::string> next;
         for (const std::string &path : paths) {
             if (!step.contains(QChar::ReplacementCharacter)) {
-                next.push_back(step.isEmpty() ? path + "/" : host::Below(path, step.toStdString()));
+                next.push_back(step.isEmpty() ? path + "/"
+                                              : host::disk::Join(path, step.toStdString()));
                 continue;
             }
             for (const host::disk::ListedName &entry : namesIn(path))
                 if (QString::fromUtf8(entry.name.c_str()) == step)
-                    next.push_back(host::Below(path, entry.name));
+                    next.push_back(host::disk::Join(path, entry.name));
         }
         paths = std::move(next);
     }

@@ -5,6 +5,7 @@
 #include "gl/OffscreenPainter.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "install/Installation.h"
 #include "install/Registry.h"
 

@@ -2,6 +2,7 @@
 #include "ui/dialogs/frmAbout.h"
 
 #include "app/modZELK.h"
+#include "host/Product.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -92,7 +93,7 @@ void frmAbout::fillHistory()
     lvHistory->setHeaderLabels({QStringLiteral("Version"), QStringLiteral("Note")});
     lvHistory->setRootIsDecorated(false);
     lvHistory->setUniformRowHeights(true);
-    for (const auto &[version, note] : modZELK::kHistory)
+    for (const auto &[version, note] : host::product::kHistory)
         new QTreeWidgetItem(lvHistory, {QString::fromLatin1(version), QString::fromLatin1(note)});
     lvHistory->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
 }

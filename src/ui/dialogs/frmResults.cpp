@@ -2,7 +2,7 @@
 #include "ui/dialogs/frmResults.h"
 
 #include "host/Dialogs.h"
-#include "host/GameFiles.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "ui/dialogs/FindBar.h"
 #include "ui/dialogs/ReportView.h"

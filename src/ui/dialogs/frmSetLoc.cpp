@@ -3,6 +3,7 @@
 
 #include "host/Folders.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
 #include "install/Installation.h"
 #include "install/TypedLocation.h"
 #include "ui/widgets/NamedControls.h"

@@ -6,6 +6,7 @@
 #include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "host/Guard.h"
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 #include "install/Installation.h"

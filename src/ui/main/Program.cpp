@@ -6,6 +6,7 @@
 #include "app/modZELK.h"
 #include "host/Console.h"
 #include "host/GameFiles.h"
+#include "host/Product.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
 #include "host/Text.h"
@@ -81,7 +82,7 @@ int RunProgram(int argc, char **argv)
 
     const int givenArguments = argc;
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QString::fromLatin1(modZELK::kTitle.data()));
+    QApplication::setApplicationName(QString::fromLatin1(host::product::kName.data()));
     DressApplication(application);
     NameAccessibleRoles();
     QtDialogs dialogs;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/WindowBounds.h"
 
+#include "host/Product.h"
 #include "host/Settings.h"
 
 #include <algorithm>
@@ -12,11 +13,11 @@ namespace {
 
 struct Setting
 {
-    const char *key;
+    std::string_view key;
     float defaultTwips;
 };
-constexpr Setting kLeft{"MainLeft", 1000}, kTop{"MainTop", 1000}, kWidth{"MainWidth", 6500},
-    kHeight{"MainHeight", 6500};
+constexpr Setting kLeft{host::setting::kLeft, 1000}, kTop{host::setting::kTop, 1000},
+    kWidth{host::setting::kWidth, 6500}, kHeight{host::setting::kHeight, 6500};
 
 int readPixels(host::SettingsStore &settings, const Setting &setting)
 {

@@ -7,6 +7,8 @@
 #include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "host/Guard.h"
+#include "host/Path.h"
+#include "host/Product.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
 #include "ui/dialogs/frmResults.h"
@@ -73,7 +75,7 @@ frmMain::~frmMain()
 void frmMain::buildFrame()
 {
     setObjectName("frmMain");
-    setWindowTitle(QString::fromLatin1(modZELK::kTitle.data()));
+    setWindowTitle(QString::fromLatin1(host::product::kName.data()));
     setAcceptDrops(true);
     m_area->setObjectName("mdiArea");
     m_area->setAccessibleName(QStringLiteral("Document windows"));
@@ -149,9 +151,11 @@ void frmMain::loadSettings()
     if (m_windowSettings.maximised)
         setWindowState(Qt::WindowMaximized);
     // Installed programs lie where users cannot write.
-    const std::optional<std::string> pictures = m_services.settings.Read("ScreenShotDir");
+    const std::optional<std::string> pictures =
+        m_services.settings.Read(host::setting::kScreenshots);
     m_screenShotFolder = pictures ? *pictures : host::ProgramFolder();
-    m_installation.SetLocation(m_services.settings.Read("MSTSDir").value_or(std::string()));
+    m_installation.SetLocation(
+        m_services.settings.Read(host::setting::kInstallation).value_or(std::string()));
 }
 
 void frmMain::saveSettings()
@@ -164,8 +168,8 @@ void frmMain::saveSettings()
             m_windowSettings.normal = normalGeometry().translated(pos() - geometry().topLeft());
         }
         app::WriteWindowSettings(m_services.settings, m_windowSettings);
-        m_services.settings.Write("MSTSDir", m_installation.CurrentFolder());
-        m_services.settings.Write("ScreenShotDir", m_screenShotFolder);
+        m_services.settings.Write(host::setting::kInstallation, m_installation.CurrentFolder());
+        m_services.settings.Write(host::setting::kScreenshots, m_screenShotFolder);
     });
 }
 

@@ -7,6 +7,7 @@
 #include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "host/Guard.h"
+#include "host/Path.h"
 #include "ui/dialogs/frmResults.h"
 #include "ui/dialogs/frmSetLoc.h"
 #include "ui/main/MainStatusBar.h"

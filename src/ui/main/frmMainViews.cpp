@@ -3,8 +3,8 @@
 #include "ui/main/frmMain.h"
 
 #include "app/modZELK.h"
-#include "host/GameFiles.h"
 #include "host/Guard.h"
+#include "host/Path.h"
 #include "viewer/LooseConsists.h"
 #include "viewer/Numbers.h"
 #include "viewer/StockShape.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/view3d/SavedPictureBar.h"
 
-#include "host/GameFiles.h"
+#include "host/Path.h"
 #include "ui/widgets/NamedControls.h"
 
 #include <QAccessible>

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "host/GamePath.h"
+#include "host/Path.h"
 
 #include "host/Disk.h"
-#include "host/GameFiles.h"
 #include "host/Text.h"
 
 #include <algorithm>
@@ -71,7 +70,7 @@ std::optional<GamePath> GamePath::Of(std::string_view path)
         return std::nullopt;
     std::string absolute;
     if (disk::RootLength(path) == 0) {
-        absolute = Below(disk::CurrentFolder(), path);
+        absolute = disk::Join(disk::CurrentFolder(), path);
         path = absolute;
     }
     const std::size_t rootLength = disk::RootLength(path);
@@ -84,28 +83,12 @@ std::optional<GamePath> GamePath::Of(std::string_view path)
     return out;
 }
 
-std::string Below(const std::string &folder, std::string_view name)
-{
-    std::string out;
-    out.reserve(folder.size() + 1 + name.size());
-    out = folder;
-    if (!out.empty() && out.back() != path::kSeparator)
-        out += path::kSeparator;
-    out += name;
-    return out;
-}
-
 namespace path {
 
-std::string Join(std::string_view folder, std::string_view relative)
+std::string Join(std::string_view folder, std::string_view relative, Leading leading)
 {
-    if (!relative.empty() && IsSeparator(relative.front()))
+    if (leading == Leading::Dropped && !relative.empty() && IsSeparator(relative.front()))
         relative.remove_prefix(1);
-    return Append(folder, relative);
-}
-
-std::string Append(std::string_view folder, std::string_view relative)
-{
     std::string out;
     out.reserve(folder.size() + 1 + relative.size());
     out = folder;
@@ -126,16 +109,33 @@ std::string_view FolderWithSeparator(std::string_view path)
     return path.substr(0, endOfFolder(path));
 }
 
+std::string Folder(std::string_view path)
+{
+    const std::size_t end = endOfFolder(path);
+    return end == 0 ? "." : std::string(path.substr(0, end - 1));
+}
+
 std::string Extension(std::string_view path)
 {
     const std::size_t dot = path.rfind('.');
     return ToLower(dot == std::string_view::npos ? path : path.substr(dot + 1));
 }
 
+bool HasExtension(std::string_view path, std::string_view extension)
+{
+    return Extension(path) == extension;
+}
+
 std::string BaseName(std::string_view path)
 {
     const std::string_view name = FileName(path);
     return std::string(name.substr(0, name.rfind('.')));
+}
+
+std::string Absolute(std::string_view path)
+{
+    std::optional<GamePath> steps = GamePath::Of(path);
+    return steps ? std::move(steps->text) : std::string(path);
 }
 
 std::string ToText(std::string_view bytes)
