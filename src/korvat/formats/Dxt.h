@@ -11,21 +11,21 @@ namespace korvat {
 /// Red, green, blue, alpha.
 using Pixel = std::array<std::uint8_t, 4>;
 
-/// A pixel of two bytes with 5, 6 and 5 bits, opaque.
+/// Unpacks an opaque pixel of two bytes: 5, 6 and 5 bits.
 Pixel From565(std::uint16_t packed);
 
-/// Decodes a level of blocks; `blocks` has LevelSize bytes. Blocks without alpha of their own show
-/// their fourth colour as opaque black where `hasAlpha` is false.
+/// Decodes a level of `blocks`, which has LevelSize bytes. If `hasAlpha` is false, every pixel is
+/// opaque; the transparent colour of DXT1 is then black.
 std::vector<std::uint8_t> DecodeBlocks(PixelFormat format, Bytes blocks, std::uint32_t width,
                                        std::uint32_t height, bool hasAlpha);
 
-/// Encodes a level, four bytes a pixel, into `blocks`, which has LevelSize bytes. Made for the
-/// smaller levels of textures: fast, and not as faithful as can be. In DXT1, pixels with an alpha
-/// below 128 become holes.
+/// Encodes a level of four bytes per pixel into `blocks`, which has LevelSize bytes. Meant for the
+/// smaller levels of textures: fast rather than as faithful as possible. In DXT1, pixels with an
+/// alpha below 128 become holes.
 void EncodeBlocks(PixelFormat format, Bytes pixels, std::uint32_t width, std::uint32_t height,
                   std::span<std::uint8_t> blocks);
 
-/// True when a pixel of a DXT1 level is transparent.
+/// True if any pixel of a DXT1 level is transparent.
 bool HasHoles(Bytes blocks);
 
 } // namespace korvat

@@ -133,7 +133,7 @@ private:
         return share == Share::Whole;
     }
 
-    /// The bits of a mask, stretched to a byte.
+    /// Returns the bits of a mask, scaled to a byte.
     static std::uint8_t sample(std::uint32_t value, std::uint32_t mask)
     {
         const int shift = std::countr_zero(mask);
