@@ -19,7 +19,7 @@ void tell(const std::string &text)
     host::WriteTo(host::Stream::Error, "zelkctl: " + text + "\n");
 }
 
-/// Tells what the window would show in message boxes.
+/// Writes to stderr what the window would show in message boxes.
 class QuietDialogs : public host::UnansweredDialogs
 {
 public:

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kLargestSide = 8192;
 
-/// Numbers with separators between them, exactly as many as there is room for.
+/// Parses numbers between separators; returns false unless there are exactly `count`.
 template <typename Number, std::size_t count>
 bool parseNumbers(const std::string &text, char separator, std::array<Number, count> &numbers)
 {
