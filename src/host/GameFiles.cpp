@@ -16,7 +16,7 @@ namespace {
     throw RuntimeError(failure.number, std::string(path) + ": " + failure.reason);
 }
 
-/// Why something below a folder of this path cannot be reached.
+/// Throws the reason why nothing below a folder of this path can be reached.
 [[noreturn]] void failWithoutFolder(std::string_view path)
 {
     const std::optional<GamePath> steps = GamePath::Of(path);
@@ -66,7 +66,7 @@ std::optional<std::filesystem::path> GameFiles::FindFile(std::string_view path)
     const std::optional<GamePath> steps = GamePath::Of(path);
     if (!steps || steps->endsInSeparator)
         return std::nullopt;
-    // Spelled exactly it would be found first anyway; that costs one question instead of many.
+    // The exact spelling would be found first anyway; this costs one query instead of many.
     if (disk::KindOf(steps->text) == disk::Kind::File)
         return path::ToDisk(steps->text);
     if (disk::kIgnoresCase)
@@ -100,7 +100,7 @@ std::string GameFiles::spelledByListings(const GamePath &path)
             m_listings->Matches(spelled, path.names[i], disk::Kind::Folder);
         if (found.empty() && isLast)
             found = m_listings->Matches(spelled, path.names[i], disk::Kind::File);
-        // Short names and the names in closed folders are not listed.
+        // Listings contain neither short names nor the names in closed folders.
         spelled = found.empty() ? Below(spelled, path.names[i]) : found.front();
     }
     return spelled;

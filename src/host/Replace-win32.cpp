@@ -11,7 +11,7 @@ namespace {
 
 using MaybeFailure = std::optional<Failure>;
 
-/// What a file that takes another's place must have itself: not every file system hands it over.
+/// Attributes that a replacing file must have itself: not every file system transfers them.
 constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                                   FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
 
@@ -20,7 +20,7 @@ MaybeFailure failed(DWORD error)
     return FailureOf(error, ErrorNumber::PathNotFound);
 }
 
-/// The file that a link leads to, or the path itself; "" when the link leads nowhere.
+/// Returns the file that a link leads to, or the path itself; "" if the link leads nowhere.
 std::wstring endOfLinks(const std::wstring &path)
 {
     const DWORD attributes = GetFileAttributesW(path.c_str());
@@ -36,7 +36,8 @@ std::wstring endOfLinks(const std::wstring &path)
     return end;
 }
 
-/// Looks at what stands at the target before it is replaced; INVALID_FILE_ATTRIBUTES for nothing.
+/// Examines the target before it is replaced; its attributes are INVALID_FILE_ATTRIBUTES if there
+/// is none.
 MaybeFailure inspect(const std::wstring &path, DWORD &attributes)
 {
     attributes = GetFileAttributesW(path.c_str());
@@ -48,14 +49,14 @@ MaybeFailure inspect(const std::wstring &path, DWORD &attributes)
         return Failure{ErrorNumber::PathFileAccess, "it is not a file"};
     if (attributes & FILE_ATTRIBUTE_READONLY)
         return Failure{ErrorNumber::PermissionDenied, "the file is read-only"};
-    // Who may not write into it, or finds it in use, learns that before anything is written.
+    // If the user may not write to it, or it is in use, that must show before anything is written.
     const Handle file(CreateFileW(path.c_str(), GENERIC_WRITE,
                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                   OPEN_EXISTING, 0, nullptr));
     return file ? std::nullopt : failed(GetLastError());
 }
 
-/// The file that is written beside the target; deleted unless it has become the target.
+/// The file that is written beside the target; deleted unless it becomes the target.
 class TemporaryFile
 {
 public:
@@ -74,7 +75,7 @@ public:
         static std::atomic<unsigned> counter = 0;
         const std::wstring start =
             folder + L".zelk-" + std::to_wstring(GetCurrentProcessId()) + L'-';
-        do { // a name in use is left over from another process of this number
+        do { // an existing name is left over from another process of this number
             m_start = start + std::to_wstring(counter++);
             m_path = m_start + L".tmp";
             m_file.emplace(CreateFileW(m_path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
@@ -102,7 +103,7 @@ public:
         const bool flushed = FlushFileBuffers(m_file->Get());
         const DWORD error = GetLastError();
         m_file->Close();
-        // Some network file systems know no flushing.
+        // Some network file systems cannot flush.
         return flushed || error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED
                    ? std::nullopt
                    : failed(error);
@@ -117,7 +118,7 @@ public:
         return std::nullopt;
     }
 
-    /// Takes the place of a file, and over its permissions, attributes and time of creation.
+    /// Replaces a file and takes over its permissions, attributes and time of creation.
     MaybeFailure BecomeExisting(const std::wstring &target)
     {
         const std::wstring old = m_start + L".old";
@@ -128,7 +129,7 @@ public:
             return std::nullopt;
         }
         const DWORD error = GetLastError();
-        if (error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2) // the file stands under its other name
+        if (error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2) // the file still has its other name
             return restore(old, target);
         // Not every file system can replace; all can rename over a file.
         if (error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ||

@@ -34,7 +34,7 @@ const char *ClassicText(ErrorNumber number)
 
 namespace {
 
-/// What is wrong when nothing more is known.
+/// Returns what is wrong if nothing more is known.
 const char *plainText(ErrorNumber number)
 {
     switch (number) {
@@ -53,7 +53,7 @@ const char *plainText(ErrorNumber number)
     }
 }
 
-/// What the user can do, or "" when the reason must speak for itself.
+/// Returns what the user can do, or "" if only the reason can help.
 const char *adviceFor(ErrorNumber number)
 {
     switch (number) {
