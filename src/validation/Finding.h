@@ -13,24 +13,24 @@ namespace validation {
 struct Finding
 {
     std::int16_t code = 0;
-    std::string file;      ///< the subject: the file that was checked, or that refers to another
-    std::string dependent; ///< the other file or the part concerned, "" when there is none
+    std::string file;      ///< the file that was checked, or that refers to another
+    std::string dependent; ///< the other file or part concerned, "" if there is none
 
     friend bool operator==(const Finding &, const Finding &) = default;
 };
 
-/// True unless the verdict only informs. Reports show such findings as "ERROR: ...".
+/// True if the verdict is more than information. Reports then show "ERROR: ...".
 bool IsError(const Finding &finding);
-/// The report line of a finding, as OneLine, without line end.
+/// Returns the report line of a finding, as OneLine, without line end.
 std::string ReportLine(const Finding &finding);
-/// A text that is one line whatever the names in it hold: control characters become blanks.
+/// Returns a text as one line, whatever names it contains: control characters become blanks.
 std::string OneLine(std::string text);
-/// "code|file|dependent". Names may hold "|" themselves, so a key cannot always be taken apart
-/// again: decide and print from the finding.
+/// Returns "code|file|dependent". Names may contain "|", so a key cannot always be split again:
+/// decide and print from the finding.
 std::string ResultKey(const Finding &finding);
 /// The name of a verdict as TSValidation has it ("IsMissing"), "" for an unknown code.
 std::string_view VerdictName(std::int16_t code);
-/// How a run-time error appears in a report: "Error 9 - Subscript out of range".
+/// Returns a run-time error as reports show it: "Error 9 - Subscript out of range".
 std::string ErrorText(host::ErrorNumber number);
 
 } // namespace validation

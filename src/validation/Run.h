@@ -15,22 +15,22 @@
 
 namespace validation {
 
-/// What one check of one file gave.
+/// The result of one check of one file.
 struct Outcome
 {
     Findings findings;
     std::int16_t verdict = TSValidation::IsValid;
-    std::exception_ptr error = nullptr; ///< what left the check; the verdict means nothing then
+    std::exception_ptr error = nullptr; ///< thrown by the check; the verdict is then meaningless
 };
 
-/// The check of one file; `Content` may be used by several at once.
+/// Checks one file; several calls may use `content` at once.
 using FileCheck = std::int16_t (*)(Content &content, const std::string &fileName,
                                    Findings &findings);
 
 } // namespace validation
 
-/// One check of a TSValidation from its beginning to its end: gives work to the workers, tells what
-/// they found, keeps the window alive. RuntimeError 5 when another one runs.
+/// One check of a TSValidation from beginning to end: gives work to the workers, reports what they
+/// found, keeps the window responsive. Throws RuntimeError 5 if another one runs.
 class TSValidation::Run
 {
 public:
@@ -40,10 +40,10 @@ public:
     Run &operator=(const Run &) = delete;
 
     validation::Content &Files() { return m_content; }
-    /// Installation folder & "\" & `relative`.
+    /// Returns the installation folder & "\" & `relative`.
     std::string PathOf(std::string_view relative) const;
 
-    /// False when nobody hears messages, so that none needs to be made.
+    /// False if nobody listens to messages, so that none need be created.
     bool WantsMessages() const { return m_wantsMessages; }
     void RaiseMessage(const std::string &message, std::int16_t level = 0) const;
     void RaiseProgress(std::size_t index, std::size_t total) const;
@@ -56,7 +56,7 @@ public:
     validation::Outcome OutcomeOf(validation::FileCheck check, const std::string &fileName);
     std::int16_t Deliver(const validation::Outcome &outcome);
 
-    /// Does jobs 0 to count-1 on the workers and takes their results in order, until there are no
+    /// Runs jobs 0 to count-1 on the workers and takes their results in order, until there are no
     /// more or the check is stopped. The job must not throw.
     template <typename Result, typename Job, typename Take>
     void Each(std::size_t count, const Job &job, const Take &take)
@@ -76,13 +76,14 @@ public:
     }
 
 private:
-    /// How long the window goes without its events while a check waits for a file.
+    /// Longest time without window events while a check waits for a file.
     static constexpr std::chrono::milliseconds kPause{10};
-    /// Results that may wait for being told: enough for the workers while the window paints.
+    /// Number of results that may wait to be reported: enough for the workers while the window
+    /// paints.
     static constexpr std::size_t kAhead = 512;
 
     void pump() const;
-    /// The next result, with the window alive while it waits; nothing when stopped meanwhile.
+    /// Returns the next result and processes window events while it waits; nothing if stopped.
     template <typename Result> std::optional<Result> next(host::Ahead<Result> &ahead) const
     {
         if (!m_owner.ProcessEvents)
@@ -95,7 +96,7 @@ private:
                 return std::nullopt;
         }
     }
-    /// The only way in which a finding is reported.
+    /// Every finding is reported through this function.
     void report(const validation::Finding &finding);
 
     TSValidation &m_owner;
