@@ -273,7 +273,7 @@ std::optional<Failure> WhyNoName(std::string_view path)
     if (IsDevice(system) || isNameOfDevice(name))
         return refused(kNameOfDevice);
     if (name.back() == ' ' || name.back() == '.')
-        return refused("a name that ends in a blank or a dot cannot be kept by Windows");
+        return refused("Windows cannot keep a name that ends in a blank or a dot");
     if (isTooLong(name))
         return refused(kNameTooLong);
     return std::nullopt;

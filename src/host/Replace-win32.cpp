@@ -158,7 +158,7 @@ std::optional<Failure> Replace(const std::string &path, std::string_view bytes)
         return failure;
     const std::wstring target = endOfLinks(SystemPath(path));
     if (target.empty())
-        return Failure{ErrorNumber::PathFileAccess, "the link leads to no file"};
+        return Failure{ErrorNumber::PathFileAccess, "the link does not lead to a file"};
     DWORD before = 0;
     if (auto failure = inspect(target, before))
         return failure;

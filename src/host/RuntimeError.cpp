@@ -43,7 +43,7 @@ const char *plainText(ErrorNumber number)
     case ErrorNumber::SubscriptOutOfRange:
         return "An entry has fewer values than it needs.";
     case ErrorNumber::TypeMismatch:
-        return "There is something else where a number is needed.";
+        return "A value that must be a number is not one.";
     case ErrorNumber::ObjectNotSet:
         return "A block that is needed is missing.";
     case ErrorNumber::PathFileAccess:

@@ -69,13 +69,13 @@ private:
     {
         const lexer::Extent extent = lexer::ValueExtent(m_text, m_at);
         if (extent.strayPlus)
-            note(m_at, "\"+\" is followed by no string and ignored");
+            note(m_at, "a \"+\" without a following string is ignored");
         if (extent.unterminated) {
             note(m_at, "the string that begins here is not closed: it runs to the end of the file");
             m_source.tailFix = lexer::StringFix(m_text);
         } else if (extent.end == m_at + 2 && extent.end < m_text.size() &&
                    lexer::ClassOf(m_text[extent.end]) == lexer::CharClass::Word) {
-            note(m_at, "an empty string stands directly before a word: a doubled quote?");
+            note(m_at, "an empty string is directly before a word: a doubled quote?");
         } else {
             noteSwallowedLines(extent.end);
         }
@@ -140,7 +140,7 @@ private:
     void skipTo(const lexer::Skipped &skipped)
     {
         if (!skipped.fix.empty()) {
-            note(m_at, "what is skipped from here runs to the end of the file");
+            note(m_at, "the comment or block skipped from here runs to the end of the file");
             m_source.tailFix = skipped.fix;
         }
         m_at = skipped.end;
@@ -292,7 +292,7 @@ private:
         if (m_source.notes.size() > kMaxNotes)
             return;
         if (m_source.notes.size() == kMaxNotes) {
-            m_source.notes.push_back({m_notedLine, "there is more to say; it is left out"});
+            m_source.notes.push_back({m_notedLine, "further notes are left out"});
             return;
         }
         m_source.notes.push_back({lineOf(place), std::move(text)});

@@ -41,7 +41,7 @@ float RadToDeg(float radians)
 float Finite(float value)
 {
     if (!std::isfinite(value))
-        throw RuntimeError(ErrorNumber::Overflow, "a place in the scene is no finite number");
+        throw RuntimeError(ErrorNumber::Overflow, "a place in the scene is not a finite number");
     return value;
 }
 

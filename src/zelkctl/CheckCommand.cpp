@@ -200,7 +200,7 @@ void addRoutes(CLI::App &command, CheckOptions &options)
 {
     command
         .add_option("--route", options.routes,
-                    "Routes (their folders' names) in whose activities or services to look")
+                    "Routes (folder names) to search for activities or services")
         ->type_name("R");
 }
 
@@ -262,14 +262,14 @@ void AddCheckCommand(CLI::App &app, Session &session)
 {
     const auto options = std::make_shared<CheckOptions>();
     CLI::App *check = app.add_subcommand(
-        "check", "Check that everything that files name is there, or who uses them");
+        "check", "Check that the files that content names exist, or find its users");
     check->require_subcommand(1);
     check->footer("Prints one line for each finding, \"ERROR: ...\" or \"INFO: ...\".\n"
-                  "--json, --verbose, --quiet and --report FILE go with every check.\n"
+                  "--json, --verbose, --quiet and --report FILE work with every check.\n"
                   "Exit code 0: nothing is wrong; 1: there is an ERROR line; 2: a check could not "
                   "be done; 141: the reader of the output ended first.");
     check->add_flag("--json", options->json, "As a JSON array of objects");
-    check->add_flag("--verbose", options->verbose, "Tell what is in order, too");
+    check->add_flag("--verbose", options->verbose, "Also report what is in order");
     check->add_flag("--quiet", options->quiet, "Show no progress");
     check->add_option("--report", options->report, "Append the findings to this log, framed")
         ->type_name("FILE");

@@ -29,7 +29,7 @@ namespace {
 /// all if it is "".
 std::string hint(const std::string &command)
 {
-    return " (zelkctl " + command + (command.empty() ? "" : " ") + "--help tells more)";
+    return " (see zelkctl " + command + (command.empty() ? "" : " ") + "--help)";
 }
 
 /// Returns the names of the parsed command, as in "check stock".

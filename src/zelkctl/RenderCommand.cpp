@@ -23,7 +23,7 @@ void render(Session &session, RenderArguments &arguments)
     try {
         session.exitCode = host::RunAndWait(program, ToList(arguments));
     } catch (const host::RuntimeError &) {
-        throw Failure("no picture can be made: " + program + " is not there");
+        throw Failure("cannot draw: " + program + " is missing");
     }
 }
 

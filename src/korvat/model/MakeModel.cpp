@@ -61,7 +61,7 @@ void noteShader(const Shape &shape, const PrimState &state, std::vector<std::str
     const std::string *name = itemAt(shape.shaders, std::int64_t{state.shader});
     if (!name || shaderNamed(*name))
         return;
-    std::string note = "shader " + *name + " is not known, drawn lit and solid";
+    std::string note = "unknown shader " + *name + ", drawn lit and solid";
     if (std::find(notes.begin(), notes.end(), note) == notes.end())
         notes.push_back(std::move(note));
 }

@@ -141,7 +141,7 @@ void ViewerPane::showNoCanvas(const std::string &reason)
     if (m_noCanvas)
         return;
     m_noCanvas = new QLabel(QStringLiteral("There is no 3D view here: %1.\n\n"
-                                           "File > Properties lists the textures all the same.")
+                                           "File > Properties still lists the textures.")
                                 .arg(QString::fromStdString(reason)));
     m_noCanvas->setObjectName("lblNoView");
     m_noCanvas->setAlignment(Qt::AlignCenter);
