@@ -53,7 +53,7 @@ const char *plainText(ErrorNumber number)
     }
 }
 
-/// Returns what the user can do, or "" if only the reason can help.
+/// Returns advice for the user, or "" if there is none for this number.
 const char *adviceFor(ErrorNumber number)
 {
     switch (number) {

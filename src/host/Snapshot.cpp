@@ -38,7 +38,7 @@ public:
         return walk(path, depth);
     }
 
-    /// Where to search for a path's last name. A path that cannot be a file's has no leaf.
+    /// A path's last name and the place to search for it. A path that cannot be a file's has none.
     struct Leaf
     {
         const Place *place;
@@ -64,7 +64,7 @@ public:
         return leaf;
     }
 
-    /// What a listing knows about the requested file: the exact spelling first, then in listing
+    /// The listing's entry of the requested file: the exact spelling first, then in listing
     /// order. Without an entry if no listing shows it.
     struct Hit
     {

@@ -5,7 +5,7 @@
 
 namespace stavfile {
 
-/// What the reader needs to know about a block's name to distinguish values, labels and comments
+/// The facts about a block's name by which the reader distinguishes values, labels and comments
 /// (docs/formats.md, "Labels" and "Comments").
 struct Keyword
 {

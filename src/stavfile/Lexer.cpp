@@ -152,8 +152,8 @@ Skipped SkipCommentItem(std::string_view text, std::size_t wordEnd)
 
 namespace {
 
-/// Returns the comment at `at` in a form that is a comment everywhere: where a text is expected,
-/// only a word with a block behind it is one. Sets `end` to the end of the comment.
+/// Returns the comment at `at` in a form that remains a comment in any place: where a text is
+/// expected, only a word followed by a block is a comment. Sets `end` to the end of the comment.
 std::string movableComment(std::string_view gap, std::size_t at, std::size_t &end)
 {
     const std::size_t item = SkipBlanks(gap, end);

@@ -147,7 +147,7 @@ std::string Writer::Run()
     const std::size_t begin = lexer::SkipBlanks(source->text, source->body);
     copy(*source, 0, begin);
     if (begin == source->text.size() && !source->header.empty())
-        m_out += m_lineEnd; // a header alone may lack its line end
+        m_out += m_lineEnd; // a lone header may lack its line end
     writeBody(*m_root, begin, source->text.size(), {true, {}}, false);
     return std::move(m_out);
 }
@@ -337,7 +337,7 @@ bool Writer::isSet(const Node &node, const Part &part)
     return !part.child && !node.ValueAt(part.value).FromSource();
 }
 
-/// True for a part as read, or set in quotes: what follows keeps its meaning.
+/// True if the part leaves the meaning of what follows unchanged: it is as read, or set in quotes.
 bool Writer::isAsRead(const Node &node, const Part &part)
 {
     if (!part.read || part.child)

@@ -136,7 +136,7 @@ public:
 
 private:
     class Run;
-    /// What to search for in one route, and its words in the report.
+    /// A search in one route, and its words in the report.
     struct RouteSearch
     {
         std::string route;

@@ -50,8 +50,9 @@ Ends boxOf(const Block &block, bool holes)
     return any ? box : Ends{{0, 0, 0, 255}, {0, 0, 0, 255}};
 }
 
-/// Returns the diagonal of the box that follows the colours: a channel that falls while the widest
-/// one rises swaps its ends. The outermost colours are rare, so the ends move inwards a little.
+/// Returns the diagonal of the box along which the colours lie: a channel that falls while the
+/// widest one rises swaps its ends. The outermost colours are rare, so the ends move inwards a
+/// little.
 Ends endsOf(const Block &block, bool holes)
 {
     Ends ends = boxOf(block, holes);

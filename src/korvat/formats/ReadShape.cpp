@@ -372,7 +372,7 @@ void readText(std::string_view bytes, ShapeFile &file)
 }
 
 /// Returns compressed text as a text file. Behind its sub-header it has one byte per character,
-/// unless the inflated content is a complete file with a header of its own.
+/// unless the inflated content is a complete file with its own header.
 std::string inflatedText(const Container &container)
 {
     const std::string_view text(reinterpret_cast<const char *>(container.payload.data()),

@@ -18,8 +18,8 @@ constexpr std::uint32_t SideOf(std::uint32_t side, std::size_t level)
 /// Appends a level of zeroes and returns its bytes for the caller to fill.
 std::span<std::uint8_t> AddLevel(Texture &texture, std::size_t level, PixelFormat format);
 
-/// How much of a level the file holds. If most of the largest level is missing, the level counts as
-/// missing, so that a small file cannot make the reader allocate much memory.
+/// The share of a level that the file holds. If most of the largest level is missing, the level
+/// counts as missing, so that a small file cannot make the reader allocate much memory.
 enum class Share
 {
     Whole,

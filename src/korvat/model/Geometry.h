@@ -43,7 +43,7 @@ struct Geometry
     std::vector<DrawVertex> vertices;
     std::vector<DrawPart> parts;
     std::size_t triangles = 0;
-    /// Number of triangles left out because they refer to something missing or not a finite number.
+    /// Number of triangles left out because something that they refer to is missing or not finite.
     std::size_t skipped = 0;
 };
 

@@ -38,7 +38,7 @@ public:
     const std::string &Text() const { return m_text; }
     void SetText(std::string text);
 
-    /// Shows in a message box how long the text is, in characters as it was set.
+    /// Shows the length of the text, as it was set, in a message box.
     void ShowMessageProperties();
     /// Asks for a file name and appends the framed text to that file.
     void Save();

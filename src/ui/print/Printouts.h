@@ -20,8 +20,8 @@ class Printout
 public:
     virtual ~Printout() = default;
 
-    /// Lays the content out for a device. Returns the number of pages that it takes, at least one,
-    /// if each page has room for `body`. Call this before PaintPage.
+    /// Lays the content out for a device; `body` is the area for content on each page. Returns the
+    /// number of pages, at least one. Call this before PaintPage.
     virtual int LayOut(QPrinter &printer, const QRectF &body) = 0;
     /// Paints a page, counted from 0; the painter's origin is the top left corner of the body.
     virtual void PaintPage(QPainter &painter, int page) = 0;

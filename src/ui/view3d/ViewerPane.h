@@ -20,7 +20,7 @@ namespace viewer {
 
 class SavedPictureBar;
 
-/// What a 3D window needs from the program around it; all of it must outlive the pane.
+/// The parts of the program that a 3D window uses; all of them must outlive the pane.
 struct PaneHost
 {
     Services services;

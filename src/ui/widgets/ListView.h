@@ -8,7 +8,7 @@
 namespace document {
 
 /// A list in report style: whole rows of equal height, no tree lines. Columns share the list's
-/// width until the user drags one; an only column always follows it. Typing searches in the search
+/// width until the user drags one; a single column always follows it. Typing searches in the search
 /// column.
 class ListView : public QTreeView
 {
@@ -26,7 +26,7 @@ public:
     /// Selects only this row and scrolls to it; -1 selects nothing.
     void SelectRow(int row);
 
-    /// Restores the width of an only column to that of the list.
+    /// Gives a single column the width of the list again.
     void ResetOnlyColumn();
     void SetSearchColumn(int column) { m_searchColumn = column; }
     /// Makes the first column just wide enough for this text; the others share the rest. If it is
@@ -55,7 +55,7 @@ Q_SIGNALS:
     void DeletePressed(Qt::KeyboardModifiers modifiers);
     void LeftPressed();
     void LeftReleased();
-    /// The right button was released, or the menu key pressed, here.
+    /// The right button was released, or the menu key pressed, at this position.
     void MenuWanted(const QPoint &globalPosition);
 
 protected:
