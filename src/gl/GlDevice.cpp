@@ -19,9 +19,9 @@ namespace korvat {
 namespace {
 
 constexpr float kAnisotropy = 8;
-constexpr std::array<float, 4> kBorder = {0, 0, 0, 1}; ///< what shapes say without exception
+constexpr std::array<float, 4> kBorder = {0, 0, 0, 1}; ///< the border colour of all real shapes
 
-// The compressed formats, by their numbers in EXT_texture_compression_s3tc.
+// The numbers of the compressed formats in EXT_texture_compression_s3tc.
 constexpr GLenum kDxt1Rgb = 0x83F0, kDxt1Rgba = 0x83F1, kDxt3 = 0x83F2, kDxt5 = 0x83F3;
 
 GLenum compressedFormat(const Texture &texture)
@@ -36,7 +36,8 @@ GLenum compressedFormat(const Texture &texture)
     }
 }
 
-/// OpenGL that runs on the processor needs seconds for a frame with anisotropic filtering.
+/// True for an OpenGL that runs on the processor: it needs seconds per frame with anisotropic
+/// filtering.
 bool isSoftware(const char *renderer)
 {
     const std::string_view name = renderer ? renderer : "";
@@ -77,7 +78,7 @@ void set(QOpenGLShaderProgram &program, const char *name, Vec3 v)
     program.setUniformValue(name, v.x, v.y, v.z);
 }
 
-/// OpenGL takes the place in a buffer for a pointer.
+/// Converts an offset in a buffer to the pointer that OpenGL expects.
 const void *offset(std::size_t bytes)
 {
     return reinterpret_cast<const void *>(bytes); // NOLINT(performance-no-int-to-ptr)
@@ -226,7 +227,7 @@ bool GlDevice::isCompressed(const Texture &picture) const
     return m_compressedTextures && picture.levels.front().format != PixelFormat::Rgba8;
 }
 
-/// The levels that the card can hold; the number of them.
+/// Uploads the levels that the card can hold; returns their number.
 GLsizei GlDevice::uploadLevels(const Texture &picture)
 {
     const bool compressed = isCompressed(picture);
@@ -270,7 +271,7 @@ void GlDevice::BeginFrame(const FrameSetup &setup)
     glCullFace(GL_BACK);
     glFrontFace(GL_CW);
     glEnable(GL_MULTISAMPLE);
-    // The frame's own alpha stays 1, or what lies behind the window would shine through it.
+    // The frame's own alpha stays 1; otherwise what is behind the window would show through.
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
     setFrame(setup);
     m_lastMesh = 0;
@@ -278,7 +279,7 @@ void GlDevice::BeginFrame(const FrameSetup &setup)
 
 void GlDevice::paintSky(const FrameSetup &setup)
 {
-    // The rays through the middles of the picture's edges, from the rows of the view matrix.
+    // The camera's axes, which are the columns of the view matrix, scaled to the image's edges.
     const auto axis = [&setup](int column, float factor) {
         return Vec3{setup.view.At(0, column), setup.view.At(1, column), setup.view.At(2, column)} *
                factor;

@@ -13,12 +13,12 @@
 
 namespace korvat {
 
-/// A device on OpenGL 3.3. The context with which it was made must be current in every call, also
-/// when it ends.
+/// A device on OpenGL 3.3. The context that it was created with must be current in every call,
+/// including the destructor.
 class GlDevice : public Device, private QOpenGLFunctions_3_3_Core
 {
 public:
-    /// Null when the current context cannot do it; `reason` then says why.
+    /// Returns null, with the reason in `reason`, if the current context cannot be used.
     static std::unique_ptr<GlDevice> Create(std::string &reason);
     ~GlDevice() override;
 
@@ -54,7 +54,7 @@ private:
         int world, colour, textured, opaque, finish, alphaLimit, fades, softEdge, sharpness;
     } m_place{};
     GLuint m_skyArray = 0;
-    std::array<GLuint, 8> m_samplers{}; ///< by addressing, with and without mipmaps
+    std::array<GLuint, 8> m_samplers{}; ///< by address mode, without and with mipmaps
     bool m_compressedTextures = false;
     int m_largestTexture = 0;
     std::unordered_map<unsigned, Buffers> m_meshes;

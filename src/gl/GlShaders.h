@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The programs that run on the graphics card. Matrices come as the rows of korvat::Matrix, which
-/// is what OpenGL takes for columns: vectors stand on the right here.
+/// The programs for the graphics card. OpenGL reads the rows of a korvat::Transform as columns, so
+/// in the shaders a vector is on the right of its matrix.
 namespace korvat::shaders {
 
 inline constexpr char kSurfaceVertex[] = R"(#version 330 core
@@ -54,8 +54,8 @@ float highlightOn(vec3 normal, vec3 toEye)
     return finish == 1 ? 0.35 * pow(along, 25.0) : 0.6 * pow(along, 750.0);
 }
 
-// How much of the pixel is covered. Small copies of a picture have thinner alpha, or fences and
-// handrails would vanish in the distance.
+// Returns how much of the pixel is covered. Lifts the alpha of the texture's smaller levels, so that
+// fences and handrails do not vanish in the distance.
 float coverage(float alpha)
 {
     vec2 size = vec2(textureSize(picture, 0));

@@ -12,17 +12,17 @@ namespace korvat {
 
 class OffscreenPainter;
 
-/// A canvas without a window, for pictures into files.
+/// A canvas without a window, for images in files.
 class OffscreenCanvas : public SceneCanvas
 {
 public:
-    /// Returns null where there is no OpenGL 3.3 and says why in `reason`.
+    /// Returns null, with the reason in `reason`, if there is no OpenGL 3.3.
     static std::unique_ptr<OffscreenCanvas> Create(int width, int height, std::string &reason);
     ~OffscreenCanvas() override;
 
-    /// The last complete frame; null if there is no memory for an image of this size.
+    /// Returns the last complete frame; null if there is no memory for an image of this size.
     QImage Picture();
-    /// The bytes of Picture as a PNG file; empty if they cannot be made.
+    /// Returns the last complete frame as the bytes of a PNG file; empty if that fails.
     std::string PngPicture();
 
 private:

@@ -15,19 +15,19 @@ namespace korvat {
 class GlDevice;
 class Renderer;
 
-/// Turns the frames of one renderer into images, on OpenGL 3.3 and without a window. Needs a
-/// QGuiApplication, and is to be used on its thread.
+/// Turns the frames of one renderer into images, with OpenGL 3.3 and without a window. Requires a
+/// QGuiApplication and must be used on its thread.
 class OffscreenPainter
 {
 public:
-    /// Null where there is no OpenGL 3.3; `reason` then says so.
+    /// Returns null, with the reason in `reason`, if there is no OpenGL 3.3.
     static std::unique_ptr<OffscreenPainter> Create(std::string &reason);
     ~OffscreenPainter();
 
-    /// The renderer's last whole frame; it must always be the same one. A null image when OpenGL
-    /// was lost or has no room for such a picture.
+    /// Returns the last complete frame of the renderer, which must be the same one in every call.
+    /// Returns a null image if OpenGL was lost or has no room for an image of this size.
     QImage Paint(Renderer &renderer, int width, int height);
-    /// To be called before either of the two goes.
+    /// Releases what the device holds for the renderer. Call this before either is destroyed.
     void Release(Renderer &renderer);
 
 private:
@@ -41,7 +41,7 @@ private:
     std::unique_ptr<GlDevice> m_device;
 };
 
-/// Why there is no OpenGL 3.3 here, as words for the user; "" when there is.
+/// Returns the reason why there is no OpenGL 3.3, in words for the user; "" if there is.
 std::string WhyNoOpenGl();
 
 } // namespace korvat

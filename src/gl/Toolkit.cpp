@@ -21,7 +21,7 @@ void reportCritical(QtMsgType type, const QMessageLogContext &, const QString &t
 Toolkit::Toolkit(char **arguments, std::function<void(const std::string &)> report)
 {
 #ifndef _WIN32
-    // No windows are wanted: a display is used for its OpenGL alone.
+    // Needs no windows: a display is used only for its OpenGL.
     qputenv("QT_QPA_PLATFORM", "offscreen");
 #endif
     criticalReport = std::move(report);

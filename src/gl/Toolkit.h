@@ -9,13 +9,13 @@ class QGuiApplication;
 
 namespace korvat {
 
-/// The graphics toolkit for a program without windows. OffscreenCanvas needs one object of this
-/// class while it exists.
+/// The graphics toolkit for a program without windows. An object of this class must exist as long
+/// as an OffscreenCanvas does.
 class Toolkit
 {
 public:
     /// `arguments` are those of main and must outlive the object. `report` receives the toolkit's
-    /// critical messages; its remarks on the user's session are dropped.
+    /// critical and fatal messages; all others are dropped.
     Toolkit(char **arguments, std::function<void(const std::string &)> report);
     ~Toolkit();
 

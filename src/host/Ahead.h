@@ -16,14 +16,14 @@
 
 namespace host {
 
-/// Number of workers to use when nobody says otherwise: one for each core, at least one.
+/// Returns the default number of workers: one for each core, at least one.
 std::size_t DefaultWorkers();
 
-/// Runs jobs 0 to count-1 ahead on worker threads and hands their results over in that order, so
-/// that what the caller sees is the same for any number of workers. The job must not throw and
-/// must not touch what belongs to the caller's thread. At most `window` results (at least one) wait
-/// or are being made. Where there are many jobs for each worker, it does a few in a row before it
-/// hands them over, since that costs as much as a small file. One thread takes and stops.
+/// Runs jobs 0 to count-1 ahead on worker threads and delivers their results in that order, so that
+/// the caller sees the same for any number of workers. The job must not throw and must not touch
+/// data of the caller's thread. At most `window` results (at least one) are waiting or in progress.
+/// With many jobs per worker, results are delivered in batches, because each delivery costs about
+/// as much as reading a small file. Call Take and Stop from one thread only.
 template <typename Result> class Ahead
 {
 public:
@@ -45,20 +45,21 @@ public:
     Ahead(const Ahead &) = delete;
     Ahead &operator=(const Ahead &) = delete;
 
-    /// The next result in order when it is ready; never waits.
+    /// Returns the next result in order if it is ready; never waits.
     std::optional<Result> TryTake()
     {
         std::lock_guard lock(m_mutex);
         return takeLocked();
     }
-    /// The next result in order; waits for it. Nothing when all were taken or after Stop.
+    /// Waits for the next result in order and returns it; nothing if all were taken or after Stop.
     std::optional<Result> Take()
     {
         std::unique_lock lock(m_mutex);
         m_ready.wait(lock, [this] { return settled(); });
         return takeLocked();
     }
-    /// The same, but gives up after some time: nothing then too, and Done tells the difference.
+    /// Like Take, but also returns nothing when `time` has passed; Done distinguishes the two
+    /// cases.
     std::optional<Result> TakeFor(std::chrono::milliseconds time)
     {
         std::unique_lock lock(m_mutex);
@@ -77,7 +78,7 @@ public:
     }
     std::size_t Count() const { return m_results.size(); }
 
-    /// Lets running jobs end and starts no more; waits for the threads.
+    /// Starts no more jobs and waits for the running ones.
     void Stop()
     {
         {
@@ -90,7 +91,7 @@ public:
     }
 
 private:
-    /// True when waiting for the next result would bring nothing more.
+    /// True if the next result is ready or will never come.
     bool settled() const
     {
         return m_stopped || m_taken == m_results.size() || m_results[m_taken].has_value();
@@ -104,7 +105,7 @@ private:
         m_room.notify_all();
         return result;
     }
-    /// False when the machine gives no further thread; those that run do the work then.
+    /// Returns false if the system allows no further thread; the running ones then do the work.
     bool startThread()
     {
         try {
@@ -141,18 +142,18 @@ private:
         }
     }
 
-    /// Each worker comes back at least so often, so that all have work until the end.
+    /// Least number of batches per worker, so that all workers have work until the end.
     static constexpr std::size_t kShares = 8;
     static constexpr std::size_t kLongest = 16;
 
     Job m_job;
     std::vector<std::optional<Result>> m_results;
     std::size_t m_window;
-    std::size_t m_row = 1; ///< jobs that a worker does in a row
+    std::size_t m_row = 1; ///< jobs in a batch
     mutable std::mutex m_mutex;
     std::condition_variable m_ready, m_room;
     std::size_t m_next = 0, m_taken = 0;
-    std::atomic<bool> m_stopped = false; ///< workers look at it between jobs
+    std::atomic<bool> m_stopped = false; ///< workers check it between jobs
     std::vector<std::jthread> m_threads;
 };
 

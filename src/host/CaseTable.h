@@ -6,8 +6,8 @@
 
 namespace host {
 
-/// Lower-case characters of the basic plane beyond ASCII, every `stride`-th from `first` to `last`:
-/// the upper-case one is `delta` further. Sorted, without overlap.
+/// Lower-case characters of the basic plane beyond ASCII: every `stride`-th from `first` to `last`.
+/// The upper-case character is `delta` further on. Sorted, without overlap.
 struct CaseRange
 {
     char16_t first, last;

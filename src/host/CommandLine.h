@@ -7,15 +7,15 @@
 
 namespace host {
 
-/// The part of a Windows command line that follows the program's own name, byte for byte, without
-/// the blanks and tabs around it. A name that begins with a quote ends at the next quote; any other
-/// name ends at the first blank or tab.
+/// Returns the part of a Windows command line that follows the program's name, byte for byte,
+/// without the blanks and tabs around it. A name that begins with a quote ends at the next quote;
+/// any other name ends at the first blank or tab.
 std::string_view AfterProgramName(std::string_view line);
 
-/// The arguments in one text, with a single blank between them.
+/// Returns the arguments as one text, with a single blank between them.
 std::string JoinArguments(const std::vector<std::string> &arguments);
 
-/// The text between the outer quotes of a text that is a single quoted path; any other text
+/// Returns the text between the outer quotes of a text that is a single quoted path; any other text
 /// unchanged.
 std::string_view WithoutOuterQuotes(std::string_view text);
 

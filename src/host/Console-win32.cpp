@@ -13,7 +13,7 @@
 namespace host {
 namespace {
 
-/// The console of the program that started this one, which has windows and none of its own.
+/// Returns the console of the program that started this one, which has windows and no console.
 HANDLE consoleOfStarter()
 {
     static const HANDLE console =
@@ -39,7 +39,7 @@ WriteFailure failed(DWORD error)
 
 std::optional<WriteFailure> writeCharacters(HANDLE console, std::wstring_view text)
 {
-    constexpr std::size_t kAtOnce = 8192; // older consoles refuse much more
+    constexpr std::size_t kAtOnce = 8192; // older consoles reject much more
     while (!text.empty()) {
         DWORD written = 0;
         const auto wanted = static_cast<DWORD>(std::min(text.size(), kAtOnce));

@@ -6,16 +6,17 @@
 #include <string_view>
 #include <vector>
 
-/// What a program and the one that starts it say to each other, alike on every system.
+/// The communication between a program and the one that starts it, the same on every system.
 namespace host {
 
-/// The arguments after the program's name: the bytes of argv. On Windows UTF-8, made from the
-/// command line that the system keeps, since argv has lost what its code page does not know.
+/// Returns the arguments after the program's name: the bytes of argv. On Windows they are UTF-8
+/// from the command line that the system keeps, since argv loses what its code page does not
+/// contain.
 std::vector<std::string> Arguments(int argc, char **argv);
 
-/// The same as one text. On Windows everything that follows the program's name, byte for byte:
-/// quotes and blanks mean something there that arguments have lost. Elsewhere the arguments, joined
-/// by one blank.
+/// Returns the arguments as one text. On Windows this is everything that follows the program's
+/// name, byte for byte, since quotes and blanks have a meaning there that arguments have lost.
+/// Elsewhere it is the arguments, joined by one blank.
 std::string CommandLine(int argc, char **argv);
 
 enum class Stream
@@ -24,19 +25,19 @@ enum class Stream
     Error
 };
 
-/// Why text could not be written.
+/// The reason why text could not be written.
 struct WriteFailure
 {
     std::string reason;      ///< in words
     bool readerGone = false; ///< the stream is a pipe whose reader has ended
 };
 
-/// Writes UTF-8 text to a standard stream at once and byte for byte, without carriage returns; a
-/// console of Windows is given characters, whatever its code page (text must not end within one).
-/// Returns the failure when not all could be written.
+/// Writes UTF-8 text to a standard stream at once and byte for byte, without carriage returns. A
+/// Windows console gets characters, whatever its code page, so the text must not end within one.
+/// Returns the failure if not all could be written.
 std::optional<WriteFailure> WriteTo(Stream stream, std::string_view text);
 
-/// True when somebody watches what is written to the stream.
+/// True if the stream is a terminal, so that somebody can watch what is written.
 bool IsTerminal(Stream stream);
 
 } // namespace host

@@ -18,7 +18,7 @@ enum class DialogButtons
 {
     Ok,
     YesNo,
-    YesNoDefaultNo, ///< Return alone answers No: for what cannot be undone
+    YesNoDefaultNo, ///< the Return key answers No: for actions that cannot be undone
     YesNoCancel
 };
 enum class DialogAnswer
@@ -34,8 +34,8 @@ struct FileDialogRequest
 {
     std::string title;
     std::string filter;
-    std::string initialName; ///< what stands in the name box, for example "*.con"
-    std::string folder;      ///< where it opens; "" for the dialog's own choice
+    std::string initialName; ///< initial content of the name box, for example "*.con"
+    std::string folder;      ///< initial folder; "" for the dialog's own choice
 };
 
 /// All modal interaction with the user: messages, prompts, file dialogs. Qt in the program,
@@ -45,20 +45,21 @@ class Dialogs
 public:
     virtual ~Dialogs() = default;
 
-    /// A message box. A box that is closed without a button (Esc) answers Cancel, or No if it has
-    /// Yes and No alone. So a box with one button answers Ok only when the button was pressed.
-    /// The first button is the default, except where DialogButtons says otherwise.
+    /// Shows a message box. A box that is closed without a button (Esc) answers Cancel, or No if it
+    /// has only Yes and No. So a box with one button answers Ok only if the button was pressed. The
+    /// first button is the default, unless DialogButtons states otherwise.
     virtual DialogAnswer Message(const std::string &text, const std::string &title, DialogIcon icon,
                                  DialogButtons buttons = DialogButtons::Ok) = 0;
-    /// An input box; nothing when it was cancelled.
+    /// Asks for a text; returns nothing if the user cancels.
     virtual std::optional<std::string> Input(const std::string &prompt, const std::string &title,
                                              const std::string &defaultAnswer) = 0;
-    /// A file to open; "" when cancelled.
+    /// Asks for a file to open; returns "" if the user cancels.
     virtual std::string OpenFile(const FileDialogRequest &request) = 0;
-    /// A file to save; "" when cancelled. The dialog itself asks nothing about overwriting.
+    /// Asks for a file to save; returns "" if the user cancels. Does not ask about overwriting.
     virtual std::string SaveFile(const FileDialogRequest &request) = 0;
-    /// Lets the user mark any number of the entries of a list, "name(detail)|name..."; the names of
-    /// those marked, in list order, joined by "|". "" when none was marked or it was cancelled.
+    /// Lets the user mark any number of entries of a list, "name(detail)|name...". Returns the
+    /// names of the marked ones in list order, joined by "|"; "" if none is marked or the user
+    /// cancels.
     virtual std::string SelectFromList(const std::string &caption, const std::string &list) = 0;
 };
 

@@ -131,7 +131,7 @@ std::optional<Listing> List(const std::string &folder)
             listing.names.push_back({std::string(name), kindOf(*entry, dirfd(names.get()))});
         errno = 0;
     }
-    if (errno != 0) // a part of the names would pass for all of them
+    if (errno != 0) // an incomplete list would look complete
         return std::nullopt;
     return listing;
 }
@@ -148,7 +148,7 @@ Failure WhyAbsent(const std::string &path)
 std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes)
 {
     bytes.clear();
-    // Not to wait: a pipe of that name would stop the program until somebody writes into it.
+    // Does not block: a pipe of that name would stop the program until somebody writes into it.
     Handle file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status = {};
     if (!file || fstat(file.Number(), &status) != 0)

@@ -7,10 +7,11 @@
 
 #include <sys/types.h>
 
-/// What the POSIX files of the disk share.
+/// Helpers that the POSIX files of the disk share.
 namespace host::disk {
 
-/// A failure of the system as commands report it; a missing name is what the caller says it is.
+/// Converts a system error to the failure that commands report; the number is `whenMissing` for a
+/// missing name.
 Failure FailureOf(int error, ErrorNumber whenMissing);
 
 inline bool HasWritePermission(mode_t mode)
@@ -37,7 +38,7 @@ public:
     explicit operator bool() const { return m_number >= 0; }
     int Number() const { return m_number; }
     int Release() { return std::exchange(m_number, -1); }
-    /// Closes early, to learn whether that fails; 0 when it went well.
+    /// Closes early, to detect a failure; returns 0 on success.
     int Close();
 
 private:

@@ -18,7 +18,7 @@ const bool kIgnoresCase = true;
 
 namespace {
 
-/// An empty drive is an error like any other, not a box of the system that waits for a disk.
+/// Makes an empty drive an ordinary error, not a box of the system that waits for a disk.
 [[maybe_unused]] const UINT kQuiet = SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -29,7 +29,7 @@ std::int64_t nanoseconds(const LARGE_INTEGER &time)
     return (time.QuadPart - k1970) * 100;
 }
 
-/// Opens a file or folder to be asked about, links followed.
+/// Opens a file or folder for queries, following links.
 HANDLE openToAsk(const std::wstring &path)
 {
     return CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
@@ -48,7 +48,7 @@ std::optional<Stamp> stampOf(HANDLE file)
                  nanoseconds(when.ChangeTime)};
 }
 
-/// FAT file systems do not mark a folder when names in it come and go.
+/// Returns false for FAT, which does not mark a folder when the names in it change.
 bool askWhetherFoldersAreMarked(HANDLE folder)
 {
     wchar_t system[MAX_PATH + 1] = {};
@@ -58,7 +58,7 @@ bool askWhetherFoldersAreMarked(HANDLE folder)
     return ToUpper(Narrow(system)).find("FAT") == std::string::npos;
 }
 
-/// The same, asked once for each volume.
+/// Like askWhetherFoldersAreMarked, but asks once for each volume.
 bool marksFolders(HANDLE folder, std::uint64_t volume)
 {
     static std::mutex mutex;
@@ -77,7 +77,8 @@ Kind kindOf(DWORD attributes)
     return attributes & FILE_ATTRIBUTE_DEVICE ? Kind::Other : Kind::File;
 }
 
-/// Other reparse points than links (files kept in a cloud, compressed ones) are what they seem.
+/// Only links count as links; other reparse points (files in a cloud, compressed files) are what
+/// they seem.
 Kind kindOf(const WIN32_FIND_DATAW &entry)
 {
     const bool isLink = (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) &&
@@ -85,7 +86,7 @@ Kind kindOf(const WIN32_FIND_DATAW &entry)
     return isLink ? Kind::Link : kindOf(entry.dwFileAttributes);
 }
 
-/// The attributes of a file or folder, links followed; the error when they cannot be asked.
+/// Reads the attributes of a file or folder, following links; returns the error if that fails.
 DWORD attributesOf(const std::wstring &path, DWORD &attributes)
 {
     if (path.empty())
@@ -147,7 +148,7 @@ bool isLetter(char c)
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
-/// Newer versions take some of these names for files, which older ones then cannot delete.
+/// Newer versions of Windows treat some of these names as files, which older ones cannot delete.
 bool isNameOfDevice(std::string_view name)
 {
     std::string base = ToUpper(name.substr(0, name.find('.')));
@@ -165,7 +166,7 @@ bool isTooLong(std::string_view name)
     return Wide(name).size() > kLongestName;
 }
 
-/// The position after the next separator, or the end.
+/// Returns the position after the next separator, or the end.
 std::size_t afterStep(std::string_view path, std::size_t from)
 {
     while (from < path.size() && !IsSeparator(path[from]))
@@ -204,7 +205,7 @@ std::wstring SystemPath(std::string_view path)
         return {};
     std::wstring given = Wide(path);
     if (root == 2 && path.size() == 2)
-        given += L'\\'; // a drive alone is not the folder that somebody worked in there last
+        given += L'\\'; // a bare drive means its root, not its current folder
     std::wstring full(MAX_PATH, L'\0');
     DWORD length =
         GetFullPathNameW(given.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
@@ -257,7 +258,7 @@ std::optional<Failure> WhyNoName(std::string_view path)
     if (IsDevice(system) || isNameOfDevice(name))
         return refused(kNameOfDevice);
     if (name.back() == ' ' || name.back() == '.')
-        return refused("a name that ends in a blank or a dot cannot be kept by Windows");
+        return refused("Windows cannot keep a name that ends in a blank or a dot");
     if (isTooLong(name))
         return refused(kNameTooLong);
     return std::nullopt;
@@ -309,7 +310,7 @@ std::optional<Listing> List(const std::string &folder)
     const HANDLE search =
         FindFirstFileExW(system.c_str(), FindExInfoBasic, &entry, FindExSearchNameMatch, nullptr,
                          FIND_FIRST_EX_LARGE_FETCH);
-    if (search == INVALID_HANDLE_VALUE) // an empty drive has not even "."
+    if (search == INVALID_HANDLE_VALUE) // an empty drive does not even have "."
         return GetLastError() == ERROR_FILE_NOT_FOUND ? std::optional(listing) : std::nullopt;
     const std::unique_ptr<void, BOOL(WINAPI *)(HANDLE)> closer(search, FindClose);
     do {
@@ -317,7 +318,7 @@ std::optional<Listing> List(const std::string &folder)
         if (name != L"." && name != L"..")
             listing.names.push_back({Narrow(name), kindOf(entry)});
     } while (FindNextFileW(search, &entry));
-    if (GetLastError() != ERROR_NO_MORE_FILES) // a part of the names would pass for all of them
+    if (GetLastError() != ERROR_NO_MORE_FILES) // an incomplete list would look complete
         return std::nullopt;
     return listing;
 }
@@ -342,7 +343,7 @@ std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::s
     bytes.clear();
     const std::wstring system = SystemPath(path);
     DWORD attributes = 0;
-    if (IsDevice(system)) // one that is opened may wait for somebody to type
+    if (IsDevice(system)) // opening one may wait for somebody to type
         return Failure{ErrorNumber::PathFileAccess, "it is not a file"};
     if (const DWORD error = attributesOf(system, attributes); error != ERROR_SUCCESS)
         return FailureOf(error, ErrorNumber::FileNotFound);
@@ -392,7 +393,7 @@ std::optional<Failure> MakeFolders(const std::string &folder)
         return failure;
     if (const auto failure = MakeFolders(std::string(path::FolderWithSeparator(path))))
         return failure;
-    // Another program may have made it a moment ago.
+    // Another program may have created it a moment ago.
     if (CreateDirectoryW(SystemPath(path).c_str(), nullptr) || KindOf(path) == Kind::Folder)
         return std::nullopt;
     const DWORD error = GetLastError();
@@ -403,7 +404,7 @@ std::optional<Failure> MakeFolders(const std::string &folder)
 
 bool IsWritableFolder(const std::string &folder)
 {
-    // Only trying tells: permissions, rights of the process and the disk itself all have a say.
+    // Only an attempt shows it: permissions, rights of the process and the disk itself all matter.
     const std::wstring probe =
         SystemPath(Join(folder, ".zelk-" + std::to_string(GetCurrentProcessId()) + '-' +
                                     std::to_string(GetCurrentThreadId()) + ".try"));
@@ -427,7 +428,7 @@ std::size_t RootLength(std::string_view path)
     if (path.size() >= 2 && isLetter(path[0]) && path[1] == ':') {
         if (path.size() == 2)
             return 2;
-        return IsSeparator(path[2]) ? 3 : 0; // "C:x" is no path: it depends on hidden state
+        return IsSeparator(path[2]) ? 3 : 0; // "C:x" is not accepted: it depends on hidden state
     }
     if (path.empty() || !IsSeparator(path[0]))
         return 0;

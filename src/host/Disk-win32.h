@@ -7,24 +7,25 @@
 #include <string>
 #include <string_view>
 
-/// What the Windows files share. No header of the system is needed to include this one.
+/// Helpers that the Windows files share. Including this header requires no system header.
 namespace host::disk {
 
-/// UTF-8 as UTF-16; text that is no UTF-8 is read as Windows-1252.
+/// Converts UTF-8 to UTF-16; reads text that is not UTF-8 as Windows-1252.
 std::wstring Wide(std::string_view text);
-/// UTF-16 as UTF-8; half a surrogate pair becomes U+FFFD.
+/// Converts UTF-16 to UTF-8; half a surrogate pair becomes U+FFFD.
 std::string Narrow(std::wstring_view text);
 
-/// A path as the system takes it, made absolute, of any length. "" for what is no path of a file:
-/// empty, with a NUL or wildcards, or with a ":" elsewhere than after the letter of the drive,
-/// which would name another stream of a file.
+/// Returns a path in the system's form: absolute, of any length. Returns "" for anything but the
+/// path of a file: an empty text, one with a NUL or wildcards, or one with a ":" anywhere but after
+/// the drive letter, where it would name another stream of a file.
 std::wstring SystemPath(std::string_view path);
-/// True for a path that SystemPath found to lead to a device ("con", "lpt1.txt").
+/// True if a path from SystemPath leads to a device ("con", "lpt1.txt").
 bool IsDevice(std::wstring_view systemPath);
 
-/// A failure of the system as commands report it; a missing name is what the caller says it is.
+/// Converts a system error to the failure that commands report; the number is `whenMissing` for a
+/// missing name.
 Failure FailureOf(unsigned long error, ErrorNumber whenMissing);
-/// Why a new file must not get this name: the system would give it another one, or refuses it.
+/// Returns why a new file must not get this name: the system would change it or refuse it.
 std::optional<Failure> WhyNoName(std::string_view path);
 
 /// Owns a handle of the system.

@@ -12,8 +12,9 @@ namespace {
 constexpr std::int64_t kMillisecond = 1000000; // in nanoseconds
 constexpr std::int64_t kSecond = 1000 * kMillisecond;
 
-/// Farther from now than the clock that wrote it can be coarse. Whole hundredths of a second come
-/// from file systems that store no more (FAT: 2 s); others are marked at every tick of the kernel.
+/// True if `time` differs from `now` by more than the file system's clock granularity. Times in
+/// whole hundredths of a second come from file systems that store no more (FAT: 2 s); others are
+/// marked at every tick of the kernel.
 bool isFarFrom(std::int64_t time, std::int64_t now)
 {
     const std::int64_t coarse = time % (10 * kMillisecond) == 0 ? 2 * kSecond : 100 * kMillisecond;
@@ -37,7 +38,7 @@ std::optional<Failure> ReadAll(std::uint64_t limit, std::size_t expected, std::s
                                const ReadSome &readSome)
 {
     std::size_t filled = 0;
-    bytes.resize(expected + 1); // one more than expected, so that the end is met without growing
+    bytes.resize(expected + 1); // one more than expected, to reach the end without growing
     for (;;) {
         std::size_t got = 0;
         if (auto failure = readSome(bytes.data() + filled, bytes.size() - filled, got))
@@ -45,7 +46,7 @@ std::optional<Failure> ReadAll(std::uint64_t limit, std::size_t expected, std::s
         filled += got;
         if (filled > limit)
             return TooLarge(limit);
-        if (got == 0 || filled == expected) // there was room for more: that was the end
+        if (got == 0 || filled == expected) // there was room for more, so this is the end
             break;
         if (filled == bytes.size())
             bytes.resize(2 * filled);

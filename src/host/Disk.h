@@ -10,11 +10,11 @@
 #include <string_view>
 #include <vector>
 
-/// The disk as the system gives it: exact names, no search. Everything that differs between systems
-/// stands behind these functions; game paths go through GameFiles.
+/// The disk as the system presents it: exact names, no search. These functions hide everything that
+/// differs between systems; game paths go through GameFiles.
 ///
 /// Paths are those of the system: bytes on POSIX (not always UTF-8), UTF-8 on Windows. Nothing here
-/// throws; a failure comes with the number that a command reports and the reason in words.
+/// throws; a failure has the number that a command reports and the reason in words.
 namespace host::disk {
 
 enum class Kind : std::uint8_t
@@ -22,7 +22,7 @@ enum class Kind : std::uint8_t
     Absent,
     File,
     Folder,
-    Link, ///< in a listing only: what it leads to is asked when it is used
+    Link, ///< only in listings: its target is looked up on use
     Other ///< pipes, sockets, devices: never a file of the game
 };
 
@@ -35,7 +35,7 @@ struct Failure
 /// The reason of a failure, the same on every system.
 inline constexpr const char *kNameTooLong = "the name is too long: choose a shorter one";
 
-/// What changes when something in a folder (or a file itself) changes.
+/// Identity and time stamps of a file or folder; any change to it changes the stamp.
 struct Stamp
 {
     std::uint64_t device = 0, number = 0;
@@ -51,44 +51,44 @@ struct ListedName
 
 struct Listing
 {
-    Stamp stamp;          ///< from before the names were read
-    bool settled = false; ///< false: may be out of date although the stamp is still the same
-    std::vector<ListedName> names; ///< in no order; without "." and ".."
+    Stamp stamp;                   ///< taken before the names were read
+    bool settled = false;          ///< if false, may be out of date although the stamp is unchanged
+    std::vector<ListedName> names; ///< unordered; without "." and ".."
 };
 
-/// True where the system itself finds a name in any letter case (Windows).
+/// True if the system itself ignores letter case in names (Windows).
 extern const bool kIgnoresCase;
 
-/// What a path is, links followed. What cannot be asked is Absent.
+/// Returns what a path leads to, following links; Absent if that cannot be determined.
 Kind KindOf(const std::string &path);
-/// The stamp of a file or folder, links followed; nothing when it cannot be asked.
+/// Returns the stamp of a file or folder, following links; nothing if it cannot be read.
 std::optional<Stamp> StampOf(const std::string &path);
-/// True when every change after `now` (nanoseconds since 1970) must alter the stamp. Time stamps
-/// are coarse: a folder can change twice within one step of the clock that marks it.
+/// True if every change after `now` (nanoseconds since 1970) must alter the stamp. Time stamps are
+/// coarse: a folder can change twice within one tick of the clock that marks it.
 bool IsSettled(const Stamp &stamp, std::int64_t now);
 std::int64_t Now();
 
-/// The names in a folder, or nothing when it cannot be read. Costs no look-up for each name.
+/// Returns the names in a folder, or nothing if it cannot be read. Does not look up each name.
 std::optional<Listing> List(const std::string &folder);
-/// Why a path cannot be reached: 70 when a folder on the way refuses, 75 when no file can have its
-/// name or the system fails, else 76.
+/// Returns why a path cannot be reached: 70 if a folder on the way denies access, 75 if no file can
+/// have its name or the system fails, else 76.
 Failure WhyAbsent(const std::string &path);
 
-/// The whole content of a file; error 5 above `limit` bytes.
+/// Reads the whole content of a file; error 5 above `limit` bytes.
 std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes);
-/// The failure of Read for a file of more bytes.
+/// Returns the failure of Read for a larger file.
 Failure TooLarge(std::uint64_t limit);
 /// Deletes a file (of a link the link); one without any permission to write is refused.
 std::optional<Failure> Remove(const std::string &path);
-/// Makes a folder and those above it; nothing happens when it is there.
+/// Creates a folder and those above it; does nothing if it exists.
 std::optional<Failure> MakeFolders(const std::string &folder);
-/// True when files can be made in the folder.
+/// True if files can be created in the folder.
 bool IsWritableFolder(const std::string &folder);
 
-/// The process's working folder.
+/// Returns the process's working folder.
 std::string CurrentFolder();
-/// Length of the root at the beginning of a path ("/"; on Windows also "C:\", "C:" alone and
-/// "\\server\share\"); 0 for a relative path. Both separators.
+/// Returns the length of the root at the beginning of a path ("/"; on Windows also "C:\", "C:"
+/// alone and "\\server\share\"); 0 for a relative path. Accepts both separators.
 std::size_t RootLength(std::string_view path);
 /// Returns the path of a name in a folder; neither of them is changed.
 std::string Join(const std::string &folder, std::string_view name);

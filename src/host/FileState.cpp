@@ -24,7 +24,7 @@ bool isSameName(const std::string &first, const std::string &second)
     return disk::kIgnoresCase ? EqualsNoCase(first, second) : first == second;
 }
 
-/// True when both paths lead to one existing file, by its name or through a link.
+/// True if both paths lead to one existing file, by its name or through a link.
 bool leadToSameFile(GameFiles &files, const std::string &first, const std::string &second)
 {
     const auto firstFound = files.FindFile(first), secondFound = files.FindFile(second);
@@ -35,7 +35,7 @@ bool leadToSameFile(GameFiles &files, const std::string &first, const std::strin
     if (isSameName(path::Normalise(firstPath), path::Normalise(secondPath)))
         return true;
     const auto one = disk::StampOf(firstPath), other = disk::StampOf(secondPath);
-    // Some network file systems number all files 0.
+    // Some network file systems give all files the number 0.
     return one && other && one->number != 0 && one->device == other->device &&
            one->number == other->number;
 }
@@ -67,7 +67,7 @@ bool FileState::HasChanged(GameFiles &files, const std::string &path) const
 bool FileState::holdsSameBytes(GameFiles &files) const
 {
     try {
-        const std::string bytes = files.ReadFile(m_path, m_size); // no more than there was
+        const std::string bytes = files.ReadFile(m_path, m_size); // no more than the old size
         return bytes.size() == m_size && hashOf(bytes) == m_hash;
     } catch (const RuntimeError &) {
         return false;

@@ -9,21 +9,21 @@ namespace host {
 
 class GameFiles;
 
-/// A file as it was at one moment, to find out later whether somebody else has changed it. Only the
-/// content counts: a file that was touched, or written again with the same bytes, has not changed,
-/// and one that was changed within one tick of the file system's clock has.
+/// The state of a file at one moment, to detect later whether somebody else has changed it. Only
+/// the content counts: a file that was touched, or written again with the same bytes, has not
+/// changed, and one that was changed within one tick of the file system's clock has.
 class FileState
 {
 public:
-    /// No file at all: nothing counts as a change of it.
+    /// No file: nothing counts as a change of it.
     FileState() = default;
-    /// The file held these bytes.
+    /// A file with these bytes.
     FileState(std::string path, std::string_view bytes);
-    /// The file did not exist.
+    /// Returns the state of a file that did not exist.
     static FileState Absent(std::string path);
 
-    /// True when `path` leads to this file, whatever its spelling, and the file has another content
-    /// now or cannot be read any more. False when there is no such file: writing it loses nothing.
+    /// True if `path`, in any spelling, leads to this file, and the file now has different content
+    /// or can no longer be read. False if there is no such file: writing it loses nothing.
     bool HasChanged(GameFiles &files, const std::string &path) const;
 
 private:

@@ -16,8 +16,8 @@ void skipCharacter(std::string_view text, std::size_t &at)
         ++at;
 }
 
-/// `*` any run, `?` one character or, at the end, none. Goes back to the last star only, so the
-/// time is bounded by the product of the lengths.
+/// `*` matches any run, `?` one character or, at the end, none. Backtracks to the last star only,
+/// so the time is bounded by the product of the lengths.
 bool matchesPart(std::string_view text, std::string_view pattern)
 {
     std::size_t at = 0, in = 0;

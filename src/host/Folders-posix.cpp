@@ -29,7 +29,7 @@ std::string withoutEndSeparator(std::string path)
     return path;
 }
 
-/// The folder in a variable; a relative one counts as unset.
+/// Returns the folder in a variable; a relative one counts as unset.
 std::string folderFrom(const char *variable, const char *belowHome)
 {
     const std::string value = Environment(variable);
@@ -37,7 +37,7 @@ std::string folderFrom(const char *variable, const char *belowHome)
                                   : path::Join(HomeFolder(), belowHome);
 }
 
-/// Reads the blanks, tabs, line breaks and backslashes that stand as three octal digits.
+/// Decodes the blanks, tabs, line breaks and backslashes that are written as three octal digits.
 std::string unescaped(std::string_view text)
 {
     const auto isOctal = [](char c) { return c >= '0' && c <= '7'; };
@@ -56,7 +56,7 @@ std::string unescaped(std::string_view text)
     return out;
 }
 
-/// File systems that hold no files of the user: the kernel's own, memory, packages of programs.
+/// True for file systems without files of the user: the kernel's own, memory, program packages.
 bool isPseudo(std::string_view type)
 {
     static constexpr std::array<std::string_view, 29> kPseudo = {
@@ -165,7 +165,7 @@ void AppendTraceLine(std::string_view text)
         open(file.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK, 0666));
     if (!log)
         return;
-    // In one piece, so that lines of several threads and programs do not mix.
+    // In one write, so that lines of several threads and programs do not mix.
     const std::string line = timeOfDay().append(text) + '\n';
     if (write(log.Number(), line.data(), line.size()) < 0)
         return;

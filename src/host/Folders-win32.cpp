@@ -26,8 +26,8 @@ std::string withoutEndSeparator(std::string path)
     return path;
 }
 
-/// The folder in a variable that the system sets for every user; where it is unset or relative,
-/// the one that the system itself knows.
+/// Returns the folder in a variable that the system sets for every user; if the variable is unset
+/// or relative, the one that the system itself knows.
 std::string folderFrom(const char *variable, const KNOWNFOLDERID &known)
 {
     const std::string value = Environment(variable);
@@ -40,7 +40,7 @@ std::string folderFrom(const char *variable, const KNOWNFOLDERID &known)
                                      : std::string("C:\\");
 }
 
-/// Opens a log to be appended to, whoever else has it open.
+/// Opens a log for appending, even if others have it open.
 HANDLE openLog(const std::string &file)
 {
     return CreateFileW(disk::SystemPath(file).c_str(), FILE_APPEND_DATA,
@@ -76,7 +76,7 @@ std::string Environment(const char *name)
     const std::wstring wide = disk::Wide(name);
     std::wstring value;
     DWORD length = GetEnvironmentVariableW(wide.c_str(), nullptr, 0);
-    while (length > value.size()) { // another thread may make it longer meanwhile
+    while (length > value.size()) { // another thread may have made it longer
         value.resize(length);
         length = GetEnvironmentVariableW(wide.c_str(), value.data(), length);
     }
@@ -146,7 +146,7 @@ std::string TraceLogFile()
 
 void AppendTraceLine(std::string_view text)
 {
-    static std::mutex mutex; // appending is in one piece only where the file system says so
+    static std::mutex mutex; // not every file system appends in one piece
     const std::lock_guard lock(mutex);
     const std::string line = timeOfDay().append(text) + "\r\n";
     if (const disk::Handle common(openLog(kCommonTraceLog)); common) {

@@ -10,7 +10,7 @@ std::string WritableFolder(const std::string &preferred, const std::string &othe
 {
     if (disk::IsWritableFolder(preferred))
         return preferred;
-    // When it cannot be made, whatever is written there says so with its own path.
+    // If that fails, every write there fails too and reports its own path.
     disk::MakeFolders(otherwise);
     return otherwise;
 }

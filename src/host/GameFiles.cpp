@@ -17,7 +17,7 @@ namespace {
     throw RuntimeError(failure.number, std::string(path) + ": " + failure.reason);
 }
 
-/// Why something below a folder of this path cannot be reached.
+/// Throws the reason why nothing below a folder of this path can be reached.
 [[noreturn]] void failWithoutFolder(std::string_view path)
 {
     const std::optional<GamePath> steps = GamePath::Of(path);
@@ -67,7 +67,7 @@ std::optional<std::filesystem::path> GameFiles::FindFile(std::string_view path)
     const std::optional<GamePath> steps = GamePath::Of(path);
     if (!steps || steps->endsInSeparator)
         return std::nullopt;
-    // Spelled exactly it would be found first anyway; that costs one question instead of many.
+    // The exact spelling would be found first anyway; this costs one query instead of many.
     if (disk::KindOf(steps->text) == disk::Kind::File)
         return path::ToDisk(steps->text);
     if (disk::kIgnoresCase)

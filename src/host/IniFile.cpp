@@ -28,7 +28,7 @@ std::string_view unquoted(std::string_view text)
     return isQuoted(text) ? text.substr(1, text.size() - 2) : text;
 }
 
-/// The name in a "[name]" line, or nothing.
+/// Returns the name in a "[name]" line, or nothing.
 std::optional<std::string_view> sectionName(std::string_view line)
 {
     const std::size_t close = line.rfind(']');
@@ -50,7 +50,7 @@ std::string onOneLine(std::string_view value)
     return out;
 }
 
-/// The value as it has to be spelled to be read back with its blanks and quotes.
+/// Returns the spelling of a value that is read back with its blanks and quotes.
 std::string spelled(const std::string &value)
 {
     return trimmed(value) != value || isQuoted(value) ? '"' + value + '"' : value;

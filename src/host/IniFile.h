@@ -9,9 +9,9 @@
 namespace host {
 
 /// A small text store: "[section]" lines, "key=value" lines, ";" and "#" comment lines. Sections
-/// and keys compare without regard to letter case. Values are UTF-8, taken as they stand after the
-/// "=" with surrounding blanks trimmed; a value in double quotes keeps its blanks. Backslashes
-/// mean themselves. What the reader does not understand is kept when the text is written again.
+/// and keys ignore letter case. A value is the UTF-8 text behind the "=", without the blanks around
+/// it; a value in double quotes keeps its blanks. A backslash has no special meaning. What the
+/// reader does not understand is kept when the text is written again.
 class IniFile
 {
 public:
@@ -19,10 +19,10 @@ public:
     std::string ToText() const;
 
     std::optional<std::string> Value(std::string_view section, std::string_view key) const;
-    /// Replaces the value where it stands, or adds key and section at the end. Line breaks in a
-    /// value become blanks.
+    /// Replaces the value in its place, or adds key and section at the end. Line breaks in a value
+    /// become blanks.
     void SetValue(std::string_view section, std::string_view key, std::string_view value);
-    /// Takes out every line with the value. What is left of its section stays.
+    /// Removes every line with this key; the rest of its section stays.
     void RemoveValue(std::string_view section, std::string_view key);
 
 private:

@@ -31,7 +31,7 @@ template <typename Folder> std::shared_ptr<const Folder> read(const std::string 
     if (!listing)
         return nullptr;
     std::vector<Entry> entries;
-    std::vector<std::pair<std::string_view, Entry *>> sorted; // entries are large to move about
+    std::vector<std::pair<std::string_view, Entry *>> sorted; // entries are large to move
     entries.reserve(listing->names.size());
     sorted.reserve(listing->names.size());
     for (disk::ListedName &listed : listing->names) {
@@ -115,7 +115,7 @@ std::vector<std::string> GameFiles::Listings::Folders(const std::string &root,
                                                       const std::vector<std::string> &names)
 {
     std::vector<std::string> folders = {root};
-    if (disk::kIgnoresCase) { // one question instead of one for each step
+    if (disk::kIgnoresCase) { // one query instead of one for each step
         for (const std::string &name : names)
             folders.front() = disk::Join(folders.front(), name);
         if (disk::KindOf(folders.front()) != disk::Kind::Folder)
@@ -137,7 +137,7 @@ std::vector<std::string> GameFiles::Listings::NamesIn(const std::vector<Listed> 
 {
     std::vector<std::string> names;
     const std::string upperPattern = ToUpper(pattern);
-    std::set<std::string> earlier, here; // upper-case names of the folders before, and of this one
+    std::set<std::string> earlier, here; // upper-case names in earlier folders, and in this one
     for (const auto &[path, listing] : folders) {
         if (!listing)
             continue;

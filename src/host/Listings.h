@@ -14,9 +14,8 @@
 
 namespace host {
 
-/// The listings of folders that were looked into, and look-ups in them that ignore letter case.
-/// Folders here are paths of the disk. The lock is held for the table alone, never while the disk
-/// is asked.
+/// The listings of folders, and look-ups in them that ignore letter case. Folders here are paths of
+/// the disk. The lock protects only the table; it is never held while the disk is asked.
 class GameFiles::Listings
 {
 public:
@@ -24,7 +23,7 @@ public:
     {
         std::string name;   ///< as shown
         std::string key;    ///< in upper case
-        std::string onDisk; ///< the name's bytes, where they are not those that are shown
+        std::string onDisk; ///< the name's bytes, if `name` shows others
         disk::Kind kind = disk::Kind::Absent;
 
         const std::string &DiskName() const { return onDisk.empty() ? name : onDisk; }
@@ -36,30 +35,30 @@ public:
         std::vector<Entry> entries; ///< in listing order
     };
 
-    /// What is in a folder at this moment; nothing when it cannot be listed.
+    /// Returns what is in a folder at this moment; nothing if it cannot be listed.
     std::shared_ptr<const Folder> Get(const std::string &folder);
-    /// The paths of what has this name in any letter case and is of this kind, the exact spelling
-    /// first, then in listing order.
+    /// Returns the paths of everything of this kind with this name in any letter case, the exact
+    /// spelling first, then in listing order.
     std::vector<std::string> Matches(const std::string &folder, const std::string &name,
                                      disk::Kind kind);
-    /// The same in a listing of the folder that is at hand (null where it cannot be listed).
+    /// Like Matches, but in a given listing of the folder (null if it cannot be listed).
     static std::vector<std::string> MatchesIn(const Folder *listing, const std::string &folder,
                                               const std::string &name, disk::Kind kind);
-    /// The entries of this name in any letter case.
+    /// The entries of a name in any letter case.
     using Place = std::vector<Entry>::const_iterator;
     static std::pair<Place, Place> Named(const Folder &listing, const std::string &name);
-    /// The folders that these names, in any letter case, lead to from a root.
+    /// Returns the folders that these names, in any letter case, lead to from a root.
     std::vector<std::string> Folders(const std::string &root,
                                      const std::vector<std::string> &names);
-    /// A folder's path and its listing, null where it cannot be listed.
+    /// A folder's path and its listing, null if it cannot be listed.
     using Listed = std::pair<std::string, std::shared_ptr<const Folder>>;
-    /// The names in folders that count as one, as GameFiles::ListFiles and ListFolders give them.
+    /// Returns the names in folders that count as one, for GameFiles::ListFiles and ListFolders.
     static std::vector<std::string> NamesIn(const std::vector<Listed> &folders,
                                             std::string_view pattern, disk::Kind wanted);
     void Forget(const std::string &folder);
     void Clear();
 
-    /// What an entry of a folder is now, links followed.
+    /// Returns what an entry of a folder is now, following links.
     static disk::Kind KindOf(const std::string &folder, const Entry &entry);
 
 private:

@@ -11,9 +11,9 @@
 
 namespace host {
 
-/// The number that a text is from end to end, blanks around it and a "+" in front allowed; the
-/// decimal sign is "." in every locale. Nothing for other text, for words such as "inf" and for
-/// what the type cannot hold.
+/// Returns the number that a whole text is; blanks around it and a "+" in front are allowed. The
+/// decimal separator is "." in every locale. Returns nothing for other text, for words such as
+/// "inf" and for what the type cannot hold.
 template <typename Number> std::optional<Number> NumberIn(std::string_view text)
 {
     text = TrimBlanks(text);

@@ -10,8 +10,8 @@
 namespace host {
 namespace {
 
-/// One argument of a command line as programs take it apart again: in quotes, backslashes doubled
-/// where a quote follows.
+/// Returns an argument in the form that programs parse: in quotes, with backslashes doubled before
+/// a quote.
 std::wstring quoted(const std::wstring &argument)
 {
     std::wstring text = L"\"";

@@ -6,12 +6,12 @@
 
 namespace host {
 
-/// Runs another program with these arguments, which reach it as they are, and waits for its end.
-/// It shares this program's standard streams. Its exit code; a program that was ended by a signal
-/// gives 128 and more. RuntimeError 53 when it cannot be started.
+/// Runs another program with exactly these arguments and waits for its end. It shares this
+/// program's standard streams. Returns its exit code, which is 128 or more if a signal ended it.
+/// Throws RuntimeError 53 if it cannot be started.
 int RunAndWait(const std::string &program, const std::vector<std::string> &arguments);
 
-/// The path of a program of ours that lies beside the running one.
+/// Returns the path of one of our programs that is beside the running one.
 std::string ProgramBeside(const std::string &name);
 
 } // namespace host

@@ -11,12 +11,12 @@
 
 namespace host::disk {
 
-/// Reads up to `count` bytes to a place and says how many `got` there: 0 at the end of the file.
+/// Reads up to `count` bytes to a place and sets `got` to their number: 0 at the end of the file.
 using ReadSome =
     std::function<std::optional<Failure>(char *to, std::size_t count, std::size_t &got)>;
 
-/// Reads on until the end of a file, whose `expected` size is a hint only: it may grow meanwhile.
-/// TooLarge above `limit` bytes; what `bytes` holds after a failure is of no use.
+/// Reads to the end of a file, whose `expected` size is only a hint, since it may grow. Returns
+/// TooLarge above `limit` bytes. After a failure, `bytes` is unspecified.
 std::optional<Failure> ReadAll(std::uint64_t limit, std::size_t expected, std::string &bytes,
                                const ReadSome &readSome);
 

@@ -26,7 +26,7 @@ std::optional<std::string> RegistrySettings::ReadFrom(std::string_view section,
     std::wstring text;
     LSTATUS status = ERROR_MORE_DATA;
     DWORD bytes = 512;
-    while (status == ERROR_MORE_DATA) { // another program may store a longer text meanwhile
+    while (status == ERROR_MORE_DATA) { // another program may have stored a longer text
         text.resize(bytes / sizeof(wchar_t) + 1);
         bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
         status = RegGetValueW(HKEY_CURRENT_USER, folder.c_str(), name.c_str(), RRF_RT_REG_SZ,
@@ -40,7 +40,7 @@ std::optional<std::string> RegistrySettings::ReadFrom(std::string_view section,
 void RegistrySettings::WriteTo(std::string_view section, std::string_view key,
                                std::string_view value)
 {
-    std::string oneLine(value); // as everywhere that settings are stored
+    std::string oneLine(value); // line breaks become blanks, as in IniFile
     std::replace_if(
         oneLine.begin(), oneLine.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
     const std::wstring folder = keyOf(section), name = disk::Wide(key), text = disk::Wide(oneLine);

@@ -7,7 +7,7 @@
 
 namespace host {
 
-/// Text values below a key of the user's registry hive; each section is a key in it.
+/// Text values below a key of the user's registry hive; each section is a subkey.
 class RegistrySettings : public SettingsStore
 {
 public:

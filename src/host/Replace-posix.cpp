@@ -23,8 +23,8 @@ MaybeFailure failed(int error)
     return FailureOf(error, ErrorNumber::PathNotFound);
 }
 
-/// Where a chain of links ends, be there something or not; the links themselves stay. A loop gives
-/// the path of a link, which the caller's look at it then reports.
+/// Returns the end of a chain of links, which need not exist; the links themselves stay. In a loop,
+/// returns the path of a link, which the caller then finds and reports.
 std::string endOfLinks(const std::string &path)
 {
     std::filesystem::path end = path;
@@ -44,7 +44,7 @@ std::string folderOf(const std::string &path)
     return slash == std::string::npos ? "." : path.substr(0, slash + 1);
 }
 
-/// What stands at the target before it is replaced; `exists` is false when nothing does.
+/// The target before it is replaced; `exists` is false if there is none.
 struct Target
 {
     struct stat status = {};
@@ -67,7 +67,7 @@ MaybeFailure inspect(const std::string &path, Target &target)
     return std::nullopt;
 }
 
-/// The file that is written beside the target; deleted unless it has become the target.
+/// The file that is written beside the target; deleted unless it becomes the target.
 class TemporaryFile
 {
 public:
@@ -84,7 +84,7 @@ public:
     {
         static std::atomic<unsigned> counter = 0;
         const std::string start = folder + ".zelk-" + std::to_string(getpid()) + '-';
-        do { // a name in use is left over from another process of this number
+        do { // an existing name is left over from another process of this number
             m_path = start + std::to_string(counter++) + ".tmp";
             m_file.emplace(open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
         } while (!*m_file && errno == EEXIST);
@@ -107,8 +107,8 @@ public:
         return std::nullopt;
     }
 
-    /// After writing, owner first: both writing and a new owner may clear permissions. An owner or
-    /// group that may not be given is no reason to keep a user from saving.
+    /// Sets owner and permissions after writing, owner first: both writing and a new owner may
+    /// clear permissions. An owner or group that cannot be set must not keep a user from saving.
     MaybeFailure TakeOwnerAndMode(const struct stat &status)
     {
         if (fchown(m_file->Number(), status.st_uid, status.st_gid) != 0 &&
@@ -121,7 +121,7 @@ public:
 
     MaybeFailure Finish()
     {
-        // Some network file systems know no flushing and say so with EINVAL.
+        // Some network file systems cannot flush and report that as EINVAL.
         if ((fsync(m_file->Number()) != 0 && errno != EINVAL) || m_file->Close() != 0)
             return failed(errno);
         return std::nullopt;
@@ -140,8 +140,8 @@ private:
     std::optional<Handle> m_file;
 };
 
-/// Makes the new name last through a power cut. The file is replaced already, so nothing is left
-/// to be undone or reported when this fails.
+/// Makes the new name survive a power cut. The file is already replaced, so a failure leaves
+/// nothing to undo or report.
 void flushFolder(const std::string &folder)
 {
     const Handle handle(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));

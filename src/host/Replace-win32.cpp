@@ -13,7 +13,7 @@ namespace {
 
 using MaybeFailure = std::optional<Failure>;
 
-/// What a file that takes another's place must have itself: not every file system hands it over.
+/// Attributes that a replacing file must have itself: not every file system transfers them.
 constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                                   FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
 
@@ -22,7 +22,7 @@ MaybeFailure failed(DWORD error)
     return FailureOf(error, ErrorNumber::PathNotFound);
 }
 
-/// The file that a link leads to, or the path itself; "" when the link leads nowhere.
+/// Returns the file that a link leads to, or the path itself; "" if the link leads nowhere.
 std::wstring endOfLinks(const std::wstring &path)
 {
     const DWORD attributes = GetFileAttributesW(path.c_str());
@@ -38,7 +38,8 @@ std::wstring endOfLinks(const std::wstring &path)
     return end;
 }
 
-/// Looks at what stands at the target before it is replaced; INVALID_FILE_ATTRIBUTES for nothing.
+/// Examines the target before it is replaced; its attributes are INVALID_FILE_ATTRIBUTES if there
+/// is none.
 MaybeFailure inspect(const std::wstring &path, DWORD &attributes)
 {
     attributes = GetFileAttributesW(path.c_str());
@@ -50,14 +51,14 @@ MaybeFailure inspect(const std::wstring &path, DWORD &attributes)
         return Failure{ErrorNumber::PathFileAccess, "it is not a file"};
     if (attributes & FILE_ATTRIBUTE_READONLY)
         return Failure{ErrorNumber::PermissionDenied, "the file is read-only"};
-    // Who may not write into it, or finds it in use, learns that before anything is written.
+    // If the user may not write to it, or it is in use, that must show before anything is written.
     const Handle file(CreateFileW(path.c_str(), GENERIC_WRITE,
                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                   OPEN_EXISTING, 0, nullptr));
     return file ? std::nullopt : failed(GetLastError());
 }
 
-/// The file that is written beside the target; deleted unless it has become the target.
+/// The file that is written beside the target; deleted unless it becomes the target.
 class TemporaryFile
 {
 public:
@@ -76,7 +77,7 @@ public:
         static std::atomic<unsigned> counter = 0;
         const std::wstring start =
             folder + L".zelk-" + std::to_wstring(GetCurrentProcessId()) + L'-';
-        do { // a name in use is left over from another process of this number
+        do { // an existing name is left over from another process of this number
             m_start = start + std::to_wstring(counter++);
             m_path = m_start + L".tmp";
             m_file.emplace(CreateFileW(m_path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
@@ -104,7 +105,7 @@ public:
         const bool flushed = FlushFileBuffers(m_file->Get());
         const DWORD error = GetLastError();
         m_file->Close();
-        // Some network file systems know no flushing.
+        // Some network file systems cannot flush.
         return flushed || error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED
                    ? std::nullopt
                    : failed(error);
@@ -119,7 +120,7 @@ public:
         return std::nullopt;
     }
 
-    /// Takes the place of a file, and over its permissions, attributes and time of creation.
+    /// Replaces a file and takes over its permissions, attributes and time of creation.
     MaybeFailure BecomeExisting(const std::wstring &target)
     {
         const std::wstring old = m_start + L".old";
@@ -130,7 +131,7 @@ public:
             return std::nullopt;
         }
         const DWORD error = GetLastError();
-        if (error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2) // the file stands under its other name
+        if (error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2) // the file still has its other name
             return restore(old, target);
         // Not every file system can replace; all can rename over a file.
         if (error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ||
@@ -159,7 +160,7 @@ std::optional<Failure> Replace(const std::string &path, std::string_view bytes)
         return failure;
     const std::wstring target = endOfLinks(SystemPath(path));
     if (target.empty())
-        return Failure{ErrorNumber::PathFileAccess, "the link leads to no file"};
+        return Failure{ErrorNumber::PathFileAccess, "the link does not lead to a file"};
     DWORD before = 0;
     if (auto failure = inspect(target, before))
         return failure;

@@ -34,7 +34,7 @@ const char *ClassicText(ErrorNumber number)
 
 namespace {
 
-/// What is wrong when nothing more is known.
+/// Returns what is wrong if nothing more is known.
 const char *plainText(ErrorNumber number)
 {
     switch (number) {
@@ -43,7 +43,7 @@ const char *plainText(ErrorNumber number)
     case ErrorNumber::SubscriptOutOfRange:
         return "An entry has fewer values than it needs.";
     case ErrorNumber::TypeMismatch:
-        return "There is something else where a number is needed.";
+        return "A value that must be a number is not one.";
     case ErrorNumber::ObjectNotSet:
         return "A block that is needed is missing.";
     case ErrorNumber::PathFileAccess:
@@ -53,7 +53,7 @@ const char *plainText(ErrorNumber number)
     }
 }
 
-/// What the user can do, or "" when the reason must speak for itself.
+/// Returns advice for the user, or "" if there is none for this number.
 const char *adviceFor(ErrorNumber number)
 {
     switch (number) {

@@ -6,7 +6,7 @@
 
 namespace host {
 
-/// The numbered run-time errors that commands know how to report.
+/// The numbered run-time errors that commands report.
 enum class ErrorNumber
 {
     InvalidCall = 5,
@@ -21,25 +21,25 @@ enum class ErrorNumber
     KeyInUse = 457,
 };
 
-/// The classic text of an error, for example "Subscript out of range" for 9.
+/// Returns the classic text of an error, for example "Subscript out of range" for 9.
 const char *ClassicText(ErrorNumber number);
 
 /// A failure of the machine, or a misuse that the product defines as an error. Thrown by the rooms
-/// below the forms, caught at the edge of each command and shown there; never leaves the program.
+/// without Qt, caught at the edge of each command and shown there; never leaves the program.
 class RuntimeError : public std::exception
 {
 public:
-    /// `detail` says all that the user needs to know: the file, the line, what is wrong there, as
+    /// `detail` holds all that the user needs to know: the file, the line, what is wrong there, as
     /// "FILE, line 7: REASON". It may be empty.
     explicit RuntimeError(ErrorNumber number, std::string detail = {});
 
     int Number() const { return static_cast<int>(m_number); }
     ErrorNumber Code() const { return m_number; }
-    /// The classic text, for the places that show it: reports and the output of zelkctl.
+    /// Returns the classic text, for the places that show it: reports and the output of zelkctl.
     std::string Text() const { return ClassicText(m_number); }
     const std::string &Detail() const { return m_detail; }
-    /// What is wrong, for the user: the detail, which begins with the file's name. Without a detail
-    /// a plain sentence for the number.
+    /// Returns what is wrong, for the user: the detail, which begins with the file's name, or a
+    /// plain sentence for the number if there is no detail.
     const char *what() const noexcept override { return m_what.c_str(); }
 
 private:
@@ -48,8 +48,8 @@ private:
     std::string m_what;
 };
 
-/// The text of a message box: what is wrong, and on a separate line what the user can do about it,
-/// if the kind of error implies that.
+/// Returns the text of a message box: what is wrong, and on a separate line what the user can do
+/// about it, if the kind of error implies that.
 std::string Explained(const std::exception &error);
 
 } // namespace host

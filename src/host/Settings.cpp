@@ -16,7 +16,7 @@
 namespace host {
 namespace {
 
-constexpr std::uint64_t kSettingsLimit = 16u << 20; ///< far above anything that was ever stored
+constexpr std::uint64_t kSettingsLimit = 16u << 20; ///< far more than anybody has ever stored
 
 [[noreturn]] void fail(const disk::Failure &failure, const std::string &file)
 {
@@ -42,7 +42,7 @@ void IniSettings::WriteTo(std::string_view section, std::string_view key, std::s
 {
     std::string text;
     const std::optional<disk::Failure> unread = disk::Read(m_file, kSettingsLimit, text);
-    // A store that is there but cannot be read must not be replaced by one value.
+    // A store that exists but cannot be read must not be replaced by one value.
     if (unread && disk::KindOf(m_file) != disk::Kind::Absent)
         fail(*unread, m_file);
     if (const auto failure = disk::MakeFolders(std::string(path::FolderWithSeparator(m_file))))

@@ -14,9 +14,9 @@ class SettingsStore
 {
 public:
     virtual ~SettingsStore() = default;
-    /// The stored text, or nothing when it is missing or cannot be read.
+    /// Returns the stored text, or nothing if it is missing or cannot be read.
     virtual std::optional<std::string> ReadFrom(std::string_view section, std::string_view key) = 0;
-    /// Stores a text. RuntimeError 70, 75 or 76 when the store cannot be written.
+    /// Stores a text. Throws RuntimeError 70, 75 or 76 if the store cannot be written.
     virtual void WriteTo(std::string_view section, std::string_view key,
                          std::string_view value) = 0;
 
@@ -27,8 +27,8 @@ public:
     static constexpr std::string_view kSettings = "Settings";
 };
 
-/// $XDG_CONFIG_HOME/ZELK/ZELK.ini (~/.config where the variable is not set). Every Write replaces
-/// the file whole.
+/// Settings in $XDG_CONFIG_HOME/ZELK/ZELK.ini (~/.config if the variable is not set). Every Write
+/// replaces the whole file.
 class IniSettings : public SettingsStore
 {
 public:
@@ -44,11 +44,11 @@ private:
     std::string m_file;
 };
 
-/// The store of this user and machine: RegistrySettings on Windows, IniSettings elsewhere.
+/// Returns the store of this user and machine: RegistrySettings on Windows, IniSettings elsewhere.
 std::unique_ptr<SettingsStore> UserSettings();
 
-/// A number as stored: decimal text of a single-precision number with "." in every locale. Text
-/// that is no number (surrounding blanks allowed) gives nothing.
+/// Convert a number from and to its stored form: decimal text of a single-precision number with "."
+/// in every locale. ParseSingle allows blanks around it and returns nothing for other text.
 std::optional<float> ParseSingle(std::string_view text);
 std::string FormatSingle(float value);
 

@@ -12,8 +12,8 @@
 
 namespace host {
 
-/// What folders of game paths are on the disk. Entries are made once and then only read, so that
-/// the lock is held for the tables alone.
+/// The folders of the disk that game paths lead to. Entries are created once and then only read, so
+/// the lock protects only the tables.
 class Snapshot::Places
 {
 public:
@@ -27,7 +27,7 @@ public:
     {
     }
 
-    /// The place of the first `depth` names of a path; an empty one when there is none.
+    /// Returns the place of the first `depth` names of a path; an empty one if there is none.
     const Place *Find(const GamePath &path, std::size_t depth)
     {
         std::size_t length = path.root.size();
@@ -38,7 +38,7 @@ public:
         return walk(path, depth);
     }
 
-    /// Where a path's last name is looked for. Nothing when the path can be none of a file.
+    /// A path's last name and the place to search for it. A path that cannot be a file's has none.
     struct Leaf
     {
         const Place *place;
@@ -64,8 +64,8 @@ public:
         return leaf;
     }
 
-    /// What a listing knows of the file that is meant: the exact spelling first, then in listing
-    /// order. Without an entry where no listing shows it.
+    /// The listing's entry of the requested file: the exact spelling first, then in listing
+    /// order. Without an entry if no listing shows it.
     struct Hit
     {
         const std::string *folder = nullptr;
@@ -79,7 +79,7 @@ public:
         Hit hit;
         for (const auto &[folder, listing] : *leaf.place) {
             if (!listing)
-                return {}; // it may be in there all the same
+                return {}; // the file may be in there nevertheless
             for (auto [entry, end] = Listings::Named(*listing, leaf.name); entry != end; ++entry)
                 if ((!hit || entry->DiskName() == leaf.name) &&
                     Listings::KindOf(folder, *entry) == disk::Kind::File)
@@ -91,7 +91,7 @@ public:
     }
 
 private:
-    /// Spellings of folders to remember; hostile files know more.
+    /// Number of spellings of folders to remember; hostile files contain more.
     static constexpr std::size_t kMaxAliases = 200000;
 
     struct Hash
@@ -103,7 +103,7 @@ private:
         }
     };
 
-    /// Step by step from the root, as far as there are folders.
+    /// Walks from the root step by step, as far as there are folders.
     const Place *walk(const GamePath &path, std::size_t depth)
     {
         std::string text = path.root;
@@ -142,7 +142,7 @@ private:
         const auto found = table.find(text);
         return found == table.end() ? nullptr : found->second;
     }
-    /// Different spellings lead to the same folder of the disk.
+    /// Returns a folder with its listing. Different spellings lead to the same folder.
     Listed listed(std::string folder)
     {
         {
@@ -157,9 +157,9 @@ private:
 
     Listings &m_listings;
     std::mutex m_mutex;
-    std::deque<Place> m_made; ///< all places; they stay where they are
-    Table m_places;           ///< by the text of a path with nothing left to work off
-    Table m_aliases;          ///< by the text of folders, with their separator, as paths were given
+    std::deque<Place> m_made; ///< all places; they do not move
+    Table m_places;           ///< by the text of a resolved path
+    Table m_aliases;          ///< by the text of folders as given, with their separator
     std::unordered_map<std::string, std::shared_ptr<const Listings::Folder>> m_read;
 };
 
@@ -173,8 +173,8 @@ Snapshot::~Snapshot() = default;
 
 namespace {
 
-/// What no listing shows may still be there: in a folder that is closed to listing, and under the
-/// short names of Windows.
+/// A file that no listing shows may still exist: in a folder that cannot be listed, or under a
+/// short name of Windows.
 std::optional<std::string> unlisted(std::string_view path)
 {
     const std::optional<GamePath> steps = GamePath::Of(path);
@@ -215,7 +215,7 @@ const void *Snapshot::IdentityOf(std::string_view path)
 std::string Snapshot::ReadFile(std::string_view path)
 {
     auto bytes = TryReadFile(path);
-    return bytes ? std::move(*bytes) : m_files.ReadFile(path); // which says why
+    return bytes ? std::move(*bytes) : m_files.ReadFile(path); // throws the reason
 }
 
 std::optional<std::string> Snapshot::TryReadFile(std::string_view path)

@@ -11,9 +11,9 @@
 
 namespace host {
 
-/// The folders as one long command sees them: each is listed once, when something in it is first
-/// looked for, and then taken for true as long as the snapshot lives. Finds what GameFiles finds,
-/// but asks the disk no more about names that it has seen. Safe to use from several threads.
+/// The folders as one long command sees them. Each is listed once, on the first search in it, and
+/// the listing remains in force as long as the snapshot lives. Finds what GameFiles finds, but does
+/// not ask the disk again about names that it has seen. Thread-safe.
 class Snapshot
 {
 public:
@@ -23,18 +23,17 @@ public:
     Snapshot(const Snapshot &) = delete;
     Snapshot &operator=(const Snapshot &) = delete;
 
-    /// The members of GameFiles of these names; the file is given as a game path, too.
+    /// Like the members of GameFiles of these names, but FindFile returns a game path.
     std::optional<std::string> FindFile(std::string_view path);
     bool FileExists(std::string_view path);
     bool FolderExists(std::string_view path);
-    /// True for a folder that is there, but whose names cannot be read; it is searched as if it
-    /// were empty.
+    /// True for an existing folder whose names cannot be read; it is searched as if it were empty.
     bool IsClosed(std::string_view folder);
     std::string ReadFile(std::string_view path);
-    /// The same, but nothing when there is no such file.
+    /// Like ReadFile, but returns nothing if there is no such file.
     std::optional<std::string> TryReadFile(std::string_view path);
-    /// What tells files apart, however their paths are spelled, as long as the snapshot lives; null
-    /// for one that is not there or that no listing shows.
+    /// Returns an identity by which files differ, however their paths are spelled, as long as the
+    /// snapshot lives; null for a file that does not exist or that no listing shows.
     const void *IdentityOf(std::string_view path);
     std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern);
     std::vector<std::string> ListFolders(std::string_view folder, std::string_view pattern = "*");

@@ -11,7 +11,7 @@
 namespace host {
 namespace {
 
-/// One step of strict UTF-8 decoding; `length` is 0 when the bytes are no UTF-8.
+/// One step of strict UTF-8 decoding; `length` is 0 if the bytes are not UTF-8.
 struct Decoded
 {
     char32_t c = 0;
@@ -56,8 +56,8 @@ Decoded decode(std::string_view text)
     return {c, length};
 }
 
-/// Orders bytes so that UTF-8 texts come out in the order of their UTF-16 code units: characters
-/// beyond the basic plane (lead bytes from F0 on) before U+E000 to U+FFFF (lead bytes EE and EF).
+/// Orders bytes so that UTF-8 texts sort by their UTF-16 code units: characters beyond the basic
+/// plane (lead bytes from F0 on) before U+E000 to U+FFFF (lead bytes EE and EF).
 unsigned utf16Weight(char c)
 {
     const auto byte = static_cast<unsigned char>(c);
@@ -72,7 +72,7 @@ constexpr std::array<char16_t, 32> kWindows1252 = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-/// The byte of a character in Windows-1252, or -1.
+/// Returns the byte of a character in Windows-1252, or -1.
 int windows1252Byte(char32_t c)
 {
     if (c < 0x80 || (c >= 0xA0 && c < 0x100))
@@ -81,7 +81,7 @@ int windows1252Byte(char32_t c)
     return found == kWindows1252.end() ? -1 : 0x80 + static_cast<int>(found - kWindows1252.begin());
 }
 
-/// Applies a mapping of code points to a text; bytes that are no UTF-8 stay.
+/// Applies a mapping of code points to a text; keeps bytes that are not UTF-8.
 template <typename Mapping> std::string mapped(std::string_view text, Mapping mapping)
 {
     std::string out;
@@ -144,7 +144,7 @@ std::string ToLower(std::string_view text)
 
 int CompareCodeUnits(std::string_view a, std::string_view b)
 {
-    constexpr std::size_t kPiece = 8; // what one comparison of the machine takes
+    constexpr std::size_t kPiece = 8; // the bytes of one machine comparison
     const std::size_t shared = std::min(a.size(), b.size());
     std::size_t i = 0;
     while (i + kPiece <= shared && std::memcmp(a.data() + i, b.data() + i, kPiece) == 0)

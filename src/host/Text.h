@@ -6,42 +6,43 @@
 #include <string_view>
 #include <vector>
 
-/// Text helpers for names and paths. All text in the rooms below the forms is UTF-8.
+/// Text helpers for names and paths. All text in the rooms without Qt is UTF-8.
 namespace host {
 
-/// Upper case by simple one-to-one mappings of the basic plane (as NTFS compares names), the same
-/// on every machine and in every locale. Bytes that are no UTF-8 are kept as they are.
+/// Converts to upper case by simple one-to-one mappings of the basic plane (as NTFS compares
+/// names), the same on every machine and in every locale. Keeps bytes that are not UTF-8.
 std::string ToUpper(std::string_view text);
-/// The mapping for one code point.
+/// Returns the mapping of one code point.
 char32_t ToUpper(char32_t c);
-/// The same mappings backwards.
+/// Apply the same mappings backwards.
 std::string ToLower(std::string_view text);
 char32_t ToLower(char32_t c);
 
-/// Three-way comparison of the upper-case forms by UTF-16 code unit order, as directory listings
-/// are ordered; <0, 0, >0.
+/// Compares the upper-case forms by UTF-16 code units, as directory listings are ordered; returns
+/// <0, 0 or >0.
 int CompareNoCase(std::string_view a, std::string_view b);
 bool EqualsNoCase(std::string_view a, std::string_view b);
 
-/// Three-way comparison of two texts by UTF-16 code units, letter case counting; <0, 0, >0.
+/// Compares two texts by UTF-16 code units, without ignoring letter case; returns <0, 0 or >0.
 int CompareCodeUnits(std::string_view a, std::string_view b);
 
-/// Listing order: by upper case, and by bytes where that is equal.
+/// True if `a` precedes `b` in listing order: by upper case, and by bytes if that is equal.
 bool ListsBefore(std::string_view a, std::string_view b);
 
 bool IsValidUtf8(std::string_view bytes);
-/// Windows-1252 to UTF-8; the five unassigned bytes map to the same code point.
+/// Converts Windows-1252 to UTF-8; the five unassigned bytes map to the same code point.
 std::string FromWindows1252(std::string_view bytes);
-/// UTF-8 to Windows-1252; false when a character has no place there (`out` is then unspecified).
+/// Converts UTF-8 to Windows-1252; returns false, with `out` unspecified, if a character does not
+/// exist there.
 bool ToWindows1252(std::string_view utf8, std::string &out);
-/// Appends one code point as UTF-8 (surrogates are written as three bytes each).
+/// Appends one code point as UTF-8; a surrogate becomes three bytes.
 void AppendUtf8(std::string &out, char32_t c);
 
-/// Without leading and trailing blanks (spaces only, as the command line is trimmed).
+/// Removes leading and trailing blanks (spaces only, as for the command line).
 std::string_view TrimBlanks(std::string_view text);
-/// "1 consist", "3 consists".
+/// Returns a number with its noun: "1 consist", "3 consists".
 std::string Counted(std::size_t count, std::string_view one, std::string_view many);
-/// Parts between separators; an empty text has no parts.
+/// Returns the parts between separators; an empty text has no parts.
 std::vector<std::string> Split(std::string_view text, char separator);
 
 } // namespace host

@@ -5,8 +5,8 @@
 
 namespace host {
 
-/// Where nobody can be asked: every question for a text, a file or a choice is cancelled. What is
-/// told is left to those who derive from it.
+/// Dialogs for non-interactive use: every prompt for a text, a file or a choice is cancelled.
+/// Subclasses decide what to do with messages.
 class UnansweredDialogs : public Dialogs
 {
 public:

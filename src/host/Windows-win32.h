@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The system's own header without the names that would stand in the way of ours. For "-win32.cpp"
-/// files alone: its macros must not get into any other header.
+/// Includes the system's header without the names that would collide with ours. For "-win32.cpp"
+/// files only: its macros must not get into any other header.
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif

@@ -284,7 +284,7 @@ constexpr std::size_t slotOf(std::string_view name)
     return (hash ^ hash >> 10) % kSlots;
 }
 
-/// Open addressing: the place of each keyword plus one, 0 for a free slot.
+/// Open addressing: a slot holds the index of a keyword plus one, or 0 if it is free.
 constexpr std::array<std::uint16_t, kSlots> makeSlots()
 {
     std::array<std::uint16_t, kSlots> slots{};

@@ -5,17 +5,17 @@
 
 namespace stavfile {
 
-/// What the reader must know of a block's name to tell values, labels and comments apart
+/// The facts about a block's name by which the reader distinguishes values, labels and comments
 /// (docs/formats.md, "Labels" and "Comments").
 struct Keyword
 {
     std::string_view name;
     int strings = 0;       ///< leading values that are texts, where "#x" and "_x" are values
-    bool shape = false;    ///< a name of shape files only
-    bool labelled = false; ///< regularly stands with a label
+    bool shape = false;    ///< a name in shape files only
+    bool labelled = false; ///< usually has a label
 };
 
-/// The entry of a name, letter case ignored, or null for a name that is not known.
+/// Returns the entry of a name, ignoring letter case; null if the name is unknown.
 const Keyword *FindKeyword(std::string_view name);
 
 } // namespace stavfile

@@ -8,7 +8,7 @@
 namespace stavfile::lexer {
 namespace {
 
-/// One past the quote that closes the string beginning at `at`, or npos.
+/// Returns the place one past the quote that closes the string at `at`, or npos.
 std::size_t stringEnd(std::string_view text, std::size_t at)
 {
     for (++at; at < text.size(); ++at) {
@@ -95,7 +95,7 @@ Extent ValueExtent(std::string_view text, std::size_t at)
     Extent extent;
     extent.cleanEnd = extent.end = WordEnd(text, at);
     if (extent.end < text.size() && text[extent.end] == '"')
-        ++extent.end; // the quote of a forgotten opening one belongs to the word
+        ++extent.end; // a closing quote without an opening one belongs to the word
     return extent;
 }
 
@@ -152,8 +152,8 @@ Skipped SkipCommentItem(std::string_view text, std::size_t wordEnd)
 
 namespace {
 
-/// A comment as it stands at `at`, in a form that is one wherever it is put: where a text is
-/// expected, only a word with a block behind it is a comment.
+/// Returns the comment at `at` in a form that remains a comment in any place: where a text is
+/// expected, only a word followed by a block is a comment. Sets `end` to the end of the comment.
 std::string movableComment(std::string_view gap, std::size_t at, std::size_t &end)
 {
     const std::size_t item = SkipBlanks(gap, end);
@@ -162,7 +162,7 @@ std::string movableComment(std::string_view gap, std::size_t at, std::size_t &en
     const bool nothing = item == gap.size() || gap[item] == ')';
     if ((!nothing && gap[item] == '(') || !skipped.fix.empty())
         return std::string(gap.substr(at, end - at));
-    // A quote that ended a word would open a string in a skipped block.
+    // Inside a skipped block, a quote at the end of a word would open a string.
     const std::size_t last = nothing ? end : ValueExtent(gap, item).cleanEnd;
     return "comment ( " + std::string(gap.substr(at, last - at)) + " )";
 }

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-/// The lexical rules of structured files on held text (TextCodec.h): docs/formats.md, "Tokens".
+/// The lexical rules of structured files, for held text (TextCodec.h): docs/formats.md, "Tokens".
 /// All places are byte offsets into the text.
 namespace stavfile::lexer {
 
@@ -37,7 +37,7 @@ inline CharClass ClassOf(char c)
     return detail::kClasses[static_cast<unsigned char>(c)];
 }
 
-/// The first place at or after `at` that is no blank; the text's size at its end.
+/// Returns the first place at or after `at` that is not a blank; the text's size if there is none.
 inline std::size_t SkipBlanks(std::string_view text, std::size_t at)
 {
     while (at < text.size() && ClassOf(text[at]) == CharClass::Blank)
@@ -45,7 +45,7 @@ inline std::size_t SkipBlanks(std::string_view text, std::size_t at)
     return at;
 }
 
-/// One past the last character of the word that begins at `at`.
+/// Returns the place one past the word that begins at `at`.
 inline std::size_t WordEnd(std::string_view text, std::size_t at)
 {
     while (at < text.size() && ClassOf(text[at]) == CharClass::Word)
@@ -53,55 +53,56 @@ inline std::size_t WordEnd(std::string_view text, std::size_t at)
     return at;
 }
 
-/// A value's extent. A quoted value includes its quotes and the pieces joined by "+"; a word that
-/// a quote ended includes that quote.
+/// The extent of a value. A quoted value includes its quotes and the pieces joined by "+"; a word
+/// that a quote ended includes that quote.
 struct Extent
 {
     std::size_t end = 0;      ///< one past the value
     std::size_t cleanEnd = 0; ///< one past the value without a swallowed quote or a stray "+"
     bool quoted = false;
     bool unterminated = false; ///< the text ended inside quotes
-    bool strayPlus = false;    ///< a "+" without a following string stands behind; `end` is past it
+    bool strayPlus = false;    ///< a "+" that joins nothing follows; `end` is past it
 };
 
-/// The extent of the quoted string or word at `at`, which is no blank and no bracket.
+/// Returns the extent of the quoted string or word at `at`, which must not be a blank or a bracket.
 Extent ValueExtent(std::string_view text, std::size_t at);
 
-/// The value there with quotes, joins and escapes worked off, still in held form.
+/// Returns the value at `at` with quotes, joins and escapes resolved, still in held form.
 std::string DecodedValue(std::string_view text, std::size_t at);
 
-/// What closes a string that the text's end cut off: a quote, behind another backslash where the
-/// last one would escape it.
+/// Returns what closes a string that the text's end cut off: a quote, after another backslash if
+/// the last one would escape it.
 std::string StringFix(std::string_view text);
 
-/// Where something that is skipped unread ends.
+/// The end of something that is skipped unread.
 struct Skipped
 {
     std::size_t end = 0;
-    std::string fix; ///< what would have to follow the text to close it, when the text ended inside
+    std::string fix; ///< what must follow the text to close it, if the text ended inside it
 };
-/// The block whose opening bracket is at `at`: only brackets and quotes count.
+/// Skips the block whose opening bracket is at `at`. Only brackets and quotes count.
 Skipped SkipBlock(std::string_view text, std::size_t at);
-/// The one item that follows a comment word ending at `wordEnd`: a block, a string or a word;
+/// Skips the one item behind a comment word that ends at `wordEnd`: a block, a string or a word;
 /// nothing before a closing bracket.
 Skipped SkipCommentItem(std::string_view text, std::size_t wordEnd);
 
-/// A word that makes the reader pass over what follows: begins with "#" or "_", or is "comment" or
-/// "skip" in any letter case.
+/// True for a word that makes the reader skip what follows: it begins with "#" or "_", or is
+/// "comment" or "skip" in any letter case.
 bool IsCommentWord(std::string_view word);
 
-/// What stands between two parts of a block, made fit to stand between others: a block without a
-/// name is turned into a comment, lest a word before it become its name, and a "+" goes.
+/// Changes the text between two parts of a block so that it fits between any others: a block
+/// without a name becomes a comment, so that a word before it does not become its name, and a "+"
+/// is dropped.
 std::string MovableGap(std::string_view gap);
 
-/// The text of a new value as it is written: as it stands when it is one quoted string already or
-/// needs no quotes, else quoted with its escapes.
+/// Returns the spelling of a new value: unchanged if it is one quoted string or needs no quotes,
+/// else quoted and escaped.
 std::string Spelling(std::string_view value);
 
-/// The value that a reader gets from a spelling that stands in quotes or needs none.
+/// Returns the value that a reader gets from a spelling that is quoted or needs no quotes.
 std::string Unspelled(std::string_view spelling);
 
-/// Backslashes, quotes, line feeds and tabs escaped, as needed between quotes.
+/// Escapes backslashes, quotes, line feeds and tabs, as needed between quotes.
 std::string Escaped(std::string_view value);
 
 } // namespace stavfile::lexer

@@ -9,8 +9,8 @@
 
 namespace stavfile {
 
-/// A growing array of plain values in pages: growing it costs no second copy of a large one, and
-/// little is reserved that is not used. Most files are small: the first page begins small, too.
+/// A growing array of plain values in pages: growing does not copy a large one, and little memory
+/// stays unused. Most files are small, so the first page begins small too.
 template <typename T> class PagedArray
 {
 public:

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kMaxNotes = 200; // enough for any report; hostile files have millions
 
-/// One pass over the text with a stack of open blocks of its own: no recursion on file depth.
+/// Parses in one pass, with an explicit stack of open blocks: no recursion on file depth.
 class Parser
 {
 public:
@@ -47,7 +47,7 @@ private:
         std::uint32_t record = 0;
         std::size_t firstPending = 0;
         int stringsLeft = 0;    ///< leading values that are texts
-        Last last = Last::None; ///< what stands before the place, comments left out
+        Last last = Last::None; ///< kind of the last item, not counting comments
     };
 
     bool atTop() const { return m_frames.size() == 1; }
@@ -71,13 +71,13 @@ private:
     {
         const lexer::Extent extent = lexer::ValueExtent(m_text, m_at);
         if (extent.strayPlus)
-            note(m_at, "\"+\" is followed by no string and ignored");
+            note(m_at, "a \"+\" without a following string is ignored");
         if (extent.unterminated) {
             note(m_at, "the string that begins here is not closed: it runs to the end of the file");
             m_source.tailFix = lexer::StringFix(m_text);
         } else if (extent.end == m_at + 2 && extent.end < m_text.size() &&
                    lexer::ClassOf(m_text[extent.end]) == lexer::CharClass::Word) {
-            note(m_at, "an empty string stands directly before a word: a doubled quote?");
+            note(m_at, "an empty string is directly before a word: a doubled quote?");
         } else {
             noteSwallowedLines(extent.end);
         }
@@ -85,7 +85,7 @@ private:
         m_at = extent.end;
     }
 
-    /// A string over a line end that holds NAME ( behind it lacks its closing quote, most likely.
+    /// A string across a line end, with NAME ( in it, most likely lacks its closing quote.
     void noteSwallowedLines(std::size_t end)
     {
         const std::string_view value = m_text.substr(m_at, end - m_at);
@@ -117,7 +117,7 @@ private:
     }
 
     /// Where a text is expected, a word that looks like a comment mark is a value: file names and
-    /// labels begin with "_" and "#", too.
+    /// labels can begin with "_" and "#".
     bool isTextHere(std::size_t wordEnd) const
     {
         const std::size_t next = lexer::SkipBlanks(m_text, wordEnd);
@@ -142,7 +142,7 @@ private:
     void skipTo(const lexer::Skipped &skipped)
     {
         if (!skipped.fix.empty()) {
-            note(m_at, "what is skipped from here runs to the end of the file");
+            note(m_at, "the comment or block skipped from here runs to the end of the file");
             m_source.tailFix = skipped.fix;
         }
         m_at = skipped.end;
@@ -181,16 +181,16 @@ private:
         ++m_at;
     }
 
-    /// A text that looks like a comment mark is none where a comment parts it from the bracket: as
-    /// a name it would be one again as soon as it stood elsewhere.
+    /// A text that looks like a comment mark, with a comment between it and the bracket, is not a
+    /// name: written in another place, such a name would be a comment mark again.
     bool canBeName(std::uint32_t place) const
     {
         const std::size_t end = lexer::WordEnd(m_text, place);
         return atTop() || !lexer::IsCommentWord(m_text.substr(place, end - place));
     }
 
-    /// NAME VALUE ( is a block with a label where NAME is a keyword that may have one; everywhere
-    /// else the last word is the name and what stands before it are values.
+    /// NAME VALUE ( is a block with a label if NAME is a keyword that may have one. Everywhere else
+    /// the last word is the name, and what precedes it are values.
     bool labelBefore() const
     {
         const Frame &frame = m_frames.back();
@@ -206,8 +206,8 @@ private:
         return !own || (own->shape && !m_inShape);
     }
 
-    /// A child block between two values parts them, and so does a comment: only blanks may stand
-    /// between a name and its label.
+    /// A child block or a comment between two values separates them: only blanks may be between a
+    /// name and its label.
     bool adjacent(std::uint32_t first, std::uint32_t second) const
     {
         return lexer::SkipBlanks(m_text, lexer::ValueExtent(m_text, first).end) == second;
@@ -294,13 +294,13 @@ private:
         if (m_source.notes.size() > kMaxNotes)
             return;
         if (m_source.notes.size() == kMaxNotes) {
-            m_source.notes.push_back({m_notedLine, "there is more to say; it is left out"});
+            m_source.notes.push_back({m_notedLine, "further notes are left out"});
             return;
         }
         m_source.notes.push_back({lineOf(place), std::move(text)});
     }
 
-    /// Lines are counted on from the last note, so that many notes cost one pass.
+    /// Continues counting lines from the last note, so that many notes cost one pass.
     int lineOf(std::size_t place)
     {
         if (place < m_notedAt)

@@ -13,7 +13,7 @@ constexpr std::string_view kMark = "SIMISA@@@@@@@@@@";
 constexpr std::string_view kKind = "JINX0";
 constexpr std::string_view kTexture("\x01\0\0\0", 4); // a texture has no sub-header
 constexpr std::size_t kFormLetter = 7; // in the sub-header: 't' for text, 'b' for binary
-constexpr std::size_t kSubHeader = 16; // with its line end, or with two more underscores
+constexpr std::size_t kSubHeader = 16; // including its line end or two more underscores
 constexpr std::size_t kLookForNuls = 1024;
 
 Form formOf(const Source &source, std::size_t mark)
@@ -34,7 +34,7 @@ Form formOf(const Source &source, std::size_t mark)
     return sub.starts_with(kTexture) ? Form::Binary : Form::Text;
 }
 
-/// One past the header: behind its fixed 32 characters where it is followed by the tree on the
+/// Returns the place one past the header: behind its fixed 32 characters if the tree follows on the
 /// same line, else at the end of its line.
 std::size_t headerEnd(std::string_view text, std::size_t mark)
 {

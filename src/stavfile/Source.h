@@ -13,9 +13,9 @@
 
 namespace stavfile {
 
-/// One block as it was read. Records stand in the order of their beginnings, so that the first
-/// child of a record is the next one, and `next` leads to the sibling behind it. All places are
-/// byte offsets into the source's text.
+/// One block as it was read. Records are in the order of their beginnings, so that the first child
+/// of a record is the next one, and `next` leads to the following sibling. All places are byte
+/// offsets into the source's text.
 struct Record
 {
     static constexpr std::uint32_t kUnclosed = 1;
@@ -32,7 +32,7 @@ struct Record
     bool Unclosed() const { return flags & kUnclosed; }
 };
 
-/// A file as it was read: its text and where everything stands in it. Never changes after parsing;
+/// A file as it was read: its text and the places of everything in it. Never changes after parsing;
 /// nodes point into it and keep it alive.
 struct Source
 {
@@ -42,11 +42,11 @@ struct Source
     std::string oddByte;
     Form form = Form::Text;
     std::string header;   ///< without line end and trailing blanks
-    std::size_t body = 0; ///< where the tree begins, behind the header
+    std::size_t body = 0; ///< beginning of the tree, behind the header
     std::string lineEnd = "\r\n";
-    std::string tailFix; ///< what closes a string or a skipped block that the text's end cut
+    std::string tailFix; ///< closes a string or a skipped block that the text's end cut off
     PagedArray<Record> records;
-    PagedArray<std::uint32_t> values; ///< places of values, those of one record together
+    PagedArray<std::uint32_t> values; ///< places of values; those of one record are contiguous
     std::vector<Note> notes;
 
     std::string_view Name(const Record &record) const;
@@ -57,8 +57,8 @@ struct Source
 /// Decodes and parses a file. Never fails: what cannot be read as text is told by `form`.
 std::shared_ptr<const Source> ReadSource(std::string bytes);
 
-/// True for 8-bit content without header that has NULs inside near its start. Text and then NULs
-/// only is text with padding.
+/// True if 8-bit content without a header looks binary: near its start, a NUL has other characters
+/// behind it. Text with nothing but NULs behind it is padded text.
 bool LooksBinary(std::string_view text);
 
 } // namespace stavfile

@@ -23,33 +23,33 @@ public:
     const std::string &FileName() const { return m_fileName; }
     void SetFileName(std::string path) { m_fileName = std::move(path); }
 
-    /// Reads the file named by FileName, replacing the tree; handles on the old tree stay valid.
-    /// RuntimeError 53, 70, 75 or 76 when it cannot be read (the tree is then unchanged). A file
-    /// that is binary, compressed or all NULs gives an empty tree; Form says which.
+    /// Reads the file named by FileName and replaces the tree; handles on the old tree stay valid.
+    /// Throws RuntimeError 53, 70, 75 or 76, and leaves the tree unchanged, if the file cannot be
+    /// read. A file that is binary, compressed or all NULs gives an empty tree; Form returns which.
     void Load();
-    /// Makes this an empty new document again.
+    /// Resets this to an empty new document.
     void New();
     /// The same as Load from bytes in memory.
     void LoadBytes(std::string bytes);
 
     /// Writes the tree to the file named by FileName, whole or not at all (GameFiles::WriteFile).
-    /// Encoding, BOM, header, line ends and everything untouched are given back as read; a new
-    /// document is UTF-16LE with BOM, header, CRLF and tabs. Where a new value does not fit the
-    /// file's encoding the file becomes UTF-16LE.
+    /// Keeps encoding, BOM, header, line ends and everything untouched as read. A new document is
+    /// UTF-16LE with BOM, header, CRLF and tabs. If a new value does not fit the file's encoding,
+    /// the file becomes UTF-16LE.
     void Save();
-    /// The bytes that Save would write.
+    /// Returns the bytes that Save would write.
     std::string ToBytes() const;
 
-    /// The live list of top-level blocks; both names give the same list.
+    /// Return the live list of top-level blocks; both names give the same list.
     StfNodes Nodes() const;
     StfNodes TopNodes() const { return Nodes(); }
-    /// The first top-level block of this name, letter case ignored, or no object.
+    /// Returns the first top-level block of this name, ignoring letter case, or no object.
     StfNode FindNode(std::string_view name) const;
 
     stavfile::Form Form() const;
     stavfile::Encoding Encoding() const;
     bool HasBom() const;
-    /// The header line without its line end and trailing blanks; "" when there is none.
+    /// Returns the header line without line end and trailing blanks; "" if there is none.
     std::string Header() const;
     const std::vector<stavfile::Note> &Notes() const;
 

@@ -52,7 +52,7 @@ std::string nameOf(const Node &node)
                : shown(node, std::string(node.source->Name(*node.Read())));
 }
 
-/// Compares without making a string where the name was read and is plain.
+/// Compares without creating a string if the name was read and needs no conversion.
 bool hasName(const Node &node, std::string_view name)
 {
     if (node.nameIsSet || node.source->encoding == stavfile::Encoding::Windows1252)
@@ -62,7 +62,7 @@ bool hasName(const Node &node, std::string_view name)
     return text.substr(record.begin).starts_with(name) && node.source->Name(record) == name;
 }
 
-/// True when `name` is one of the alternatives that "|" separates.
+/// True if the node's name is one of `names`, which are separated by "|".
 bool isAnyOf(const Node &node, std::string_view names)
 {
     for (;;) {

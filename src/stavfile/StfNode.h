@@ -20,16 +20,16 @@ class Writer;
 /// A handle on one block of a structured file: NAME [LABEL] ( values and child blocks ).
 ///
 /// Cheap to copy; copies refer to the same block, and two handles on the same block are equal. A
-/// handle keeps its block alive, also when the StfFile it came from is gone. An empty handle is "no
-/// object": it tests false, and every use of it is run-time error 91. Values are UTF-8 text without
-/// the enclosing quotes and with the escapes decoded; what is not changed is written back with the
-/// bytes that it was read from. Not safe to use from two threads at once, not even for reading.
+/// handle keeps its block alive, even after its StfFile is gone. An empty handle is "no object": it
+/// converts to false, and every use of it is run-time error 91. Values are UTF-8 text without the
+/// enclosing quotes and with the escapes decoded; unchanged ones are written back with the bytes
+/// that they were read from. Not thread-safe, not even for reading.
 class StfNode
 {
 public:
     /// No object.
     StfNode() = default;
-    /// A new block without name, values and children, in no list yet.
+    /// Returns a new block without name, values and children, not yet in any list.
     static StfNode Create();
 
     explicit operator bool() const { return m_node != nullptr; }
@@ -37,34 +37,35 @@ public:
 
     std::string Name() const;
     void SetName(std::string_view name);
-    /// The value between name and bracket ("MAIN" in `matrix MAIN ( ... )`), "" when there is none.
+    /// Returns the value between name and bracket ("MAIN" in `matrix MAIN ( ... )`); "" if there is
+    /// none.
     std::string Label() const;
 
-    /// The live list of child blocks, in file order, 1-based.
+    /// Returns the live list of child blocks, in file order, 1-based.
     StfNodes Children() const;
-    /// The first direct child of exactly this name, or no object.
+    /// Returns the first direct child of exactly this name, or no object.
     StfNode Child(std::string_view name) const;
     /// Looks through the children after `position` (0 at the start) for one whose name is exactly
     /// one of the alternatives, which are separated by "|". True sets `position` to that child's
     /// 1-based place in Children; false leaves it. Error 6 when the place is beyond 16 bits.
     bool FindChild(std::string_view names, std::int16_t &position) const;
 
-    /// Number of plain values. (Can pass 16 bits in large files, hence int.)
+    /// Returns the number of plain values. It is an int, since large files exceed 16 bits.
     int NumParameters() const;
-    /// Resizes the list of values; new ones are empty and unquoted. Error 5 below 0.
+    /// Resizes the list of values; new ones are empty and unquoted. Throws error 5 below 0.
     void SetNumParameters(int count);
-    /// The value at a 0-based index; error 9 outside the list.
+    /// Returns the value at a 0-based index; throws error 9 outside the list.
     std::string Parameter(int index) const;
-    /// The same as spelled in the file, with its quotes, escapes and joins ("" for a value that was
-    /// set and not read). Error 9 outside the list.
+    /// Returns a value as spelled in the file, with its quotes, escapes and joins; "" for a value
+    /// that was set. Throws error 9 outside the list.
     std::string RawParameter(int index) const;
-    /// Replaces the value at a 0-based index; error 9 outside the list. Text that stands in double
-    /// quotes is written as it stands (and read back without them); other text is quoted when it
-    /// must be. Setting the text that a value has already, with or without quotes around it, leaves
-    /// the value's spelling as it is.
+    /// Replaces the value at a 0-based index; throws error 9 outside the list. Text in double
+    /// quotes is written unchanged (and read back without them); other text is quoted if necessary.
+    /// Setting the text that a value already has, with or without quotes around it, keeps the
+    /// value's spelling.
     void SetParameter(int index, std::string_view value);
 
-    /// 1-based line of the block's name in the file it was read from; 0 for a new block.
+    /// Returns the 1-based line of the block's name in its file; 0 for a new block.
     int Line() const;
 
 private:
@@ -81,9 +82,9 @@ private:
 };
 
 namespace stavfile {
-/// A text in double quotes with its escapes, as SetParameter takes it to be written as it stands.
+/// Returns a text in double quotes with its escapes, which SetParameter writes unchanged.
 std::string QuotedValue(std::string_view text);
-/// The value of a block at a 0-based index; "" when the block or the value is absent.
+/// Returns the value of a block at a 0-based index; "" if the block or the value is absent.
 std::string ValueAt(const StfNode &node, int index = 0);
 } // namespace stavfile
 
@@ -94,10 +95,10 @@ class StfNodes
 public:
     int Count() const;
     StfNode Item(int place) const;
-    /// Appends. Error 5 when the block holds this list itself (directly or deeper); error 91 for no
-    /// object.
+    /// Appends a block. Throws error 5 if the block holds this list itself (directly or deeper),
+    /// error 91 for no object.
     void Add(const StfNode &node);
-    /// Inserts so that the block stands at `place`, 1 to Count() + 1.
+    /// Inserts a block so that it is at `place`, 1 to Count() + 1.
     void Insert(const StfNode &node, int place);
     void Remove(int place);
 

@@ -12,7 +12,7 @@ namespace stavfile {
 namespace {
 
 constexpr std::string_view kUtf8Bom = "\xEF\xBB\xBF";
-constexpr std::size_t kGuessBytes = 64; // as much as other readers of the format look at
+constexpr std::size_t kGuessBytes = 64; // as much as other readers of the format examine
 
 char16_t unitAt(std::string_view bytes, std::size_t at, bool bigEndian)
 {
@@ -30,8 +30,8 @@ bool isLowSurrogate(char16_t c)
     return c >= 0xDC00 && c < 0xE000;
 }
 
-/// Copies a run of ASCII characters of little-endian UTF-16, looking at four at a time; returns the
-/// place behind them.
+/// Copies a run of ASCII characters of little-endian UTF-16, four at a time; returns the place
+/// behind them.
 std::size_t copyAsciiRun(std::string_view bytes, std::size_t at, std::string &out)
 {
     if constexpr (std::endian::native != std::endian::little)
@@ -77,7 +77,8 @@ std::string fromUtf16(std::string_view bytes, bool bigEndian)
     return out;
 }
 
-/// The code point at `at` of held text, which is well formed but for surrogates; moves on.
+/// Returns the code point at `at` of held text, which is well formed but for surrogates; advances
+/// `at`.
 char32_t nextCodePoint(std::string_view text, std::size_t &at)
 {
     const auto lead = static_cast<unsigned char>(text[at++]);
@@ -99,8 +100,8 @@ void appendUnit(std::string &out, char32_t unit, bool bigEndian)
     out += bigEndian ? low : high;
 }
 
-/// Appends the ASCII characters from `at` on, looking at eight at a time where it can; returns the
-/// place behind them.
+/// Appends the ASCII characters from `at` on, eight at a time where possible; returns the place
+/// behind them.
 std::size_t appendAsciiRun(std::string &out, std::string_view text, std::size_t at, bool bigEndian)
 {
     std::size_t end = at;
@@ -164,12 +165,12 @@ std::string withoutSurrogates(std::string_view text)
     return out;
 }
 
-/// Zero bytes in the start of a file, at even and at odd offsets.
+/// Number of zero bytes at the start of a file, at even and at odd offsets.
 struct Zeros
 {
     std::size_t even = 0, odd = 0, pairs = 0;
 
-    /// Zeros mainly at one parity: UTF-16 without a byte order mark.
+    /// True if the zeros are mainly at one parity: UTF-16 without a byte order mark.
     bool LookLikeUtf16() const
     {
         const std::size_t most = std::max(even, odd), least = std::min(even, odd);
@@ -188,14 +189,15 @@ Zeros countZeros(std::string_view bytes)
     return zeros;
 }
 
-/// The container mark in one byte per character; binary files are full of zeros behind it.
+/// True for the container mark in one byte per character, behind which binary files are full of
+/// zeros.
 bool startsWithMark(std::string_view bytes)
 {
     const std::size_t start = bytes.find_first_not_of("\r\n");
     return start != bytes.npos && bytes.substr(start).starts_with("SIMISA@");
 }
 
-/// The mark alone may also be UTF-16 that begins with a NUL: the first character must fit, too.
+/// The mark could also be UTF-16 that begins with a NUL, so the first character must fit too.
 bool looksLikeUtf32(std::string_view bytes)
 {
     using namespace std::string_view_literals;
@@ -279,7 +281,7 @@ DecodedText Decode(std::string bytes)
     DecodedText result;
     if (looksLikeUtf32(view)) {
         result.isUtf32 = true;
-        result.encoding = Encoding::Windows1252; // gives any bytes back
+        result.encoding = Encoding::Windows1252; // keeps all bytes as they are
         result.text = std::move(bytes);
         return result;
     }

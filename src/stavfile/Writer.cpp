@@ -14,8 +14,8 @@ bool isBlank(std::string_view text)
     return lexer::SkipBlanks(text, 0) == text.size();
 }
 
-/// The blanks between the last line break and the end of `text`; nothing when other characters or
-/// no line break stand there.
+/// Returns the blanks between the last line break and the end of `text`; nothing if there are other
+/// characters or no line break.
 std::optional<std::string> indentAtEnd(std::string_view text)
 {
     const std::size_t feed = text.find_last_of("\r\n");
@@ -24,7 +24,7 @@ std::optional<std::string> indentAtEnd(std::string_view text)
     return std::string(text.substr(feed + 1));
 }
 
-/// Comments and what comes behind them, kept apart: a word that skips or ends one must not grow.
+/// Appends what follows some comments; a blank keeps a comment's mark or last word from growing.
 std::string joined(std::string carried, std::string_view behind)
 {
     if (!carried.empty() && !behind.empty() && lexer::SkipBlanks(behind, 0) == 0)
@@ -40,8 +40,8 @@ bool isChildAsRead(const Node &parent, const Node &child)
 } // namespace
 
 /// Puts the parts of a block into the order in which they are written. Children keep the order of
-/// the list, values theirs; a value stands before the child that it stood before, and a new value
-/// behind the one before it.
+/// the list, values theirs. A value stays before the child that it preceded, and a new value
+/// follows the value before it.
 class Writer::Ordering
 {
 public:
@@ -74,14 +74,15 @@ public:
     }
 
 private:
-    /// The place of the part that a child was read from; the number of parts for none.
+    /// Returns the index of the part that a child was read from; the number of parts if there is
+    /// none.
     std::size_t readPartOf(const Node &child)
     {
         const auto &parts = m_layout.parts;
         if (!isChildAsRead(m_node, child))
             return parts.size();
         const std::size_t begin = child.Read()->begin;
-        // Most children stand behind the one before them, as they did when they were read.
+        // Most children still follow the one that they followed when they were read.
         if (m_expected >= parts.size() || parts[m_expected].begin != begin)
             m_expected = static_cast<std::size_t>(
                 std::lower_bound(
@@ -108,7 +109,7 @@ private:
     void takeChild(const Node &child, std::size_t readPart)
     {
         std::optional<std::size_t> read;
-        if (readPart < m_used.size() && !m_used[readPart]) // else the same block a second time
+        if (readPart < m_used.size() && !m_used[readPart]) // else the same block again
             read = readPart;
         if (read)
             m_used[*read] = true;
@@ -120,7 +121,7 @@ private:
     std::vector<bool> m_used;
     std::vector<std::size_t> m_readValues; ///< part of each value as read
     std::size_t m_value = 0;               ///< the next value to take
-    std::size_t m_expected = 0;            ///< the part of the next child, most likely
+    std::size_t m_expected = 0;            ///< the likely part of the next child
     std::vector<Part> m_order;
 };
 
@@ -142,17 +143,17 @@ std::string Writer::Run()
         return std::move(m_out);
     }
     m_out.reserve(source->text.size() + source->text.size() / 8);
-    // The blank lines behind the header belong to it, whatever becomes of the first block.
+    // The blank lines behind the header belong to it, whatever happens to the first block.
     const std::size_t begin = lexer::SkipBlanks(source->text, source->body);
     copy(*source, 0, begin);
     if (begin == source->text.size() && !source->header.empty())
-        m_out += m_lineEnd; // a header alone may lack its line end
+        m_out += m_lineEnd; // a lone header may lack its line end
     writeBody(*m_root, begin, source->text.size(), {true, {}}, false);
     return std::move(m_out);
 }
 
-/// Writes a block without the blanks before it. `mustClose` is false where a block that was never
-/// closed in its file may stay so, because nothing is written behind it.
+/// Writes a block without the blanks before it. `mustClose` is false if a block that was never
+/// closed in its file may stay open, because nothing is written behind it.
 void Writer::writeNode(const Node &node, const Gap &gap, bool mustClose)
 {
     if (!node.Read()) {
@@ -190,8 +191,8 @@ void Writer::writeRead(const Node &node, const Gap &gap, bool mustClose)
         m_out += " )";
 }
 
-/// `NAME ( values` and then each child on a line of its own, or all on one line where the
-/// neighbours stand so.
+/// Writes `NAME ( values` and then each child on a separate line, or everything on one line if the
+/// neighbours are.
 void Writer::writeNew(const Node &node, const Gap &gap)
 {
     m_out += node.name + " (" + newValues(node);
@@ -237,7 +238,7 @@ void Writer::writeBody(const Node &node, std::size_t begin, std::size_t end, con
     if (!same && !tail.empty() && lexer::SkipBlanks(tail, 0) == 0)
         separate();
     if (grew && inner.newLine && isBlank(tail) && tail.find('\n') == tail.npos)
-        writeGap(gap); // the closing bracket stood on the same line; new lines have come between
+        writeGap(gap); // new lines now precede the bracket, so it gets one too
     else
         m_out += ToWritableText(tail, node.source->encoding);
     if (mustClose && node.Read() && node.Read()->Unclosed())
@@ -272,7 +273,7 @@ void Writer::writePart(const Node &node, const Layout &layout, const std::vector
         separate();
     const bool isLast = index + 1 == order.size();
     if (part.child) {
-        // Behind a string the "+" of such a name would be taken for a joint.
+        // Behind a string, the "+" of such a name would be a joint.
         if (part.child->Read() && part.child->source->Name(*part.child->Read()).starts_with('+') &&
             lastCharacter() == '"')
             m_out += " comment ( ) ";
@@ -286,7 +287,7 @@ void Writer::writePart(const Node &node, const Layout &layout, const std::vector
     writeValue(node, respelled(node, part.value, sameBehind), sameBehind, !isLast || mustClose);
 }
 
-/// The last character written that is no blank.
+/// Returns the last character written that is not a blank.
 char Writer::lastCharacter() const
 {
     const auto last = std::find_if(m_out.rbegin(), m_out.rend(), [](char c) {
@@ -295,8 +296,8 @@ char Writer::lastCharacter() const
     return last != m_out.rend() ? *last : '(';
 }
 
-/// A word that begins with "+" means something else behind a string, and a keyword before a block:
-/// they are quoted where they have got such neighbours.
+/// Quotes a word whose neighbours give it another meaning: one that begins with "+" behind a
+/// string, or a keyword before a block.
 Value Writer::respelled(const Node &node, std::size_t index, bool sameBehind) const
 {
     Value value = node.ValueAt(index);
@@ -312,7 +313,7 @@ Value Writer::respelled(const Node &node, std::size_t index, bool sameBehind) co
     return {Value::kSet, ToWritableText(decoded, source.encoding)};
 }
 
-/// True when a part and the one before it are written as they stood side by side in the file.
+/// True if a part and the one before it were neighbours in the file too and are written as read.
 bool Writer::standsAsRead(const Node &node, const std::vector<Part> &order, std::size_t index)
 {
     const Part &part = order[index];
@@ -323,7 +324,7 @@ bool Writer::standsAsRead(const Node &node, const std::vector<Part> &order, std:
     return isAsRead(node, order[index - 1]) && *order[index - 1].read + 1 == *part.read;
 }
 
-/// True when the part before the closing bracket is the one that stood there in the file.
+/// True if the part before the closing bracket was there in the file too and is written as read.
 bool Writer::endsAsRead(const Node &node, const Layout &layout, const std::vector<Part> &order)
 {
     if (order.empty() || layout.parts.empty())
@@ -336,7 +337,7 @@ bool Writer::isSet(const Node &node, const Part &part)
     return !part.child && !node.ValueAt(part.value).FromSource();
 }
 
-/// A value that was set in quotes gives what follows no other meaning than the one before it.
+/// True if the part leaves the meaning of what follows unchanged: it is as read, or set in quotes.
 bool Writer::isAsRead(const Node &node, const Part &part)
 {
     if (!part.read || part.child)
@@ -346,7 +347,7 @@ bool Writer::isAsRead(const Node &node, const Part &part)
            (!isUnwritten(node, value) && lexer::Spelling(value.text).front() == '"');
 }
 
-/// A lone empty value that was set stands for no value at all.
+/// True for a single empty value that was set, which means no value at all.
 bool Writer::isUnwritten(const Node &node, const Value &value)
 {
     return !value.FromSource() && value.text.empty() && node.ValueCount() == 1;
@@ -363,7 +364,7 @@ void Writer::writeValue(const Node &node, const Value &value, bool sameBehind, b
         return;
     }
     const lexer::Extent extent = lexer::ValueExtent(node.source->text, value.place);
-    // A stray "+" is left out, unless it keeps a following one from being taken for one.
+    // Drops a stray "+", unless another "+" follows, which would become stray instead.
     const std::string_view text = node.source->text;
     const std::size_t next = lexer::SkipBlanks(text, extent.end);
     const bool keepsPlus = next < text.size() && text[next] == '+';
@@ -373,9 +374,8 @@ void Writer::writeValue(const Node &node, const Value &value, bool sameBehind, b
         m_out += node.source->tailFix;
 }
 
-/// `asBefore` tells that the part before is written as it stood there in the file, `fits` that what
-/// stands before gives the gap no other meaning than it had: a block does not, and neither does
-/// what stood there in the file.
+/// `asBefore` is true if the part before is written as it was in the file, `fits` if what precedes
+/// the gap cannot change its meaning: a block cannot, nor can what preceded it in the file.
 void Writer::writeReadGap(const Node &node, const Layout &layout, std::size_t part,
                           std::size_t bodyBegin, bool asBefore, bool fits)
 {
@@ -396,7 +396,7 @@ void Writer::writeGap(const Gap &gap)
     m_out += gap.newLine ? m_lineEnd + gap.indent : " ";
 }
 
-/// Keeps two parts apart that did not stand side by side in the file.
+/// Separates two parts that were not neighbours in the file.
 void Writer::separate()
 {
     if (!m_out.empty() && lexer::ClassOf(m_out.back()) != lexer::CharClass::Blank &&
@@ -429,7 +429,7 @@ Writer::Layout Writer::layoutOf(const Node &node)
     return layout;
 }
 
-/// Comments before a part that is gone stay: they go to the next part that is still there.
+/// Keeps the comments before a removed part: they move to the next part that remains.
 void Writer::carryComments(const Source &source, Layout &layout, const std::vector<Part> &order,
                            std::size_t bodyBegin)
 {
@@ -453,7 +453,7 @@ void Writer::carryComments(const Source &source, Layout &layout, const std::vect
     layout.carriedToEnd = std::move(carried);
 }
 
-/// New children are laid out like the last child that was read, else one step deeper than the block
+/// Lays new children out like the last child that was read, else one step deeper than the block
 /// itself.
 Writer::Gap Writer::gapOfChildren(const Node &node, const Layout &layout, std::size_t bodyBegin,
                                   const Gap &own)

@@ -10,8 +10,8 @@
 
 namespace stavfile {
 
-/// Writes a tree as text. What is untouched is copied from its source, with the comments and blanks
-/// around it; only what was changed is written anew, laid out like its neighbours.
+/// Writes a tree as text. Copies what is untouched from its source, with the comments and blanks
+/// around it; writes only what was changed in new form, laid out like its neighbours.
 class Writer
 {
 public:
@@ -20,24 +20,24 @@ public:
 
     explicit Writer(std::shared_ptr<Node> root);
 
-    /// The whole file in writable form (TextCodec.h), without byte order mark.
+    /// Returns the whole file in writable form (TextCodec.h), without byte order mark.
     std::string Run();
 
 private:
-    /// A value or child in the order in which it is written. `read` is its place among the parts of
-    /// its parent as read, if it was one of them.
+    /// A value or child in the order in which it is written. `read` is its index among its parent's
+    /// parts as read, if it was one of them.
     struct Part
     {
         const Node *child = nullptr;
-        std::size_t value = 0; ///< index of the value when there is no child
+        std::size_t value = 0; ///< index of the value if there is no child
         std::optional<std::size_t> read;
     };
-    /// A value or child as read: where it begins and ends.
+    /// The extent of a value or child as read.
     struct ReadPart
     {
         std::size_t begin = 0, end = 0;
-        std::optional<std::uint32_t> record; ///< of a child
-        std::string carried; ///< comments of removed parts, to be written before this one's gap
+        std::optional<std::uint32_t> record; ///< if it is a child
+        std::string carried; ///< comments of removed parts, written before this part's gap
     };
     struct Layout
     {

@@ -55,7 +55,7 @@ private:
         recordUse(stock, shape);
     }
 
-    /// True when the file that is used is there.
+    /// Records the use of a file; returns true if the file exists.
     bool recordUse(const std::string &user, const std::string &used)
     {
         const bool there = m_content.Exists(used);
@@ -65,7 +65,7 @@ private:
         return there;
     }
 
-    /// Trains repeat their vehicles: each is read once.
+    /// Trains repeat their vehicles, so each is read only once.
     const std::string &shapeOf(const std::string &stock)
     {
         const auto known = m_shapes.find(stock);

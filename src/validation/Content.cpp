@@ -11,8 +11,8 @@
 namespace validation {
 namespace {
 
-/// The values of all blocks `File` below a block, which may stand at any depth (the reader bounds
-/// it, kMaxBlockDepth). Such a block ends its branch.
+/// Adds the values of all `File` blocks below a block, at any depth (which the reader limits,
+/// kMaxBlockDepth). Does not look inside such a block.
 void addSounds(const StfNode &node, References &references)
 {
     const StfNodes children = node.Children();
@@ -48,7 +48,7 @@ void readCabView(const StfFile &file, References &references)
     const StfNode controls = cab.Child("CabViewControls");
     const int count = controls ? controls.Children().Count() : 0;
     for (int place = 1; place <= count; ++place)
-        // The simulator draws some controls itself (digital displays): these have no entry.
+        // The simulator draws some controls itself (digital displays): these have no Graphic.
         if (const StfNode graphic = controls.Children().Item(place).Child("Graphic"))
             references.files.push_back({stavfile::ValueAt(graphic)});
 }

@@ -24,24 +24,24 @@ namespace validation {
 /// the front of the name is kept.
 std::string Below(std::string_view folder, std::string_view relative);
 
-/// What a sound definition or a cab view names, in the order in which the checks go through it.
+/// The files that a sound definition or a cab view names, in the order in which they are checked.
 struct References
 {
     struct File
     {
-        std::string value; ///< as it stands in the file
+        std::string value; ///< as spelled in the file
         bool exists = false;
     };
-    bool corrupt = false; ///< unreadable, or without the section that makes it what it is
+    bool corrupt = false; ///< unreadable, or without the section that is its content
     std::vector<File> files;
 };
 
-/// The files of the game as one check sees them. Every sound definition and cab view is read once,
-/// however many vehicles use it. Safe to use from several threads.
+/// The files of the game as one check sees them. Reads every sound definition and cab view once,
+/// however many vehicles use it. Thread-safe.
 class Content
 {
 public:
-    /// Both must outlive this object. `folder` is that of the installation.
+    /// `files` and `snapshot` must outlive this object. `folder` is that of the installation.
     Content(host::GameFiles &files, host::Snapshot &snapshot, std::string folder)
         : m_files(files)
         , m_snapshot(snapshot)
@@ -52,17 +52,17 @@ public:
     const std::string &Folder() const { return m_folder; }
     host::Snapshot &Listings() const { return m_snapshot; }
     bool Exists(std::string_view path) const;
-    /// The tree of a file; RuntimeError as StfFile::Load.
+    /// Returns the tree of a file; throws RuntimeError like StfFile::Load.
     StfFile Load(std::string_view path) const;
-    /// The same, with an empty tree where it cannot be read.
+    /// Like Load, but returns an empty tree if the file cannot be read.
     StfFile TryLoad(std::string_view path) const;
-    /// The same, but nothing where there is no such file.
+    /// Like TryLoad, but returns nothing if there is no such file.
     std::optional<StfFile> TryLoadExisting(std::string_view path) const;
-    /// The bytes of a file; RuntimeError as GameFiles::ReadFile.
+    /// Returns the bytes of a file; throws RuntimeError like GameFiles::ReadFile.
     std::string Read(std::string_view path) const;
     StfFile TreeOf(std::string bytes) const;
 
-    /// What the sound definition, or the cab view, of this path names.
+    /// Return the files that the sound definition, or the cab view, of this path names.
     std::shared_ptr<const References> Sound(const std::string &path);
     std::shared_ptr<const References> CabView(const std::string &path);
 
@@ -81,7 +81,7 @@ private:
     host::Snapshot &m_snapshot;
     std::string m_folder;
     std::mutex m_mutex;
-    /// By kind and, of files that listings show, identity, else path.
+    /// By kind and identity or, for files that no listing shows, by kind and path.
     std::map<std::tuple<char, const void *, std::string>, std::shared_ptr<Known>> m_known;
 };
 

@@ -46,15 +46,15 @@ std::string bodyOf(const Finding &finding)
     return finding.dependent + " referenced by " + finding.file + predicate;
 }
 
-/// A value whose closing quote was forgotten holds the line ends up to the next quote.
+/// A value without its closing quote holds the line ends up to the next quote.
 bool isControl(char c)
 {
     const auto byte = static_cast<unsigned char>(c);
     return byte < 0x20 || byte == 0x7f;
 }
 
-/// The number that a text begins with, 0 when it begins with none; one beyond 16 bits is not
-/// a verdict and reported as an unknown one.
+/// Returns the number that a text begins with, 0 if there is none. One beyond 16 bits is not a
+/// verdict and is reported as an unknown one.
 std::int16_t leadingCode(std::string_view text)
 {
     constexpr std::int16_t kUnknown = INT16_MAX;

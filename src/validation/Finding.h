@@ -19,14 +19,14 @@ struct Finding
     friend bool operator==(const Finding &, const Finding &) = default;
 };
 
-/// True unless the verdict only informs. Reports show such findings as "ERROR: ...".
+/// True if the verdict is more than information. Reports then show "ERROR: ...".
 bool IsError(const Finding &finding);
-/// The report line of a finding, as OneLine, without line end.
+/// Returns the report line of a finding, as OneLine, without line end.
 std::string ReportLine(const Finding &finding);
-/// A text that is one line whatever the names in it hold: control characters become blanks.
+/// Returns a text as one line, whatever names it contains: control characters become blanks.
 std::string OneLine(std::string text);
-/// "code|file|dependent". Names may hold "|" themselves, so a key cannot always be taken apart
-/// again: decide and print from the finding.
+/// Returns "code|file|dependent". Names may contain "|", so a key cannot always be split again:
+/// decide and print from the finding.
 std::string ResultKey(const Finding &finding);
 /// Returns the finding of a key. The file ends at the key's second "|".
 Finding FindingOf(std::string_view key);

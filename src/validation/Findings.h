@@ -10,14 +10,14 @@
 
 namespace validation {
 
-/// What a check reports, in order: findings and progress lines. A check knows nothing else of its
-/// caller, so it can run on a worker.
+/// The output of a check, in order: findings and progress lines. A check knows nothing else about
+/// its caller, so it can run on a worker.
 class Findings
 {
 public:
     using Entry = std::variant<Finding, std::string>; ///< a finding, or a progress line
 
-    /// Without `verbose` valid verdicts leave no trace, without `messages` progress lines.
+    /// Drops valid verdicts unless `verbose`, and progress lines unless `messages`.
     explicit Findings(bool verbose = false, bool messages = true)
         : m_verbose(verbose)
         , m_messages(messages)

@@ -49,7 +49,7 @@ void AppendReport(host::GameFiles &files, std::string_view path, std::string_vie
         log = files.ReadFile(path);
     if (isUtf16(log))
         throw host::RuntimeError(host::ErrorNumber::InvalidCall,
-                                 std::string(path) + ": it is UTF-16 text and no log of reports");
+                                 std::string(path) + ": it is UTF-16 text, not a log of reports");
     endLine(log);
     files.WriteFile(path, log + FramedReport(text));
 }

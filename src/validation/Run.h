@@ -15,7 +15,7 @@
 
 namespace validation {
 
-/// What one check of one file gave.
+/// The result of one check of one file.
 struct Outcome
 {
     Findings findings;
@@ -28,8 +28,8 @@ using FileCheck = Verdict (*)(Content &content, const std::string &fileName, Fin
 
 } // namespace validation
 
-/// One check of a TSValidation from its beginning to its end: gives work to the workers, tells what
-/// they found, keeps the window alive. RuntimeError 5 when another one runs.
+/// One check of a TSValidation from beginning to end: gives work to the workers, reports what they
+/// found, keeps the window responsive. Throws RuntimeError 5 if another one runs.
 class TSValidation::Run
 {
 public:
@@ -39,10 +39,10 @@ public:
     Run &operator=(const Run &) = delete;
 
     validation::Content &Files() { return m_content; }
-    /// Installation folder & "\" & `relative`.
+    /// Returns the installation folder & "\" & `relative`.
     std::string PathOf(std::string_view relative) const;
 
-    /// False when nobody hears messages, so that none needs to be made.
+    /// False if nobody listens to messages, so that none need be created.
     bool WantsMessages() const { return m_wantsMessages; }
     void RaiseMessage(const std::string &message, std::int16_t level = 0) const;
     void RaiseProgress(std::size_t index, std::size_t total) const;
@@ -57,7 +57,7 @@ public:
     validation::Outcome OutcomeOf(validation::FileCheck check, const std::string &fileName);
     validation::Verdict Deliver(const validation::Outcome &outcome);
 
-    /// Does jobs 0 to count-1 on the workers and takes their results in order, until there are no
+    /// Runs jobs 0 to count-1 on the workers and takes their results in order, until there are no
     /// more or the check is stopped. The job must not throw.
     template <typename Result, typename Job, typename Take>
     void Each(std::size_t count, const Job &job, const Take &take)
@@ -77,13 +77,14 @@ public:
     }
 
 private:
-    /// How long the window goes without its events while a check waits for a file.
+    /// Longest time without window events while a check waits for a file.
     static constexpr std::chrono::milliseconds kPause{10};
-    /// Results that may wait for being told: enough for the workers while the window paints.
+    /// Number of results that may wait to be reported: enough for the workers while the window
+    /// paints.
     static constexpr std::size_t kAhead = 512;
 
     void pump() const;
-    /// The next result, with the window alive while it waits; nothing when stopped meanwhile.
+    /// Returns the next result and processes window events while it waits; nothing if stopped.
     template <typename Result> std::optional<Result> next(host::Ahead<Result> &ahead) const
     {
         if (!m_owner.ProcessEvents)
@@ -96,7 +97,7 @@ private:
                 return std::nullopt;
         }
     }
-    /// The only way in which a finding is reported.
+    /// Every finding is reported through this function.
     void report(const validation::Finding &finding);
 
     TSValidation &m_owner;

@@ -25,7 +25,7 @@ namespace {
     throw RuntimeError(number, file + ": " + std::string(what));
 }
 
-/// The number that an entry of a file holds: its first value that is one, as a 16-bit integer.
+/// Returns the number that an entry of a file holds: its first numeric value, as a 16-bit integer.
 int numberOf(const StfNode &entry, const std::string &file, const std::string &name)
 {
     if (!entry)
@@ -48,7 +48,7 @@ int numberOf(const StfNode &entry, const std::string &file, const std::string &n
          name + " is \"" + entry.Parameter(0) + "\", which is not a number");
 }
 
-/// The image names of a shape, no more than it declares.
+/// Returns the image names of a shape, at most as many as it declares.
 std::vector<std::string> imagesOf(const StfNode &images, int declared, const std::string &file)
 {
     std::vector<std::string> names;
@@ -67,7 +67,7 @@ std::vector<std::string> imagesOf(const StfNode &images, int declared, const std
     return names;
 }
 
-/// Settings of the descriptor, and the folders in which each image must then be, too.
+/// The settings of a descriptor, and the folders that must then contain each image too.
 constexpr int kNightOnly = 256; // reported as broken
 std::span<const char *const> alternativeFolders(int setting)
 {
@@ -129,7 +129,7 @@ private:
             m_findings.Record(Verdict::Suspect, m_file, "Image count");
     }
 
-    /// True when a vehicle of the shape's name lies beside it.
+    /// True if a vehicle of the shape's name is beside it.
     bool isRollingStock() const
     {
         const std::string_view name = host::path::FileName(m_file);
@@ -144,8 +144,8 @@ private:
                 m_verdict = m_findings.Record(Verdict::HasMissingReference, m_file, path);
     }
 
-    /// A descriptor that is not there, and the setting for night textures alone, end the check
-    /// with an error and without a verdict: callers count on it.
+    /// A missing descriptor, and the setting for night textures only, end the check with an error
+    /// and without a verdict: callers rely on that.
     int alternativeSetting() const
     {
         const std::string descriptor = m_file + 'd';

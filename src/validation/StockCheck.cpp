@@ -12,8 +12,8 @@ using stavfile::ValueAt;
 namespace validation {
 namespace {
 
-/// Records each file that is named: what is there as valid (which only a verbose report shows),
-/// what is not as missing. False when one is not.
+/// Records each named file: an existing one as valid (which only a verbose report shows), any other
+/// as missing. Returns false if one is missing.
 bool recordFiles(const References &references, const std::string &fileName, Findings &findings)
 {
     const std::string folder = host::path::Folder(fileName);
@@ -34,7 +34,7 @@ void replaceAll(std::string &text, std::string_view what, std::string_view with)
         text.replace(at, what.size(), with);
 }
 
-/// How the wagon's sound is read, and only that.
+/// Normalises the value of the wagon's sound; no other value is read like this.
 std::string normalised(std::string value)
 {
     replaceAll(value, "/", "\\");
@@ -50,8 +50,7 @@ bool isEngineFile(const std::string &fileName)
            host::EqualsNoCase(fileName.substr(fileName.size() - kLetters), "eng");
 }
 
-/// One run over one vehicle. A step that fails overwrites the verdict: the last one counts, also
-/// where an earlier one was worse.
+/// Checks one vehicle, step by step. A later failure overwrites an earlier one, even a worse one.
 class StockCheck
 {
 public:
@@ -87,7 +86,7 @@ private:
     {
         m_verdict = m_findings.Record(verdict, m_file, std::move(dependent));
     }
-    /// False, and a fault, when the file is not there.
+    /// Returns false, and records a fault, if the file does not exist.
     bool isThere(const std::string &path)
     {
         const bool there = m_content.Exists(path);
@@ -116,7 +115,7 @@ private:
             m_verdict = Verdict::Suspect;
     }
 
-    /// The engine's section is the second of the file, whatever its name.
+    /// The engine's section is the second one of the file, whatever its name.
     void checkEngine(const StfFile &file, const StfNode &wagon)
     {
         if (file.Nodes().Count() < 2) {

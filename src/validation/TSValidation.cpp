@@ -77,7 +77,7 @@ std::int16_t TSValidation::CheckConsist(std::string_view fileName)
     return Run(*this).CheckFile(validation::CheckConsist, fileName);
 }
 
-/// What is in a folder that cannot be read is not checked, so that at least this is recorded.
+/// Records a folder that cannot be listed, since nothing in it is checked.
 void TSValidation::tellIfClosed(Run &run, const std::string &folder) const
 {
     if (m_snapshot->IsClosed(folder))
@@ -151,7 +151,7 @@ std::int16_t TSValidation::CheckStockInConsists(std::string_view stockPath)
             run.RaiseProgress(i, consists.size());
             if (run.WantsMessages())
                 run.RaiseMessage("Checking " + consists[i]);
-            // Once one is found, the others are only looked at up to their first vehicle.
+            // Once one is found, the others count only by their first vehicle.
             if (found ? use.first : use.any) {
                 run.Record(Verdict::Referenced, Join(folder, consists[i]), stock);
                 found = true;

@@ -20,23 +20,23 @@ namespace install {
 class Installation;
 }
 
-/// The dependency checker. Its owner creates one for each check command, calls one or more checks,
+/// The dependency checker. Its owner creates one for each check command, runs one or more checks,
 /// and turns Findings into report lines (ReportLine).
 ///
 /// Every check reduces a file to a verdict, which it returns, and records each finding, in Errors
-/// as a result key "code|file|dependent". Folders to search that cannot be read are recorded as
-/// corrupt. Bad files are verdicts and never errors; only CheckShape can leave with a RuntimeError
-/// (what it recorded before stays).
+/// as a result key "code|file|dependent". Folders that cannot be listed are recorded as corrupt.
+/// Bad files are verdicts and never errors; only CheckShape can throw a RuntimeError (what it has
+/// recorded stays).
 ///
-/// Events are raised on the calling thread, in order, from within the running check; files are read
-/// ahead on workers, with the same results and events for any number of them. A handler may process
+/// Events are raised on the calling thread, in order, from within the running check. Workers read
+/// files ahead, with the same results and events for any number of workers. A handler may process
 /// the events of the user interface. From there it may call Stop, and read everything here; a
 /// second check on the same object is refused with error 5. It must not destroy the object, and
 /// must not replace a handler. An exception of a handler ends the check and leaves it.
 ///
-/// File names are game paths (host/GameFiles.h). Those of the findings are the ones the checks
-/// built, in the platform's own separators. Nothing is kept between checks, except what Errors
-/// holds, and the listings of folders: each is read once until the next Reset.
+/// File names are game paths (host/GameFiles.h). Findings name files by the paths that the checks
+/// built, in the platform's own separators. Between checks only the content of Errors and the
+/// listings of folders are kept: each folder is listed once until the next Reset.
 class TSValidation
 {
 public:
@@ -56,94 +56,95 @@ public:
         validation::CodeOf(validation::Verdict::Referenced);
     // NOLINTEND(readability-identifier-naming)
 
-    /// Both must outlive this object.
+    /// `installation` and `files` must outlive this object.
     TSValidation(const install::Installation &installation, host::GameFiles &files,
                  std::size_t workers = host::DefaultWorkers());
     ~TSValidation();
     TSValidation(const TSValidation &) = delete;
     TSValidation &operator=(const TSValidation &) = delete;
 
-    /// The result keys of all verdicts but IsValid since the last Reset, in the order recorded,
-    /// repeated ones too.
+    /// Returns the result keys of all verdicts but IsValid since the last Reset, in the order
+    /// recorded, including repeated ones.
     const std::vector<std::string> &Errors() const { return m_errors; }
-    /// The findings of which Errors holds the keys, in the same order. Reports are made of these.
+    /// Returns the findings whose keys Errors holds, in the same order. Reports are made of these.
     const std::vector<validation::Finding> &Findings() const { return m_findings; }
-    /// Nothing writes here.
+    /// Always empty.
     const std::vector<std::string> &Messages() const { return m_messages; }
 
-    /// When set, the text of every recorded verdict, valid ones included, is raised through
-    /// MessageRaised. Looked at when a check begins. False at first.
+    /// If set, MessageRaised gets the text of every recorded verdict, including valid ones. Read
+    /// when a check begins. False at first.
     bool VerboseMessages() const { return m_verboseMessages; }
     void SetVerboseMessages(bool verbose) { m_verboseMessages = verbose; }
 
-    /// A new run of checks: empties Errors, Findings and Messages, and forgets listings and a Stop.
-    /// Error 5 while a check runs.
+    /// Begins a new series of checks: empties Errors, Findings and Messages, and forgets listings
+    /// and a Stop. Throws error 5 while a check runs.
     void Reset();
 
-    /// The report line of a result key, without line end; control characters in names are shown as
-    /// blanks. The file of a key ends at its first "|", so this differs from the finding's own line
-    /// when the name holds one. Returns text without "|" unchanged.
+    /// Returns the report line of a result key, without line end; control characters in names
+    /// become blanks. The file of a key ends at its first "|", so the line differs from the
+    /// finding's own if the name holds one. Returns text without "|" unchanged.
     static std::string TranslateError(std::string_view key);
 
-    /// A sound definition (.sms): IsMissing, IsCorrupt, IsSuspect or IsValid, and recorded.
+    /// Checks a sound definition (.sms) and records the verdict: IsMissing, IsCorrupt, IsSuspect or
+    /// IsValid.
     std::int16_t CheckSound(std::string_view fileName);
-    /// A cab view (.cvf): IsMissing, IsCorrupt, HasMissingReference or IsValid.
+    /// Checks a cab view (.cvf): IsMissing, IsCorrupt, HasMissingReference or IsValid.
     std::int16_t CheckCabView(std::string_view fileName);
-    /// A stock file (.eng, .wag): the verdict of the last step that failed, or IsValid.
+    /// Checks a stock file (.eng, .wag): the verdict of the last step that failed, or IsValid.
     std::int16_t CheckStock(std::string_view fileName);
-    /// Every stock file of the folders whose names match the wildcard filter (host/Filter.h):
-    /// IsSuspect when a file is not valid or a folder cannot be read, else IsValid.
+    /// Checks every stock file of the folders whose names match the wildcard filter
+    /// (host/Filter.h): IsSuspect if a file is not valid or a folder cannot be read, else IsValid.
     std::int16_t CheckAllStock(std::string_view filter = {});
-    /// A shape (.s): IsMissing, IsCompressed, HasMissingReference or IsValid.
-    /// RuntimeError 13 for one outside the rolling stock that has no descriptor, or one that asks
-    /// for the alternative textures 256, and for counts that are no number; 9 when it names more
-    /// images than it declares; 91 when an entry is absent; 6 when a number is beyond 16 bits; 70
-    /// or 75 when a file cannot be read. The detail names the file and what is wrong.
+    /// Checks a shape (.s): IsMissing, IsCompressed, HasMissingReference or IsValid. Throws
+    /// RuntimeError 13 for one outside the rolling stock that has no descriptor or asks for the
+    /// alternative textures 256, and for counts that are not numbers; 9 if it names more images
+    /// than it declares; 91 if an entry is absent; 6 if a number is beyond 16 bits; 70 or 75 if a
+    /// file cannot be read. The detail names the file and what is wrong.
     std::int16_t CheckShape(std::string_view fileName);
-    /// The consists that use a stock file: IsValid, or IsMissing when there is none. After the
-    /// first one, others are recorded only where it is their first vehicle.
+    /// Finds the consists that use a stock file: IsValid, or IsMissing if there is none. After the
+    /// first one, records others only if it is their first vehicle.
     std::int16_t CheckStockInConsists(std::string_view stockPath);
-    /// The services of a route that run a consist (its file name without ".con"): IsValid, or
-    /// IsMissing when there is no such route.
+    /// Finds the services of a route that run a consist (its file name without ".con"): IsValid, or
+    /// IsMissing if there is no such route.
     std::int16_t CheckConsistUseInRoute(std::string_view route, std::string_view consist);
-    /// The activities of a route in whose loose consists a stock file stands, likewise.
+    /// Finds the activities of a route whose loose consists contain a stock file: IsValid, or
+    /// IsMissing if there is no such route.
     std::int16_t CheckStockUseInRoute(std::string_view stockPath, std::string_view route);
-    /// A consist file, its vehicles and their shapes: IsMissing, IsSuspect or IsValid.
+    /// Checks a consist file, its vehicles and their shapes: IsMissing, IsSuspect or IsValid.
     std::int16_t CheckConsist(std::string_view fileName);
 
-    /// Ends the running check after the file that it is at: what was found so far stays, and
-    /// nothing is said about the rest. Later checks do nothing at all, and give IsValid, until
-    /// Reset.
+    /// Ends the running check after its current file: what was found so far stays, and nothing is
+    /// reported about the rest. Later checks do nothing, and return IsValid, until Reset.
     void Stop() { m_stopped = true; }
     bool Stopped() const { return m_stopped; }
     /// True while a check runs (seen from within a handler).
     bool Running() const { return m_running; }
 
-    /// Raised for every verdict that goes into Errors.
+    /// Raised for every verdict that is added to Errors.
     std::function<void(const std::string &dependentFile, const std::string &fileName,
                        std::int16_t errorCode)>
         ErrorRaised;
-    /// Level 0: a progress line; with VerboseMessages also 1: the text of a valid verdict, 2: of
-    /// any other.
+    /// Level 0: a progress line. With VerboseMessages also level 1, the text of a valid verdict,
+    /// and level 2, that of any other.
     std::function<void(const std::string &message, std::int16_t level)> MessageRaised;
-    /// Raised after the above for every verdict, valid ones only with VerboseMessages.
+    /// Raised after the two above for every verdict, for valid ones only with VerboseMessages.
     std::function<void(const validation::Finding &finding)> ResultRecorded;
-    /// Item `done` (from 1) of `total` is about to be checked. Raised by CheckAllStock,
-    /// CheckStockInConsists and both route checks, before the item's message.
+    /// Raised before item `done` (from 1) of `total` is checked, and before its message, by
+    /// CheckAllStock, CheckStockInConsists and both route checks.
     std::function<void(std::size_t done, std::size_t total)> ProgressRaised;
-    /// Where the window processes its events: called after each folder that is listed, after each
-    /// item, and every few milliseconds while a check waits for its workers. Where it is set, all
-    /// files are read on workers, so that the window stays alive in between.
+    /// Lets the window process its events: called after each folder that is listed, after each
+    /// item, and every few milliseconds while a check waits for its workers. If set, workers read
+    /// all files, so that the window stays responsive.
     std::function<void()> ProcessEvents;
 
 private:
     class Run;
-    /// What to look for in one route, and how the report calls it.
+    /// A search in one route, and its words in the report.
     struct RouteSearch
     {
         std::string route;
         const char *folder, *pattern, *what;
-        std::string used;     ///< named when nothing uses it
+        std::string used;     ///< named if nothing uses it
         std::string usedFile; ///< named with every use
     };
 

@@ -18,9 +18,9 @@ StfNode childOf(const StfNode &parent, std::string_view name)
     return parent ? parent.Child(name) : StfNode();
 }
 
-/// False when no value of a file can be this text. Reading a tree costs much more than finding
-/// out: most consists do not hold the name at all, in one byte for a character or two of either
-/// order. Escapes and joins may hide it.
+/// Returns false if no value of a file can be this text. That is much cheaper than reading the
+/// tree: most consists do not contain the name at all, with one byte for a character or two of
+/// either order. Escapes and joins may hide it.
 bool mayName(std::string_view bytes, std::string_view text)
 {
     const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };

@@ -12,15 +12,15 @@ class Content;
 /// How one consist uses a stock file.
 struct ConsistUse
 {
-    bool first = false; ///< its first vehicle is one
-    bool any = false;   ///< some vehicle is one
+    bool first = false; ///< the stock file is its first vehicle
+    bool any = false;   ///< the stock file is one of its vehicles
 };
 
 /// Searches in single files. What cannot be read uses nothing.
 ConsistUse UseInConsist(const Content &content, const std::string &consist, const StockName &stock);
-/// True when the service runs the consist of this name.
+/// True if the service runs the consist of this name.
 bool IsRunByService(const Content &content, const std::string &service, const std::string &consist);
-/// How often the stock file stands in the loose consists of an activity.
+/// Returns how often the loose consists of an activity contain the stock file.
 int UsesInActivity(const Content &content, const std::string &activity, const StockName &stock);
 
 } // namespace validation

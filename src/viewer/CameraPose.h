@@ -3,7 +3,7 @@
 
 namespace viewer {
 
-/// Where a camera stands and what it looks at, in metres.
+/// The position of a camera and the point that it looks at, in metres.
 struct CameraPose
 {
     float CamX = 0, CamY = 0, CamZ = 0;

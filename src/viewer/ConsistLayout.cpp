@@ -18,7 +18,8 @@ namespace {
 
 constexpr const char *kLoadError = "Error Loading Shape";
 
-/// The length that a stock file gives. Error 6 with the file's name beyond single precision.
+/// Returns the length that a stock file gives. Throws error 6 with the file's name beyond single
+/// precision.
 std::optional<float> lengthOf(const StockShape &stock, const std::string &stockFile)
 {
     if (!stock.length)
@@ -31,7 +32,7 @@ std::optional<float> lengthOf(const StockShape &stock, const std::string &stockF
     }
 }
 
-/// The length of a shape along the track; a shape stands with its middle on its origin.
+/// Returns the length of a shape along the track. Shapes are centred on their origin.
 float lengthOf(const TSViewObject &object)
 {
     const korvat::Model *shape = object.Model().Loaded();
@@ -59,7 +60,7 @@ std::vector<std::string> ConsistLayout::StockFiles() const
         try {
             files.push_back(install::StockPath(m_installFolder, install::UnitOf(entry).item));
         } catch (const host::RuntimeError &) {
-            files.emplace_back(); // told when it is placed
+            files.emplace_back(); // reported when it is placed
         }
     }
     return files;
@@ -124,7 +125,7 @@ void ConsistLayout::collectProblems()
             m_problems.push_back(problem);
 }
 
-/// The stock's name and a random number in [0, 1), so that two of a kind get different keys.
+/// Returns the stock's name and a random number in [0, 1), so that two of a kind get two keys.
 std::string ConsistLayout::freshKey(const std::string &name)
 {
     const double number = std::uniform_real_distribution<double>(0, 1)(m_random);

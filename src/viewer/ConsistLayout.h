@@ -13,32 +13,32 @@ class TSView;
 
 namespace viewer {
 
-/// Puts the vehicles of a train end to end into a scene, one at each step, so that the window stays
-/// alive: the front of the first one at Z = 0, the rest towards negative Z, each as long as its
-/// stock file says (where that says nothing, as long as its shape). A flipped vehicle is loaded at
-/// the mirrored place and turned by 180 degrees about the scene's origin, which brings it to its
-/// place, facing the other way.
+/// Places the vehicles of a train end to end in a scene, one per step, so that the window stays
+/// responsive. The front of the first vehicle is at Z = 0; the others follow towards negative Z. A
+/// vehicle is as long as its stock file says or, if the file gives no length, as long as its shape.
+/// A flipped vehicle is loaded at the mirrored place and turned by 180 degrees about the scene's
+/// origin, which brings it to its place, facing the other way.
 ///
-/// Reports what cannot be loaded or placed in a message box and leaves a gap of the length that is
-/// known.
+/// Reports what cannot be loaded or placed in a message box, and leaves a gap of the known length.
 class ConsistLayout
 {
 public:
-    /// `installFolder` is the Train Simulator folder. `trainCfg` and its file may go meanwhile;
-    /// `view` must outlive the layout.
+    /// `installFolder` is the Train Simulator folder. `view` must outlive the layout; `trainCfg`
+    /// and its file need not.
     ConsistLayout(const Services &services, std::string installFolder, const StfNode &trainCfg,
                   TSView &view);
 
-    /// Places the next vehicle; false when there was none left.
+    /// Places the next vehicle; returns false if none is left.
     bool Step();
 
-    /// The stock file of each vehicle in the order of the steps; "" where the train names none.
+    /// Returns the stock file of each vehicle in the order of the steps; "" if the train names
+    /// none.
     std::vector<std::string> StockFiles() const;
     int Total() const { return static_cast<int>(m_units.size()); }
     int Done() const { return static_cast<int>(m_next); }
-    /// Z of the far end of what was placed so far: minus the length.
+    /// Returns the Z of the far end of the vehicles placed so far: minus their length.
     float End() const { return m_end; }
-    /// The textures that are missing or broken, a sentence each, without repetition.
+    /// Returns what does not look as it should (ShapeModel::Problems), without duplicates.
     const std::vector<std::string> &Problems() const { return m_problems; }
 
 private:

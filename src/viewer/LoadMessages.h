@@ -8,9 +8,9 @@
 
 namespace viewer {
 
-/// The message boxes of one loading. Each text is shown once, however many vehicles it concerns
-/// (letter case is ignored, as in file names), and none after the user has dismissed a box. All
-/// texts are kept for the report.
+/// The message boxes of one loading. Shows each text once, however many vehicles it concerns,
+/// ignoring letter case as in file names. After the user has cancelled a box, shows no more. Keeps
+/// all texts for the report.
 class LoadMessages : public host::UnansweredDialogs
 {
 public:
@@ -22,9 +22,9 @@ public:
 
     host::DialogAnswer Message(const std::string &text, const std::string &title,
                                host::DialogIcon icon, host::DialogButtons buttons) override;
-    /// The different texts in the order in which they came, also those that were not shown.
+    /// Returns the different texts in order of arrival, including those that were not shown.
     const std::vector<std::string> &Texts() const { return m_texts; }
-    /// Forgets everything, for a new loading.
+    /// Forgets everything, before a new loading.
     void Clear();
 
 private:

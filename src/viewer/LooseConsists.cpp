@@ -19,7 +19,7 @@ StfNode required(const StfNode &node, const char *name, const std::string &path)
     return node;
 }
 
-/// The first block of the item's Train_Config.
+/// Returns the first block of the item's Train_Config; an empty node if there is none.
 StfNode trainOf(const StfNode &item)
 {
     const StfNode config = item.Child("Train_Config");

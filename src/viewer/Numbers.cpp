@@ -41,7 +41,7 @@ float RadToDeg(float radians)
 float Finite(float value)
 {
     if (!std::isfinite(value))
-        throw RuntimeError(ErrorNumber::Overflow, "a place in the scene is no finite number");
+        throw RuntimeError(ErrorNumber::Overflow, "a place in the scene is not a finite number");
     return value;
 }
 
@@ -50,7 +50,7 @@ float LeadingNumber(std::string_view text)
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
     if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
-    // Words such as "inf" and "nan" are no numbers in a file.
+    // In files, words such as "inf" and "nan" are not numbers.
     const std::string_view digits = text.starts_with('-') ? text.substr(1) : text;
     if (digits.find_first_of(".0123456789") != 0)
         return 0;

@@ -5,18 +5,20 @@
 
 namespace viewer {
 
-/// Single precision from degrees and back.
+/// Convert degrees to radians and back, in single precision.
 float DegToRad(float degrees);
 float RadToDeg(float radians);
 
-/// The value itself; error 6 when it is infinite or no number.
+/// Returns the value; throws error 6 if it is infinite or not a number.
 float Finite(float value);
 
-/// The number at the beginning of a text, leading blanks allowed ("25.038m" is 25.038); 0 where
-/// there is none. The decimal sign is "." in every locale. Error 6 beyond single precision.
+/// Returns the number at the beginning of a text, after any blanks ("25.038m" is 25.038); 0 if
+/// there is none. The decimal separator is "." in every locale. Throws error 6 beyond single
+/// precision.
 float LeadingNumber(std::string_view text);
 
-/// Rounded to a whole number, halves away from 0; error 6 beyond 16 bits, which says `what` it is.
+/// Rounds to a whole number, halves away from 0. Throws error 6 beyond 16 bits; its detail names
+/// the value as `what`.
 int Rounded16(float value, const char *what);
 
 } // namespace viewer

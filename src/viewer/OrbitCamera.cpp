@@ -16,8 +16,8 @@ namespace {
 constexpr float kRadiansPerX = 1 / 200.0f, kRadiansPerY = 1 / 100.0f;
 constexpr float kRadiansOverPerY = 1 / 200.0f, kMetresPerY = 1 / 100.0f;
 constexpr float kSteepest = std::numbers::pi_v<float> / 2 - 0.001f; ///< radians above the target
-constexpr float kBeside = 0.001f; ///< share of the distance that rounding may leave
-constexpr float kStep = 0.9f;     ///< distance left after one step forward
+constexpr float kBeside = 0.001f; ///< tolerance for rounding, relative to the distance
+constexpr float kStep = 0.9f;     ///< factor of the distance for one step forward
 constexpr float kClosest = 1.0f, kFarthest = 500.0f; ///< metres; the haze ends at 600
 
 float signOf(float value)
@@ -30,8 +30,8 @@ bool isBeside(const Vec3 &offset)
     return std::hypot(offset.y, offset.z) <= kBeside * std::abs(offset.x);
 }
 
-/// Changes how steeply the camera looks down on the target, without changing its distance or its
-/// side of the target.
+/// Changes how steeply the camera looks down on the target; keeps its distance and its side of the
+/// target.
 void tiltOver(float dy, Vec3 &offset)
 {
     const float across = std::hypot(offset.x, offset.z), distance = Length(offset);
@@ -87,7 +87,7 @@ void OrbitCamera::Orbit(float dx, float dy)
     RotateInPlane(dx * kRadiansPerX, offset.x, offset.z);
     if (isBeside(offset))
         tiltOver(dy, offset);
-    else // in the scene's plane and not about the camera's own axis
+    else // in the plane of Y and Z, not about the camera's own axis
         RotateInPlane(dy * kRadiansPerY, offset.y, offset.z);
     changeOffset(offset);
 }

@@ -11,7 +11,7 @@ class ModelSource;
 
 namespace viewer {
 
-/// What a scene works with; everything must outlive it.
+/// The services that a scene uses; all of them must outlive it.
 struct Services
 {
     host::GameFiles &files;

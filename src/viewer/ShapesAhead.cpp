@@ -10,9 +10,10 @@
 namespace viewer {
 namespace {
 
-/// One thread reads what several vehicles share only once, and leaves a core to the window.
+/// A single thread reads a file that several vehicles share only once, and leaves a core to the
+/// window.
 constexpr std::size_t kThreads = 1;
-constexpr std::size_t kWaiting = 8; ///< vehicles: more would only take memory earlier
+constexpr std::size_t kWaiting = 8; ///< vehicles; more would only use memory earlier
 
 std::string shapeOf(host::GameFiles &files, const std::string &file)
 {
@@ -45,7 +46,7 @@ ShapesAhead::Held ShapesAhead::read(const Services &services, const std::string 
             held.pictures.push_back(
                 services.shapes.LoadTexture(folder, TSView::kTexturePath, name).texture);
     } catch (const std::exception &) {
-        // Loading the vehicle meets the same, and tells it in its turn.
+        // Loading the vehicle meets the same fault and reports it.
     }
     return held;
 }

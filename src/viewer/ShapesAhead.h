@@ -13,23 +13,24 @@
 namespace viewer {
 
 /// Reads shapes with their textures ahead on a thread, in order, so that loading them into a scene
-/// afterwards finds everything there. It says nothing about what cannot be read: loading it tells.
+/// finds everything in memory. Does not report what cannot be read; loading it does.
 class ShapesAhead
 {
 public:
-    /// What was read for one file, if anything; whoever holds it need not wait for the files again.
+    /// The content of one file, empty if it could not be read. While it is held, loading the file
+    /// does not read it again.
     struct Held
     {
         std::shared_ptr<const korvat::Model> model;
         std::vector<korvat::TexturePtr> pictures;
     };
 
-    /// Engine, wagon or shape files, by their extensions; "" for none.
+    /// `files` are engine, wagon or shape files, distinguished by extension; "" for none.
     ShapesAhead(const Services &services, std::vector<std::string> files);
 
-    /// Whether Take would not wait.
+    /// True if Take would not wait.
     bool Ready();
-    /// What was read for the next file; waits for it. Nothing was read after the last one.
+    /// Waits for the next file and returns its content; empty after the last one.
     Held Take();
 
 private:

@@ -16,7 +16,7 @@ namespace viewer {
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenFrames(150);
-constexpr long kRangeNear = 50, kRangeFar = 600; ///< where the haze begins and ends, metres
+constexpr long kRangeNear = 50, kRangeFar = 600; ///< metres to the first and to opaque haze
 
 StfNode block(const StfNode &found, const char *name, const std::string &file)
 {
@@ -34,7 +34,7 @@ StfNode trainIn(host::GameFiles &files, const std::string &file)
     return block(train.Child("TrainCfg"), "TrainCfg", file);
 }
 
-/// The values of TrainCfg joined by blanks.
+/// Returns the values of TrainCfg, joined by blanks.
 std::string titleOf(const StfNode &trainCfg)
 {
     std::string title;
@@ -83,7 +83,7 @@ void Stage::RenderConsist(const std::string &file, const std::string &installFol
         begin(trainCfg, installFolder, file);
         m_caption = "Consist - " + titleOf(trainCfg);
     } catch (const RuntimeError &error) {
-        m_setStatus(error.what()); // it is not being loaded any more
+        m_setStatus(error.what()); // replaces "Loading ..."
         throw;
     }
 }
@@ -121,7 +121,7 @@ bool Stage::Step()
 {
     if (!m_loading)
         return false;
-    m_loading = false; // also when one of these throws
+    m_loading = false; // also if one of these throws
     const auto held = m_ahead ? m_ahead->Take() : ShapesAhead::Held();
     const bool more = m_layout ? m_layout->Step() : !m_shapeFile.empty();
     if (!more) {
@@ -135,7 +135,7 @@ bool Stage::Step()
     return true;
 }
 
-/// Now and then: drawing takes longer than loading most vehicles.
+/// Draws only now and then: that takes longer than loading most vehicles.
 void Stage::showProgress()
 {
     const auto now = std::chrono::steady_clock::now();
@@ -166,7 +166,7 @@ void Stage::finish()
     if (m_layout) {
         m_problems = m_layout->Problems();
         m_end = m_layout->End();
-        // A camera that was turned while the train was being loaded stays as far from it.
+        // If the user has turned the camera during loading, it keeps its distance from the train.
         OrbitCamera(*m_view).MoveAlong(TrainMiddle());
     }
     if (m_view->Models.Count() > 0)

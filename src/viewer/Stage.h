@@ -20,9 +20,9 @@ class Canvas;
 
 namespace viewer {
 
-/// What a 3D window shows: one scene at a time, and how far the camera may run along it.
+/// The content of a 3D window: one scene at a time, and how far the camera can move along it.
 ///
-/// The Render functions begin a new scene; Step loads the rest of it piece by piece. They throw
+/// The Render functions begin a new scene; Step loads the rest piece by piece. They throw
 /// host::RuntimeError: the errors of StfFile::Load, 91 with the file's name for missing blocks, 5
 /// "No consist to display" with the file's name for a train without any blocks.
 class Stage
@@ -30,45 +30,48 @@ class Stage
 public:
     using SetStatus = std::function<void(const std::string &)>;
 
-    /// The canvas, which must outlive the stage, is null for a window without 3D: scenes are loaded
-    /// all the same, for their reports.
+    /// `canvas` must outlive the stage. It is null in a window without 3D, which still loads scenes
+    /// for their reports.
     Stage(const Services &services, korvat::Canvas *canvas, SetStatus setStatus);
     ~Stage();
 
-    /// The consist file, from this Train Simulator folder.
+    /// Begins to show a consist file; its vehicles are in the Train Simulator folder
+    /// `installFolder`.
     void RenderConsist(const std::string &file, const std::string &installFolder);
-    /// A loose consist: its TrainCfg block. `source` is the file that it comes from.
+    /// Begins to show a loose consist, given by its TrainCfg block. `source` is the file of the
+    /// block.
     void RenderLooseConsist(const StfNode &trainCfg, const std::string &installFolder,
                             const std::string &source);
     void RenderShape(const std::string &file);
-    /// Whether the next piece is read, so that Step will not wait for the disk.
+    /// True if the next piece has been read, so that Step will not wait for the disk.
     bool Ready() { return !m_ahead || m_ahead->Ready(); }
-    /// Loads the next piece; false when all is there (after that it does nothing). Error 6 with the
-    /// last one for a train that is too long for the scroll bar; it stands there all the same.
+    /// Loads the next piece. Returns false when everything is loaded, and does nothing after that.
+    /// Throws error 6 with the last piece of a train that is too long for the scroll bar; the train
+    /// is shown nevertheless.
     bool Step();
-    /// Ends the loading early; what is there stays, as if it were all. Error 6 as Step.
+    /// Ends loading early; what is loaded stays, as if it were all. Throws error 6 like Step.
     void Stop();
     bool Loading() const { return m_loading; }
     int Total() const { return m_layout ? m_layout->Total() : 1; }
     int Done() const { return m_layout ? m_layout->Done() : 0; }
 
-    /// What the window's title says about the scene, "" for a shape.
+    /// Returns the scene's part of the window's title; "" for a shape.
     const std::string &Caption() const { return m_caption; }
-    /// The scene, or null before the first Render.
+    /// Returns the scene, or null before the first Render.
     TSView *View() { return m_view.get(); }
 
-    /// Z of the far end of the train, 0 or negative, and of its middle.
+    /// Return the Z of the train's far end (0 or negative) and of its middle.
     float TrainEnd() const { return m_end; }
     float TrainMiddle() const { return m_end / 2; }
-    /// The scroll bar along the train: its largest value, and the one for the middle. Both are 0
-    /// while loading and for a train that is too long.
+    /// Return the largest value of the scroll bar along the train, and the value of the middle.
+    /// Both are 0 while loading and for a train that is too long.
     int ScrollMaximum() const { return m_scrollMaximum; }
     int ScrollMiddle() const { return m_scrollMiddle; }
 
-    /// The texture report of what is shown, for a train followed by what could not be loaded; ""
-    /// when there is nothing.
+    /// Returns the texture report of the scene, for a train followed by what could not be loaded;
+    /// "" if there is no scene.
     std::string Report() const;
-    /// Lets every object go of the canvas and drops the scene.
+    /// Detaches all objects from the canvas and drops the scene.
     void Close();
 
 private:
@@ -85,13 +88,13 @@ private:
     korvat::Canvas *m_canvas;
     SetStatus m_setStatus;
     std::unique_ptr<TSView> m_view;
-    std::optional<ConsistLayout> m_layout; ///< nothing for a single shape
+    std::optional<ConsistLayout> m_layout; ///< empty for a single shape
     std::optional<ShapesAhead> m_ahead;    ///< while loading
     std::string m_shapeFile, m_caption;
     std::vector<std::string> m_problems;
     bool m_loading = false;
     bool m_stopped = false;
-    std::chrono::steady_clock::time_point m_nextShown; ///< not before this time
+    std::chrono::steady_clock::time_point m_nextShown; ///< no frame before this time
     float m_end = 0;
     int m_scrollMaximum = 0, m_scrollMiddle = 0;
 };

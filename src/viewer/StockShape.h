@@ -10,21 +10,21 @@ class GameFiles;
 
 namespace viewer {
 
-/// What an engine or wagon file says about its looks.
+/// The appearance of a vehicle, from its engine or wagon file.
 struct StockShape
 {
-    std::string name;       ///< of the Wagon block, "" when it has none
-    std::string shapeFile;  ///< full path, from the folder of the stock file; "" for none
-    std::string whyNoShape; ///< with the file's name; "" when there is a shape
-    /// Third value of Size as it stands, in metres ("25.038m"); nothing when there is none.
+    std::string name;       ///< of the Wagon block; "" if it has none
+    std::string shapeFile;  ///< full path, relative to the stock file's folder; "" for none
+    std::string whyNoShape; ///< the reason, with the file's name; "" if there is a shape
+    /// The third value of Size as spelled, in metres ("25.038m"); nothing if there is none.
     std::optional<std::string> length;
 };
 
-/// Reads an engine or wagon file. RuntimeError as StfFile::Load; error 91 with the file's name when
-/// there is no Wagon block.
+/// Reads an engine or wagon file. Throws RuntimeError like StfFile::Load, and error 91 with the
+/// file's name if there is no Wagon block.
 StockShape ReadStockShape(host::GameFiles &files, const std::string &stockFile);
 
-/// The same for who wants nothing but the shape: error 91 also when none is named.
+/// Like ReadStockShape, but also throws error 91 if no shape is named.
 StockShape ReadStockShapeToShow(host::GameFiles &files, const std::string &stockFile);
 
 } // namespace viewer

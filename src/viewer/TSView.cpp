@@ -79,7 +79,7 @@ bool TSView::LoadShapeInToViewer(const std::string &shapeId, const std::string &
     object->Model().SetRenderer(Viewer ? Viewer->Device() : nullptr);
     object->Model().SetTexturePath(kTexturePath);
     if (!object->LoadShape(shapeFile)) {
-        // A missing file was reported by the object, and leaves no error text.
+        // The object itself has reported a missing file, and leaves no error text.
         if (!object->LastError().empty())
             m_services.dialogs.Message(object->LastError(), "Error Loading Shape",
                                        host::DialogIcon::Critical);

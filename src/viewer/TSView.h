@@ -14,15 +14,14 @@ class Canvas;
 
 namespace viewer {
 
-/// The objects of a scene in the order in which they came, each under a key of its own. Places
-/// count from 1.
+/// The objects of a scene in order of insertion, each under a unique key. Places count from 1.
 class ViewObjects
 {
 public:
-    /// Error 457 for a key that is there already.
+    /// Throws error 457 if the key is in use.
     void Add(std::shared_ptr<TSViewObject> object, const std::string &key);
     int Count() const { return static_cast<int>(m_entries.size()); }
-    /// Error 9 outside the list, and for a key that is not there.
+    /// Return an object. Throw error 9 for a place outside the list or an unknown key.
     TSViewObject &Item(int place) const;
     TSViewObject &Item(const std::string &key) const;
     void Clear() { m_entries.clear(); }
@@ -38,11 +37,11 @@ private:
 
 } // namespace viewer
 
-/// The scene of one window: the objects that stand in it, a camera, and the canvas on which they
-/// are drawn. Drawing happens on demand alone.
+/// The scene of one window: its objects, a camera, and the canvas that they are drawn on. Draws
+/// only on demand.
 ///
-/// Creation and end leave a line each in the trace log: "> tsview " and "< tsview ", followed by
-/// the scene's address as a decimal number.
+/// Its construction and destruction each write a line to the trace log: "> tsview " and "< tsview
+/// ", followed by the scene's address as a decimal number.
 class TSView : public viewer::CameraPose
 {
 public:
@@ -53,24 +52,25 @@ public:
 
     korvat::Canvas *Viewer = nullptr; ///< null for none; must outlive the scene's use of it
     viewer::ViewObjects Models;
-    /// Where shapes have their textures, as seen from their folder.
+    /// The textures' folder, relative to the shape's.
     static constexpr const char *kTexturePath = "..\\textures\\";
     bool FullyStarted = false; ///< true after Initialise found a canvas
 
     /// Starts the canvas; does nothing without one.
     void Initialise();
     /// Loads a shape and adds it to Models under the key, moved to the place and then turned by
-    /// `degrees` about the scene's origin. Reports a shape that cannot be loaded in one message box
-    /// and returns false. Error 457 for a key that is there already.
+    /// `degrees` about the scene's origin. If the shape cannot be loaded, reports that in one
+    /// message box and returns false. Throws error 457 if the key is in use.
     bool LoadShapeInToViewer(const std::string &shapeId, const std::string &shapeFile, float x,
                              float y, float z, float degrees);
-    /// After a resize: the canvas and the models come back, and a frame is drawn.
+    /// Restores the canvas and the models after a resize, and draws a frame.
     void RefreshForm();
-    /// Hands the camera to the canvas and draws a frame.
+    /// Passes the camera to the canvas and draws a frame.
     void ResetCamera();
-    /// Draws what Models holds, when the canvas takes a frame now.
+    /// Draws Models if the canvas accepts a frame now.
     void ShowModels();
-    /// Lets every model go of its textures and of the canvas, and empties Models.
+    /// Releases the textures of all models, detaches the models from the canvas, and empties
+    /// Models.
     void DestroyModels();
 
 private:

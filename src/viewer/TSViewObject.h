@@ -8,12 +8,12 @@
 #include <string>
 #include <vector>
 
-/// One shape in a scene: its model, where it stands and which way it faces, and whether it shows
-/// its textures or, flashed, none. It draws nothing itself. Angles are in radians, places in
-/// metres; a place that is no finite number is error 6.
+/// One shape in a scene: its model, its place and direction, and whether it shows its textures or,
+/// while flashed, none. It does not draw. Angles are in radians, places in metres; a place that is
+/// not finite is error 6.
 ///
-/// Creation and end leave a line each in the trace log: "> tsviewobject " and "< tsviewobject ",
-/// followed by the object's address as a decimal number.
+/// Its construction and destruction each write a line to the trace log: "> tsviewobject " and "<
+/// tsviewobject ", followed by the object's address as a decimal number.
 class TSViewObject
 {
 public:
@@ -22,18 +22,18 @@ public:
     TSViewObject(const TSViewObject &) = delete;
     TSViewObject &operator=(const TSViewObject &) = delete;
 
-    /// A mark for the owner; nothing here reads it.
+    /// A mark for the owner, not used here.
     bool Selected() const { return m_selected; }
     void SetSelected(bool selected) { m_selected = selected; }
 
-    /// Number of textures of the loaded shape; error 6 beyond 16 bits.
+    /// Returns the number of textures of the loaded shape; throws error 6 beyond 16 bits.
     std::int16_t NumTextures() const;
-    /// Name of a texture, counted from 1; error 9 outside the list.
+    /// Returns the name of a texture, counted from 1; throws error 9 outside the list.
     std::string Texture(int index) const;
-    /// The model's error text after the last LoadShape that got as far as the model.
+    /// Returns the model's error text after the last LoadShape of an existing file.
     const std::string &LastError() const { return m_lastError; }
-    /// Loads a shape with its textures. False when it could not be loaded; a missing file is told
-    /// in a message box, any other reason is left in LastError.
+    /// Loads a shape with its textures; returns false if that fails. Reports a missing file in a
+    /// message box, and leaves any other reason in LastError.
     bool LoadShape(const std::string &shapeFile);
 
     ShapeModel &Model() { return m_model; }
@@ -48,26 +48,26 @@ public:
     void SetZ(float z) { MoveTo(m_x, m_y, z); }
     void SetR(float r) { RotateTo(r); }
 
-    /// These move the shape first and then turn the whole about the scene's origin, so that a turn
-    /// by 180 degrees brings a shape to the opposite place.
+    /// Move the shape first and then turn the result about the scene's origin, so that a turn by
+    /// 180 degrees takes the shape to the opposite place.
     void MoveBy(float x, float y, float z);
     void MoveTo(float x, float y, float z);
     void MoveAndRotateTo(float x, float y, float z, float r);
     void RotateBy(float r);
     void RotateTo(float r);
-    /// This one turns the shape about its own origin and then moves it.
+    /// Turns the shape about its own origin and then moves it.
     void RotateAndMoveTo(float x, float y, float z, float r);
 
-    /// Changes between the textured and the plain look.
+    /// Switches between the textured and the plain look.
     void Flash();
-    /// Gives the textures back, whatever the look is now.
+    /// Restores the textures, whatever the current look.
     void UnFlash();
     bool FlashOn() const { return m_flashOn; }
-    /// Remembers the wish; false gives the textures back as well.
+    /// Stores the setting; false also restores the textures.
     void SetFlashOn(bool on);
     bool Flashed() const { return !m_texturesShown; }
 
-    /// Lets go of all textures and of the device.
+    /// Releases all textures and the device.
     void Destroy();
 
 private:

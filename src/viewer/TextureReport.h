@@ -8,12 +8,12 @@ namespace viewer {
 
 class ViewObjects;
 
-/// The textures of the one shape in a scene, a numbered line each ("" for an empty scene).
+/// Returns the textures of the only shape in a scene, on numbered lines; "" for an empty scene.
 std::string ShapeTextures(const ViewObjects &objects);
-/// The textures of every object of a scene, a block each.
+/// Returns the textures of all objects in a scene, one block for each.
 std::string ConsistTextures(const ViewObjects &objects);
-/// What could not be loaded, as the end of such a report: an empty line, a heading and a numbered
-/// line for each reason; "" for no reasons.
+/// Returns the end of such a report, with what could not be loaded: an empty line, a heading and a
+/// numbered line for each reason; "" if there are no reasons.
 std::string NotLoaded(const std::vector<std::string> &reasons);
 
 } // namespace viewer

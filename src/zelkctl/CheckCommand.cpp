@@ -31,7 +31,7 @@ bool isConsistFile(std::string_view name)
            host::EqualsNoCase(name.substr(name.size() - kExtension.size()), kExtension);
 }
 
-/// The checks of one command, and where their findings go.
+/// Runs the checks of one command and passes their findings to its output.
 class Checks
 {
 public:
@@ -48,7 +48,7 @@ public:
             m_output.Add(finding);
         };
         if (!options.report.empty())
-            session.out.OutliveReader(); // the report is wanted whole
+            session.out.OutliveReader(); // the report must be complete
         if (!m_output.Progress().IsWatched())
             return;
         m_validation.MessageRaised = [this](const std::string &message, std::int16_t level) {
@@ -110,14 +110,14 @@ public:
         m_session.exitCode = m_output.ExitCode();
         if (m_options.report.empty())
             return;
-        m_session.out.Flush(); // the findings are worth more than the report
+        m_session.out.Flush(); // a failed report must not lose the findings
         NamingFile(m_options.report, [this] {
             validation::AppendReport(m_session.files, m_options.report, m_output.Report());
         });
     }
 
 private:
-    /// A filter that is mistyped must not look like an installation without faults.
+    /// Reports a filter that matches nothing: a mistyped one must not look like faultless content.
     void tellIfNothingMatches()
     {
         const std::string trainset = m_installation.PathOf(install::kTrainset);
@@ -128,8 +128,8 @@ private:
             m_output.Remark("no stock folder matches \"" + m_options.filter +
                             "\": nothing was checked");
     }
-    /// Checks a file, which the user named `name`. An error is reported, and the next check goes
-    /// on.
+    /// Checks a file, which the user named `name`. Reports an error of the check and returns, so
+    /// that the next check runs.
     void check(const std::string &name, const std::string &path,
                const std::function<void(const std::string &)> &work)
     {
@@ -144,7 +144,7 @@ private:
         for (const std::string &route : m_options.routes)
             m_validation.CheckStockUseInRoute(path, route);
     }
-    /// A consist is named as in the list, or is a file.
+    /// Returns the path of a consist, which is named as in the list or is a file.
     std::string consistPath(const std::string &name) const
     {
         if (!host::path::FolderWithSeparator(name).empty())
@@ -164,7 +164,7 @@ private:
     TSValidation m_validation;
 };
 
-/// Whether a kind of check looks anywhere but at the files that it is given.
+/// Whether a kind of check reads other files than those that it is given.
 enum class Needs
 {
     Files,
@@ -201,7 +201,7 @@ void addRoutes(CLI::App &command, CheckOptions &options)
 {
     command
         .add_option("--route", options.routes,
-                    "Routes (their folders' names) in whose activities or services to look")
+                    "Routes (folder names) to search for activities or services")
         ->type_name("R");
 }
 
@@ -263,14 +263,14 @@ void AddCheckCommand(CLI::App &app, Session &session)
 {
     const auto options = std::make_shared<CheckOptions>();
     CLI::App *check = app.add_subcommand(
-        "check", "Check that everything that files name is there, or who uses them");
+        "check", "Check that the files that content names exist, or find its users");
     check->require_subcommand(1);
     check->footer("Prints one line for each finding, \"ERROR: ...\" or \"INFO: ...\".\n"
-                  "--json, --verbose, --quiet and --report FILE go with every check.\n"
+                  "--json, --verbose, --quiet and --report FILE work with every check.\n"
                   "Exit code 0: nothing is wrong; 1: there is an ERROR line; 2: a check could not "
                   "be done; 141: the reader of the output ended first.");
     check->add_flag("--json", options->json, "As a JSON array of objects");
-    check->add_flag("--verbose", options->verbose, "Tell what is in order, too");
+    check->add_flag("--verbose", options->verbose, "Also report what is in order");
     check->add_flag("--quiet", options->quiet, "Show no progress");
     check->add_option("--report", options->report, "Append the findings to this log, framed")
         ->type_name("FILE");

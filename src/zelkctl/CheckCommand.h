@@ -7,7 +7,7 @@ namespace zelkctl {
 
 struct Session;
 
-/// zelkctl check stock|consist|shape|all|use [--json] [--verbose] [--quiet] [--report FILE]
+/// Adds `check stock|consist|shape|all|use [--json] [--verbose] [--quiet] [--report FILE]`.
 void AddCheckCommand(CLI::App &app, Session &session);
 
 } // namespace zelkctl

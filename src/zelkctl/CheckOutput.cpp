@@ -14,10 +14,10 @@ constexpr const char *kEmptyLine = "\r\x1b[K";
 
 void writeError(const std::string &text)
 {
-    host::WriteTo(host::Stream::Error, text); // nobody can be told when that fails
+    host::WriteTo(host::Stream::Error, text); // there is no other place to report a failure
 }
 
-/// As much of a text as fits into one line.
+/// Returns as much of a text as fits into one line.
 std::string_view fitting(std::string_view text)
 {
     std::size_t columns = 0;
@@ -69,7 +69,7 @@ CheckOutput::CheckOutput(Session &session, bool json, bool quiet)
 
 EntryWriter::Member CheckOutput::pathOf(const std::string &file)
 {
-    // Subjects that are not files ("all consists", "Route X") are not paths either.
+    // Subjects that are not files ("all consists", "Route X") have no path.
     if (m_json && file != m_file) {
         m_path = host::disk::RootLength(file) > 0 ? m_session.files.SpellingOf(file) : std::nullopt;
         m_file = file;

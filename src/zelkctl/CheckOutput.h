@@ -15,8 +15,8 @@ namespace zelkctl {
 
 struct Session;
 
-/// One line on the standard error that says what is being done, drawn anew as it changes. Nothing
-/// is drawn where nobody watches.
+/// One line on the standard error that shows the progress and is redrawn when it changes. Draws
+/// nothing if the standard error is not a terminal.
 class ProgressLine
 {
 public:
@@ -25,11 +25,11 @@ public:
     ProgressLine(const ProgressLine &) = delete;
     ProgressLine &operator=(const ProgressLine &) = delete;
 
-    /// False when nothing will ever be drawn.
+    /// False if nothing will ever be drawn.
     bool IsWatched() const { return m_wanted; }
     void SetPlace(std::size_t done, std::size_t total);
     void Show(std::string_view message);
-    /// Takes the line away, so that something else can be written.
+    /// Removes the line, so that something else can be written.
     void Clear();
 
 private:
@@ -39,30 +39,30 @@ private:
     std::chrono::steady_clock::time_point m_drawn;
 };
 
-/// Writes the findings of one command: report lines or JSON on the standard output, run-time errors
-/// on the standard error as well. Keeps the report and knows the exit code.
+/// Writes the findings of one command to the standard output, as report lines or JSON, and its
+/// run-time errors to the standard error as well. Keeps the report and the exit code.
 class CheckOutput
 {
 public:
     CheckOutput(Session &session, bool json, bool quiet);
 
-    /// Call in the order of the report.
+    /// Adds a finding. Call this in the order of the report.
     void Add(const validation::Finding &finding);
-    /// The check of `file`, which the user named `name`, ended in an error.
+    /// Adds the run-time error that ended the check of `file`, which the user named `name`.
     void AddFailure(const std::string &name, const std::string &file,
                     const host::RuntimeError &error);
-    /// A line for the user that is not a finding.
+    /// Writes a line for the user that is not a finding.
     void Remark(const std::string &line);
     void End();
 
     ProgressLine &Progress() { return m_progress; }
-    /// All lines so far, errors included, each with its line end.
+    /// Returns all lines so far, including errors, each with its line end.
     const std::string &Report() const { return m_report; }
-    /// 1 when something is wrong with the content, else 2 when a check could not be done, else 0.
+    /// Returns 1 if the content has errors, else 2 if a check could not be done, else 0.
     int ExitCode() const { return m_hasErrors ? 1 : m_hasFailures ? 2 : 0; }
 
 private:
-    /// The JSON member "path": where the file is on this disk, or null.
+    /// Returns the JSON member "path": where the file is on this disk, or null.
     EntryWriter::Member pathOf(const std::string &file);
 
     Session &m_session;
@@ -70,7 +70,7 @@ private:
     EntryWriter m_entries;
     ProgressLine m_progress;
     std::string m_report;
-    std::string m_file; ///< the last one asked for, since findings of one file follow each other
+    std::string m_file; ///< the last one, since consecutive findings often share a file
     std::optional<std::string> m_path; ///< of that file
     bool m_hasErrors = false, m_hasFailures = false;
 };

@@ -7,8 +7,8 @@ namespace zelkctl {
 
 struct Session;
 
-/// `edit FILE OP...`: the consist editor's operations, then a save.
-/// The session must outlive the parsing of `app`.
+/// Adds `edit FILE OP...`: applies operations of the consist editor and saves. The session must
+/// outlive the parsing of `app`.
 void AddEditCommand(CLI::App &app, Session &session);
 
 } // namespace zelkctl

@@ -28,7 +28,7 @@ constexpr Verb kVerbs[] = {
     throw Failure("operation \"" + text + "\": " + wanted);
 }
 
-/// The parts between the commas that stand outside double quotes, without the quotes.
+/// Splits a text at the commas outside double quotes, and removes the quotes.
 std::vector<std::string> splitAtCommas(std::string_view text)
 {
     std::vector<std::string> parts(1);

@@ -16,8 +16,8 @@ struct EditOperation
     document::StockItem stock; ///< for add
 };
 
-/// Reads "add=Wagon,FOLDER,NAME", "remove=N", "clear", "forwards=N", "backwards=N" or "flip=N". A
-/// folder or name that holds a comma stands in double quotes. Failure for anything else.
+/// Parses "add=Wagon,FOLDER,NAME", "remove=N", "clear", "forwards=N", "backwards=N" or "flip=N". A
+/// folder or name that holds a comma must be in double quotes. Throws Failure for anything else.
 EditOperation ParseEditOperation(const std::string &text);
 
 } // namespace zelkctl

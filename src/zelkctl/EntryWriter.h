@@ -9,7 +9,7 @@
 
 namespace zelkctl {
 
-/// Writes entries one a line: as plain text, or as the objects of a JSON array.
+/// Writes entries, one per line: as plain text, or as the objects of a JSON array.
 class EntryWriter
 {
 public:

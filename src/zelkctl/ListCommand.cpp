@@ -52,7 +52,7 @@ void listRoutes(Session &session, const std::string &filter, EntryWriter &entrie
     const auto routes = [&](bool withNames) {
         return host::Split(modTS::RoutesList(installation, session.files, withNames), '|');
     };
-    // Folders and names may hold brackets: only the bare folders tell where a name begins.
+    // Folders and names may hold brackets: only the bare folders show where a name begins.
     const std::vector<std::string> folders = routes(false), shown = routes(true);
     for (std::size_t i = 0; i < std::min(folders.size(), shown.size()); ++i) {
         if (!host::MatchesFilter(folders[i], filter))

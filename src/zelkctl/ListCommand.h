@@ -7,8 +7,8 @@ namespace zelkctl {
 
 struct Session;
 
-/// `list stock|consists|routes`: what is installed, one entry a line or as JSON.
-/// The session must outlive the parsing of `app`.
+/// Adds `list stock|consists|routes`: lists what is installed, one entry per line or as JSON. The
+/// session must outlive the parsing of `app`.
 void AddListCommand(CLI::App &app, Session &session);
 
 } // namespace zelkctl

@@ -13,7 +13,8 @@ namespace {
 
 constexpr std::size_t kPiece = 1u << 16;
 
-/// Text that stands in JSON as it is; nearly all values do, and large files have millions.
+/// True if JSON needs no escapes for the text. Nearly all values are plain, and large files have
+/// millions of them.
 bool isPlain(std::string_view text)
 {
     return std::all_of(text.begin(), text.end(),
@@ -26,7 +27,7 @@ void Output::Write(std::string_view text)
 {
     m_buffer += text;
     if (m_buffer.size() >= kPiece)
-        writeOut(m_buffer.rfind('\n') + 1); // a console is to be given whole characters
+        writeOut(m_buffer.rfind('\n') + 1); // a console must get whole characters
 }
 
 void Output::WriteJson(std::string_view text)

@@ -9,7 +9,7 @@
 namespace zelkctl {
 
 /// Thrown when the program that reads the standard output has ended, as `head` does. The user has
-/// seen enough: the command ends silently, with kReaderGone as exit code.
+/// seen enough, so the command ends silently with the exit code kReaderGone.
 class ReaderGone : public std::exception
 {
 };
@@ -18,18 +18,18 @@ class ReaderGone : public std::exception
 /// system.
 inline constexpr int kReaderGone = 141;
 
-/// Text for the standard output, written in large pieces. Throws Failure with the reason when it
-/// cannot be written, ReaderGone when nobody reads it. Text that was not flushed before the object
-/// is destroyed is not written.
+/// Text for the standard output, written in large pieces. Throws Failure with the reason if it
+/// cannot be written, ReaderGone if nobody reads it. The destructor discards text that was not
+/// flushed.
 class Output
 {
 public:
     void Write(std::string_view text);
-    /// A JSON string with its quotes, always valid UTF-8.
+    /// Writes a JSON string with its quotes, always in valid UTF-8.
     void WriteJson(std::string_view text);
     void Flush();
-    /// From now on drops text that nobody reads instead of throwing ReaderGone: the command has
-    /// more to do than to print.
+    /// From now on discards text that nobody reads instead of throwing ReaderGone, for a command
+    /// that has more to do than to print.
     void OutliveReader() { m_outlivesReader = true; }
 
 private:

@@ -26,13 +26,14 @@
 namespace zelkctl {
 namespace {
 
-/// Where to read on, after what was wrong with the arguments of a command ("" for none).
+/// Returns the hint behind a message about wrong arguments: how to get help on the command, or on
+/// all if it is "".
 std::string hint(const std::string &command)
 {
-    return " (zelkctl " + command + (command.empty() ? "" : " ") + "--help tells more)";
+    return " (see zelkctl " + command + (command.empty() ? "" : " ") + "--help)";
 }
 
-/// The command that was parsed, "check stock".
+/// Returns the names of the parsed command, as in "check stock".
 std::string commandOf(const CLI::App &app)
 {
     std::string names;
@@ -61,7 +62,7 @@ void addCommands(CLI::App &app, Session &session)
     AddTextureCommand(app, session);
 }
 
-/// Adds the options of a command, and of those in it, that are followed by a value.
+/// Adds the options that are followed by a value: those of a command and of its subcommands.
 void addValueOptions(const CLI::App &command, std::set<std::string> &names)
 {
     for (const CLI::Option *option : command.get_options())
@@ -71,7 +72,8 @@ void addValueOptions(const CLI::App &command, std::set<std::string> &names)
         addValueOptions(*below, names);
 }
 
-/// Moves the first argument from `place` on that is neither an option nor its value to `place`.
+/// Moves the first argument at or behind `place` that is neither an option nor its value to
+/// `place`.
 void putCommandAt(std::ptrdiff_t place, std::vector<std::string> &arguments,
                   const std::set<std::string> &valueOptions)
 {
@@ -88,8 +90,8 @@ void putCommandAt(std::ptrdiff_t place, std::vector<std::string> &arguments,
 }
 
 /// Puts the names of the command in front of all options, so that a command's own options may
-/// precede it. A command that does not exist is a Failure: the parser would only say that there
-/// must be one.
+/// precede it. Throws Failure for an unknown command: the parser would only report that there must
+/// be one.
 void putCommandFirst(std::vector<std::string> &arguments, CLI::App &app)
 {
     std::set<std::string> valueOptions;
@@ -115,8 +117,8 @@ void putCommandFirst(std::vector<std::string> &arguments, CLI::App &app)
     }
 }
 
-/// Shells pass the bytes of a file's name. A name that is not UTF-8 is known by the text that the
-/// listings show for it.
+/// Shells pass the bytes of a file's name. A name that is not UTF-8 is identified by the text that
+/// the listings show for it.
 void makeUtf8(std::vector<std::string> &arguments)
 {
     for (std::string &argument : arguments)
@@ -129,7 +131,7 @@ void parseAndRun(std::vector<std::string> arguments, Session &session)
     addCommands(app, session);
     makeUtf8(arguments);
     putCommandFirst(arguments, app);
-    std::reverse(arguments.begin(), arguments.end()); // the order in which the parser takes them
+    std::reverse(arguments.begin(), arguments.end()); // the parser takes them from the back
     try {
         app.parse(std::move(arguments));
     } catch (const CLI::Success &help) {
@@ -153,7 +155,7 @@ int fail(const std::string &message)
 int Run(std::vector<std::string> arguments)
 {
 #ifdef SIGPIPE
-    std::signal(SIGPIPE, SIG_IGN); // a reader that has gone is an error of the write
+    std::signal(SIGPIPE, SIG_IGN); // a write to a reader that has ended returns an error
 #endif
     try {
         Session session;

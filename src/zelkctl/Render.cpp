@@ -20,7 +20,7 @@ void tell(const std::string &text)
     host::WriteTo(host::Stream::Error, "zelkctl: " + text + "\n");
 }
 
-/// Tells what the window would show in message boxes.
+/// Writes to stderr what the window would show in message boxes.
 class QuietDialogs : public host::UnansweredDialogs
 {
 public:
@@ -48,7 +48,7 @@ void begin(viewer::Stage &stage, Session &session, const RenderRequest &request)
         stage.RenderLooseConsist(viewer::LooseConsistAt(session.files, request.file, request.loose),
                                  OpenInstallation(session).CurrentFolder(), request.file);
     else
-        throw Failure(request.file + ": a .s, .eng, .wag, .con or .act file is wanted");
+        throw Failure(request.file + ": expected a .s, .eng, .wag, .con or .act file");
 }
 
 void aim(viewer::Stage &stage, const RenderRequest &request)
@@ -75,7 +75,7 @@ void Render(Session &session, const RenderRequest &request)
     std::string reason;
     const auto canvas = korvat::OffscreenCanvas::Create(request.size[0], request.size[1], reason);
     if (!canvas)
-        throw Failure("no picture can be made: " + reason);
+        throw Failure("cannot draw: " + reason);
     QuietDialogs dialogs;
     korvat::ModelLibrary shapes(session.files);
     std::string status;

@@ -9,17 +9,17 @@
 
 namespace zelkctl {
 
-/// What is drawn, and how. The texts are those of the command line.
+/// An image to draw. The texts are those of the command line.
 struct RenderRequest
 {
     std::string file, out;
     std::array<int, 2> size{};                  ///< pixels
-    int loose = 1;                              ///< which one of an activity
-    std::optional<std::array<float, 6>> camera; ///< eye and target; nothing for the side view
+    int loose = 1;                              ///< number of the loose consist in an activity
+    std::optional<std::array<float, 6>> camera; ///< eye and target; empty for the side view
 };
 
-/// Draws a shape, vehicle, consist or loose consist into a PNG file. Failure when that cannot be
-/// done; what is missing on the way is told on stderr. Needs a QGuiApplication.
+/// Draws a shape, vehicle, consist or loose consist into a PNG file. Throws Failure if that is not
+/// possible; reports on stderr what is missing in the image. Requires a QGuiApplication.
 void Render(Session &session, const RenderRequest &request);
 
 } // namespace zelkctl

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kLargestSide = 8192;
 
-/// Numbers with separators between them, exactly as many as there is room for.
+/// Parses numbers between separators; returns false unless there are exactly `count`.
 template <typename Number, std::size_t count>
 bool parseNumbers(const std::string &text, char separator, std::array<Number, count> &numbers)
 {
@@ -32,16 +32,16 @@ RenderRequest RequestOf(const RenderArguments &arguments)
     auto &size = request.size;
     if (!parseNumbers(arguments.size, 'x', size) || size[0] < 1 || size[1] < 1 ||
         size[0] > kLargestSide || size[1] > kLargestSide)
-        throw Failure("--size: two numbers from 1 to " + std::to_string(kLargestSide) +
-                      " are wanted, as in 1280x720, not \"" + arguments.size + "\"");
+        throw Failure("--size: expected two numbers from 1 to " + std::to_string(kLargestSide) +
+                      ", as in 1280x720, not \"" + arguments.size + "\"");
     std::array<int, 1> loose{};
     if (!parseNumbers(arguments.loose, ',', loose) || loose[0] < 1)
-        throw Failure("--loose: a number from 1 on is wanted, not \"" + arguments.loose + "\"");
+        throw Failure("--loose: expected a number from 1 on, not \"" + arguments.loose + "\"");
     request.loose = loose[0];
     if (arguments.camera.empty())
         return request;
     if (!parseNumbers(arguments.camera, ',', request.camera.emplace()))
-        throw Failure("--camera: six numbers are wanted, as in 10,2,0,0,2,0, not \"" +
+        throw Failure("--camera: expected six numbers, as in 10,2,0,0,2,0, not \"" +
                       arguments.camera + "\"");
     return request;
 }

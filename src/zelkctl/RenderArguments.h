@@ -8,16 +8,17 @@
 
 namespace zelkctl {
 
-/// What stands on the command line of `render`.
+/// The arguments of `render`, as texts.
 struct RenderArguments
 {
     std::string file, out, size = "1280x720", loose = "1", camera, msts;
 };
 
-/// The numbers in the texts; Failure for those that are none.
+/// Converts the texts to numbers; throws Failure for one that is not valid.
 RenderRequest RequestOf(const RenderArguments &arguments);
 
-/// As a list, for the program that draws, and back; Failure for another number of texts.
+/// Convert the arguments to a list, for the program that draws, and back. FromList throws Failure
+/// for a wrong number of texts.
 std::vector<std::string> ToList(const RenderArguments &arguments);
 RenderArguments FromList(const std::vector<std::string> &list);
 

@@ -11,11 +11,11 @@
 namespace zelkctl {
 namespace {
 
-/// Drawing needs libraries that take longer to load than most commands take to run, so a program of
-/// its own does it.
+/// Starts a separate program to draw: its libraries take longer to load than most commands take to
+/// run.
 void render(Session &session, RenderArguments &arguments)
 {
-    RequestOf(arguments); // complains before anything is started
+    RequestOf(arguments); // reports bad arguments before starting anything
     if (!session.files.FileExists(arguments.file))
         throw Failure(arguments.file + ": error 53: File not found");
     arguments.msts = session.msts.value_or("");
@@ -23,7 +23,7 @@ void render(Session &session, RenderArguments &arguments)
     try {
         session.exitCode = host::RunAndWait(program, ToList(arguments));
     } catch (const host::RuntimeError &) {
-        throw Failure("no picture can be made: " + program + " is not there");
+        throw Failure("cannot draw: " + program + " is missing");
     }
 }
 

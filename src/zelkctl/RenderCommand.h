@@ -7,8 +7,8 @@ namespace zelkctl {
 
 struct Session;
 
-/// `render FILE --out PNG`: a shape, a vehicle, a consist or a loose consist as a picture.
-/// The session must outlive the parsing of `app`.
+/// Adds `render FILE --out PNG`: draws a shape, a vehicle, a consist or a loose consist. The
+/// session must outlive the parsing of `app`.
 void AddRenderCommand(CLI::App &app, Session &session);
 
 } // namespace zelkctl

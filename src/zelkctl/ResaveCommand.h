@@ -7,8 +7,8 @@ namespace zelkctl {
 
 struct Session;
 
-/// `resave FILE OUT`: loads a structured file and saves it under another name.
-/// The session must outlive the parsing of `app`.
+/// Adds `resave FILE OUT`: loads a structured file and saves it under another name. The session
+/// must outlive the parsing of `app`.
 void AddResaveCommand(CLI::App &app, Session &session);
 
 } // namespace zelkctl

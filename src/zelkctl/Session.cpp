@@ -9,8 +9,8 @@
 namespace zelkctl {
 namespace {
 
-/// The reason without the file's name, which details begin with. Another file that begins with the
-/// same letters (x.sd for x.s) is part of the reason.
+/// Returns an error's reason without the file's name, which details begin with. The name of another
+/// file that begins with the same letters (x.sd for x.s) is part of the reason.
 std::string reasonOf(const host::RuntimeError &error, const std::string &file)
 {
     std::string reason = error.what();

@@ -13,36 +13,36 @@
 
 namespace zelkctl {
 
-/// The reason why a command could not be done, as one line for the user.
+/// The reason why a command failed, as one line for the user.
 class Failure : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// What the commands of one run share.
+/// The state that the commands of one run share.
 struct Session
 {
     Output out;
     host::GameFiles files;
     std::optional<std::string> msts; ///< the folder named on the command line
-    int exitCode = 0;                ///< of a command that could be done
+    int exitCode = 0;                ///< of a command that ran
 };
 
-/// The exit code when something could not be done.
+/// The exit code if something could not be done.
 inline constexpr int kCouldNotRun = 2;
 
-/// The installation to work on, by its absolute path: the folder named on the command line, else
-/// the one set in ZELK, else the registered one. Throws Failure when there is none.
+/// Returns the installation to work on, with its absolute path: the folder named on the command
+/// line, else the one set in ZELK, else the registered one. Throws Failure if there is none.
 install::Installation OpenInstallation(Session &session);
 
 /// Reports that a folder's names cannot be read; the command goes on and ends with kCouldNotRun.
 void TellClosed(Session &session, const std::string &folder);
 
-/// What went wrong with `file`, without its name: "error 91: there is no Train block".
+/// Returns what went wrong with `file`, without its name: "error 91: there is no Train block".
 std::string NumberedReason(const std::string &file, const host::RuntimeError &error);
 
-/// Does the work, and turns a run-time error in it into a Failure that names `file` and the reason:
+/// Runs `work` and turns a run-time error in it into a Failure that names `file` and the reason:
 /// "x.con: error 91: there is no Train block".
 void NamingFile(const std::string &file, const std::function<void()> &work);
 

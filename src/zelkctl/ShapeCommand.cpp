@@ -12,7 +12,7 @@
 namespace zelkctl {
 namespace {
 
-/// As short as it can be; what is no number is null.
+/// Returns a number in its shortest form; null if it is not finite.
 std::string number(float value)
 {
     char text[32];

@@ -7,8 +7,8 @@ namespace zelkctl {
 
 struct Session;
 
-/// `shape FILE`: what a shape holds, as JSON.
-/// The session must outlive the parsing of `app`.
+/// Adds `shape FILE`: writes the content of a shape as JSON. The session must outlive the parsing
+/// of `app`.
 void AddShapeCommand(CLI::App &app, Session &session);
 
 } // namespace zelkctl

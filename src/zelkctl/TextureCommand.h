@@ -7,9 +7,8 @@ namespace zelkctl {
 
 struct Session;
 
-/// `texture FILE [--out PNG [--level N]]`: what a texture holds, as JSON, or one of its levels as a
-/// picture.
-/// The session must outlive the parsing of `app`.
+/// Adds `texture FILE [--out PNG [--level N]]`: describes a texture as JSON, or writes one of its
+/// levels as a PNG file. The session must outlive the parsing of `app`.
 void AddTextureCommand(CLI::App &app, Session &session);
 
 } // namespace zelkctl

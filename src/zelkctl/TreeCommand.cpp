@@ -9,7 +9,7 @@
 namespace zelkctl {
 namespace {
 
-/// Writes a tree as it walks it. The reader bounds the depth (kMaxBlockDepth), so that plain
+/// Writes a tree while walking it. The reader limits the depth (kMaxBlockDepth), so that plain
 /// recursion is safe.
 class TreeWriter
 {

@@ -7,8 +7,8 @@ namespace zelkctl {
 
 struct Session;
 
-/// `tree FILE`: a structured file as JSON.
-/// The session must outlive the parsing of `app`.
+/// Adds `tree FILE`: writes a structured file as JSON. The session must outlive the parsing of
+/// `app`.
 void AddTreeCommand(CLI::App &app, Session &session);
 
 } // namespace zelkctl

@@ -141,7 +141,7 @@ TEST(MakeModelTest, UnknownShadersThatAreDrawnAreNotedOnce)
     shape.primStates.push_back(shape.primStates[0]);
     shape.lodControls[0].levels[1].subObjects[0].triangles.push_back({1, 0, 3});
     EXPECT_EQ(MakeModel(shape).notes,
-              std::vector<std::string>{"shader Marble is not known, drawn lit and solid"});
+              std::vector<std::string>{"unknown shader Marble, drawn lit and solid"});
     shape.shaders = {"diffuse"};
     EXPECT_TRUE(MakeModel(shape).notes.empty());
 }

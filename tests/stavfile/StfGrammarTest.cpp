@@ -34,7 +34,7 @@ TEST(StfGrammarTest, TokensAndValues)
         {"quote inside a word", "A ( abc\" def )", "A(abc|def)",
          "3: a quote at the end of a word is ignored\n"},
         {"doubled opening quote", "A ( \"\"..\\\\x.sms\" )", "A(|..\\x.sms)",
-         "3: an empty string stands directly before a word: a doubled quote?\n"
+         "3: an empty string is directly before a word: a doubled quote?\n"
          "3: a quote at the end of a word is ignored\n"},
         {"escapes", R"(A ( "a\"b\\c\nd\te\qf" ..\\x.s ))", "A(a\"b\\c\nd\teqf|..\\x.s)"},
         {"control characters part words", "A (\x01 a\x1F\x62 )", "A(a|b)"},
@@ -49,7 +49,7 @@ TEST(StfGrammarTest, Joins)
         {"joined strings", "D ( \"a\\n\"+\r\n \"b\" + \"c\" )", "D(a\nbc)"},
         {"plus between words", "D ( a + b )", "D(a|+|b)"},
         {"plus behind a string alone", "D ( \"a\" + b )", "D(a|b)",
-         "3: \"+\" is followed by no string and ignored\n"},
+         "3: a \"+\" without a following string is ignored\n"},
         {"unterminated", "D ( \"a ) E ( 1 )", "D(a ) E ( 1 ))",
          "3: the string that begins here is not closed: it runs to the end of the file\n"
          "3: 1 block is not closed at the end of the file; the innermost begins here\n"},
@@ -82,7 +82,7 @@ TEST(StfGrammarTest, Comments)
         {"route data that only looks so", "_OpenRails ( a ( 1 ) ) Tr_RouteFile ( )",
          "_OpenRails(a(1)) Tr_RouteFile()"},
         {"a lone quote swallows on", "A ( comment( 1t full\" ) B ( \"2\" ) C ( 3 ) )", "A()",
-         "3: what is skipped from here runs to the end of the file\n"
+         "3: the comment or block skipped from here runs to the end of the file\n"
          "3: 1 block is not closed at the end of the file; the innermost begins here\n"},
         {"slashes are words", "A ( 1 // text\r\n 2 )", "A(1|//|text|2)"},
     });

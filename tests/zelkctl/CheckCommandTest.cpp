@@ -179,9 +179,9 @@ TEST_F(CheckCommandTest, AppendsTheReport)
 TEST_F(CheckCommandTest, RefusesWhatItCannotCheck)
 {
     const std::pair<std::vector<std::string>, const char *> rows[] = {
-        {{"stocks", "x"}, "There is no command \"check stocks\" (zelkctl check --help tells more)"},
-        {{}, "A subcommand is required (zelkctl check --help tells more)"},
-        {{"stock"}, "files is required (zelkctl check stock --help tells more)"},
+        {{"stocks", "x"}, "There is no command \"check stocks\" (see zelkctl check --help)"},
+        {{}, "A subcommand is required (see zelkctl check --help)"},
+        {{"stock"}, "files is required (see zelkctl check stock --help)"},
         {{"use"}, "check use: --stock FILE or --consist NAME is required"},
         {{"use", "--consist", "c"}, "check use: --consist needs --route R"},
     };

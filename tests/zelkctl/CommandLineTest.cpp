@@ -40,8 +40,8 @@ TEST_F(CommandLineTest, RefusesWhatItDoesNotUnderstand)
     for (const Row &row : rows) {
         SCOPED_TRACE(row.name);
         EXPECT_EQ(run(row.arguments), (Outcome{2, "",
-                                               "zelkctl: " + row.message + " (zelkctl " +
-                                                   row.command + "--help tells more)\n"}));
+                                               "zelkctl: " + row.message + " (see zelkctl " +
+                                                   row.command + "--help)\n"}));
     }
 }
 

@@ -66,7 +66,7 @@ TEST_F(ModelCommandsTest, SaysWhyNot)
         {{"texture", "b.ace", "--out", "x.png", "--level", "1"},
          "b.ace: there is no level 1, the last one is 0"},
         {{"texture", "b.ace", "--level", "0"},
-         "--level requires --out (zelkctl texture --help tells more)"},
+         "--level requires --out (see zelkctl texture --help)"},
     };
     for (const auto &[arguments, message] : rows)
         EXPECT_EQ(run(arguments), (Outcome{2, "", "zelkctl: " + std::string(message) + "\n"}));

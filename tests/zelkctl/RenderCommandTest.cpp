@@ -20,16 +20,15 @@ TEST_F(RenderCommandTest, WrongWishesAreRefusedBeforeAnythingIsDrawn)
         std::string said;
     } rows[] = {
         {{"--size", "0x5"},
-         "--size: two numbers from 1 to 8192 are wanted, as in 1280x720, not \"0x5\""},
-        {{"--size", "5"},
-         "--size: two numbers from 1 to 8192 are wanted, as in 1280x720, not \"5\""},
+         "--size: expected two numbers from 1 to 8192, as in 1280x720, not \"0x5\""},
+        {{"--size", "5"}, "--size: expected two numbers from 1 to 8192, as in 1280x720, not \"5\""},
         {{"--size", "9000x5"},
-         "--size: two numbers from 1 to 8192 are wanted, as in 1280x720, not \"9000x5\""},
-        {{"--loose", "0"}, "--loose: a number from 1 on is wanted, not \"0\""},
+         "--size: expected two numbers from 1 to 8192, as in 1280x720, not \"9000x5\""},
+        {{"--loose", "0"}, "--loose: expected a number from 1 on, not \"0\""},
         {{"--camera", "1,2,3"},
-         "--camera: six numbers are wanted, as in 10,2,0,0,2,0, not \"1,2,3\""},
+         "--camera: expected six numbers, as in 10,2,0,0,2,0, not \"1,2,3\""},
         {{"--camera", "1,2,3,4,5,6m"},
-         "--camera: six numbers are wanted, as in 10,2,0,0,2,0, not \"1,2,3,4,5,6m\""},
+         "--camera: expected six numbers, as in 10,2,0,0,2,0, not \"1,2,3,4,5,6m\""},
     };
     for (const auto &row : rows) {
         std::vector<std::string> arguments = {"render", "a.s", "--out", "a.png"};

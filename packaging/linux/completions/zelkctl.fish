@@ -12,7 +12,7 @@ complete -c zelkctl -n '__fish_seen_subcommand_from list check' -l json -d 'As a
 
 set -l checking '__fish_seen_subcommand_from check'
 complete -c zelkctl -n "$checking; and not __fish_seen_subcommand_from $checks" -f -a "$checks"
-complete -c zelkctl -n $checking -l verbose -d 'Tell what is in order, too'
+complete -c zelkctl -n $checking -l verbose -d 'Also report what is in order'
 complete -c zelkctl -n $checking -l quiet -d 'Show no progress'
 complete -c zelkctl -n $checking -r -l report -d 'Append the findings to this log'
 complete -c zelkctl -n $checking -l no-consists -d 'Do not look for consists (stock)'

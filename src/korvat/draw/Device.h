@@ -6,27 +6,27 @@
 
 namespace korvat {
 
-/// What holds for a whole frame.
+/// The settings of a whole frame.
 struct FrameSetup
 {
-    int width = 0, height = 0; ///< of the picture, in pixels
+    int width = 0, height = 0; ///< of the frame, in pixels
     Transform view, projection;
     Vec3 eye;
     Vec3 toSun{0.5f, 0.75f, -0.43f}; ///< of length 1
-    Tint sun, ambient, ambientBelow; ///< light of the sun, and of the sky from above and below
-    Tint zenith, horizon;            ///< of the sky; the haze has the horizon's colour
-    float hazeNear = 0, hazeFar = 0; ///< metres from the camera: no haze, and nothing but haze
+    Tint sun, ambient, ambientBelow; ///< light from the sun, and from the sky above and below
+    Tint zenith, horizon;            ///< colours of the sky; the haze has the horizon's
+    float hazeNear = 0, hazeFar = 0; ///< metres at which the haze begins and becomes opaque
 };
 
-/// What happens to pixels by their alpha.
+/// How pixels are combined with the frame.
 enum class Mixing : std::uint8_t
 {
     Replace,
-    Alpha, ///< alpha of the new colour, the rest of the old one
+    Alpha, ///< weighted by the new colour's alpha
     Add
 };
 
-/// One run of triangles, and everything that decides how it is drawn.
+/// One run of triangles and the state that it is drawn with.
 struct DrawCall
 {
     unsigned mesh = 0;
@@ -38,18 +38,18 @@ struct DrawCall
     bool mipmaps = true;
     float sharpness = 0;
     Tint colour;
-    float alphaLimit = 0;  ///< pixels whose alpha is below are left out
-    bool softEdge = false; ///< where alpha crosses the limit, a pixel is covered in part
+    float alphaLimit = 0;  ///< pixels with a lower alpha are discarded
+    bool softEdge = false; ///< pixels at the alpha limit are covered in part
     Mixing mixing = Mixing::Replace;
     bool writesDepth = true;
-    bool opaque = false; ///< the picture's alpha says nothing: it counts as 1
+    bool opaque = false; ///< ignore the texture's alpha and use 1
 
     friend bool operator==(const DrawCall &, const DrawCall &) = default;
 };
 
-/// A graphics device, or what stands for it in tests. It holds copies of meshes and pictures under
-/// numbers that it gives (never 0) and draws them; back faces and what the depth test hides are
-/// left out. Everything is called between the beginning and the end of a frame.
+/// A graphics device, or its substitute in tests. It keeps copies of meshes and textures, which it
+/// identifies by numbers other than 0, and draws them without back faces and with a depth test.
+/// Call all functions between BeginFrame and EndFrame.
 class Device
 {
 public:
@@ -60,7 +60,7 @@ public:
     virtual void ReleaseMesh(unsigned mesh) = 0;
     virtual void ReleaseTexture(unsigned texture) = 0;
 
-    /// Clears the picture and paints the sky.
+    /// Clears the frame and paints the sky.
     virtual void BeginFrame(const FrameSetup &setup) = 0;
     virtual void Draw(const DrawCall &call) = 0;
     virtual void EndFrame() = 0;

@@ -9,13 +9,13 @@
 namespace korvat {
 namespace {
 
-// Of 255, as real textures want them: lower test limits make fences solid far away.
+// Of 255; chosen for real textures: lower limits make distant fences solid.
 constexpr float kTestLimit = 200 / 255.0f, kSolidLimit = 250 / 255.0f, kVisibleLimit = 10 / 255.0f;
 
-/// Beyond the haze there is nothing to see but the sky.
+/// Factor of the haze's far limit at which drawing ends: farther out, only the sky shows.
 constexpr float kBeyondHaze = 1.5f;
 
-/// Which pass a part belongs to: decided by its shader and by what its picture's alpha says.
+/// Returns the mixing of a part, which its shader and its texture's alpha decide.
 Mixing mixingOf(const Surface &surface, const Texture *picture)
 {
     if (surface.blending == Blending::None || !picture || picture->alphaBits == 0)
@@ -150,7 +150,7 @@ void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
     }
 }
 
-/// Order is free here: what shares a picture and a mesh goes together.
+/// Draws in any order, so calls that share a texture and a mesh are grouped.
 void Renderer::drawSolid(Device &device, std::vector<DrawCall> &calls)
 {
     std::stable_sort(calls.begin(), calls.end(), [](const DrawCall &a, const DrawCall &b) {
@@ -160,8 +160,8 @@ void Renderer::drawSolid(Device &device, std::vector<DrawCall> &calls)
         device.Draw(call);
 }
 
-/// What is nearly solid is drawn first, with depth, so that glass behind a window bar does not
-/// shine through it; then everything from far to near, in file order where that is equal.
+/// Draws the nearly solid pixels first, with depth, so that glass behind a window bar does not show
+/// through it. Then draws everything from far to near, in file order at equal distance.
 void Renderer::drawBlended(Device &device, std::vector<Blended> &calls)
 {
     for (const Blended &blended : calls) {

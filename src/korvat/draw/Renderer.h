@@ -11,16 +11,16 @@
 
 namespace korvat {
 
-/// Turns models into frames: collects what stands in the scene, leaves out what the camera cannot
-/// see, orders it into passes and draws it. It also sees to it that the device holds each mesh and
-/// each picture once, and lets go of those that nobody uses any more.
+/// Turns models into frames: collects the models of a scene, culls those that the camera cannot
+/// see, sorts the rest into passes and draws them. Ensures that the device holds each mesh and
+/// texture once, and releases those that are no longer in use.
 ///
-/// The collected frame stays, so that a picture can be painted anew at any time: after a resize,
-/// after the window was hidden, on another device.
+/// Keeps the collected frame, so that it can be painted again at any time: after a resize, after
+/// the window was hidden, on another device.
 class Renderer
 {
 public:
-    /// A model of a frame.
+    /// A model in a frame.
     struct Placed
     {
         std::shared_ptr<const Model> model;
@@ -28,34 +28,34 @@ public:
         std::vector<TexturePtr> pictures;
     };
 
-    /// Begins a new frame; the last one stays what Paint shows until End.
+    /// Begins a new frame. Until End, Paint shows the previous one.
     void Begin();
-    /// Adds a model. `pictures` are those of its texture slots; an empty one, or a slot beyond
-    /// them, draws without a texture.
+    /// Adds a model. `pictures` are the textures of its slots; an empty or absent one draws without
+    /// a texture.
     void Add(std::shared_ptr<const Model> model, const Transform &world,
              std::span<const TexturePtr> pictures);
-    /// What was added to the frame that has begun.
+    /// Returns the models added to the frame so far.
     const std::vector<Placed> &Coming() const { return m_coming; }
     void End();
-    /// Drops everything from both frames, so that models can go.
+    /// Empties both frames, so that their models can be freed.
     void Clear();
 
     void SetCamera(Vec3 eye, Vec3 target);
-    /// Where the haze begins and where there is nothing but haze, in metres from the camera.
+    /// Sets the distances from the camera, in metres, at which the haze begins and becomes opaque.
     void SetHaze(float nearest, float farthest);
 
-    /// Paints the last whole frame. The device must always be the same one, until Forget.
+    /// Paints the last complete frame. Requires the same device in every call, until Forget.
     void Paint(Device &device, int width, int height);
-    /// The device and everything on it are gone.
+    /// Forgets a device that is lost with everything on it.
     void Forget();
-    /// Gives back everything that the device holds.
+    /// Releases everything that the device holds.
     void ReleaseAll(Device &device);
 
-    /// The camera in front of a scene with this shape of picture, as Paint uses it.
+    /// Returns the frame settings that Paint uses for an image of this size.
     FrameSetup Setup(int width, int height) const;
 
     static constexpr float kVerticalDegrees = 45; ///< field of view
-    static constexpr float kNearest = 0.1f;       ///< nothing closer is drawn, metres
+    static constexpr float kNearest = 0.1f;       ///< near plane, in metres
 
 private:
     struct Blended

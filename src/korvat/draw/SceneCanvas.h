@@ -6,8 +6,8 @@
 
 namespace korvat {
 
-/// What canvases have in common: a renderer that keeps the last frame, with ground and track under
-/// it. What remains is to show it.
+/// The common part of all canvases: a renderer that keeps the last frame, and ground and track in
+/// every scene. Subclasses show the frame.
 class SceneCanvas : public Canvas
 {
 public:
@@ -21,13 +21,14 @@ public:
     void EndFrame() override;
     void SetRangeNear(long metres) override;
     void SetRangeFar(long metres) override;
-    /// Does nothing: whoever draws here works in steps from the event loop and goes back to it.
+    /// Does nothing: scenes on these canvases are drawn from the event loop, which runs between
+    /// steps.
     void ProcessEvents() override {}
 
 protected:
-    /// There is a new frame to paint.
+    /// Called when there is a new frame to paint.
     virtual void frameReady() {}
-    /// Whether there is something to paint on; at first it is taken for granted.
+    /// Sets whether there is a surface to paint on; true at first.
     void setUsable(bool usable) { m_usable = usable; }
     Renderer &renderer() { return m_renderer; }
 

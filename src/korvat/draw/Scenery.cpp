@@ -10,15 +10,15 @@
 namespace korvat {
 namespace {
 
-constexpr float kReach = 1200;     ///< half the length of what goes along with the camera, metres
-constexpr float kGrassTile = 12;   ///< metres that one grass picture covers
-constexpr float kTrackTile = 2.4f; ///< metres of track in one picture: four sleepers
+constexpr float kReach = 1200;     ///< half the length of the ground and track, metres
+constexpr float kGrassTile = 12;   ///< metres of ground per repetition of the texture
+constexpr float kTrackTile = 2.4f; ///< metres of track per repetition of the texture: four sleepers
 constexpr float kGroundHeight = -0.72f, kSleeperTop = -0.17f, kShoulder = 1.75f, kFoot = 3.0f;
 constexpr float kWidestVehicle = 4.5f, kLowFloor = 1.5f, kShadeMargin = 1.4f;
 constexpr float kShadeHeight = kSleeperTop + 0.015f;
 constexpr float kRailInside = 0.7175f, kRailWidth = 0.07f;
 
-/// Noise that is the same on every machine: 0 to 1 for each place.
+/// Returns noise of 0 to 1 for a position, the same on every machine.
 float noiseAt(unsigned x, unsigned y, unsigned seed)
 {
     unsigned h = x * 374761393u + y * 668265263u + seed * 2246822519u;
@@ -26,7 +26,7 @@ float noiseAt(unsigned x, unsigned y, unsigned seed)
     return static_cast<float>((h ^ (h >> 16)) & 0xFFFF) / 65535.0f;
 }
 
-/// Noise without edges that repeats after `side` steps of `cell` pixels.
+/// Returns noise without hard edges, in cells of `cell` pixels, that repeats after `side` pixels.
 float smoothNoise(unsigned x, unsigned y, unsigned cell, unsigned side, unsigned seed)
 {
     const unsigned cells = side / cell;
@@ -96,8 +96,8 @@ template <typename ColourAt> TexturePtr paint(unsigned side, ColourAt colourAt)
     return texture;
 }
 
-/// A strip along the whole track between two lines (x, y), its picture repeated every `tile`
-/// metres; it faces to the left of the way from the first line to the second.
+/// Adds a strip along the whole track between two lines (x, y), its texture repeated every `tile`
+/// metres. It faces to the left of the direction from the first line to the second.
 void addStrip(Model &model, std::array<float, 2> from, std::array<float, 2> to, float u0, float u1,
               float tile)
 {
@@ -163,7 +163,7 @@ std::shared_ptr<const Model> makeTrack()
     return model;
 }
 
-/// A square of one by one metre.
+/// Makes a square of one by one metre.
 std::shared_ptr<const Model> makeShade()
 {
     auto model = std::make_shared<Model>();
@@ -182,7 +182,7 @@ std::shared_ptr<const Model> makeShade()
     return model;
 }
 
-/// Dark in the middle, nothing at the edges.
+/// Paints a shade that is dark in the middle and transparent at the edges.
 TexturePtr paintShade()
 {
     constexpr unsigned side = 64;
@@ -203,7 +203,7 @@ TexturePtr paintShade()
     return texture;
 }
 
-/// True for what may run on the track.
+/// True if a model of this size can be a vehicle on the track.
 bool isVehicle(const Bounds &box)
 {
     return box.most.x - box.least.x < kWidestVehicle && box.least.y < kLowFloor &&
@@ -236,7 +236,7 @@ const Scenery &Scenery::shared()
 void Scenery::AddTo(Renderer &renderer, Vec3 eye)
 {
     const Scenery &scenery = shared();
-    // In whole pictures, so that they do not seem to glide along.
+    // In whole repetitions of the textures, so that they do not seem to glide along.
     renderer.Add(scenery.m_ground,
                  Translation({snapped(eye.x, kGrassTile), 0, snapped(eye.z, kGrassTile)}),
                  scenery.m_groundTextures);

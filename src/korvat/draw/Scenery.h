@@ -10,14 +10,15 @@ namespace korvat {
 
 class Renderer;
 
-/// What every scene stands on: grass, and a straight track along Z with the top of its rails at
-/// Y = 0. It goes along with the camera, so that its end is never seen; made once for all scenes.
+/// The surroundings of every scene: grass, and a straight track along Z with the top of its rails
+/// at Y = 0. They move with the camera, so that their end is never visible. All scenes share one
+/// copy.
 class Scenery
 {
 public:
-    /// Adds the ground and the track around the camera to the frame that the renderer has begun.
+    /// Adds ground and track around the camera to the renderer's new frame.
     static void AddTo(Renderer &renderer, Vec3 eye);
-    /// Adds the shade under every vehicle of that frame.
+    /// Adds a shade under every vehicle of that frame.
     static void AddShades(Renderer &renderer);
 
 private:

@@ -12,9 +12,8 @@ namespace korvat {
 class Renderer;
 }
 
-/// One shape as it stands in a scene: what was read from its file (shared with all others of that
-/// file), the textures that it wears, and where it stands. Indices of textures count from 0; one
-/// outside the list is error 9.
+/// One shape in a scene: the model of its file, which all shapes of that file share, its textures,
+/// and its place. Texture indexes count from 0; one outside the list is error 9.
 class ShapeModel
 {
 public:
@@ -27,21 +26,22 @@ public:
     /// Where textures are looked for that are not beside the shape, as seen from its folder.
     void SetTexturePath(std::string path) { m_texturePath = std::move(path); }
 
-    /// Reads a shape and all its textures. Throws nothing: ErrorText holds what went wrong, also
-    /// for lack of memory. A model that could not be read is empty.
+    /// Reads a shape and all its textures. Throws nothing, even if memory runs out: ErrorText holds
+    /// the reason of a failure. After a failure the model is empty.
     void LoadShapeFile(const std::string &path);
-    /// What was wrong in the last LoadShapeFile, "" when it went well.
+    /// Returns what was wrong in the last LoadShapeFile, "" if it succeeded.
     const std::string &ErrorText() const { return m_error; }
-    /// What does not look as it should after the last LoadShapeFile, a sentence each: textures that
-    /// are missing or broken, shaders that are not known.
+    /// Returns what does not look as it should after the last LoadShapeFile, one sentence each:
+    /// missing or broken textures, unknown shaders.
     const std::vector<std::string> &Problems() const { return m_problems; }
 
     int TextureCount() const { return static_cast<int>(m_pictures.size()); }
-    /// The file name of a texture as the shape has it.
+    /// Returns the file name of a texture as the shape spells it.
     const std::string &TextureInfo(int index) const;
-    /// A texture by its name, as this shape would find it. What is missing is a checker pattern.
+    /// Loads a texture by name from where this shape would find it; a missing one is a checker
+    /// pattern.
     korvat::TexturePtr LoadTexture(const std::string &name);
-    /// Puts a texture into a slot; none makes the parts that wear it plain.
+    /// Puts a texture into a slot; null draws its parts without a texture.
     void SetTexture(int index, korvat::TexturePtr picture);
     korvat::TexturePtr GetTexture(int index) const;
 
@@ -52,8 +52,8 @@ public:
     /// counted from 1 (this model holds the nearest), `distance` a distance for choosing one, less
     /// than 0 for none.
     void Render(int level, float distance) const;
-    /// For after the canvas came back. The renderer gives the device new copies of what it lost by
-    /// itself, with the next frame, so that a model has nothing left to do.
+    /// Called after the canvas was restored. Does nothing: with the next frame the renderer uploads
+    /// what the device has lost.
     void Restore() const {}
 
     /// Returns the model that was read; null without a shape.

@@ -13,20 +13,20 @@
 
 namespace korvat {
 
-/// A block of a binary shape, read from front to back: values and blocks in the order of the file.
-/// What does not fit is told to `trouble`, and from then on all blocks are at their end and values
-/// are 0. TextBlock has the same members, so that one description of a shape serves both.
+/// A block of a binary shape, read from front to back. Content that does not fit is reported to
+/// `trouble`; from then on every block is at its end and every number is 0. TextBlock has the same
+/// members, so that one description of a shape serves both forms.
 class BinaryBlock
 {
 public:
-    /// The top of a token stream.
+    /// The top level of a token stream.
     BinaryBlock(ByteReader content, Trouble &trouble)
         : m_content(content)
         , m_trouble(&trouble)
     {
     }
 
-    /// A block with its head read.
+    /// A block whose head has been read.
     BinaryBlock(ByteReader content, Trouble &trouble, std::uint32_t id, Bytes label)
         : m_content(content)
         , m_trouble(&trouble)
@@ -38,12 +38,12 @@ public:
     bool Is(Token token) const { return m_id == static_cast<std::uint32_t>(token); }
     std::string Label() const { return textOf(m_label); }
 
-    /// The next block in this one, whatever it is; nothing at the end.
+    /// Returns the next block inside this one, of any kind; nothing at the end.
     std::optional<BinaryBlock> Next()
     {
         if (m_content.Left() == 0 || m_trouble->Met())
             return std::nullopt;
-        // One look for all of the head: shapes are mostly heads.
+        // Checks the whole head at once: a shape is mostly heads.
         const std::size_t where = m_content.Where();
         const std::optional<Bytes> head = m_content.Take(kLeastBlock);
         if (head) {
@@ -71,20 +71,21 @@ public:
     std::int32_t I32() { return static_cast<std::int32_t>(U32()); }
     float F32() { return std::bit_cast<float>(U32()); }
     std::string Text();
-    /// Values are left, if nothing but values can come.
+    /// True if values are left. Only for blocks that hold nothing but values.
     bool HasMore() const { return m_content.Left() >= sizeof(std::uint32_t); }
 
-    /// Reads the count in front of a list of blocks; not more than that many of at least `size`
-    /// content bytes can be there.
+    /// Reads the count in front of a list of blocks. Returns at most as many as can be left, if
+    /// each has at least `size` bytes of content.
     std::size_t Count(std::size_t size)
     {
         const std::size_t count = U32();
         return std::min(count, m_content.Left() / (kLeastBlock + size));
     }
-    /// Reads the count in front of a list of numbers, and how many there are. They must be there.
+    /// Reads the count in front of a list of numbers. Reports trouble and returns 0 if fewer are
+    /// left.
     std::size_t NumberCount();
 
-    /// Appends such a list.
+    /// Reads a list of numbers with its count and appends it to `out`.
     template <typename Number> void Numbers(std::vector<Number> &out)
     {
         const std::size_t count = NumberCount(), first = out.size();

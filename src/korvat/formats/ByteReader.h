@@ -18,14 +18,14 @@ inline Bytes BytesOf(std::string_view text)
     return {reinterpret_cast<const std::uint8_t *>(text.data()), text.size()};
 }
 
-/// The one door to the bytes of a file: nothing is read past the end, and all offsets are compared
-/// by subtracting from what is left. Numbers are little-endian. Refers to the bytes, which must
+/// The only access to the bytes of a file. Never reads past the end: offsets are checked by
+/// subtracting from what is left. Numbers are little-endian. Refers to the bytes, which must
 /// outlive it.
 class ByteReader
 {
 public:
     ByteReader() = default;
-    /// `base` is where the bytes begin in the file, for Where().
+    /// `base` is the offset of the bytes in the file, for Where().
     explicit ByteReader(Bytes bytes, std::size_t base = 0)
         : m_at(bytes.data())
         , m_end(bytes.data() + bytes.size())
@@ -34,16 +34,16 @@ public:
     }
 
     std::size_t Left() const { return static_cast<std::size_t>(m_end - m_at); }
-    /// The place of the next byte in the file.
+    /// Returns the offset of the next byte in the file.
     std::size_t Where() const { return m_endPlace - Left(); }
 
-    /// The next number; nothing, and no step forward, when too few bytes are left.
+    /// Read the next number. Return nothing and stay in place if too few bytes are left.
     std::optional<std::uint8_t> ReadU8() { return read<std::uint8_t>(); }
     std::optional<std::uint16_t> ReadU16() { return read<std::uint16_t>(); }
     std::optional<std::uint32_t> ReadU32() { return read<std::uint32_t>(); }
     std::optional<std::uint64_t> ReadU64() { return read<std::uint64_t>(); }
 
-    /// The next `count` bytes, or nothing when there are fewer.
+    /// Returns the next `count` bytes; nothing if fewer are left.
     std::optional<Bytes> Take(std::size_t count)
     {
         if (count > Left())
@@ -51,7 +51,7 @@ public:
         m_at += count;
         return Bytes(m_at - count, count);
     }
-    /// A reader of the next `count` bytes alone.
+    /// Returns a reader of just the next `count` bytes; nothing if fewer are left.
     std::optional<ByteReader> TakeReader(std::size_t count)
     {
         const std::size_t where = Where();
@@ -59,7 +59,7 @@ public:
             return ByteReader(*taken, where);
         return std::nullopt;
     }
-    /// Steps over bytes; false, and no step, when there are fewer.
+    /// Steps over bytes. Returns false and stays in place if fewer are left.
     bool Skip(std::size_t count) { return Take(count).has_value(); }
 
 private:
@@ -79,7 +79,7 @@ private:
     }
 
     const std::uint8_t *m_at = nullptr, *m_end = nullptr;
-    std::size_t m_endPlace = 0; ///< of the end in the file
+    std::size_t m_endPlace = 0; ///< offset of the end in the file
 };
 
 } // namespace korvat

@@ -16,10 +16,11 @@ constexpr std::string_view kKind = "JINX0";
 constexpr std::size_t kMarkSize = 16;
 constexpr std::size_t kKindLetter = 5, kFormLetter = 7; // in the sub-header
 constexpr std::size_t kZlibHeader = 2;
-constexpr int kLineEnds = 4; ///< characters of them that may stand before the mark
+constexpr int kLineEnds = 4; ///< number of line-end characters allowed before the mark
 
-/// A stored block is copied whole or not at all, so that a stream which is longer than announced
-/// needs this much room behind the announced end for everything before it to be there.
+/// The decompressor writes a stored block whole or not at all. A stream that is longer than
+/// announced therefore needs this much room behind the announced end, or the last bytes before it
+/// are lost.
 constexpr std::size_t kLongestStep = 65535 + 258;
 
 struct FreeDecompressor
@@ -46,7 +47,7 @@ public:
         return libdeflate_zlib_decompress(m_decompressor.get(), m_stream.data(), m_stream.size(),
                                           out, size, &made);
     }
-    /// The same without its checksum being looked at.
+    /// Inflates without verifying the checksum.
     libdeflate_result Unchecked(std::uint8_t *out, std::size_t size, std::size_t &made)
     {
         if (m_stream.size() < kZlibHeader)
@@ -75,7 +76,7 @@ ReadError checkSize(std::size_t size, std::size_t packed, std::size_t limit)
     return {};
 }
 
-/// The stream goes on behind its announced end: all up to there is taken.
+/// Inflates a stream that is longer than announced. Everything up to the announced end is used.
 bool inflateLonger(Inflater &inflater, std::size_t size, Container &out)
 {
     out.inflated = std::make_unique<std::uint8_t[]>(size + kLongestStep);
@@ -147,7 +148,7 @@ bool isUtf16(std::string_view bytes)
            bytes.starts_with(std::string_view("S\0", 2));
 }
 
-/// Where the mark stands; npos without one.
+/// Returns the offset of the mark, or npos if there is none.
 std::size_t markPlace(std::string_view bytes)
 {
     std::size_t at = bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0;

@@ -11,7 +11,7 @@
 
 namespace korvat {
 
-/// The wrapping that shapes and textures share: docs/formats.md, "Container and header line".
+/// The wrapping that shapes and textures share. See docs/formats.md, "Container and header line".
 struct Container
 {
     enum class Content
@@ -24,12 +24,12 @@ struct Container
     Content content = Content::Raw;
     bool compressed = false;
     char kind = 0; ///< letter of the sub-header: 's' for a shape, 'w' for a world file; 0 for none
-    /// What stands behind the mark, sub-header included; for text that is not compressed, the whole
-    /// file. Points into the file's bytes, or into `inflated`.
+    /// The bytes behind the mark, including the sub-header; for uncompressed text, the whole file.
+    /// Points into the file's bytes or into `inflated`.
     Bytes payload;
-    /// Where `payload` begins in the file; 0 when it was inflated.
+    /// Offset of `payload` in the file; 0 if it was inflated.
     std::size_t base = 0;
-    std::vector<std::string> notes; ///< what was mended, a sentence each
+    std::vector<std::string> notes; ///< what was repaired, one sentence each
 
     std::unique_ptr<std::uint8_t[]> inflated;
 };
@@ -37,10 +37,10 @@ struct Container
 /// Length of the sub-header at the front of a payload that is Binary or compressed Text.
 inline constexpr std::size_t kSubHeaderSize = 16;
 
-/// Opens a file's bytes, which must outlive `out` unless they were compressed. At most `limit`
-/// bytes are inflated. NotThisFormat without a container mark; Damaged when the compressed part
-/// cannot be inflated; TooLarge beyond the limit. A compressed part that is shorter or longer than
-/// its size field, or whose checksum is wrong, is used with a note.
+/// Opens a file's bytes, which must outlive `out` unless they are compressed. Inflates at most
+/// `limit` bytes. Returns NotThisFormat if there is no container mark, Damaged if the compressed
+/// part cannot be inflated, TooLarge beyond the limit. A compressed part that is shorter or longer
+/// than its size field, or has a wrong checksum, is used and gets a note.
 ReadError OpenContainer(std::string_view bytes, std::size_t limit, Container &out);
 
 } // namespace korvat

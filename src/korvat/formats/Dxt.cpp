@@ -30,7 +30,7 @@ std::uint64_t numberAt(const std::uint8_t *bytes, std::size_t size)
     return number;
 }
 
-/// `threeColours` allows the form with a transparent fourth colour.
+/// `threeColours` permits the variant of three colours and a transparent fourth.
 void decodeColours(const std::uint8_t *bytes, bool threeColours, Block &block)
 {
     const auto first = static_cast<std::uint16_t>(numberAt(bytes, 2));

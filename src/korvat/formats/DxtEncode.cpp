@@ -28,13 +28,14 @@ bool isHole(const Pixel &pixel)
     return pixel[3] < 128;
 }
 
-/// Two colours between which those of a block are; black for a block without any.
+/// The two colours that a block's palette is interpolated from; black for a block that has only
+/// holes.
 struct Ends
 {
     Pixel first{255, 255, 255, 255}, second{0, 0, 0, 255};
 };
 
-/// The corners of the box around the colours.
+/// Returns the corners of the box around the colours.
 Ends boxOf(const Block &block, bool holes)
 {
     Ends box;
@@ -51,8 +52,9 @@ Ends boxOf(const Block &block, bool holes)
     return any ? box : Ends{{0, 0, 0, 255}, {0, 0, 0, 255}};
 }
 
-/// The diagonal of the box along which the colours are: a channel that falls where the widest one
-/// rises changes its ends. The outermost colours are rare, so the ends move inwards a little.
+/// Returns the diagonal of the box along which the colours lie: a channel that falls while the
+/// widest one rises swaps its ends. The outermost colours are rare, so the ends move inwards a
+/// little.
 Ends endsOf(const Block &block, bool holes)
 {
     Ends ends = boxOf(block, holes);
@@ -77,7 +79,7 @@ Ends endsOf(const Block &block, bool holes)
     return ends;
 }
 
-/// Place of a colour between `b` (0) and `a` (`steps`).
+/// Returns the position of a colour between `b` (0) and `a` (`steps`).
 unsigned stepOf(const Pixel &pixel, const Pixel &a, const Pixel &b, int steps)
 {
     int along = 0, length = 0;
@@ -90,8 +92,8 @@ unsigned stepOf(const Pixel &pixel, const Pixel &a, const Pixel &b, int steps)
     return static_cast<unsigned>(std::clamp((2 * along * steps + length) / (2 * length), 0, steps));
 }
 
-/// With holes the block gets the form that has a transparent fourth colour: its first colour is
-/// the smaller number.
+/// With holes, the block uses the variant with a transparent fourth colour, in which the first
+/// colour is the smaller number.
 void encodeColours(const Block &block, bool holes, std::uint8_t *to)
 {
     const Ends ends = endsOf(block, holes);
@@ -140,7 +142,7 @@ void encodeMixedAlpha(const Block &block, std::uint8_t *to)
     put(to + 2, indices, 6);
 }
 
-/// Beyond the picture its last row and column are repeated.
+/// Repeats the last row and column beyond the edge of the image.
 Block blockAt(Bytes pixels, std::uint32_t width, std::uint32_t height, std::uint32_t left,
               std::uint32_t top)
 {

@@ -13,7 +13,7 @@
 namespace korvat {
 namespace {
 
-/// A level while it is being made, four bytes a pixel.
+/// A level that is being built, four bytes per pixel.
 struct Image
 {
     std::uint32_t width = 0, height = 0;
@@ -40,7 +40,7 @@ void average(const Four &from, std::uint8_t *to)
     }
 }
 
-/// Holes have no colour of their own, and must not darken the edges beside them.
+/// Averages the colours by alpha: a hole has no colour and must not darken the edges beside it.
 void averageOfSolid(const Four &from, std::uint8_t *to)
 {
     const unsigned solid = 0U + from[0][3] + from[1][3] + from[2][3] + from[3][3];
@@ -66,8 +66,8 @@ void halveRows(const std::uint8_t *upper, const std::uint8_t *lower, std::uint32
     }
 }
 
-/// The second level, from the blocks of the first. Decodes them row by row: the first level of a
-/// large texture would need much memory.
+/// Returns the second level, made from the blocks of the first. Decodes one row of blocks at a
+/// time: the whole first level of a large texture would need much memory.
 Image halfOfBlocks(const Texture &texture, bool holes)
 {
     const TextureLevel &from = texture.levels.front();
@@ -103,7 +103,7 @@ double solidShare(const Image &image)
     return static_cast<double>(sum) / 255 / static_cast<double>(image.pixels.size() / 4);
 }
 
-/// How solid a pixel is, 0 to 4095. An even pattern orders pixels of equal alpha.
+/// Returns how solid a pixel is, 0 to 4095. An even pattern orders pixels of equal alpha.
 std::size_t solidity(const Image &image, std::size_t pixel)
 {
     static constexpr std::array<std::uint8_t, 16> kSpread = {0, 8,  2, 10, 12, 4, 14, 6,
@@ -112,7 +112,7 @@ std::size_t solidity(const Image &image, std::size_t pixel)
     return std::size_t{image.pixels[4 * pixel + 3]} * 16 + kSpread[y % 4 * 4 + x % 4];
 }
 
-/// The image with that share of its pixels, the most solid ones, solid, and the others holes.
+/// Makes `share` of the image's pixels solid, the most solid ones first, and the others holes.
 Image withHoles(Image image, double share)
 {
     const std::size_t count = image.pixels.size() / 4;
@@ -122,7 +122,7 @@ Image withHoles(Image image, double share)
         ++pixelsOf[all[i] = solidity(image, i)];
     const auto wanted = static_cast<std::size_t>(std::lround(share * static_cast<double>(count)));
     std::size_t least = pixelsOf.size(), solid = 0;
-    while (solid < wanted && least > 16) // what is below is nothing but hole
+    while (solid < wanted && least > 16) // below 16 there are only holes
         solid += pixelsOf[--least];
     for (std::size_t i = 0; i < count; ++i)
         image.pixels[4 * i + 3] = all[i] >= least ? 255 : 0;

@@ -5,9 +5,9 @@
 
 namespace korvat {
 
-/// Gives a compressed texture with a single level its smaller levels, in the same format, so that
-/// it does not shimmer in the distance; that adds a third to its data. Leaves other textures as
-/// they are (graphics devices make the smaller levels of uncompressed ones).
+/// Adds the smaller levels to a compressed texture that has a single level, in the same format, so
+/// that it does not shimmer in the distance. That adds a third to its data. Leaves other textures
+/// unchanged: graphics devices make the smaller levels of uncompressed ones.
 ///
 /// Levels of DXT1 with holes keep the share of solid pixels, so that fences neither vanish nor
 /// become walls.

@@ -54,7 +54,7 @@ public:
             m_texture.storage = "structured";
         else if (ReadError error = storage())
             return error;
-        // The table's offsets are wrong in some files; everything stands in sequence anyway.
+        // The table's offsets are wrong in some files, and the data is always in sequence.
         if (!payload.Skip(4 * tableSize(raw)))
             return tooShort();
         for (std::size_t level = 0; level < levelCount(); ++level)
@@ -155,7 +155,7 @@ private:
         return m_options & kHasMipmaps ? std::bit_width(m_texture.width) : 1;
     }
 
-    /// Number of offsets: one a row, or one a level.
+    /// Returns the number of offsets: one per row, or one per level if raw.
     std::size_t tableSize(bool raw) const
     {
         if (raw)
@@ -166,7 +166,8 @@ private:
         return rows;
     }
 
-    /// Levels too small for a block are stored in rows, without a byte count.
+    /// Reads a level of a raw texture. A level too small for a block is stored in rows, without a
+    /// byte count.
     bool rawLevel(ByteReader &payload, std::size_t level)
     {
         const std::uint32_t width = SideOf(m_texture.width, level);
@@ -196,7 +197,8 @@ private:
         return share == Share::Whole;
     }
 
-    /// The rows of a small level of a raw texture have no alpha where there is no mask.
+    /// Returns the channels of a row. In the rows of a raw texture's small levels, alpha is absent
+    /// if there is no mask.
     std::vector<Channel> rowChannels(bool ofRaw) const
     {
         std::vector<Channel> channels = m_channels;
@@ -230,7 +232,7 @@ private:
         return true;
     }
 
-    /// An alpha channel wins over a mask, whichever comes first.
+    /// Unpacks a row. An alpha channel takes precedence over a mask, in either order.
     void readRow(Bytes row, const std::vector<Channel> &channels,
                  std::span<std::uint8_t> pixels) const
     {

@@ -58,7 +58,7 @@ private:
             return {Status::Damaged, kMagic, "the texture ends within its header"};
         ByteReader fields = *head;
         if (fields.ReadU32() != kHeaderSize)
-            return {Status::Damaged, kMagic, "the texture's header has not its length"};
+            return {Status::Damaged, kMagic, "the length in the texture's header is wrong"};
         fields.Skip(4); // which fields are used; often wrong
         m_texture.height = *fields.ReadU32();
         m_texture.width = *fields.ReadU32();
@@ -82,7 +82,7 @@ private:
             return blockFormat(code, where);
         const bool fits = m_bits == 24 || m_bits == 32;
         if (!(flags & kHasColours) || !fits || !m_masks[0] || !m_masks[1] || !m_masks[2])
-            return {Status::Unsupported, where, "the texture's kind of pixels is not known"};
+            return {Status::Unsupported, where, "the texture's pixel format is not known"};
         m_masks[3] = flags & kHasAlpha ? m_masks[3] : 0;
         m_texture.storage = "uncompressed";
         m_texture.channels = m_masks[3] ? 4 : 3;
@@ -106,7 +106,7 @@ private:
         const auto *const known = std::find_if(std::begin(kKnown), std::end(kKnown),
                                                [code](const Known &k) { return k.code == code; });
         if (known == std::end(kKnown))
-            return {Status::Unsupported, where, "the texture's kind of compression is not known"};
+            return {Status::Unsupported, where, "the texture's compression is not known"};
         m_format = known->format;
         m_texture.storage = known->name;
         m_texture.channels = 4;
@@ -135,7 +135,7 @@ private:
         return share == Share::Whole;
     }
 
-    /// The bits of a mask, stretched to a byte.
+    /// Returns the bits of a mask, scaled to a byte.
     static std::uint8_t sample(std::uint32_t value, std::uint32_t mask)
     {
         const int shift = std::countr_zero(mask);

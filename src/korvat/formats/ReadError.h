@@ -10,25 +10,25 @@ namespace korvat {
 enum class Status
 {
     Ok,
-    NotThisFormat, ///< something else than what was asked for
-    Damaged,       ///< cut short or contradicting itself
-    Unsupported,   ///< of this format, but of a kind that nobody can show
+    NotThisFormat, ///< not the kind of file that was asked for
+    Damaged,       ///< cut short or contradictory
+    Unsupported,   ///< of this format, but a variant that ZELK cannot show
     TooLarge       ///< beyond a limit of Limits.h
 };
 
-/// Why a file could not be read. Tests true when there is an error.
+/// Why a file could not be read. Converts to true if there is an error.
 struct ReadError
 {
     Status status = Status::Ok;
-    /// Byte offset of what is wrong: into the file, or into what a compressed file inflates to. The
-    /// line, counted from 1, where the file is text.
+    /// The place of the fault. In binary content, the byte offset in the file or, if it is
+    /// compressed, in the inflated content. In text, the line, counted from 1.
     std::size_t where = 0;
-    std::string text; ///< one sentence without a full stop, without the file's name
+    std::string text; ///< one sentence without full stop or file name
 
     explicit operator bool() const { return status != Status::Ok; }
 };
 
-/// Keeps the first error: what follows from it is no news.
+/// Keeps the first error only: later ones usually follow from it.
 class Trouble
 {
 public:

@@ -12,8 +12,8 @@
 namespace korvat {
 namespace {
 
-/// The blocks of a shape, one function each, in the order of docs/formats.md, "Blocks of a shape".
-/// `Block` is BinaryBlock or TextBlock. What is not known is stepped over.
+/// Reads the blocks of a shape, with one function for each, in the order of docs/formats.md,
+/// "Blocks of a shape". `Block` is BinaryBlock or TextBlock. Unknown blocks are skipped.
 template <typename Block> class ShapeReader
 {
 public:
@@ -22,7 +22,7 @@ public:
     {
     }
 
-    /// False when there is no shape in `top`.
+    /// Returns false if `top` holds no shape.
     bool Run(Block &top)
     {
         while (auto block = top.Next()) {
@@ -41,7 +41,7 @@ private:
             read(*section);
     }
 
-    /// A counted list of blocks; `size` is the least size of an item's content.
+    /// Reads a counted list of blocks. `size` is the least size of an item's content.
     template <typename Item, typename Read>
     static void list(Block &block, Token token, std::size_t size, std::vector<Item> &items,
                      Read read)
@@ -278,7 +278,7 @@ private:
         return set;
     }
 
-    /// A state holds for all lists of triangles until the next one.
+    /// A state applies to all lists of triangles up to the next state.
     static void primitives(Block &block, SubObject &result)
     {
         std::uint32_t state = 0;
@@ -324,7 +324,7 @@ private:
         return node;
     }
 
-    /// Tension and the like of a key are left out: they are 0 in what is met.
+    /// Ignores tension, continuity and bias of a key: they are 0 in known shapes.
     static void controller(Block &block, AnimNode &node)
     {
         const bool turns = block.Is(Token::TcbRot);
@@ -373,8 +373,8 @@ void readText(std::string_view bytes, ShapeFile &file)
     file.error = trouble.Met() || found ? trouble.Error() : notAShape();
 }
 
-/// Compressed text has one byte a character behind its sub-header, unless it is a whole file of
-/// its own.
+/// Returns compressed text as a text file. Behind its sub-header it has one byte per character,
+/// unless the inflated content is a complete file with its own header.
 std::string inflatedText(const Container &container)
 {
     const std::string_view text(reinterpret_cast<const char *>(container.payload.data()),

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-/// What a shape file holds, as it stands there: docs/formats.md, "Shapes". Indexes are not judged
-/// here; korvat/Geometry.h leaves out what points nowhere.
+/// The content of a shape file, unchanged: docs/formats.md, "Shapes". Indexes are not validated
+/// here; korvat/model/Geometry.h leaves out whatever refers to a missing item.
 namespace korvat {
 
 /// Metres; left-handed: X right, Y up, Z forward.
@@ -20,7 +20,7 @@ struct Vec3
     friend bool operator==(const Vec3 &, const Vec3 &) = default;
 };
 
-/// v = 0 is the top row of the picture; outside of 0 to 1 the picture repeats.
+/// v = 0 is the top row of the image; outside 0 to 1 the image repeats.
 struct Uv
 {
     float u = 0, v = 0;
@@ -54,7 +54,7 @@ struct NamedMatrix
     friend bool operator==(const NamedMatrix &, const NamedMatrix &) = default;
 };
 
-/// An image with the way it is shown.
+/// An image and how it is sampled.
 struct TextureSlot
 {
     std::uint32_t image = 0, filter = 0;
@@ -93,7 +93,7 @@ struct VertexState
     std::int32_t lightMaterial = 0; ///< index if not negative, else one of the fixed codes
     std::int32_t lightModel = 0;
     std::uint32_t lightFlags = 0;
-    std::int32_t matrix2 = -1; ///< -1 when there is none
+    std::int32_t matrix2 = -1; ///< -1 for none
     friend bool operator==(const VertexState &, const VertexState &) = default;
 };
 
@@ -101,24 +101,24 @@ struct PrimState
 {
     std::string name;
     std::uint32_t flags = 0, shader = 0;
-    std::vector<std::uint32_t> textures; ///< indexes of texture slots; the first one is shown
+    std::vector<std::uint32_t> textures; ///< indexes of texture slots; only the first one is shown
     float zBias = 0;
     std::int32_t vertexState = 0;
     std::uint32_t alphaTestMode = 0, lightConfig = 0, zBufferMode = 1;
     friend bool operator==(const PrimState &, const PrimState &) = default;
 };
 
-/// Indexes of the shape's lists.
+/// Indexes into the shape's lists.
 struct Vertex
 {
     static constexpr std::uint32_t kNoUv = UINT32_MAX;
 
     std::uint32_t point = 0, normal = 0;
-    std::uint32_t uv = kNoUv; ///< the first one
+    std::uint32_t uv = kNoUv; ///< the first pair of texture coordinates
     friend bool operator==(const Vertex &, const Vertex &) = default;
 };
 
-/// A range of the sub-object's vertices that shares a vertex state.
+/// A range of the sub-object's vertices that share a vertex state.
 struct VertexSet
 {
     std::uint32_t vertexState = 0, first = 0, count = 0;
@@ -129,7 +129,7 @@ struct VertexSet
 struct Triangles
 {
     std::uint32_t primState = 0;
-    std::size_t first = 0, count = 0; ///< of indices; as in the file, three make a triangle
+    std::size_t first = 0, count = 0; ///< in `indices`, as in the file; three make a triangle
     friend bool operator==(const Triangles &, const Triangles &) = default;
 };
 
@@ -139,7 +139,7 @@ struct SubObject
     std::int32_t sortVector = -1;
     std::vector<Vertex> vertices;
     std::vector<VertexSet> vertexSets;
-    std::vector<std::uint32_t> indices; ///< of `vertices`
+    std::vector<std::uint32_t> indices; ///< into `vertices`
     std::vector<Triangles> triangles;   ///< in file order
     friend bool operator==(const SubObject &, const SubObject &) = default;
 };
@@ -147,12 +147,12 @@ struct SubObject
 struct Level
 {
     float distance = 0; ///< the largest distance in metres at which the level is used
-    std::vector<std::int32_t> parents; ///< of each matrix; negative for a root. May be too short
+    std::vector<std::int32_t> parents; ///< by matrix; negative for a root. May be too short
     std::vector<SubObject> subObjects;
     friend bool operator==(const Level &, const Level &) = default;
 };
 
-/// Levels of detail of one part of the shape, in file order. All of a shape's are shown at once.
+/// The levels of detail of one part of the shape, in file order. All parts are shown together.
 struct LodControl
 {
     std::vector<Level> levels;
@@ -174,7 +174,7 @@ struct PositionKey
     friend bool operator==(const PositionKey &, const PositionKey &) = default;
 };
 
-/// The movement of the matrix of the same name or, without one, of the same place.
+/// The movement of the matrix of the same name or, if none has that name, of the same index.
 struct AnimNode
 {
     std::string name;
@@ -213,16 +213,16 @@ enum class ShapeForm
 {
     Text,
     Binary,
-    Compressed ///< whatever is inside
+    Compressed ///< either form inside
 };
-/// "text", "binary" or "compressed".
+/// Returns "text", "binary" or "compressed".
 const char *ShapeFormName(ShapeForm form);
 
 struct ShapeFile
 {
-    Shape shape; ///< what was read before an error; complete without one
+    Shape shape; ///< everything that was read before an error; complete without one
     ShapeForm form = ShapeForm::Text;
-    std::vector<std::string> notes; ///< what was mended, a sentence each
+    std::vector<std::string> notes; ///< what was repaired, one sentence each
     ReadError error;
 };
 

@@ -74,7 +74,7 @@ constexpr std::pair<Token, std::string_view> kTokens[] = {
 
 constexpr std::size_t kIds = 0x82; // one past the largest
 
-/// The names by their ids.
+/// The block names, indexed by id.
 constexpr std::array<std::string_view, kIds> kNames = [] {
     std::array<std::string_view, kIds> names{};
     for (const auto &[token, name] : kTokens)

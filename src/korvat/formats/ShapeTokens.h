@@ -6,7 +6,7 @@
 
 namespace korvat {
 
-/// The blocks of a shape that are read: docs/formats.md, "Blocks of a shape". The values are the
+/// The blocks of a shape that ZELK reads: docs/formats.md, "Blocks of a shape". The values are the
 /// ids of the binary form.
 enum class Token : std::uint16_t
 {
@@ -74,7 +74,7 @@ enum class Token : std::uint16_t
     NamedShader = 0x81
 };
 
-/// The name of a block in the text form.
+/// Returns the name of a block in the text form.
 std::string_view TokenName(Token token);
 
 } // namespace korvat

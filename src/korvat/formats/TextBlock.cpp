@@ -21,14 +21,14 @@ std::string_view unsignedPart(std::string_view word, bool &negative)
     return word;
 }
 
-/// A number at the front of a word, as far as it is one: units may follow.
+/// Reads the number at the front of a word; units may follow it.
 bool readFloat(std::string_view word, float &value)
 {
     bool negative = false;
     const std::string_view digits = unsignedPart(word, negative);
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        // Too small is as good as 0; too large shows as what it is.
+        // A number too small for a float becomes 0, one too large becomes infinity.
         const bool small = digits.find("e-") != digits.npos || digits.find("E-") != digits.npos ||
                            digits.starts_with("0.") || digits.starts_with('.');
         value = small ? 0 : std::numeric_limits<float>::infinity();
@@ -39,7 +39,7 @@ bool readFloat(std::string_view word, float &value)
     return true;
 }
 
-/// -1 and 4294967295 are the same, and so is everything beyond.
+/// Reads an integer; -1 gives 4294967295. Larger numbers become 4294967295 as well.
 bool readInteger(std::string_view word, std::uint32_t &value)
 {
     bool negative = false;
@@ -139,7 +139,8 @@ std::string TextBlock::Text()
 
 std::size_t TextBlock::Count(std::size_t size)
 {
-    // Brackets, name and a blank; a number of four bytes takes a digit and a blank at least.
+    // A block takes brackets, name and a blank; a number of four bytes at least a digit and a
+    // blank.
     const std::size_t least = 4 + size / 2;
     const std::size_t count = U32();
     return std::min(count, (m_record->end - m_record->begin) / least);

@@ -11,8 +11,8 @@
 
 namespace korvat {
 
-/// A block of a text shape, with the members of BinaryBlock. Counts in texts are not to be
-/// trusted: what is there counts.
+/// A block of a text shape, with the members of BinaryBlock. Counts in text shapes are often wrong,
+/// so the items themselves are counted.
 class TextBlock
 {
 public:
@@ -37,20 +37,20 @@ public:
         for (std::size_t i = 0; i < count; ++i)
             out.push_back(static_cast<Number>(U32()));
     }
-    /// The line of the block.
+    /// Returns the line of the block.
     std::size_t Where() const;
 
 private:
     TextBlock(const TextBlock &parent, std::size_t record);
-    /// The spelling of the next value; "" and trouble when there is none.
+    /// Returns the spelling of the next value; "" after reporting trouble if there is none.
     std::string_view take();
     void noNumber(std::string_view word);
 
     const stavfile::Source *m_source;
     Trouble *m_trouble;
-    const stavfile::Record *m_record = nullptr; ///< null at the top
-    std::size_t m_child, m_childEnd;            ///< records
-    std::size_t m_value, m_valueEnd;            ///< values
+    const stavfile::Record *m_record = nullptr; ///< null at the top level
+    std::size_t m_child, m_childEnd;            ///< indexes of records
+    std::size_t m_value, m_valueEnd;            ///< indexes of values
 };
 
 } // namespace korvat

@@ -9,33 +9,33 @@
 #include <string_view>
 #include <vector>
 
-/// Textures as graphics cards take them: docs/formats.md, "Textures".
+/// Textures in the forms that graphics cards accept: docs/formats.md, "Textures".
 namespace korvat {
 
 enum class PixelFormat
 {
-    Rgba8, ///< four bytes a pixel, rows from the top
-    Dxt1,  ///< 8 bytes a block of 4 x 4 pixels
-    Dxt3,  ///< 16 bytes a block, alpha as it is
-    Dxt5   ///< 16 bytes a block, alpha interpolated
+    Rgba8, ///< four bytes per pixel, from the top row down
+    Dxt1,  ///< 8 bytes per block of 4 x 4 pixels
+    Dxt3,  ///< 16 bytes per block, with explicit alpha
+    Dxt5   ///< 16 bytes per block, with interpolated alpha
 };
 
 struct TextureLevel
 {
     std::uint32_t width = 0, height = 0;
     PixelFormat format = PixelFormat::Rgba8;
-    std::size_t first = 0, size = 0; ///< bytes in Texture::data
+    std::size_t first = 0, size = 0; ///< byte range in Texture::data
 };
 
 struct Texture
 {
     std::uint32_t width = 0, height = 0;
-    /// How the file stores it: "structured" (channel by channel), "dxt1", "dxt3", "dxt5", "565",
+    /// The storage in the file: "structured" (channel by channel), "dxt1", "dxt3", "dxt5", "565",
     /// "1555", "4444" or "uncompressed".
     std::string storage;
-    unsigned channels = 0; ///< stored ones, a mask counted
+    unsigned channels = 0; ///< number of stored channels, including a mask
     int alphaBits = 0;     ///< 0 (opaque), 1 (a mask) or 8
-    /// From the largest on. Of a DXT texture the levels below 4 x 4 may be Rgba8.
+    /// From the largest down. In a DXT texture, levels below 4 x 4 may be Rgba8.
     std::vector<TextureLevel> levels;
     std::vector<std::uint8_t> data; ///< all levels
 
@@ -43,20 +43,20 @@ struct Texture
     {
         return Bytes(data).subspan(levels[level].first, levels[level].size);
     }
-    /// Number of levels at the front that share the first one's format and so make one texture of
-    /// the graphics card.
+    /// Returns the number of levels at the front that have the format of the first one, and so can
+    /// be one texture of the graphics card.
     std::size_t UniformLevels() const;
-    /// A level as Rgba8. Without alpha bits every pixel is opaque.
+    /// Returns a level as Rgba8. If there are no alpha bits, every pixel is opaque.
     std::vector<std::uint8_t> Decoded(std::size_t level) const;
 };
 
-/// Bytes of a level of this size.
+/// Returns the number of bytes of a level of this size.
 std::size_t LevelSize(PixelFormat format, std::uint32_t width, std::uint32_t height);
 
 struct TextureFile
 {
     Texture texture;
-    std::vector<std::string> notes; ///< what was mended, a sentence each
+    std::vector<std::string> notes; ///< what was repaired, one sentence each
     ReadError error;
 };
 

@@ -10,7 +10,7 @@
 namespace korvat {
 namespace {
 
-/// The name with .dds for .ace or the other way round; "" for other names.
+/// Returns the name with .dds for .ace or the reverse; "" for other names.
 std::string otherForm(std::string_view image)
 {
     if (image.size() < 4)

@@ -11,9 +11,9 @@ class GameFiles;
 
 namespace korvat {
 
-/// Where the image that a shape names is: the game path of a file that exists, or nothing. Looked
-/// for in the shape's own folder, then in `texturePath` relative to it (such as "..\textures\"),
-/// letter case ignored; in each, a .dds takes the place of a missing .ace and the other way round.
+/// Returns the game path of the existing file for an image that a shape names; nothing if there is
+/// none. Searches the shape's folder, then `texturePath` relative to it (such as "..\textures\"),
+/// ignoring letter case. In each folder, a .dds replaces a missing .ace and the reverse.
 std::optional<std::string> FindTexture(host::GameFiles &files, std::string_view shapeFile,
                                        std::string_view texturePath, std::string_view image);
 

@@ -14,7 +14,7 @@ bool isFinite(const Vec3 &v)
     return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
 }
 
-/// The place of an index in a list; nothing when it points nowhere.
+/// Returns an index as a position in a list; nothing if it is out of range.
 template <typename Index, typename Item>
 std::optional<std::size_t> placeIn(Index index, const std::vector<Item> &items)
 {
@@ -23,7 +23,7 @@ std::optional<std::size_t> placeIn(Index index, const std::vector<Item> &items)
     return static_cast<std::size_t>(index);
 }
 
-/// The matrix that a primitive state leads to by way of its vertex state.
+/// Returns the matrix that a primitive state refers to through its vertex state.
 std::optional<std::uint32_t> matrixOf(const Shape &shape, std::uint32_t primState)
 {
     const auto prim = placeIn(std::int64_t{primState}, shape.primStates);
@@ -109,7 +109,7 @@ private:
 
     const Shape &m_shape;
     Geometry m_geometry;
-    std::uint32_t m_first = 0; ///< the sub-object's first vertex
+    std::uint32_t m_first = 0; ///< index of the sub-object's first vertex
     std::vector<bool> m_usable;
 };
 
@@ -169,7 +169,7 @@ std::vector<Matrix> RestPose(const Shape &shape, const Level &level)
         for (auto parent = parentOf(i); parent && depth < kMaxHierarchyDepth;
              parent = parentOf(*parent), ++depth)
             world = Product(world, shape.matrices[*parent].matrix);
-        // A ring, or a chain that no real shape comes near.
+        // The parents form a ring, or a chain longer than in any real shape.
         pose.push_back(depth < kMaxHierarchyDepth ? world : shape.matrices[i].matrix);
     }
     if (pose.empty())

@@ -6,18 +6,20 @@
 #include <optional>
 #include <vector>
 
-/// From what stands in a shape to what can be drawn, without drawing: docs/formats.md, "Drawing a
-/// shape". Everything stays in the file's left-handed coordinates, front faces clockwise.
+/// Turns the content of a shape into geometry to draw, without drawing it: docs/formats.md,
+/// "Drawing a shape". Everything stays in the file's left-handed coordinates, with clockwise front
+/// faces.
 namespace korvat {
 
-/// What `first` and then `second` do to a row vector.
+/// Returns the matrix that applies `first` and then `second` to a row vector.
 Matrix Product(const Matrix &first, const Matrix &second);
 Vec3 Transformed(const Vec3 &point, const Matrix &matrix);
-/// Without the translation; not normalised.
+/// Applies the matrix without its translation; does not normalise.
 Vec3 Turned(const Vec3 &direction, const Matrix &matrix);
 
-/// Where each matrix puts its points when nothing moves: itself times its parents. A parent that is
-/// missing, out of range or part of a ring counts as none. At least one, for shapes without any.
+/// Returns for each matrix the transformation of its points at rest: itself times its parents. A
+/// parent that is missing, out of range or part of a ring is ignored. Never empty: a shape without
+/// matrices gets one identity.
 std::vector<Matrix> RestPose(const Shape &shape, const Level &level);
 
 struct DrawVertex
@@ -27,12 +29,12 @@ struct DrawVertex
     friend bool operator==(const DrawVertex &, const DrawVertex &) = default;
 };
 
-/// Triangles of one primitive state, in file order: they can be drawn at once.
+/// The triangles of one primitive state, in file order; one draw call can draw them.
 struct DrawPart
 {
     std::uint32_t primState = 0;
     std::uint32_t matrix = 0;
-    std::vector<std::uint32_t> indices; ///< of Geometry::vertices, three a triangle
+    std::vector<std::uint32_t> indices; ///< into Geometry::vertices, three per triangle
     friend bool operator==(const DrawPart &, const DrawPart &) = default;
 };
 
@@ -41,12 +43,12 @@ struct Geometry
     std::vector<DrawVertex> vertices;
     std::vector<DrawPart> parts;
     std::size_t triangles = 0;
-    /// Triangles left out because something that they refer to is not there or is no number.
+    /// Number of triangles left out because something that they refer to is missing or not finite.
     std::size_t skipped = 0;
 };
 
-/// What one level of detail draws. Vertices whose normal is missing point up; without texture
-/// coordinates they have 0, 0.
+/// Returns what one level of detail draws. A missing normal points up; missing texture coordinates
+/// are 0, 0.
 Geometry MakeGeometry(const Shape &shape, const Level &level);
 
 struct Bounds
@@ -55,13 +57,15 @@ struct Bounds
     friend bool operator==(const Bounds &, const Bounds &) = default;
 };
 
-/// The box around all corners that are drawn, in the given pose (RestPose); nothing without any.
+/// Returns the box around all drawn corners in the given pose (RestPose); nothing if there are
+/// none.
 std::optional<Bounds> BoundsOf(const Geometry &geometry, const std::vector<Matrix> &pose);
 
-/// The nearest level of each control, that with the smallest distance (no number is the largest).
+/// Returns the nearest level of each control: the one with the smallest distance. NaN counts as the
+/// largest.
 std::vector<const Level *> NearestLevels(const Shape &shape);
 
-/// The box around the nearest levels in their rest pose.
+/// Returns the box around the nearest levels in their rest pose; nothing if they draw nothing.
 std::optional<Bounds> RestBounds(const Shape &shape);
 
 } // namespace korvat

@@ -15,7 +15,7 @@ namespace korvat {
 namespace {
 
 constexpr float kPlainGrey = 0.62f;
-constexpr float kSharpest = -1; ///< many files ask for -3, which only makes pictures flicker
+constexpr float kSharpest = -1; ///< many files ask for -3, which only makes textures flicker
 
 template <typename Item, typename Index>
 const Item *itemAt(const std::vector<Item> &items, Index index)
@@ -61,7 +61,7 @@ void noteShader(const Shape &shape, const PrimState &state, std::vector<std::str
     const std::string *name = itemAt(shape.shaders, std::int64_t{state.shader});
     if (!name || shaderNamed(*name))
         return;
-    std::string note = "shader " + *name + " is not known, drawn lit and solid";
+    std::string note = "unknown shader " + *name + ", drawn lit and solid";
     if (std::find(notes.begin(), notes.end(), note) == notes.end())
         notes.push_back(std::move(note));
 }
@@ -84,7 +84,7 @@ Finish finishOf(const Shader &shader, std::int32_t lightMaterial)
     }
 }
 
-/// What a part without a picture looks like: the diffuse colour of its material, else grey.
+/// Returns the colour of a part without a texture: its material's diffuse colour, else grey.
 Tint plainColour(const Shape &shape, const VertexState &state)
 {
     const LightMaterial *material = itemAt(shape.lightMaterials, state.lightMaterial);
@@ -127,7 +127,7 @@ bool isFinite(const Vec3 &v)
     return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
 }
 
-/// Takes the parts of a level into a model, each vertex moved to where its matrix puts it.
+/// Adds the parts of a level to a model, with each vertex transformed by its matrix.
 class LevelBaker
 {
 public:
@@ -138,7 +138,7 @@ public:
     {
     }
 
-    /// Adds the triangles and gives the range of indices that they have in the model.
+    /// Adds the triangles; the returned part holds their range of indices in the model.
     Part Add(const DrawPart &from, const Matrix &pose)
     {
         Part part;
@@ -146,7 +146,7 @@ public:
         for (std::size_t i = 0; i + 2 < from.indices.size(); i += 3)
             addTriangle(std::span(from.indices).subspan(i, 3), pose);
         part.indexCount = static_cast<std::uint32_t>(m_model.mesh.indices.size()) - part.firstIndex;
-        // Another part may want the same vertices under another matrix.
+        // Another part may use the same vertices with another matrix.
         for (const std::uint32_t index : from.indices)
             m_places[index] = kNone;
         return part;
@@ -177,7 +177,7 @@ private:
 
     const Geometry &m_geometry;
     Model &m_model;
-    std::vector<std::uint32_t> m_places; ///< in the model, of the geometry's vertices
+    std::vector<std::uint32_t> m_places; ///< positions in the model of the geometry's vertices
 };
 
 void addLevel(const Shape &shape, const Level &level, Model &model)

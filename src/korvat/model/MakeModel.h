@@ -5,9 +5,10 @@
 
 namespace korvat {
 
-/// A shape as it is drawn: the nearest level of detail of each of its parts, in the rest pose, all
-/// matrices worked in. The texture slots are the shape's images. Triangles that refer to something
-/// that is not there, or that lie nowhere, are left out. docs/formats.md, "Drawing a shape".
+/// Converts a shape to a model: the nearest level of detail of each part in the rest pose, with all
+/// matrices applied to the vertices. The texture slots are the shape's images. Leaves out triangles
+/// that refer to something missing or have a corner that is not finite. See docs/formats.md,
+/// "Drawing a shape".
 Model MakeModel(const Shape &shape);
 
 } // namespace korvat

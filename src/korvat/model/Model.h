@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-/// What is drawn: geometry as plain data, ready for a graphics device.
+/// The drawable content of a shape: geometry as plain data, ready for a graphics device.
 namespace korvat {
 
 struct Tint
@@ -19,14 +19,14 @@ struct Tint
     friend bool operator==(const Tint &, const Tint &) = default;
 };
 
-/// Triangles, three indices each; seen from in front they run clockwise.
+/// Triangles of three indices each, clockwise when seen from the front.
 struct Mesh
 {
     std::vector<DrawVertex> vertices;
     std::vector<std::uint32_t> indices;
 };
 
-/// How a shader treats alpha, before the picture is known.
+/// How a shader treats alpha, regardless of the texture.
 enum class Blending : std::uint8_t
 {
     None,
@@ -34,18 +34,18 @@ enum class Blending : std::uint8_t
     Add
 };
 
-/// How a surface answers light.
+/// How a surface reflects light.
 enum class Finish : std::uint8_t
 {
     Normal,
     Shiny,      ///< highlight with exponent 25
     VeryShiny,  ///< highlight with exponent 750
-    FullBright, ///< its own colour, whatever the light
+    FullBright, ///< its own colour, regardless of light
     HalfBright,
     DarkShade
 };
 
-/// What the surface of a part looks like.
+/// The look of a part's surface.
 struct Surface
 {
     Finish finish = Finish::Normal;
@@ -53,33 +53,33 @@ struct Surface
     bool alphaTest = false;
     AddressMode addressing = AddressMode::Wrap;
     bool mipmaps = true;
-    float sharpness = 0; ///< below 0 larger copies of the picture are taken than its size asks for
-    Tint colour;         ///< multiplied with the picture; the whole colour where there is none
+    float sharpness = 0; ///< below 0, larger levels of the texture are used than its size needs
+    Tint colour;         ///< multiplied with the texture; the only colour if there is none
 
     friend bool operator==(const Surface &, const Surface &) = default;
 };
 
-/// A run of triangles with one surface.
+/// A run of triangles that share a surface.
 struct Part
 {
     std::uint32_t firstIndex = 0, indexCount = 0;
-    int slot = -1; ///< which of the model's textures, -1 for none
+    int slot = -1; ///< index of the model's texture, -1 for none
     Surface surface;
     Sphere bounds;
 };
 
-/// A whole shape in its rest pose; parts stand in file order.
+/// A whole shape in its rest pose, with parts in file order.
 struct Model
 {
     Mesh mesh;
     std::vector<Part> parts;
     std::vector<std::string> textures; ///< file names of the texture slots
-    std::vector<std::string> notes;    ///< what is not drawn as the file says, a sentence each
+    std::vector<std::string> notes;    ///< what is not drawn as the file asks, one sentence each
     Bounds box;
     Sphere bounds;
 };
 
-/// The box and the spheres of the model and its parts, from its vertices.
+/// Computes the box and the spheres of the model and its parts from its vertices.
 void MeasureBounds(Model &model);
 
 } // namespace korvat

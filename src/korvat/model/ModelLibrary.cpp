@@ -26,8 +26,8 @@ std::string sentence(const std::string &path, const ReadError &error, const char
     return text;
 }
 
-/// One name for a file, however it was asked for: where the disk ignores letter case it gives paths
-/// back as they were asked for.
+/// Returns one name for a file, independent of the spelling of the request. A disk that ignores
+/// letter case returns paths as requested.
 std::string placeOf(const std::filesystem::path &file)
 {
     const std::string path = host::path::FromDisk(file);

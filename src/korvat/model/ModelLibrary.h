@@ -15,8 +15,8 @@ class GameFiles;
 
 namespace korvat {
 
-/// Shapes and textures from files. A file that is in use is not read twice, unless it has changed
-/// meanwhile. Safe to use from several threads.
+/// Loads shapes and textures from files. Does not read a file again while its model or texture is
+/// in use, unless the file has changed. Thread-safe.
 class ModelLibrary : public ModelSource
 {
 public:
@@ -27,7 +27,7 @@ public:
     LoadedTexture LoadTexture(const std::string &shapeFolder, const std::string &texturePath,
                               const std::string &name) override;
 
-    /// What stands for a texture that is missing or broken: a clear checker pattern.
+    /// Returns the substitute for a missing or broken texture: a conspicuous checker pattern.
     static TexturePtr Checker();
 
 private:
@@ -45,7 +45,7 @@ private:
               const std::shared_ptr<const Thing> &thing, const host::disk::Stamp &stamp);
 
     host::GameFiles &m_files;
-    std::mutex m_mutex; ///< of the shelves
+    std::mutex m_mutex; ///< guards the shelves
     Shelf<Model> m_models;
     Shelf<Texture> m_textures;
 };

@@ -10,32 +10,31 @@ namespace korvat {
 
 using TexturePtr = std::shared_ptr<const Texture>;
 
-/// A shape, or why there is none.
+/// A model, or the reason why there is none.
 struct LoadedModel
 {
     std::shared_ptr<const Model> model;
-    std::string error; ///< "" when all is well
+    std::string error; ///< "" on success
 };
 
-/// A picture to show, in any case; when the wanted one is missing or broken it is a checker
-/// pattern and the problem says so.
+/// A texture to show, never null. If the requested one is missing or broken, this is a checker
+/// pattern and `problem` gives the reason.
 struct LoadedTexture
 {
     TexturePtr texture;
-    std::string problem; ///< "" when all is well
+    std::string problem; ///< "" on success
 };
 
-/// Where shapes and pictures come from. Whoever asks twice for the same file while it is in use
-/// gets the same object, so that a hundred identical wagons cost one. Safe to use from several
-/// threads.
+/// A source of models and textures. While a file is in use, every request for it returns the same
+/// object, so that a hundred identical wagons cost one. Thread-safe.
 class ModelSource
 {
 public:
     virtual ~ModelSource() = default;
 
     virtual LoadedModel LoadModel(const std::string &path) = 0;
-    /// The picture `name` for a shape in `shapeFolder` (which ends in a separator): beside the
-    /// shape, else in `texturePath` as seen from there.
+    /// Loads the texture `name` for a shape in `shapeFolder`, which ends in a separator. Searches
+    /// that folder, then `texturePath` relative to it.
     virtual LoadedTexture LoadTexture(const std::string &shapeFolder,
                                       const std::string &texturePath, const std::string &name) = 0;
 };

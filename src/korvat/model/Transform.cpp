@@ -113,7 +113,7 @@ Vec3 TransformPoint(Vec3 point, const Transform &matrix)
 
 Frustum::Frustum(const Transform &viewProjection)
 {
-    // A point is inside while -w <= x, y, z <= w: each limit is w plus or minus one column.
+    // A point is inside if -w <= x, y, z <= w: each limit is w plus or minus one column.
     for (std::size_t i = 0; i < m_planes.size(); ++i) {
         const int column = static_cast<int>(i / 2);
         const float sign = i % 2 ? -1.0f : 1.0f;

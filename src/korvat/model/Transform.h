@@ -6,7 +6,7 @@
 #include <array>
 #include <cstddef>
 
-/// The space is left-handed: X right, Y up, Z forward, metres. Vectors are rows and multiply
+/// The space is left-handed, in metres: X right, Y up, Z forward. Vectors are rows that multiply
 /// matrices from the left, so that "first A, then B" is A * B.
 namespace korvat {
 
@@ -31,10 +31,11 @@ constexpr Vec3 Cross(Vec3 a, Vec3 b)
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
 float Length(Vec3 v);
-/// The vector made one long; one without a length (or without a finite one) stays as it is.
+/// Returns the vector scaled to length 1. A vector whose length is zero or not finite is returned
+/// unchanged.
 Vec3 Normalised(Vec3 v);
 
-/// Four rows of four: a place in the world, or the way into a picture.
+/// A matrix of four rows and columns: a place in the world, or a projection.
 struct Transform
 {
     std::array<float, 16> m{};
@@ -53,18 +54,19 @@ private:
 Transform Identity();
 Transform Translation(Vec3 by);
 Transform Scaling(Vec3 by);
-/// A turn about the vertical axis; a quarter turn takes Z to X.
+/// Returns a rotation about the vertical axis; a quarter turn takes Z to X.
 Transform RotationY(float radians);
 Transform operator*(const Transform &a, const Transform &b);
 
-/// Takes the world into the space of a camera at `eye`: X right, Y up, Z away from it. A camera
-/// that looks straight up or down has Z of the world to its right.
+/// Returns the transformation from the world to the space of a camera at `eye`: X right, Y up, Z
+/// away from the camera. For a camera that looks straight up or down, the world's Z is on its
+/// right.
 Transform LookAt(Vec3 eye, Vec3 target);
-/// A perspective with this vertical field of view. Depth runs from -1 at `nearest` to 1 at
-/// `farthest`.
+/// Returns a perspective projection with this vertical field of view. Depth runs from -1 at
+/// `nearest` to 1 at `farthest`.
 Transform Perspective(float verticalRadians, float widthByHeight, float nearest, float farthest);
 
-/// The point moved by the matrix, and the direction turned by it.
+/// Return the point moved by the matrix, and the direction rotated by it.
 Vec3 TransformPoint(Vec3 point, const Transform &matrix);
 Vec3 TransformDirection(Vec3 direction, const Transform &matrix);
 
@@ -73,7 +75,7 @@ class Frustum
 {
 public:
     explicit Frustum(const Transform &viewProjection);
-    /// False only for a sphere that lies wholly outside.
+    /// Returns false only for a sphere that is wholly outside.
     bool Sees(const Sphere &sphere) const;
 
 private:

@@ -90,7 +90,7 @@ void FileChooser::accept()
                         !QFileInfo::exists(chosen.front()) &&
                         m_files.FileExists(chosen.front().toStdString());
     if (isOurs)
-        QDialog::accept(); // the base class would say that there is no such file
+        QDialog::accept(); // the base class would report a missing file
     else
         QFileDialog::accept();
 }

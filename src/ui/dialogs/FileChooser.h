@@ -12,14 +12,14 @@ class QComboBox;
 
 namespace app {
 
-/// The paths of the disk that the toolkit shows as `shown`. It replaces bytes that are not UTF-8,
-/// so several names can look alike; a path without replaced characters is the only one. Empty when
-/// nothing is shown as that.
+/// Returns the paths on disk that the toolkit displays as `shown`. The toolkit replaces bytes that
+/// are not UTF-8, so several names can look alike; a path without replaced characters is unique.
+/// Empty if no path is displayed like that.
 std::vector<std::string> PathsShownAs(const QString &shown);
 
-/// The toolkit's file dialog, which leaves out names that are not UTF-8. This one lists those of
-/// the folder in a box of their own, and opens what GameFiles finds under a typed name: such files,
-/// and names in another letter case.
+/// A file dialog that can open all files. The toolkit's own leaves out names that are not UTF-8;
+/// this one lists those of the folder in a separate box. It also opens what GameFiles finds under a
+/// typed name: such files, and names in another letter case.
 class FileChooser : public QFileDialog
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ private:
     void listForeignNames();
 
     host::GameFiles m_files;
-    QComboBox *cboForeign = nullptr; ///< null in dialogs of the system
+    QComboBox *cboForeign = nullptr; ///< null in native dialogs
 };
 
 } // namespace app

@@ -98,7 +98,7 @@ void FindBar::Recount()
     cmdFindNext->setEnabled(count > 0);
 }
 
-/// What is being typed is found from where the last find began, so that it grows in place.
+/// Searches again from the start of the last match, so that the match grows while the user types.
 void FindBar::typed()
 {
     Recount();

@@ -11,8 +11,8 @@ class QToolButton;
 
 namespace validation {
 
-/// A bar that searches a text, letter case ignored, from where the cursor stands and on from the
-/// other end. It is hidden until it is opened, and Esc in it hides it again.
+/// A bar that searches a text from the cursor and continues from the other end, ignoring letter
+/// case. Hidden until it is opened; Esc in it hides it again.
 class FindBar : public QWidget
 {
     Q_OBJECT
@@ -20,11 +20,11 @@ class FindBar : public QWidget
 public:
     explicit FindBar(QPlainTextEdit &text, QWidget *parent = nullptr);
 
-    /// Shows the bar with what is selected in the text, ready to type.
+    /// Shows the bar with the selected text as search text, ready to type.
     void Open();
     void FindNext();
     void FindPrevious();
-    /// Counts anew what was found; to be called when the text was replaced.
+    /// Counts the matches again. Call this after the text was replaced.
     void Recount();
 
     QLineEdit *txtFind;

@@ -62,8 +62,8 @@ QMessageBox::StandardButtons buttonsOf(DialogButtons buttons)
     return QMessageBox::Ok;
 }
 
-/// A message box that knows whether it was closed without a button. The toolkit counts Esc as the
-/// only button of a box that has one.
+/// A message box that knows whether it was closed without a button. If a box has a single button,
+/// the toolkit treats Esc as that button.
 class MessageBox : public QMessageBox
 {
 public:
@@ -87,13 +87,13 @@ private:
     bool m_dismissed = false;
 };
 
-/// The file that was chosen under the name that the toolkit shows. "", with a message, when that is
-/// the name of several.
+/// Returns the file that was chosen under the name that the toolkit displays. Returns "", after a
+/// message, if several files are displayed like that.
 std::string fileChosen(const QString &shown, host::Dialogs &dialogs, const std::string &title)
 {
     const std::string text = QDir::toNativeSeparators(shown).toStdString();
     const std::vector<std::string> paths = PathsShownAs(shown);
-    if (!shown.contains(QChar::ReplacementCharacter) || paths.empty()) // none: a new name
+    if (!shown.contains(QChar::ReplacementCharacter) || paths.empty()) // empty for a new name
         return text;
     if (paths.size() == 1)
         return host::GameFiles().TextOf(paths.front());
@@ -103,7 +103,7 @@ std::string fileChosen(const QString &shown, host::Dialogs &dialogs, const std::
     return {};
 }
 
-/// Prepares a file dialog and runs it; the chosen path or "".
+/// Prepares and runs a file dialog; returns the chosen path, or "".
 std::string choose(FileChooser &dialog, host::Dialogs &dialogs,
                    const host::FileDialogRequest &request)
 {
@@ -118,7 +118,7 @@ std::string choose(FileChooser &dialog, host::Dialogs &dialogs,
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
     const QString chosen = dialog.selectedFiles().constFirst();
-    // A pattern that was left standing in the name box is no file in some folder.
+    // A pattern that was left in the name box is not a file.
     if (initialName.contains(QLatin1Char('*')) &&
         chosen.section(QLatin1Char('/'), -1) == initialName)
         return request.initialName;
@@ -181,7 +181,7 @@ std::string QtDialogs::SaveFile(const host::FileDialogRequest &request)
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    // A name typed without an extension gets that of the filter in force.
+    // A name typed without an extension gets that of the current filter.
     const auto followFilter = [&dialog](const QString &filter) {
         const QString suffix =
             filter.section(QLatin1Char('.'), -1).remove(QLatin1Char(')')).toLower();

@@ -8,7 +8,7 @@
 
 namespace app {
 
-/// The dialogs of the program, modal over the active window. Texts are shown as plain text.
+/// The program's dialogs, modal over the active window. They show texts as plain text.
 class QtDialogs : public host::Dialogs
 {
 public:
@@ -22,8 +22,8 @@ public:
     std::string SelectFromList(const std::string &caption, const std::string &list) override;
 };
 
-/// "text|pattern|text|pattern" as name filters of a file dialog. Patterns that hold letters are
-/// given in both cases, for dialogs that tell them apart.
+/// Converts "text|pattern|text|pattern" to the name filters of a file dialog. Gives patterns with
+/// letters in both cases, for dialogs that distinguish them.
 QStringList NameFilters(const std::string &filter);
 
 } // namespace app

@@ -15,7 +15,7 @@ namespace {
 
 constexpr qreal kMargin = 8; ///< pixels around the text
 
-/// Makes the word that a report line begins with tell errors from what is only said.
+/// Colours the first word of a report line, so that errors stand out from remarks.
 class ReportColours : public QSyntaxHighlighter
 {
 public:
@@ -67,7 +67,7 @@ ReportView::ReportView(QWidget *parent)
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     document()->setDocumentMargin(kMargin);
-    // The find bar has the focus while the text shows what was found.
+    // The find bar has the focus while the text shows the match.
     QPalette colours = palette();
     for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText})
         colours.setColor(QPalette::Inactive, role, colours.color(QPalette::Active, role));

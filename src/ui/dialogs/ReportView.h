@@ -5,12 +5,12 @@
 
 namespace validation {
 
-/// What the report lines begin with.
+/// The words that report lines begin with.
 inline constexpr char kErrorWord[] = "ERROR: ", kInfoWord[] = "INFO: ", kStoppedWord[] = "STOPPED";
 bool BeginsWith(const QString &line, const char *word);
 
-/// A report to read: lines are wrapped, since the verdict stands at their end; stripes tell which
-/// rows are one line; the word that a line begins with has a colour.
+/// A report to read. Lines wrap, since the verdict is at their end; stripes show which rows belong
+/// to one line; a line's first word is coloured.
 class ReportView : public QPlainTextEdit
 {
     Q_OBJECT

@@ -16,17 +16,17 @@ class Installation;
 
 namespace about {
 
-/// A fact about program or machine: what it is, and how it is here.
+/// A fact about the program or the machine: its name and its value.
 using Fact = std::pair<QString, QString>;
 
-/// What somebody needs to know who is to find out why something does not work here: versions,
-/// system, screens, OpenGL, and the folders that the program uses.
+/// Returns diagnostic facts for a bug report: versions, system, screens, OpenGL, and the folders
+/// that the program uses.
 std::vector<Fact> SystemFacts(const install::Installation &installation);
 
-/// The facts a line each, names and values in columns.
+/// Returns the facts as text, one per line, with names and values in columns.
 QString TextOf(const std::vector<Fact> &facts);
 
-/// The system's own tool for such facts (Windows), or "" where there is none.
+/// Returns the path of the system's own tool for such facts (Windows); "" if there is none.
 std::string FindSystemTool(host::GameFiles &files);
 
 } // namespace about

@@ -40,7 +40,7 @@ frmAbout::frmAbout(const QIcon &icon, const std::function<void(QWidget &about)> 
     setObjectName("frmAbout");
     setWindowTitle(QStringLiteral("About ZELK"));
     cmdSysInfo->setObjectName("cmdSysInfo");
-    cmdSysInfo->setToolTip(QStringLiteral("Show what a report of a problem should tell"));
+    cmdSysInfo->setToolTip(QStringLiteral("Show the facts that a problem report needs"));
     cmdSysInfo->setAutoDefault(false);
     cmdOK->setObjectName("cmdOK");
     cmdOK->setDefault(true);

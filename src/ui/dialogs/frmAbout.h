@@ -9,13 +9,13 @@
 class QPushButton;
 class QTreeWidget;
 
-/// The About box: what the program is, its version and those before it.
+/// The About box: the program, its version and its history.
 class frmAbout : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// `showSystemInfo` is what the System Info button does.
+    /// The System Info button calls `showSystemInfo`.
     frmAbout(const QIcon &icon, const std::function<void(QWidget &about)> &showSystemInfo,
              QWidget *parent = nullptr);
 

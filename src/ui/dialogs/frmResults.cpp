@@ -50,7 +50,7 @@ frmResults::frmResults(host::Dialogs &dialogs, host::GameFiles &files, std::stri
     , m_findBar(new validation::FindBar(*txtResults, this))
 {
     setWindowTitle(QStringLiteral("Results"));
-    // Of the kind that stands above its owner, with the buttons of a window to work in.
+    // A dialog stays above its owner; the buttons are those of a window to work in.
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
     nameControls();
@@ -110,7 +110,7 @@ void frmResults::orderTabs()
 
 void frmResults::connectControls()
 {
-    // Whichever way it was closed.
+    // However the window was closed.
     connect(this, &QDialog::finished, this, &QObject::deleteLater);
     connect(cmdPrint, &QPushButton::clicked, this, &frmResults::PrintRequested);
     connect(cmdSave, &QPushButton::clicked, this, &frmResults::Save);
@@ -127,7 +127,7 @@ void frmResults::connectControls()
            &frmResults::ShowMessageProperties);
 }
 
-/// A command of the whole window, which the menu of the text offers too.
+/// Adds a command of the whole window, which the text's menu offers too.
 template <typename Receiver>
 void frmResults::addKey(const char *caption, const QKeySequence &keys, Receiver *receiver,
                         void (Receiver::*command)())
@@ -140,7 +140,7 @@ void frmResults::addKey(const char *caption, const QKeySequence &keys, Receiver 
 
 void frmResults::SetCaption(const std::string &caption)
 {
-    // Many selected consists make a caption that no window system takes.
+    // The names of many consists make a title longer than any window system accepts.
     constexpr qsizetype limit = 200;
     const QString text = QString::fromStdString(caption);
     setWindowTitle(text.size() > limit ? text.left(limit) + QStringLiteral("...") : text);
@@ -169,7 +169,7 @@ void frmResults::showSummary()
         parts << counted(errors, "error", "errors");
     if (infos > 0)
         parts << counted(infos, "note", "notes");
-    if (stopped) // the line that says so may be far below
+    if (stopped) // the line that reports it may be far below
         parts << QStringLiteral("not complete");
     m_summary->setText(parts.join(QStringLiteral(", ")));
 }
@@ -189,7 +189,8 @@ void frmResults::ShowMessageProperties()
                       host::DialogIcon::Information);
 }
 
-/// What stands behind the caption's prefix; several names are parted by what no file name may hold.
+/// Returns the caption without its prefix as a file name; "_" replaces the "|" between several
+/// names.
 std::string frmResults::defaultName() const
 {
     QString name = windowTitle().mid(kCaptionPrefix);
@@ -200,12 +201,12 @@ std::string frmResults::defaultName() const
 
 void frmResults::Save()
 {
-    const QPointer<frmResults> self(this); // the program may end while the question stands
+    const QPointer<frmResults> self(this); // the program may end while the question is open
     const std::optional<std::string> name =
         m_dialogs.Input("Enter file name:", "Save Results", defaultName());
     if (!self || !name || name->empty())
         return;
-    // A bare name means the folder that was proposed, not wherever the program was started.
+    // A bare name refers to the proposed folder, not to the current directory.
     const bool bare = host::path::FolderWithSeparator(*name).empty();
     try {
         validation::AppendReport(m_files, bare ? host::path::Join(m_folder, *name) : *name, m_text);

@@ -17,28 +17,28 @@ namespace validation {
 class FindBar;
 }
 
-/// A window of its own with a text to read: what a check found, or the properties of something. It
-/// stands above the main window and goes with it. It can be searched and copied from; Save appends
-/// the text to a report file. It deletes itself when it is closed.
+/// A separate window with a text to read: what a check found, or the properties of something. It
+/// stays above the main window and closes with it. Users can search and copy the text; Save appends
+/// it to a report file. The window deletes itself when it is closed.
 class frmResults : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// `folder` is where the default name of a saved report lies. Dialogs and files must outlive
-    /// it.
+    /// `folder` is the proposed folder of saved reports. `dialogs` and `files` must outlive the
+    /// window.
     frmResults(host::Dialogs &dialogs, host::GameFiles &files, std::string folder,
                QWidget *parent = nullptr);
     ~frmResults() override;
 
     std::string Caption() const { return windowTitle().toStdString(); }
-    /// A caption too long for a title is cut.
+    /// Sets the title; cuts a caption that is too long for one.
     void SetCaption(const std::string &caption);
-    /// The text, with line ends of any kind; they are saved as the report file has them.
+    /// The text, with line ends of any kind; Save writes those of the report file.
     const std::string &Text() const { return m_text; }
     void SetText(std::string text);
 
-    /// Tells in a message box how long the text is, in characters as it was set.
+    /// Shows the length of the text, as it was set, in a message box.
     void ShowMessageProperties();
     /// Asks for a file name and appends the framed text to that file.
     void Save();

@@ -84,7 +84,7 @@ void frmSelector::connectControls()
         item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
     });
     connect(lvItems, &QListWidget::itemChanged, this, &frmSelector::followMarks);
-    // Not the click: screen readers toggle the box without one.
+    // Not `clicked`: screen readers toggle the box without a click.
     connect(chkAll, &QCheckBox::toggled, this, &frmSelector::markAll);
     connect(cmdAction[0], &QPushButton::clicked, this, &frmSelector::takeMarked);
     connect(cmdAction[1], &QPushButton::clicked, this, &frmSelector::UnloadForm);
@@ -128,7 +128,7 @@ void frmSelector::markAll(bool marked)
     lvItems->viewport()->update();
 }
 
-/// The box stands for the list: checked exactly when every entry is marked.
+/// Updates the box from the list: it is checked exactly when every entry is marked.
 void frmSelector::followMarks()
 {
     const QSignalBlocker following(chkAll);

@@ -14,8 +14,8 @@ class QListWidget;
 class QListWidgetItem;
 class QPushButton;
 
-/// A modal dialog that lets the user mark any number of entries of a list. An entry is marked by
-/// its check box; a double click or the space bar turns it over.
+/// A modal dialog that lets the user mark any number of entries of a list. A click on its check
+/// box, a double click or the space bar marks or unmarks an entry.
 class frmSelector : public QDialog
 {
     Q_OBJECT
@@ -23,11 +23,11 @@ class frmSelector : public QDialog
 public:
     explicit frmSelector(QWidget *parent = nullptr);
 
-    /// Fills the list (validation/SelectorEntries.h) and forgets what was chosen before.
+    /// Fills the list (validation/SelectorEntries.h describes it) and forgets the earlier choice.
     void SelectFrom(std::string_view list);
-    /// The marked entries in list order, joined by "|"; "" until they were accepted.
+    /// Returns the marked entries in list order, joined by "|"; "" unless the user accepted them.
     const std::string &Selected() const { return m_selected; }
-    /// Closes the dialog; what was not accepted by then is not chosen.
+    /// Closes the dialog. Entries that have not been accepted are not chosen.
     void UnloadForm();
 
     QListWidget *lvItems;

@@ -40,7 +40,7 @@ frmSetLoc::frmSetLoc(host::GameFiles &files, QWidget *parent)
     connect(drvLocation, &QComboBox::currentIndexChanged, this, &frmSetLoc::showDrive);
     connect(dirLocation->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &frmSetLoc::showChosenFolder);
-    // Folders arrive one after the other, are sorted later, and push the chosen one down.
+    // Folders arrive one by one and are sorted later, which moves the chosen one out of view.
     connect(m_folders, &QFileSystemModel::directoryLoaded, this, &frmSetLoc::keepChosenInView,
             Qt::QueuedConnection);
     connect(m_folders, &QFileSystemModel::layoutChanged, this, &frmSetLoc::keepChosenInView,
@@ -102,7 +102,7 @@ void frmSetLoc::arrangeControls()
     lblHint->setTextFormat(Qt::PlainText);
     lblHint->setWordWrap(true);
     lblHint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    lblHint->setMinimumHeight(2 * lblHint->fontMetrics().lineSpacing()); // of the longest hint
+    lblHint->setMinimumHeight(2 * lblHint->fontMetrics().lineSpacing()); // for the longest hint
     lblHint->setBuddy(txtLocation);
     layout->addWidget(lblHint);
     layout->addLayout(buttons);
@@ -121,7 +121,7 @@ void frmSetLoc::fillDrives()
 void frmSetLoc::SetLocation(const std::string &path)
 {
     if (const auto folder = path.empty() ? std::nullopt : m_files.FindFolder(path)) {
-        // The tree tells of its choice with the disk's spelling; the text is what was asked for.
+        // The tree reports its choice in the disk's spelling; the text keeps the given one.
         const QScopedValueRollback<bool> setting(m_settingLocation, true);
         const std::string onDisk = host::path::FromDisk(*folder);
         selectDrive(onDisk);
@@ -134,7 +134,7 @@ void frmSetLoc::SetLocation(const std::string &path)
     txtLocation->setText(QString::fromStdString(path));
 }
 
-/// The volume that holds a folder is the one with the longest path that the folder begins with.
+/// Selects the volume of a folder: that with the longest path that the folder begins with.
 void frmSetLoc::selectDrive(const std::string &folder)
 {
     int best = -1;
@@ -171,7 +171,7 @@ void frmSetLoc::showChosenFolder(const QModelIndex &index)
     txtLocation->setText(QDir::toNativeSeparators(m_folders->filePath(index)));
 }
 
-/// Only a hint: any folder may be chosen, since it may be filled later.
+/// Only shows a hint: the user may choose any folder, since it may be filled later.
 void frmSetLoc::showHint()
 {
     const QString hint =

@@ -25,12 +25,12 @@ class frmSetLoc : public QDialog
 public:
     explicit frmSetLoc(host::GameFiles &files, QWidget *parent = nullptr);
 
-    /// Shows this folder: its volume in the drive list, itself in the tree and in the text box. A
-    /// folder that is not there stands in the text box alone.
+    /// Shows this folder: its volume in the drive list, the folder itself in the tree and the text
+    /// box. A folder that does not exist appears only in the text box.
     void SetLocation(const std::string &path);
 
     bool Cancelled = true;
-    std::string Location; ///< what was chosen, "$MSTS" for the registered folder
+    std::string Location; ///< the user's choice; "$MSTS" for the registered folder
 
     QComboBox *drvLocation;
     QTreeView *dirLocation;

@@ -6,7 +6,7 @@
 class QPlainTextEdit;
 class QPushButton;
 
-/// A window with facts to read and to copy, for a report of what does not work.
+/// A window with diagnostic facts to read and copy, for bug reports.
 class frmSystemInfo : public QDialog
 {
     Q_OBJECT

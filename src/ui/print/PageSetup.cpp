@@ -10,7 +10,7 @@ namespace app {
 
 namespace {
 
-constexpr double kWidestMargin = 60; // millimetres: leaves room on every paper offered
+constexpr double kWidestMargin = 60; // millimetres; leaves room on every paper offered
 
 } // namespace
 
@@ -78,7 +78,7 @@ QPageLayout PageSetup::Layout() const
 {
     QPageLayout layout = m_layout;
     const auto size = static_cast<QPageSize::PageSizeId>(cboPaper->currentData().toInt());
-    if (size != layout.pageSize().id()) // one of another size keeps its measures
+    if (size != layout.pageSize().id()) // an unchanged custom size keeps its dimensions
         layout.setPageSize(QPageSize(size));
     layout.setOrientation(cboOrientation->currentIndex() == 1 ? QPageLayout::Landscape
                                                               : QPageLayout::Portrait);

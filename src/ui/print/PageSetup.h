@@ -12,8 +12,7 @@ class QFormLayout;
 
 namespace app {
 
-/// Asks for paper and margins where the system has no dialog for that: when printing goes into a
-/// file.
+/// Asks for paper and margins where the system has no dialog for them: when printing to a file.
 class PageSetup : public QDialog
 {
     Q_OBJECT
@@ -21,7 +20,7 @@ class PageSetup : public QDialog
 public:
     explicit PageSetup(const QPageLayout &layout, QWidget *parent = nullptr);
 
-    /// What was chosen.
+    /// Returns the chosen layout.
     QPageLayout Layout() const;
 
 private:

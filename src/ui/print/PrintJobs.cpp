@@ -13,7 +13,7 @@ namespace app {
 
 namespace {
 
-constexpr char kDot[] = "  \xC2\xB7  "; // between the facts of a line
+constexpr char kDot[] = "  \xC2\xB7  "; // separates the facts of a line
 
 PageFrame frameOf(const std::string &title, const std::string &subtitle)
 {
@@ -33,7 +33,7 @@ PrintJob listJob(const frmDocument &window, const install::Installation &install
     return {"Print Consist List", frameOf(window.Caption(), facts), PrintNames(std::move(names))};
 }
 
-/// A flipped unit has "*" behind its type.
+/// The type of a flipped unit ends in "*".
 QStringList vehicleRow(std::size_t number, document::StockItem item)
 {
     const bool flipped = item.type.ends_with('*');

@@ -13,7 +13,7 @@ class Installation;
 
 namespace app {
 
-/// Something to print, under the name that the printer's queue shows.
+/// Something to print, with the name that the printer's queue shows.
 struct PrintJob
 {
     std::string name;
@@ -21,12 +21,12 @@ struct PrintJob
     std::unique_ptr<Printout> content;
 };
 
-/// What a document window prints by its mode: the list of consists as it is shown, the vehicles of
-/// a consist as they stand in the editor, or the picture of a 3D view. RuntimeError 5 where there
-/// is no picture.
+/// Returns what a document window prints, by its mode: the list of consists as shown, the vehicles
+/// of a consist as in the editor, or the image of a 3D view. Throws RuntimeError 5 if there is no
+/// image.
 PrintJob JobOf(frmDocument &window, const install::Installation &installation);
 
-/// A report of a results window.
+/// Returns the report of a results window.
 PrintJob ResultsJob(const std::string &caption, const std::string &text);
 
 } // namespace app

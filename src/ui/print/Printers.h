@@ -6,13 +6,14 @@ class QString;
 
 namespace app {
 
-/// What asks the user where to print; scripted in tests.
+/// The printer and page set-up dialogs; scripted in tests.
 class Printers
 {
 public:
     virtual ~Printers() = default;
 
-    /// Sets the printer up for a job of this name as the user wants it; false when cancelled.
+    /// Lets the user choose a printer and its settings for a job of this name; returns false if
+    /// cancelled.
     virtual bool Choose(QPrinter &printer, const QString &job) = 0;
     /// Lets the user set the paper and its margins.
     virtual void SetUpPage(QPrinter &printer) = 0;

@@ -37,7 +37,7 @@ int pagesFor(std::size_t items, int perPage)
     return std::max(1, static_cast<int>((items + each - 1) / each));
 }
 
-/// Rows of one height.
+/// A printout in rows of equal height.
 class Rows : public Printout
 {
 protected:
@@ -48,7 +48,8 @@ protected:
         m_rowHeight = QFontMetricsF(fontOf(kTextPoints), &printer).height() + 3 * m_point;
         m_rows = std::max(1, static_cast<int>(body.height() / m_rowHeight));
     }
-    /// One line of text in the middle of a cell, its end cut where it is too long.
+    /// Paints one line of text, vertically centred in a cell. If it is too long, "..." replaces its
+    /// middle.
     void paintCell(QPainter &painter, QRectF cell, const QString &text) const
     {
         cell.adjust(3 * m_point, 0, -3 * m_point, 0);
@@ -58,7 +59,7 @@ protected:
     }
 
     double m_width = 0, m_point = 1, m_rowHeight = 1;
-    int m_rows = 1; ///< on a page
+    int m_rows = 1; ///< per page
 };
 
 class Names : public Rows
@@ -109,7 +110,7 @@ public:
     int LayOut(QPrinter &printer, const QRectF &body) override
     {
         measure(printer, body);
-        m_rows = std::max(1, m_rows - 1); // the titles are one
+        m_rows = std::max(1, m_rows - 1); // one row holds the titles
         return pagesFor(m_content.size(), m_rows);
     }
     void PaintPage(QPainter &painter, int page) override
@@ -216,7 +217,7 @@ private:
     double m_left = 0;
 };
 
-/// The parts of a page. The printer's own margins are around them.
+/// The parts of a page, all within the printer's own margins.
 struct PageParts
 {
     QRectF page, body;

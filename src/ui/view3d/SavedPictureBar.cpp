@@ -69,7 +69,7 @@ void SavedPictureBar::ShowPath(const std::string &path)
 {
     m_path = path;
     const QString text = QString::fromStdString(path);
-    txtSavedPicture->setText(text); // the cursor is at the end, so that the file's name is seen
+    txtSavedPicture->setText(text); // the cursor is at the end, so that the file's name is visible
     txtSavedPicture->setToolTip(text);
     setAccessibleName(QStringLiteral("Picture saved as ") + text);
     show();

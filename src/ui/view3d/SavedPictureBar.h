@@ -11,9 +11,9 @@ class QToolButton;
 
 namespace viewer {
 
-/// A line across a 3D view that names the picture saved last, as text to select and copy, with
-/// buttons to open the picture or its folder. Hidden until there is a picture, and when the user
-/// closes it.
+/// A bar across a 3D view with the path of the last screenshot, as text to select and copy, and
+/// buttons that open the screenshot or its folder. Hidden before the first screenshot, and after
+/// the user has closed it.
 class SavedPictureBar : public QFrame
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ public:
     QToolButton *cmdHidePicture;
 
 Q_SIGNALS:
-    /// The user wants to see this file or folder.
+    /// The user wants to open this file or folder.
     void OpenWanted(const std::string &path);
 
 private:

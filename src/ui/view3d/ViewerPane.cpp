@@ -20,7 +20,7 @@
 namespace viewer {
 namespace {
 
-constexpr int kHighest = 40; ///< metres that the scroll bar lifts the camera to
+constexpr int kHighest = 40; ///< metres: the camera's height at the top of the scroll bar
 constexpr int kPage = 20;    ///< metres along the train
 constexpr qint64 kSliceMilliseconds = 10;
 constexpr int kPauseMilliseconds = 2; ///< while the next vehicle is being read
@@ -62,7 +62,7 @@ ViewerPane::~ViewerPane()
 {
     if (m_stage.Loading())
         m_host.setProgress(0, 0);
-    // While the canvas, a child of this widget, is still there.
+    // The canvas, a child of this widget, still exists here.
     m_stage.Close();
 }
 
@@ -122,8 +122,8 @@ void ViewerPane::connectCanvas()
     connect(sfViewer, &sfCanvas::Failed, this, &ViewerPane::showNoCanvas);
 }
 
-/// It covers the lower edge of the canvas, so that pictures taken before and after have the same
-/// size.
+/// The bar covers the lower edge of the canvas, so that screenshots taken before and after it
+/// appears have the same size.
 void ViewerPane::makePictureBar()
 {
     m_savedPicture = new SavedPictureBar(this);
@@ -141,7 +141,7 @@ void ViewerPane::showNoCanvas(const std::string &reason)
     if (m_noCanvas)
         return;
     m_noCanvas = new QLabel(QStringLiteral("There is no 3D view here: %1.\n\n"
-                                           "File > Properties lists the textures all the same.")
+                                           "File > Properties still lists the textures.")
                                 .arg(QString::fromStdString(reason)));
     m_noCanvas->setObjectName("lblNoView");
     m_noCanvas->setAlignment(Qt::AlignCenter);
@@ -180,8 +180,8 @@ void ViewerPane::begin()
     tmrRenderer.start(0);
 }
 
-/// Some pieces, and back to the event loop: the window paints and answers meanwhile. A message box
-/// in here has an event loop of its own, in which the timer is not running.
+/// Runs some pieces and returns to the event loop, so that the window keeps painting and
+/// responding. A message box in here runs its own event loop, in which the timer is stopped.
 void ViewerPane::step()
 {
     QElapsedTimer spent;
@@ -268,7 +268,7 @@ void ViewerPane::drag(int buttons, float x, float y)
     m_lastY = y;
 }
 
-/// The scroll bars follow the camera; that must not move it, which they could only to whole metres.
+/// The scroll bars follow the camera but must not move it: they know only whole metres.
 void ViewerPane::showPlace()
 {
     const QSignalBlocker silent(hscView);

@@ -20,24 +20,24 @@ namespace viewer {
 
 class SavedPictureBar;
 
-/// What a 3D window needs of the program around it; everything must outlive the pane.
+/// The parts of the program that a 3D window uses; all of them must outlive the pane.
 struct PaneHost
 {
     Services services;
     std::function<void(const std::string &)> setStatus;
-    /// How far a loading is, 0 to `total`; a total of 0 says that it has ended.
+    /// Reports loading progress, 0 to `total`; a `total` of 0 means finished.
     std::function<void(int done, int total)> setProgress;
     /// Opens a file or folder outside the program.
     std::function<void(const std::string &)> openOutside;
 };
 
-/// The controls of a 3D window: the canvas, below it the scroll bar along the train, at its right
-/// the one for the camera's height. Where there is no OpenGL the pane says so in words, and shapes
-/// are loaded for their reports alone.
+/// The controls of a 3D window: the canvas, the scroll bar along the train below it, and the scroll
+/// bar for the camera's height at its right. Without OpenGL, the pane shows the reason as text, and
+/// loads shapes only for their reports.
 ///
-/// On the canvas, the left button turns the camera about what it looks at, the right one slides
-/// both, the wheel goes nearer or away, a double click brings the first view back; the arrow keys
-/// do what the scroll bars do.
+/// On the canvas, the left button turns the camera about its target, the right button slides both,
+/// the wheel moves the camera nearer or away, and a double click restores the first view. The arrow
+/// keys work like the scroll bars.
 class ViewerPane : public QWidget
 {
     Q_OBJECT
@@ -46,33 +46,33 @@ public:
     explicit ViewerPane(const PaneHost &host, QWidget *parent = nullptr);
     ~ViewerPane() override;
 
-    /// These begin to show something new, and load the rest from the event loop; Loaded follows.
-    /// Throw as Stage does.
+    /// Begin to show a new scene and load the rest from the event loop; Loaded follows. Throw as
+    /// Stage does.
     void RenderConsist(const std::string &file, const std::string &installFolder);
     void RenderLooseConsist(const StfNode &trainCfg, const std::string &installFolder,
                             const std::string &source);
     void RenderShape(const std::string &file);
     const std::string &Caption() const { return m_stage.Caption(); }
     bool Loading() const { return m_stage.Loading(); }
-    /// The scene, or null before there is one.
+    /// Returns the scene, or null before the first one.
     TSView *View() { return m_stage.View(); }
-    /// Ends a running loading; what is there stays.
+    /// Stops loading; what is loaded stays.
     void Stop();
 
     void ResetView();
-    /// The textures of what is shown; "" when nothing is.
+    /// Returns the texture report; "" if nothing is shown.
     std::string Report() const { return m_stage.Report(); }
-    /// The picture as it is shown. RuntimeError 5 where there is none.
+    /// Returns the image that is shown. Throws RuntimeError 5 if there is none.
     QImage Picture();
-    /// Saves the picture as `base` with the first free number, and reports where: the status with
-    /// `what` ("consist") in its words, then a line across the canvas that stays. RuntimeError as
-    /// sfCanvas::SaveSnapshot; 5 without a canvas.
+    /// Saves a screenshot as `base` with the first free number. Reports its path in the status,
+    /// which calls it a `what` ("consist") snapshot, and in a bar that stays on the canvas. Throws
+    /// RuntimeError like sfCanvas::SaveSnapshot, and 5 if there is no canvas.
     void SaveSnapshot(const std::string &base, const std::string &what);
 
-    sfCanvas *sfViewer = nullptr; ///< null where there is no OpenGL
+    sfCanvas *sfViewer = nullptr; ///< null without OpenGL
     QScrollBar *hscView;
     QScrollBar *vscView;
-    QTimer tmrRenderer; ///< runs while a scene is being loaded
+    QTimer tmrRenderer; ///< runs while a scene is loading
 
 Q_SIGNALS:
     void Loaded();
@@ -99,10 +99,10 @@ private:
     PaneHost m_host;
     QGridLayout *m_grid;
     QLabel *m_noCanvas = nullptr;
-    SavedPictureBar *m_savedPicture = nullptr; ///< null where there is no OpenGL
+    SavedPictureBar *m_savedPicture = nullptr; ///< null without OpenGL
     Stage m_stage;
     bool m_dragging = false;
-    bool m_tiltsOver = false; ///< the drag began level beside the train: it tilts over the target
+    bool m_tiltsOver = false; ///< the drag began beside the target and level with it
     float m_lastX = 0, m_lastY = 0;
 };
 

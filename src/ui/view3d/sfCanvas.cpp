@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr float kNotch = 120; ///< what a wheel tells for one notch
+constexpr float kNotch = 120; ///< wheel angle of one notch
 
 int numberOf(Qt::MouseButtons buttons)
 {
@@ -95,7 +95,7 @@ QImage sfCanvas::paintFrame()
         return m_picture;
     QImage picture = m_painter->Paint(renderer(), size.width(), size.height());
     if (picture.isNull()) {
-        // The graphics system was reset: everything on it has gone.
+        // The OpenGL context was lost with everything in it.
         makePainter();
         if (m_painter)
             picture = m_painter->Paint(renderer(), size.width(), size.height());

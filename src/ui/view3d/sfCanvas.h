@@ -16,52 +16,52 @@ namespace korvat {
 class OffscreenPainter;
 }
 
-/// The 3D canvas: shows the last frame that a scene has drawn, whenever the window wants it, and
-/// tells what the mouse does on it, in pixels that do not depend on the screen's density.
+/// The 3D canvas: shows the last frame of a scene whenever the window repaints, and emits mouse
+/// events in pixels that do not depend on the screen's density.
 ///
-/// It paints images that OpenGL has drawn without a window. A widget that is OpenGL's own would
-/// make the toolkit create the main window anew when the first one appears, draw everything in it
-/// through OpenGL from then on, and end the program on platforms without OpenGL.
+/// It paints images that OpenGL has drawn without a window. Qt's OpenGL widget would make Qt create
+/// the main window again when the first one appears, draw everything in it through OpenGL from then
+/// on, and end the program on platforms without OpenGL.
 class sfCanvas : public QWidget, public korvat::SceneCanvas
 {
     Q_OBJECT
 
 public:
-    /// Why there can be no canvas here, as words for the user; "" when there can be one.
+    /// Returns the reason why there can be no canvas, in words for the user; "" if there can be
+    /// one.
     static const std::string &WhyNot();
 
-    /// `files` writes the snapshots and must outlive the canvas.
+    /// `files` writes the screenshots and must outlive the canvas.
     explicit sfCanvas(host::GameFiles &files, QWidget *parent = nullptr);
     ~sfCanvas() override;
 
     void CanvasStart() override;
 
-    /// The picture that is shown, in the screen's own pixels; null when there is none.
+    /// Returns the image that is shown, in the screen's own pixels; null if there is none.
     QImage Picture();
 
-    /// Whether a snapshot may take the place of the last one; at first it gets a number of its own.
+    /// If true, screenshots overwrite number 0001; if false (the default), each gets a free number.
     void SetOverwriteSnapshot(bool overwrite) { m_overwrite = overwrite; }
-    /// Where snapshots go, without number and extension ("C:\shots\ZELKC").
+    /// Sets the path of screenshots without number and extension ("C:\shots\ZELKC").
     void SetSnapshotFile(const std::string &path) { m_snapshotBase = path; }
-    /// The file that SaveSnapshot would write now: "C:\shots\ZELKC-0001.png", or the first number
-    /// that is free.
+    /// Returns the file that SaveSnapshot would write now, such as "C:\shots\ZELKC-0001.png".
     std::string SnapshotFile() const;
-    /// Writes the picture as it is shown. RuntimeError 70, 75 or 76 as GameFiles::WriteFile, 5 when
-    /// there is no picture.
+    /// Writes the image that is shown. Throws RuntimeError 70, 75 or 76 like GameFiles::WriteFile,
+    /// 5 if there is no image.
     void SaveSnapshot();
 
 Q_SIGNALS:
     void MouseDown(int button, float x, float y);
     void MouseUp();
-    /// The buttons held: 1 left, 2 right, 4 the middle one, or their sum.
+    /// `buttons` are those held: 1 left, 2 right, 4 middle, or their sum.
     void MouseMove(int buttons, float x, float y);
-    /// Notches of the wheel, away from the user positive.
+    /// Notches of the wheel; positive away from the user.
     void WheelTurned(float notches);
-    /// The user wants the first view back: a double click.
+    /// A double click: the user wants the first view back.
     void ResetWanted();
-    /// The graphics system has dropped everything: the scene is to draw again.
+    /// The OpenGL context was lost; redraw the scene.
     void DrawWanted();
-    /// No picture can be shown after all.
+    /// No image can be shown after all.
     void Failed(const std::string &reason);
 
 protected:
@@ -81,7 +81,7 @@ private:
     host::GameFiles &m_files;
     std::unique_ptr<korvat::OffscreenPainter> m_painter;
     QImage m_picture;
-    bool m_stale = true; ///< there is a newer frame than the picture
+    bool m_stale = true; ///< there is a newer frame than m_picture
     bool m_overwrite = false;
     std::string m_snapshotBase;
 };

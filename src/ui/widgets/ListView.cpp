@@ -18,8 +18,8 @@ namespace document {
 
 namespace {
 
-/// Rows with a little air above and below the text; the mouse shows what a column is too narrow
-/// for.
+/// Draws rows with some space above and below the text. A tool tip shows a text that its column
+/// cuts off.
 class RowDelegate : public QStyledItemDelegate
 {
 public:
@@ -203,7 +203,7 @@ void ListView::mouseReleaseEvent(QMouseEvent *event)
         Q_EMIT MenuWanted(event->globalPosition().toPoint());
 }
 
-/// The base class opens rows with every button.
+/// Only the left button opens a row; in the base class, every button does.
 void ListView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton)
@@ -212,7 +212,8 @@ void ListView::mouseDoubleClickEvent(QMouseEvent *event)
 
 void ListView::contextMenuEvent(QContextMenuEvent *event)
 {
-    // The mouse is served when its button is released, whatever the desktop's own habit.
+    // With the mouse, the menu opens when the button is released, whatever the desktop's
+    // convention.
     if (event->reason() == QContextMenuEvent::Keyboard)
         Q_EMIT MenuWanted(event->globalPos());
     event->accept();

@@ -7,38 +7,38 @@
 
 namespace document {
 
-/// A list in report style: whole rows, no tree lines, rows of one height. Columns share the list's
-/// width until the user drags one; an only column always follows it. Typing searches in the search
+/// A list in report style: whole rows of equal height, no tree lines. Columns share the list's
+/// width until the user drags one; a single column always follows it. Typing searches in the search
 /// column.
 class ListView : public QTreeView
 {
     Q_OBJECT
 
 public:
-    /// `name` is the control's fixed name, `title` what a screen reader calls it.
+    /// `name` is the control's fixed name, `title` its name for screen readers.
     ListView(const char *name, const QString &title, QWidget *parent = nullptr);
 
-    /// The selected row, counted from 0; -1 for none. Of several, the current one if it is
-    /// selected, else the uppermost.
+    /// Returns the selected row, counted from 0; -1 for none. If several are selected, prefers the
+    /// current row, else the uppermost one.
     int SelectedRow() const;
-    /// All selected rows, from the first to the last.
+    /// Returns all selected rows, from the first to the last.
     std::vector<int> SelectedRows() const;
-    /// Selects this row alone and scrolls to it; -1 selects nothing.
+    /// Selects only this row and scrolls to it; -1 selects nothing.
     void SelectRow(int row);
 
-    /// Gives an only column the list's width again.
+    /// Gives a single column the width of the list again.
     void ResetOnlyColumn();
     void SetSearchColumn(int column) { m_searchColumn = column; }
-    /// Makes the first column just wide enough for this text; the others share the rest. Without
-    /// it all columns share alike.
+    /// Makes the first column just wide enough for this text; the others share the rest. If it is
+    /// never called, all columns have the same width.
     void FitFirstColumn(const QString &widest);
 
-    /// Gives the columns these widths, as if the user had sized them. Does nothing unless there is
-    /// a useful width for each column.
+    /// Sets the columns to these widths, as if the user had dragged them. Does nothing unless there
+    /// is a usable width for each column.
     void SizeColumns(const std::vector<int> &widths);
     std::vector<int> ColumnWidths() const;
 
-    /// A text for the user that stands in the list as long as it is empty.
+    /// Sets a text for the user that is shown while the list is empty.
     void SetHint(const QString &hint);
     const QString &Hint() const { return m_hint; }
 
@@ -48,14 +48,14 @@ public:
 
 Q_SIGNALS:
     void Focused();
-    /// The user has sized a column.
+    /// The user has resized a column.
     void ColumnSized();
     void ReturnPressed(Qt::KeyboardModifiers modifiers);
     void InsertPressed();
     void DeletePressed(Qt::KeyboardModifiers modifiers);
     void LeftPressed();
     void LeftReleased();
-    /// The right button was released, or the menu key pressed, here.
+    /// The right button was released, or the menu key pressed, at this position.
     void MenuWanted(const QPoint &globalPosition);
 
 protected:

@@ -5,9 +5,9 @@
 
 namespace install {
 
-/// A control of a window, and how it is known: by `name` in the code and to whoever drives the
-/// program from outside, by `title` to those who have the screen read aloud. A label has "" for a
-/// title: its text is what they are to hear.
+/// A control of a window and its names: `name` for the code and for programs that control the
+/// window, `title` for screen readers. A label has an empty title, since screen readers read its
+/// text.
 struct NamedControl
 {
     QWidget *control;
