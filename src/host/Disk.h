@@ -78,7 +78,7 @@ Failure WhyAbsent(const std::string &path);
 std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes);
 /// Returns the failure of Read for a larger file.
 Failure TooLarge(std::uint64_t limit);
-/// Deletes a file (of a link the link); one without any permission to write is refused.
+/// Deletes a file, or the link itself; refuses a file without any write permission.
 std::optional<Failure> Remove(const std::string &path);
 /// Creates a folder and those above it; does nothing if it exists.
 std::optional<Failure> MakeFolders(const std::string &folder);

@@ -101,7 +101,7 @@ std::string GameFiles::spelledByListings(const GamePath &path)
             m_listings->Matches(spelled, path.names[i], disk::Kind::Folder);
         if (found.empty() && isLast)
             found = m_listings->Matches(spelled, path.names[i], disk::Kind::File);
-        // Short names and the names in closed folders are not listed.
+        // Listings contain neither short names nor the names in closed folders.
         spelled = found.empty() ? disk::Join(spelled, path.names[i]) : found.front();
     }
     return spelled;

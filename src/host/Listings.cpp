@@ -96,7 +96,7 @@ std::vector<std::string> GameFiles::Listings::MatchesIn(const Folder *listing,
                                                         const std::string &name, disk::Kind kind)
 {
     std::vector<std::string> paths;
-    if (!listing) { // a folder may be closed to listing and still open to those who know a name
+    if (!listing) { // a folder that cannot be listed may still open a known name
         std::string exact = disk::Join(folder, name);
         if (disk::KindOf(exact) == kind)
             paths.push_back(std::move(exact));

@@ -12,8 +12,8 @@ namespace host {
 class GameFiles;
 }
 
-/// One structured file: its path and the tree of its blocks. The format is described in
-/// docs/formats.md. Reading never fails on content: whatever is mended is noted.
+/// One structured file: its path and the tree of its blocks, in the format of docs/formats.md.
+/// Reading never fails on content: every repair gets a note.
 class StfFile
 {
 public:

@@ -10,7 +10,8 @@ namespace validation {
 
 class Content;
 
-/// The check of a consist's vehicles and their shapes; never throws for bad files.
+/// Checks a consist's vehicles and their shapes and returns the verdict; never throws for bad
+/// files.
 Verdict CheckConsist(Content &content, const std::string &fileName, Findings &findings);
 
 } // namespace validation

@@ -10,7 +10,7 @@
 namespace validation {
 namespace {
 
-/// What is said of the one file that a verdict is about, or null.
+/// Returns the text of a verdict about a single file, or null.
 const char *predicateOf(Verdict verdict)
 {
     switch (verdict) {

@@ -13,8 +13,8 @@ namespace validation {
 struct Finding
 {
     Verdict verdict = Verdict::Valid;
-    std::string file;      ///< the subject: the file that was checked, or that refers to another
-    std::string dependent; ///< the other file or the part concerned, "" when there is none
+    std::string file;      ///< the file that was checked, or that refers to another
+    std::string dependent; ///< the other file or part concerned, "" if there is none
 
     friend bool operator==(const Finding &, const Finding &) = default;
 };
@@ -30,7 +30,7 @@ std::string OneLine(std::string text);
 std::string ResultKey(const Finding &finding);
 /// Returns the finding of a key. The file ends at the key's second "|".
 Finding FindingOf(std::string_view key);
-/// How a run-time error appears in a report: "Error 9 - Subscript out of range".
+/// Returns a run-time error as reports show it: "Error 9 - Subscript out of range".
 std::string ErrorText(host::ErrorNumber number);
 
 } // namespace validation

@@ -20,10 +20,10 @@ struct Outcome
 {
     Findings findings;
     Verdict verdict = Verdict::Valid;
-    std::exception_ptr error = nullptr; ///< what left the check; the verdict means nothing then
+    std::exception_ptr error = nullptr; ///< thrown by the check; the verdict is then meaningless
 };
 
-/// The check of one file; `Content` may be used by several at once.
+/// Checks one file; several calls may use `content` at once.
 using FileCheck = Verdict (*)(Content &content, const std::string &fileName, Findings &findings);
 
 } // namespace validation

@@ -10,7 +10,7 @@ namespace validation {
 
 class Content;
 
-/// The check of a shape and its textures. RuntimeError as TSValidation::CheckShape.
+/// Checks a shape and its textures; throws RuntimeError like TSValidation::CheckShape.
 Verdict CheckShape(Content &content, const std::string &fileName, Findings &findings);
 
 } // namespace validation

@@ -10,8 +10,8 @@ namespace validation {
 
 class Content;
 
-/// The checks of one vehicle and of what it names besides its shape. They give the verdict and
-/// never throw for bad files; TSValidation says what they look at.
+/// Check one vehicle and what it names besides its shape. They return the verdict and never throw
+/// for bad files; TSValidation describes what they check.
 Verdict CheckStock(Content &content, const std::string &fileName, Findings &findings);
 Verdict CheckSound(Content &content, const std::string &fileName, Findings &findings);
 Verdict CheckCabView(Content &content, const std::string &fileName, Findings &findings);

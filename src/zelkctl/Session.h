@@ -36,7 +36,7 @@ inline constexpr int kCouldNotRun = 2;
 /// line, else the one set in ZELK, else the registered one. Throws Failure if there is none.
 install::Installation OpenInstallation(Session &session);
 
-/// Reports that a folder's names cannot be read; the command goes on and ends with kCouldNotRun.
+/// Reports that a folder cannot be listed; the command continues and ends with kCouldNotRun.
 void TellClosed(Session &session, const std::string &folder);
 
 /// Returns what went wrong with `file`, without its name: "error 91: there is no Train block".

@@ -23,7 +23,7 @@ public:
     /// Attaches the model to the renderer that draws it; null detaches. The renderer must outlive
     /// the attachment.
     void SetRenderer(korvat::Renderer *renderer) { m_renderer = renderer; }
-    /// Where textures are looked for that are not beside the shape, as seen from its folder.
+    /// Sets where to search textures that are not beside the shape, relative to its folder.
     void SetTexturePath(std::string path) { m_texturePath = std::move(path); }
 
     /// Reads a shape and all its textures. Throws nothing, even if memory runs out: ErrorText holds

@@ -19,7 +19,7 @@ Pixel From565(std::uint16_t packed);
 std::vector<std::uint8_t> DecodeBlocks(PixelFormat format, Bytes blocks, std::uint32_t width,
                                        std::uint32_t height, bool hasAlpha);
 
-/// True when a pixel of a DXT1 level is transparent.
+/// True if any pixel of a DXT1 level is transparent.
 bool HasHoles(Bytes blocks);
 
 } // namespace korvat
