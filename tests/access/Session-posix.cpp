@@ -18,7 +18,7 @@ constexpr int kStartMilliseconds = 20000, kEndMilliseconds = 5000;
 constexpr char kPackages[] = "needs the message bus and the accessibility service of a Linux "
                              "desktop (packages dbus-daemon and at-spi2-core)";
 
-/// In a process that is to be: it goes when its parent does.
+/// Runs in the child process before exec: ends the child when its parent ends.
 void dieWithParent()
 {
 #ifdef __linux__
@@ -57,7 +57,7 @@ Session::~Session()
 {
     end(m_program);
     QDBusConnection::disconnectFromBus(QStringLiteral("readers"));
-    end(m_bus); // and with it all that it has started
+    end(m_bus); // and all processes that it has started
 }
 
 void Session::start(QProcess &process, const QString &program, const QStringList &arguments)
@@ -76,8 +76,8 @@ void Session::startBus()
         m_whyNot = kPackages;
         return;
     }
-    // Without a display the bus of screen readers leaves no trace on it for other programs. What is
-    // preloaded is for programs of ours.
+    // Without a display the screen readers' bus is not announced to other programs. Preloaded
+    // libraries are only for our own programs.
     const QProcessEnvironment whole = m_environment;
     m_environment.remove(QStringLiteral("DISPLAY"));
     m_environment.remove(QStringLiteral("LD_PRELOAD"));

@@ -17,7 +17,7 @@ using app::CheckTarget;
 
 namespace {
 
-/// A main window in words: what it is told to show, line by line.
+/// A main window that records what it should show, line by line.
 class FakeHost : public app::CheckHost
 {
 public:

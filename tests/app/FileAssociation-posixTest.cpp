@@ -17,7 +17,7 @@ constexpr char kEntry[] = ".local/share/applications/zelk-consist.desktop";
 constexpr char kType[] = ".local/share/mime/packages/zelk-consist.xml";
 constexpr char kDefaults[] = ".config/mimeapps.list";
 
-/// A desktop whose tools write down how they are called.
+/// A desktop whose tools record how they are called.
 class FileAssociationTest : public testing::Test
 {
 protected:
@@ -151,7 +151,7 @@ TEST_F(FileAssociationTest, FailuresNameTheFileOrTheTool)
     EXPECT_EQ(failure(), "update-mime-database does not take in " + folder.At(".local/share/mime"));
     EXPECT_FALSE(folder.Exists(kDefaults));
     fs::remove_all(folder.At("tools"));
-    EXPECT_EQ(failure(), ""); // a desktop without them
+    EXPECT_EQ(failure(), ""); // a desktop without these tools
     app::DissociateConsistFiles();
     folder.MakeFolder(kDefaults);
     EXPECT_EQ(failure().find(folder.At(kDefaults) + ": "), 0u);

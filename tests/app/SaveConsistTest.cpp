@@ -61,7 +61,7 @@ protected:
     host::GameFiles files;
     ScriptedDialogs dialogs;
     std::string fileName, caption = "before";
-    std::string changedFile; ///< by somebody else, since the window has read it
+    std::string changedFile; ///< by another program, after the window read it
     bool broken = false, full = false, marked = false;
 };
 
@@ -204,7 +204,7 @@ TEST_F(SaveConsistTest, AFileChangedBySomebodyElseIsAskedForFirst)
 
     dialogs.Answer(DialogAnswer::Yes); // the change
     dialogs.Answer(DialogAnswer::No);  // but not the file
-    dialogs.AnswerFile(at("b.con"));   // another one was not changed
+    dialogs.AnswerFile(at("b.con"));   // another file was not changed
     EXPECT_TRUE(save());
     EXPECT_EQ(changedQuestion("a.con") + question("a.con") + "\nsave|Save Consist As|*.con\n",
               dialogs.TakeLog());

@@ -17,7 +17,7 @@
 
 namespace {
 
-/// A desktop that starts nothing and writes down what it was asked.
+/// A desktop that starts nothing and records the requests.
 class RecordingDesktop : public app::Desktop
 {
 public:

@@ -22,7 +22,7 @@ constexpr char kTrash[] = ".local/share/Trash/";
 class WastebasketTest : public testing::Test
 {
 protected:
-    /// The line of a record that says where a file came from.
+    /// Returns the line of a wastebasket record that names the origin of the file.
     static std::string originIn(const std::string &record)
     {
         const std::size_t at = record.find("\nPath=") + 6;

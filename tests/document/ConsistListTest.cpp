@@ -36,7 +36,7 @@ TEST(ConsistListTest, NamesInListingOrderBehindTheFilter)
     EXPECT_EQ("", list(""));
 }
 
-/// Who sees nothing is told which of the reasons it is, and the command that helps.
+/// An empty list shows the reason and the command that helps.
 TEST(ConsistListTest, AnEmptyListSaysWhy)
 {
     TempFolder folder;
@@ -51,7 +51,7 @@ TEST(ConsistListTest, AnEmptyListSaysWhy)
         for (const std::string &word : words)
             EXPECT_NE(hint.find(word), std::string::npos) << hint;
     };
-    if (install::Installation::RegisteredFolder().empty()) // it may be there on Windows
+    if (install::Installation::RegisteredFolder().empty()) // it may exist on Windows
         expectWords("*", {"Where is Train Simulator?", "File > Set MSTS Location"});
     installation.SetLocation(folder.At("bare"));
     expectWords("x", {"There is no folder", "bare", "File > Set MSTS Location"});

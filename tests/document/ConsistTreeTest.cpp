@@ -16,7 +16,7 @@ namespace {
 
 const char *const kHead = "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\n";
 
-/// An entry on one line: "Engine", uid, shape, folder.
+/// A unit on one line: "Engine", uid, shape, folder.
 std::string unit(const char *type, int uid, const char *names, const char *before = "")
 {
     return std::string(" ") + type + " ( " + before + "UiD ( " + std::to_string(uid) + " ) " +
@@ -31,7 +31,7 @@ protected:
     {
     }
 
-    /// A consist with this inside TrainCfg, loaded.
+    /// Loads a consist with this text inside TrainCfg.
     void load(const std::string &inside)
     {
         folder.Write("a.con",
@@ -51,7 +51,7 @@ protected:
     }
     std::string path() const { return folder.Path() + "/a.con"; }
 
-    /// Shapes of the rows, flipped ones with a star, and the counter.
+    /// The shapes of the rows, with a star for flipped units, and the counter.
     std::string train() const
     {
         std::string text;
@@ -178,7 +178,7 @@ TEST_F(ConsistTreeTest, AddNumbersUnitsByTheCounter)
     EXPECT_EQ("box e 2", train());
     EXPECT_EQ("0 1 ", uids());
     EXPECT_EQ(3, tree.Rows().front().position) << "behind everything that was there";
-    // The counter counts units: after a removal a number is given again.
+    // The counter counts units, so after a removal a number is used again.
     tree.Edit(Move::Remove, 1);
     tree.Edit(Move::Add, 1, &box);
     EXPECT_EQ("1 1 ", uids());
@@ -247,7 +247,7 @@ TEST_F(ConsistTreeTest, RemovedUnitsAreSubtractedFromAnyNumber)
         {"12.5", "11.5", "10.5"},
         {"2.30", "1.30", "0.30"},
         {"1e3", "999", "998"},
-        {"1e30", "1e30", "1e30"}, // one less is the same number
+        {"1e30", "1e30", "1e30"}, // subtracting one does not change this number
         {"x1", "", ""},
         {"0x10", "", ""},
         {"", "", ""},
@@ -271,7 +271,7 @@ TEST_F(ConsistTreeTest, RemovedUnitsAreSubtractedFromAnyNumber)
     }
 }
 
-/// Two units, one that cannot be listed, and one behind it.
+/// Two units, one that cannot be listed, and one after it.
 TEST_F(ConsistTreeTest, AUnitThatCannotBeListedEndsTheRowsAndStaysInTheFile)
 {
     const std::string hidden = " Wagon ( UiD ( 7 ) )\r\n" + unit("Wagon", 8, "behind f");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The check commands through the main window.
+// Tests the check commands through the main window.
 #include "GuiTest.h"
 #include "ui/dialogs/QtDialogs.h"
 #include "ui/dialogs/frmResults.h"
@@ -37,15 +37,14 @@ protected:
                 open.push_back(form);
         return open;
     }
-    /// The text of the only results window, as it is shown; what failed when there is another
-    /// count.
+    /// Returns the text of the only results window. Fails the test if there is not exactly one.
     std::string report() const
     {
         const std::vector<frmResults *> open = results();
         EXPECT_EQ(open.size(), 1u);
         return open.empty() ? "" : open.front()->txtResults->toPlainText().toStdString();
     }
-    /// Something that takes the check of all stock a good while.
+    /// Writes so many wagons that a check of all stock takes some time.
     void writeManyWagons()
     {
         for (int folder = 0; folder < kFolders; ++folder)
@@ -54,7 +53,7 @@ protected:
                                std::to_string(file) + ".wag",
                            "Wagon ( w WagonShape ( none.s ) )\n#" + std::string(kLength, 'x'));
     }
-    /// Runs `act` once, as an event in the middle of the next check.
+    /// Runs `act` once, from an event in the middle of the next check.
     void inTheMiddle(const std::function<void()> &act)
     {
         auto *timer = new QTimer(window.get());

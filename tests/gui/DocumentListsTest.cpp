@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The lists of document windows: keys, mouse, focus, columns, and the room that an editor needs.
+// Tests the lists of document windows: keys, mouse, focus, columns, and the width that an editor
+// needs.
 #include "GuiTest.h"
 
 #include "ui/dialogs/frmResults.h"

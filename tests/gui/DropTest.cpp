@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files and folders dropped on the main window.
+// Tests files and folders dropped on the main window.
 #include "GuiTest.h"
 
 #include <QAbstractItemView>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Names of an old encoding, as archives of old content leave them on the disk, through every door.
+// Tests file names in an old encoding, as archives of old content leave them on disk, in every way
+// to open a file.
 #include "GuiTest.h"
 
 #include "ui/dialogs/FileChooser.h"
@@ -21,7 +22,7 @@ protected:
         : file(game.Write("Trains/Consists/Gr\xfcn.con", game.Read("Trains/Consists/Coal.con")))
     {
     }
-    /// The caption of the active window and the number of its rows, after it was saved.
+    /// Saves the active window and returns its caption and its number of rows.
     std::string opened()
     {
         frmDocument *editor = Active();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The guide tells of the menus and keys that there are, and its links lead somewhere.
+// The guide lists exactly the existing commands and keys, and its links work.
 #include "GuiTest.h"
 
 #include "app/ShellCommands.h"
@@ -25,7 +25,7 @@ QString guide()
     return QString::fromUtf8(file.readAll());
 }
 
-/// What the first group of the pattern finds, place by place.
+/// Returns the text of the first group for each match of the pattern.
 Texts allOf(const QString &text, const char *pattern)
 {
     Texts found;
@@ -46,7 +46,7 @@ QString section(const QString &text, const char *id)
                     : text.mid(from, text.indexOf(QLatin1String("</section>"), from) - from);
 }
 
-/// "File > New > Consist" and its keys, for every command.
+/// Adds the path, such as "File > New > Consist", and the keys of every command.
 void addCommands(const QList<QAction *> &actions, const QString &menu, Texts &commands, Texts &keys)
 {
     for (const QAction *action : actions) {
@@ -73,7 +73,7 @@ class GuideTest : public GuiTest
 TEST_F(GuideTest, NamesEveryCommandAndItsKeys)
 {
     Start();
-    window->NewDocumentWindow(2, {}); // some keys belong to 3D views
+    window->NewDocumentWindow(2, {}); // some keys work only in 3D views
     Texts commands, keys, told;
     addCommands(window->menuBar()->actions(), QString(), commands, keys);
     const QString text = guide();

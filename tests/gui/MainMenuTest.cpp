@@ -8,8 +8,8 @@
 
 namespace {
 
-/// A menu and what is in it, a line each: name [caption]; "-" before what cannot be used at the
-/// start, ">" before what has a menu of its own.
+/// Returns a menu and its items, one per line: name [caption], with "-" before items that are
+/// disabled at the start and ">" before submenus.
 std::string treeOf(const QList<QAction *> &actions, const std::string &indent)
 {
     std::string tree;
@@ -158,7 +158,7 @@ TEST_F(MainMenuTest, TheWindowMenuListsTheOpenWindows)
     Trigger("mnuWindowNewWindow");
     Active()->SetCaption("Salt & Pepper");
     auto &menu = Find<QMenu>(*window->menuBar(), "mnuWindow");
-    for (int opened = 0; opened < 2; ++opened) // opening it twice must not list twice
+    for (int opened = 0; opened < 2; ++opened) // opening the menu twice must not list windows twice
         Q_EMIT menu.aboutToShow();
     const QList<QAction *> items = menu.actions();
     ASSERT_EQ(items.size(), 11);

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The output of a program that ends by itself.
+/// Returns the output of a program that ends by itself.
 std::string outputOf(const QString &program, const QStringList &arguments, int *exitCode = nullptr)
 {
     QProcess process;

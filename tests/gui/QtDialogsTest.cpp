@@ -18,7 +18,7 @@ TEST(QtDialogsTest, MessageBoxesShowPlainTextAndGiveTheAnswer)
     const struct
     {
         DialogButtons buttons;
-        QMessageBox::StandardButton pressed; ///< NoButton: closed by Esc, Apply: by Return
+        QMessageBox::StandardButton pressed; ///< NoButton: press Esc; Apply: press Return
         DialogAnswer answer;
     } rows[] = {
         {DialogButtons::Ok, QMessageBox::Ok, DialogAnswer::Ok},

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Saving while others write the same files, and how an editor shows what is not saved.
+// Tests saving while other programs write the same files, and the signs of unsaved changes in an
+// editor.
 #include "GuiTest.h"
 #include "host/Folders.h"
 #include "ui/widgets/ListView.h"
@@ -166,7 +167,7 @@ TEST_F(SavingTest, NoKeepsTheProgramAndTheOtherWindowsOfSaveAll)
     frmDocument &second = OpenEditor("Freight North");
     removeFirst(second);
 
-    dialogs.Answer(DialogAnswer::No);  // keep what others wrote
+    dialogs.Answer(DialogAnswer::No);  // keep the other program's file
     dialogs.Answer(DialogAnswer::Yes); // overwrite the second
     Trigger("mnuFileSaveAll");
     EXPECT_EQ(dialogs.TakeLog(), changedQuestion("Coal") + overwriteQuestion("Freight North") +

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the main window does with the world around it.
+// Tests the main window's use of the clipboard, other programs, printers and system information.
 #include "GuiTest.h"
 
 #include "ui/dialogs/frmResults.h"
@@ -30,7 +30,7 @@ protected:
         list.setCurrentIndex(list.model()->index(row, 0));
     }
     static QString clipboard() { return QGuiApplication::clipboard()->text(); }
-    /// How many pages a PDF file says that it has, 0 when it is none.
+    /// Returns the number of pages that a PDF file declares, or 0 if it is not a PDF file.
     int pagesOf(const std::string &name) const
     {
         if (!game.Exists(name))
@@ -206,7 +206,7 @@ TEST_F(ShellTest, AboutTellsVersionsAndWhatAReportNeeds)
     Trigger("mnuHelpAbout");
     EXPECT_EQ(versions, "1.0-50/First public version 1.0-74/Various bug fixes "
                         "1.0-75/Second public version");
-    if (desktop.log.empty()) { // not started: the system has no tool of its own
+    if (desktop.log.empty()) { // nothing is started: this system has no such tool
         for (const char *fact : {"ZELK v1.0-75", "Qt: ", "OpenGL: ", "MSTS folder: "})
             EXPECT_TRUE(facts.contains(QLatin1String(fact))) << fact;
         EXPECT_TRUE(facts.contains(QString::fromStdString(game.Path())));

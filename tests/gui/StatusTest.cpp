@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The first panel of the status bar: after every command it holds the outcome, or nothing.
+// Tests the first panel of the status bar: after every command it shows the outcome or nothing.
 #include "GuiTest.h"
 
 #include "ui/widgets/ListView.h"

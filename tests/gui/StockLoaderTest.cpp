@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kFolders = 1500, kInFolder = 2;
 
-/// An installation large enough that a scan takes many slices.
+/// An installation so large that a scan takes many slices.
 class StockLoaderTest : public GuiTest
 {
 protected:
@@ -22,7 +22,7 @@ protected:
             for (int file = 0; file < kInFolder; ++file)
                 game.Write("Trains/Trainset/Big " + std::to_string(folder) + "/w" +
                            std::to_string(file) + ".wag");
-        dialogs.Answer(host::DialogAnswer::No); // the new consist is not to be saved
+        dialogs.Answer(host::DialogAnswer::No); // do not save the new consist
     }
     int rows() const { return Find<ListView>(*Active(), "lvStock").model()->rowCount(); }
     bool loaded() const { return Status().find("list loaded: ") != std::string::npos; }

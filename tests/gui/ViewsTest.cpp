@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The 3D windows, from the menus and the mouse to the files that they leave.
+// Tests the 3D windows, from menus and mouse to the saved files.
 #include "GuiTest.h"
 #include "korvat/TestShape.h"
 
@@ -62,7 +62,7 @@ protected:
     {
         return Wait([this] { return Active()->findChild<ViewerPane *>() && !pane().Loading(); });
     }
-    /// The consist "Coal": a wagon of 10 and one of 20 metres.
+    /// Writes the consist "Coal": a wagon of 10 metres and one of 20.
     ViewerPane &viewCoal()
     {
         Start();
@@ -91,7 +91,7 @@ protected:
             << name << ": " << got.CamX << ' ' << got.CamY << ' ' << got.CamZ << " to "
             << got.LookAtX << ' ' << got.LookAtY << ' ' << got.LookAtZ;
     }
-    /// Whether the canvas shows the wagon in the middle of the picture.
+    /// Returns whether the canvas shows the wagon in the middle of the picture.
     bool showsWagon() { return showsWagon(canvas()); }
     static bool showsWagon(sfCanvas &where)
     {
@@ -127,7 +127,7 @@ TEST_F(ViewsTest, TheListShowsAConsistInASideView)
     EXPECT_EQ(pane().hscView->value(), 15);
     EXPECT_EQ(pane().vscView->value(), 2);
     EXPECT_EQ(dialogs.Log(), "");
-    pane().hscView->setValue(10); // the middle of the 20 metres at the end
+    pane().hscView->setValue(10); // the middle of the 20-metre wagon
     EXPECT_TRUE(Wait([this] { return showsWagon(); }));
     EXPECT_FALSE(Find<QAction>(*window, "mnuViewFilter").isEnabled());
     EXPECT_TRUE(Find<QAction>(*window, "mnuViewReset").isEnabled());
@@ -174,7 +174,7 @@ TEST_F(ViewsTest, ADragOverTheTargetGoesOnAsItBegan)
     const QPoint from(100, 200);
     QPoint at = from;
     QTest::mousePress(&canvas(), Qt::LeftButton, {}, at);
-    for (int i = 0; i < 157; ++i) { // a hand is not steady
+    for (int i = 0; i < 157; ++i) { // hands are unsteady
         at += QPoint(i % 2 ? 1 : -1, -1);
         QMouseEvent move(QEvent::MouseMove, QPointF(at), canvas().mapToGlobal(QPointF(at)),
                          Qt::NoButton, Qt::LeftButton, {});
@@ -382,13 +382,13 @@ TEST_F(ViewsTest, LooseConsistsOpenOneAfterTheOther)
         dialogs.AnswerInput(answer);
         window->OpenFile(file);
         EXPECT_TRUE(Wait([&] { return window->Documents().size() >= windows; }));
-        QTest::qWait(600); // no further one follows
+        QTest::qWait(600); // there are no more
         std::string captions;
         for (frmDocument *document : window->Documents())
             captions += document->Caption() + "\n";
         return captions;
     };
-    Start("none.w"); // no list window to begin with
+    Start("none.w"); // without a list window
     dialogs.TakeLog();
     const auto caption = [&](int number) {
         return "Loose Consist " + std::to_string(number) + " from " + file + "\n";
@@ -437,7 +437,7 @@ TEST_F(ViewsTest, AnEditorShowsItsConsistSavedOrNot)
     Find<QAbstractButton>(editor, "cmdMove5").click();
     EXPECT_EQ(editor.Caption(), "Consist - Coal") << "the copy's name stays in the copy";
     std::filesystem::remove(scratch);
-    dialogs.Answer(DialogAnswer::Yes); // and this is the question about overwriting
+    dialogs.Answer(DialogAnswer::Yes); // the question about overwriting
     dialogs.Answer(DialogAnswer::Yes);
     editor.ActionClick(3);
     EXPECT_FALSE(editor.Changed());
@@ -584,7 +584,7 @@ TEST_F(ViewsTest, TheWindowAnswersInTheMiddleOfALayout)
     expectNear(camera(), {10, 2, 0, 0, 2, 0}, "reset");
     EXPECT_TRUE(pane().Loading());
     WriteConsist("Long", {"hopper"});
-    Trigger("mnuViewRefresh"); // begins anew, with another train
+    Trigger("mnuViewRefresh"); // starts again, with another train
     drag(Qt::LeftButton, {157, 0});
     const viewer::CameraPose turned = camera();
     ASSERT_TRUE(loaded());
@@ -613,7 +613,7 @@ TEST_F(ViewsTest, EscStopsALongLoading)
 
 TEST_F(ViewsTest, ClosingLetsGoOfEverything)
 {
-    host::AppendTraceLine("test"); // on Windows the log is that of the machine
+    host::AppendTraceLine("test"); // on Windows all programs share the log
     const auto traceBegin = std::filesystem::file_size(host::TraceLogFile());
     viewCoal();
     frmDocument &coal = *Active();
@@ -622,8 +622,8 @@ TEST_F(ViewsTest, ClosingLetsGoOfEverything)
     WriteConsist("Long", std::vector<std::string>(2000, "box"));
     window->OpenDocumentWindow(ConsistFile("Long"), 2, "Long", {});
     ASSERT_TRUE(Wait([this] { return scene().Models.Count() > 3; }));
-    Active()->close(); // in the middle
-    coal.LoadForm();   // a second scene in the place of the first
+    Active()->close(); // in the middle of loading
+    coal.LoadForm();   // a second scene replaces the first
     auto &shown = *coal.findChild<ViewerPane *>();
     ASSERT_TRUE(Wait([&shown] { return !shown.Loading(); }));
     EXPECT_EQ(shown.View()->Models.Count(), 2);
@@ -631,7 +631,7 @@ TEST_F(ViewsTest, ClosingLetsGoOfEverything)
     EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
     std::ifstream log(host::TraceLogFile());
     log.seekg(static_cast<std::streamoff>(traceBegin));
-    std::set<std::string> alive; // kinds and addresses
+    std::set<std::string> alive; // types and addresses of the objects
     std::size_t created = 0;
     for (std::string line; std::getline(log, line);) {
         const std::string who = line.size() > 11 ? line.substr(11) : "";

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Which document window is in front, how they are arranged, and what the next run knows of them.
+// Tests which document window is in front, the arrangement of windows, and what the next run
+// remembers.
 #include "GuiTest.h"
 
 #include "ui/widgets/ListView.h"
@@ -25,8 +26,8 @@ protected:
     }
     QMdiArea &area() const { return Find<QMdiArea>(*window, "mdiArea"); }
     void activate(frmDocument &document) { area().setActiveSubWindow(&document); }
-    /// The files of the windows that were active while a question was shown, a line each; "hidden"
-    /// for a window that could not be seen.
+    /// Records the file of the active window at each question, one per line, or "hidden" if that
+    /// window is not visible.
     void noteQuestions()
     {
         dialogs.onShown = [this] {
@@ -36,7 +37,7 @@ protected:
         };
     }
     QRect areaRect() const { return QRect(QPoint(), area().maximumViewportSize()); }
-    /// How many pixels of a window no window in front of it covers.
+    /// Returns the number of pixels of a window that no window in front of it covers.
     int seenOf(const frmDocument &document) const
     {
         QRegion seen = document.geometry();

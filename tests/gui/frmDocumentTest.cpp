@@ -24,8 +24,8 @@ protected:
     ListView &train() { return Find<ListView>(*Active(), "lvConsist"); }
     ListView &stock() { return Find<ListView>(*Active(), "lvStock"); }
     QAbstractButton &button(const char *name) { return Find<QAbstractButton>(*Active(), name); }
-    /// The shapes of the train as the list shows them, "*" after flipped ones, and "<" behind the
-    /// selected one.
+    /// Returns the shapes of the train as the list shows them, with "*" after flipped ones and "<"
+    /// after the selected one.
     std::string shown()
     {
         std::string text;
@@ -432,7 +432,7 @@ TEST_F(frmDocumentTest, AnInstallationThatVanishesLeavesEmptyLists)
 
 TEST_F(frmDocumentTest, DraggingStockIsLogged)
 {
-    host::AppendTraceLine("test"); // on Windows the log is that of the machine
+    host::AppendTraceLine("test"); // on Windows all programs share the log
     const std::size_t before = host::GameFiles().ReadFile(host::TraceLogFile()).size();
     Start();
     OpenEditor("Coal");

@@ -72,7 +72,7 @@ TEST_F(frmResultsTest, SavingTwiceLeavesTwoFramedReports)
 {
     const std::string file = host::path::Join(folder.Path(), "box.log");
     for (int time = 0; time < 2; ++time) {
-        dialogs.AnswerInput(time == 0 ? file : "box.log"); // a bare name means the same folder
+        dialogs.AnswerInput(time == 0 ? file : "box.log"); // a bare name is in the same folder
         time == 0 ? form->cmdSave->click() : press(Qt::Key_S, Qt::ControlModifier);
         EXPECT_EQ(dialogs.TakeLog(), "input|Save Results|Enter file name:|" + file + "\n");
     }

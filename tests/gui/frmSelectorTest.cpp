@@ -12,7 +12,7 @@
 
 namespace {
 
-/// The entries, "+" before marked ones, joined by "|".
+/// Returns the entries, with "+" before marked ones, joined by "|".
 std::string marks(const QListWidget &list)
 {
     std::string text;

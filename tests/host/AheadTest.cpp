@@ -63,7 +63,8 @@ TEST(AheadTest, RunsNoFurtherAheadThanTheWindow)
     while (ahead.Take())
         ++taken;
     EXPECT_EQ(taken, 300u);
-    // One more than the window: Take makes room before the test counts what it took.
+    // The difference may be one more than the window: Take makes room before the test counts the
+    // result.
     EXPECT_LE(furthest, kWindow);
 }
 
@@ -102,7 +103,7 @@ TEST(AheadTest, StopLetsTheRunningJobEndAndStartsNoMore)
     started.get_future().wait();
     EXPECT_TRUE(ahead.Take());
     std::jthread stopper([&] { ahead.Stop(); });
-    while (ahead.Take()) // the tenth is never ready: this ends when the stop is known
+    while (ahead.Take()) // the tenth is never ready: Take returns once it sees the stop
         continue;
     mayEnd.set_value();
     stopper.join();

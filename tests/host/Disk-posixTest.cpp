@@ -23,7 +23,7 @@ using Names = std::vector<std::string>;
 
 namespace {
 
-/// No file may grow beyond so many bytes: a write fails in the middle.
+/// Limits the size of files, so that a write fails in the middle.
 class FileSizeLimit
 {
 public:
@@ -116,7 +116,7 @@ TEST_F(DiskTest, BytesOfTheDiskBecomeTheTextThatFindsThem)
     EXPECT_EQ(files.TextOf("K\xF6ln\\Z\xC3\xBC"), "Köln\\Zü");
     EXPECT_EQ(files.TextOf(""), "");
 
-    // Two files that look alike stay two.
+    // Two files whose names look alike stay separate.
     folder.Write("K\xF6ln/Züge/Güter.con", "utf-8");
     const std::string bytes = textOf("K\xF6ln/Züge/G\xFCter.con");
     EXPECT_EQ(bytes, "K\xF6ln/Züge/G\xFCter.con");
@@ -140,7 +140,7 @@ TEST_F(DiskTest, LinksAreWhatTheyLeadTo)
     EXPECT_FALSE(files.FileExists(folder.At("link/LOOP")));
     EXPECT_EQ(errorNumber([&] { files.WriteFile(folder.At("Real/loop"), "x"); }), 75);
 
-    // The target comes into being without any change to the folder of the link.
+    // Creating the target does not change the folder of the link.
     fs::create_symlink("../Other/x.con", folder.At("Real/d.con"));
     EXPECT_FALSE(files.FileExists(folder.At("real/D.con")));
     folder.Write("Other/x.con");
@@ -167,7 +167,7 @@ TEST_F(DiskTest, WritingFollowsLinks)
 TEST_F(DiskTest, WritingKeepsOwnerAndPermissions)
 {
     const std::string old = folder.Write("old.con", "old");
-    const bool given = chown(old.c_str(), 65534, 65534) == 0; // the administrator's, else one's own
+    const bool given = chown(old.c_str(), 65534, 65534) == 0; // only root may
     files.WriteFile(old, "new");
     struct stat status = {};
     ASSERT_EQ(stat(old.c_str(), &status), 0);
@@ -230,7 +230,7 @@ TEST_F(DiskTest, WhatRefusesIsAbsentToLookUpsAndSaysSoToReaders)
     EXPECT_EQ(errorNumber([&] { files.ReadFile(secret); }), 70);
     EXPECT_EQ(errorNumber([&] { files.WriteFile(folder.At("open/new.con"), "y"); }), 70);
     EXPECT_EQ(errorNumber([&] { files.RemoveFile(secret); }), 70);
-    // Closed to listing, open to those who know the name.
+    // This folder cannot be listed, but its files can be read by name.
     EXPECT_EQ(files.ReadFile(folder.At("BLIND/a.con")), "seen");
 }
 
@@ -261,7 +261,7 @@ TEST_F(DiskTest, OddFilesDoNotHangReaders)
     EXPECT_EQ(errorNumber([&] { files.ReadFile(folder.At("pipe.con")); }), 53);
     std::string bytes;
     ASSERT_TRUE(host::disk::Read(folder.At("pipe.con"), 100, bytes));
-    // Files of the kernel give their size as 0; one of them cannot be read at its beginning.
+    // Kernel files report a size of 0; one of them cannot be read at its beginning.
     EXPECT_NE(files.ReadFile("/proc/self/status").find("Name:"), std::string::npos);
     EXPECT_EQ(errorNumber([&] { files.ReadFile("/proc/self/status", 10); }), 5);
     EXPECT_EQ(errorNumber([&] { files.ReadFile("/proc/self/mem"); }), 75);

@@ -13,7 +13,7 @@ using Names = std::vector<std::string>;
 
 namespace {
 
-/// "number reason" of a call that fails, without the path; "" when it does not.
+/// Returns the "number reason" of a failing call without the path, or "" if the call succeeds.
 template <typename Call> std::string errorOf(Call call)
 {
     try {
@@ -70,7 +70,7 @@ TEST(DiskPathsTest, SystemPaths)
         {"\\\\server\\share\\x", L"\\\\?\\UNC\\server\\share\\x"},
         {"\\\\?\\C:\\x", L"\\\\?\\C:\\x"},
         {"C:\\" + disk::Narrow(longName) + "\\x", L"\\\\?\\C:\\" + longName + L"\\x"},
-        {"C:\\\xE4", L"\\\\?\\C:\\ä"}, // no UTF-8
+        {"C:\\\xE4", L"\\\\?\\C:\\ä"}, // not UTF-8
         {"C:\\a:stream", L""},
         {"C:x", L""},
         {"C:\\a*", L""},
@@ -102,7 +102,7 @@ TEST_F(DiskTest, LongPaths)
     EXPECT_EQ(files.ReadFile(deep + "/x.con"), "2");
     files.RemoveFile(deep + "/x.con");
     EXPECT_EQ(files.ListFiles(deep, "*"), Names{});
-    while (deep.size() > folder.Path().size()) { // too long for the folder's own clearing up
+    while (deep.size() > folder.Path().size()) { // too long for TempFolder
         EXPECT_TRUE(RemoveDirectoryW(disk::SystemPath(deep).c_str())) << deep;
         deep.resize(deep.rfind('/'));
     }

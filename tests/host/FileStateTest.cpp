@@ -77,7 +77,7 @@ TEST_F(FileStateTest, AFileIsTheSameUnderEverySpellingAndThroughLinks)
     std::error_code failed;
     fs::create_directory_symlink(host::path::ToDisk(folder.At("Trains")),
                                  host::path::ToDisk(folder.At("Link")), failed);
-    // Windows may refuse to make a link.
+    // Windows may refuse to create a link.
     EXPECT_EQ(!failed, state.HasChanged(files, folder.At("Link/a.con")));
 }
 

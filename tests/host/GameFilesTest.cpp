@@ -21,7 +21,7 @@ namespace {
 class GameFilesTest : public testing::Test
 {
 protected:
-    /// The name inside the folder at which a game path finds a file, "" for none.
+    /// Returns the name of the file, relative to the folder, that a game path finds; "" for none.
     std::string found(std::string_view name) { return inside(files.FindFile(folder.At(name))); }
     std::string foundFolder(std::string_view name)
     {
@@ -32,7 +32,7 @@ protected:
     {
         return files.ListFiles(folder.At(name), pattern);
     }
-    /// The error of a call: "number detail" with the folder's own path taken out.
+    /// Returns the error of a call as "number detail", without the path of the test folder.
     template <typename Call> std::string errorOf(Call call)
     {
         try {
@@ -58,7 +58,7 @@ private:
         const std::string name = std::string(text.begin(), text.end());
         return asOnDisk(name.substr(folder.Path().size() + 1));
     }
-    /// Where the disk itself ignores letter case, a path may come back as it was asked for.
+    /// Where the disk ignores letter case, a path may be returned as it was spelled in the call.
     std::string asOnDisk(const std::string &path) const
     {
         if (host::path::kSeparator == '/')
@@ -102,7 +102,7 @@ TEST_F(GameFilesTest, FindsInAnyCaseAndWithEitherSeparator)
         {"Trains/Trainset/Dash9/dash9.ENG", "Trains/Trainset/Dash9/dash9.ENG"},
         {"TRAINS\\trainset/DASH9\\Dash9.eng", "Trains/Trainset/Dash9/dash9.ENG"},
         {"trains//trainset/dash9/\\dash9.eng", "Trains/Trainset/Dash9/dash9.ENG"},
-        {"trains/trainset/grÖSSe/ä.ENG", ""}, // sharp s has no upper case of one character
+        {"trains/trainset/grÖSSe/ä.ENG", ""}, // sharp s has no single upper-case character
         {"trains/trainset/gRÖßE/ä.ENG", "Trains/Trainset/Größe/Ä.eng"},
         {"trains/none/../trainset/./dash9/Sound/../../DASH9/dash9.eng",
          "Trains/Trainset/Dash9/dash9.ENG"},
@@ -151,7 +151,7 @@ TEST_F(GameFilesTest, ListsByUpperCase)
 
 TEST_F(GameFilesTest, SeesWhatHappensBetweenLookUps)
 {
-    // Many changes within one step of the clock that marks folders.
+    // Makes many changes within one tick of the clock for folder time stamps.
     folder.MakeFolder("c");
     for (std::size_t i = 1; i <= 200; ++i) {
         const std::string name = "N" + std::to_string(i) + ".con";
@@ -170,7 +170,8 @@ TEST_F(GameFilesTest, SeesWhatHappensBetweenLookUps)
 TEST_F(GameFilesTest, DoesNotKeepAnOldListingOfAChangedFolder)
 {
     folder.Write("c/a.con");
-    // A listing is kept once the folder was left alone for longer than the clock is coarse.
+    // GameFiles keeps a listing if the folder has not changed for longer than the clock's
+    // granularity.
     while (!host::disk::IsSettled(*host::disk::StampOf(folder.At("c")), host::disk::Now()))
         std::this_thread::yield();
     EXPECT_EQ(listed("C", "*"), Names{"a.con"});

@@ -9,7 +9,7 @@ namespace path = host::path;
 
 namespace {
 
-/// Written with "/"; in the system's own separators.
+/// Converts a path written with "/" to the system's separators.
 std::string own(std::string text)
 {
     std::replace(text.begin(), text.end(), '/', path::kSeparator);

@@ -55,7 +55,7 @@ TEST(TextTest, ComparesWithoutCase)
     EXPECT_TRUE(host::EqualsNoCase("Lok_ä", "lok_Ä"));
     EXPECT_TRUE(host::EqualsNoCase("", ""));
     EXPECT_FALSE(host::EqualsNoCase("Train", "Trains"));
-    EXPECT_FALSE(host::EqualsNoCase("a\xE4", "a\xC4")); // no letters in UTF-8
+    EXPECT_FALSE(host::EqualsNoCase("a\xE4", "a\xC4")); // not letters in UTF-8
     EXPECT_LT(host::CompareNoCase("a", "B"), 0);
     EXPECT_GT(host::CompareNoCase("b", "A"), 0);
     EXPECT_EQ(host::CompareNoCase("aB", "Ab"), 0);
@@ -64,7 +64,7 @@ TEST(TextTest, ComparesWithoutCase)
 
 TEST(TextTest, ListsAsUpperCaseCodeUnits)
 {
-    // "_" lies between upper and lower case letters; U+1F682 begins with the unit D83D.
+    // "_" sorts between upper and lower case letters; U+1F682 begins with the code unit D83D.
     std::vector<std::string> names = {
         "b", "_", "a1", "B", "A", "a", "Z", "\xEF\xBC\xA1", "\xF0\x9F\x9A\x82", "\xEE\x80\x80",
         "é", "à"};

@@ -19,7 +19,7 @@ protected:
     {
         store("[SOFTWARE\\Microsoft\\Microsoft Games\\Train Simulator\\1.0]\nPath=" + path + "\n");
     }
-    /// A setup entry of the registry.
+    /// A program's uninstall entry in the registry.
     static std::string entry(int number, const std::string &name, const std::string &command)
     {
         return "[SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\ST6UNST #" +

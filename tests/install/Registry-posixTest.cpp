@@ -56,7 +56,7 @@ TEST_F(RegistryTest, PlacesAreAskedInOrder)
     }
     folder.Write("store/registry.ini", "[SOFTWARE\\Games\\1.0]\nPath=\n");
     const ScopedVariable store("ZELK_REGISTRY", folder.At("store"));
-    EXPECT_EQ(path(), "/prefix"); // empty is missing; the other stores are not looked at
+    EXPECT_EQ(path(), "/prefix"); // an empty value counts as missing; the other stores are not read
 }
 
 TEST_F(RegistryTest, IsReadFreshAndCutAtNul)

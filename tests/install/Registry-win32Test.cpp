@@ -10,7 +10,7 @@ namespace {
 
 const std::wstring kName = L"ZELK tests " + std::to_wstring(GetCurrentProcessId());
 
-/// A key of the machine's hive, which only administrators may write.
+/// A key in the machine's hive, which only administrators may write.
 class MachineRegistryTest : public testing::Test
 {
 protected:
@@ -66,7 +66,7 @@ TEST_F(MachineRegistryTest, Values)
     EXPECT_EQ(query("Number"), "");
 }
 
-/// The machine's hive stands in the user's for a while, so that nothing real is touched.
+/// Redirects the machine's hive to a key of the user, so that the test changes no real entry.
 class RegisteredProgramsTest : public testing::Test
 {
 protected:

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The tree as "name value value { child ... }".
+/// Prints the tree as "name value value { child ... }".
 std::string outline(const StfNodes &nodes)
 {
     std::string text;

@@ -14,7 +14,8 @@ namespace {
 
 constexpr int kMask = 2, kRed = 3, kGreen = 4, kBlue = 5, kAlpha = 6;
 
-/// The file up to the table of offsets, which nobody reads: it is filled with rubbish.
+/// The file up to and including the table of offsets, which is filled with rubbish because no
+/// reader uses it.
 std::string head(std::uint32_t options, std::uint32_t width, std::uint32_t height,
                  std::uint32_t surface, const std::vector<int> &channels, std::size_t offsets)
 {
@@ -96,7 +97,7 @@ TEST(AceTest, BlocksAndTheirSmallLevels)
     EXPECT_EQ("010305FF 020406FF\n01030500 020406FF", Pixels(masked.texture, 1));
     EXPECT_EQ("010305FF", Pixels(masked.texture, 2));
 
-    // Three colours: the fourth is a hole where there is a mask, else black.
+    // Three colours: the fourth is transparent if there is a mask, else black.
     std::string three = dxt4x4();
     three.replace(three.size() - 26, 4, Bytes8({0x1F, 0x00, 0x00, 0xF8}));
     EXPECT_EQ(rowsOf("0000FFFF FF0000FF 7F007FFF 00000000"), Pixels(ReadAce(three).texture));
@@ -104,7 +105,7 @@ TEST(AceTest, BlocksAndTheirSmallLevels)
                          Bytes8({0x1F, 0x00, 0x00, 0xF8, 0xE4, 0xE4, 0xE4, 0xE4});
     EXPECT_EQ(rowsOf("0000FFFF FF0000FF 7F007FFF 000000FF"), Pixels(ReadAce(opaque).texture));
 
-    // With alpha and no mask the small levels have three channels.
+    // With alpha but no mask the small levels have three channels.
     const std::string alpha = head(0x15, 4, 4, 0x12, {kRed, kGreen, kBlue, kAlpha}, 3) + U32s({8}) +
                               std::string(8, '\0') +
                               Bytes8({1, 2, 3, 4, 5, 6, 1, 2, 3, 4, 5, 6, 1, 3, 5});
@@ -120,7 +121,7 @@ TEST(AceTest, RareKindsOfRawPixels)
         std::string data;
         const char *start;
     };
-    // Alpha 0 1 2 ... in the first two rows; end points 255 and 0, the first indices 0 1 2.
+    // DXT3: alpha 0 1 2 ... in the first two rows. DXT5: end points 255 and 0, then indices 0 1 2.
     const std::string colours = Bytes8({0x00, 0xF8, 0x1F, 0x00, 0, 0, 0, 0});
     const Row rows[] = {
         {"dxt3", 0x14, Bytes8({0x10, 0x32, 0x54, 0x76, 0, 0, 0, 0}) + colours,
@@ -146,7 +147,7 @@ TEST(AceTest, RareKindsOfRawPixels)
     }
 }
 
-/// With a hole of a block's size.
+/// A panel with a transparent hole of one block.
 samples::Picture panel()
 {
     samples::Picture picture = samples::PanelPicture(16, {200, 40, 32, 255}, {248, 248, 248, 255});

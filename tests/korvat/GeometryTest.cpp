@@ -11,8 +11,8 @@ namespace {
 
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 
-/// A triangle on each of two matrices; the second is turned a quarter about Y and hangs on the
-/// first, which is moved.
+/// Two triangles on two matrices. The second matrix is a quarter turn about Y; its parent, the
+/// first, is a translation.
 Shape twoParts()
 {
     Shape shape;
@@ -79,7 +79,8 @@ TEST(GeometryTest, VerticesAndParts)
     EXPECT_EQ(2u, geometry.triangles);
     EXPECT_EQ(0u, geometry.skipped);
 
-    // A second sub-object's indices are its own; a state that goes on makes no new part.
+    // A second sub-object has its own indices. If its state is that of the last part, it extends
+    // that part.
     SubObject second = levelOf(shape).subObjects[0];
     second.triangles = {{1, 0, 3}, {1, 3, 3}};
     levelOf(shape).subObjects.push_back(second);

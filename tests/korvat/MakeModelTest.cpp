@@ -12,8 +12,8 @@ using namespace korvat;
 
 namespace {
 
-/// One triangle that hangs on the second matrix (turned a quarter about Y, 5 up), with everything
-/// that decides what it looks like.
+/// One triangle on the second matrix (a quarter turn about Y, 5 up), with everything that decides
+/// its appearance.
 Shape oneTriangle()
 {
     Shape shape;

@@ -35,7 +35,7 @@ Texture painted(PixelFormat format, std::uint32_t width, std::uint32_t height, i
     return texture;
 }
 
-/// Colours on a line, as four of them are in a block; red and blue run against each other.
+/// Colours on a line, like the four of a block: red rises while blue falls.
 Pixel hills(std::uint32_t x, std::uint32_t y)
 {
     const auto wave = [](double at) {
@@ -46,7 +46,7 @@ Pixel hills(std::uint32_t x, std::uint32_t y)
     return {red, 60, blue, wave((2 * x + y) / 13.0)};
 }
 
-/// The mean of what a pixel of a level covers in the first one.
+/// Returns the mean of the pixels in the first level that a pixel of a smaller level covers.
 Pixel meanOf(const std::vector<std::uint8_t> &pixels, std::uint32_t width, std::uint32_t height,
              std::uint32_t left, std::uint32_t top, std::uint32_t side)
 {
@@ -62,7 +62,7 @@ Pixel meanOf(const std::vector<std::uint8_t> &pixels, std::uint32_t width, std::
     return mean;
 }
 
-/// How far a level is from what it should be: the mean distance of a channel.
+/// Returns the error of a level: the mean difference per channel from the means of the first level.
 double errorOf(const Texture &texture, std::size_t level)
 {
     const std::vector<std::uint8_t> first = texture.Decoded(0), small = texture.Decoded(level);
@@ -161,7 +161,7 @@ TEST(MipmapsTest, HolesKeepTheirShareAndDarkenNothing)
             });
         ASSERT_NEAR(solidShare(texture, 0), row.share, 1e-9);
         MakeSmallerLevels(texture);
-        for (std::size_t level = 1; level < 5; ++level) { // 4 x 4 pixels and more
+        for (std::size_t level = 1; level < 5; ++level) { // at least 4 x 4 pixels
             EXPECT_NEAR(solidShare(texture, level), row.share, 0.07) << level;
             const std::vector<std::uint8_t> pixels = texture.Decoded(level);
             for (std::size_t at = 0; at < pixels.size(); at += 4)

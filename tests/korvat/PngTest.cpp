@@ -12,7 +12,7 @@ TEST(PngTest, HoldsThePixelsRowByRow)
 {
     const std::string pixels = Bytes8({255, 0, 0, 255, 1, 2, 3, 4});
     const std::string png = korvat::EncodePng(1, 2, korvat::BytesOf(pixels));
-    // Checksums as other programs compute them for these chunks.
+    // The checksums that other programs compute for these chunks.
     EXPECT_EQ(Bytes8({0x89, 'P', 'N', 'G', 13, 10, 26, 10, 0, 0, 0, 13, 'I',  'H',  'D',  'R', 0,
                       0,    0,   1,   0,   0,  0,  2,  8,  6, 0, 0, 0,  0x99, 0x81, 0xB6, 0x27}),
               png.substr(0, 33));

@@ -169,14 +169,14 @@ TEST(ReadShapeTest, SaysWhatIsWrongAndWhere)
     }
 }
 
-/// Every number in the file that could be a count, set to what hurts.
+/// Sets every number in the file that could be a count to harmful values.
 TEST(ReadShapeTest, WrongCountsCostNothing)
 {
     const std::string valid = ShapeBytes(samples::SmallestShape({"a.ace"}), ShapeForm::Binary);
     for (std::size_t at = 32; at + 4 <= valid.size(); ++at)
         for (const std::uint32_t value : {0U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
             const ShapeFile file = ReadShape(WithU32(valid, at, value));
-            const auto bounds = RestBounds(file.shape); // no index of it may lead outside
+            const auto bounds = RestBounds(file.shape); // fails on an index out of range
             EXPECT_TRUE(!bounds || bounds->least.x <= bounds->most.x);
             EXPECT_LE(file.shape.points.capacity(), valid.size());
         }
@@ -205,7 +205,7 @@ TEST(ReadShapeTest, FilesCutAtEveryLength)
          {ShapeForm::TextUtf16, ShapeForm::Text8Bit, ShapeForm::Binary, ShapeForm::Compressed}) {
         const std::string valid = ShapeBytes(samples::SmallestShape({"a.ace"}), form);
         const bool isText = samples::IsTextForm(form);
-        // A checksum is no loss, and neither are blanks and brackets at the end of a text.
+        // The reader does not need the checksum, nor the blanks and brackets at the end of a text.
         const std::size_t needed = form == ShapeForm::Compressed ? valid.size() - 4
                                    : isText                      ? valid.find_last_of('0')
                                                                  : valid.size();

@@ -16,7 +16,7 @@ void expectNear(Vec3 got, Vec3 wanted, const char *name)
     EXPECT_LT(Length(got - wanted), 1e-4f) << name << ": " << got.x << ' ' << got.y << ' ' << got.z;
 }
 
-/// Where a point of the world stands in the picture, -1 to 1 from the left and from the bottom.
+/// Returns the place of a world point in the picture, -1 to 1 from the left and from the bottom.
 Vec3 inPicture(Vec3 point, const Transform &viewProjection)
 {
     const float w = point.x * viewProjection.At(0, 3) + point.y * viewProjection.At(1, 3) +

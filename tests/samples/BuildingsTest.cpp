@@ -44,7 +44,7 @@ TEST(BuildingsTest, SeasonsChangeThePictureAndNotTheShape)
               meanBrightness(summer) + 20);
 }
 
-/// At night a house is dark and its windows are not.
+/// At night a house is dark, but its windows are bright.
 TEST(BuildingsTest, WindowsShineAtNight)
 {
     const PaintedModel day = BuildScenery(Building::Cottage, Season::Summer, "c.ace");

@@ -16,7 +16,7 @@ using samples::Sheet;
 constexpr Colour kBlack{0, 0, 0, 255};
 constexpr Colour kWhite{255, 255, 255, 255};
 
-/// The reds of one row of a sheet.
+/// Returns the red values of one row of a sheet.
 std::vector<int> row(const Sheet &sheet, int y, int from, int to)
 {
     std::vector<int> reds;
@@ -43,7 +43,7 @@ TEST(BrushTest, MetresGoUpwardsAndEdgesAreSoft)
     Sheet sheet(32, kBlack);
     const Area area = sheet.Take(16, 16);
     Brush brush(sheet, area, {0, 0, 4, 4});
-    brush.Rect({1, 3, 2.125F, 4}, kWhite); // four pixels a metre
+    brush.Rect({1, 3, 2.125F, 4}, kWhite); // four pixels per metre
     EXPECT_EQ(row(sheet, area.top + 1, area.left, area.left + 10),
               (std::vector<int>{0, 0, 0, 0, 255, 255, 255, 255, 128, 0}));
     EXPECT_EQ(row(sheet, area.top + 5, area.left + 4, area.left + 8), std::vector<int>(4, 0));
@@ -97,7 +97,7 @@ TEST(BrushTest, TextStandsWhereItShallAndReadsFromLeftToRight)
     Sheet sheet(64, kBlack);
     const Area area = sheet.Take(56, 28);
     Brush(sheet, area, {0, 0, 20, 10}).Text(10, 2, 6, "L", kWhite, 0.2F);
-    // The stem is at the left, the foot runs to the right at the bottom.
+    // The stem is on the left; the foot runs to the right at the bottom.
     const int left = area.left + static_cast<int>(8 * 2.8F);
     EXPECT_GT(row(sheet, area.top + 8, left, left + 1)[0], 200);
     EXPECT_EQ(row(sheet, area.top + 8, left + 9, left + 10)[0], 0);

@@ -16,7 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 using samples::WriteSample;
 
-/// What WriteSample says when it refuses.
+/// Returns the message of WriteSample when it refuses.
 std::string refusal(const std::string &out, const samples::Options &options = {})
 {
     try {
@@ -147,7 +147,7 @@ TEST(SampleTest, RefusesTotalsThatCannotBe)
     EXPECT_FALSE(temp.Exists("s"));
 }
 
-/// What is special about each consist, told by its bytes and by its text.
+/// Checks the special feature of each consist in its bytes and its text.
 TEST(SampleTest, ConsistsAreWhatTheyAreMeantToBe)
 {
     const support::TempFolder temp;

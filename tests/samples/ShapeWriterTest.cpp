@@ -25,7 +25,7 @@ unsigned unsignedAt(const std::string &bytes, std::size_t at, int size)
     return value;
 }
 
-/// A text without the blanks in which two writings of it may differ.
+/// Returns a text without the blanks that may differ between two layouts of it.
 std::string squeezed(const std::string &text)
 {
     return std::regex_replace(text, std::regex("\\s+"), " ");
@@ -67,7 +67,7 @@ TEST(ShapeWriterTest, SmallestShapeHasItsKnownSizes)
         EXPECT_NE(payload.find(block), std::string::npos) << testing::PrintToString(block);
 }
 
-/// The whole text form, so that the order of blocks and every field are fixed.
+/// Compares the whole text form, so that the order of blocks and every field are fixed.
 TEST(ShapeWriterTest, SmallestShapeAsText)
 {
     const std::string expected = R"(SIMISA@@@@@@@@@@JINX0s1t______
@@ -126,7 +126,7 @@ TEST(ShapeWriterTest, PartsOnSeveralMatrices)
         EXPECT_NE(text.find(piece), std::string::npos) << piece << "\nin\n" << text;
 }
 
-/// States are numbered through all levels, vertices in each by themselves.
+/// States are numbered through all levels, vertices separately in each level.
 TEST(ShapeWriterTest, LevelsMaterialsAndTurningNodes)
 {
     ShapeModel model = twoParts();

@@ -18,7 +18,7 @@ struct Row
     const char *tree = "A(x\xC3\xA4 B(1))";
 };
 
-/// `A ( xä B ( 1 ) )` behind the header, "ä" given in the encoding's bytes.
+/// `A ( xä B ( 1 ) )` after the header, with "ä" in the bytes of the encoding.
 std::string content(std::string_view umlaut)
 {
     return WithHeader("A ( x" + std::string(umlaut) + " B ( 1 ) )\r\n");
@@ -106,7 +106,7 @@ TEST(StfEncodingTest, NewTextKeepsTheEncodingWhereItFits)
     memory.file.FindNode("A").SetParameter(0, "\xC3\xB6\xE2\x82\xAC"); // o umlaut, euro
     EXPECT_EQ("A ( \"\xF6\x80\" )", memory.file.ToBytes());
 
-    memory.file.FindNode("A").SetParameter(0, "\xD0\x96"); // Cyrillic: no place in Windows-1252
+    memory.file.FindNode("A").SetParameter(0, "\xD0\x96"); // Cyrillic is not in Windows-1252
     EXPECT_EQ("\xFF\xFE\x41\0\x20\0(\0 \0\"\0\x16\x04\"\0 \0)\0"s, memory.file.ToBytes());
 }
 

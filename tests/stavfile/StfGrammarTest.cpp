@@ -13,7 +13,7 @@ struct Row
     const char *notes = "";
 };
 
-/// The body stands on line 3, behind the header.
+/// The body is on line 3, after the header.
 void expectAll(const std::vector<Row> &rows)
 {
     for (const Row &row : rows) {

@@ -32,7 +32,7 @@ const char *const kConsist =
 struct Row
 {
     const char *what;
-    const char *from; ///< the part of the text that changes
+    const char *from; ///< the part of the text that should change
     const char *to;
     std::function<void(StfNode &cfg)> edit;
 };

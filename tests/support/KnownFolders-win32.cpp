@@ -11,7 +11,7 @@
 namespace support {
 namespace {
 
-/// The text of a value, which is put back (or taken away) at the end.
+/// A registry value whose former text is restored (or removed) at the end.
 class ScopedValue
 {
 public:

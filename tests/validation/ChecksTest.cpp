@@ -53,7 +53,7 @@ Seen observe(const Changes &changes, const Call &call, bool verbose)
     return seen;
 }
 
-/// A line with the installation's folders for "A/", "R/" and "C/".
+/// Returns a line with "A/", "R/" and "C/" replaced by the installation's folders.
 std::string spelledOut(std::string line)
 {
     static const std::pair<const char *, const char *> kFolders[] = {
@@ -66,8 +66,8 @@ std::string spelledOut(std::string line)
     return line;
 }
 
-/// One rule: what is changed in the installation, what is checked, and the whole report. With an
-/// error, which ends the check, there is no verdict.
+/// Tests one rule: the changes in the installation, the check, its verdict and the whole report. A
+/// check that ends with an error has no verdict.
 void rule(const char *name, const Changes &changes, const Call &call, std::int16_t verdict,
           std::vector<std::string> report = {}, int error = 0)
 {

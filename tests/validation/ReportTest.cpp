@@ -18,7 +18,7 @@ protected:
     {
         validation::AppendReport(m_files, m_folder.At(name), text);
     }
-    /// The file with LF line ends.
+    /// Returns the file with LF line ends.
     std::string read(const std::string &name) const
     {
         std::string text = m_folder.Read(name);

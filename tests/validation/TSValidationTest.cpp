@@ -78,7 +78,7 @@ TEST(TSValidationTest, PrintsAndJudgesFindingsFromTheirData)
     EXPECT_TRUE(validation.Findings().empty());
 }
 
-/// Everything that a validation raises, a line each.
+/// Records all events of a validation, one per line.
 class Listener
 {
 public:
@@ -148,7 +148,7 @@ TEST(TSValidationTest, SaysHowTheSearchInConsistsGoesOn)
                      "E 7 <M>/Trains/Consists/c.con <M>/Trains/Trainset/A/a.wag", "0 Done"}));
 }
 
-/// Many folders; some of their wagons have faults, of several kinds.
+/// Writes many folders, with several kinds of faults in some of their wagons.
 Changes manyFolders()
 {
     Changes changes;
@@ -301,7 +301,8 @@ TEST(TSValidationTest, TellsWhichFoldersCannotBeRead)
         return std::string("ERROR: Error 75 - Path/File access error referenced by <M>/") + folder +
                " appears CORRUPT";
     };
-    // Everybody may read everything where tests run, but not a folder that went away meanwhile.
+    // Tests may run as root, who can read every folder, so the folders are removed during the check
+    // instead.
     EXPECT_EQ(validation.CheckAllStock("none"), TSValidation::IsValid);
     validation.CheckStockUseInRoute(place.At(kA + "none.wag"), "R");
     goes("Trains/Trainset/B");

@@ -34,8 +34,8 @@ protected:
         writeStock("Cars", "Long.wag", "3 4 40000", "box.s");
         writeStock("Cars", "Endless.wag", "3 4 1e99", "box.s");
     }
-    /// The TrainCfg block of these units; each is a word such as "Box10" or "Box10*" (flipped), or
-    /// a block of its own when it holds a bracket.
+    /// Returns the TrainCfg block of these units. Each is a word such as "Box10" or "Box10*"
+    /// (flipped), or a literal block if it contains a bracket.
     StfNode train(const std::vector<std::string> &units)
     {
         std::string text = "Train ( TrainCfg ( \"Morning Freight\" Name ( x )\n";
@@ -55,7 +55,8 @@ protected:
         while (stage.Step())
             continue;
     }
-    /// Where the objects' origins are along the track, and ">" or "<" for the way they face.
+    /// Returns the places of the objects' origins along the track, with ">" or "<" for their
+    /// direction.
     std::string places()
     {
         std::string text;

@@ -18,7 +18,7 @@ protected:
         shapes.textures["car.s"] = {"side.ace", "gone.ace"};
         path = game.Write("car.s", "shape");
     }
-    /// Where the shape's own point (0, 0, 1), its nose, and its origin are in the scene.
+    /// Returns the places of the shape's origin and of its nose, the point (0, 0, 1), in the scene.
     static std::string noseAndOrigin(const TSViewObject &object)
     {
         const auto text = [&object](float z) {

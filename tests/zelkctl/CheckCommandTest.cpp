@@ -5,7 +5,7 @@
 
 namespace {
 
-/// A wagon without its descriptor, which a consist, a service and an activity use.
+/// A wagon without a descriptor, used by a consist, a service and an activity.
 class CheckCommandTest : public ZelkctlTest
 {
 protected:
@@ -114,7 +114,7 @@ TEST_F(CheckCommandTest, TellsErrorsAndGoesOn)
 
 TEST_F(CheckCommandTest, GivesTheSameAsJson)
 {
-    // Asked for in other letter case: "path" is spelled as on the disk.
+    // The command names the file in another letter case; "path" has the spelling on disk.
     const Outcome outcome = check({"stock", "m/TRAINS/trainset/a/A.WAG", "--json", "--verbose"});
     EXPECT_EQ(outcome.code, 1);
     const std::string asked = at("TRAINS/trainset/a/");

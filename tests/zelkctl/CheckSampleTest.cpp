@@ -24,7 +24,7 @@ protected:
         arguments.insert(arguments.begin(), {"check", "--msts", m_folder.At("s")});
         return run(arguments);
     }
-    /// The planned lines of a file, as this platform shows them.
+    /// Returns the planned report lines of a file, with this platform's separators.
     Lines planned(const std::string &file) const
     {
         const auto defect = m_defects.find(file);
@@ -37,7 +37,7 @@ protected:
             }
         return lines;
     }
-    /// The name of a consist's file, without folder and extension.
+    /// Returns the name of a consist's file without folder and extension.
     static std::string nameOf(const std::string &file)
     {
         const std::string name(host::path::FileName(file));

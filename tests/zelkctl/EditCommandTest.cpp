@@ -33,7 +33,7 @@ protected:
         arguments.insert(arguments.begin(), {"edit", "local.con"});
         return run(arguments);
     }
-    /// The units, each as "type folder/name uid", and the counter.
+    /// Returns the units, each as "type folder/name uid", and the counter.
     std::vector<std::string> units(const std::string &file) const;
 };
 

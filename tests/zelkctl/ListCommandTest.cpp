@@ -6,7 +6,7 @@
 
 namespace {
 
-/// An installation that shows what a listing has to cope with.
+/// An installation with everything that a listing must handle.
 class ListCommandTest : public ZelkctlTest
 {
 protected:
