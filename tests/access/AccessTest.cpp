@@ -187,7 +187,7 @@ push button View Options
     Quit();
 }
 
-TEST_F(AccessTest, EditorViewAndResultsHaveNamesToo)
+TEST_F(AccessTest, EditorViewAndResultsHaveNamesAndRoles)
 {
     Start({QString::fromStdString(game.At(kQuarry))});
     const Accessible editor = Find(window, "frame", "Consist - " + game.At(kQuarry));
@@ -223,7 +223,7 @@ push button View Shape
     Quit();
 }
 
-TEST_F(AccessTest, AConsistIsOpenedEditedAndSaved)
+TEST_F(AccessTest, OpensEditsAndSavesAConsist)
 {
     ASSERT_EQ(UnitsIn(kQuarry), "Engine avr_d402, Wagon avr_hopper_11, Wagon avr_hopper_12, ");
     Start();
@@ -249,7 +249,7 @@ TEST_F(AccessTest, AConsistIsOpenedEditedAndSaved)
     EXPECT_EQ(UnitsIn(kQuarry), "Engine* avr_d402, Wagon tank_21, Wagon avr_hopper_12, ");
 }
 
-TEST_F(AccessTest, TextIsTypedIntoDialogs)
+TEST_F(AccessTest, DialogsAcceptText)
 {
     Start({QString::fromStdString(game.At(kQuarry))});
     const Accessible stock = Find(window, "tree", "Available installed stock");

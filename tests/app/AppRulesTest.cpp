@@ -6,7 +6,7 @@
 
 using app::OpenKind;
 
-TEST(AppRulesTest, KindByTheTextAfterTheLastDot)
+TEST(AppRulesTest, FileKindFollowsTheTextAfterTheLastDot)
 {
     const std::pair<const char *, OpenKind> rows[] = {
         {"/a/b.con", OpenKind::Consist},
@@ -29,7 +29,7 @@ TEST(AppRulesTest, KindByTheTextAfterTheLastDot)
     EXPECT_EQ("", app::RefusalOf(OpenKind::Consist));
 }
 
-TEST(AppRulesTest, ProgramTexts)
+TEST(AppRulesTest, VersionAndHelpTexts)
 {
     EXPECT_EQ("ZELK v1.0-75", modZELK::MainCaption());
     EXPECT_EQ("Properties of x", modZELK::TextWindowCaption("x"));

@@ -226,7 +226,7 @@ protected:
     int steps = 0;
 };
 
-TEST_P(FailingWritesTest, ARefusedStepLeavesWholeFilesAndIsTold)
+TEST_P(FailingWritesTest, FailedStepLeavesWholeFilesAndIsReported)
 {
     ASSERT_GE(steps, 3);
     for (const int error : {EIO, ENOSPC, EACCES})
@@ -253,7 +253,7 @@ TEST_P(FailingWritesTest, ARefusedStepLeavesWholeFilesAndIsTold)
         }
 }
 
-TEST_P(FailingWritesTest, AProgramThatEndsAtAStepLeavesWholeFiles)
+TEST_P(FailingWritesTest, ProcessExitAtAStepLeavesWholeFiles)
 {
     for (int step = 0; step < steps; ++step) {
         World world;

@@ -65,7 +65,7 @@ protected:
     bool broken = false, full = false, marked = false;
 };
 
-TEST_F(SaveConsistTest, AFreeNameIsWrittenWithoutAQuestion)
+TEST_F(SaveConsistTest, WritesAFreeNameWithoutAsking)
 {
     fileName = at("a.con");
     EXPECT_TRUE(save());
@@ -77,7 +77,7 @@ TEST_F(SaveConsistTest, AFreeNameIsWrittenWithoutAQuestion)
     EXPECT_EQ("Consist - " + at("a.con"), caption) << "a quiet save leaves the caption";
 }
 
-TEST_F(SaveConsistTest, NoNameOrACancelledDialogSavesNothing)
+TEST_F(SaveConsistTest, EmptyNameOrCancelledDialogSavesNothing)
 {
     for (const char *answer : {"", "*.con"}) {
         dialogs.AnswerFile(answer);
@@ -88,7 +88,7 @@ TEST_F(SaveConsistTest, NoNameOrACancelledDialogSavesNothing)
     EXPECT_EQ("before", caption);
 }
 
-TEST_F(SaveConsistTest, OverwritingIsAskedForEveryTime)
+TEST_F(SaveConsistTest, AsksEveryTimeBeforeOverwriting)
 {
     folder.Write("a.con", "old");
     fileName = at("a.con");
@@ -114,7 +114,7 @@ TEST_F(SaveConsistTest, OverwritingIsAskedForEveryTime)
     EXPECT_EQ("new", folder.Read("a.con"));
 }
 
-TEST_F(SaveConsistTest, AfterNoAndACancelledDialogTheNameStaysEmpty)
+TEST_F(SaveConsistTest, NameStaysEmptyAfterNoAndACancelledDialog)
 {
     folder.Write("a.con", "old");
     fileName = at("a.con");
@@ -125,7 +125,7 @@ TEST_F(SaveConsistTest, AfterNoAndACancelledDialogTheNameStaysEmpty)
     EXPECT_EQ("old", folder.Read("a.con"));
 }
 
-TEST_F(SaveConsistTest, WhatCannotBeWrittenDeletesNothing)
+TEST_F(SaveConsistTest, FailedWriteDeletesNothing)
 {
     folder.Write("a.con", "old");
     fileName = at("a.con");
@@ -137,7 +137,7 @@ TEST_F(SaveConsistTest, WhatCannotBeWrittenDeletesNothing)
         << dialogs.Log();
 }
 
-TEST_F(SaveConsistTest, AFailureTellsPathAndReason)
+TEST_F(SaveConsistTest, FailureMessageHasPathAndReason)
 {
     fileName = at("missing/a.con");
     dialogs.Answer(DialogAnswer::Ok);
@@ -145,7 +145,7 @@ TEST_F(SaveConsistTest, AFailureTellsPathAndReason)
     EXPECT_TRUE(dialogs.Log().starts_with("critical|Save Consist|" + fileName)) << dialogs.Log();
 }
 
-TEST_F(SaveConsistTest, RefusesNewNamesOfBlanks)
+TEST_F(SaveConsistTest, RefusesBlankNewNames)
 {
     for (const char *name : {"  .con", " "}) {
         dialogs.AnswerFile(at(name));
@@ -160,7 +160,7 @@ TEST_F(SaveConsistTest, RefusesNewNamesOfBlanks)
     EXPECT_TRUE(save()) << "a file of this name stays usable";
 }
 
-TEST_F(SaveConsistTest, ChosenNamesEndInCon)
+TEST_F(SaveConsistTest, ChosenNamesEndWithCon)
 {
     const struct
     {
@@ -190,7 +190,7 @@ TEST_F(SaveConsistTest, ChosenNamesEndInCon)
     EXPECT_TRUE(folder.Exists("other"));
 }
 
-TEST_F(SaveConsistTest, AFileChangedBySomebodyElseIsAskedForFirst)
+TEST_F(SaveConsistTest, AsksFirstAboutAFileChangedByAnotherProgram)
 {
     folder.Write("a.con", "by others");
     fileName = changedFile = at("a.con");
@@ -224,7 +224,7 @@ TEST_F(SaveConsistTest, AFileChangedBySomebodyElseIsAskedForFirst)
     EXPECT_EQ("new", folder.Read("a.con"));
 }
 
-TEST_F(SaveConsistTest, AFailedWriteLeavesTheWindowAsItWas)
+TEST_F(SaveConsistTest, FailedWriteLeavesTheWindowUnchanged)
 {
     full = true;
     folder.Write("b.con", "old");
@@ -253,7 +253,7 @@ TEST_F(SaveConsistTest, AFailedWriteLeavesTheWindowAsItWas)
     EXPECT_FALSE(folder.Exists("b.con"));
 }
 
-TEST_F(SaveConsistTest, GivingUpSaveAsKeepsTheName)
+TEST_F(SaveConsistTest, CancelledSaveAsKeepsTheName)
 {
     folder.Write("b.con", "old");
     const struct

@@ -85,7 +85,7 @@ protected:
 
 } // namespace
 
-TEST_F(ConsistFilesTest, PasteCopiesEveryByteUnderANewName)
+TEST_F(ConsistFilesTest, PasteCopiesEveryByteToANewName)
 {
     for (const char *name : {"New", "old", "New.con"}) {
         dialogs.AnswerInput(name);
@@ -98,7 +98,7 @@ TEST_F(ConsistFilesTest, PasteCopiesEveryByteUnderANewName)
     EXPECT_EQ(game.Names("Trains/Consists").size(), 4u) << "a name in another case is that file";
 }
 
-TEST_F(ConsistFilesTest, PasteThatIsGivenUpOrHasNothingToCopyChangesNothing)
+TEST_F(ConsistFilesTest, CancelledOrEmptyPasteChangesNothing)
 {
     paste("");
     EXPECT_EQ(dialogs.TakeLog(), "");
@@ -114,7 +114,7 @@ TEST_F(ConsistFilesTest, PasteThatIsGivenUpOrHasNothingToCopyChangesNothing)
     EXPECT_EQ(game.Names("Trains/Consists").size(), 2u);
 }
 
-TEST_F(ConsistFilesTest, PasteThatFailsSaysWhichFileAndWhy)
+TEST_F(ConsistFilesTest, FailedPasteReportsFileAndReason)
 {
     const struct
     {
@@ -145,7 +145,7 @@ TEST_F(ConsistFilesTest, PasteThatFailsSaysWhichFileAndWhy)
     EXPECT_FALSE(game.Exists("Trains/New.con"));
 }
 
-TEST_F(ConsistFilesTest, CutAsksAndMovesToTheWastebasket)
+TEST_F(ConsistFilesTest, CutAsksThenMovesToTheWastebasket)
 {
     const auto cut = [this](const char *name) {
         const std::string outcome = app::CutConsist(name, dialogs, files, desktop, installation);
@@ -165,7 +165,7 @@ TEST_F(ConsistFilesTest, CutAsksAndMovesToTheWastebasket)
     EXPECT_TRUE(game.Exists("Trains/Consists/Old.con"));
 }
 
-TEST_F(ConsistFilesTest, CutDeletesForGoodOnlyAfterAnotherQuestion)
+TEST_F(ConsistFilesTest, CutAsksAgainBeforeDeletingPermanently)
 {
     desktop.refuses = true;
     const std::string questions = "question (No)|Delete|Delete Old ?\nquestion (No)|Delete|" +
@@ -182,7 +182,7 @@ TEST_F(ConsistFilesTest, CutDeletesForGoodOnlyAfterAnotherQuestion)
     }
 }
 
-TEST_F(ShellCommandsTest, WithoutAnInstallationItSaysSo)
+TEST_F(ShellCommandsTest, ReportsAMissingInstallation)
 {
     EXPECT_FALSE(shell.StartSimulator() || shell.StartEditors() || shell.StartShapeViewer());
     const std::string text = "|MSTS does not appear to be installed on this system!\n";
@@ -191,7 +191,7 @@ TEST_F(ShellCommandsTest, WithoutAnInstallationItSaysSo)
     EXPECT_EQ(desktop.log, "");
 }
 
-TEST_F(ShellCommandsTest, AProgramThatIsNotThereIsNamed)
+TEST_F(ShellCommandsTest, ReportsTheNameOfAMissingProgram)
 {
     installation.SetLocation(game.Path());
     EXPECT_FALSE(shell.StartSimulator() || shell.StartEditors());
@@ -201,7 +201,7 @@ TEST_F(ShellCommandsTest, AProgramThatIsNotThereIsNamed)
         << log;
 }
 
-TEST_F(ShellCommandsTest, HelpThatIsNotThereIsSaidToBeMissing)
+TEST_F(ShellCommandsTest, ReportsMissingHelp)
 {
     shell.ShowGuide(app::GuidePage::Contents);
     shell.ShowGuide(app::GuidePage::Search);
@@ -211,7 +211,7 @@ TEST_F(ShellCommandsTest, HelpThatIsNotThereIsSaidToBeMissing)
     EXPECT_EQ(dialogs.TakeLog(), line + line);
 }
 
-TEST_F(ShellCommandsTest, TheFileAssociationIsAskedForFirst)
+TEST_F(ShellCommandsTest, AsksBeforeSettingTheFileAssociation)
 {
     const std::string question =
         "question|Set File Association|Do you want to associate .CON files with ZELK?\n\n"

@@ -33,7 +33,7 @@ protected:
     const support::TempFolder &folder = home.Folder();
 };
 
-TEST_F(WastebasketTest, FilesOfTheHomeVolumeCanBeRestoredWhateverTheirNames)
+TEST_F(WastebasketTest, FilesOnTheHomeVolumeCanBeRestoredUnderAnyName)
 {
     const std::string name = "Gr\xfcn 100%.con";
     for (const char *content : {"first", "second"})
@@ -48,7 +48,7 @@ TEST_F(WastebasketTest, FilesOfTheHomeVolumeCanBeRestoredWhateverTheirNames)
     EXPECT_NE(record.find("\nDeletionDate=20"), std::string::npos) << record;
 }
 
-TEST_F(WastebasketTest, NamesOfFullLengthFit)
+TEST_F(WastebasketTest, NamesOfMaximumLengthFit)
 {
     const std::string name = std::string(251, 'x') + ".con";
     EXPECT_TRUE(app::MoveToWastebasket(folder.Write(name)));
@@ -75,7 +75,7 @@ TEST_F(WastebasketTest, AFileOnAnotherVolumeStaysOnIt)
     fs::remove_all(basket);
 }
 
-TEST_F(WastebasketTest, WithoutOneTheFileStays)
+TEST_F(WastebasketTest, WithoutAWastebasketTheFileStays)
 {
     const std::string file = folder.Write("game/a.con", "coal");
     {

@@ -12,7 +12,7 @@ using support::TempFolder;
 
 namespace {
 
-TEST(ConsistListTest, NamesInListingOrderBehindTheFilter)
+TEST(ConsistListTest, ListsNamesThatPassTheFilterInListingOrder)
 {
     TempFolder folder;
     for (const char *name : {"b.con", "A gp9 x.CON", "GP38.con", "c.con.bak", "x.y.con", "d.txt"})
@@ -37,7 +37,7 @@ TEST(ConsistListTest, NamesInListingOrderBehindTheFilter)
 }
 
 /// An empty list shows the reason and the command that helps.
-TEST(ConsistListTest, AnEmptyListSaysWhy)
+TEST(ConsistListTest, EmptyListShowsTheReason)
 {
     TempFolder folder;
     const std::string consists = host::path::Normalise(folder.At("full/Trains/Consists"));
@@ -60,7 +60,7 @@ TEST(ConsistListTest, AnEmptyListSaysWhy)
     expectWords("*", {"There are no consists in\n" + consists, "File > New > Consist"});
 }
 
-TEST(ConsistListTest, Caption)
+TEST(ConsistListTest, CaptionShowsTheFilter)
 {
     EXPECT_EQ("Consist List 2 (Filtered on GP*)", document::ConsistListCaption(2, "GP*"));
     EXPECT_EQ("Consist List 1", document::ConsistListCaption(1, "*"));

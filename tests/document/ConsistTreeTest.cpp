@@ -76,7 +76,7 @@ protected:
     const StockItem box{"Wagon", "My Stock", "box"};
 };
 
-TEST_F(ConsistTreeTest, RowsShowTypeFolderShapeAndTruePositions)
+TEST_F(ConsistTreeTest, RowsShowTypeFolderShapeAndPositionInTheFile)
 {
     load(" Name ( \"a\" )\r\n MaxVelocity ( 27.77778 0.10000 )\r\n Durability ( 0.5 )\r\n"
          " NextWagonUID ( 3 )\r\n" +
@@ -97,7 +97,7 @@ TEST_F(ConsistTreeTest, RowsShowTypeFolderShapeAndTruePositions)
     EXPECT_EQ("", tree.MaxVelocity(0) + tree.Durability());
 }
 
-TEST_F(ConsistTreeTest, WhatIsNoConsistSaysWhatIsMissing)
+TEST_F(ConsistTreeTest, ErrorForOtherFilesNamesTheMissingBlock)
 {
     struct Row
     {
@@ -137,7 +137,7 @@ struct EditRow
     int selected;
 };
 
-TEST_F(ConsistTreeTest, EveryOperationOnFourUnits)
+TEST_F(ConsistTreeTest, PerformsEveryOperationOnFourUnits)
 {
     const EditRow rows[] = {
         {"remove the first", Move::Remove, 1, "w1 w2 w3 3", 1},
@@ -188,7 +188,7 @@ TEST_F(ConsistTreeTest, AddNumbersUnitsByTheCounter)
     EXPECT_EQ("e box 2", train());
 }
 
-TEST_F(ConsistTreeTest, ANewConsistHasNoCounterForTheEditor)
+TEST_F(ConsistTreeTest, NewConsistHasNoUnitCounter)
 {
     tree.New();
     EXPECT_TRUE(tree.Changed());
@@ -202,7 +202,7 @@ TEST_F(ConsistTreeTest, ANewConsistHasNoCounterForTheEditor)
     EXPECT_EQ("40.00000", tree.MaxVelocity(0));
 }
 
-TEST_F(ConsistTreeTest, AddNeedsACounterOf16Bits)
+TEST_F(ConsistTreeTest, AddNeedsA16BitCounter)
 {
     const struct
     {
@@ -230,7 +230,7 @@ TEST_F(ConsistTreeTest, AddNeedsACounterOf16Bits)
     }
 }
 
-TEST_F(ConsistTreeTest, RemovedUnitsAreSubtractedFromAnyNumber)
+TEST_F(ConsistTreeTest, RemovalDecreasesACounterOfAnySize)
 {
     const struct
     {
@@ -272,7 +272,7 @@ TEST_F(ConsistTreeTest, RemovedUnitsAreSubtractedFromAnyNumber)
 }
 
 /// Two units, one that cannot be listed, and one after it.
-TEST_F(ConsistTreeTest, AUnitThatCannotBeListedEndsTheRowsAndStaysInTheFile)
+TEST_F(ConsistTreeTest, UnlistableUnitEndsTheRowsAndStaysInTheFile)
 {
     const std::string hidden = " Wagon ( UiD ( 7 ) )\r\n" + unit("Wagon", 8, "behind f");
     const auto loadHidden = [&] {
@@ -311,7 +311,7 @@ TEST_F(ConsistTreeTest, AUnitThatCannotBeListedEndsTheRowsAndStaysInTheFile)
     EXPECT_EQ("", tree.WhyRowsEnd());
 }
 
-TEST_F(ConsistTreeTest, FlipStandsFirstAndFlippingBackRestoresTheBytes)
+TEST_F(ConsistTreeTest, FlipIsTheFirstBlockAndFlippingBackRestoresTheBytes)
 {
     loadFour();
     const std::string before = tree.Document().ToBytes();
@@ -333,7 +333,7 @@ struct NameRow
     const char *what, *inside, *file, *saved;
 };
 
-TEST_F(ConsistTreeTest, TheNameFollowsTheFileAndNothingElseChanges)
+TEST_F(ConsistTreeTest, SavingUpdatesTheNameAndNothingElse)
 {
     const NameRow rows[] = {
         {"name first", " Name ( old )\r\n Serial ( 1 )\r\n", "Freight1.con",
@@ -370,7 +370,7 @@ TEST_F(ConsistTreeTest, TheNameFollowsTheFileAndNothingElseChanges)
     }
 }
 
-TEST_F(ConsistTreeTest, AFailedSaveLeavesTheConsistChanged)
+TEST_F(ConsistTreeTest, FailedSaveKeepsTheChangedMark)
 {
     loadFour();
     tree.Edit(Move::Flip, 1);
@@ -384,7 +384,7 @@ TEST_F(ConsistTreeTest, AFailedSaveLeavesTheConsistChanged)
     EXPECT_EQ(before, folder.Read("a.con"));
 }
 
-TEST_F(ConsistTreeTest, AChangeOnDiskIsSeenUntilTheNextLoadOrSave)
+TEST_F(ConsistTreeTest, ReportsAChangeOnDiskUntilTheNextLoadOrSave)
 {
     loadFour();
     const std::string other = folder.At("b.con");
@@ -413,7 +413,7 @@ TEST_F(ConsistTreeTest, AChangeOnDiskIsSeenUntilTheNextLoadOrSave)
     EXPECT_TRUE(tree.ChangedOnDisk(folder.At("new.con")));
 }
 
-TEST(StockPathTest, ExtensionFromTheType)
+TEST(StockPathTest, TypeDecidesTheExtension)
 {
     EXPECT_EQ(host::path::Normalise("/ms/Trains/Trainset/My Stock/box.wag"),
               document::StockPath("/ms", {"Wagon*", "My Stock", "box"}));

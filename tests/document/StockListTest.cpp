@@ -35,7 +35,7 @@ protected:
     host::GameFiles files;
 };
 
-TEST_F(StockListTest, WhatCountsAsStock)
+TEST_F(StockListTest, ListsOnlyStockFiles)
 {
     for (const char *name :
          {"Foo/a.eng", "Foo/b.wag", "Foo/c.ENG", "Foo/x.jpg", "Foo/y.dwg.s", "Foo/z.e", "Foo/g",
@@ -48,7 +48,7 @@ TEST_F(StockListTest, WhatCountsAsStock)
     EXPECT_EQ("Wagon/new/n ", scan("new"));
 }
 
-TEST_F(StockListTest, TheSameForAnyNumberOfWorkers)
+TEST_F(StockListTest, ResultIsTheSameForAnyNumberOfWorkers)
 {
     for (int i = 0; i < 60; ++i)
         for (int j = 0; j < i % 4; ++j)
@@ -59,7 +59,7 @@ TEST_F(StockListTest, TheSameForAnyNumberOfWorkers)
     EXPECT_EQ(one, scan("", 7));
 }
 
-TEST(StockOrderTest, ClicksSortAndTurnRound)
+TEST(StockOrderTest, ClicksSortAndReverseTheOrder)
 {
     const std::vector<StockItem> items = {
         {"Wagon", "b", "x"}, {"Engine", "a", "Y"}, {"Wagon", "A", "z"}, {"Engine", "B", "y"}};

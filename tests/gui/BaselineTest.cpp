@@ -95,7 +95,7 @@ constexpr const char *kStock = "s/TRAINS/TRAINSET/", *kCottage = "ROUTES/TARNWIC
 
 } // namespace
 
-TEST_F(BaselineTest, ModelsLookAsTheyDid)
+TEST_F(BaselineTest, ModelsMatchTheStoredPictures)
 {
     const CameraPose garden{15, 6, 13, 0, 2.2F, 0};
     const struct

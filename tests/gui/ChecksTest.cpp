@@ -79,7 +79,7 @@ protected:
 
 } // namespace
 
-TEST_F(ChecksTest, ConsistsOfTheListAreSearchedInTheRoutesOfTheSelector)
+TEST_F(ChecksTest, SearchesSelectedRoutesForConsistsOfTheList)
 {
     for (const char *route : {"North", "South"})
         game.Write(std::string("Routes/") + route + "/Services/run.srv",
@@ -108,7 +108,7 @@ TEST_F(ChecksTest, ConsistsOfTheListAreSearchedInTheRoutesOfTheSelector)
     window.reset();
 }
 
-TEST_F(ChecksTest, TheEditorChecksTheStockOfTheListLastEntered)
+TEST_F(ChecksTest, EditorChecksTheStockOfTheLastActiveList)
 {
     Start();
     OpenEditor("Coal");
@@ -129,7 +129,7 @@ TEST_F(ChecksTest, TheEditorChecksTheStockOfTheListLastEntered)
     EXPECT_EQ(dialogs.TakeLog(), "select|Select Routes to Check|\n");
 }
 
-TEST_F(ChecksTest, ResultsWindowsStandBesideTheDocumentsAndGoWithTheMainWindow)
+TEST_F(ChecksTest, ResultsWindowsAreSeparateAndCloseWithTheMainWindow)
 {
     Start();
     Find<ListView>(*Active(), "lvConsists").SelectRow(0);
@@ -154,7 +154,7 @@ TEST_F(ChecksTest, ResultsWindowsStandBesideTheDocumentsAndGoWithTheMainWindow)
     EXPECT_TRUE(results().empty());
 }
 
-TEST_F(ChecksTest, EscStopsTheCheckOfAllStockHalfWay)
+TEST_F(ChecksTest, EscStopsTheCheckOfAllStock)
 {
     writeManyWagons();
     Start();
@@ -173,7 +173,7 @@ TEST_F(ChecksTest, EscStopsTheCheckOfAllStockHalfWay)
     EXPECT_FALSE(barIsVisible());
 }
 
-TEST_F(ChecksTest, WhileACheckRunsNothingMayDisturbIt)
+TEST_F(ChecksTest, RunningCheckRefusesAnotherAndSurvivesOtherCommands)
 {
     writeManyWagons();
     Start();

@@ -198,7 +198,7 @@ std::string withSlashes(std::string text)
 
 } // namespace
 
-TEST_P(CommandsTest, DoesWhatItSays)
+TEST_P(CommandsTest, HasTheExpectedEffect)
 {
     QGuiApplication::clipboard()->setText(QStringLiteral("before"));
     Start();
@@ -217,7 +217,7 @@ INSTANTIATE_TEST_SUITE_P(Menu, CommandsTest, testing::ValuesIn(kRows), [](const 
     return std::string(row.param.command) + (row.param.from == From::Editor ? "InEditor" : "");
 });
 
-TEST_F(CommandsTableTest, KnowsEveryCommandOfTheMenus)
+TEST_F(CommandsTableTest, CoversEveryMenuCommand)
 {
     Start();
     std::set<std::string> known = {"mnuFileMRU0", "mnuFileMRU1", "mnuFileMRU2", // never used

@@ -103,7 +103,7 @@ protected:
 
 } // namespace
 
-TEST_F(DesktopPortalTest, TheColourSchemeIsThatOfThePortal)
+TEST_F(DesktopPortalTest, UsesTheColourSchemeOfThePortal)
 {
     EXPECT_EQ(schemeFor(1u), ColourScheme::Dark);
     EXPECT_EQ(schemeFor(2u), ColourScheme::Light);
@@ -111,7 +111,7 @@ TEST_F(DesktopPortalTest, TheColourSchemeIsThatOfThePortal)
     EXPECT_EQ(schemeFor(QStringLiteral("dark")), std::nullopt) << "not a number";
 }
 
-TEST_F(DesktopPortalTest, OlderPortalsAreAskedTheirWay)
+TEST_F(DesktopPortalTest, SupportsOlderPortals)
 {
     const auto older = [](const QDBusMessage &call) {
         if (call.member() != QLatin1String("Read"))
@@ -123,7 +123,7 @@ TEST_F(DesktopPortalTest, OlderPortalsAreAskedTheirWay)
     EXPECT_EQ(schemeWith(older), ColourScheme::Dark);
 }
 
-TEST_F(DesktopPortalTest, NobodyWaitsForAPortal)
+TEST_F(DesktopPortalTest, DoesNotWaitForAnAbsentPortal)
 {
     QElapsedTimer time;
     time.start();

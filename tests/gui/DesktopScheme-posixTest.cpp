@@ -7,7 +7,7 @@
 
 using app::ColourScheme;
 
-TEST(DesktopSchemeTest, DesktopSettingsDecide)
+TEST(DesktopSchemeTest, DesktopSettingsDecideTheScheme)
 {
     const struct
     {

@@ -48,7 +48,7 @@ protected:
 
 } // namespace
 
-TEST_F(DocumentListsTest, EnterWithAnyShiftKeyShowsTheConsistIn3D)
+TEST_F(DocumentListsTest, EnterWithAModifierShowsTheConsistIn3D)
 {
     Start();
     const QAction &properties = Find<QAction>(*window, "mnuFileProperties");
@@ -86,7 +86,7 @@ TEST_F(DocumentListsTest, OnlyTheLeftButtonOpensAConsist)
     }
 }
 
-TEST_F(DocumentListsTest, TheOnlyColumnFollowsTheWidthOfTheWindow)
+TEST_F(DocumentListsTest, SingleColumnFollowsTheWidthOfTheWindow)
 {
     Start();
     const auto fits = [this] { return list().columnWidth(0) == list().viewport()->width(); };
@@ -98,7 +98,7 @@ TEST_F(DocumentListsTest, TheOnlyColumnFollowsTheWidthOfTheWindow)
     EXPECT_TRUE(fits()) << list().columnWidth(0);
 }
 
-TEST_F(DocumentListsTest, AFilteredListStartsAtItsTop)
+TEST_F(DocumentListsTest, FilteredListStartsAtItsTop)
 {
     for (int i = 100; i < 200; ++i) {
         WriteConsist("Ore " + std::to_string(i), {});
@@ -122,7 +122,7 @@ TEST_F(DocumentListsTest, AFilteredListStartsAtItsTop)
     EXPECT_EQ(stock().verticalScrollBar()->value(), 0);
 }
 
-TEST_F(DocumentListsTest, OneIsCountedInTheSingular)
+TEST_F(DocumentListsTest, UsesTheSingularForOne)
 {
     Start();
     filter("gp");
@@ -175,7 +175,7 @@ TEST_F(DocumentListsTest, CommandsOnOneOfSeveralConsistsNameIt)
     EXPECT_EQ(Status().find("Only"), std::string::npos) << "one selected consist needs no remark";
 }
 
-TEST_F(DocumentListsTest, TheListWithoutFocusShowsItsSelectionInGrey)
+TEST_F(DocumentListsTest, ListWithoutFocusShowsItsSelectionInGrey)
 {
     Start();
     OpenEditor("Coal");
@@ -252,7 +252,7 @@ TEST_F(DocumentListsTest, ReturningToAnEditorKeepsItsActiveList)
     }
 }
 
-TEST_F(DocumentListsTest, ApplyReturnsTheFocusToTheListThatWasActive)
+TEST_F(DocumentListsTest, ApplyReturnsTheFocusToTheActiveList)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -273,7 +273,7 @@ TEST_F(DocumentListsTest, ApplyReturnsTheFocusToTheListThatWasActive)
     }
 }
 
-TEST_F(DocumentListsTest, AnEditorWorksFrom400PixelsWidth)
+TEST_F(DocumentListsTest, EditorWorksFromAWidthOf400Pixels)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -304,7 +304,7 @@ TEST_F(DocumentListsTest, AnEditorWorksFrom400PixelsWidth)
     editor.AllowUnload();
 }
 
-TEST_F(DocumentListsTest, AConsistWithAUnitThatCannotBeListedOpensWithTheUnitsBeforeIt)
+TEST_F(DocumentListsTest, ConsistWithAnUnlistableUnitShowsTheUnitsBeforeIt)
 {
     Start();
     const std::string file = writeHoled();

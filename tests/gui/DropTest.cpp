@@ -27,7 +27,7 @@ protected:
 
 } // namespace
 
-TEST_F(DropTest, OneMessageNamesAllThatIsNotSupported)
+TEST_F(DropTest, OneMessageNamesAllUnsupportedFiles)
 {
     Start();
     const std::string text = game.Write("read.me"), world = game.Write("w-1.w");
@@ -44,7 +44,7 @@ TEST_F(DropTest, OneMessageNamesAllThatIsNotSupported)
     EXPECT_TRUE(log.ends_with("\nand 10 more\n")) << log;
 }
 
-TEST_F(DropTest, AnInstallationFolderIsOfferedAsTheLocation)
+TEST_F(DropTest, OffersAnInstallationFolderAsTheLocation)
 {
     other.Write("TRAINS/Consists/Else.con", "x");
     Start();
@@ -66,7 +66,7 @@ TEST_F(DropTest, AnInstallationFolderIsOfferedAsTheLocation)
                                  "editting a consist!\n");
 }
 
-TEST_F(DropTest, FileOpenBeginsInTheFolderOfTheFileOpenedLast)
+TEST_F(DropTest, FileOpenStartsInTheFolderOfTheLastOpenedFile)
 {
     Start();
     Trigger("mnuFileOpen");

@@ -39,7 +39,7 @@ protected:
 
 } // namespace
 
-TEST_F(ForeignNamesTest, TheCommandLineKeepsTheBytes)
+TEST_F(ForeignNamesTest, CommandLineKeepsTheBytes)
 {
     std::string program = "zelk";
     char *arguments[] = {program.data(), file.data(), nullptr};
@@ -60,7 +60,7 @@ TEST_F(ForeignNamesTest, DropsKeepTheBytes)
     EXPECT_EQ(game.Names("Trains/Consists").size(), 4U);
 }
 
-TEST_F(ForeignNamesTest, TheFileDialogListsThemAndTakesWhatIsTyped)
+TEST_F(ForeignNamesTest, FileDialogListsThemAndAcceptsTypedNames)
 {
     app::QtDialogs chooser;
     const host::FileDialogRequest request{"Open", "Consist Files (*.con)|*.con", "",
@@ -80,7 +80,7 @@ TEST_F(ForeignNamesTest, TheFileDialogListsThemAndTakesWhatIsTyped)
     EXPECT_EQ(chooser.OpenFile({"Open", "All (*.*)|*.*", "", plain}), "");
 }
 
-TEST_F(ForeignNamesTest, ReplacedCharactersLeadBackToTheFile)
+TEST_F(ForeignNamesTest, ReplacementCharactersStillFindTheFile)
 {
     const QString folder = QString::fromStdString(game.At("Trains/Consists/"));
     using Paths = std::vector<std::string>;

@@ -70,7 +70,7 @@ class GuideTest : public GuiTest
 
 } // namespace
 
-TEST_F(GuideTest, NamesEveryCommandAndItsKeys)
+TEST_F(GuideTest, ListsEveryCommandAndItsKeys)
 {
     Start();
     window->NewDocumentWindow(2, {}); // some keys work only in 3D views
@@ -94,7 +94,7 @@ TEST_F(GuideTest, CommandsInTheTextExist)
         EXPECT_EQ(commands.count(named), 1U) << named;
 }
 
-TEST_F(GuideTest, LinksLeadSomewhere)
+TEST_F(GuideTest, LinksHaveTargets)
 {
     const QString text = guide();
     const Texts ids = allOf(text, "\\bid=\"([^\"]*)\""),

@@ -102,7 +102,7 @@ protected:
 
 } // namespace
 
-TEST_F(KeyboardTest, TabLeadsThroughEveryDialogAndEnterAndEscEndIt)
+TEST_F(KeyboardTest, TabReachesAllControlsOfDialogsAndEnterAndEscCloseThem)
 {
     const auto selector = [] {
         auto form = std::make_unique<frmSelector>();
@@ -147,7 +147,7 @@ TEST_F(KeyboardTest, TabLeadsThroughEveryDialogAndEnterAndEscEndIt)
     }
 }
 
-TEST_F(KeyboardTest, TabLeadsThroughEveryDocumentWindow)
+TEST_F(KeyboardTest, TabReachesAllControlsOfDocumentWindows)
 {
     Start();
     EXPECT_EQ(tabOrder(*window), "lvConsists");
@@ -162,7 +162,7 @@ TEST_F(KeyboardTest, TabLeadsThroughEveryDocumentWindow)
     expectUnique("editor", keysOf(window->menuBar()->actions()) + keysIn(editor));
 }
 
-TEST_F(KeyboardTest, TheFindBarIsPartOfTheOrder)
+TEST_F(KeyboardTest, FindBarIsPartOfTheTabOrder)
 {
     const std::unique_ptr<QDialog> results = Results();
     results->show();
@@ -175,7 +175,7 @@ TEST_F(KeyboardTest, TheFindBarIsPartOfTheOrder)
     expectUnique("results", keysIn(*results));
 }
 
-TEST_F(KeyboardTest, AConsistIsEditedByKeysAlone)
+TEST_F(KeyboardTest, EditsAConsistWithKeysOnly)
 {
     Start();
     Press(Qt::Key_Home);

@@ -36,7 +36,7 @@ struct ShownList
 
 } // namespace
 
-TEST(ListViewTest, ColumnsFillTheWidthUntilTheUserSizesOne)
+TEST(ListViewTest, ColumnsFillTheWidthUntilTheUserResizesOne)
 {
     ShownList shown;
     EXPECT_EQ(shown.Width(), shown.list.viewport()->width());
@@ -47,7 +47,7 @@ TEST(ListViewTest, ColumnsFillTheWidthUntilTheUserSizesOne)
     EXPECT_EQ(shown.list.columnWidth(1), 77);
 }
 
-TEST(ListViewTest, GivenWidthsAreTakenIfEachColumnHasAUsefulOne)
+TEST(ListViewTest, UsesGivenWidthsIfAllAreUseful)
 {
     ShownList shown;
     const std::vector<int> before = shown.list.ColumnWidths();
@@ -62,7 +62,7 @@ TEST(ListViewTest, GivenWidthsAreTakenIfEachColumnHasAUsefulOne)
     EXPECT_EQ(shown.list.ColumnWidths(), useful);
 }
 
-TEST(ListViewTest, TypingFindsInTheSearchColumn)
+TEST(ListViewTest, TypingSearchesTheSearchColumn)
 {
     ShownList shown;
     shown.list.SetSearchColumn(2);
@@ -86,7 +86,7 @@ TEST(ListViewTest, SortingKeepsTheSelectionOnItsItem)
     EXPECT_EQ(shown.model.Item(1).shape, "first");
 }
 
-TEST(ListViewTest, TheMouseShowsWhatIsCutOff)
+TEST(ListViewTest, TooltipShowsTruncatedText)
 {
     ShownList shown;
     shown.list.header()->resizeSection(1, 200);
@@ -104,7 +104,7 @@ TEST(ListViewTest, TheMouseShowsWhatIsCutOff)
     QToolTip::hideText();
 }
 
-TEST(ListViewTest, AHintStandsInAnEmptyListOnly)
+TEST(ListViewTest, OnlyAnEmptyListShowsAHint)
 {
     ShownList shown;
     const auto pictureChanges = [&shown] {
@@ -119,7 +119,7 @@ TEST(ListViewTest, AHintStandsInAnEmptyListOnly)
     EXPECT_TRUE(pictureChanges());
 }
 
-TEST(ListViewTest, TheFirstKeySelectsTheRowThatHasTheFocus)
+TEST(ListViewTest, FirstKeySelectsTheFocusedRow)
 {
     ShownList shown;
     shown.list.setFocus();
@@ -128,7 +128,7 @@ TEST(ListViewTest, TheFirstKeySelectsTheRowThatHasTheFocus)
     EXPECT_EQ(shown.list.SelectedRow(), 0);
 }
 
-TEST(ListViewTest, TenThousandNamesAreShown)
+TEST(ListViewTest, ShowsTenThousandNames)
 {
     std::vector<std::string> names;
     names.reserve(10000);

@@ -95,7 +95,7 @@ class MainMenuTest : public GuiTest
 
 } // namespace
 
-TEST_F(MainMenuTest, TheWholeTree)
+TEST_F(MainMenuTest, HasExactlyTheseMenus)
 {
     Start();
     EXPECT_EQ(treeOf(window->menuBar()->actions(), ""), kTree);
@@ -107,7 +107,7 @@ TEST_F(MainMenuTest, TheWholeTree)
     }
 }
 
-TEST_F(MainMenuTest, TheToolBarFollowsTheMenu)
+TEST_F(MainMenuTest, ToolBarFollowsTheMenu)
 {
     Start();
     std::string buttons;
@@ -125,7 +125,7 @@ TEST_F(MainMenuTest, TheToolBarFollowsTheMenu)
     EXPECT_EQ(Find<QToolButton>(*window, "Filter").text(), QStringLiteral("Filter"));
 }
 
-TEST_F(MainMenuTest, CommandsThatAreNotImplementedSaySo)
+TEST_F(MainMenuTest, UnimplementedCommandsSaySo)
 {
     Start();
     for (const char *name :
@@ -152,7 +152,7 @@ TEST_F(MainMenuTest, ViewItemsShowAndHideTheBars)
         }
 }
 
-TEST_F(MainMenuTest, TheWindowMenuListsTheOpenWindows)
+TEST_F(MainMenuTest, WindowMenuListsTheOpenWindows)
 {
     Start();
     Trigger("mnuWindowNewWindow");

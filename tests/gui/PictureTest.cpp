@@ -98,7 +98,7 @@ std::string letter()
 
 } // namespace
 
-TEST_F(PictureTest, LetteringReadsTheRightWayRoundOnBothSides)
+TEST_F(PictureTest, LetteringIsNotMirroredOnEitherSide)
 {
     const Vec3 middle{0, 2, 0};
     const std::vector<Panel> wagon = {SidePanel(1, 1, middle, 5, 3),
@@ -116,7 +116,7 @@ TEST_F(PictureTest, LetteringReadsTheRightWayRoundOnBothSides)
     EXPECT_EQ(letterSeen(1, {0, 2, -8}, 5, 3, 1), letter());
 }
 
-TEST_F(PictureTest, TheFrontIsOnTheRightAndTurnsWithAFlippedVehicle)
+TEST_F(PictureTest, FrontIsOnTheRightAndOnTheLeftIfFlipped)
 {
     std::vector<Panel> engine = {
         SidePanel(1, 1, {0, 2, -2}, 2, 2), SidePanel(1, 1, {0, 2, 2}, 2, 2),
@@ -188,7 +188,7 @@ TEST_F(PictureTest, AlphaIsTestedBlendedAddedOrIgnored)
     }
 }
 
-TEST_F(PictureTest, BlendedPartsShowWhatLiesBehindThemWhateverTheirOrder)
+TEST_F(PictureTest, BlendedPartsShowObjectsBehindThemInAnyFileOrder)
 {
     folder.Write("blue.dds", PictureFile({0, 0, 255, 128}));
     folder.Write("yellow.dds", PictureFile({255, 255, 0, 128}));
@@ -210,7 +210,7 @@ TEST_F(PictureTest, BlendedPartsShowWhatLiesBehindThemWhateverTheirOrder)
     }
 }
 
-TEST_F(PictureTest, HazeHidesWhatIsFar)
+TEST_F(PictureTest, HazeHidesDistantObjects)
 {
     canvas->SetRangeNear(50);
     canvas->SetRangeFar(600);
@@ -235,7 +235,7 @@ TEST_F(PictureTest, HazeHidesWhatIsFar)
     }
 }
 
-TEST_F(PictureTest, AMissingTextureIsACheckerPattern)
+TEST_F(PictureTest, MissingTextureIsACheckerPattern)
 {
     Panel wall = SidePanel(1, 1, {0, 2, 0}, 4, 4);
     wall.image = "nowhere.ace";
@@ -255,7 +255,7 @@ TEST_F(PictureTest, AMissingTextureIsACheckerPattern)
     EXPECT_TRUE(close(at({1, 2, 0}), kWhite)) << "flashed, it is plain";
 }
 
-TEST_F(PictureTest, ACompressedTextureWithOneLevelDoesNotShimmer)
+TEST_F(PictureTest, CompressedTextureWithOneLevelDoesNotShimmer)
 {
     // A single level of alternating black and white rows of pixels: 64 x 64 blocks.
     std::string file = "DDS ";
@@ -282,7 +282,7 @@ TEST_F(PictureTest, ACompressedTextureWithOneLevelDoesNotShimmer)
             << y << ": " << at({0, y, 0}).name().toStdString();
 }
 
-TEST_F(PictureTest, TheSceneHasSkyGroundAndTrack)
+TEST_F(PictureTest, SceneHasSkyGroundAndTrack)
 {
     lookFrom({10, 2, 0}, {0, 2, 0});
     take("scenery");

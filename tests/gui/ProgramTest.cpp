@@ -27,7 +27,7 @@ class GivenFileTest : public GuiTest
 {
 };
 
-TEST_F(GivenFileTest, TheWholeCommandLineIsOnePath)
+TEST_F(GivenFileTest, WholeCommandLineIsOnePath)
 {
     const std::string file = WriteConsist("Ore  train", {"box"});
     const struct
@@ -69,7 +69,7 @@ TEST(ProgramTest, VersionAndHelpNeedNoDisplay)
     EXPECT_EQ(exitCode, 0);
 }
 
-TEST(ProgramTest, TheProgramOpensTheConsistItIsGiven)
+TEST(ProgramTest, OpensTheConsistOnTheCommandLine)
 {
     if (!CanCloseWindows())
         GTEST_SKIP() << "needs an X display";

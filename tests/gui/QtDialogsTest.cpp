@@ -13,7 +13,7 @@ using host::DialogAnswer;
 using host::DialogButtons;
 using host::DialogIcon;
 
-TEST(QtDialogsTest, MessageBoxesShowPlainTextAndGiveTheAnswer)
+TEST(QtDialogsTest, MessageBoxesShowPlainTextAndReturnTheAnswer)
 {
     const struct
     {
@@ -55,7 +55,7 @@ TEST(QtDialogsTest, MessageBoxesShowPlainTextAndGiveTheAnswer)
     }
 }
 
-TEST(QtDialogsTest, InputBoxesGiveTheTextOrNothing)
+TEST(QtDialogsTest, InputBoxesReturnTheTextOrNothing)
 {
     app::QtDialogs dialogs;
     for (const bool accepted : {true, false}) {
@@ -71,7 +71,7 @@ TEST(QtDialogsTest, InputBoxesGiveTheTextOrNothing)
     }
 }
 
-TEST(QtDialogsTest, FileDialogsOpenWhereAskedWithTheFilterInForce)
+TEST(QtDialogsTest, FileDialogsOpenInTheGivenFolderWithTheFilter)
 {
     const support::TempFolder folder;
     const std::string file = folder.Write("Night.CON");
@@ -92,7 +92,7 @@ TEST(QtDialogsTest, FileDialogsOpenWhereAskedWithTheFilterInForce)
     EXPECT_EQ(dialogs.OpenFile(request), "");
 }
 
-TEST(QtDialogsTest, ANameToSaveGetsItsExtensionAndNoQuestion)
+TEST(QtDialogsTest, SaveDialogAddsTheExtensionWithoutAsking)
 {
     const support::TempFolder folder;
     folder.Write("Old.con");

@@ -67,7 +67,7 @@ const std::string kCloseQuestion =
 
 } // namespace
 
-TEST_F(SavingTest, AFileChangedBySomebodyElseIsNeverOverwrittenUnasked)
+TEST_F(SavingTest, AsksBeforeOverwritingAFileChangedByAnotherProgram)
 {
     const struct
     {
@@ -124,7 +124,7 @@ TEST_F(SavingTest, AFileChangedBySomebodyElseIsNeverOverwrittenUnasked)
     }
 }
 
-TEST_F(SavingTest, AFileThatAppearsUnderANewConsistIsAskedFor)
+TEST_F(SavingTest, AsksAboutAFileThatAppearedUnderTheNameOfANewConsist)
 {
     Start();
     window->OpenFile(ConsistFile("Late"));
@@ -138,7 +138,7 @@ TEST_F(SavingTest, AFileThatAppearsUnderANewConsistIsAskedFor)
     EXPECT_EQ(dialogs.TakeLog(), savedMessage("Late")) << "nothing is lost by writing it again";
 }
 
-TEST_F(SavingTest, OtherFilesAndTheScratchCopyAreNotAskedFor)
+TEST_F(SavingTest, DoesNotAskAboutOtherFilesAndTheScratchCopy)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -158,7 +158,7 @@ TEST_F(SavingTest, OtherFilesAndTheScratchCopyAreNotAskedFor)
     EXPECT_EQ(ShapesIn(ConsistFile("Coal")) + '|' + ShapesIn(ConsistFile("Copy")), "Oil|hopper");
 }
 
-TEST_F(SavingTest, NoKeepsTheProgramAndTheOtherWindowsOfSaveAll)
+TEST_F(SavingTest, NoKeepsTheProgramOpenAndSaveAllContinues)
 {
     Start();
     frmDocument &first = OpenEditor("Coal");
@@ -184,7 +184,7 @@ TEST_F(SavingTest, NoKeepsTheProgramAndTheOtherWindowsOfSaveAll)
     first.AllowUnload();
 }
 
-TEST_F(SavingTest, AnUnchangedEditorFollowsAnotherThatSavesItsFile)
+TEST_F(SavingTest, UnchangedEditorShowsWhatAnotherEditorSaved)
 {
     WriteConsist("Long", std::vector<std::string>(80, "hopper"));
     Start();
@@ -212,7 +212,7 @@ TEST_F(SavingTest, AnUnchangedEditorFollowsAnotherThatSavesItsFile)
     EXPECT_EQ(writer.Consist().Rows().size(), 78u);
 }
 
-TEST_F(SavingTest, AChangedEditorIsReportedWhenAnotherSavesItsFile)
+TEST_F(SavingTest, ChangedEditorReportsThatAnotherEditorSavedItsFile)
 {
     Start();
     frmDocument &first = OpenEditor("GP38 Local"), &second = OpenEditor("GP38 Local");
@@ -234,7 +234,7 @@ TEST_F(SavingTest, AChangedEditorIsReportedWhenAnotherSavesItsFile)
     EXPECT_EQ(second.Consist().Rows().size(), 2u);
 }
 
-TEST_F(SavingTest, AFailedSaveAsLeavesNameAndCaption)
+TEST_F(SavingTest, FailedSaveAsKeepsNameAndCaption)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -255,7 +255,7 @@ TEST_F(SavingTest, AFailedSaveAsLeavesNameAndCaption)
     }
 }
 
-TEST_F(SavingTest, ANewConsistKeepsItsCaptionAndApplyAsksForItsName)
+TEST_F(SavingTest, NewConsistKeepsItsCaptionAndApplyAsksForItsName)
 {
     Start();
     Trigger("mnuFileNewConsist");
@@ -278,7 +278,7 @@ TEST_F(SavingTest, ANewConsistKeepsItsCaptionAndApplyAsksForItsName)
     EXPECT_FALSE(editor.Changed());
 }
 
-TEST_F(SavingTest, UnsavedChangesShowInTheHeadingAndTheWindowMenu)
+TEST_F(SavingTest, HeadingAndWindowMenuShowUnsavedChanges)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -293,7 +293,7 @@ TEST_F(SavingTest, UnsavedChangesShowInTheHeadingAndTheWindowMenu)
     EXPECT_EQ(lastInWindowMenu(), "&2 Consist - Coal");
 }
 
-TEST_F(SavingTest, RefreshReadsConsistAndStockAndReportsAFileThatIsGone)
+TEST_F(SavingTest, RefreshReadsConsistAndStockAndReportsAMissingFile)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");

@@ -44,7 +44,7 @@ protected:
 
 } // namespace
 
-TEST_F(ShellTest, TheClipboardCarriesTheNameOfAConsist)
+TEST_F(ShellTest, ClipboardHoldsTheNameOfAConsist)
 {
     Start();
     QGuiApplication::clipboard()->setText(QStringLiteral("before"));
@@ -75,7 +75,7 @@ TEST_F(ShellTest, TheClipboardCarriesTheNameOfAConsist)
     EXPECT_EQ(Status(), "");
 }
 
-TEST_F(ShellTest, ProgramsOfTheInstallationAreStartedAndFailuresTold)
+TEST_F(ShellTest, StartsProgramsOfTheInstallationAndReportsFailures)
 {
     game.Write("train.exe");
     Start();
@@ -99,7 +99,7 @@ TEST_F(ShellTest, ProgramsOfTheInstallationAreStartedAndFailuresTold)
                                  "is no browser for it.\n");
 }
 
-TEST_F(ShellTest, EachKindOfWindowPrintsUnderItsName)
+TEST_F(ShellTest, EachKindOfWindowPrintsUnderItsOwnName)
 {
     Start();
     printers.file = game.At("list.pdf");
@@ -121,7 +121,7 @@ TEST_F(ShellTest, EachKindOfWindowPrintsUnderItsName)
     EXPECT_TRUE(dialogs.TakeLog().starts_with("critical|Print Consist|Nothing could be printed"));
 }
 
-TEST_F(ShellTest, PrintsAreAsLongAsWhatIsInThem)
+TEST_F(ShellTest, PrintoutsHaveAsManyPagesAsTheirContentNeeds)
 {
     Start();
     QStringList names;
@@ -159,7 +159,7 @@ TEST_F(ShellTest, PrintsAreAsLongAsWhatIsInThem)
     }
 }
 
-TEST_F(ShellTest, PaperCanBeSetForFilesToo)
+TEST_F(ShellTest, PageSetupAppliesToFiles)
 {
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
@@ -188,7 +188,7 @@ TEST_F(ShellTest, PaperCanBeSetForFilesToo)
                     QPageLayout::Millimeter)));
 }
 
-TEST_F(ShellTest, AboutTellsVersionsAndWhatAReportNeeds)
+TEST_F(ShellTest, AboutShowsVersionsAndFactsForABugReport)
 {
     Start();
     std::string versions;

@@ -34,7 +34,7 @@ constexpr int kAll = kFolders * kInFolder + 5;
 
 } // namespace
 
-TEST_F(StockLoaderTest, TheListFillsWhileTheWindowLives)
+TEST_F(StockLoaderTest, ListFillsWhileTheWindowStaysResponsive)
 {
     StartOnly();
     window->OpenFile(ConsistFile("none"));
@@ -46,7 +46,7 @@ TEST_F(StockLoaderTest, TheListFillsWhileTheWindowLives)
     EXPECT_NE(Status().find(" loaded: " + std::to_string(kAll) + " items"), std::string::npos);
 }
 
-TEST_F(StockLoaderTest, EscapeStopsAndKeepsWhatWasFoundUntilARefresh)
+TEST_F(StockLoaderTest, EscapeStopsAndKeepsTheRowsUntilARefresh)
 {
     Start();
     window->OpenFile(ConsistFile("Coal"));
@@ -62,7 +62,7 @@ TEST_F(StockLoaderTest, EscapeStopsAndKeepsWhatWasFoundUntilARefresh)
     EXPECT_EQ(rows(), kAll);
 }
 
-TEST_F(StockLoaderTest, AScanCanBeBegunAnewAndItsWindowClosed)
+TEST_F(StockLoaderTest, ScanCanBeRestartedAndItsWindowClosed)
 {
     StartOnly(ConsistFile("none"));
     Active()->SetFilter("Big 1*");
@@ -81,7 +81,7 @@ TEST_F(StockLoaderTest, AScanCanBeBegunAnewAndItsWindowClosed)
     EXPECT_TRUE(window->close()) << "the program ends in the middle of a scan";
 }
 
-TEST_F(StockLoaderTest, HeadersSortAlsoWhileTheListFills)
+TEST_F(StockLoaderTest, HeadersSortWhileTheListFills)
 {
     StartOnly(ConsistFile("none"));
     auto &list = Find<ListView>(*Active(), "lvStock");

@@ -107,7 +107,7 @@ const viewer::CameraPose kSide{10, 2, -15, 0, 2, -15};
 
 } // namespace
 
-TEST_F(ViewsTest, TheListShowsAConsistInASideView)
+TEST_F(ViewsTest, ListShowsAConsistInASideView)
 {
     Start();
     Trigger("mnuConsistView");
@@ -168,7 +168,7 @@ TEST_F(ViewsTest, MouseWheelAndKeysMoveTheCamera)
     EXPECT_EQ(pane().vscView->value(), 2);
 }
 
-TEST_F(ViewsTest, ADragOverTheTargetGoesOnAsItBegan)
+TEST_F(ViewsTest, DragOverTheTargetKeepsItsDirection)
 {
     viewCoal();
     const QPoint from(100, 200);
@@ -188,7 +188,7 @@ TEST_F(ViewsTest, ADragOverTheTargetGoesOnAsItBegan)
     EXPECT_LT(camera().CamZ, -20) << "from above, the next drag swings it along the train";
 }
 
-TEST_F(ViewsTest, ATurnedViewKeepsItsDistance)
+TEST_F(ViewsTest, TurnedViewKeepsItsDistance)
 {
     viewCoal();
     drag(Qt::LeftButton, {314, 0});
@@ -225,7 +225,7 @@ TEST_F(ViewsTest, ScrollBarsMoveTheCameraAndFollowIt)
     EXPECT_EQ(pane().vscView->value(), 3) << "below the bar's range it stays";
 }
 
-TEST_F(ViewsTest, ThePictureComesBackAfterHidingAndResizing)
+TEST_F(ViewsTest, RestoresThePictureAfterHidingAndResizing)
 {
     viewCoal();
     pane().hscView->setValue(10);
@@ -273,7 +273,7 @@ TEST_F(ViewsTest, SavingWritesNumberedPictures)
     EXPECT_EQ(Status(), "The picture was not saved.");
 }
 
-TEST_F(ViewsTest, ThePathOfASavedPictureStaysInTheWindow)
+TEST_F(ViewsTest, PathOfASavedPictureStaysVisible)
 {
     viewCoal();
     const QSize before = canvas().size();
@@ -315,7 +315,7 @@ TEST_F(ViewsTest, ThePathOfASavedPictureStaysInTheWindow)
     EXPECT_TRUE(canvas().hasFocus());
 }
 
-TEST_F(ViewsTest, TheFolderOfPicturesOpens)
+TEST_F(ViewsTest, OpensTheFolderOfPictures)
 {
     Start();
     Trigger("mnuViewPictures");
@@ -326,7 +326,7 @@ TEST_F(ViewsTest, TheFolderOfPicturesOpens)
                                      " cannot be opened: there is no program for it.\n");
 }
 
-TEST_F(ViewsTest, ThePictureIsPrinted)
+TEST_F(ViewsTest, PrintsThePicture)
 {
     viewCoal();
     printers.file = game.At("view.pdf");
@@ -340,7 +340,7 @@ TEST_F(ViewsTest, ThePictureIsPrinted)
     EXPECT_EQ(dialogs.TakeLog(), "");
 }
 
-TEST_F(ViewsTest, FilesOfEachKindOpenInTheirWindow)
+TEST_F(ViewsTest, FilesOfEachKindOpenInTheRightWindow)
 {
     Start();
     const std::string folder = game.At("Trains/Trainset/Boxcars/");
@@ -406,7 +406,7 @@ TEST_F(ViewsTest, LooseConsistsOpenOneAfterTheOther)
     EXPECT_EQ(Active()->Caption() + "\n", caption(3)) << "and the window its caption";
 }
 
-TEST_F(ViewsTest, AnEditorShowsItsConsistSavedOrNot)
+TEST_F(ViewsTest, EditorShowsItsConsistSavedOrNot)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -444,7 +444,7 @@ TEST_F(ViewsTest, AnEditorShowsItsConsistSavedOrNot)
     EXPECT_EQ(Active()->FileName(), ConsistFile("Coal"));
 }
 
-TEST_F(ViewsTest, AnEditorShowsTheSelectedStock)
+TEST_F(ViewsTest, EditorShowsTheSelectedStock)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -469,7 +469,7 @@ TEST_F(ViewsTest, AnEditorShowsTheSelectedStock)
     editor.AllowUnload();
 }
 
-TEST_F(ViewsTest, PropertiesTellWhatIsShown)
+TEST_F(ViewsTest, PropertiesListWhatIsShown)
 {
     Start();
     Trigger("mnuFileProperties");
@@ -501,7 +501,7 @@ TEST_F(ViewsTest, PropertiesTellWhatIsShown)
     reports.back()->close();
 }
 
-TEST_F(ViewsTest, WhatCannotBeShownIsToldAndTheRestGoesOn)
+TEST_F(ViewsTest, ReportsWhatCannotBeShownAndShowsTheRest)
 {
     Start();
     WriteConsist("Gappy", {"box", "gone", "holed", "box"});
@@ -527,7 +527,7 @@ TEST_F(ViewsTest, WhatCannotBeShownIsToldAndTheRestGoesOn)
     EXPECT_EQ(Status(), "Done. Texture side.dds is missing");
 }
 
-TEST_F(ViewsTest, ATrainThatIsTooLongForTheScrollBarIsTold)
+TEST_F(ViewsTest, ReportsATrainTooLongForTheScrollBar)
 {
     writeStock("Boxcars/hopper.wag", "Wagon", 70000, "box.s");
     viewCoal();
@@ -539,7 +539,7 @@ TEST_F(ViewsTest, ATrainThatIsTooLongForTheScrollBarIsTold)
     expectNear(camera(), {10, 2, -35005, 0, 2, -35005}, "its middle");
 }
 
-TEST_F(ViewsTest, TwoWindowsShareWhatTheyShowAndOneMayClose)
+TEST_F(ViewsTest, WindowsShareModelsAndEitherMayClose)
 {
     viewCoal();
     frmDocument &first = *Active();
@@ -559,7 +559,7 @@ TEST_F(ViewsTest, TwoWindowsShareWhatTheyShowAndOneMayClose)
     EXPECT_EQ(scene().Models.Count(), 2);
 }
 
-TEST_F(ViewsTest, TheWindowAnswersInTheMiddleOfALayout)
+TEST_F(ViewsTest, WindowRespondsDuringALayout)
 {
     WriteConsist("Long", std::vector<std::string>(2000, "box"));
     Start();
@@ -611,7 +611,7 @@ TEST_F(ViewsTest, EscStopsALongLoading)
     EXPECT_EQ(Status(), "Stopped after " + std::to_string(there) + " of 3000 vehicles");
 }
 
-TEST_F(ViewsTest, ClosingLetsGoOfEverything)
+TEST_F(ViewsTest, ClosingReleasesEverything)
 {
     host::AppendTraceLine("test"); // on Windows all programs share the log
     const auto traceBegin = std::filesystem::file_size(host::TraceLogFile());

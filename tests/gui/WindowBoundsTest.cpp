@@ -15,7 +15,7 @@ QRect read(const std::string &left, const std::string &width)
 
 } // namespace
 
-TEST(WindowBoundsTest, MissingAndUselessSettingsTakeTheirDefaults)
+TEST(WindowBoundsTest, MissingAndInvalidSettingsGiveDefaults)
 {
     MemorySettings none;
     EXPECT_EQ(app::ReadMainBounds(none), QRect(67, 67, 433, 433));
@@ -25,7 +25,7 @@ TEST(WindowBoundsTest, MissingAndUselessSettingsTakeTheirDefaults)
     EXPECT_EQ(read("-1e30", "150"), QRect(-66667, 67, 10, 433)) << "kept within numbers";
 }
 
-TEST(WindowBoundsTest, WhatIsWrittenIsReadBack)
+TEST(WindowBoundsTest, WrittenBoundsAreReadBack)
 {
     MemorySettings settings;
     const QRect bounds(-120, 33, 777, 555);
@@ -34,7 +34,7 @@ TEST(WindowBoundsTest, WhatIsWrittenIsReadBack)
     EXPECT_EQ(app::ReadMainBounds(settings), bounds);
 }
 
-TEST(WindowSettingsTest, AreReadBackAndUselessOnesTakeTheirDefaults)
+TEST(WindowSettingsTest, AreReadBackAndInvalidOnesGiveDefaults)
 {
     MemorySettings settings;
     app::WindowSettings windows;
@@ -62,7 +62,7 @@ TEST(WindowSettingsTest, AreReadBackAndUselessOnesTakeTheirDefaults)
     EXPECT_EQ(none.editors.stockOrder.column, -1);
 }
 
-TEST(WindowBoundsTest, WindowsComeBackOntoAScreen)
+TEST(WindowBoundsTest, MovesWindowsBackOntoAScreen)
 {
     const QList<QRect> screens = {QRect(0, 0, 1280, 770), QRect(1280, 0, 800, 600)};
     const struct

@@ -58,7 +58,7 @@ protected:
 
 } // namespace
 
-TEST_F(WindowsTest, TheWindowInQuestionIsInFrontWhenTheUserIsAsked)
+TEST_F(WindowsTest, ActivatesTheAffectedWindowBeforeAsking)
 {
     Start();
     frmDocument &list = *Active(), &coal = openChanged("Coal");
@@ -98,7 +98,7 @@ TEST_F(WindowsTest, CloseAllAsksForEachChangedWindowAndStopsAtCancel)
     EXPECT_FALSE(Find<QAction>(*window, "mnuWindowCloseAll").isEnabled());
 }
 
-TEST_F(WindowsTest, ClosingAWindowLeadsBackToTheOneUsedBefore)
+TEST_F(WindowsTest, ClosingAWindowActivatesTheOneUsedBefore)
 {
     Start();
     frmDocument &list = *Active(), &coal = OpenEditor("Coal"), &north = OpenEditor("Freight North");
@@ -118,7 +118,7 @@ TEST_F(WindowsTest, ClosingAWindowLeadsBackToTheOneUsedBefore)
     EXPECT_EQ(Active(), &list) << "not a minimised one";
 }
 
-TEST_F(WindowsTest, MinimisedWindowsAreTheLastToComeToTheFront)
+TEST_F(WindowsTest, MinimisedWindowsAreActivatedLast)
 {
     Start();
     frmDocument &list = *Active(), &coal = OpenEditor("Coal"), &north = OpenEditor("Freight North");
@@ -185,7 +185,7 @@ TEST_F(WindowsTest, ArrangedWindowsStayUsable)
     }
 }
 
-TEST_F(WindowsTest, AMaximisedMainWindowComesBackMaximised)
+TEST_F(WindowsTest, MaximisedMainWindowIsRestoredMaximised)
 {
     Start();
     const QRect normal(window->pos(), window->size());
@@ -204,7 +204,7 @@ TEST_F(WindowsTest, AMaximisedMainWindowComesBackMaximised)
     EXPECT_EQ(window->size(), normal.size());
 }
 
-TEST_F(WindowsTest, WidthsAndSortingOfTheEditorsListsAreRemembered)
+TEST_F(WindowsTest, RemembersWidthsAndSortingOfTheEditorsLists)
 {
     Start();
     OpenEditor("Coal");

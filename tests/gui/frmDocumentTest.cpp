@@ -47,7 +47,7 @@ const std::string kLost =
 
 } // namespace
 
-TEST_F(frmDocumentTest, FilterLimitsTheListAndShowsInItsCaption)
+TEST_F(frmDocumentTest, FilterShortensTheListAndAppearsInItsCaption)
 {
     Start();
     dialogs.AnswerInput("gp");
@@ -94,7 +94,7 @@ TEST_F(frmDocumentTest, EditCommandAndDoubleClickOpenTheSelectedConsist)
     EXPECT_EQ(Active()->Caption(), "Consist - GP38 Local");
 }
 
-TEST_F(frmDocumentTest, RightButtonPopsUpTheMenuOfTheList)
+TEST_F(frmDocumentTest, RightButtonOpensTheMenuOfTheList)
 {
     Start();
     const auto popsUp = [this](ListView &where, const char *name) {
@@ -111,7 +111,7 @@ TEST_F(frmDocumentTest, RightButtonPopsUpTheMenuOfTheList)
     popsUp(stock(), "mnuStock");
 }
 
-TEST_F(frmDocumentTest, AnEditorShowsConsistAndStock)
+TEST_F(frmDocumentTest, EditorShowsConsistAndStock)
 {
     Start();
     OpenEditor("Coal");
@@ -183,7 +183,7 @@ TEST_F(frmDocumentTest, ButtonsAndKeysEditTheTrain)
     Active()->AllowUnload();
 }
 
-TEST_F(frmDocumentTest, TheSelectedItemIsThatOfTheListLastEntered)
+TEST_F(frmDocumentTest, SelectedItemIsThatOfTheLastActiveList)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -219,7 +219,7 @@ TEST_F(frmDocumentTest, ApplySavesAndOkSavesAndCloses)
     EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
 }
 
-TEST_F(frmDocumentTest, AFailedSaveIsToldAndLosesNothing)
+TEST_F(frmDocumentTest, FailedSaveIsReportedAndLosesNothing)
 {
     Start();
     OpenEditor("Coal");
@@ -234,7 +234,7 @@ TEST_F(frmDocumentTest, AFailedSaveIsToldAndLosesNothing)
     EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "box hopper");
 }
 
-TEST_F(frmDocumentTest, CloseAsksTheRightQuestionOnEveryRoad)
+TEST_F(frmDocumentTest, CloseAsksBeforeDroppingChanges)
 {
     struct Road
     {
@@ -289,7 +289,7 @@ TEST_F(frmDocumentTest, CloseAsksTheRightQuestionOnEveryRoad)
     }
 }
 
-TEST_F(frmDocumentTest, AnUnchangedConsistClosesWithoutAQuestion)
+TEST_F(frmDocumentTest, UnchangedConsistClosesWithoutAQuestion)
 {
     Start();
     OpenEditor("Coal");
@@ -298,7 +298,7 @@ TEST_F(frmDocumentTest, AnUnchangedConsistClosesWithoutAQuestion)
     EXPECT_EQ(dialogs.Log(), "");
 }
 
-TEST_F(frmDocumentTest, ANewConsistGetsItsNameBySaveAs)
+TEST_F(frmDocumentTest, NewConsistGetsItsNameBySaveAs)
 {
     Start();
     Trigger("mnuFileNewConsist");
@@ -321,7 +321,7 @@ TEST_F(frmDocumentTest, ANewConsistGetsItsNameBySaveAs)
     EXPECT_FALSE(savable());
 }
 
-TEST_F(frmDocumentTest, GivingUpSaveAsKeepsTheName)
+TEST_F(frmDocumentTest, CancelledSaveAsKeepsTheName)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -389,7 +389,7 @@ TEST_F(frmDocumentTest, RefreshAsksBeforeItDropsChanges)
     })) << Status();
 }
 
-TEST_F(frmDocumentTest, AFileThatWentBadOrAwayUnderItsWindowDoesNoHarm)
+TEST_F(frmDocumentTest, SurvivesAFileThatIsDamagedOrRemovedUnderItsWindow)
 {
     Start();
     OpenEditor("Coal");
@@ -415,7 +415,7 @@ TEST_F(frmDocumentTest, AFileThatWentBadOrAwayUnderItsWindowDoesNoHarm)
     Active()->AllowUnload();
 }
 
-TEST_F(frmDocumentTest, AnInstallationThatVanishesLeavesEmptyLists)
+TEST_F(frmDocumentTest, VanishedInstallationLeavesEmptyLists)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -430,7 +430,7 @@ TEST_F(frmDocumentTest, AnInstallationThatVanishesLeavesEmptyLists)
     EXPECT_EQ(Find<ListView>(*window->Documents().front(), "lvConsists").model()->rowCount(), 0);
 }
 
-TEST_F(frmDocumentTest, DraggingStockIsLogged)
+TEST_F(frmDocumentTest, LogsDraggedStock)
 {
     host::AppendTraceLine("test"); // on Windows all programs share the log
     const std::size_t before = host::GameFiles().ReadFile(host::TraceLogFile()).size();

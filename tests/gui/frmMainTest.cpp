@@ -42,7 +42,7 @@ TEST_F(frmMainTest, StartsWithAListOfTheInstalledConsists)
     EXPECT_EQ(window->size(), QSize(900, 640));
 }
 
-TEST_F(frmMainTest, AFileOnTheCommandLineOpensInsteadOfTheList)
+TEST_F(frmMainTest, FileOnTheCommandLineOpensInsteadOfTheList)
 {
     Start(ConsistFile("Coal"));
     EXPECT_EQ(captions(), "Consist - " + ConsistFile("Coal") + "\n");
@@ -50,7 +50,7 @@ TEST_F(frmMainTest, AFileOnTheCommandLineOpensInsteadOfTheList)
               "Wagon/Boxcars/box Wagon/Boxcars/hopper");
 }
 
-TEST_F(frmMainTest, AMissingConsistStartsANewOneOfThatName)
+TEST_F(frmMainTest, MissingConsistStartsANewOneOfThatName)
 {
     StartOnly(ConsistFile("New Train"));
     EXPECT_EQ(Active()->FileName(), ConsistFile("New Train"));
@@ -60,7 +60,7 @@ TEST_F(frmMainTest, AMissingConsistStartsANewOneOfThatName)
     EXPECT_FALSE(game.Exists("Trains/Consists/New Train.con"));
 }
 
-TEST_F(frmMainTest, FilesThatCannotBeOpenedAreRefusedInWords)
+TEST_F(frmMainTest, RefusesOtherFilesWithAMessage)
 {
     Start();
     const std::string binary = game.Write("Trains/Consists/bin.con", std::string("\0\1\2\3", 4));
@@ -87,7 +87,7 @@ TEST_F(frmMainTest, FilesThatCannotBeOpenedAreRefusedInWords)
     EXPECT_EQ(captions(), "Consist List 1\n") << "nothing but the list is open";
 }
 
-TEST_F(frmMainTest, WindowsAreNumberedByModeAndNumbersAreNotUsedAgain)
+TEST_F(frmMainTest, WindowNumbersCountByModeAndAreNotReused)
 {
     Start();
     Trigger("mnuFileNewConsistList");
@@ -102,7 +102,7 @@ TEST_F(frmMainTest, WindowsAreNumberedByModeAndNumbersAreNotUsedAgain)
     EXPECT_EQ(Active()->Caption(), "Stock Item 1");
 }
 
-TEST_F(frmMainTest, DroppedFilesOpen)
+TEST_F(frmMainTest, OpensDroppedFiles)
 {
     Start();
     QMimeData data;
@@ -117,7 +117,7 @@ TEST_F(frmMainTest, DroppedFilesOpen)
     EXPECT_EQ(Active()->FileName(), host::path::Normalise(ConsistFile("Coal")));
 }
 
-TEST_F(frmMainTest, SettingsAreWrittenAtTheEnd)
+TEST_F(frmMainTest, WritesSettingsAtTheEnd)
 {
     settings.values["MSTSDir"] = " $msts ";
     settings.values["ScreenShotDir"] = "/pictures";
@@ -138,7 +138,7 @@ TEST_F(frmMainTest, SettingsAreWrittenAtTheEnd)
     EXPECT_EQ(settings.values, expected);
 }
 
-TEST_F(frmMainTest, SettingsThatCannotBeWrittenAreToldOnceAndTheProgramEnds)
+TEST_F(frmMainTest, UnwritableSettingsAreReportedOnceAndTheProgramEnds)
 {
     Start();
     settings.readOnly = true;
@@ -150,7 +150,7 @@ TEST_F(frmMainTest, SettingsThatCannotBeWrittenAreToldOnceAndTheProgramEnds)
     EXPECT_EQ(dialogs.TakeLog(), "");
 }
 
-TEST_F(frmMainTest, ClosingAsksForEveryChangedConsistAndCancelKeepsAll)
+TEST_F(frmMainTest, ClosingAsksAboutEveryChangedConsistAndCancelKeepsAll)
 {
     Start();
     for (const char *name : {"Coal", "Freight North"})
@@ -194,7 +194,7 @@ TEST_F(frmMainTest, TilingFillsTheAreaAndFollowsItWhenLocked)
     }
 }
 
-TEST_F(frmMainTest, WindowsGrowWithTheRoomUntilSomebodyResizesThem)
+TEST_F(frmMainTest, WindowsGrowWithTheAreaUntilTheUserResizesThem)
 {
     Start();
     window->resize(433, 433);
@@ -213,7 +213,7 @@ TEST_F(frmMainTest, WindowsGrowWithTheRoomUntilSomebodyResizesThem)
     EXPECT_EQ(other.size(), QSize(350, 300));
 }
 
-TEST_F(frmMainTest, MinimisedWindowsStandAtTheBottomBesideTheTiles)
+TEST_F(frmMainTest, MinimisedWindowsAreAtTheBottomBelowTheTiles)
 {
     Start();
     Trigger("mnuWindowNewWindow");

@@ -51,7 +51,7 @@ const std::string kRule(80, '=');
 
 } // namespace
 
-TEST_F(frmResultsTest, ShowsTheTextToReadAndCopy)
+TEST_F(frmResultsTest, ShowsReadOnlyTextToCopy)
 {
     EXPECT_TRUE(form->txtResults->isReadOnly());
     EXPECT_EQ(form->txtResults->toPlainText().toStdString(),
@@ -68,7 +68,7 @@ TEST_F(frmResultsTest, ShowsTheTextToReadAndCopy)
     EXPECT_EQ(Find<QLabel>(*form, "lblSummary").text(), QString());
 }
 
-TEST_F(frmResultsTest, SavingTwiceLeavesTwoFramedReports)
+TEST_F(frmResultsTest, SavingTwiceAppendsTwoFramedReports)
 {
     const std::string file = host::path::Join(folder.Path(), "box.log");
     for (int time = 0; time < 2; ++time) {
@@ -83,7 +83,7 @@ TEST_F(frmResultsTest, SavingTwiceLeavesTwoFramedReports)
     EXPECT_EQ(saved, report + report);
 }
 
-TEST_F(frmResultsTest, TheDefaultNameIsTheCaptionFromItsSixteenthCharacterOn)
+TEST_F(frmResultsTest, DefaultNameIsTheCaptionFromItsSixteenthCharacterOn)
 {
     const std::pair<std::string, std::string> rows[] = {
         {"Stock check of Coal", "Coal"},
@@ -108,7 +108,7 @@ TEST_F(frmResultsTest, TheDefaultNameIsTheCaptionFromItsSixteenthCharacterOn)
     EXPECT_NE(log.find('\n' + refusal + folder.At("none/x.log")), std::string::npos) << log;
 }
 
-TEST_F(frmResultsTest, FindGoesRoundTheTextInBothDirections)
+TEST_F(frmResultsTest, FindWrapsAroundInBothDirections)
 {
     press(Qt::Key_F3);
     auto &box = Find<QLineEdit>(*form, "txtFind");
@@ -127,7 +127,7 @@ TEST_F(frmResultsTest, FindGoesRoundTheTextInBothDirections)
     EXPECT_FALSE(Find<QWidget>(*form, "cmdFindNext").isEnabled());
 }
 
-TEST_F(frmResultsTest, EscClosesTheFindBarFirstThenTheWindow)
+TEST_F(frmResultsTest, EscClosesTheFindBarAndThenTheWindow)
 {
     form->txtResults->moveCursor(QTextCursor::EndOfWord, QTextCursor::KeepAnchor);
     press(Qt::Key_F, Qt::ControlModifier);

@@ -39,7 +39,7 @@ TEST(frmSelectorTest, ShowsEntriesAndTheDetailOfTheCurrentOne)
     EXPECT_EQ(details, "first|B route|a (b");
 }
 
-TEST(frmSelectorTest, SelectAllAndTheEntriesGoTogether)
+TEST(frmSelectorTest, SelectAllAndTheEntriesFollowEachOther)
 {
     frmSelector selector;
     selector.SelectFrom("A|B|C");
@@ -74,7 +74,7 @@ TEST(frmSelectorTest, ScreenReadersToggleSelectAll)
     EXPECT_EQ(marks(*selector.lvItems), "+A|B") << "the box follows the entries, not they the box";
 }
 
-TEST(frmSelectorTest, GivesWhatWasMarkedOnlyWhenItIsAccepted)
+TEST(frmSelectorTest, ReturnsTheMarkedEntriesOnlyIfAccepted)
 {
     const struct
     {

@@ -38,7 +38,7 @@ protected:
 
 } // namespace
 
-TEST_F(frmSetLocTest, ATypedFolderIsTakenAndTheListsFollow)
+TEST_F(frmSetLocTest, AcceptsATypedFolderAndRefreshesTheLists)
 {
     Start();
     choose([this](frmSetLoc &dialog) {
@@ -52,7 +52,7 @@ TEST_F(frmSetLocTest, ATypedFolderIsTakenAndTheListsFollow)
     EXPECT_EQ(settings.values["MSTSDir"], other.Path());
 }
 
-TEST_F(frmSetLocTest, TheHintFollowsTheTextAndIsReadAloud)
+TEST_F(frmSetLocTest, HintFollowsTheTextAndIsAnnounced)
 {
     other.MakeFolder("routes");
     Start();
@@ -73,7 +73,7 @@ TEST_F(frmSetLocTest, TheHintFollowsTheTextAndIsReadAloud)
     EXPECT_EQ(window->Installation().Override(), other.Path() + "/gone") << "never refused";
 }
 
-TEST_F(frmSetLocTest, BeginsAtHomeWithoutAFolder)
+TEST_F(frmSetLocTest, StartsInTheHomeFolderWithoutALocation)
 {
     m_known.Register("");
     settings.values.erase("MSTSDir");
@@ -97,7 +97,7 @@ TEST_F(frmSetLocTest, CancelChangesNothing)
     EXPECT_EQ(listed(), "Coal Freight North GP38 Local");
 }
 
-TEST_F(frmSetLocTest, TheRegisteredFolderClearsTheChoice)
+TEST_F(frmSetLocTest, RegisteredFolderClearsTheChoice)
 {
     settings.values["MSTSDir"] = other.Path();
     Start();
@@ -111,7 +111,7 @@ TEST_F(frmSetLocTest, TheRegisteredFolderClearsTheChoice)
     EXPECT_EQ(listed(), "Coal Freight North GP38 Local");
 }
 
-TEST_F(frmSetLocTest, TheTreeShowsTheFolderAndFillsTheBox)
+TEST_F(frmSetLocTest, TreeShowsTheFolderAndFillsTheBox)
 {
     frmSetLoc dialog(files);
     EXPECT_TRUE(dialog.Cancelled);

@@ -69,7 +69,7 @@ protected:
     host::GameFiles files;
 };
 
-TEST_F(DiskTest, FoldersThatDifferInCaseAreOne)
+TEST_F(DiskTest, MergesFoldersThatDifferOnlyInCase)
 {
     folder.Write("Set/Sound/a.sms");
     folder.Write("Set/SOUND/b.sms", "upper");
@@ -89,7 +89,7 @@ TEST_F(DiskTest, FoldersThatDifferInCaseAreOne)
     EXPECT_EQ(files.TargetOf(folder.At("Set/Sound/n.sms")), folder.At("Set/Sound/n.sms"));
 }
 
-TEST_F(DiskTest, NamesThatAreNoUtf8AreWindows1252)
+TEST_F(DiskTest, ReadsNamesThatAreNotUtf8AsWindows1252)
 {
     EXPECT_EQ(host::path::FromDisk(host::path::ToDisk("/x/\xE4.eng")), "/x/\xE4.eng");
     folder.Write("K\xF6ln/G\xFCter.con", "x");
@@ -104,7 +104,7 @@ TEST_F(DiskTest, NamesThatAreNoUtf8AreWindows1252)
     EXPECT_EQ(folder.Names("K\xF6ln"), Names{});
 }
 
-TEST_F(DiskTest, BytesOfTheDiskBecomeTheTextThatFindsThem)
+TEST_F(DiskTest, TextOfADiskNameFindsItAgain)
 {
     const auto textOf = [&](const std::string &name) {
         return files.TextOf(folder.At(name)).substr(folder.Path().size() + 1);
@@ -126,7 +126,7 @@ TEST_F(DiskTest, BytesOfTheDiskBecomeTheTextThatFindsThem)
     EXPECT_EQ(folder.Read("K\xF6ln/Züge/Güter.con"), "utf-8");
 }
 
-TEST_F(DiskTest, LinksAreWhatTheyLeadTo)
+TEST_F(DiskTest, TreatsLinksAsTheirTargets)
 {
     folder.Write("Real/a.con", "a");
     fs::create_directory_symlink("Real", folder.At("Link"));
@@ -183,7 +183,7 @@ TEST_F(DiskTest, WritingKeepsOwnerAndPermissions)
     EXPECT_EQ(modeOf(folder.At("new.con")), 0640u);
 }
 
-TEST_F(DiskTest, ReadOnlyFilesAreRefusedAlsoForTheAdministrator)
+TEST_F(DiskTest, RefusesReadOnlyFilesAlsoForRoot)
 {
     const std::string file = folder.Write("a.con", "old");
     ASSERT_EQ(chmod(file.c_str(), 0444), 0);
@@ -193,7 +193,7 @@ TEST_F(DiskTest, ReadOnlyFilesAreRefusedAlsoForTheAdministrator)
     EXPECT_EQ(folder.Names(), Names{"a.con"});
 }
 
-TEST_F(DiskTest, FailedWritesLeaveEverythingAsItWas)
+TEST_F(DiskTest, FailedWritesChangeNothing)
 {
     const std::string file = folder.Write("a.con", "old");
     {
@@ -208,7 +208,7 @@ TEST_F(DiskTest, FailedWritesLeaveEverythingAsItWas)
     EXPECT_EQ(folder.Names(), (Names{"a.con", "pipe"}));
 }
 
-TEST_F(DiskTest, WhatRefusesIsAbsentToLookUpsAndSaysSoToReaders)
+TEST_F(DiskTest, ClosedFilesAreAbsentToLookUpsAndAnErrorToReaders)
 {
     const std::string file = folder.Write("closed/a.con", "x");
     const std::string secret = folder.Write("open/secret.con", "x");
@@ -234,7 +234,7 @@ TEST_F(DiskTest, WhatRefusesIsAbsentToLookUpsAndSaysSoToReaders)
     EXPECT_EQ(files.ReadFile(folder.At("BLIND/a.con")), "seen");
 }
 
-TEST_F(DiskTest, AListingThatBreaksOffIsNone)
+TEST_F(DiskTest, PartialListingCountsAsEmpty)
 {
     const Names names = {"a.con", "b.con", "c.con"};
     for (const std::string &name : names)
@@ -253,7 +253,7 @@ TEST_F(DiskTest, AListingThatBreaksOffIsNone)
     EXPECT_GE(all, 1);
 }
 
-TEST_F(DiskTest, OddFilesDoNotHangReaders)
+TEST_F(DiskTest, SpecialFilesDoNotHangReaders)
 {
     ASSERT_EQ(mkfifo(folder.At("pipe.con").c_str(), 0666), 0);
     EXPECT_FALSE(files.FileExists(folder.At("pipe.con")));
@@ -279,7 +279,7 @@ TEST_F(DiskTest, RelativePathsStartAtTheWorkingFolder)
     EXPECT_EQ(folder.Read("Sub/b.con"), "y");
 }
 
-TEST_F(DiskTest, StampsSettleWhenTheClockHasMovedOn)
+TEST_F(DiskTest, StampsSettleAfterTheClockGranularity)
 {
     constexpr std::int64_t kSecond = 1'000'000'000;
     constexpr std::int64_t kFine = 1'700'000'000'123'456'789, kCoarse = 1'700'000'000 * kSecond;
@@ -304,7 +304,7 @@ TEST_F(DiskTest, StampsSettleWhenTheClockHasMovedOn)
             << row.name;
 }
 
-TEST_F(DiskTest, SettingsThatCannotBeReadAreNotReplaced)
+TEST_F(DiskTest, DoesNotReplaceUnreadableSettings)
 {
     const std::string file = folder.Write("s.ini", "[Settings]\na=1\n");
     chmod(file.c_str(), 0222);

@@ -34,7 +34,7 @@ protected:
     host::GameFiles files;
 };
 
-TEST(DiskPathsTest, Roots)
+TEST(DiskPathsTest, FindsTheRootOfAPath)
 {
     struct Row
     {
@@ -61,7 +61,7 @@ TEST(DiskPathsTest, Roots)
         EXPECT_EQ(disk::RootLength(row.path), row.length) << row.path;
 }
 
-TEST(DiskPathsTest, SystemPaths)
+TEST(DiskPathsTest, MakesSystemPaths)
 {
     const std::wstring longName(300, L'n');
     const std::pair<std::string, std::wstring> rows[] = {
@@ -81,7 +81,7 @@ TEST(DiskPathsTest, SystemPaths)
         EXPECT_EQ(disk::Narrow(disk::SystemPath(path)), disk::Narrow(expected)) << path;
 }
 
-TEST_F(DiskTest, NamesBeyondTheCodePageGoBothWays)
+TEST_F(DiskTest, NamesOutsideTheCodePageSurviveARoundTrip)
 {
     const std::string name = "Güter 日本 🚂.con";
     files.WriteFile(folder.At("x\\..\\" + name), "x");
@@ -90,7 +90,7 @@ TEST_F(DiskTest, NamesBeyondTheCodePageGoBothWays)
     EXPECT_EQ(folder.Read(name), "x");
 }
 
-TEST_F(DiskTest, LongPaths)
+TEST_F(DiskTest, HandlesLongPaths)
 {
     std::string deep = folder.At("deep");
     for (int i = 0; i < 6; ++i)
@@ -109,7 +109,7 @@ TEST_F(DiskTest, LongPaths)
     EXPECT_FALSE(folder.Exists("deep"));
 }
 
-TEST_F(DiskTest, NamesThatWindowsWouldChangeAreRefused)
+TEST_F(DiskTest, RefusesNamesThatWindowsWouldChange)
 {
     for (const char *name : {"a.con.", "a.con ", "a:b.con", "a.con:x", "a?.con", "a\".con", "a|b"})
         EXPECT_TRUE(errorOf([&] { files.WriteFile(folder.At(name), "x"); }).starts_with("75 "))
@@ -126,7 +126,7 @@ TEST_F(DiskTest, NamesThatWindowsWouldChangeAreRefused)
     EXPECT_EQ(folder.Names(), (Names{"com0.con", "console.con"}));
 }
 
-TEST_F(DiskTest, ReadOnlyFilesAreRefused)
+TEST_F(DiskTest, RefusesReadOnlyFiles)
 {
     const std::string file = folder.Write("a.con", "old");
     ASSERT_TRUE(SetFileAttributesW(system("a.con").c_str(), FILE_ATTRIBUTE_READONLY));
@@ -137,7 +137,7 @@ TEST_F(DiskTest, ReadOnlyFilesAreRefused)
     SetFileAttributesW(system("a.con").c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST_F(DiskTest, FilesInUseAreLeftAsTheyAre)
+TEST_F(DiskTest, LeavesFilesInUseUnchanged)
 {
     struct Row
     {

@@ -27,7 +27,7 @@ protected:
     const FileState state{path, "old"};
 };
 
-TEST_F(FileStateTest, OnlyAnotherContentIsAChange)
+TEST_F(FileStateTest, OnlyDifferentContentIsAChange)
 {
     const struct
     {
@@ -66,7 +66,7 @@ TEST_F(FileStateTest, OnlyAnotherContentIsAChange)
     }
 }
 
-TEST_F(FileStateTest, AFileIsTheSameUnderEverySpellingAndThroughLinks)
+TEST_F(FileStateTest, RecognisesAFileUnderAnySpellingAndThroughLinks)
 {
     folder.Write("Trains/b.con", "another file");
     folder.Write("Trains/a.con", "changed");
@@ -81,7 +81,7 @@ TEST_F(FileStateTest, AFileIsTheSameUnderEverySpellingAndThroughLinks)
     EXPECT_EQ(!failed, state.HasChanged(files, folder.At("Link/a.con")));
 }
 
-TEST_F(FileStateTest, AFileThatAppearsIsAChangeOfOneThatWasAbsent)
+TEST_F(FileStateTest, AppearanceOfAnAbsentFileIsAChange)
 {
     const FileState absent = FileState::Absent(folder.At("Trains/new.con"));
     EXPECT_FALSE(absent.HasChanged(files, folder.At("Trains/new.con")));

@@ -75,7 +75,7 @@ private:
     }
 };
 
-TEST_F(GameFilesTest, TellsHowTheDiskSpellsAPath)
+TEST_F(GameFilesTest, ReturnsTheSpellingOnDisk)
 {
     folder.Write("Trains/Box & Co/A b.Wag");
     const auto spelled = [this](std::string_view name) -> std::string {
@@ -138,7 +138,7 @@ TEST_F(GameFilesTest, FoldersAreNotFiles)
     EXPECT_EQ(files.ListFolders(folder.At("b"), "*.s"), Names{"x.S"});
 }
 
-TEST_F(GameFilesTest, ListsByUpperCase)
+TEST_F(GameFilesTest, SortsListingsByUpperCase)
 {
     for (const char *name : {"b.con", "_.con", "A.con", "a b.con", "Z.CON", "é.con", "x.eng"})
         folder.Write(std::string("Consists/") + name);
@@ -149,7 +149,7 @@ TEST_F(GameFilesTest, ListsByUpperCase)
     EXPECT_EQ(listed("Consists/x.eng", "*"), Names{});
 }
 
-TEST_F(GameFilesTest, SeesWhatHappensBetweenLookUps)
+TEST_F(GameFilesTest, SeesChangesBetweenLookUps)
 {
     // Makes many changes within one tick of the clock for folder time stamps.
     folder.MakeFolder("c");
@@ -183,7 +183,7 @@ TEST_F(GameFilesTest, DoesNotKeepAnOldListingOfAChangedFolder)
     EXPECT_EQ(listed("C", "*"), Names{"B.con"});
 }
 
-TEST_F(GameFilesTest, TargetIsTheExistingFileOrTheNameAsGiven)
+TEST_F(GameFilesTest, TargetIsTheExistingFileOrTheGivenName)
 {
     folder.Write("Consists/Old.con");
     folder.MakeFolder("Consists/Sub");
@@ -207,7 +207,7 @@ TEST_F(GameFilesTest, WritesWholeFilesAndKeepsTheirSpelling)
     EXPECT_EQ(files.ReadFile(folder.At("consists/empty.con")), "");
 }
 
-TEST_F(GameFilesTest, RefusalsSayWhichFileAndWhy)
+TEST_F(GameFilesTest, ErrorsNameTheFileAndTheReason)
 {
     folder.Write("c/a.con", "12345");
     folder.MakeFolder("c/folder.con");
@@ -254,7 +254,7 @@ TEST_F(GameFilesTest, RemovesFilesInAnyCase)
     EXPECT_FALSE(files.FileExists(folder.At("c/a.con")));
 }
 
-TEST_F(GameFilesTest, SeveralThreadsLookWhileFilesComeAndGo)
+TEST_F(GameFilesTest, ThreadsMayLookUpWhileFilesChange)
 {
     for (int i = 0; i < 20; ++i)
         folder.Write("Set/f" + std::to_string(i) + "/Stay.eng");

@@ -16,7 +16,7 @@ std::string own(std::string text)
     return text;
 }
 
-TEST(GamePathTest, Join)
+TEST(GamePathTest, JoinsPaths)
 {
     const char *const rows[][3] = {
         {"/msts", "Trains\\Consists", "/msts/Trains/Consists"},
@@ -32,7 +32,7 @@ TEST(GamePathTest, Join)
     EXPECT_EQ(path::Append("a\\", "\\x"), own("a//x"));
 }
 
-TEST(GamePathTest, Parts)
+TEST(GamePathTest, SplitsPathsIntoParts)
 {
     struct Row
     {
@@ -55,7 +55,7 @@ TEST(GamePathTest, Parts)
     }
 }
 
-TEST(GamePathTest, Normalise)
+TEST(GamePathTest, NormalisesPaths)
 {
     const char *const rows[][2] = {
         {"/a\\b//c/", "/a/b/c"},
@@ -72,7 +72,7 @@ TEST(GamePathTest, Normalise)
         EXPECT_EQ(path::Normalise(given), own(expected)) << given;
 }
 
-TEST(GamePathTest, DiskTextGoesBothWays)
+TEST(GamePathTest, DiskTextSurvivesARoundTrip)
 {
     for (const char *const text : {"/a b/é.con", "\\x/日本 🚂.eng", "rel"})
         EXPECT_EQ(path::FromDisk(path::ToDisk(text)), text);

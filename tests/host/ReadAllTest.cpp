@@ -41,7 +41,7 @@ protected:
     int calls = 0;
 };
 
-TEST_P(ReadAllTest, GivesTheWholeFileHoweverItComes)
+TEST_P(ReadAllTest, ReadsTheWholeFileFromAnyPieces)
 {
     EXPECT_FALSE(read(100));
     EXPECT_EQ(bytes, GetParam().content);

@@ -10,7 +10,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-TEST(SnapshotTest, FindsWhatGameFilesFinds)
+TEST(SnapshotTest, FindsTheSameFilesAsGameFiles)
 {
     support::TempFolder folder;
     folder.Write("TRAINS/Set/a.wag");
@@ -47,7 +47,7 @@ TEST(SnapshotTest, ListsEachFolderOnce)
     EXPECT_EQ(host::Snapshot(files).ListFiles(folder.At("set"), "*"), (Names{"a.wag", "b.wag"}));
 }
 
-TEST(SnapshotTest, TellsFilesApartHoweverTheyAreSpelled)
+TEST(SnapshotTest, IdentifiesFilesUnderAnySpelling)
 {
     support::TempFolder folder;
     folder.Write("Set/a.wag", "first");
@@ -77,7 +77,7 @@ TEST(SnapshotTest, SearchesFoldersThatDifferInCase)
     EXPECT_EQ(snapshot.ListFiles(folder.At("set"), "*.wag"), (Names{"a.wag", "b.wag"}));
 }
 
-TEST(SnapshotTest, PathsOfAnyDepthAreOnlyNotFound)
+TEST(SnapshotTest, HandlesVeryDeepPaths)
 {
     support::TempFolder folder;
     host::GameFiles files;

@@ -30,7 +30,7 @@ protected:
     support::ScopedHome home;
 };
 
-TEST_F(InstallationTest, TheOverrideGoesBeforeTheRegisteredFolder)
+TEST_F(InstallationTest, OverrideTakesPrecedenceOverTheRegisteredFolder)
 {
     Installation installation;
     EXPECT_EQ(installation.CurrentFolder(), "");
@@ -49,7 +49,7 @@ TEST_F(InstallationTest, TheOverrideGoesBeforeTheRegisteredFolder)
     EXPECT_EQ(installation.Override(), "$MSTS2");
 }
 
-TEST_F(InstallationTest, ChoosingTheRegisteredFolderGivesItsToken)
+TEST_F(InstallationTest, ChoosingTheRegisteredFolderReturnsItsToken)
 {
     registerFolder("/games/MSTS");
     EXPECT_EQ(install::ChosenLocation("/games/MSTS"), "$MSTS");
@@ -61,7 +61,7 @@ TEST_F(InstallationTest, ChoosingTheRegisteredFolderGivesItsToken)
     EXPECT_EQ(install::ChosenLocation("/games/MSTS/"), "$MSTS");
 }
 
-TEST_F(InstallationTest, TypedFoldersLoseTheirSeparatorAndKnowHome)
+TEST_F(InstallationTest, TypedFoldersLoseTheirLastSeparatorAndExpandHome)
 {
     const std::string &user = home.Folder().Path();
     const std::pair<std::string, std::string> rows[] = {
@@ -83,7 +83,7 @@ TEST_F(InstallationTest, TypedFoldersLoseTheirSeparatorAndKnowHome)
     EXPECT_EQ(install::ChosenLocation("~/msts/"), user + "/msts");
 }
 
-TEST_F(InstallationTest, HintsSayWhatIsWrongWithALocation)
+TEST_F(InstallationTest, HintsExplainWhatIsWrongWithALocation)
 {
     const support::TempFolder &disk = home.Folder();
     disk.MakeFolder("good/TRAINS/Trainset");
@@ -116,7 +116,7 @@ TEST_F(InstallationTest, HintsSayWhatIsWrongWithALocation)
               "This folder holds Trains and Routes, as it should.");
 }
 
-TEST_F(InstallationTest, PathsAreBuiltBelowTheCurrentFolder)
+TEST_F(InstallationTest, BuildsPathsInTheCurrentFolder)
 {
     Installation installation;
     installation.SetLocation("/msts");
@@ -126,7 +126,7 @@ TEST_F(InstallationTest, PathsAreBuiltBelowTheCurrentFolder)
               "/msts/Trains/Consists/Long GP9 train.con");
 }
 
-TEST_F(InstallationTest, FindsTheShapeViewerInItsSetupEntry)
+TEST_F(InstallationTest, FindsTheShapeViewerInItsUninstallEntry)
 {
     const std::string command = R"(C:\WINDOWS\st6unst.exe -n "C:\Games\QView\ST6UNST.LOG")";
     struct Row

@@ -42,7 +42,7 @@ protected:
     }
 };
 
-TEST_F(MachineRegistryTest, The32BitViewGoesFirst)
+TEST_F(MachineRegistryTest, Reads32BitViewFirst)
 {
     EXPECT_EQ(query("Path"), "");
     set(KEY_WOW64_64KEY, L"Path", L"C:\\64");
@@ -54,7 +54,7 @@ TEST_F(MachineRegistryTest, The32BitViewGoesFirst)
     EXPECT_EQ(Registry::QueryValue("SOFTWARE\\No such key of ZELK", "Path"), "");
 }
 
-TEST_F(MachineRegistryTest, Values)
+TEST_F(MachineRegistryTest, ReadsValuesOfEveryKind)
 {
     set(KEY_WOW64_32KEY, L"Nul", std::wstring(L"C:\\cut\0here", 11));
     EXPECT_EQ(query("Nul"), "C:\\cut");
@@ -93,7 +93,7 @@ private:
     HKEY m_hive = nullptr;
 };
 
-TEST_F(RegisteredProgramsTest, AreFound)
+TEST_F(RegisteredProgramsTest, FindsRegisteredProgramsAndFolders)
 {
     install::Installation installation;
     EXPECT_EQ(installation.CurrentFolder(), "");

@@ -24,7 +24,7 @@ std::string outline(const StfNodes &nodes)
     return text;
 }
 
-TEST(modTSTest, NewConsistHasExactlyTheTemplatesBlocks)
+TEST(modTSTest, NewConsistHasExactlyTheBlocksOfTheTemplate)
 {
     const support::TempFolder folder;
     host::GameFiles files;

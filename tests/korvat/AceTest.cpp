@@ -43,7 +43,7 @@ std::string dxt4x4(const std::vector<int> &channels = kRgbMask, std::uint32_t su
            Bytes8({1, 2, 3, 4, 5, 6, 0xC0, 1, 2, 3, 4, 5, 6, 0x40}) + Bytes8({1, 3, 5, 0x80});
 }
 
-TEST(AceTest, StructuredPixelByPixel)
+TEST(AceTest, ReadsStructuredPixels)
 {
     struct Row
     {
@@ -82,7 +82,7 @@ TEST(AceTest, StructuredPixelByPixel)
     }
 }
 
-TEST(AceTest, BlocksAndTheirSmallLevels)
+TEST(AceTest, ReadsBlocksAndTheirSmallLevels)
 {
     const auto rowsOf = [](const std::string &row) {
         return row + "\n" + row + "\n" + row + "\n" + row;
@@ -112,7 +112,7 @@ TEST(AceTest, BlocksAndTheirSmallLevels)
     EXPECT_EQ("010305FF", Pixels(ReadAce(alpha).texture, 2));
 }
 
-TEST(AceTest, RareKindsOfRawPixels)
+TEST(AceTest, ReadsRareKindsOfRawPixels)
 {
     struct Row
     {
@@ -157,7 +157,7 @@ samples::Picture panel()
     return picture;
 }
 
-TEST(AceTest, EveryFormShowsTheSamePicture)
+TEST(AceTest, EveryFormGivesTheSamePicture)
 {
     for (const bool mipmaps : {false, true})
         for (const bool compressed : {false, true}) {
@@ -178,7 +178,7 @@ TEST(AceTest, EveryFormShowsTheSamePicture)
         }
 }
 
-TEST(AceTest, SizesThatAreNoMultipleOfABlock)
+TEST(AceTest, ReadsSizesThatAreNotMultiplesOfABlock)
 {
     const std::string bytes = head(0x10, 5, 6, 0x12, kRgb, 1) + U32s({32}) + std::string(32, '\0');
     const TextureFile file = ReadAce(bytes);
@@ -186,7 +186,7 @@ TEST(AceTest, SizesThatAreNoMultipleOfABlock)
     EXPECT_EQ(5u * 6 * 4, file.texture.Decoded(0).size());
 }
 
-TEST(AceTest, SaysWhatIsWrongAndWhere)
+TEST(AceTest, ReportsTheFaultAndItsPlace)
 {
     const std::string good = masked2x2(), blocks = dxt4x4();
     struct Row
@@ -235,7 +235,7 @@ TEST(AceTest, SaysWhatIsWrongAndWhere)
     }
 }
 
-TEST(AceTest, WhatIsMissingStaysBlack)
+TEST(AceTest, MissingPixelsAreBlack)
 {
     const std::string cut = masked2x2().substr(0, 255 - 3);
     const TextureFile file = ReadAce(cut);
@@ -248,7 +248,7 @@ TEST(AceTest, WhatIsMissingStaysBlack)
     EXPECT_EQ(2u, smaller.texture.levels.size());
 }
 
-TEST(AceTest, CutAtEveryLengthAndWithEveryNumberWrong)
+TEST(AceTest, SurvivesEveryLengthAndEveryWrongNumber)
 {
     for (const bool dxt : {false, true}) {
         const std::string valid = AceBytes(panel(), {samples::AceAlpha::Mask, true, dxt, false});

@@ -31,7 +31,7 @@ struct Row
     std::vector<std::string> notes;
 };
 
-TEST(ContainerTest, GivesThePayloadOfEveryForm)
+TEST(ContainerTest, ReturnsThePayloadOfEveryForm)
 {
     const std::string packed = samples::CompressPayload(kPayload);
     const std::string text = "SIMISA@@@@@@@@@@JINX0s1t______\r\nshape ( )";
@@ -86,7 +86,7 @@ TEST(ContainerTest, GivesThePayloadOfEveryForm)
     }
 }
 
-TEST(ContainerTest, SaysWhyItCannotBeOpened)
+TEST(ContainerTest, ReportsWhyAFileCannotBeOpened)
 {
     const std::string packed = samples::CompressPayload(kPayload);
     std::string dictionary = packed;
@@ -121,7 +121,7 @@ TEST(ContainerTest, SaysWhyItCannotBeOpened)
     }
 }
 
-TEST(ContainerTest, FilesCutAtEveryLength)
+TEST(ContainerTest, SurvivesFilesCutAtEveryLength)
 {
     const std::string packed = samples::CompressPayload(kPayload);
     const std::size_t checksum = packed.size() - 4;

@@ -37,7 +37,7 @@ std::string plain(std::uint32_t bits, std::uint32_t flags,
     return dds(2, 1, 1, "", flags, bits, masks, data);
 }
 
-TEST(DdsTest, PixelByPixel)
+TEST(DdsTest, ReadsEveryPixelFormat)
 {
     const std::string red = Bytes8({0x00, 0xF8, 0x00, 0x00, 0, 0, 0, 0});
     const std::string hole = Bytes8({0x00, 0x00, 0x00, 0xF8, 0x03, 0, 0, 0});
@@ -80,7 +80,7 @@ TEST(DdsTest, PixelByPixel)
     }
 }
 
-TEST(DdsTest, SaysWhatIsWrong)
+TEST(DdsTest, ReportsTheFault)
 {
     const std::string good = blocks("DXT1", 1, std::string(8, '\0'));
     const std::tuple<const char *, std::string, Status> rows[] = {
@@ -102,7 +102,7 @@ TEST(DdsTest, SaysWhatIsWrong)
     }
 }
 
-TEST(DdsTest, CutAtEveryLengthAndWithEveryNumberWrong)
+TEST(DdsTest, SurvivesEveryLengthAndEveryWrongNumber)
 {
     const std::string valid =
         dds(8, 8, 4, "", kColours, 24, {0xFF0000, 0xFF00, 0xFF, 0}, std::string(255, '\x55'));

@@ -37,7 +37,7 @@ Level &levelOf(Shape &shape)
     return shape.lodControls[0].levels[0];
 }
 
-TEST(GeometryTest, AChildIsPlacedByItselfAndThenByItsParents)
+TEST(GeometryTest, AppliesAMatrixThenItsParents)
 {
     Shape shape = twoParts();
     const std::vector<Matrix> pose = RestPose(shape, levelOf(shape));
@@ -50,7 +50,7 @@ TEST(GeometryTest, AChildIsPlacedByItselfAndThenByItsParents)
     EXPECT_EQ((Bounds{{10, 20, 29}, {13, 27, 33}}), RestBounds(shape));
 }
 
-TEST(GeometryTest, ParentsThatLeadNowhereAreNone)
+TEST(GeometryTest, IgnoresInvalidParents)
 {
     const std::pair<const char *, std::vector<std::int32_t>> rows[] = {
         {"too short", {-1}},       {"its own", {-1, 1}},
@@ -66,7 +66,7 @@ TEST(GeometryTest, ParentsThatLeadNowhereAreNone)
     }
 }
 
-TEST(GeometryTest, VerticesAndParts)
+TEST(GeometryTest, MakesVerticesAndParts)
 {
     Shape shape = twoParts();
     const Geometry geometry = MakeGeometry(shape, levelOf(shape));
@@ -90,7 +90,7 @@ TEST(GeometryTest, VerticesAndParts)
     EXPECT_EQ((std::vector<std::uint32_t>{2, 1, 0, 3, 4, 5, 5, 4, 3}), more.parts[1].indices);
 }
 
-TEST(GeometryTest, TrianglesThatReferToNothingAreLeftOut)
+TEST(GeometryTest, LeavesOutTrianglesWithInvalidReferences)
 {
     const std::pair<const char *, void (*)(Shape &)> rows[] = {
         {"vertex", [](Shape &shape) { levelOf(shape).subObjects[0].indices[4] = 3; }},
@@ -119,14 +119,14 @@ TEST(GeometryTest, TrianglesThatReferToNothingAreLeftOut)
     }
 }
 
-TEST(GeometryTest, ShapesWithoutMatricesStandWhereTheyAre)
+TEST(GeometryTest, ShapesWithoutMatricesStayInPlace)
 {
     Shape shape = twoParts();
     shape.matrices.clear();
     EXPECT_EQ((Bounds{{0, 0, 0}, {1, 2, 3}}), RestBounds(shape));
 }
 
-TEST(GeometryTest, TheNearestLevelHasTheSmallestDistance)
+TEST(GeometryTest, NearestLevelHasTheSmallestDistance)
 {
     Shape shape = twoParts();
     shape.lodControls[0].levels.insert(shape.lodControls[0].levels.begin(), Level{kNan, {}, {}});

@@ -41,7 +41,7 @@ Shape oneTriangle()
 
 } // namespace
 
-TEST(MakeModelTest, TheNearestLevelIsPutWhereItsMatricesSay)
+TEST(MakeModelTest, PlacesTheNearestLevelByItsMatrices)
 {
     const Model model = MakeModel(oneTriangle());
     ASSERT_EQ(model.mesh.indices, (std::vector<std::uint32_t>{0, 1, 2}));
@@ -54,7 +54,7 @@ TEST(MakeModelTest, TheNearestLevelIsPutWhereItsMatricesSay)
     EXPECT_EQ(model.textures, (std::vector<std::string>{"a.ace", "b.ace"}));
 }
 
-TEST(MakeModelTest, StatesSayWhatAPartLooksLike)
+TEST(MakeModelTest, StatesDecideTheAppearanceOfAPart)
 {
     using Change = void (*)(Shape &);
     const auto look = [](int slot, Finish finish, Blending blending, bool test) {
@@ -134,7 +134,7 @@ TEST(MakeModelTest, StatesSayWhatAPartLooksLike)
     }
 }
 
-TEST(MakeModelTest, UnknownShadersThatAreDrawnAreNotedOnce)
+TEST(MakeModelTest, NotesEachUnknownShaderInUseOnce)
 {
     Shape shape = oneTriangle();
     shape.shaders = {"Marble", "Unused"};
@@ -146,7 +146,7 @@ TEST(MakeModelTest, UnknownShadersThatAreDrawnAreNotedOnce)
     EXPECT_TRUE(MakeModel(shape).notes.empty());
 }
 
-TEST(MakeModelTest, WhatLiesNowhereIsLeftOut)
+TEST(MakeModelTest, LeavesOutTrianglesWithoutAPlace)
 {
     Shape shape = oneTriangle();
     shape.matrices[1].matrix.rows[10] = std::numeric_limits<float>::quiet_NaN();

@@ -119,7 +119,7 @@ TEST(MipmapsTest, SmallerLevelsAreMeansOfTheFirst)
         }
 }
 
-TEST(MipmapsTest, OddSizesAreHalvedDownwards)
+TEST(MipmapsTest, OddSizesAreRoundedDown)
 {
     for (const PixelFormat format : {PixelFormat::Dxt1, PixelFormat::Dxt5})
         for (std::uint32_t width = 1; width < 20; ++width)
@@ -139,7 +139,7 @@ TEST(MipmapsTest, OddSizesAreHalvedDownwards)
             }
 }
 
-TEST(MipmapsTest, HolesKeepTheirShareAndDarkenNothing)
+TEST(MipmapsTest, HolesKeepTheirShareAndDarkenNoNeighbours)
 {
     const struct
     {
@@ -170,7 +170,7 @@ TEST(MipmapsTest, HolesKeepTheirShareAndDarkenNothing)
     }
 }
 
-TEST(MipmapsTest, OtherTexturesStayAsTheyAre)
+TEST(MipmapsTest, LeavesOtherTexturesUnchanged)
 {
     Texture plain;
     plain.width = plain.height = 8;

@@ -38,7 +38,7 @@ protected:
 
 } // namespace
 
-TEST_F(ModelLibraryTest, WhatIsInUseIsSharedUntilItsFileChanges)
+TEST_F(ModelLibraryTest, SharesModelsInUseUntilTheirFileChanges)
 {
     const LoadedModel first = library.LoadModel(shape);
     ASSERT_EQ(first.error, "");
@@ -73,7 +73,7 @@ TEST_F(ModelLibraryTest, CompressedTexturesHaveAllLevels)
     EXPECT_EQ(texture("all.ace").texture->UniformLevels(), 5u);
 }
 
-TEST_F(ModelLibraryTest, WhatCannotBeReadIsSaidWithItsFile)
+TEST_F(ModelLibraryTest, ReportsUnreadableFilesByName)
 {
     const std::string broken =
         game.Write("Cars/broken.s", "SIMISA@@@@@@@@@@JINX0s1t______\n\nx ( )");

@@ -8,7 +8,7 @@
 
 namespace {
 
-TEST(PngTest, HoldsThePixelsRowByRow)
+TEST(PngTest, ContainsThePixelsRowByRow)
 {
     const std::string pixels = Bytes8({255, 0, 0, 255, 1, 2, 3, 4});
     const std::string png = korvat::EncodePng(1, 2, korvat::BytesOf(pixels));

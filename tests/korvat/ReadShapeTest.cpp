@@ -42,7 +42,7 @@ Shape smallest()
     return shape;
 }
 
-TEST(ReadShapeTest, AllFormsGiveTheSameModel)
+TEST(ReadShapeTest, AllFormsGiveTheSameShape)
 {
     const std::pair<ShapeForm, const char *> forms[] = {
         {ShapeForm::TextUtf16, "text"},
@@ -86,7 +86,7 @@ const char *const kRare =
     " linear_pos ( 1 linear_key ( 2 1 2 3 ) )"
     " tcb_pos ( 1 tcb_key ( 4 4 5 6 0 0 0 0 0 ) ) ) ) ) ) ) )";
 
-TEST(ReadShapeTest, RareBlocksAndSpellings)
+TEST(ReadShapeTest, ReadsRareBlocksAndSpellings)
 {
     const ShapeFile file = ReadShape(kRare);
     ASSERT_EQ("", file.error.text);
@@ -104,7 +104,7 @@ TEST(ReadShapeTest, RareBlocksAndSpellings)
     EXPECT_TRUE(expected == file.shape);
 }
 
-TEST(ReadShapeTest, BinaryBlocksThatAreRare)
+TEST(ReadShapeTest, ReadsRareBinaryBlocks)
 {
     const std::string key = U32s({7, 0x3F800000, 0x40000000, 0x40400000}); // frame 7: 1 2 3
     const std::string node =
@@ -122,7 +122,7 @@ TEST(ReadShapeTest, BinaryBlocksThatAreRare)
     EXPECT_TRUE(expected == file.shape);
 }
 
-TEST(ReadShapeTest, SaysWhatIsWrongAndWhere)
+TEST(ReadShapeTest, ReportsTheFaultAndItsPlace)
 {
     const std::string point = Block(0x02, U32s({0, 0, 0}));
     struct Row
@@ -170,7 +170,7 @@ TEST(ReadShapeTest, SaysWhatIsWrongAndWhere)
 }
 
 /// Sets every number in the file that could be a count to harmful values.
-TEST(ReadShapeTest, WrongCountsCostNothing)
+TEST(ReadShapeTest, WrongCountsAllocateNothing)
 {
     const std::string valid = ShapeBytes(samples::SmallestShape({"a.ace"}), ShapeForm::Binary);
     for (std::size_t at = 32; at + 4 <= valid.size(); ++at)
@@ -182,7 +182,7 @@ TEST(ReadShapeTest, WrongCountsCostNothing)
         }
 }
 
-TEST(ReadShapeTest, WrongNumbersInText)
+TEST(ReadShapeTest, SurvivesWrongNumbersInText)
 {
     const std::string valid = ShapeBytes(samples::SmallestShape({"a.ace"}), ShapeForm::Text8Bit);
     for (std::size_t at = valid.find('('); at < valid.size(); ++at) {
@@ -198,7 +198,7 @@ TEST(ReadShapeTest, WrongNumbersInText)
     }
 }
 
-TEST(ReadShapeTest, FilesCutAtEveryLength)
+TEST(ReadShapeTest, SurvivesFilesCutAtEveryLength)
 {
     const Shape whole = smallest();
     for (const ShapeForm form :

@@ -133,7 +133,7 @@ TEST_F(RendererTest, ShaderAndAlphaDecideThePass)
     EXPECT_EQ(paint(), "[ -m1 -t2 +m3 0 ]") << "without a texture there is nothing to see through";
 }
 
-TEST_F(RendererTest, BlendedPartsComeLastFromFarToNear)
+TEST_F(RendererTest, DrawsBlendedPartsLastFromFarToNear)
 {
     Surface glass, fence, wall;
     glass.blending = kAlpha;
@@ -148,7 +148,7 @@ TEST_F(RendererTest, BlendedPartsComeLastFromFarToNear)
     EXPECT_NE(paint().find("~0/4 ~3/4 ]"), std::string::npos);
 }
 
-TEST_F(RendererTest, TheDeviceHoldsEverythingOnceAndOnlyWhileItIsUsed)
+TEST_F(RendererTest, DeviceHoldsEachResourceOnceAndOnlyWhileInUse)
 {
     auto car = modelOf({Surface{}}), other = modelOf({Surface{}});
     auto paint1 = pictureOf(0), paint2 = pictureOf(0);
@@ -173,7 +173,7 @@ TEST_F(RendererTest, TheDeviceHoldsEverythingOnceAndOnlyWhileItIsUsed)
     EXPECT_EQ(device.TakeLog(), "-m5 -t6 ");
 }
 
-TEST_F(RendererTest, WhatTheCameraCannotSeeIsNeitherUploadedNorDrawn)
+TEST_F(RendererTest, NeitherUploadsNorDrawsWhatTheCameraCannotSee)
 {
     frameOf(modelOf({Surface{}}), nullptr, Translation({50, 0, 0}));
     EXPECT_EQ(paint(), "[ ]");

@@ -20,7 +20,7 @@ Picture evenPicture(int width, int height, Colour colour)
     return {width, height, std::vector<Colour>(static_cast<std::size_t>(width * height), colour)};
 }
 
-TEST(AceWriterTest, WritesMaskedPictureToTheByte)
+TEST(AceWriterTest, WritesMaskedPictureByteForByte)
 {
     const Picture picture{2, 2, {{255, 0, 0}, {0, 255, 0, 0}, {0, 0, 255}, {16, 32, 48}}};
     std::string expected = "SIMISA@@@@@@@@@@"s + "\1\0\0\0\4\0\0\0\2\0\0\0\2\0\0\0"s +

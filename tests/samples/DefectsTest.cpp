@@ -59,7 +59,7 @@ std::set<std::string> plannedMissing()
     return planned;
 }
 
-TEST_F(DefectsTest, NothingIsMissingButWhatIsPlanned)
+TEST_F(DefectsTest, OnlyPlannedFilesAreMissing)
 {
     std::set<std::string> planned = plannedMissing();
     // No check looks for the consist of a service.
@@ -67,7 +67,7 @@ TEST_F(DefectsTest, NothingIsMissingButWhatIsPlanned)
     EXPECT_EQ(installation().Unresolved(), planned);
 }
 
-TEST_F(DefectsTest, CheckedFilesAreThereAndDiffer)
+TEST_F(DefectsTest, CheckedFilesExistAndDiffer)
 {
     std::set<std::string> files;
     for (const Defect &defect : samples::Defects()) {
@@ -127,7 +127,7 @@ TEST_F(DefectsTest, ExactlyTheListedShapesAreNotText)
 }
 
 /// Compares the exact letter case, as the checks do.
-TEST_F(DefectsTest, OnlyWhatIsPlannedIsUsedNowhere)
+TEST_F(DefectsTest, OnlyPlannedFilesAreUnused)
 {
     const scan::Installation all = installation();
     std::set<std::string> unused;
@@ -149,7 +149,7 @@ TEST_F(DefectsTest, OnlyWhatIsPlannedIsUsedNowhere)
     EXPECT_EQ(unused, planned);
 }
 
-TEST_F(DefectsTest, DocumentListsThemAll)
+TEST_F(DefectsTest, DocumentListsAllDefects)
 {
     std::string expected;
     for (const Defect &defect : samples::Defects())

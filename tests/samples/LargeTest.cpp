@@ -12,7 +12,7 @@ namespace {
 using samples::WriteSample;
 using Counts = std::vector<std::size_t>;
 
-TEST(LargeTest, ReachesTheTotals)
+TEST(LargeTest, ReachesTheRequestedTotals)
 {
     const struct
     {
@@ -36,7 +36,7 @@ TEST(LargeTest, ReachesTheTotals)
     }
 }
 
-TEST(LargeTest, FoldersWithoutStockAreThereToo)
+TEST(LargeTest, CreatesFoldersWithoutStock)
 {
     const support::TempFolder temp;
     WriteSample(temp.At("s"), {.folders = 20, .stock = 46});
@@ -92,7 +92,7 @@ TEST(LargeTest, ConsistsHaveOneToSixtyUnitsAndUseBothParts)
     EXPECT_LT(ofGenerated, units);
 }
 
-TEST(LargeTest, TheSeedDecides)
+TEST(LargeTest, SeedDecidesTheContent)
 {
     const support::TempFolder temp;
     const auto consist = [&](const char *folder, std::optional<std::uint64_t> seed) {

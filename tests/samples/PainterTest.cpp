@@ -25,7 +25,7 @@ std::vector<int> row(const Sheet &sheet, int y, int from, int to)
     return reds;
 }
 
-TEST(SheetTest, AreasKeepApartAndEndWhenItIsFull)
+TEST(SheetTest, AreasDoNotOverlapAndEndWhenTheSheetIsFull)
 {
     Sheet sheet(64, kBlack);
     std::vector<Area> areas;
@@ -38,7 +38,7 @@ TEST(SheetTest, AreasKeepApartAndEndWhenItIsFull)
     EXPECT_THROW(Sheet(16, kBlack).Take(20, 4), std::length_error);
 }
 
-TEST(BrushTest, MetresGoUpwardsAndEdgesAreSoft)
+TEST(BrushTest, MetresCountUpwardsAndEdgesAreSoft)
 {
     Sheet sheet(32, kBlack);
     const Area area = sheet.Take(16, 16);
@@ -60,7 +60,7 @@ TEST(BrushTest, PaintsOnlyItsAreaAndTheMargin)
     EXPECT_EQ(row(sheet, second.top - 1, second.left, second.left + 10), std::vector<int>(10, 255));
 }
 
-TEST(BrushTest, SeeThroughColoursMakeHoles)
+TEST(BrushTest, TransparentColoursMakeHoles)
 {
     Sheet sheet(32, kBlack);
     Brush brush(sheet, sheet.Take(20, 20), {-1, -1, 2, 2});
@@ -74,7 +74,7 @@ TEST(BrushTest, SeeThroughColoursMakeHoles)
     EXPECT_EQ(alpha(4, 4), 77);
 }
 
-TEST(BrushTest, WeatheringIsTheSameEveryTimeAndNotTooMuch)
+TEST(BrushTest, WeatheringIsDeterministicAndLimited)
 {
     Sheet a(64, {120, 120, 120, 255});
     Sheet b(64, {120, 120, 120, 255});
@@ -92,7 +92,7 @@ TEST(BrushTest, WeatheringIsTheSameEveryTimeAndNotTooMuch)
     EXPECT_LT(most, 160);
 }
 
-TEST(BrushTest, TextStandsWhereItShallAndReadsFromLeftToRight)
+TEST(BrushTest, TextIsInPlaceAndReadsFromLeftToRight)
 {
     Sheet sheet(64, kBlack);
     const Area area = sheet.Take(56, 28);

@@ -57,7 +57,7 @@ TEST(SampleTest, DefaultSampleHasItsTotals)
     EXPECT_EQ(totals.consists, 14);
 }
 
-TEST(SampleTest, NothingElseLooksLikeStockOrARoute)
+TEST(SampleTest, NoOtherFilesLookLikeStockOrARoute)
 {
     const support::TempFolder temp;
     WriteSample(temp.At("s"));
@@ -69,7 +69,7 @@ TEST(SampleTest, NothingElseLooksLikeStockOrARoute)
         EXPECT_TRUE(temp.Exists(std::string("s/TRAINS/TRAINSET/") + shared)) << shared;
 }
 
-TEST(SampleTest, IsMadeAgainInPlace)
+TEST(SampleTest, CanBeWrittenAgainInPlace)
 {
     const support::TempFolder temp;
     WriteSample(temp.At("s"));
@@ -129,7 +129,7 @@ TEST(SampleTest, DoesNotWriteThroughLinks)
     EXPECT_EQ(temp.Read("outside/letter.txt"), "dear");
 }
 
-TEST(SampleTest, RefusesTotalsThatCannotBe)
+TEST(SampleTest, RefusesImpossibleTotals)
 {
     const support::TempFolder temp;
     const struct
@@ -148,7 +148,7 @@ TEST(SampleTest, RefusesTotalsThatCannotBe)
 }
 
 /// Checks the special feature of each consist in its bytes and its text.
-TEST(SampleTest, ConsistsAreWhatTheyAreMeantToBe)
+TEST(SampleTest, ConsistsHaveTheirSpecialFeatures)
 {
     const support::TempFolder temp;
     WriteSample(temp.At("s"));

@@ -47,7 +47,7 @@ ShapeModel twoParts()
     return model;
 }
 
-TEST(ShapeWriterTest, SmallestShapeHasItsKnownSizes)
+TEST(ShapeWriterTest, SmallestShapeHasKnownSizes)
 {
     const std::string payload =
         scan::Payload(ShapeBytes(SmallestShape({"a.ace"}), ShapeForm::Binary));
@@ -68,7 +68,7 @@ TEST(ShapeWriterTest, SmallestShapeHasItsKnownSizes)
 }
 
 /// Compares the whole text form, so that the order of blocks and every field are fixed.
-TEST(ShapeWriterTest, SmallestShapeAsText)
+TEST(ShapeWriterTest, WritesTheSmallestShapeAsText)
 {
     const std::string expected = R"(SIMISA@@@@@@@@@@JINX0s1t______
         shape ( shape_header ( 00000000 00000000 )
@@ -108,7 +108,7 @@ TEST(ShapeWriterTest, SmallestShapeAsText)
               "\r\n" + ShapeBytes(SmallestShape({"a.ace"}), ShapeForm::Text8Bit));
 }
 
-TEST(ShapeWriterTest, PartsOnSeveralMatrices)
+TEST(ShapeWriterTest, WritesPartsOnSeveralMatrices)
 {
     const std::string text = squeezed(ShapeBytes(twoParts(), ShapeForm::Text8Bit));
     for (const char *piece : {
@@ -127,7 +127,7 @@ TEST(ShapeWriterTest, PartsOnSeveralMatrices)
 }
 
 /// States are numbered through all levels, vertices separately in each level.
-TEST(ShapeWriterTest, LevelsMaterialsAndTurningNodes)
+TEST(ShapeWriterTest, WritesLevelsMaterialsAndTurningNodes)
 {
     ShapeModel model = twoParts();
     model.levels.push_back({.distance = 5000, .parts = {model.levels.front().parts.back()}});
@@ -167,7 +167,7 @@ TEST(ShapeWriterTest, CompressedFormsInflateToTheDeclaredSize)
               ShapeBytes(model, ShapeForm::Compressed) + "left over");
 }
 
-TEST(ShapeWriterTest, TheOutermostBlockEndsWithTheFile)
+TEST(ShapeWriterTest, OutermostBlockEndsWithTheFile)
 {
     for (const ShapeModel &model : {SmallestShape({"x.ace", "y.ace"}), twoParts()}) {
         const std::string payload = scan::Payload(ShapeBytes(model, ShapeForm::Binary));
@@ -183,7 +183,7 @@ TEST(ShapeWriterTest, TheOutermostBlockEndsWithTheFile)
     }
 }
 
-TEST(ShapeWriterTest, DeclaresWhatItIsToldTo)
+TEST(ShapeWriterTest, DeclaresTheGivenNumberOfImages)
 {
     ShapeModel model = SmallestShape({"a.ace", "b.ace"});
     model.imagesDeclared = 3;

@@ -105,7 +105,7 @@ std::vector<Triangle> trianglesOf(const ShapeModel &model, const ShapePart &part
     return all;
 }
 
-TEST(VehiclesTest, StandsOnTheRailsWithTheLengthThatIsWanted)
+TEST(VehiclesTest, StandsOnTheRailsWithTheGivenLength)
 {
     forEach([](const Row &row, const PaintedModel &built) {
         EXPECT_NEAR(built.high.z, row.length / 2, 0.02F);
@@ -151,7 +151,7 @@ std::optional<float> heightAt(const Triangle &t, float x, float z)
     return a.y + u * (b.y - a.y) + v * (c.y - a.y);
 }
 
-TEST(VehiclesTest, NothingIsInsideOutSeenFromAbove)
+TEST(VehiclesTest, NoFaceIsInsideOutFromAbove)
 {
     forEach([](const Row &row, const PaintedModel &built) {
         std::vector<Triangle> body;
@@ -203,7 +203,7 @@ TEST(VehiclesTest, LetteringReadsOnBothSides)
     });
 }
 
-TEST(VehiclesTest, LevelsGetSimplerWithTheDistance)
+TEST(VehiclesTest, LevelsGetSimplerWithDistance)
 {
     forEach([](const Row &row, const PaintedModel &built) {
         const auto &levels = built.model.levels;
@@ -246,7 +246,7 @@ TEST(VehiclesTest, EveryAxleRollsForwardsOnce)
     });
 }
 
-TEST(VehiclesTest, LoneVehiclesUseOnlyTheirOwnPicture)
+TEST(VehiclesTest, RepairVehiclesUseOnlyTheirOwnTexture)
 {
     for (const Design design : {Design::BoxCar, Design::HoodDiesel}) {
         const PaintedModel built = samples::BuildVehicle(design, plan(15, true));
@@ -258,7 +258,7 @@ TEST(VehiclesTest, LoneVehiclesUseOnlyTheirOwnPicture)
 }
 
 /// If a vehicle's own texture has alpha, its transparent parts use that texture.
-TEST(VehiclesTest, OwnAlphaIsUsed)
+TEST(VehiclesTest, TransparentPartsUseTheOwnAlpha)
 {
     const struct
     {
@@ -282,7 +282,7 @@ TEST(VehiclesTest, OwnAlphaIsUsed)
 }
 
 /// For the whole table of stock: the size in a vehicle's file equals that of its model.
-TEST(VehiclesTest, StockFilesKnowTheSizeOfTheirShapes)
+TEST(VehiclesTest, StockFilesHaveTheSizesOfTheirShapes)
 {
     EXPECT_NE(samples::StockText(samples::FindVehicle("box_501"), {2.9F, 4.1F})
                   .find("Size ( 2.9m 4.1m 12.4m )"),

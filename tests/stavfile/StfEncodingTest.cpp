@@ -31,7 +31,7 @@ std::string utf16Content(bool bigEndian)
     return bytes;
 }
 
-TEST(StfEncodingTest, OneContentInManyEncodings)
+TEST(StfEncodingTest, ReadsTheSameContentInEveryEncoding)
 {
     const Row rows[] = {
         {"UTF-16LE", utf16Content(false), Encoding::Utf16Le, true},
@@ -66,7 +66,7 @@ TEST(StfEncodingTest, OneContentInManyEncodings)
     }
 }
 
-TEST(StfEncodingTest, WhatIsNoTextGivesAnEmptyTreeAndItsBytesBack)
+TEST(StfEncodingTest, OtherFormsGiveAnEmptyTreeAndKeepTheirBytes)
 {
     const std::string shape = "SIMISA@@@@@@@@@@JINX0s1b______\r\n"s;
     const std::pair<std::string, Form> rows[] = {
@@ -93,14 +93,14 @@ TEST(StfEncodingTest, WhatIsNoTextGivesAnEmptyTreeAndItsBytesBack)
     }
 }
 
-TEST(StfEncodingTest, BinaryContentIsNeverReplacedByText)
+TEST(StfEncodingTest, NeverReplacesBinaryContentByText)
 {
     MemoryFile memory("SIMISA@F\x1A\x05\0\0@@@@\x78\x9C"s);
     memory.file.Nodes().Add(StfNode::Create());
     EXPECT_THROW(memory.file.ToBytes(), host::RuntimeError);
 }
 
-TEST(StfEncodingTest, NewTextKeepsTheEncodingWhereItFits)
+TEST(StfEncodingTest, NewTextKeepsTheEncodingIfItFits)
 {
     MemoryFile memory("A ( \xE4 )");
     memory.file.FindNode("A").SetParameter(0, "\xC3\xB6\xE2\x82\xAC"); // o umlaut, euro

@@ -23,7 +23,7 @@ void expectAll(const std::vector<Row> &rows)
     }
 }
 
-TEST(StfGrammarTest, TokensAndValues)
+TEST(StfGrammarTest, ReadsTokensAndValues)
 {
     expectAll({
         {"glued brackets", "Wagon(x)Engine(y)", "Wagon(x) Engine(y)"},
@@ -43,7 +43,7 @@ TEST(StfGrammarTest, TokensAndValues)
     });
 }
 
-TEST(StfGrammarTest, Joins)
+TEST(StfGrammarTest, JoinsStrings)
 {
     expectAll({
         {"joined strings", "D ( \"a\\n\"+\r\n \"b\" + \"c\" )", "D(a\nbc)"},
@@ -58,7 +58,7 @@ TEST(StfGrammarTest, Joins)
     });
 }
 
-TEST(StfGrammarTest, Comments)
+TEST(StfGrammarTest, SkipsComments)
 {
     expectAll({
         {"block", "A ( comment ( x \"y\" ( z ) ) B ( 1 ) )", "A(B(1))"},
@@ -88,7 +88,7 @@ TEST(StfGrammarTest, Comments)
     });
 }
 
-TEST(StfGrammarTest, Labels)
+TEST(StfGrammarTest, ReadsLabels)
 {
     expectAll({
         {"shape blocks", "shape ( matrix MAIN ( 1 ) prim_state \"a b\" ( 2 ) anim_node #W ( 3 ) )",
@@ -105,7 +105,7 @@ TEST(StfGrammarTest, Labels)
     });
 }
 
-TEST(StfGrammarTest, BrokenStructure)
+TEST(StfGrammarTest, ReadsBrokenStructure)
 {
     expectAll({
         {"missing brackets", "A (\r\n B ( 1", "A(B(1))",
@@ -126,7 +126,7 @@ TEST(StfGrammarTest, BrokenStructure)
     });
 }
 
-TEST(StfGrammarTest, DeepNestingIsCutAndTheRestRead)
+TEST(StfGrammarTest, CutsDeepNestingAndReadsTheRest)
 {
     std::string text = "B ( 1 ) ";
     for (int i = 0; i < 100000; ++i)
@@ -137,7 +137,7 @@ TEST(StfGrammarTest, DeepNestingIsCutAndTheRestRead)
     EXPECT_EQ(stavfile::kMaxBlockDepth, std::count(tree.begin(), tree.end(), 'A'));
 }
 
-TEST(StfGrammarTest, NotesAreBounded)
+TEST(StfGrammarTest, LimitsTheNumberOfNotes)
 {
     MemoryFile memory(WithHeader(std::string(1 << 20, ')')));
     EXPECT_EQ(201u, memory.file.Notes().size());
@@ -151,7 +151,7 @@ struct HeaderRow
     const char *tree;
 };
 
-TEST(StfGrammarTest, Headers)
+TEST(StfGrammarTest, ReadsHeaders)
 {
     const char *usual = "SIMISA@@@@@@@@@@JINX0D0t______";
     const HeaderRow rows[] = {

@@ -20,7 +20,7 @@ int errorOf(const std::function<void()> &action)
     return 0;
 }
 
-TEST(StfNodeTest, LookupMindsLetterCaseOnlyBelowTheTop)
+TEST(StfNodeTest, LookUpIsCaseSensitiveOnlyBelowTheTop)
 {
     MemoryFile memory("Tr_Activity ( Name ( a ) name ( b ) )");
     const StfNode top = memory.file.FindNode("tr_activity");
@@ -31,7 +31,7 @@ TEST(StfNodeTest, LookupMindsLetterCaseOnlyBelowTheTop)
     EXPECT_FALSE(memory.file.FindNode("Tr_Activit"));
 }
 
-TEST(StfNodeTest, FindChildWalksAlternativesInFileOrder)
+TEST(StfNodeTest, FindChildTriesAlternativesInFileOrder)
 {
     MemoryFile memory("T ( Name ( ) Engine ( 1 ) Wagons ( ) Wagon ( 2 ) Engine ( 3 ) )");
     const StfNode top = memory.file.FindNode("T");
@@ -46,7 +46,7 @@ TEST(StfNodeTest, FindChildWalksAlternativesInFileOrder)
     EXPECT_EQ(0, position);
 }
 
-TEST(StfNodeTest, PositionsBeyond16BitsAreAnError)
+TEST(StfNodeTest, PositionsBeyond16BitsAreErrors)
 {
     std::string text = "T (";
     for (int i = 0; i < 32767; ++i)
@@ -75,7 +75,7 @@ TEST(StfNodeTest, ListsAreLive)
     EXPECT_TRUE(same.Item(1) == made);
 }
 
-TEST(StfNodeTest, ANodeOutlivesItsFileAndItsReload)
+TEST(StfNodeTest, NodesOutliveTheirFileAndItsReload)
 {
     StfNode node;
     {
@@ -87,7 +87,7 @@ TEST(StfNodeTest, ANodeOutlivesItsFileAndItsReload)
     EXPECT_EQ("a(1)", TreeText(node.Children()));
 }
 
-TEST(StfNodeTest, MisuseIsANumberedError)
+TEST(StfNodeTest, MisuseThrowsANumberedError)
 {
     MemoryFile memory("T ( 1 a ( b ( ) ) )");
     StfNode top = memory.file.FindNode("T");
@@ -115,7 +115,7 @@ TEST(StfNodeTest, MisuseIsANumberedError)
     EXPECT_EQ("T(1 a(b()))", TreeText(memory.file.Nodes()));
 }
 
-TEST(StfNodeTest, RawSpellingAndLine)
+TEST(StfNodeTest, ReturnsRawSpellingAndLine)
 {
     MemoryFile memory("T (\n a ( \"..\\common\\x.sms\" \"p\" + \"q\" w\" ) )");
     const StfNode node = memory.file.FindNode("T").Child("a");

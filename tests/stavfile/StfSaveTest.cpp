@@ -62,7 +62,7 @@ void moved(StfNodes list, int from, int to)
     list.Insert(node, to);
 }
 
-TEST(StfSaveTest, OnlyWhatWasChangedIsWrittenAnew)
+TEST(StfSaveTest, RewritesOnlyChangedParts)
 {
     const Row rows[] = {
         {"nothing", "", "", [](StfNode &) {}},
@@ -126,7 +126,7 @@ TEST(StfSaveTest, OnlyWhatWasChangedIsWrittenAnew)
     }
 }
 
-TEST(StfSaveTest, ANewDocumentHasTheUsualForm)
+TEST(StfSaveTest, NewDocumentHasTheUsualForm)
 {
     host::GameFiles files;
     StfFile file(files);
@@ -148,7 +148,7 @@ struct BrokenRow
 };
 
 /// Adds `N ( )` to the first block's children and a value to its second child, if there is one.
-TEST(StfSaveTest, BrokenFilesStayReadableAndAreMendedOnlyWhereTheyMustBe)
+TEST(StfSaveTest, RepairsBrokenFilesOnlyWhereNeeded)
 {
     const BrokenRow rows[] = {
         {"unclosed, the new block is last", "A ( B ( 1 )\r\n", "A ( B ( 1 ) N ( )\r\n"},
@@ -225,7 +225,7 @@ void editRandomly(StfFile &file, std::mt19937 &random)
     }
 }
 
-TEST(StfSaveTest, WhateverIsEditedReadsBackAsTheSameTree)
+TEST(StfSaveTest, EditedFilesReadBackAsTheSameTree)
 {
     std::mt19937 random(20261121);
     for (int round = 0; round < 4000; ++round) {
@@ -244,7 +244,7 @@ TEST(StfSaveTest, WhateverIsEditedReadsBackAsTheSameTree)
     }
 }
 
-TEST(StfSaveTest, FilesOnDisk)
+TEST(StfSaveTest, SavesFilesOnDisk)
 {
     TempFolder folder;
     folder.Write("Sub/a.con", Utf16(kConsist));

@@ -96,7 +96,7 @@ std::pair<std::string, std::optional<std::string>> inA(const char *file, const c
     return {kA + file, text ? std::optional<std::string>(text) : std::nullopt};
 }
 
-TEST(ChecksTest, Wagon)
+TEST(ChecksTest, WagonRules)
 {
     const Call wagon = stock("a.wag");
     rule("nothing wrong", {}, wagon, kGood);
@@ -127,7 +127,7 @@ TEST(ChecksTest, Wagon)
          wagon, kReference, {"ERROR: A/a.wag references missing file A/t.ace"});
 }
 
-TEST(ChecksTest, Sound)
+TEST(ChecksTest, SoundRules)
 {
     const Call wagon = stock("a.wag");
     const auto wagonWith = [](const std::string &sound) {
@@ -162,7 +162,7 @@ TEST(ChecksTest, Sound)
     rule("alone, nothing wrong", {}, sound, kGood);
 }
 
-TEST(ChecksTest, Engine)
+TEST(ChecksTest, EngineRules)
 {
     const Call engine = stock("e.eng");
     const auto engineWith = [](const std::string &section) {
@@ -211,7 +211,7 @@ TEST(ChecksTest, Engine)
          {"ERROR: A/Sound/e.sms appears CORRUPT", "ERROR: A/Sound/e.sms appears CORRUPT"});
 }
 
-TEST(ChecksTest, CabView)
+TEST(ChecksTest, CabViewRules)
 {
     const Call engine = stock("e.eng");
     const auto cab = [](TSValidation &v, const auto &place) {
@@ -243,7 +243,7 @@ TEST(ChecksTest, CabView)
          kGood);
 }
 
-TEST(ChecksTest, StockShape)
+TEST(ChecksTest, StockShapeRules)
 {
     const auto shape = [](TSValidation &v, const auto &place) {
         return v.CheckShape(place.At(kA + "a.s"));
@@ -276,7 +276,7 @@ TEST(ChecksTest, StockShape)
     rule("no images entry", images("Images ( 0 )"), shape, kGood, {}, 91);
 }
 
-TEST(ChecksTest, RouteShape)
+TEST(ChecksTest, RouteShapeRules)
 {
     const auto shape = [](TSValidation &v, const auto &place) {
         return v.CheckShape(place.At("Routes/R/Shapes/h.s"));
@@ -324,7 +324,7 @@ TEST(ChecksTest, RouteShape)
     rule("an empty descriptor", {{"Routes/R/Shapes/h.sd", ""}}, shape, kGood, {}, 9);
 }
 
-TEST(ChecksTest, Consist)
+TEST(ChecksTest, ConsistRules)
 {
     const auto consist = [](TSValidation &v, const auto &place) {
         return v.CheckConsist(place.At("Trains/Consists/c.con"));
@@ -369,7 +369,7 @@ TEST(ChecksTest, Consist)
     rule("no vehicles", train(""), consist, kGood);
 }
 
-TEST(ChecksTest, StockInConsists)
+TEST(ChecksTest, StockInConsistsRules)
 {
     const auto use = [](const char *file) -> Call {
         return [file](TSValidation &v, const auto &place) {
@@ -408,7 +408,7 @@ TEST(ChecksTest, StockInConsists)
          {line("c.con")});
 }
 
-TEST(ChecksTest, UseInRoutes)
+TEST(ChecksTest, UseInRoutesRules)
 {
     const auto consist = [](const char *name, const char *route) -> Call {
         return [=](TSValidation &v, const auto &) { return v.CheckConsistUseInRoute(route, name); };

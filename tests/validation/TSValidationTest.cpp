@@ -137,7 +137,7 @@ TEST(TSValidationTest, RaisesEventsInOrder)
     EXPECT_TRUE(validation.VerboseMessages());
 }
 
-TEST(TSValidationTest, SaysHowTheSearchInConsistsGoesOn)
+TEST(TSValidationTest, ReportsTheProgressOfTheSearchInConsists)
 {
     SmallInstallation place(Changes{{"Trains/Consists/b.con", "Train ( TrainCfg ( b ) )"}});
     TSValidation validation(place.Location(), place.Files());
@@ -170,7 +170,7 @@ Changes manyFolders()
     return changes;
 }
 
-TEST(TSValidationTest, AnyNumberOfWorkersGivesTheSame)
+TEST(TSValidationTest, ResultIsTheSameForAnyNumberOfWorkers)
 {
     SmallInstallation place(manyFolders());
     const auto logOf = [&](std::size_t workers, bool pumped) {
@@ -249,7 +249,7 @@ TEST(TSValidationTest, StopsBetweenTwoFilesUntilReset)
     EXPECT_EQ(validation.CheckStock("x/y.wag"), TSValidation::IsMissing);
 }
 
-TEST(TSValidationTest, StoppedSearchDoesNotSayThatThereIsNothing)
+TEST(TSValidationTest, StoppedSearchDoesNotReportUnusedStock)
 {
     SmallInstallation place(manyFolders());
     TSValidation validation(place.Location(), place.Files());
@@ -284,7 +284,7 @@ TEST(TSValidationTest, RefusesASecondCheckFromWithinAnEvent)
     EXPECT_FALSE(validation.Running()) << "a handler's exception ends the check";
 }
 
-TEST(TSValidationTest, TellsWhichFoldersCannotBeRead)
+TEST(TSValidationTest, ReportsFoldersThatCannotBeRead)
 {
     SmallInstallation place(Changes{{"Trains/Trainset/B/b.wag", ""}});
     TSValidation validation(place.Location(), place.Files());

@@ -24,7 +24,7 @@ float distanceOf(const CameraPose &pose)
 
 } // namespace
 
-TEST(OrbitCameraTest, HandsMoveTheCamera)
+TEST(OrbitCameraTest, OrbitPanAndApproachMoveTheCamera)
 {
     const float quarterX = 200 * std::numbers::pi_v<float> / 2;
     const float quarterY = 100 * std::numbers::pi_v<float> / 2;
@@ -103,7 +103,7 @@ TEST(OrbitCameraTest, HandsMoveTheCamera)
     }
 }
 
-TEST(OrbitCameraTest, ScrollBarsSetPlacesAndResetBringsTheSideView)
+TEST(OrbitCameraTest, ScrollBarsSetTheCameraAndResetRestoresTheSideView)
 {
     CameraPose pose{3, 4, 5, 6, 7, 8};
     OrbitCamera camera(pose);
@@ -163,7 +163,7 @@ TEST(OrbitCameraTest, NoSequenceOfMovesLosesTheTarget)
     }
 }
 
-TEST(OrbitCameraTest, ALongDragOverTheTargetEndsAboveIt)
+TEST(OrbitCameraTest, LongDragOverTheTargetEndsAboveIt)
 {
     CameraPose pose;
     OrbitCamera camera(pose);

@@ -138,7 +138,7 @@ TEST_F(StageTest, VehiclesStandEndToEnd)
     }
 }
 
-TEST_F(StageTest, ACameraThatWasTurnedWhileLoadingStaysAsFarFromTheTrain)
+TEST_F(StageTest, TurningWhileLoadingKeepsTheDistanceToTheTrain)
 {
     stage.RenderLooseConsist(train({"Box10", "Box20"}), game.Path(), "x.act");
     ASSERT_TRUE(stage.Step());
@@ -154,7 +154,7 @@ TEST_F(StageTest, ACameraThatWasTurnedWhileLoadingStaysAsFarFromTheTrain)
     EXPECT_FLOAT_EQ(now.CamX, turned.CamX);
 }
 
-TEST_F(StageTest, TheScrollBarRunsAlongTheTrain)
+TEST_F(StageTest, ScrollBarMovesAlongTheTrain)
 {
     load({"Box10", "Box20"});
     EXPECT_EQ(stage.ScrollMaximum(), 31);
@@ -164,7 +164,7 @@ TEST_F(StageTest, TheScrollBarRunsAlongTheTrain)
     EXPECT_EQ(stage.Caption(), "Loose Consist - Morning Freight");
 }
 
-TEST_F(StageTest, ATrainThatIsTooLongForTheScrollBarIsAnErrorAndStandsThere)
+TEST_F(StageTest, TrainTooLongForTheScrollBarIsAnErrorButIsShown)
 {
     const struct
     {
@@ -199,7 +199,7 @@ TEST_F(StageTest, ATrainThatIsTooLongForTheScrollBarIsAnErrorAndStandsThere)
     }
 }
 
-TEST_F(StageTest, StepsShowWhatIsThere)
+TEST_F(StageTest, StepsShowTheVehiclesLoadedSoFar)
 {
     stage.RenderLooseConsist(train({"Box10", "Box10"}), game.Path(), "x.act");
     EXPECT_EQ(canvas.TakeLog(), "start rendering camera begin end yield near50 far600 ");
@@ -217,7 +217,7 @@ TEST_F(StageTest, StepsShowWhatIsThere)
     EXPECT_EQ(traceLines(), "> tsview\n> tsviewobject\n< tsviewobject\n< tsview\n");
 }
 
-TEST_F(StageTest, VehiclesAreReadAheadWithoutAWord)
+TEST_F(StageTest, ReadsVehiclesAheadWithoutReporting)
 {
     const auto becomesReady = [this] {
         for (int i = 0; i < 5000 && !stage.Ready(); ++i)
@@ -243,7 +243,7 @@ TEST_F(StageTest, VehiclesAreReadAheadWithoutAWord)
     EXPECT_TRUE(stage.Ready());
 }
 
-TEST_F(StageTest, ConsistFilesAndTheirFaults)
+TEST_F(StageTest, ShowsConsistFilesAndReportsTheirFaults)
 {
     const auto render = [this](const std::string &content) {
         const std::string path = game.Write("Trains/Consists/a.con", content);
@@ -268,7 +268,7 @@ TEST_F(StageTest, ConsistFilesAndTheirFaults)
     EXPECT_EQ(render("Wagon ( )"), "a.con: there is no Train block");
 }
 
-TEST_F(StageTest, ReportsNameTheTextures)
+TEST_F(StageTest, PropertiesListTheTextures)
 {
     shapes.textures["box.s"] = {"side.ace", "gone.ace"};
     load({"Box10", "Engine ( EngineData ( Loco My Cars ) )"});
@@ -288,7 +288,7 @@ TEST_F(StageTest, ReportsNameTheTextures)
     EXPECT_EQ(status, "Done");
 }
 
-TEST_F(StageTest, ReportsEndWithWhatCouldNotBeLoaded)
+TEST_F(StageTest, PropertiesEndWithTheFilesThatCouldNotBeLoaded)
 {
     const std::string folder =
         host::path::Normalise(game.At("Trains/Trainset/Cars")) + host::path::kSeparator;
@@ -315,7 +315,7 @@ TEST_F(StageTest, ReportsEndWithWhatCouldNotBeLoaded)
                                   folder + "Gone.wag does not exist!");
 }
 
-TEST(NumbersTest, TheNumberIsTheBeginningOfTheText)
+TEST(NumbersTest, ReadsTheNumberAtTheBeginningOfTheText)
 {
     const struct
     {

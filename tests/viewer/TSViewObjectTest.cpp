@@ -35,7 +35,7 @@ constexpr float kPi = std::numbers::pi_v<float>;
 
 } // namespace
 
-TEST_F(TSViewObjectTest, MovesAndTurnsInTheOrderOfTheCall)
+TEST_F(TSViewObjectTest, MovesAndTurnsInTheOrderOfTheCalls)
 {
     const struct
     {
@@ -94,7 +94,7 @@ TEST_F(TSViewObjectTest, MovesAndTurnsInTheOrderOfTheCall)
     EXPECT_EQ(object.Z(), 7);
 }
 
-TEST_F(TSViewObjectTest, LoadingTakesTheNamesOfTheTextures)
+TEST_F(TSViewObjectTest, LoadingStoresTheNamesOfTheTextures)
 {
     TSViewObject object(services);
     object.Model().SetTexturePath("..\\textures\\");
@@ -108,7 +108,7 @@ TEST_F(TSViewObjectTest, LoadingTakesTheNamesOfTheTextures)
     EXPECT_EQ(object.Model().Problems(), std::vector<std::string>{"gone.ace is missing"});
 }
 
-TEST_F(TSViewObjectTest, WhatCannotBeLoadedIsSaidOnce)
+TEST_F(TSViewObjectTest, ReportsEachFailureToLoadOnce)
 {
     TSViewObject object(services);
     EXPECT_FALSE(object.LoadShape(game.At("none.s")));
@@ -123,7 +123,7 @@ TEST_F(TSViewObjectTest, WhatCannotBeLoadedIsSaidOnce)
     EXPECT_EQ(object.LastError(), "");
 }
 
-TEST_F(TSViewObjectTest, FlashingTakesTheTexturesAwayAndBack)
+TEST_F(TSViewObjectTest, FlashingHidesAndRestoresTheTextures)
 {
     TSViewObject object(services);
     ASSERT_TRUE(object.LoadShape(path));
@@ -147,7 +147,7 @@ TEST_F(TSViewObjectTest, FlashingTakesTheTexturesAwayAndBack)
     EXPECT_EQ(worn(), 0);
 }
 
-TEST_F(TSViewObjectTest, ACreationAndItsEndAreTraced)
+TEST_F(TSViewObjectTest, TracesCreationAndDestruction)
 {
     {
         TSViewObject first(services), second(services);

@@ -69,7 +69,7 @@ TEST_F(TSViewTest, LoadsShapesUnderKeys)
     EXPECT_EQ(dialogs.Log(), "");
 }
 
-TEST_F(TSViewTest, WhatCannotBeLoadedIsToldAndLeftOut)
+TEST_F(TSViewTest, ReportsAndLeavesOutWhatCannotBeLoaded)
 {
     TSView view(services);
     EXPECT_FALSE(view.LoadShapeInToViewer("a", game.Write("bad.s"), 0, 0, 0, 0));
@@ -80,7 +80,7 @@ TEST_F(TSViewTest, WhatCannotBeLoadedIsToldAndLeftOut)
     EXPECT_EQ(view.Models.Count(), 0);
 }
 
-TEST_F(TSViewTest, EveryCreationIsTracedWithItsEnd)
+TEST_F(TSViewTest, TracesEveryCreationAndDestruction)
 {
     {
         TSView view(services);

@@ -86,7 +86,7 @@ TEST_F(CheckCommandTest, PrintsTheReport)
     }
 }
 
-TEST_F(CheckCommandTest, TellsErrorsAndGoesOn)
+TEST_F(CheckCommandTest, ReportsErrorsAndContinues)
 {
     const std::string bare = at("Routes/R/Shapes/bare.s");
     const std::string error =
@@ -112,7 +112,7 @@ TEST_F(CheckCommandTest, TellsErrorsAndGoesOn)
               (Outcome{1, "ERROR: " + at("Routes/Trains/Trainset") + " is MISSING\n", ""}));
 }
 
-TEST_F(CheckCommandTest, GivesTheSameAsJson)
+TEST_F(CheckCommandTest, PrintsTheReportAsJson)
 {
     // The command names the file in another letter case; "path" has the spelling on disk.
     const Outcome outcome = check({"stock", "m/TRAINS/trainset/a/A.WAG", "--json", "--verbose"});
@@ -141,7 +141,7 @@ TEST_F(CheckCommandTest, GivesTheSameAsJson)
     EXPECT_EQ(check({"use", "--consist", "d", "--route", "R", "--json"}), (Outcome{0, "[]\n", ""}));
 }
 
-TEST_F(CheckCommandTest, KeepsChecksThatEndInAnErrorInJsonAndReport)
+TEST_F(CheckCommandTest, JsonAndReportIncludeChecksThatEndWithAnError)
 {
     const std::string bare = at("Routes/R/Shapes/bare.s");
     const std::string line = bare + ": error 13: its descriptor " + bare + "d is missing";
@@ -176,7 +176,7 @@ TEST_F(CheckCommandTest, AppendsTheReport)
               (Outcome{2, m_noDescriptor, "zelkctl: no/r.log: error 76: Path not found\n"}));
 }
 
-TEST_F(CheckCommandTest, RefusesWhatItCannotCheck)
+TEST_F(CheckCommandTest, RefusesFilesThatItCannotCheck)
 {
     const std::pair<std::vector<std::string>, const char *> rows[] = {
         {{"stocks", "x"}, "There is no command \"check stocks\" (zelkctl check --help tells more)"},

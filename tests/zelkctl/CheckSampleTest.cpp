@@ -56,7 +56,7 @@ protected:
     std::map<std::string, samples::Defect> m_defects;
 };
 
-TEST_F(CheckSampleTest, AllStock)
+TEST_F(CheckSampleTest, FindsThePlannedStockDefects)
 {
     Lines expected;
     for (const auto &[file, defect] : m_defects)
@@ -75,7 +75,7 @@ TEST_F(CheckSampleTest, AllStock)
     EXPECT_EQ(check({"all", "--filter", "Coast*"}), (Outcome{0, "", ""}));
 }
 
-TEST_F(CheckSampleTest, Shapes)
+TEST_F(CheckSampleTest, FindsThePlannedShapeDefects)
 {
     Lines clean = {"shape"};
     for (const std::string &file : files(".s")) {
@@ -98,7 +98,7 @@ TEST_F(CheckSampleTest, Shapes)
     EXPECT_EQ(check(clean), (Outcome{0, "", ""}));
 }
 
-TEST_F(CheckSampleTest, Consists)
+TEST_F(CheckSampleTest, FindsThePlannedConsistDefects)
 {
     for (const std::string &file : files(".con")) {
         SCOPED_TRACE(file);
@@ -111,7 +111,7 @@ TEST_F(CheckSampleTest, Consists)
     }
 }
 
-TEST_F(CheckSampleTest, Use)
+TEST_F(CheckSampleTest, FindsThePlannedUses)
 {
     for (const char *extension : {".eng", ".wag"})
         for (const std::string &file : files(extension)) {

@@ -15,7 +15,7 @@ struct Row
     std::string command = {}; ///< whose help is recommended
 };
 
-TEST_F(CommandLineTest, RefusesWhatItDoesNotUnderstand)
+TEST_F(CommandLineTest, RefusesUnknownArguments)
 {
     const Row rows[] = {
         {"no command", {"--msts", "list"}, "A subcommand is required"},
@@ -45,7 +45,7 @@ TEST_F(CommandLineTest, RefusesWhatItDoesNotUnderstand)
     }
 }
 
-TEST_F(CommandLineTest, RefusesMalformedOperationsBeforeItReadsTheFile)
+TEST_F(CommandLineTest, RefusesMalformedOperationsBeforeReadingTheFile)
 {
     const std::string stock = "expected add=Engine,FOLDER,NAME or add=Wagon,FOLDER,NAME";
     const std::string number = "expected a row number, counted from 1";
@@ -71,7 +71,7 @@ TEST_F(CommandLineTest, RefusesMalformedOperationsBeforeItReadsTheFile)
     }
 }
 
-TEST_F(CommandLineTest, AnswersVersionAndHelp)
+TEST_F(CommandLineTest, PrintsVersionAndHelp)
 {
     EXPECT_EQ(run({"--version"}), (Outcome{0, "zelkctl " ZELK_VERSION "\n", ""}));
     const Outcome help = run({"--help"});
@@ -87,7 +87,7 @@ TEST_F(CommandLineTest, AnswersVersionAndHelp)
     }
 }
 
-TEST_F(CommandLineTest, SaysWhenItsOutputCannotBeWritten)
+TEST_F(CommandLineTest, ReportsOutputThatCannotBeWritten)
 {
     write("x.con", "Train ( TrainCfg ( x ) )");
     for (const auto &[output, reason] : support::UnwritableOutputs())
@@ -95,7 +95,7 @@ TEST_F(CommandLineTest, SaysWhenItsOutputCannotBeWritten)
                   (Outcome{2, "", "zelkctl: standard output: " + reason + "\n"}));
 }
 
-TEST_F(CommandLineTest, EndsSilentlyWhenNobodyReadsItsOutput)
+TEST_F(CommandLineTest, EndsSilentlyIfNobodyReadsItsOutput)
 {
     write("x.con", "Train ( TrainCfg ( x ) )");
     const Outcome silent{141, "", ""};

@@ -63,7 +63,7 @@ std::vector<std::string> EditCommandTest::units(const std::string &file) const
     return units;
 }
 
-TEST_F(EditCommandTest, DoesTheOperationsInOrder)
+TEST_F(EditCommandTest, PerformsOperationsInOrder)
 {
     const std::string engine = "Engine 0 /loco/SD40", box = "Wagon* 1 /box/Old/Stock",
                       tank = "Wagon 2 /tank/Tank, long";
@@ -111,7 +111,7 @@ TEST_F(EditCommandTest, ChangesNothingElseInTheFile)
         << "the file that was read";
 }
 
-TEST_F(EditCommandTest, WritesNothingWhenSomethingCannotBeDone)
+TEST_F(EditCommandTest, WritesNothingIfAnOperationFails)
 {
     write("overflow.con", consist("overflow", "\t\tNextWagonUID ( 32767 )\r\n", kEngine));
     write("noTrain.con", "Wagon ( x )");
@@ -147,7 +147,7 @@ TEST_F(EditCommandTest, WritesNothingWhenSomethingCannotBeDone)
     }
 }
 
-TEST_F(EditCommandTest, RemarksGoToStderrAndTheCommandGoesOn)
+TEST_F(EditCommandTest, WarningsGoToStderrAndTheCommandContinues)
 {
     const std::string odd = "\t\tNextWagonUID ( x1 )\r\n";
     const std::string hidden = "\t\tWagon (\r\n\t\t\tUiD ( 9 )\r\n\t\t)\r\n" + kTank;

@@ -71,7 +71,7 @@ std::vector<std::string> takeNames(Json &tree)
     return names;
 }
 
-TEST_F(ResaveCommandTest, ChangesNothingOfTheSampleConsistsButTheirNames)
+TEST_F(ResaveCommandTest, ChangesOnlyTheNamesOfTheSampleConsists)
 {
     const fs::path sample = m_folder.At("sample");
     samples::WriteSample(sample);
@@ -102,7 +102,7 @@ TEST_F(ResaveCommandTest, ChangesNothingOfTheSampleConsistsButTheirNames)
     EXPECT_EQ(consists, 14);
 }
 
-TEST_F(ResaveCommandTest, GivesOtherFilesBackAsTheyWere)
+TEST_F(ResaveCommandTest, LeavesOtherFilesUnchanged)
 {
     std::string bytes(4096, '\0');
     for (std::size_t i = 0; i < bytes.size(); ++i)
@@ -125,7 +125,7 @@ TEST_F(ResaveCommandTest, GivesOtherFilesBackAsTheyWere)
     }
 }
 
-TEST_F(ResaveCommandTest, SavesAConsistThatTheEditorCouldNotList)
+TEST_F(ResaveCommandTest, SavesConsistsThatTheEditorCannotList)
 {
     write("odd.con", "\nTrain ( TrainCfg ( odd Name ( odd ) Engine ( UiD ( 0 ) ) ) )\n");
     EXPECT_EQ(resave("odd.con", "New name.con"), (Outcome{0, "", ""}));
@@ -133,7 +133,7 @@ TEST_F(ResaveCommandTest, SavesAConsistThatTheEditorCouldNotList)
               "\nTrain ( TrainCfg ( \"New name\" Name ( \"New name\" ) Engine ( UiD ( 0 ) ) ) )\n");
 }
 
-TEST_F(ResaveCommandTest, ReplacesTheFileOfThatNameInAnyLetterCase)
+TEST_F(ResaveCommandTest, ReplacesAnExistingFileInAnyLetterCase)
 {
     write("a.con", "\nTrain ( TrainCfg ( a Name ( a ) ) )");
     write("B.CON", "old");
@@ -142,7 +142,7 @@ TEST_F(ResaveCommandTest, ReplacesTheFileOfThatNameInAnyLetterCase)
     EXPECT_EQ(m_folder.Names(), (std::vector<std::string>{"B.CON", "a.con"}));
 }
 
-TEST_F(ResaveCommandTest, NamesTheFileThatIsAtFault)
+TEST_F(ResaveCommandTest, NamesTheFaultyFile)
 {
     write("x.con", "Train ( TrainCfg ( x ) )");
     m_folder.MakeFolder("folder.con");

@@ -61,7 +61,7 @@ void expectLevels(const nlohmann::json &levels)
     }
 }
 
-TEST_F(SampleModelsTest, EveryShapeTellsWhatItHolds)
+TEST_F(SampleModelsTest, PrintsTheContentOfEveryShape)
 {
     std::map<std::string, int> forms;
     for (const std::string &file : files(".s")) {
@@ -118,7 +118,7 @@ protected:
     }
 };
 
-TEST_P(SampleRenderTest, EveryFileIsDrawnOrSaysWhyNot)
+TEST_P(SampleRenderTest, DrawsEveryFileOrReportsWhyNot)
 {
     const Outcome trial = render("TRAINS/CONSISTS/Depot Shunter.con");
     if (trial.err.find("no picture can be made") != std::string::npos)

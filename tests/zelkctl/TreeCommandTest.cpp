@@ -9,7 +9,7 @@ class TreeCommandTest : public ZelkctlTest
 {
 };
 
-TEST_F(TreeCommandTest, ShowsTheWholeFile)
+TEST_F(TreeCommandTest, PrintsTheWholeFile)
 {
     const std::string header = "SIMISA@@@@@@@@@@JINX0D0t______";
     struct Row
@@ -56,7 +56,7 @@ TEST_F(TreeCommandTest, ShowsTheWholeFile)
     }
 }
 
-TEST_F(TreeCommandTest, GivesValidJsonForAnyBytes)
+TEST_F(TreeCommandTest, PrintsValidJsonForAnyBytes)
 {
     std::string bytes = "a ( ";
     for (int round = 0; round < 2000; ++round)
@@ -69,7 +69,7 @@ TEST_F(TreeCommandTest, GivesValidJsonForAnyBytes)
     }
 }
 
-TEST_F(TreeCommandTest, ShowsLargeAndDeepFilesWhole)
+TEST_F(TreeCommandTest, PrintsLargeAndDeepFilesCompletely)
 {
     constexpr int kBlocks = 50'000, kDepth = 150;
     std::string wide, deep;
@@ -99,7 +99,7 @@ TEST_F(TreeCommandTest, FindsFilesInAnyLetterCase)
     EXPECT_EQ(run({"tree", foreign}), exact) << "the bytes of the disk's name";
 }
 
-TEST_F(TreeCommandTest, SaysWhyAFileCannotBeRead)
+TEST_F(TreeCommandTest, ReportsWhyAFileCannotBeRead)
 {
     write("folder.con/x", "");
     const std::pair<const char *, const char *> rows[] = {
