@@ -86,7 +86,7 @@ void Session::startBus()
            QStringLiteral("--print-address")});
     m_environment = whole;
     if (!m_bus.canReadLine() && !m_bus.waitForReadyRead(kStartMilliseconds))
-        throw std::runtime_error("the message bus does not tell its address: " +
+        throw std::runtime_error("the message bus does not print its address: " +
                                  m_bus.readAllStandardError().toStdString());
     m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
                          QString::fromUtf8(m_bus.readLine()).trimmed());
@@ -108,7 +108,7 @@ void Session::connectToReaders()
         return;
     }
     if (reply.type() != QDBusMessage::ReplyMessage)
-        throw std::runtime_error("no bus of screen readers: " + reply.errorMessage().toStdString());
+        throw std::runtime_error("no accessibility bus: " + reply.errorMessage().toStdString());
     m_readers = QDBusConnection::connectToBus(reply.arguments().constFirst().toString(),
                                               QStringLiteral("readers"));
 }

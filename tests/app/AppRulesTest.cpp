@@ -29,7 +29,7 @@ TEST(AppRulesTest, FileKindFollowsTheTextAfterTheLastDot)
     EXPECT_EQ("", app::RefusalOf(OpenKind::Consist));
 }
 
-TEST(AppRulesTest, VersionAndHelpTexts)
+TEST(AppRulesTest, MakesProgramTexts)
 {
     EXPECT_EQ("ZELK v1.0-75", modZELK::MainCaption());
     EXPECT_EQ("Properties of x", modZELK::TextWindowCaption("x"));

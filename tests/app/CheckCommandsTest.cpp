@@ -43,7 +43,7 @@ public:
     void SetProgress(int done, int total) override
     {
         EXPECT_LE(done, total);
-        EXPECT_TRUE(total == 0 || done >= m_done) << "the bar goes back";
+        EXPECT_TRUE(total == 0 || done >= m_done) << "the progress bar goes back";
         m_done = total == 0 ? 0 : done;
     }
     void ProcessEvents() override

@@ -157,7 +157,7 @@ TEST_F(SaveConsistTest, RefusesBlankNewNames)
     folder.Write(" .con", "old");
     fileName = at(" .con");
     dialogs.Answer(DialogAnswer::Yes);
-    EXPECT_TRUE(save()) << "a file of this name stays usable";
+    EXPECT_TRUE(save()) << "an existing file of this name stays usable";
 }
 
 TEST_F(SaveConsistTest, ChosenNamesEndWithCon)
@@ -247,7 +247,7 @@ TEST_F(SaveConsistTest, FailedWriteLeavesTheWindowUnchanged)
             dialogs.Answer(DialogAnswer::Yes);
         EXPECT_FALSE(row.isSaveAs ? saveAs() : save());
         EXPECT_EQ(at("a.con") + "|before", fileName + '|' + caption);
-        EXPECT_EQ(row.deletes, marked) << "what was deleted may be nowhere else";
+        EXPECT_EQ(row.deletes, marked) << "the window may hold the only copy";
         EXPECT_TRUE(dialogs.TakeLog().ends_with("the disk is full\n"));
     }
     EXPECT_FALSE(folder.Exists("b.con"));

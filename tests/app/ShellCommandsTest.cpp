@@ -95,7 +95,8 @@ TEST_F(ConsistFilesTest, PasteCopiesEveryByteToANewName)
     }
     for (const char *file : {"New.con", "Old.con", "New.con.con"})
         EXPECT_EQ(game.Read(std::string("Trains/Consists/") + file), std::string("\xFF\xFE\0c", 4));
-    EXPECT_EQ(game.Names("Trains/Consists").size(), 4u) << "a name in another case is that file";
+    EXPECT_EQ(game.Names("Trains/Consists").size(), 4u)
+        << "a name in another letter case is the same file";
 }
 
 TEST_F(ConsistFilesTest, CancelledOrEmptyPasteChangesNothing)
@@ -161,7 +162,7 @@ TEST_F(ConsistFilesTest, CutAsksThenMovesToTheWastebasket)
     dialogs.Answer(host::DialogAnswer::Yes);
     EXPECT_EQ(cut("Coal"), question + consist("Coal.con") + " was moved to the wastebasket.");
     EXPECT_EQ(desktop.log, "wastebasket Coal.con\n");
-    EXPECT_EQ(cut("Coal"), "") << "it is not listed any more";
+    EXPECT_EQ(cut("Coal"), "") << "it is no longer listed";
     EXPECT_TRUE(game.Exists("Trains/Consists/Old.con"));
 }
 

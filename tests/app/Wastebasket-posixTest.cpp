@@ -64,7 +64,7 @@ TEST_F(WastebasketTest, AFileOnAnotherVolumeStaysOnIt)
         GTEST_SKIP() << "there is no other volume";
     const fs::path basket = volume / (".Trash-" + std::to_string(geteuid()));
     if (fs::exists(basket))
-        GTEST_SKIP() << "somebody uses " << basket;
+        GTEST_SKIP() << "in use: " << basket;
     const fs::path file = volume / ("zelk-" + std::to_string(getpid()) + ".con");
     fs::copy_file(folder.Write("a.con", "coal"), file);
     EXPECT_TRUE(app::MoveToWastebasket(file.native()));

@@ -156,7 +156,7 @@ TEST_F(ConsistTreeTest, PerformsEveryOperationOnFourUnits)
         {"backwards without selection", Move::Backwards, 0, "e w1 w2 w3 4", 0},
         {"flip", Move::Flip, 2, "e w1* w2 w3 4", 0},
         {"flip without selection", Move::Flip, 0, "e w1 w2 w3 4", 0},
-        {"a row that is not there", Move::Remove, 9, "e w1 w2 w3 4", 0},
+        {"a row that does not exist", Move::Remove, 9, "e w1 w2 w3 4", 0},
     };
     for (const EditRow &row : rows) {
         SCOPED_TRACE(row.what);
@@ -165,7 +165,7 @@ TEST_F(ConsistTreeTest, PerformsEveryOperationOnFourUnits)
         EXPECT_EQ(row.train, train());
         EXPECT_EQ(row.selected, result.selectedRow);
         EXPECT_EQ("", result.message);
-        EXPECT_TRUE(tree.Changed()) << "every press marks the consist changed";
+        EXPECT_TRUE(tree.Changed()) << "every edit marks the consist as changed";
     }
 }
 
@@ -177,7 +177,7 @@ TEST_F(ConsistTreeTest, AddNumbersUnitsByTheCounter)
     EXPECT_EQ(2, tree.Edit(Move::Add, 1, &engine).selectedRow);
     EXPECT_EQ("box e 2", train());
     EXPECT_EQ("0 1 ", uids());
-    EXPECT_EQ(3, tree.Rows().front().position) << "behind everything that was there";
+    EXPECT_EQ(3, tree.Rows().front().position) << "after all existing units";
     // The counter counts units, so after a removal a number is used again.
     tree.Edit(Move::Remove, 1);
     tree.Edit(Move::Add, 1, &box);
@@ -338,9 +338,9 @@ TEST_F(ConsistTreeTest, SavingUpdatesTheNameAndNothingElse)
     const NameRow rows[] = {
         {"name first", " Name ( old )\r\n Serial ( 1 )\r\n", "Freight1.con",
          "TrainCfg ( Freight1\r\n Name ( Freight1 )\r\n Serial ( 1 )\r\n"},
-        {"a blank is quoted, once", " Name ( \"a b\" )\r\n", "My Train.con",
+        {"a name with a blank is quoted once", " Name ( \"a b\" )\r\n", "My Train.con",
          "TrainCfg ( \"My Train\"\r\n Name ( \"My Train\" )\r\n"},
-        {"no name: one is put first", " Serial ( 1 )\r\n MaxVelocity ( 1 2 )\r\n", "b.con",
+        {"no name: one is inserted first", " Serial ( 1 )\r\n MaxVelocity ( 1 2 )\r\n", "b.con",
          "TrainCfg ( b\r\n Name ( b )\r\n Serial ( 1 )\r\n MaxVelocity ( 1 2 )\r\n"},
         {"name not first", " Serial ( 1 )\r\n Name ( old )\r\n", "b.con",
          "TrainCfg ( b\r\n Serial ( 1 )\r\n Name ( b )\r\n"},

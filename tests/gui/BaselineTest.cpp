@@ -143,7 +143,7 @@ TEST_F(BaselineTest, ModelsMatchTheStoredPictures)
             ADD_FAILURE() << 100 * share << " % of the picture differ from " << file.toStdString()
                           << ", see " << leave(row.name, picture, wanted);
         EXPECT_GT(difference(picture.mirrored(true, false), wanted), kMirrored)
-            << "this picture would not tell left from right";
+            << "this picture would not show a mirrored model";
     }
     EXPECT_EQ(dialogs.Log(), "");
 }

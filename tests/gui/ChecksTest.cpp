@@ -138,7 +138,7 @@ TEST_F(ChecksTest, ResultsWindowsAreSeparateAndCloseWithTheMainWindow)
         EXPECT_TRUE(Find<QAction>(*window, "mnuViewFilter").isEnabled());
     }
     ASSERT_EQ(results().size(), 2u);
-    EXPECT_NE(results()[0]->pos(), results()[1]->pos()) << "one does not hide the other";
+    EXPECT_NE(results()[0]->pos(), results()[1]->pos()) << "neither hides the other";
     for (const frmResults *form : results())
         EXPECT_TRUE(form->screen()->availableGeometry().contains(form->geometry()));
     EXPECT_EQ(Active()->Mode(), 0) << "commands still work on the document";
@@ -207,7 +207,7 @@ TEST_F(ChecksTest, ClosingTheProgramEndsTheCheck)
     inTheMiddle([this] { EXPECT_TRUE(window->close()); });
     Trigger("mnuStockCheckAll");
     EXPECT_EQ(acted, 1);
-    EXPECT_TRUE(results().empty()) << "nothing comes up any more";
+    EXPECT_TRUE(results().empty()) << "no window opens any more";
     EXPECT_FALSE(window->isVisible());
     EXPECT_TRUE(window->Validator->Stopped());
 }

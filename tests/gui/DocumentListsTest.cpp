@@ -172,7 +172,7 @@ TEST_F(DocumentListsTest, CommandsOnOneOfSeveralConsistsNameIt)
         << Status();
     list().SelectRow(0);
     Trigger("mnuEditCopy");
-    EXPECT_EQ(Status().find("Only"), std::string::npos) << "one selected consist needs no remark";
+    EXPECT_EQ(Status().find("Only"), std::string::npos) << "a single selected consist is not named";
 }
 
 TEST_F(DocumentListsTest, ListWithoutFocusShowsItsSelectionInGrey)

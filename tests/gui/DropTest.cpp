@@ -77,7 +77,8 @@ TEST_F(DropTest, FileOpenStartsInTheFolderOfTheLastOpenedFile)
     EXPECT_EQ(own(dialogs.LastFolder()), own(other.At("mine")));
     drop({game.Write("x/read.me"), ConsistFile("Coal")});
     Trigger("mnuFileOpen");
-    EXPECT_EQ(own(dialogs.LastFolder()), own(game.At("Trains/Consists"))) << "of what was opened";
+    EXPECT_EQ(own(dialogs.LastFolder()), own(game.At("Trains/Consists")))
+        << "the folder of the opened file";
     dialogs.AnswerFile(other.At("gone/a.con"));
     Trigger("mnuFileOpen");
     dialogs.TakeLog();

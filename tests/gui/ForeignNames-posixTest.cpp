@@ -46,7 +46,7 @@ TEST_F(ForeignNamesTest, CommandLineKeepsTheBytes)
     EXPECT_EQ(app::CommandLineAfterToolkit(2, 2, arguments), file);
     Start(file);
     EXPECT_EQ(opened(), expected());
-    EXPECT_EQ(game.Names("Trains/Consists").size(), 4U) << "saving must not make another file";
+    EXPECT_EQ(game.Names("Trains/Consists").size(), 4U) << "saving must not create another file";
 }
 
 TEST_F(ForeignNamesTest, DropsKeepTheBytes)

@@ -21,7 +21,7 @@ QString guide()
 {
     QFile file(QString::fromStdString(app::FindGuide(app::GuidePage::Contents)));
     if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("no guide beside the tests");
+        throw std::runtime_error("there is no guide beside the tests");
     return QString::fromUtf8(file.readAll());
 }
 

@@ -55,7 +55,7 @@ void expectUnique(const std::string &where, const QList<QKeySequence> &keys)
     std::set<QString> taken;
     for (const QKeySequence &key : keys)
         EXPECT_TRUE(key.isEmpty() || taken.insert(key.toString()).second)
-            << where << ": " << key.toString().toStdString() << " is given twice";
+            << where << ": " << key.toString().toStdString() << " is used twice";
 }
 
 /// Toolbar and MSTS Tools share a letter, which moves from one to the other.

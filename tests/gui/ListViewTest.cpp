@@ -81,7 +81,7 @@ TEST(ListViewTest, SortingKeepsTheSelectionOnItsItem)
     EXPECT_EQ(shown.model.Item(0).shape, "tank");
     EXPECT_EQ(shown.list.SelectedRow(), 0);
     shown.model.Append({{"Wagon", "0", "first"}});
-    EXPECT_EQ(shown.model.Item(3).shape, "first") << "not sorted in before it is asked for";
+    EXPECT_EQ(shown.model.Item(3).shape, "first") << "not sorted until requested";
     shown.model.ClickHeader(2);
     EXPECT_EQ(shown.model.Item(1).shape, "first");
 }
@@ -123,7 +123,7 @@ TEST(ListViewTest, FirstKeySelectsTheFocusedRow)
 {
     ShownList shown;
     shown.list.setFocus();
-    EXPECT_EQ(shown.list.SelectedRow(), -1) << "nothing is selected unasked";
+    EXPECT_EQ(shown.list.SelectedRow(), -1) << "nothing is selected before a key is pressed";
     QTest::keyClick(&shown.list, Qt::Key_Home);
     EXPECT_EQ(shown.list.SelectedRow(), 0);
 }

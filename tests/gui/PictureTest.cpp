@@ -252,7 +252,7 @@ TEST_F(PictureTest, MissingTextureIsACheckerPattern)
     EXPECT_GT(dark, 10);
     view.Models.Item(1).Flash();
     take("flashed");
-    EXPECT_TRUE(close(at({1, 2, 0}), kWhite)) << "flashed, it is plain";
+    EXPECT_TRUE(close(at({1, 2, 0}), kWhite)) << "plain after Flash";
 }
 
 TEST_F(PictureTest, CompressedTextureWithOneLevelDoesNotShimmer)

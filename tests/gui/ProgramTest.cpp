@@ -82,8 +82,8 @@ TEST(ProgramTest, OpensTheConsistOnTheCommandLine)
                   QString::fromStdString(consist).split(QLatin1Char(' ')));
     ASSERT_TRUE(program.waitForStarted());
     EXPECT_TRUE(Wait([&] { return CloseWindowOf(program.processId(), "ZELK v1.0-75"); }))
-        << "no window came up";
-    EXPECT_TRUE(program.waitForFinished(10000)) << "it did not end when it was told to";
+        << "no window appeared";
+    EXPECT_TRUE(program.waitForFinished(10000)) << "it did not end when its window was closed";
     EXPECT_EQ(program.exitCode(), 0);
     program.kill();
     program.waitForFinished();

@@ -96,7 +96,7 @@ TEST_F(SavingTest, AsksBeforeOverwritingAFileChangedByAnotherProgram)
         way.act();
         EXPECT_EQ(dialogs.TakeLog(), way.firstQuestion + changedQuestion("Coal"));
         EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "Oil");
-        ASSERT_EQ(window->Documents().size(), 2u) << "what was not saved stays open";
+        ASSERT_EQ(window->Documents().size(), 2u) << "an unsaved consist stays open";
         EXPECT_TRUE(editor.Changed());
         EXPECT_EQ(editor.FileName() + '|' + editor.Caption(),
                   ConsistFile("Coal") + "|Consist - Coal");
@@ -118,7 +118,7 @@ TEST_F(SavingTest, AsksBeforeOverwritingAFileChangedByAnotherProgram)
         }
         removeFirst(editor);
         press(editor, "cmdAction1");
-        EXPECT_EQ(dialogs.TakeLog(), savedMessage("Coal")) << "our own save is no change";
+        EXPECT_EQ(dialogs.TakeLog(), savedMessage("Coal")) << "our own save is not a change";
         editor.close();
         EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
     }
@@ -208,7 +208,7 @@ TEST_F(SavingTest, UnchangedEditorShowsWhatAnotherEditorSaved)
 
     removeFirst(reader);
     press(reader, "cmdAction1");
-    EXPECT_EQ(dialogs.TakeLog(), savedMessage("Long")) << "it has read what the other wrote";
+    EXPECT_EQ(dialogs.TakeLog(), savedMessage("Long")) << "it shows what the other window saved";
     EXPECT_EQ(writer.Consist().Rows().size(), 78u);
 }
 

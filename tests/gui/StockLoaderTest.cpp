@@ -99,6 +99,6 @@ TEST_F(StockLoaderTest, HeadersSortWhileTheListFills)
     click(2);
     EXPECT_EQ(at(0, 2), "w1");
     click(0);
-    EXPECT_EQ(at(0, 0), "Engine") << "another column begins ascending";
+    EXPECT_EQ(at(0, 0), "Engine") << "another column starts in ascending order";
     EXPECT_EQ(at(2, 0), "Wagon");
 }

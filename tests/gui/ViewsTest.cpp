@@ -118,7 +118,7 @@ TEST_F(ViewsTest, ListShowsAConsistInASideView)
     ASSERT_TRUE(loaded());
     EXPECT_EQ(Active()->Caption(), "Consist - Coal");
     EXPECT_EQ(Active()->Mode(), 2);
-    EXPECT_EQ(window->winId(), before) << "the main window is not made anew";
+    EXPECT_EQ(window->winId(), before) << "the main window is not recreated";
     EXPECT_TRUE(window->isActiveWindow());
     EXPECT_EQ(Status(), "Done");
     EXPECT_EQ(scene().Models.Count(), 2);
@@ -139,7 +139,7 @@ TEST_F(ViewsTest, MouseWheelAndKeysMoveTheCamera)
     QTest::mouseMove(&canvas(), {50, 50});
     expectNear(camera(), kSide, "no button");
     drag(Qt::LeftButton, {314, 0});
-    EXPECT_NEAR(camera().CamZ, -5, 0.02) << "a quarter round";
+    EXPECT_NEAR(camera().CamZ, -5, 0.02) << "a quarter turn";
     EXPECT_EQ(Status(), "Move(314,0)");
     Trigger("mnuViewReset");
     expectNear(camera(), kSide, "reset");
@@ -202,7 +202,7 @@ TEST_F(ViewsTest, TurnedViewKeepsItsDistance)
     drag(Qt::LeftButton, {1, 0});
     for (int i = 0; i < 10; ++i)
         drag(Qt::RightButton, {1, 0});
-    EXPECT_NEAR(camera().LookAtZ, -25, 0.01) << "ten steps of a metre";
+    EXPECT_NEAR(camera().LookAtZ, -25, 0.01) << "ten steps of one metre";
     EXPECT_NEAR(camera().LookAtX, -0.05, 0.01);
 }
 
@@ -222,7 +222,7 @@ TEST_F(ViewsTest, ScrollBarsMoveTheCameraAndFollowIt)
     EXPECT_EQ(pane().vscView->value(), 3);
     EXPECT_NEAR(camera().CamY, 3.3f, 1e-4) << "the bar rounds, the camera does not";
     drag(Qt::RightButton, {0, -1000});
-    EXPECT_EQ(pane().vscView->value(), 3) << "below the bar's range it stays";
+    EXPECT_EQ(pane().vscView->value(), 3) << "below its range the bar stays";
 }
 
 TEST_F(ViewsTest, RestoresThePictureAfterHidingAndResizing)
@@ -403,7 +403,7 @@ TEST_F(ViewsTest, LooseConsistsOpenOneAfterTheOther)
     Trigger("mnuViewRefresh");
     ASSERT_TRUE(loaded());
     EXPECT_EQ(scene().Models.Count(), 1) << "the train outlives its file";
-    EXPECT_EQ(Active()->Caption() + "\n", caption(3)) << "and the window its caption";
+    EXPECT_EQ(Active()->Caption() + "\n", caption(3)) << "and the window keeps its caption";
 }
 
 TEST_F(ViewsTest, EditorShowsItsConsistSavedOrNot)
@@ -518,7 +518,7 @@ TEST_F(ViewsTest, ReportsWhatCannotBeShownAndShowsTheRest)
         "critical|LoadShape|" + host::path::Join(game.Path(), "Trains/Trainset/Boxcars/gone.wag") +
             " does not exist!\ncritical|LoadShape|" +
             host::path::Join(game.Path(), "Trains/Trainset/Boxcars/gone.s") + " does not exist!\n");
-    EXPECT_FLOAT_EQ(scene().Models.Item(2).Z(), -27) << "behind a gap of 12 metres";
+    EXPECT_FLOAT_EQ(scene().Models.Item(2).Z(), -27) << "after a gap of 12 metres";
     EXPECT_EQ(pane().hscView->maximum(), 32);
     std::filesystem::remove(stockFile("Boxcars/side.dds"));
     files.Refresh();
@@ -593,7 +593,7 @@ TEST_F(ViewsTest, WindowRespondsDuringALayout)
     EXPECT_EQ(scene().Models.Count(), 1);
     EXPECT_EQ(pane().hscView->maximum(), 20);
     Trigger("mnuViewRefresh");
-    EXPECT_EQ(pane().hscView->maximum(), 0) << "nothing is left of the last train";
+    EXPECT_EQ(pane().hscView->maximum(), 0) << "nothing of the last train is left";
     EXPECT_EQ(dialogs.TakeLog(), "");
 }
 

@@ -22,7 +22,8 @@ TEST(WindowBoundsTest, MissingAndInvalidSettingsGiveDefaults)
     EXPECT_EQ(read("150", "3000"), QRect(10, 67, 200, 433));
     EXPECT_EQ(read("here", "3000"), QRect(67, 67, 200, 433));
     EXPECT_EQ(read("", "nan"), QRect(67, 67, 433, 433));
-    EXPECT_EQ(read("-1e30", "150"), QRect(-66667, 67, 10, 433)) << "kept within numbers";
+    EXPECT_EQ(read("-1e30", "150"), QRect(-66667, 67, 10, 433))
+        << "limited to the range of the numbers";
 }
 
 TEST(WindowBoundsTest, WrittenBoundsAreReadBack)
@@ -71,8 +72,8 @@ TEST(WindowBoundsTest, MovesWindowsBackOntoAScreen)
         QRect bounds, expected;
     } rows[] = {
         {"inside", {100, 100, 500, 400}, {100, 100, 500, 400}},
-        {"partly outside, title in reach", {1100, 500, 500, 400}, {1100, 500, 500, 400}},
-        {"left of all", {-3000, 100, 500, 400}, {0, 100, 500, 400}},
+        {"partly outside, title reachable", {1100, 500, 500, 400}, {1100, 500, 500, 400}},
+        {"left of all screens", {-3000, 100, 500, 400}, {0, 100, 500, 400}},
         {"below", {100, 5000, 500, 400}, {100, 370, 500, 400}},
         {"title above the top", {100, -200, 500, 400}, {100, 0, 500, 400}},
         {"beyond the second screen", {5000, 50, 500, 400}, {1580, 50, 500, 400}},

@@ -149,7 +149,8 @@ TEST_F(WindowsTest, CtrlTabFollowsTheOrderOfUse)
     ctrlTab(2);
     EXPECT_EQ(Active()->Caption(), north.Caption());
     ctrlTab(1);
-    EXPECT_EQ(Active()->Caption(), list.Caption()) << "the one passed on the way was not used";
+    EXPECT_EQ(Active()->Caption(), list.Caption())
+        << "a window passed by Ctrl+Tab does not count as used";
 }
 
 TEST_F(WindowsTest, ArrangedWindowsStayUsable)
@@ -170,7 +171,7 @@ TEST_F(WindowsTest, ArrangedWindowsStayUsable)
                 EXPECT_GE(document->width(), areaRect().width() * 2 / 3);
                 EXPECT_GE(document->height(), areaRect().height() * 2 / 3);
                 EXPECT_TRUE(areaRect().contains(document->geometry()));
-                EXPECT_GT(seenOf(*document), 20 * 20) << "something to click on";
+                EXPECT_GT(seenOf(*document), 20 * 20) << "something to click";
             }
             for (const char *command : {"mnuWindowTileHorizontal", "mnuWindowTileVertical"}) {
                 Trigger(command);
@@ -193,7 +194,7 @@ TEST_F(WindowsTest, MaximisedMainWindowIsRestoredMaximised)
     ASSERT_TRUE(Wait([this] { return window->isMaximized(); }));
     window->close();
     EXPECT_EQ(settings.values["MainWidth"], std::to_string(window->width() * 15))
-        << "the maximised bounds, as ever";
+        << "the maximised bounds, as before";
     StartOnly();
     EXPECT_TRUE(window->isMaximized());
     window->showNormal();
@@ -229,5 +230,5 @@ TEST_F(WindowsTest, RemembersWidthsAndSortingOfTheEditorsLists)
     Q_EMIT Find<ListView>(*Active(), "lvStock").header()->sectionClicked(1);
     EXPECT_EQ(Find<ListView>(*Active(), "lvStock").model()->index(0, 1).data(),
               QStringLiteral("Boxcars"))
-        << "a click turns the remembered order round";
+        << "a click reverses the remembered order";
 }

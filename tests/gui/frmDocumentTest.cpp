@@ -179,7 +179,7 @@ TEST_F(frmDocumentTest, ButtonsAndKeysEditTheTrain)
     }
     EXPECT_EQ(Active()->Caption(), "Consist - GP38 Local");
     EXPECT_EQ(dialogs.Log(), "");
-    EXPECT_EQ(ShapesIn(ConsistFile("GP38 Local")), "box hopper Oil") << "the file is as it was";
+    EXPECT_EQ(ShapesIn(ConsistFile("GP38 Local")), "box hopper Oil") << "the file is unchanged";
     Active()->AllowUnload();
 }
 
@@ -266,7 +266,7 @@ TEST_F(frmDocumentTest, CloseAsksBeforeDroppingChanges)
         dialogs.Answer(DialogAnswer::Cancel); // but do not overwrite
         road.close();
         EXPECT_NE(dialogs.TakeLog().find("cancelled by user!"), std::string::npos);
-        ASSERT_EQ(window->Documents().size(), 2u) << "what was not saved stays open";
+        ASSERT_EQ(window->Documents().size(), 2u) << "an unsaved consist stays open";
         EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "box hopper");
 
         dialogs.Answer(DialogAnswer::Yes);
@@ -409,7 +409,7 @@ TEST_F(frmDocumentTest, SurvivesAFileThatIsDamagedOrRemovedUnderItsWindow)
     std::filesystem::remove(file);
     dialogs.TakeLog();
     Trigger("mnuViewRefresh");
-    EXPECT_EQ(shown(), units) << "the only copy that is left";
+    EXPECT_EQ(shown(), units) << "the only remaining copy";
     EXPECT_EQ(dialogs.Log(), "");
     EXPECT_TRUE(savable());
     Active()->AllowUnload();

@@ -84,7 +84,7 @@ TEST_F(frmMainTest, RefusesOtherFilesWithAMessage)
     const std::string log = dialogs.TakeLog();
     EXPECT_EQ(log.rfind("critical|Open File|", 0), 0u) << log;
     EXPECT_NE(log.find(binary), std::string::npos) << log;
-    EXPECT_EQ(captions(), "Consist List 1\n") << "nothing but the list is open";
+    EXPECT_EQ(captions(), "Consist List 1\n") << "only the list is open";
 }
 
 TEST_F(frmMainTest, WindowNumbersCountByModeAndAreNotReused)
@@ -168,7 +168,7 @@ TEST_F(frmMainTest, ClosingAsksAboutEveryChangedConsistAndCancelKeepsAll)
     dialogs.Answer(host::DialogAnswer::No);
     dialogs.Answer(host::DialogAnswer::No);
     EXPECT_TRUE(window->close());
-    EXPECT_EQ(dialogs.TakeLog(), question + question) << "each is asked once";
+    EXPECT_EQ(dialogs.TakeLog(), question + question) << "each question is asked once";
     EXPECT_TRUE(window->Documents().empty());
 }
 

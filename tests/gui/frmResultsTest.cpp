@@ -112,7 +112,7 @@ TEST_F(frmResultsTest, FindWrapsAroundInBothDirections)
 {
     press(Qt::Key_F3);
     auto &box = Find<QLineEdit>(*form, "txtFind");
-    ASSERT_TRUE(box.hasFocus()) << "F3 with nothing to look for asks for it";
+    ASSERT_TRUE(box.hasFocus()) << "F3 without a search text opens the find bar";
     QTest::keyClicks(&box, QStringLiteral("BOX"));
     EXPECT_EQ(Find<QLabel>(*form, "lblFound").text(), QStringLiteral("2 found"));
     EXPECT_EQ(selected(), "7 box");

@@ -71,7 +71,8 @@ TEST(frmSelectorTest, ScreenReadersToggleSelectAll)
         EXPECT_EQ(marks(*selector.lvItems), expected);
     }
     selector.lvItems->item(0)->setCheckState(Qt::Checked);
-    EXPECT_EQ(marks(*selector.lvItems), "+A|B") << "the box follows the entries, not they the box";
+    EXPECT_EQ(marks(*selector.lvItems), "+A|B")
+        << "the box follows the entries, but they do not follow the box";
 }
 
 TEST(frmSelectorTest, ReturnsTheMarkedEntriesOnlyIfAccepted)

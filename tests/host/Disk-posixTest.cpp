@@ -297,7 +297,7 @@ TEST_F(DiskTest, StampsSettleAfterTheClockGranularity)
         {"coarse stamps, later", kCoarse, kCoarse, kCoarse + 3 * kSecond, true},
         {"set back, but just changed", kFine - 99 * kSecond, kFine, kFine + 1, false},
         {"in the future", kFine + 99 * kSecond, kFine, kFine + kSecond, true},
-        {"the future comes", kFine + 99 * kSecond, kFine, kFine + 99 * kSecond, false},
+        {"when that time is reached", kFine + 99 * kSecond, kFine, kFine + 99 * kSecond, false},
     };
     for (const Row &row : rows)
         EXPECT_EQ(host::disk::IsSettled({1, 1, row.modified, row.changed}, row.now), row.settled)

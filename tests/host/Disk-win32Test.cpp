@@ -146,9 +146,10 @@ TEST_F(DiskTest, LeavesFilesInUseUnchanged)
         bool canRead;
     };
     const Row rows[] = {
-        {"kept to itself", GENERIC_READ | GENERIC_WRITE, 0, false},
+        {"opened exclusively", GENERIC_READ | GENERIC_WRITE, 0, false},
         {"open for reading", GENERIC_READ, FILE_SHARE_READ, true},
-        {"open, not to be renamed", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, true},
+        {"open without permission to rename", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+         true},
     };
     const std::string file = folder.Write("a.con", "old");
     for (const Row &row : rows) {
@@ -171,7 +172,7 @@ TEST_F(DiskTest, WritingKeepsTheAttributes)
     const std::string file = folder.Write("a.con", "old");
     ASSERT_TRUE(SetFileAttributesW(system("a.con").c_str(), FILE_ATTRIBUTE_HIDDEN));
     if ((GetFileAttributesW(system("a.con").c_str()) & FILE_ATTRIBUTE_HIDDEN) == 0)
-        GTEST_SKIP() << "this disk keeps no attributes";
+        GTEST_SKIP() << "this disk does not store attributes";
     files.WriteFile(file, "new");
     EXPECT_EQ(folder.Read("a.con"), "new");
     EXPECT_TRUE(GetFileAttributesW(system("a.con").c_str()) & FILE_ATTRIBUTE_HIDDEN);

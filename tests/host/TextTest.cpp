@@ -24,9 +24,9 @@ TEST(TextTest, ConvertsCase)
         {"greek", "αω", "ΑΩ"},
         {"cyrillic", "паровоз ё", "ПАРОВОЗ Ё"},
         {"every second one of a range", "āăĀ", "ĀĂĀ"},
-        {"letters without a partner of one character", "ßıſµς", "ßıſµς"},
+        {"letters without a single-character counterpart", "ßıſµς", "ßıſµς"},
         {"beyond the basic plane", "\xF0\x90\x90\xA8", "\xF0\x90\x90\xA8"},
-        {"no UTF-8", "a\xE4z\xC3", "A\xE4Z\xC3"},
+        {"not UTF-8", "a\xE4z\xC3", "A\xE4Z\xC3"},
     };
     for (const Row &row : rows)
         EXPECT_EQ(host::ToUpper(row.text), row.upper) << row.name;

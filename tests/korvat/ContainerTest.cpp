@@ -47,7 +47,7 @@ TEST(ContainerTest, ReturnsThePayloadOfEveryForm)
         {"texture", samples::StorePayload(ace), Content::Raw, ace, 16, {}},
         {"byte order mark", "\xEF\xBB\xBF" + samples::StorePayload(ace), Content::Raw, ace, 19, {}},
         {"compressed", packed, Content::Binary, kPayload, 0, {}},
-        {"compressed, and more", packed + "left over", Content::Binary, kPayload, 0, {}},
+        {"compressed, with bytes after it", packed + "left over", Content::Binary, kPayload, 0, {}},
         {"compressed text",
          samples::CompressPayload("JINX0s1t______\r\nshape ( )"),
          Content::Text,
@@ -102,14 +102,14 @@ TEST(ContainerTest, ReportsWhyAFileCannotBeOpened)
         {"empty", "", Status::NotThisFormat, 0},
         {"something else", "SIMISA#@", Status::NotThisFormat, 0},
         {"too many line ends", "\r\n\r\n\r\nSIMISA@@@@@@@@@@", Status::NotThisFormat, 0},
-        {"mark cut", "SIMISA@@@@", Status::Damaged, 10},
+        {"truncated mark", "SIMISA@@@@", Status::Damaged, 10},
         {"size 0", WithU32(packed, 8, 0), Status::Damaged, 8},
-        {"size beyond what deflate can do", WithU32(packed, 8, 4'000'000), Status::Damaged, 8},
+        {"size that deflate cannot reach", WithU32(packed, 8, 4'000'000), Status::Damaged, 8},
         {"size of 4 GB", WithU32(packed, 8, 0xFFFFFFFF), Status::Damaged, 8},
         {"size beyond the limit", samples::CompressPayload(std::string(kLimit + 1, 'x')),
          Status::TooLarge, 8},
-        {"stream cut", packed.substr(0, packed.size() - 12), Status::Damaged, 16},
-        {"a dictionary is wanted", dictionary.substr(0, 18), Status::Damaged, 16},
+        {"truncated stream", packed.substr(0, packed.size() - 12), Status::Damaged, 16},
+        {"a dictionary is required", dictionary.substr(0, 18), Status::Damaged, 16},
     };
     for (const Refused &row : rows) {
         SCOPED_TRACE(row.what);

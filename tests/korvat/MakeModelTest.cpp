@@ -82,7 +82,7 @@ TEST(MakeModelTest, StatesDecideTheAppearanceOfAPart)
         Change change;
         Part part;
     } rows[] = {
-        {"as it is", [](Shape &) {}, plain},
+        {"unchanged", [](Shape &) {}, plain},
         {"full bright", [](Shape &s) { s.shaders = {"tex"}; },
          look(1, Finish::FullBright, Blending::None, false)},
         {"glass", [](Shape &s) { s.shaders = {"BlendATexDiff"}; },
@@ -105,19 +105,19 @@ TEST(MakeModelTest, StatesDecideTheAppearanceOfAPart)
          look(1, Finish::DarkShade, Blending::None, false)},
         {"no light model", [](Shape &s) { s.vertexStates[0].lightModel = 3; }, wrapped},
         {"sharp filter", [](Shape &s) { s.primStates[0].textures = {1}; }, sharp},
-        {"larger copies", [](Shape &s) { s.textures[0].mipLodBias = -3; }, sharper},
-        {"smaller copies", [](Shape &s) { s.textures[0].mipLodBias = 0.5f; }, softer},
-        {"no number", [](Shape &s) { s.textures[0].mipLodBias = NAN; }, plain},
+        {"larger mipmap levels", [](Shape &s) { s.textures[0].mipLodBias = -3; }, sharper},
+        {"smaller mipmap levels", [](Shape &s) { s.textures[0].mipLodBias = 0.5f; }, softer},
+        {"not a number", [](Shape &s) { s.textures[0].mipLodBias = NAN; }, plain},
         {"no texture", [](Shape &s) { s.primStates[0].textures.clear(); }, grey},
         {"no such texture", [](Shape &s) { s.primStates[0].textures = {5}; }, grey},
         {"no such image", [](Shape &s) { s.primStates[0].textures = {2}; }, grey},
-        {"no texture wanted",
+        {"shader without a texture",
          [](Shape &s) {
              s.shaders = {"Diffuse"};
              s.vertexStates[0].lightMaterial = 0;
          },
          coloured},
-        {"a colour of its own",
+        {"separate colour",
          [](Shape &s) {
              s.primStates[0].textures.clear();
              s.vertexStates[0].lightMaterial = 0;
@@ -163,5 +163,5 @@ TEST(MakeModelTest, LeavesOutTrianglesWithoutAPlace)
     const Model twice = MakeModel(shape);
     ASSERT_EQ(twice.mesh.vertices.size(), 6u) << "the same corners under two matrices";
     EXPECT_EQ(twice.mesh.vertices[3].position, (Vec3{2, 0, 0}));
-    EXPECT_EQ(twice.mesh.vertices[3].normal, (Vec3{0, 0, -1})) << "normals stay of length 1";
+    EXPECT_EQ(twice.mesh.vertices[3].normal, (Vec3{0, 0, -1})) << "normals keep length 1";
 }

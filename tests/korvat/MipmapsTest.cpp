@@ -150,7 +150,7 @@ TEST(MipmapsTest, HolesKeepTheirShareAndDarkenNoNeighbours)
         {"half a picture", [](std::uint32_t x, std::uint32_t) { return x < 32; }, 0.5},
         {"a fence of wires",
          [](std::uint32_t x, std::uint32_t y) { return x % 4 == 0 || y % 8 == 0; }, 0.34375},
-        {"nothing at all", [](std::uint32_t, std::uint32_t) { return false; }, 0},
+        {"fully transparent", [](std::uint32_t, std::uint32_t) { return false; }, 0},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(row.name);

@@ -45,8 +45,8 @@ TEST_F(ModelLibraryTest, SharesModelsInUseUntilTheirFileChanges)
     EXPECT_EQ(first.model->textures, std::vector<std::string>{"side.dds"});
     EXPECT_EQ(library.LoadModel(game.At("cars/BOX.S")).model, first.model);
     const TexturePtr side = texture("side.dds").texture;
-    EXPECT_EQ(texture("SIDE.ACE").texture, side) << "a .dds stands for a missing .ace";
-    EXPECT_NE(texture("roof.dds").texture, ModelLibrary::Checker()) << "by the texture path";
+    EXPECT_EQ(texture("SIDE.ACE").texture, side) << "a .dds replaces a missing .ace";
+    EXPECT_NE(texture("roof.dds").texture, ModelLibrary::Checker()) << "in the texture path";
 
     game.Write("Cars/box.s", ShapeText({SidePanel(1, 1, {0, 2, 0}, 6, 2)}));
     namespace fs = std::filesystem;

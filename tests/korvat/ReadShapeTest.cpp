@@ -138,7 +138,7 @@ TEST(ReadShapeTest, ReportsTheFaultAndItsPlace)
          "the file does not begin with SIMISA@"},
         {"a texture", samples::StorePayload(Bytes8({1, 0, 0, 0})), Status::NotThisFormat, 0,
          "there is no shape in the file"},
-        {"no shape inside", samples::StorePayload("JINX0s1b______\r\n" + Block(0x46, "")),
+        {"without a shape block", samples::StorePayload("JINX0s1b______\r\n" + Block(0x46, "")),
          Status::NotThisFormat, 0, "there is no shape in the file"},
         {"length 0", BinaryShape(U32s({7, 0})), Status::Damaged, 41,
          "a block in shape does not fit into it"},
@@ -157,7 +157,7 @@ TEST(ReadShapeTest, ReportsTheFaultAndItsPlace)
          Status::Damaged, 84, "a list of 9 numbers has room for 1"},
         {"text: value missing", "shape (\n points ( 1\n point ( 1 2 ) ) )", Status::Damaged, 3,
          "the block point ends before its last value"},
-        {"text: no number", "shape ( points ( 1 point ( 1 x 2 ) ) )", Status::Damaged, 1,
+        {"text: not a number", "shape ( points ( 1 point ( 1 x 2 ) ) )", Status::Damaged, 1,
          "a number was expected in the block point, not x"},
     };
     for (const Row &row : rows) {

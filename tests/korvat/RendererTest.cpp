@@ -130,7 +130,7 @@ TEST_F(RendererTest, ShaderAndAlphaDecideThePass)
     Surface glass;
     glass.blending = kAlpha;
     frameOf(modelOf({glass}), nullptr);
-    EXPECT_EQ(paint(), "[ -m1 -t2 +m3 0 ]") << "without a texture there is nothing to see through";
+    EXPECT_EQ(paint(), "[ -m1 -t2 +m3 0 ]") << "without a texture nothing is transparent";
 }
 
 TEST_F(RendererTest, DrawsBlendedPartsLastFromFarToNear)
@@ -156,12 +156,12 @@ TEST_F(RendererTest, DeviceHoldsEachResourceOnceAndOnlyWhileInUse)
     for (int i = 0; i < 3; ++i)
         renderer.Add(car, Identity(), std::vector<TexturePtr>{i < 2 ? paint1 : paint2});
     renderer.Add(other, Identity(), std::vector<TexturePtr>{paint2});
-    EXPECT_EQ(paint(), "[ ]") << "the frame is not whole yet";
+    EXPECT_EQ(paint(), "[ ]") << "the frame is not complete yet";
     renderer.End();
     EXPECT_EQ(paint(), "[ +m1 +t2 +t3 +m4 0/2 0/2 0/3 0/3 ]");
     EXPECT_EQ(paint(), "[ 0/2 0/2 0/3 0/3 ]");
     renderer.Forget();
-    EXPECT_EQ(paint().substr(0, 9), "[ +m5 +t6") << "on another device everything comes again";
+    EXPECT_EQ(paint().substr(0, 9), "[ +m5 +t6") << "another device gets everything again";
     frameOf(car, paint1);
     other.reset();
     paint2.reset();

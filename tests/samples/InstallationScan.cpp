@@ -136,7 +136,7 @@ std::string Payload(std::string_view bytes)
     if (bytes.starts_with("SIMISA@@@@@@@@@@"))
         return std::string(bytes.substr(16));
     if (!bytes.starts_with("SIMISA@F") || bytes.substr(12, 4) != "@@@@")
-        throw std::runtime_error("no container");
+        throw std::runtime_error("not a container");
     std::size_t size = 0;
     for (std::size_t i = 12; i-- > 8;)
         size = size << 8 | byteAt(bytes, i);

@@ -119,7 +119,7 @@ TEST(SampleTest, DoesNotWriteThroughLinks)
     std::error_code error;
     fs::create_symlink(temp.At("outside/letter.txt"), temp.At(file), error);
     if (error)
-        GTEST_SKIP() << "no links can be made here: " << error.message();
+        GTEST_SKIP() << "links cannot be created here: " << error.message();
     EXPECT_EQ(refusal(temp.At("s")), temp.At(file) + ": is in the way: not a plain file");
     fs::remove_all(temp.At("s/TRAINS/CONSISTS"));
     fs::create_directory_symlink(temp.At("outside"), temp.At("s/TRAINS/CONSISTS"));

@@ -37,7 +37,7 @@ TEST(StfGrammarTest, ReadsTokensAndValues)
          "3: an empty string stands directly before a word: a doubled quote?\n"
          "3: a quote at the end of a word is ignored\n"},
         {"escapes", R"(A ( "a\"b\\c\nd\te\qf" ..\\x.s ))", "A(a\"b\\c\nd\teqf|..\\x.s)"},
-        {"control characters part words", "A (\x01 a\x1F\x62 )", "A(a|b)"},
+        {"control characters separate words", "A (\x01 a\x1F\x62 )", "A(a|b)"},
         {"CR CR LF", "A (\r\r\n\tB ( 1 )\r\r\n)", "A(B(1))"},
         {"values between blocks", "A ( 1 B ( 2 ) 3 )", "A(1|3 B(2))"},
     });
@@ -48,7 +48,7 @@ TEST(StfGrammarTest, JoinsStrings)
     expectAll({
         {"joined strings", "D ( \"a\\n\"+\r\n \"b\" + \"c\" )", "D(a\nbc)"},
         {"plus between words", "D ( a + b )", "D(a|+|b)"},
-        {"plus behind a string alone", "D ( \"a\" + b )", "D(a|b)",
+        {"plus after a single string", "D ( \"a\" + b )", "D(a|b)",
          "3: \"+\" is followed by no string and ignored\n"},
         {"unterminated", "D ( \"a ) E ( 1 )", "D(a ) E ( 1 ))",
          "3: the string that begins here is not closed: it runs to the end of the file\n"
@@ -72,16 +72,16 @@ TEST(StfGrammarTest, SkipsComments)
         {"dangling before the closing bracket", "A ( 45t #est)B ( 1 )", "A(45t) B(1)"},
         {"underscore", "A ( _Sound ( \"x\" ) 1 )", "A(1)"},
         {"inside a number", "MaxForce ( 220kN#est )", "MaxForce(220kN#est)"},
-        {"a file name is none", "WagonShape ( _x.s ) Sound ( #1.sms ) Name ( #5 x )",
+        {"a file name is not a comment", "WagonShape ( _x.s ) Sound ( #1.sms ) Name ( #5 x )",
          "WagonShape(_x.s) Sound(#1.sms) Name(#5|x)"},
-        {"nor a quoted one", "A ( \"#x\" \"comment\" )", "A(#x|comment)"},
+        {"nor is a quoted file name", "A ( \"#x\" \"comment\" )", "A(#x|comment)"},
         {"both strings of a data block", "WagonData ( #a _b #c d )", "WagonData(#a|_b)"},
         {"a disabled block in the first place", "Wagon ( _Sound ( \"x\" ) Size ( 1 ) )",
          "Wagon(Size(1))"},
         {"between blocks at the top", "#( t ) A ( 1 ) #B ( 2 ) comment ( 3 )", "A(1)"},
-        {"route data that only looks so", "_OpenRails ( a ( 1 ) ) Tr_RouteFile ( )",
+        {"route data that looks like a comment", "_OpenRails ( a ( 1 ) ) Tr_RouteFile ( )",
          "_OpenRails(a(1)) Tr_RouteFile()"},
-        {"a lone quote swallows on", "A ( comment( 1t full\" ) B ( \"2\" ) C ( 3 ) )", "A()",
+        {"a lone quote extends to the end", "A ( comment( 1t full\" ) B ( \"2\" ) C ( 3 ) )", "A()",
          "3: what is skipped from here runs to the end of the file\n"
          "3: 1 block is not closed at the end of the file; the innermost begins here\n"},
         {"slashes are words", "A ( 1 // text\r\n 2 )", "A(1|//|text|2)"},
@@ -93,7 +93,7 @@ TEST(StfGrammarTest, ReadsLabels)
     expectAll({
         {"shape blocks", "shape ( matrix MAIN ( 1 ) prim_state \"a b\" ( 2 ) anim_node #W ( 3 ) )",
          "shape(matrix:MAIN(1) prim_state:a b(2) anim_node:#W(3))"},
-        {"values before a block are none", "shape ( x ( ff000000 vertex_uvs ( 1 0 ) ) )",
+        {"values before a block are not labels", "shape ( x ( ff000000 vertex_uvs ( 1 0 ) ) )",
          "shape(x(ff000000 vertex_uvs(1|0)))"},
         {"a service and its blocks", "S ( SRV 3600 UiD ( 1 ) )", "S(SRV|3600 UiD(1))"},
         {"known stock block", "Wagon ( x WagonShape \"text\" ( \"x.s\" ) )",
@@ -101,7 +101,7 @@ TEST(StfGrammarTest, ReadsLabels)
         {"two known names", "Wagon ( Sound Type ( Freight ) )", "Wagon(Sound Type(Freight))"},
         {"a shape's name in a consist", "TrainCfg ( matrix Name ( x ) )",
          "TrainCfg(matrix Name(x))"},
-        {"not across a comment", "Wagon ( Sound #n x foo ( 1 ) )", "Wagon(Sound foo(1))"},
+        {"no label across a comment", "Wagon ( Sound #n x foo ( 1 ) )", "Wagon(Sound foo(1))"},
     });
 }
 
@@ -112,16 +112,16 @@ TEST(StfGrammarTest, ReadsBrokenStructure)
          "4: 2 blocks are not closed at the end of the file; the innermost begins here\n"},
         {"surplus bracket inside closes early", "A ( 1 ) B ( 2 ) )", "A(1) B(2)",
          "3: a surplus closing bracket is ignored\n"},
-        {"a bracket alone", ")", "", "3: a surplus closing bracket is ignored\n"},
-        {"words outside", "x A ( 1 ) y z", "A(1)",
+        {"only a bracket", ")", "", "3: a surplus closing bracket is ignored\n"},
+        {"words outside of blocks", "x A ( 1 ) y z", "A(1)",
          "3: words outside of any block are ignored\n"
          "3: words outside of any block are ignored\n"},
         {"nameless block", "A ( 1 \"x\" ( B ( 2 ) ) 3 )", "A(1|x|3)",
          "3: a block without a name is skipped\n"},
-        {"nameless in nameless", "( ( ( ) ) ) A ( )", "A()",
+        {"nameless block in a nameless block", "( ( ( ) ) ) A ( )", "A()",
          "3: a block without a name is skipped\n"},
-        {"a file name with a comment behind it is no name", "Sound ( _x #c d ( 1 ) )", "Sound(_x)",
-         "3: a block without a name is skipped\n"},
+        {"a file name followed by a comment is not a block name", "Sound ( _x #c d ( 1 ) )",
+         "Sound(_x)", "3: a block without a name is skipped\n"},
         {"header only", "", ""},
     });
 }
@@ -161,11 +161,11 @@ TEST(StfGrammarTest, ReadsHeaders)
          "SIMISA@@@@@@@@@@JINX0r1t________", "Tr(1)"},
         {"trailing blanks", "SIMISA@@@@@@@@@@JINX0D0t______  \r\nA ( 1 )", usual, "A(1)"},
         {"blank lines before", "\r\n\r\nSIMISA@@@@@@@@@@JINX0D0t______\r\nA ( 1 )", usual, "A(1)"},
-        {"odd line is passed over", "SIMISA@@@@ something ( x )\r\nA ( 1 )",
+        {"skips a malformed line", "SIMISA@@@@ something ( x )\r\nA ( 1 )",
          "SIMISA@@@@ something ( x )", "A(1)"},
         {"cut short", "SIMISA@@@@S", "SIMISA@@@@S", ""},
         {"none", "A ( 1 )", "", "A(1)"},
-        {"none and an empty first line", "\r\nA ( 1 )", "", "A(1)"},
+        {"no header and an empty first line", "\r\nA ( 1 )", "", "A(1)"},
         {"no line end at all", "SIMISA@@@@@@@@@@JINX0D0t______", usual, ""},
     };
     for (const HeaderRow &row : rows) {

@@ -66,18 +66,19 @@ TEST(StfSaveTest, RewritesOnlyChangedParts)
 {
     const Row rows[] = {
         {"nothing", "", "", [](StfNode &) {}},
-        {"a value set to what it is", "", "",
+        {"a value set to its present text", "", "",
          [](StfNode &cfg) {
              cfg.SetParameter(0, "demo freight");
              cfg.SetParameter(0, "\"demo freight\"");
          }},
-        {"a bare value", "\"demo freight\"", "Freight1",
+        {"an unquoted value", "\"demo freight\"", "Freight1",
          [](StfNode &cfg) { cfg.SetParameter(0, "Freight1"); }},
         {"a value in quotes", "\"demo freight\"", "\"My \\\"x\\\"\"",
          [](StfNode &cfg) { cfg.SetParameter(0, "\"My \\\"x\\\"\""); }},
-        {"quotes that are none", "\"demo freight\"", "\"a\\\"b\"",
+        {"quotes within a word", "\"demo freight\"", "\"a\\\"b\"",
          [](StfNode &cfg) { cfg.SetParameter(0, "\"a\"b\""); }},
-        {"what must be quoted", "\"demo freight\"", "\"Wagon\" \"_a\" \"x(1)\\\\\\n\" \"\" -1.5",
+        {"a value that needs quotes", "\"demo freight\"",
+         "\"Wagon\" \"_a\" \"x(1)\\\\\\n\" \"\" -1.5",
          [](StfNode &cfg) {
              cfg.SetNumParameters(5);
              const char *values[] = {"Wagon", "_a", "x(1)\\\n", "", "-1.5"};
@@ -93,12 +94,12 @@ TEST(StfSaveTest, RewritesOnlyChangedParts)
              added(cfg.Child("Engine").Children(), 1, "Flip", {""});
              cfg.Child("Engine").Children().Remove(1);
          }},
-        {"there and back again", "", "",
+        {"moved there and back", "", "",
          [](StfNode &cfg) {
              moved(cfg.Children(), 2, 3);
              moved(cfg.Children(), 3, 2);
          }},
-        {"a new unit behind the last", "UiD ( 1 ) )",
+        {"a new unit after the last", "UiD ( 1 ) )",
          "UiD ( 1 ) )\r\n\t\tWagon (\r\n\t\t\tUiD ( 2 )\r\n\t\t\tWagonData ( a \"b c\" )\r\n\t\t)",
          [](StfNode &cfg) {
              StfNode wagon = added(cfg.Children(), 4, "Wagon", {});
@@ -259,12 +260,12 @@ TEST(StfSaveTest, SavesFilesOnDisk)
     file.SetFileName(folder.Path() + "/nothing.con");
     try {
         file.Load();
-        FAIL() << "a missing file was read";
+        FAIL() << "read a missing file";
     } catch (const RuntimeError &error) {
         EXPECT_EQ(53, error.Number());
         EXPECT_NE(std::string::npos, error.Detail().find("nothing.con"));
     }
-    EXPECT_TRUE(file.FindNode("Train")) << "a failed load leaves the tree";
+    EXPECT_TRUE(file.FindNode("Train")) << "a failed load keeps the tree";
 }
 
 } // namespace

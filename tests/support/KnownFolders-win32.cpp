@@ -44,7 +44,7 @@ public:
     void Set(const std::string &text)
     {
         if (!write(host::disk::Wide(text)))
-            throw std::runtime_error("the registry cannot be written: be an administrator");
+            throw std::runtime_error("cannot write to the registry: run this as administrator");
     }
 
 private:

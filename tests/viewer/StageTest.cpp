@@ -126,7 +126,7 @@ TEST_F(StageTest, VehiclesStandEndToEnd)
         load(row.units);
         EXPECT_EQ(places(), row.places);
         EXPECT_FLOAT_EQ(stage.TrainEnd(), row.end);
-        EXPECT_FLOAT_EQ(canvas.camera[2], row.end / 2) << "the camera stands at the middle";
+        EXPECT_FLOAT_EQ(canvas.camera[2], row.end / 2) << "the camera is at the middle";
         std::string log = dialogs.TakeLog();
         for (const std::string &folder :
              {host::path::Normalise(game.At("Trains/Trainset/Cars")) + host::path::kSeparator,
@@ -191,11 +191,11 @@ TEST_F(StageTest, TrainTooLongForTheScrollBarIsAnErrorButIsShown)
                 << error.what();
         }
         EXPECT_FALSE(stage.Loading());
-        EXPECT_FALSE(stage.Step()) << "and that was all";
+        EXPECT_FALSE(stage.Step()) << "there is no further step";
         EXPECT_EQ(places(), row.places);
         EXPECT_FLOAT_EQ(canvas.camera[2], row.middle);
         EXPECT_EQ(stage.ScrollMaximum(), 0);
-        EXPECT_EQ(stage.ScrollMiddle(), 0) << "also where half of it would not fit";
+        EXPECT_EQ(stage.ScrollMiddle(), 0) << "also if half of it would not fit";
     }
 }
 
@@ -211,7 +211,7 @@ TEST_F(StageTest, StepsShowTheVehiclesLoadedSoFar)
     stage.Stop();
     EXPECT_FALSE(stage.Step());
     EXPECT_EQ(status, "Stopped after 1 of 2 vehicles");
-    EXPECT_EQ(stage.ScrollMaximum(), 10) << "what is there is a train";
+    EXPECT_EQ(stage.ScrollMaximum(), 10) << "the loaded part is a train";
     stage.Close();
     EXPECT_EQ(stage.View(), nullptr);
     EXPECT_EQ(traceLines(), "> tsview\n> tsviewobject\n< tsviewobject\n< tsview\n");
@@ -309,7 +309,7 @@ TEST_F(StageTest, PropertiesEndWithTheFilesThatCouldNotBeLoaded)
     EXPECT_EQ(boxes(), 2) << "none after the one that was dismissed";
     EXPECT_EQ(stage.Report(), "All Consist Textures" + missing);
     load({"Box10", "Gone"});
-    EXPECT_EQ(boxes(), 1) << "the next loading begins anew";
+    EXPECT_EQ(boxes(), 1) << "the next load starts again";
     EXPECT_EQ(stage.Report(), "All Consist Textures\r\n\r\nItem 1 Textures: 1\r\n1\tside.ace\r\n"
                               "\r\nNot loaded: 1\r\n1\t" +
                                   folder + "Gone.wag does not exist!");

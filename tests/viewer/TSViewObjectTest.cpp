@@ -116,9 +116,9 @@ TEST_F(TSViewObjectTest, ReportsEachFailureToLoadOnce)
     EXPECT_EQ(object.LastError(), "");
     EXPECT_FALSE(object.LoadShape(game.Write("bad.s")));
     EXPECT_EQ(object.LastError(), "bad.s: nothing but holes");
-    EXPECT_EQ(dialogs.TakeLog(), "") << "the scene tells it";
+    EXPECT_EQ(dialogs.TakeLog(), "") << "the scene reports it";
     EXPECT_FALSE(object.LoadShape(game.At("none.s")));
-    EXPECT_EQ(object.LastError(), "bad.s: nothing but holes") << "not asked of the model";
+    EXPECT_EQ(object.LastError(), "bad.s: nothing but holes") << "the model is not asked";
     EXPECT_TRUE(object.LoadShape(path));
     EXPECT_EQ(object.LastError(), "");
 }
@@ -137,11 +137,11 @@ TEST_F(TSViewObjectTest, FlashingHidesAndRestoresTheTextures)
     EXPECT_TRUE(object.Flashed());
     EXPECT_EQ(worn(), 0);
     object.SetFlashOn(true);
-    EXPECT_EQ(worn(), 0) << "the wish alone changes nothing";
+    EXPECT_EQ(worn(), 0) << "the request alone changes nothing";
     object.SetFlashOn(false);
     EXPECT_EQ(worn(), 2);
     object.UnFlash();
-    EXPECT_EQ(worn(), 2) << "also when they were shown";
+    EXPECT_EQ(worn(), 2) << "also if they were visible";
     EXPECT_FALSE(object.Flashed());
     object.Destroy();
     EXPECT_EQ(worn(), 0);

@@ -59,7 +59,7 @@ TEST_F(CheckCommandTest, PrintsTheReport)
          {"--route", "S", "--no-consists", "stock", m_wagon, "m/x.wag"},
          {1, m_noDescriptor + noRoute + missing + noRoute, ""}},
         {"all", {"all", "--quiet"}, {1, m_noDescriptor, ""}},
-        {"none of all",
+        {"no folder matches",
          {"all", "--quiet", "--filter", "b"},
          {0, "", "zelkctl: no stock folder matches \"b\": nothing was checked\n"}},
         {"names with the separator of keys",
@@ -76,7 +76,7 @@ TEST_F(CheckCommandTest, PrintsTheReport)
          {"use", "--route", "R", "S", "--consist", "c", "d.con"},
          {1, m_inService + noRoute + noRoute, ""}},
         {"no use of a consist", {"use", "--consist", "d", "--route", "R"}, {0, "", ""}},
-        {"no use of a consist, told",
+        {"no use of a consist, verbose",
          {"--verbose", "use", "--consist", "d", "--route", "R"},
          {0, "INFO: d referenced by R services is OK\n", ""}},
     };
@@ -99,7 +99,7 @@ TEST_F(CheckCommandTest, ReportsErrorsAndContinues)
               (Outcome{2, "",
                        "zelkctl: " + bare + ": error 91: " + bare +
                            "d: there is no entry ESD_Alternative_Texture\n"}))
-        << "the descriptor, whose name begins like the shape's, is at fault";
+        << "reports the descriptor, whose name begins like the shape's";
     write("m/Routes/R/Shapes/bare.sd", "shape ( ESD_Alternative_Texture ( 0 ) )");
     EXPECT_EQ(run({"check", "shape", bare}), (Outcome{0, "", ""}));
     EXPECT_EQ(run({"check", "stock", "--no-consists", "m/none.wag"}),

@@ -54,12 +54,12 @@ TEST_F(CommandLineTest, RefusesMalformedOperationsBeforeReadingTheFile)
         {"add of two", {"add=Wagon,Box"}, stock},
         {"add of four", {"add=Wagon,Box,a,b"}, stock},
         {"add of another type", {"add=wagon,Box,a"}, stock},
-        {"add of no name", {"add=Wagon,Box,"}, stock},
+        {"add without a name", {"add=Wagon,Box,"}, stock},
         {"row 0", {"flip=0"}, number},
-        {"row below 0", {"remove=-1"}, number},
+        {"negative row", {"remove=-1"}, number},
         {"no row", {"forwards"}, number},
-        {"row with a tail", {"backwards=1x"}, number},
-        {"row beyond all numbers", {"flip=99999999999999999999"}, number},
+        {"row followed by text", {"backwards=1x"}, number},
+        {"row too large for a number", {"flip=99999999999999999999"}, number},
         {"clear with a row", {"clear=1"}, "clear takes no row"},
     };
     for (const Row &row : rows) {
@@ -106,7 +106,7 @@ TEST_F(CommandLineTest, EndsSilentlyIfNobodyReadsItsOutput)
     EXPECT_EQ(run({"check", "stock", "--no-consists", "gone.wag", "--report", "r.log"},
                   support::Stdout::BrokenPipe),
               (Outcome{1, "", ""}))
-        << "the report is still wanted";
+        << "the report must still be written";
     EXPECT_NE(read("r.log").find("gone.wag is MISSING"), std::string::npos);
 }
 

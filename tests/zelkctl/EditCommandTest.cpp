@@ -88,7 +88,7 @@ TEST_F(EditCommandTest, PerformsOperationsInOrder)
         {"backwards at the end", {"backwards=3"}, {"next 3", engine, box, tank}},
         {"flip on", {"flip=1"}, {"next 3", "Engine* 0 /loco/SD40", box, tank}},
         {"flip off", {"flip=2"}, {"next 3", engine, "Wagon 1 /box/Old/Stock", tank}},
-        {"rows count anew after each operation",
+        {"rows are renumbered after each operation",
          {"remove=1", "add=Engine,SD40,loco", "forwards=3", "forwards=2"},
          {"next 3", "Engine 2 /loco/SD40", box, tank}},
     };
