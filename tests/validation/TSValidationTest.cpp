@@ -14,7 +14,7 @@ namespace {
 TEST(TSValidationTest, TranslatesResultKeys)
 {
     const std::pair<const char *, const char *> rows[] = {
-        {"no separator", "no bar at all"},
+        {"no bar at all", "no bar at all"},
         {"-1|a|", "INFO: a is OK"},
         {"0|a|b", "INFO: b referenced by a is OK"},
         {"1|a|b", "ERROR: b referenced by a is MISSING"},
