@@ -27,13 +27,13 @@ TEST(ConsistListTest, ListsNamesThatPassTheFilterInListingOrder)
             all += name + '|';
         return all;
     };
-    EXPECT_EQ("A gp9 x|b|GP38|x.y|", list(""));
-    EXPECT_EQ("A gp9 x|b|GP38|x.y|", list("*"));
-    EXPECT_EQ("A gp9 x|GP38|", list("gp"));
-    EXPECT_EQ("GP38|", list("gp*"));
-    EXPECT_EQ("x.y|", list("*Y"));
+    EXPECT_EQ(list(""), "A gp9 x|b|GP38|x.y|");
+    EXPECT_EQ(list("*"), "A gp9 x|b|GP38|x.y|");
+    EXPECT_EQ(list("gp"), "A gp9 x|GP38|");
+    EXPECT_EQ(list("gp*"), "GP38|");
+    EXPECT_EQ(list("*Y"), "x.y|");
     installation.SetLocation(folder.Path() + "/nowhere");
-    EXPECT_EQ("", list(""));
+    EXPECT_EQ(list(""), "");
 }
 
 /// An empty list shows the reason and the command that helps.
@@ -62,9 +62,9 @@ TEST(ConsistListTest, EmptyListShowsTheReason)
 
 TEST(ConsistListTest, CaptionShowsTheFilter)
 {
-    EXPECT_EQ("Consist List 2 (Filtered on GP*)", document::ConsistListCaption(2, "GP*"));
-    EXPECT_EQ("Consist List 1", document::ConsistListCaption(1, "*"));
-    EXPECT_EQ("Consist List 1", document::ConsistListCaption(1, ""));
+    EXPECT_EQ(document::ConsistListCaption(2, "GP*"), "Consist List 2 (Filtered on GP*)");
+    EXPECT_EQ(document::ConsistListCaption(1, "*"), "Consist List 1");
+    EXPECT_EQ(document::ConsistListCaption(1, ""), "Consist List 1");
 }
 
 } // namespace

@@ -87,14 +87,14 @@ TEST_F(ConsistTreeTest, RowsShowTypeFolderShapeAndPositionInTheFile)
                                                         {{"Wagon*", "My Stock", "box"}, 7},
                                                         {{"Wagon", "", "alone"}, 8},
                                                         {{"Wagon", "b", "a"}, 9}};
-    EXPECT_EQ(expected, tree.Rows());
-    EXPECT_EQ("27.77778|0.10000|0.5",
-              tree.MaxVelocity(0) + '|' + tree.MaxVelocity(1) + '|' + tree.Durability());
+    EXPECT_EQ(tree.Rows(), expected);
+    EXPECT_EQ(tree.MaxVelocity(0) + '|' + tree.MaxVelocity(1) + '|' + tree.Durability(),
+              "27.77778|0.10000|0.5");
     EXPECT_FALSE(tree.Changed());
     load("");
     EXPECT_TRUE(tree.Rows().empty());
-    EXPECT_EQ("a", tree.Title());
-    EXPECT_EQ("", tree.MaxVelocity(0) + tree.Durability());
+    EXPECT_EQ(tree.Title(), "a");
+    EXPECT_EQ(tree.MaxVelocity(0) + tree.Durability(), "");
 }
 
 TEST_F(ConsistTreeTest, ErrorForOtherFilesNamesTheMissingBlock)
@@ -115,7 +115,7 @@ TEST_F(ConsistTreeTest, ErrorForOtherFilesNamesTheMissingBlock)
             tree.Load(path());
             ADD_FAILURE() << "loaded";
         } catch (const host::RuntimeError &error) {
-            EXPECT_EQ(91, error.Number());
+            EXPECT_EQ(error.Number(), 91);
             EXPECT_TRUE(error.Detail().ends_with(row.message)) << error.Detail();
         }
         EXPECT_TRUE(tree.Rows().empty());
@@ -123,8 +123,8 @@ TEST_F(ConsistTreeTest, ErrorForOtherFilesNamesTheMissingBlock)
         const EditResult result = tree.Edit(Move::Add, 0, &box);
         EXPECT_TRUE(result.refused);
         EXPECT_TRUE(result.message.ends_with(row.message)) << result.message;
-        EXPECT_EQ(before, tree.Document().ToBytes());
-        EXPECT_EQ("", tree.Title() + tree.MaxVelocity(0) + tree.Durability());
+        EXPECT_EQ(tree.Document().ToBytes(), before);
+        EXPECT_EQ(tree.Title() + tree.MaxVelocity(0) + tree.Durability(), "");
     }
 }
 
@@ -162,9 +162,9 @@ TEST_F(ConsistTreeTest, PerformsEveryOperationOnFourUnits)
         SCOPED_TRACE(row.what);
         loadFour();
         const EditResult result = tree.Edit(row.move, row.row);
-        EXPECT_EQ(row.train, train());
-        EXPECT_EQ(row.selected, result.selectedRow);
-        EXPECT_EQ("", result.message);
+        EXPECT_EQ(train(), row.train);
+        EXPECT_EQ(result.selectedRow, row.selected);
+        EXPECT_EQ(result.message, "");
         EXPECT_TRUE(tree.Changed()) << "every edit marks the consist as changed";
     }
 }
@@ -172,20 +172,20 @@ TEST_F(ConsistTreeTest, PerformsEveryOperationOnFourUnits)
 TEST_F(ConsistTreeTest, AddNumbersUnitsByTheCounter)
 {
     load(" NextWagonUID ( 0 )\r\n Last ( )\r\n");
-    EXPECT_EQ(1, tree.Edit(Move::Add, 0, &box).selectedRow);
+    EXPECT_EQ(tree.Edit(Move::Add, 0, &box).selectedRow, 1);
     const StockItem engine{"Engine", "Locos", "e"};
-    EXPECT_EQ(2, tree.Edit(Move::Add, 1, &engine).selectedRow);
-    EXPECT_EQ("box e 2", train());
-    EXPECT_EQ("0 1 ", uids());
-    EXPECT_EQ(3, tree.Rows().front().position) << "after all existing units";
+    EXPECT_EQ(tree.Edit(Move::Add, 1, &engine).selectedRow, 2);
+    EXPECT_EQ(train(), "box e 2");
+    EXPECT_EQ(uids(), "0 1 ");
+    EXPECT_EQ(tree.Rows().front().position, 3) << "after all existing units";
     // The counter counts units, so after a removal a number is used again.
     tree.Edit(Move::Remove, 1);
     tree.Edit(Move::Add, 1, &box);
-    EXPECT_EQ("1 1 ", uids());
-    EXPECT_EQ("e box 2", train());
+    EXPECT_EQ(uids(), "1 1 ");
+    EXPECT_EQ(train(), "e box 2");
 
-    EXPECT_EQ("No installed stock is selected.", tree.Edit(Move::Add, 2, nullptr).message);
-    EXPECT_EQ("e box 2", train());
+    EXPECT_EQ(tree.Edit(Move::Add, 2, nullptr).message, "No installed stock is selected.");
+    EXPECT_EQ(train(), "e box 2");
 }
 
 TEST_F(ConsistTreeTest, NewConsistHasNoUnitCounter)
@@ -195,11 +195,11 @@ TEST_F(ConsistTreeTest, NewConsistHasNoUnitCounter)
     tree.Edit(Move::Add, 0, &box);
     tree.Edit(Move::Add, 1, &box);
     tree.Edit(Move::Remove, 1);
-    EXPECT_EQ("0 ", uids());
-    EXPECT_EQ("box -", train());
-    EXPECT_EQ(
-        "1", tree.Document().FindNode("Train").Child("TrainCfg").Child("NextWagonId").Parameter(0));
-    EXPECT_EQ("40.00000", tree.MaxVelocity(0));
+    EXPECT_EQ(uids(), "0 ");
+    EXPECT_EQ(train(), "box -");
+    EXPECT_EQ(tree.Document().FindNode("Train").Child("TrainCfg").Child("NextWagonId").Parameter(0),
+              "1");
+    EXPECT_EQ(tree.MaxVelocity(0), "40.00000");
 }
 
 TEST_F(ConsistTreeTest, AddNeedsA16BitCounter)
@@ -221,11 +221,11 @@ TEST_F(ConsistTreeTest, AddNeedsA16BitCounter)
         load(counterAndTwo(row.counter));
         const std::string before = tree.Document().ToBytes();
         const EditResult result = tree.Edit(Move::Add, 2, &box);
-        EXPECT_EQ(std::string(result.refused ? "a c " : "a c box ") + row.after, train());
-        EXPECT_EQ(result.refused ? 2 : 3, result.selectedRow);
-        EXPECT_EQ(*row.message ? std::string("Nothing was changed: NextWagonUID is ") + row.message
-                               : "",
-                  result.message);
+        EXPECT_EQ(train(), std::string(result.refused ? "a c " : "a c box ") + row.after);
+        EXPECT_EQ(result.selectedRow, result.refused ? 2 : 3);
+        EXPECT_EQ(result.message,
+                  *row.message ? std::string("Nothing was changed: NextWagonUID is ") + row.message
+                               : "");
         EXPECT_EQ(result.refused, before == tree.Document().ToBytes());
     }
 }
@@ -261,10 +261,10 @@ TEST_F(ConsistTreeTest, RemovalDecreasesACounterOfAnySize)
         const auto check = [&](Move move, const std::string &units, const char *counter) {
             load(counterAndTwo(row.counter));
             const EditResult result = tree.Edit(move, 2);
-            EXPECT_EQ(units + (number ? counter : row.counter), train());
-            EXPECT_EQ(note, result.message);
+            EXPECT_EQ(train(), units + (number ? counter : row.counter));
+            EXPECT_EQ(result.message, note);
             EXPECT_FALSE(result.refused);
-            EXPECT_EQ(static_cast<int>(tree.Rows().size()), result.selectedRow);
+            EXPECT_EQ(result.selectedRow, static_cast<int>(tree.Rows().size()));
         };
         check(Move::Remove, "a ", row.afterRemove);
         check(Move::RemoveAll, "", row.afterClear);
@@ -292,23 +292,23 @@ TEST_F(ConsistTreeTest, UnlistableUnitEndsTheRowsAndStaysInTheFile)
     for (const EditRow &row : rows) {
         SCOPED_TRACE(row.what);
         loadHidden();
-        EXPECT_EQ("w1 w2 4", train());
-        EXPECT_EQ(path() + fault, tree.WhyRowsEnd());
+        EXPECT_EQ(train(), "w1 w2 4");
+        EXPECT_EQ(tree.WhyRowsEnd(), path() + fault);
         EXPECT_FALSE(tree.Changed());
         const EditResult result = tree.Edit(row.move, row.row, &box);
-        EXPECT_EQ(row.train, train());
-        EXPECT_EQ(row.selected, result.selectedRow);
+        EXPECT_EQ(train(), row.train);
+        EXPECT_EQ(result.selectedRow, row.selected);
         EXPECT_FALSE(result.refused) << result.message;
         const bool told = row.move == Move::Add || row.move == Move::RemoveAll;
-        EXPECT_EQ(told, result.message.ends_with(fault + '.')) << result.message;
+        EXPECT_EQ(result.message.ends_with(fault + '.'), told) << result.message;
         tree.Save(path());
         const std::string saved = folder.Read("a.con");
         const std::size_t at = saved.find(hidden);
         ASSERT_NE(std::string::npos, at) << saved;
-        EXPECT_EQ(row.move == Move::Add, saved.find("box", at) != std::string::npos) << saved;
+        EXPECT_EQ(saved.find("box", at) != std::string::npos, row.move == Move::Add) << saved;
     }
     loadFour();
-    EXPECT_EQ("", tree.WhyRowsEnd());
+    EXPECT_EQ(tree.WhyRowsEnd(), "");
 }
 
 TEST_F(ConsistTreeTest, FlipIsTheFirstBlockAndFlippingBackRestoresTheBytes)
@@ -322,10 +322,10 @@ TEST_F(ConsistTreeTest, FlipIsTheFirstBlockAndFlippingBackRestoresTheBytes)
                                .Children()
                                .Item(tree.Rows()[1].position)
                                .Children();
-    EXPECT_EQ("Flip", entry.Item(1).Name());
+    EXPECT_EQ(entry.Item(1).Name(), "Flip");
     EXPECT_NE(std::string::npos, tree.Document().ToBytes().find("Wagon ( Flip ( ) UiD ( 1 )"));
     tree.Edit(Move::Flip, 2);
-    EXPECT_EQ(before, tree.Document().ToBytes());
+    EXPECT_EQ(tree.Document().ToBytes(), before);
 }
 
 struct NameRow
@@ -362,10 +362,10 @@ TEST_F(ConsistTreeTest, SavingUpdatesTheNameAndNothingElse)
         tree.Save(folder.Path() + '/' + row.file);
         EXPECT_FALSE(tree.Changed());
         const std::string saved = folder.Read(row.file);
-        EXPECT_EQ(kHead + ("Train (\r\n " + std::string(row.saved)) + " )\r\n)\r\n", saved);
+        EXPECT_EQ(saved, kHead + ("Train (\r\n " + std::string(row.saved)) + " )\r\n)\r\n");
         ConsistTree again(files);
         again.Load(folder.Path() + '/' + row.file);
-        EXPECT_EQ(document::ConsistName(row.file), again.Title());
+        EXPECT_EQ(again.Title(), document::ConsistName(row.file));
         EXPECT_EQ(again.Title(), tree.Title());
     }
 }
@@ -377,11 +377,11 @@ TEST_F(ConsistTreeTest, FailedSaveKeepsTheChangedMark)
     const std::string before = tree.Document().ToBytes();
     EXPECT_THROW(tree.Save(folder.Path() + "/missing/b.con"), host::RuntimeError);
     EXPECT_TRUE(tree.Changed());
-    EXPECT_EQ("e* w1 w2 w3 4", train());
-    EXPECT_EQ(before, tree.Document().ToBytes()) << "the name of the file that was not written";
-    EXPECT_EQ(path(), tree.Document().FileName());
+    EXPECT_EQ(train(), "e* w1 w2 w3 4");
+    EXPECT_EQ(tree.Document().ToBytes(), before) << "the name of the file that was not written";
+    EXPECT_EQ(tree.Document().FileName(), path());
     tree.Save(path());
-    EXPECT_EQ(before, folder.Read("a.con"));
+    EXPECT_EQ(folder.Read("a.con"), before);
 }
 
 TEST_F(ConsistTreeTest, ReportsAChangeOnDiskUntilTheNextLoadOrSave)
@@ -415,10 +415,10 @@ TEST_F(ConsistTreeTest, ReportsAChangeOnDiskUntilTheNextLoadOrSave)
 
 TEST(StockPathTest, TypeDecidesTheExtension)
 {
-    EXPECT_EQ(host::path::Normalise("/ms/Trains/Trainset/My Stock/box.wag"),
-              document::StockPath("/ms", {"Wagon*", "My Stock", "box"}));
-    EXPECT_EQ(host::path::Normalise("/ms/Trains/Trainset/L/e.eng"),
-              document::StockPath("/ms", {"Engine", "L", "e"}));
+    EXPECT_EQ(document::StockPath("/ms", {"Wagon*", "My Stock", "box"}),
+              host::path::Normalise("/ms/Trains/Trainset/My Stock/box.wag"));
+    EXPECT_EQ(document::StockPath("/ms", {"Engine", "L", "e"}),
+              host::path::Normalise("/ms/Trains/Trainset/L/e.eng"));
 }
 
 } // namespace

@@ -60,7 +60,7 @@ TEST_F(FileStateTest, OnlyDifferentContentIsAChange)
     };
     for (const auto &row : rows) {
         row.act();
-        EXPECT_EQ(row.changed, state.HasChanged(files, path)) << row.what;
+        EXPECT_EQ(state.HasChanged(files, path), row.changed) << row.what;
         fs::remove(disk());
         folder.Write("Trains/a.con", "old");
     }
@@ -78,7 +78,7 @@ TEST_F(FileStateTest, RecognisesAFileUnderAnySpellingAndThroughLinks)
     fs::create_directory_symlink(host::path::ToDisk(folder.At("Trains")),
                                  host::path::ToDisk(folder.At("Link")), failed);
     // Windows may refuse to create a link.
-    EXPECT_EQ(!failed, state.HasChanged(files, folder.At("Link/a.con")));
+    EXPECT_EQ(state.HasChanged(files, folder.At("Link/a.con")), !failed);
 }
 
 TEST_F(FileStateTest, AppearanceOfAnAbsentFileIsAChange)

@@ -74,11 +74,11 @@ TEST(AceTest, ReadsStructuredPixels)
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
         const TextureFile file = ReadAce(row.bytes);
-        ASSERT_EQ("", file.error.text);
-        EXPECT_EQ("structured", file.texture.storage);
-        EXPECT_EQ(row.alphaBits, file.texture.alphaBits);
-        EXPECT_EQ(1u, file.texture.levels.size());
-        EXPECT_EQ(row.pixels, Pixels(file.texture));
+        ASSERT_EQ(file.error.text, "");
+        EXPECT_EQ(file.texture.storage, "structured");
+        EXPECT_EQ(file.texture.alphaBits, row.alphaBits);
+        EXPECT_EQ(file.texture.levels.size(), 1u);
+        EXPECT_EQ(Pixels(file.texture), row.pixels);
     }
 }
 
@@ -88,28 +88,28 @@ TEST(AceTest, ReadsBlocksAndTheirSmallLevels)
         return row + "\n" + row + "\n" + row + "\n" + row;
     };
     const TextureFile masked = ReadAce(dxt4x4());
-    ASSERT_EQ("", masked.error.text);
-    EXPECT_EQ("dxt1", masked.texture.storage);
-    ASSERT_EQ(3u, masked.texture.levels.size());
-    EXPECT_EQ(1u, masked.texture.UniformLevels());
-    EXPECT_EQ(PixelFormat::Dxt1, masked.texture.levels[0].format);
-    EXPECT_EQ(rowsOf("FF0000FF 0000FFFF AA0055FF 5500AAFF"), Pixels(masked.texture, 0));
-    EXPECT_EQ("010305FF 020406FF\n01030500 020406FF", Pixels(masked.texture, 1));
-    EXPECT_EQ("010305FF", Pixels(masked.texture, 2));
+    ASSERT_EQ(masked.error.text, "");
+    EXPECT_EQ(masked.texture.storage, "dxt1");
+    ASSERT_EQ(masked.texture.levels.size(), 3u);
+    EXPECT_EQ(masked.texture.UniformLevels(), 1u);
+    EXPECT_EQ(masked.texture.levels[0].format, PixelFormat::Dxt1);
+    EXPECT_EQ(Pixels(masked.texture, 0), rowsOf("FF0000FF 0000FFFF AA0055FF 5500AAFF"));
+    EXPECT_EQ(Pixels(masked.texture, 1), "010305FF 020406FF\n01030500 020406FF");
+    EXPECT_EQ(Pixels(masked.texture, 2), "010305FF");
 
     // Three colours: the fourth is transparent if there is a mask, else black.
     std::string three = dxt4x4();
     three.replace(three.size() - 26, 4, Bytes8({0x1F, 0x00, 0x00, 0xF8}));
-    EXPECT_EQ(rowsOf("0000FFFF FF0000FF 7F007FFF 00000000"), Pixels(ReadAce(three).texture));
+    EXPECT_EQ(Pixels(ReadAce(three).texture), rowsOf("0000FFFF FF0000FF 7F007FFF 00000000"));
     std::string opaque = head(0x10, 4, 4, 0x12, kRgb, 1) + U32s({8}) +
                          Bytes8({0x1F, 0x00, 0x00, 0xF8, 0xE4, 0xE4, 0xE4, 0xE4});
-    EXPECT_EQ(rowsOf("0000FFFF FF0000FF 7F007FFF 000000FF"), Pixels(ReadAce(opaque).texture));
+    EXPECT_EQ(Pixels(ReadAce(opaque).texture), rowsOf("0000FFFF FF0000FF 7F007FFF 000000FF"));
 
     // With alpha but no mask the small levels have three channels.
     const std::string alpha = head(0x15, 4, 4, 0x12, {kRed, kGreen, kBlue, kAlpha}, 3) + U32s({8}) +
                               std::string(8, '\0') +
                               Bytes8({1, 2, 3, 4, 5, 6, 1, 2, 3, 4, 5, 6, 1, 3, 5});
-    EXPECT_EQ("010305FF", Pixels(ReadAce(alpha).texture, 2));
+    EXPECT_EQ(Pixels(ReadAce(alpha).texture, 2), "010305FF");
 }
 
 TEST(AceTest, ReadsRareKindsOfRawPixels)
@@ -142,8 +142,8 @@ TEST(AceTest, ReadsRareKindsOfRawPixels)
         const TextureFile file =
             ReadAce(head(0x10, 4, 4, row.surface, {kRed, kGreen, kBlue, kAlpha}, 1) +
                     U32s({static_cast<std::uint32_t>(row.data.size())}) + row.data);
-        ASSERT_EQ("", file.error.text);
-        EXPECT_EQ(row.start, Pixels(file.texture).substr(0, 36));
+        ASSERT_EQ(file.error.text, "");
+        EXPECT_EQ(Pixels(file.texture).substr(0, 36), row.start);
     }
 }
 
@@ -165,12 +165,12 @@ TEST(AceTest, EveryFormGivesTheSamePicture)
                 return ReadAce(AceBytes(panel(), {alpha, mipmaps, dxt, compressed})).texture;
             };
             const korvat::Texture mask = read(samples::AceAlpha::Mask, false);
-            ASSERT_EQ(mipmaps ? 5u : 1u, mask.levels.size());
-            EXPECT_EQ(8, read(samples::AceAlpha::Full, false).alphaBits);
+            ASSERT_EQ(mask.levels.size(), mipmaps ? 5u : 1u);
+            EXPECT_EQ(read(samples::AceAlpha::Full, false).alphaBits, 8);
             EXPECT_EQ(Pixels(mask), Pixels(read(samples::AceAlpha::Full, false)));
             const auto expected = mask.Decoded(0);
             const auto blocks = read(samples::AceAlpha::Mask, true).Decoded(0);
-            ASSERT_EQ(expected.size(), blocks.size());
+            ASSERT_EQ(blocks.size(), expected.size());
             for (std::size_t i = 0; i < expected.size(); ++i)
                 ASSERT_TRUE(expected[i | 3] == 0 ? blocks[i | 3] == 0
                                                  : std::abs(expected[i] - blocks[i]) < 16)
@@ -182,8 +182,8 @@ TEST(AceTest, ReadsSizesThatAreNotMultiplesOfABlock)
 {
     const std::string bytes = head(0x10, 5, 6, 0x12, kRgb, 1) + U32s({32}) + std::string(32, '\0');
     const TextureFile file = ReadAce(bytes);
-    ASSERT_EQ("", file.error.text);
-    EXPECT_EQ(5u * 6 * 4, file.texture.Decoded(0).size());
+    ASSERT_EQ(file.error.text, "");
+    EXPECT_EQ(file.texture.Decoded(0).size(), 5u * 6 * 4);
 }
 
 TEST(AceTest, ReportsTheFaultAndItsPlace)
@@ -228,9 +228,9 @@ TEST(AceTest, ReportsTheFaultAndItsPlace)
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
         const TextureFile file = ReadAce(row.bytes);
-        EXPECT_EQ(row.status, file.error.status);
-        EXPECT_EQ(row.text, file.error.text);
-        EXPECT_EQ(row.where, file.error.where);
+        EXPECT_EQ(file.error.status, row.status);
+        EXPECT_EQ(file.error.text, row.text);
+        EXPECT_EQ(file.error.where, row.where);
         EXPECT_TRUE(file.texture.levels.empty());
     }
 }
@@ -239,13 +239,13 @@ TEST(AceTest, MissingPixelsAreBlack)
 {
     const std::string cut = masked2x2().substr(0, 255 - 3);
     const TextureFile file = ReadAce(cut);
-    EXPECT_EQ("", file.error.text);
-    EXPECT_EQ(std::vector<std::string>{"the last 1 rows of the picture are missing"}, file.notes);
-    EXPECT_EQ("FF0000FF 00FF0000\n000000FF 000000FF", Pixels(file.texture));
+    EXPECT_EQ(file.error.text, "");
+    EXPECT_EQ(file.notes, std::vector<std::string>{"the last 1 rows of the picture are missing"});
+    EXPECT_EQ(Pixels(file.texture), "FF0000FF 00FF0000\n000000FF 000000FF");
 
     const TextureFile smaller = ReadAce(dxt4x4().substr(0, dxt4x4().size() - 4));
-    EXPECT_EQ(std::vector<std::string>{"the smaller levels are missing"}, smaller.notes);
-    EXPECT_EQ(2u, smaller.texture.levels.size());
+    EXPECT_EQ(smaller.notes, std::vector<std::string>{"the smaller levels are missing"});
+    EXPECT_EQ(smaller.texture.levels.size(), 2u);
 }
 
 TEST(AceTest, SurvivesEveryLengthAndEveryWrongNumber)

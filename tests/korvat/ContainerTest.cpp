@@ -78,11 +78,11 @@ TEST(ContainerTest, ReturnsThePayloadOfEveryForm)
         SCOPED_TRACE(row.what);
         Container container;
         const korvat::ReadError error = OpenContainer(row.bytes, kLimit, container);
-        EXPECT_EQ("", error.text);
-        EXPECT_EQ(row.content, container.content);
-        EXPECT_EQ(row.payload, payloadOf(container));
-        EXPECT_EQ(row.base, container.base);
-        EXPECT_EQ(row.notes, container.notes);
+        EXPECT_EQ(error.text, "");
+        EXPECT_EQ(container.content, row.content);
+        EXPECT_EQ(payloadOf(container), row.payload);
+        EXPECT_EQ(container.base, row.base);
+        EXPECT_EQ(container.notes, row.notes);
     }
 }
 
@@ -115,8 +115,8 @@ TEST(ContainerTest, ReportsWhyAFileCannotBeOpened)
         SCOPED_TRACE(row.what);
         Container container;
         const korvat::ReadError error = OpenContainer(row.bytes, kLimit, container);
-        EXPECT_EQ(row.status, error.status) << error.text;
-        EXPECT_EQ(row.where, error.where) << error.text;
+        EXPECT_EQ(error.status, row.status) << error.text;
+        EXPECT_EQ(error.where, row.where) << error.text;
         EXPECT_TRUE(container.payload.empty());
     }
 }
@@ -128,8 +128,8 @@ TEST(ContainerTest, SurvivesFilesCutAtEveryLength)
     for (std::size_t size = 0; size < packed.size(); ++size) {
         Container container;
         const bool opened = !OpenContainer(packed.substr(0, size), kLimit, container);
-        ASSERT_EQ(size >= checksum, opened) << "cut at " << size;
-        ASSERT_EQ(opened ? kPayload : "", payloadOf(container)) << "cut at " << size;
+        ASSERT_EQ(opened, size >= checksum) << "cut at " << size;
+        ASSERT_EQ(payloadOf(container), opened ? kPayload : "") << "cut at " << size;
     }
 }
 

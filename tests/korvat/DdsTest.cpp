@@ -71,12 +71,12 @@ TEST(DdsTest, ReadsEveryPixelFormat)
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
         const TextureFile file = korvat::ReadTexture(row.bytes);
-        ASSERT_EQ("", file.error.text);
-        EXPECT_EQ(row.storage, file.texture.storage);
-        EXPECT_EQ(row.alphaBits, file.texture.alphaBits);
-        EXPECT_EQ(row.levels, file.texture.levels.size());
-        EXPECT_EQ(row.levels, file.texture.UniformLevels());
-        EXPECT_EQ(row.start, Pixels(file.texture).substr(0, 17));
+        ASSERT_EQ(file.error.text, "");
+        EXPECT_EQ(file.texture.storage, row.storage);
+        EXPECT_EQ(file.texture.alphaBits, row.alphaBits);
+        EXPECT_EQ(file.texture.levels.size(), row.levels);
+        EXPECT_EQ(file.texture.UniformLevels(), row.levels);
+        EXPECT_EQ(Pixels(file.texture).substr(0, 17), row.start);
     }
 }
 
@@ -97,7 +97,7 @@ TEST(DdsTest, ReportsTheFault)
     for (const auto &[what, bytes, status] : rows) {
         SCOPED_TRACE(what);
         const TextureFile file = ReadDds(bytes);
-        EXPECT_EQ(status, file.error.status) << file.error.text;
+        EXPECT_EQ(file.error.status, status) << file.error.text;
         EXPECT_TRUE(file.texture.levels.empty());
     }
 }
@@ -113,8 +113,8 @@ TEST(DdsTest, SurvivesEveryLengthAndEveryWrongNumber)
     for (std::size_t size = 0; size < valid.size(); ++size) {
         const TextureFile file = ReadDds(std::string_view(valid).substr(0, size));
         const bool enough = size >= 128 + 96; // half of the largest level
-        ASSERT_EQ(enough, !file.error) << size;
-        ASSERT_EQ(enough, !file.notes.empty()) << size;
+        ASSERT_EQ(!file.error, enough) << size;
+        ASSERT_EQ(!file.notes.empty(), enough) << size;
     }
 }
 

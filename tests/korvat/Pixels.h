@@ -31,8 +31,8 @@ inline void ExpectSound(const std::string &bytes)
     EXPECT_LE(file.texture.data.size(), 8 * bytes.size());
     for (std::size_t level = 0; !file.error && level < file.texture.levels.size(); ++level) {
         const korvat::TextureLevel &one = file.texture.levels[level];
-        EXPECT_EQ(LevelSize(one.format, one.width, one.height),
-                  file.texture.LevelBytes(level).size());
-        EXPECT_EQ(std::size_t{one.width} * one.height * 4, file.texture.Decoded(level).size());
+        EXPECT_EQ(file.texture.LevelBytes(level).size(),
+                  LevelSize(one.format, one.width, one.height));
+        EXPECT_EQ(file.texture.Decoded(level).size(), std::size_t{one.width} * one.height * 4);
     }
 }

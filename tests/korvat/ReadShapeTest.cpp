@@ -57,15 +57,15 @@ TEST(ReadShapeTest, AllFormsGiveTheSameShape)
     for (const auto &[form, name] : forms) {
         SCOPED_TRACE(static_cast<int>(form));
         const ShapeFile file = ReadShape(ShapeBytes(samples::SmallestShape({"a.ace"}), form));
-        EXPECT_EQ("", file.error.text);
-        EXPECT_STREQ(name, ShapeFormName(file.form));
-        EXPECT_EQ(std::vector<std::string>(), file.notes);
+        EXPECT_EQ(file.error.text, "");
+        EXPECT_STREQ(ShapeFormName(file.form), name);
+        EXPECT_EQ(file.notes, std::vector<std::string>());
         EXPECT_TRUE(expected == file.shape);
     }
     const std::string text =
         ShapeBytes(samples::SmallestShape({"a.ace"}), ShapeForm::Text8Bit).substr(16);
     const ShapeFile packedText = ReadShape(samples::CompressPayload(text));
-    EXPECT_EQ("", packedText.error.text);
+    EXPECT_EQ(packedText.error.text, "");
     EXPECT_TRUE(expected == packedText.shape) << "compressed text";
 }
 
@@ -89,7 +89,7 @@ const char *const kRare =
 TEST(ReadShapeTest, ReadsRareBlocksAndSpellings)
 {
     const ShapeFile file = ReadShape(kRare);
-    ASSERT_EQ("", file.error.text);
+    ASSERT_EQ(file.error.text, "");
     Shape expected;
     expected.points = {{1, -25, .5F}};
     expected.colours = {{1, .25F, .5F, .75F}};
@@ -114,7 +114,7 @@ TEST(ReadShapeTest, ReadsRareBinaryBlocks)
         Block(1, "a comment") + Block(0x0E, U32s({1}) + Block(1, "x") + Block(0x0D, name)) +
         Block(0x04FF, "") + Block(0x2F, U32s({1}) + Block(0x2E, U32s({0, 1, 2, 3, 4, 5}))) +
         Block(0x1D, U32s({1}) + Block(0x1C, U32s({8, 30}) + Block(0x1B, U32s({1}) + node)))));
-    ASSERT_EQ("", file.error.text);
+    ASSERT_EQ(file.error.text, "");
     Shape expected;
     expected.images = {"A\U0001F600"};
     expected.vertexStates = {{0, 1, 2, 3, 4, 5}};
@@ -163,9 +163,9 @@ TEST(ReadShapeTest, ReportsTheFaultAndItsPlace)
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
         const korvat::ReadError error = ReadShape(row.bytes).error;
-        EXPECT_EQ(row.status, error.status);
-        EXPECT_EQ(row.text, error.text);
-        EXPECT_EQ(row.where, error.where);
+        EXPECT_EQ(error.status, row.status);
+        EXPECT_EQ(error.text, row.text);
+        EXPECT_EQ(error.where, row.where);
     }
 }
 

@@ -121,7 +121,7 @@ TEST_F(DefectsTest, ExactlyTheListedShapesAreNotText)
     for (const std::string &path : installation().Files(".s"))
         if (text(path).find("shape (") == std::string::npos)
             found.insert(path);
-    EXPECT_EQ(listed, found);
+    EXPECT_EQ(found, listed);
     for (const std::string &path : found)
         EXPECT_EQ(scan::Payload(installation().Bytes(path)).find("JINX0s1b____"), 0U) << path;
 }

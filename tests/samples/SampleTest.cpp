@@ -42,7 +42,7 @@ TEST(SampleTest, TheSameOptionsGiveTheSameBytes)
     const samples::Totals totals = WriteSample(temp.At("a"));
     WriteSample(temp.At("b"));
     const auto bytes = allBytes(temp.At("a"));
-    EXPECT_EQ(bytes, allBytes(temp.At("b")));
+    EXPECT_EQ(allBytes(temp.At("b")), bytes);
     EXPECT_EQ(bytes.size(), static_cast<std::size_t>(totals.files) + 1);
     EXPECT_TRUE(bytes.contains(samples::kMarkerFile));
 }

@@ -57,12 +57,12 @@ TEST(StfEncodingTest, ReadsTheSameContentInEveryEncoding)
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
         MemoryFile memory(row.bytes);
-        EXPECT_EQ(Form::Text, memory.file.Form());
-        EXPECT_STREQ(stavfile::EncodingName(row.encoding),
-                     stavfile::EncodingName(memory.file.Encoding()));
-        EXPECT_EQ(row.bom, memory.file.HasBom());
-        EXPECT_EQ(row.tree, TreeText(memory.file.Nodes()));
-        EXPECT_EQ(row.bytes, memory.file.ToBytes());
+        EXPECT_EQ(memory.file.Form(), Form::Text);
+        EXPECT_STREQ(stavfile::EncodingName(memory.file.Encoding()),
+                     stavfile::EncodingName(row.encoding));
+        EXPECT_EQ(memory.file.HasBom(), row.bom);
+        EXPECT_EQ(TreeText(memory.file.Nodes()), row.tree);
+        EXPECT_EQ(memory.file.ToBytes(), row.bytes);
     }
 }
 
@@ -87,9 +87,9 @@ TEST(StfEncodingTest, OtherFormsGiveAnEmptyTreeAndKeepTheirBytes)
     for (const auto &[bytes, form] : rows) {
         SCOPED_TRACE(bytes.substr(0, 40));
         MemoryFile memory(bytes);
-        EXPECT_EQ(form, memory.file.Form());
-        EXPECT_EQ(0, memory.file.Nodes().Count());
-        EXPECT_EQ(bytes, memory.file.ToBytes());
+        EXPECT_EQ(memory.file.Form(), form);
+        EXPECT_EQ(memory.file.Nodes().Count(), 0);
+        EXPECT_EQ(memory.file.ToBytes(), bytes);
     }
 }
 
@@ -104,10 +104,10 @@ TEST(StfEncodingTest, NewTextKeepsTheEncodingIfItFits)
 {
     MemoryFile memory("A ( \xE4 )");
     memory.file.FindNode("A").SetParameter(0, "\xC3\xB6\xE2\x82\xAC"); // o umlaut, euro
-    EXPECT_EQ("A ( \"\xF6\x80\" )", memory.file.ToBytes());
+    EXPECT_EQ(memory.file.ToBytes(), "A ( \"\xF6\x80\" )");
 
     memory.file.FindNode("A").SetParameter(0, "\xD0\x96"); // Cyrillic is not in Windows-1252
-    EXPECT_EQ("\xFF\xFE\x41\0\x20\0(\0 \0\"\0\x16\x04\"\0 \0)\0"s, memory.file.ToBytes());
+    EXPECT_EQ(memory.file.ToBytes(), "\xFF\xFE\x41\0\x20\0(\0 \0\"\0\x16\x04\"\0 \0)\0"s);
 }
 
 } // namespace

@@ -18,8 +18,8 @@ void expectAll(const std::vector<Row> &rows)
 {
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
-        EXPECT_EQ(row.tree, TreeOf(WithHeader(row.text)));
-        EXPECT_EQ(row.notes, NotesOf(WithHeader(row.text)));
+        EXPECT_EQ(TreeOf(WithHeader(row.text)), row.tree);
+        EXPECT_EQ(NotesOf(WithHeader(row.text)), row.notes);
     }
 }
 
@@ -134,13 +134,13 @@ TEST(StfGrammarTest, CutsDeepNestingAndReadsTheRest)
     const std::string tree = TreeOf(WithHeader(text + std::string(100000, ')') + " C ( 2 )"));
     EXPECT_TRUE(tree.starts_with("B(1) A(A(A("));
     EXPECT_TRUE(tree.ends_with(") C(2)"));
-    EXPECT_EQ(stavfile::kMaxBlockDepth, std::count(tree.begin(), tree.end(), 'A'));
+    EXPECT_EQ(std::count(tree.begin(), tree.end(), 'A'), stavfile::kMaxBlockDepth);
 }
 
 TEST(StfGrammarTest, LimitsTheNumberOfNotes)
 {
     MemoryFile memory(WithHeader(std::string(1 << 20, ')')));
-    EXPECT_EQ(201u, memory.file.Notes().size());
+    EXPECT_EQ(memory.file.Notes().size(), 201u);
 }
 
 struct HeaderRow
@@ -171,12 +171,12 @@ TEST(StfGrammarTest, ReadsHeaders)
     for (const HeaderRow &row : rows) {
         SCOPED_TRACE(row.what);
         MemoryFile memory(row.text);
-        EXPECT_EQ(row.header, memory.file.Header());
-        EXPECT_EQ(row.tree, TreeText(memory.file.Nodes()));
-        EXPECT_EQ(row.text, memory.file.ToBytes());
+        EXPECT_EQ(memory.file.Header(), row.header);
+        EXPECT_EQ(TreeText(memory.file.Nodes()), row.tree);
+        EXPECT_EQ(memory.file.ToBytes(), row.text);
     }
-    EXPECT_EQ("1: no header line: a simulator would not read this line\n", NotesOf("A ( 1 )"));
-    EXPECT_EQ("", NotesOf("\r\nA ( 1 )"));
+    EXPECT_EQ(NotesOf("A ( 1 )"), "1: no header line: a simulator would not read this line\n");
+    EXPECT_EQ(NotesOf("\r\nA ( 1 )"), "");
 }
 
 } // namespace

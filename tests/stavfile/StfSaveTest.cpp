@@ -123,7 +123,7 @@ TEST(StfSaveTest, RewritesOnlyChangedParts)
         MemoryFile memory(Utf16(kConsist));
         StfNode cfg = memory.file.FindNode("Train").Child("TrainCfg");
         row.edit(cfg);
-        EXPECT_EQ(Utf16(replaced(kConsist, row.from, row.to)), memory.file.ToBytes());
+        EXPECT_EQ(memory.file.ToBytes(), Utf16(replaced(kConsist, row.from, row.to)));
     }
 }
 
@@ -134,11 +134,10 @@ TEST(StfSaveTest, NewDocumentHasTheUsualForm)
     StfNode train = added(file.TopNodes(), 1, "Train", {});
     StfNode cfg = added(train.Children(), 1, "TrainCfg", {"\"My Train\""});
     added(cfg.Children(), 1, "MaxVelocity", {"40.00000", "1.00000"});
-    EXPECT_EQ("My Train", cfg.Parameter(0));
-    EXPECT_EQ(Utf16("SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\n"
-                    "Train (\r\n\tTrainCfg ( \"My Train\"\r\n"
-                    "\t\tMaxVelocity ( 40.00000 1.00000 )\r\n\t)\r\n)\r\n"),
-              file.ToBytes());
+    EXPECT_EQ(cfg.Parameter(0), "My Train");
+    EXPECT_EQ(file.ToBytes(), Utf16("SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\n"
+                                    "Train (\r\n\tTrainCfg ( \"My Train\"\r\n"
+                                    "\t\tMaxVelocity ( 40.00000 1.00000 )\r\n\t)\r\n)\r\n"));
 }
 
 struct BrokenRow
@@ -168,8 +167,8 @@ TEST(StfSaveTest, RepairsBrokenFilesOnlyWhereNeeded)
         MemoryFile memory(row.text);
         const StfNodes children = memory.file.Nodes().Item(1).Children();
         added(children, children.Count() + 1, "N", {});
-        EXPECT_EQ(row.saved, memory.file.ToBytes());
-        EXPECT_EQ(TreeText(memory.file.Nodes()), TreeOf(memory.file.ToBytes()));
+        EXPECT_EQ(memory.file.ToBytes(), row.saved);
+        EXPECT_EQ(TreeOf(memory.file.ToBytes()), TreeText(memory.file.Nodes()));
     }
 }
 
@@ -239,7 +238,7 @@ TEST(StfSaveTest, EditedFilesReadBackAsTheSameTree)
             editRandomly(memory.file, random);
             tree = TreeText(memory.file.Nodes());
             const std::string saved = memory.file.ToBytes();
-            ASSERT_EQ(tree, TreeOf(saved)) << "round " << round << ", edit " << edit << "\nfrom "
+            ASSERT_EQ(TreeOf(saved), tree) << "round " << round << ", edit " << edit << "\nfrom "
                                            << before << "\nsaved as " << saved;
         }
     }
@@ -255,14 +254,14 @@ TEST(StfSaveTest, SavesFilesOnDisk)
     file.Load();
     file.FindNode("Train").Child("TrainCfg").SetParameter(0, "x");
     file.Save();
-    EXPECT_EQ(Utf16(replaced(kConsist, "\"demo freight\"", "x")), folder.Read("Sub/a.con"));
+    EXPECT_EQ(folder.Read("Sub/a.con"), Utf16(replaced(kConsist, "\"demo freight\"", "x")));
 
     file.SetFileName(folder.Path() + "/nothing.con");
     try {
         file.Load();
         FAIL() << "read a missing file";
     } catch (const RuntimeError &error) {
-        EXPECT_EQ(53, error.Number());
+        EXPECT_EQ(error.Number(), 53);
         EXPECT_NE(std::string::npos, error.Detail().find("nothing.con"));
     }
     EXPECT_TRUE(file.FindNode("Train")) << "a failed load keeps the tree";
