@@ -31,7 +31,7 @@ std::string squeezed(const std::string &text)
     return std::regex_replace(text, std::regex("\\s+"), " ");
 }
 
-/// Two parts on two matrices, the second moved and below the first.
+/// Two parts on two matrices. The second is moved, and its parent is the first.
 ShapeModel twoParts()
 {
     ShapeModel model = SmallestShape({"a.ace", "b.ace"});
