@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Checking all stock and searching all consists beside reading the same files once:
-// zelk-check-bench INSTALLATION
+// Compares a check of all stock and a search of all consists with reading the same files once.
+// Usage: zelk-check-bench INSTALLATION
 #include "Measure.h"
 #include "Processes.h"
 #include "host/GameFiles.h"
@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 using Files = std::vector<std::string>;
 
-/// The files below a folder with one of these extensions, in lower case.
+/// The files in a folder and its subfolders that have one of these extensions (in lower case).
 Files filesBelow(const fs::path &folder, const std::set<std::string> &extensions)
 {
     Files found;
@@ -65,7 +65,7 @@ public:
                 {"sh", "-c", "\"$0\" --msts \"$1\" check all || test $? = 1", ZELKCTL, m_folder});
         };
         const char *once = "find, then reading the files once";
-        const double memory = bench::PeakMebibytes(all(2)); // first: nothing is left to use again
+        const double memory = bench::PeakMebibytes(all(2)); // first: no freed memory to reuse
         std::vector<bench::Row> rows = {
             bench::Compare("check all, one worker", all(1), once, findAndRead),
             bench::Compare("check all, two workers", all(2), once, findAndRead),
@@ -83,7 +83,7 @@ public:
     }
 
 private:
-    /// A new GameFiles each time: no listing is kept from the last round.
+    /// Each round has a new GameFiles, so that it does not use cached listings.
     std::function<void()> all(std::size_t workers, const char *filter = "")
     {
         return [this, workers, filter] {
@@ -101,7 +101,7 @@ private:
             validation.CheckStockInConsists(m_checked.front());
         };
     }
-    /// The time for a thousand files of all beside that of a part of the folders.
+    /// Compares the time per thousand files for all folders with that for a part of them.
     bench::Row growth(const char *part, const char *filter)
     {
         bench::Row row =

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reading a compressed shape and a compressed texture beside inflating the same bytes alone.
+// Compares reading a compressed shape and a compressed texture with only inflating the same bytes.
 #include "Measure.h"
 #include "korvat/formats/ReadAce.h"
 #include "korvat/formats/ReadShape.h"
@@ -29,7 +29,7 @@ std::size_t sizeField(const std::string &file)
     return size;
 }
 
-/// With room of its own, as a reader needs it, too.
+/// Allocates its buffer each time, as a reader must.
 void inflate(const std::string &file)
 {
     const std::size_t size = sizeField(file);
@@ -41,7 +41,7 @@ void inflate(const std::string &file)
         std::abort();
 }
 
-/// A hilly grid in millimetres, whose points are shared as those of a model are.
+/// A hilly grid in millimetres, with shared points like those of a model.
 std::string shapeFile()
 {
     constexpr std::uint32_t kSide = 150;

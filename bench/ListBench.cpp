@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Listing the installed stock and consists beside plain walks over the same folders:
+// Compares listing the installed stock and consists with plain walks over the same folders. Usage:
 // zelk-list-bench INSTALLATION
 #include "Measure.h"
 #include "Processes.h"
@@ -22,7 +22,7 @@ struct Counts
 
 std::size_t countStock(const install::Installation &installation, std::size_t workers)
 {
-    host::GameFiles files; // a new one each time: no listing is kept from the last round
+    host::GameFiles files; // a new one each time, without cached listings
     document::StockScan scan(installation, files, "", workers);
     std::size_t count = 0;
     while (const auto folder = scan.TakeFolder())

@@ -7,7 +7,7 @@
 
 namespace bench {
 
-/// Something that is measured beside its yardstick.
+/// One measurement and its yardstick.
 struct Row
 {
     std::string what;
@@ -15,18 +15,18 @@ struct Row
     double value = 0;
     double yardstickValue = 0;
     std::string unit = "ms";
-    double processor = 0; ///< ratio of the processor times; 0 where they were not measured
+    double processor = 0; ///< ratio of the processor times; 0 if not measured
 };
 
-/// A table of the rows with their ratios, on the standard output: of what was measured, and of the
-/// processor time of both sides.
+/// Prints a table of the rows to the standard output, with the ratios of the measured values and of
+/// the processor times.
 void PrintTable(const std::vector<Row> &rows);
 
-/// Duration of one call, in milliseconds.
+/// Returns the duration of one call, in milliseconds.
 double Milliseconds(const std::function<void()> &work);
 
-/// Runs both by turns and fills in the shortest time of each: what disturbs a run only adds. Of the
-/// processor times, which are disturbed less and counted coarsely, it takes the sums.
+/// Runs both alternately and stores the shortest time of each, because disturbances only add time.
+/// For the processor times, which are disturbed less and have a coarse clock, it uses the sums.
 Row Compare(std::string what, const std::function<void()> &work, std::string yardstick,
             const std::function<void()> &yardstickWork, int rounds = 7);
 

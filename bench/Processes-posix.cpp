@@ -47,7 +47,7 @@ rusage waitFor(pid_t child, const std::string &what)
     return usage;
 }
 
-/// Peak resident memory of a copy of this process that does the work, in KiB.
+/// Returns the peak resident memory, in KiB, of a copy of this process that does the work.
 long peakOfCopy(const std::function<void()> &work)
 {
     std::fflush(nullptr);

@@ -8,24 +8,24 @@
 
 namespace bench {
 
-/// Runs a program (found on the path) to its end with its output thrown away. Ends this program
-/// with a message when it cannot be run or fails.
+/// Runs a program (found on the path) to its end and discards its output. Ends this program with a
+/// message if the other cannot be run or fails.
 void RunQuietly(const std::vector<std::string> &command);
-/// The same, giving what the program wrote to its standard output.
+/// Like RunQuietly, but returns what the program wrote to its standard output.
 std::string RunForOutput(const std::vector<std::string> &command);
 
-/// Peak memory in MiB that `work` needs beyond what this process holds already, measured in a
-/// process of its own.
+/// Returns the peak memory in MiB that `work` needs beyond the present memory of this process. The
+/// work is done in a child process.
 double PeakMebibytes(const std::function<void()> &work);
 
-/// Processor time that this process and those that it waited for have used, in milliseconds: other
-/// programs on the machine change it less than the time on the clock.
+/// Returns the processor time, in milliseconds, that this process and the children that it waited
+/// for have used. Other programs on the machine affect it less than wall-clock time.
 double ProcessorMilliseconds();
 
-/// Makes sure that the file's content is on the disk.
+/// Flushes the file's content to the disk.
 void FlushToDisk(const std::filesystem::path &file);
 
-/// A new empty folder below the folder for temporary files.
+/// Creates an empty folder in the folder for temporary files and returns its path.
 std::filesystem::path MakeTemporaryFolder();
 
 } // namespace bench

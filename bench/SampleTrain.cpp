@@ -19,9 +19,9 @@
 namespace bench {
 namespace {
 
-constexpr const char *kBrokenFolder = "Repair Sidings"; // there things are missing
+constexpr const char *kBrokenFolder = "Repair Sidings"; // there files are missing
 
-/// The first vehicles with models of their own.
+/// The first vehicles that do not share their models.
 std::vector<install::StockItem> differentVehicles(const install::Installation &installation,
                                                   host::GameFiles &files)
 {

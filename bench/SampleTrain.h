@@ -9,22 +9,22 @@
 
 namespace bench {
 
-/// A train of 100 vehicles of 20 kinds, each with a model of its own, in a sample installation.
+/// A train of 100 vehicles of 20 kinds, each kind with its own model, in a sample installation.
 struct SampleTrain
 {
     static constexpr std::size_t kVehicles = 100, kKinds = 20;
 
     std::string folder;  ///< of the installation
-    std::string name;    ///< in the list of consists, where it is the first one
+    std::string name;    ///< in the list of consists, which it begins
     std::string consist; ///< its file
     std::vector<install::StockItem> kinds;
 
-    /// The files that the train leads to, as the disk has them: consist, stock files, shapes and
-    /// textures.
+    /// Returns the paths on disk of all files that the train needs: consist, stock files, shapes
+    /// and textures.
     std::vector<std::string> Files() const;
 };
 
-/// Makes the installation in a new folder. Ends the program with a message when it cannot.
+/// Makes the installation in a new folder. Ends the program with a message on failure.
 SampleTrain MakeSampleTrain(const std::filesystem::path &folder);
 
 } // namespace bench

@@ -51,7 +51,7 @@ private:
     ShapeText &m_text;
 };
 
-/// Numbers that look like coordinates, the same at every run.
+/// Numbers that look like coordinates and are the same in every run.
 class Numbers
 {
 public:
@@ -76,8 +76,8 @@ void writeBlock(Writer &writer, Numbers &numbers, std::string_view name, int val
     writer.Close(name);
 }
 
-/// A part of a shape with the mixture of blocks that shapes have: mostly points, normals and
-/// vertices of few values, and lists of indexes.
+/// A part of a shape with the usual mixture of blocks: mostly points, normals and vertices of few
+/// values, and lists of indexes.
 void writePart(Writer &writer, Numbers &numbers)
 {
     constexpr int kVertices = 500;

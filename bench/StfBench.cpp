@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Loading a large text shape beside an XML reader loading the same tree, and saving an edited
-// consist beside plainly writing its bytes.
+// Compares loading a large text shape with an XML reader that loads the same tree, and saving an
+// edited consist with writing its bytes.
 #include "Measure.h"
 #include "Processes.h"
 #include "ShapeText.h"
@@ -35,7 +35,7 @@ void loadXml(pugi::xml_document &document, const std::string &bytes)
         std::abort();
 }
 
-/// Loads alone are timed: neither the copy of the bytes nor the end of the tree.
+/// Times only the loading, not the copying of the bytes or the destruction of the tree.
 void structuredLoad(benchmark::State &state, const std::string &bytes)
 {
     host::GameFiles files;
@@ -110,7 +110,7 @@ public:
             }
         ConsoleReporter::ReportRuns(runs);
     }
-    /// Adds a row when both were run.
+    /// Adds a row if both benchmarks were run.
     void AddRow(std::vector<bench::Row> &rows, const std::string &what,
                 const std::string &yardstick) const
     {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a train of 100 vehicles costs without the graphics card: opening it beside reading and
-// inflating its files once, and each frame of it.
+// Measures the cost of a train of 100 vehicles without the graphics card: opening it, compared with
+// reading and inflating its files once, and each of its frames.
 #include "Measure.h"
 #include "Processes.h"
 #include "SampleTrain.h"
@@ -27,7 +27,7 @@ constexpr int kFrames = 200;
     std::exit(1);
 }
 
-/// Nothing must be missing here.
+/// Dialogs that end the program: no file may be missing here.
 class NoDialogs : public host::UnansweredDialogs
 {
 public:
@@ -38,7 +38,7 @@ public:
     }
 };
 
-/// A graphics card that costs nothing.
+/// A device that draws nothing and takes no time.
 class NoDevice : public korvat::Device
 {
 public:
@@ -60,7 +60,7 @@ class Canvas : public korvat::SceneCanvas
 {
 public:
     void Paint(korvat::Device &device) { renderer().Paint(device, 1280, 800); }
-    /// From far enough to see the whole train.
+    /// Far enough away to see the whole train.
     void LookAtAll(float trainMiddle)
     {
         renderer().SetCamera({-2 * trainMiddle, 30, trainMiddle}, {0, 0, trainMiddle});
@@ -68,7 +68,7 @@ public:
     }
 };
 
-/// An opened train.
+/// A train opened in a scene.
 struct Window
 {
     explicit Window(const bench::SampleTrain &train)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Times what a user waits for in the windows: zelk-window-bench INSTALLATION. Each figure comes
-// from a process of its own, which this program starts with further arguments; they print it.
+// Times the delays that users notice in the windows. Usage: zelk-window-bench INSTALLATION. For
+// each figure the program starts itself as a new process with further arguments, and that process
+// prints the figure.
 #include "Measure.h"
 #include "Processes.h"
 #include "SampleTrain.h"
@@ -34,12 +35,12 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock; // counts on from one process to the next
+using Clock = std::chrono::steady_clock; // the same clock in all processes
 constexpr int kRounds = 7, kGapRounds = 3;
-constexpr int kGapLimit = 50; // ms between event-loop passes that a user does not notice
+constexpr int kGapLimit = 50; // ms between event-loop passes; users notice longer gaps
 constexpr int kPatience = 120'000;
 
-/// Settings that name the installation and forget what is written.
+/// Settings that name the installation and discard what is written.
 class FixedSettings : public host::SettingsStore
 {
 public:
@@ -57,7 +58,7 @@ private:
     std::string m_folder;
 };
 
-/// Dialogs that nobody has to answer.
+/// Dialogs that answer themselves.
 class AnsweredDialogs : public app::QtDialogs
 {
 public:
@@ -90,7 +91,7 @@ struct Program
     std::unique_ptr<frmMain> window;
 };
 
-/// Does something once after a widget has been painted while a condition held.
+/// Calls a function once, after the widget has been painted while a condition held.
 class PaintWatch : public QObject
 {
 public:
@@ -127,7 +128,7 @@ void printSince(Clock::rep start)
     std::printf("%f\n",
                 std::chrono::duration<double, std::milli>(now - Clock::duration(start)).count());
     std::fflush(stdout);
-    std::_Exit(0); // taking the windows down is not measured
+    std::_Exit(0); // closing the windows is not measured
 }
 
 int showList(Clock::rep start, const std::string &folder, int rows)
@@ -154,11 +155,11 @@ int showEmptyWindow(Clock::rep start)
     return QApplication::exec();
 }
 
-/// Notes how long the window goes without a pass of the event loop.
+/// Measures the longest time between two passes of the event loop.
 class GapWatch
 {
 public:
-    /// `passed` is called at every pass.
+    /// Calls `passed` at every pass.
     explicit GapWatch(std::function<void()> passed = [] {})
     {
         QObject::connect(&m_pass, &QTimer::timeout, &m_pass, [this, passed = std::move(passed)] {
@@ -168,7 +169,7 @@ public:
         });
         m_pass.start(0);
     }
-    /// Prints the longest time between two passes and the whole time, and ends the program.
+    /// Prints the longest time between two passes and the total time, and ends the program.
     [[noreturn]] void End()
     {
         const Clock::time_point now = Clock::now();
@@ -185,7 +186,7 @@ private:
     Clock::duration m_longest{};
 };
 
-/// Opens an editor and watches until its stock list is full.
+/// Opens an editor and measures until its stock list is full.
 int fillStockList(const std::string &folder, const std::string &consist, int rows)
 {
     const Program program(folder);
@@ -207,7 +208,7 @@ void trigger(const Program &program, const char *command)
     action->trigger();
 }
 
-/// Watches while the whole installation is checked.
+/// Measures while the whole installation is checked.
 int checkAll(const std::string &folder)
 {
     const Program program(folder);
@@ -217,7 +218,7 @@ int checkAll(const std::string &folder)
     watch.End();
 }
 
-/// Watches while the first consist of the list is laid out in 3D.
+/// Measures while the first consist of the list is laid out in 3D.
 int viewTrain(const std::string &folder)
 {
     const Program program(folder);
@@ -237,8 +238,8 @@ int viewTrain(const std::string &folder)
     watch.End();
 }
 
-/// The shortest of several runs of this program with these arguments, each preceded by the time
-/// at which it is started.
+/// Returns the shortest of several runs of this program with these arguments, each preceded by its
+/// start time.
 double bestOf(const std::vector<std::string> &command)
 {
     double best = std::numeric_limits<double>::infinity();

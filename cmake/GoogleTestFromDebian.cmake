@@ -1,6 +1,5 @@
 # SPDX-License-Identifier: MIT
-# GoogleTest is built from the sources that the distribution ships, so that native and cross builds
-# use it the same way.
+# Builds GoogleTest from the sources that the distribution ships, for native and cross builds alike.
 
 set(ZELK_GOOGLETEST_SOURCE /usr/src/googletest CACHE PATH "Sources of GoogleTest")
 if(NOT EXISTS ${ZELK_GOOGLETEST_SOURCE}/CMakeLists.txt)
@@ -15,9 +14,9 @@ add_subdirectory(${ZELK_GOOGLETEST_SOURCE} ${CMAKE_BINARY_DIR}/_googletest EXCLU
 set(CMAKE_COMPILE_WARNING_AS_ERROR ${ZELK_SAVED_WERROR})
 include(GoogleTest)
 
-# Registers the tests of a program under a label. Each of them has 120 s, so that one that hangs
-# cannot stop a run; further properties may set another limit.
-# zelk_discover_tests(TARGET LABEL [PROPERTY VALUE]...)
+# Registers the tests of a program under a label. Each has a limit of 120 s, so that a hanging test
+# cannot stop a run. Further properties may set another limit. zelk_discover_tests(TARGET LABEL
+# [PROPERTY VALUE]...)
 function(zelk_discover_tests name label)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
     PROPERTIES TIMEOUT 120 LABELS ${label} ${ARGN})

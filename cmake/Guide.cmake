@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-# The guide, docs/guide: pages that any browser shows. Programs look for them in the folder "guide"
-# beside them, or in share/zelk/guide of what they are installed in.
+# The guide, docs/guide: pages for any browser. Programs look for them in the folder "guide" beside
+# them, or in share/zelk/guide of their prefix.
 
-# Puts the guide beside the programs of the current folder.
+# Copies the guide beside the programs of the current folder.
 function(zelk_copy_guide)
   set(guide ${PROJECT_SOURCE_DIR}/docs/guide)
   file(GLOB_RECURSE pages CONFIGURE_DEPENDS RELATIVE ${guide} ${guide}/*)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# One interface target carries the language standard, the warnings and the defines for everything.
+# One interface target sets the language standard, the warnings and the definitions for all targets.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -28,12 +28,13 @@ else()
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor
     -Woverloaded-virtual -Wformat=2)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    # GCC 12 sees overlapping copies and uninitialised bytes in std::string's own code.
+    # GCC 12 wrongly reports overlapping copies and uninitialised bytes in std::string.
     target_compile_options(project_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
   endif()
 endif()
 if(MINGW)
-  # Nothing need lie beside a program, except where Qt does: then the compiler's libraries do too.
+  # Links the compiler's libraries statically, except in programs that use Qt, which needs them as
+  # DLLs.
   target_link_options(project_options INTERFACE
     $<$<NOT:$<BOOL:$<TARGET_PROPERTY:ZELK_SHARED_RUNTIME>>>:-static>)
 endif()
@@ -43,7 +44,7 @@ if(ZELK_SANITIZE)
   target_link_options(project_options INTERFACE -fsanitize=${ZELK_SANITIZE})
 endif()
 
-# A room of the house: a static library zelk_NAME from the named sources, on the named rooms.
+# Adds a room: a static library zelk_NAME from the given sources, linked to the given rooms.
 function(zelk_add_room name)
   cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
   add_library(zelk_${name} STATIC ${ROOM_SOURCES})

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Gives a program for Windows its icon, its version and its manifest; does nothing elsewhere.
+# Gives a Windows program its icon, version and manifest. Does nothing on other systems.
 # zelk_add_resource(TARGET DESCRIPTION)
 
 if(WIN32)

@@ -1,12 +1,11 @@
 # SPDX-License-Identifier: MIT
-# Cross-builds for 64-bit Windows with GCC (Debian: g++-mingw-w64-x86-64-posix). The libraries are
-# those that scripts/windows leaves in the user's cache folder. What is built runs, for the tests,
-# under Wine.
+# Cross-builds for 64-bit Windows with GCC (Debian: g++-mingw-w64-x86-64-posix). Uses the libraries
+# that scripts/windows leaves in the user's cache folder. The tests run under Wine.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
 set(ZELK_MINGW x86_64-w64-mingw32)
-# The compilers whose names end in "-posix" are those with threads.
+# The compilers whose names end in "-posix" support C++ threads.
 set(CMAKE_C_COMPILER ${ZELK_MINGW}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${ZELK_MINGW}-g++-posix)
 set(CMAKE_RC_COMPILER ${ZELK_MINGW}-windres)
@@ -21,10 +20,10 @@ set(ZELK_QT_WINDOWS $ENV{ZELK_QT_WINDOWS})
 if(NOT ZELK_QT_WINDOWS)
   set(ZELK_QT_WINDOWS ${ZELK_WINDOWS_CACHE}/zelk/windows/qt)
 endif()
-set(ZELK_QT_WINDOWS ${ZELK_QT_WINDOWS} CACHE PATH "Qt for Windows, of the version of this machine's Qt")
+set(ZELK_QT_WINDOWS ${ZELK_QT_WINDOWS} CACHE PATH "Qt for Windows, in the version of this machine's Qt")
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ZELK_WINDOWS_LIBRARIES ZELK_QT_WINDOWS)
 
-# Qt's tools are those of this machine.
+# Uses the Qt tools of this machine.
 set(QT_HOST_PATH /usr CACHE PATH "")
 file(GLOB ZELK_HOST_QT /usr/lib/*/cmake/Qt6HostInfo)
 cmake_path(GET ZELK_HOST_QT PARENT_PATH ZELK_HOST_QT)
@@ -37,7 +36,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# The libraries of the compiler that programs with windows need beside them, as Qt itself does.
+# The compiler's DLLs, which Qt and the programs with windows need beside them.
 set(ZELK_MINGW_RUNTIME
   /usr/lib/gcc/${ZELK_MINGW}/12-posix/libgcc_s_seh-1.dll
   /usr/lib/gcc/${ZELK_MINGW}/12-posix/libstdc++-6.dll

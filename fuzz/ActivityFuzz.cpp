@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Activities: whatever the bytes, the loose consists are found or it is said why not, and their
-// units can be walked through.
+// Activities: for any bytes, the reader finds the loose consists or reports why it cannot, and
+// their units can be enumerated.
 #include "ScratchFile.h"
 #include "host/RuntimeError.h"
 #include "install/ConsistUnit.h"

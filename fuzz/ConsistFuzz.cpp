@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The consist editor against a model of it: units in a vector. The input is a train and then what
-// is pressed. After every press both agree; what is saved reads back as the model says.
+// Compares the consist editor with a simple model of it: units in a vector. The input is a train
+// followed by edits. After every edit both must agree, and the saved file must read back as the
+// model predicts.
 #include "ScratchFile.h"
 #include "document/ConsistTree.h"
 #include "host/RuntimeError.h"
@@ -78,7 +79,7 @@ document::StockItem stockFor(std::uint8_t choice)
     return {choice & 1 ? "Engine" : "Wagon", kNames[choice >> 1 & 7], kNames[choice >> 4 & 7]};
 }
 
-/// A train of up to seven units as authors write them, with blocks of other kinds between.
+/// A train of up to seven units as authors write them, with other blocks between them.
 std::string trainFor(std::uint8_t choice, std::uint8_t spice, Model &model)
 {
     model.hasCounter = spice & 1;

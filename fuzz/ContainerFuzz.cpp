@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Containers: whatever the bytes, the payload is readable and within the limit.
+// Containers: for any bytes, the payload is readable and within the limit.
 #include "korvat/formats/Container.h"
 
 #include <cstdlib>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Wine's registry file: whatever the bytes, looking something up ends; and what is written as Wine
-// writes it is read as it was.
+// Wine's registry file: for any bytes, a look-up ends, and values written as Wine writes them are
+// read back correctly.
 #include "host/Text.h"
 #include "install/WineRegistry.h"
 
@@ -33,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const std::string_view text(reinterpret_cast<const char *>(data), size);
     install::ValueInWineRegistry(text, "Software\\Key", "Path");
 
-    // What stands before an entry of another key must not lead astray.
+    // Content before an entry of another key must not confuse the reader.
     const std::string_view name = text.substr(0, text.find('\0'));
     const std::string entry = "\n[Key]\n\"" + escaped(name) + "\"=\"" + escaped(text) + "\"\n";
     const auto found = install::ValueInWineRegistry("[Other]\n\"x\"=\"y\"\n" + entry, "kEY", name);

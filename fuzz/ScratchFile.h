@@ -9,8 +9,8 @@
 #include <string>
 #include <string_view>
 
-/// A file for what takes paths, in a folder of its own that goes at the end. Put TMPDIR into
-/// memory.
+/// A file for functions that take paths, in a new folder that the destructor removes. Set TMPDIR to
+/// a folder in memory.
 class ScratchFile
 {
 public:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Shapes: whatever the bytes, reading ends, and what was read can be placed and measured.
+// Shapes: for any bytes, reading ends, and the resulting shape can be placed and measured.
 #include "korvat/formats/ReadShape.h"
 #include "korvat/model/Geometry.h"
 

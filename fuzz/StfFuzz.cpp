@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Structured files: whatever is read is given back byte for byte, and whatever is edited reads back
-// as the tree that it was. The last bytes of the input choose the edits.
+// Structured files: an unchanged file is written back byte for byte, and an edited one reads back
+// as the same tree. The last bytes of the input choose the edits.
 #include "host/GameFiles.h"
 #include "stavfile/StfFile.h"
 
@@ -74,7 +74,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     StfFile file(files());
     file.LoadBytes(bytes);
     require(file.ToBytes() == bytes);
-    // NUL padding of an 8-bit file becomes blanks when something is written behind it.
+    // NUL padding of an 8-bit file becomes blanks if something is written after it.
     const bool padded =
         file.Encoding() >= stavfile::Encoding::Utf8 && bytes.find('\0') != bytes.npos;
     const bool editable = file.Form() == stavfile::Form::Text && !padded;

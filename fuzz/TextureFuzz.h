@@ -5,8 +5,8 @@
 
 #include <cstdlib>
 
-/// What holds for every texture that was read: its levels are there and can be decoded, and it
-/// takes no more memory than a small multiple of the bytes that it was made from.
+/// Checks what must hold for every texture: its levels exist and can be decoded, and its memory is
+/// at most a small multiple of the bytes that it was made from.
 inline void CheckTexture(const korvat::TextureFile &file, std::size_t madeFrom)
 {
     const korvat::Texture &texture = file.texture;

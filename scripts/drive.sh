@@ -1,7 +1,7 @@
 # shellcheck shell=bash disable=SC2154
 # SPDX-License-Identifier: MIT
-# Sourced after lib.sh: drives the ZELK of the process id $zelk, which writes the trace log $log, on
-# an X display that nobody else uses. Pictures go into the folder $pictures.
+# Sourced after lib.sh: drives the ZELK with the process id $zelk and the trace log $log, on an X
+# display that no other program uses. Pictures go into the folder $pictures.
 
 limit=30 # seconds that anything may take to appear
 
@@ -21,25 +21,25 @@ wait_until() {
   done
 }
 
-# What the screen shows above the status bar with its clock.
+# Prints a checksum of the screen above the status bar, which shows a clock.
 screen() {
   import -window root -crop "${screen_width}x$((screen_height - 40))+0+0" -depth 8 rgb:- | md5sum
 }
 
-# window_named PATTERN: finds the program's visible window of that title.
+# window_named PATTERN: finds the program's visible window whose title matches.
 window_named() {
   found=$(xdotool search --all --onlyvisible --pid "$zelk" --name "$1" 2>/dev/null | head -n 1)
   [ -n "$found" ]
 }
 
-# True when the screen differs from what it was at the last picture and has come to rest.
+# True if the screen differs from the last picture and has stopped changing.
 new_picture() {
   local now
   now=$(screen)
   [ "$now" != "$before" ] && sleep 0.5 && [ "$(screen)" = "$now" ]
 }
 
-# take_picture NAME [WINDOW]: of the whole screen or of one window.
+# take_picture NAME [WINDOW]: takes a picture of the whole screen or of one window.
 take_picture() {
   wait_until "picture of the $1" new_picture
   before=$(screen)
@@ -57,7 +57,7 @@ clear_pictures() {
   before=$(screen)
 }
 
-# The main window takes the whole screen, and the keyboard.
+# Makes the main window fill the screen and gives it the keyboard focus.
 show_main_window() {
   wait_until "main window" window_named '^ZELK '
   window=$found
@@ -65,11 +65,11 @@ show_main_window() {
   xdotool windowfocus --sync "$window"
 }
 
-# Without a window manager nobody gives the focus back when a window in front is closed. The pattern
-# is that of the window's title.
+# main_window_alone PATTERN: true once the window with this title is closed. Focuses the main
+# window, since without a window manager nothing else does.
 main_window_alone() { ! window_named "$1" && xdotool windowfocus --sync "$window"; }
 
-# leave KEY...: presses keys one after the other, at which ZELK must end.
+# leave KEY...: presses keys one after the other; ZELK must end then.
 leave() {
   local deadline=$((SECONDS + limit)) key
   for key in "$@"; do xdotool key "$key"; done

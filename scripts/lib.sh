@@ -1,6 +1,6 @@
 # shellcheck shell=bash disable=SC2034
 # SPDX-License-Identifier: MIT
-# Sourced by the scripts beside it; leaves them in the top folder of the project.
+# Sourced by the scripts beside it. Changes to the top folder of the project.
 set -euo pipefail
 caller_folder=$PWD
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -12,7 +12,7 @@ windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 nsis dpkg-dev make unzi
 package_packages=(dpkg-dev lintian desktop-file-utils appstream man-db debootstrap xz-utils)
 bench_packages=(libbenchmark-dev libpugixml-dev)
 
-# What the scripts themselves have to say goes to stderr, as do the packages' messages.
+# Messages of the scripts themselves and of the package manager go to stderr.
 say() { printf '== %s\n' "$*" >&2; }
 die() { printf '%s: %s\n' "$(basename "$0")" "$*" >&2; exit 1; }
 
@@ -20,10 +20,10 @@ as_root() {
   if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
 }
 
-# Installs those of the named Debian packages that are missing.
+# Installs the named Debian packages that are missing.
 need_packages() {
   if ! command -v dpkg-query >/dev/null; then
-    say "no Debian packages here: taking for granted $*"
+    say "this is not a Debian system: assuming that these are installed: $*"
     return
   fi
   local missing=() package
@@ -41,7 +41,7 @@ need_packages() {
     "${missing[@]}" </dev/null >&2
 }
 
-# configure_and_build PRESET [cmake's arguments] [-- targets]
+# configure_and_build PRESET [CMAKE-ARGUMENT...] [-- TARGET...]
 configure_and_build() {
   local preset=$1 arguments=() start=$SECONDS
   shift
@@ -52,12 +52,12 @@ configure_and_build() {
   say "configuring and building $preset took $((SECONDS - start)) s"
 }
 
-# Folders of their own for what programs keep about their user, so that nothing here reads or
-# changes the real ones. They go when the script ends.
+# Gives programs private folders for settings, data and caches, so that they neither read nor change
+# the user's. Removes them when the script ends.
 private_folders() {
   local folder kind
   folder=$(mktemp -d)
-  # shellcheck disable=SC2064 # the folder is known now
+  # shellcheck disable=SC2064 # expanded now on purpose
   trap "rm -rf '$folder'" EXIT
   for kind in RUNTIME_DIR CONFIG_HOME DATA_HOME STATE_HOME CACHE_HOME; do
     mkdir -m 700 "$folder/$kind"
@@ -67,8 +67,8 @@ private_folders() {
   unset ZELK_REGISTRY
 }
 
-# Runs a command under an X server of its own, which stays as it is when its last program leaves:
-# while a server starts over, it turns programs away.
+# Runs a command under a new X server. The server does not reset when its last program ends
+# (-noreset), because it refuses connections during a reset.
 screen_width=1280
 screen_height=800
 with_display() {

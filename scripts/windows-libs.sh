@@ -1,19 +1,19 @@
 # shellcheck shell=bash
 # SPDX-License-Identifier: MIT
-# Sourced after lib.sh: gets the libraries that ZELK for Windows is built with. They are kept in the
-# user's cache folder, where cmake/windows-mingw.cmake looks for them.
+# Sourced after lib.sh: gets the libraries that ZELK for Windows needs. Keeps them in the user's
+# cache folder, where cmake/windows-mingw.cmake looks for them.
 
 windows_cache=${XDG_CACHE_HOME:-$HOME/.cache}/zelk/windows
 windows_libraries=$windows_cache/libraries
 mingw=x86_64-w64-mingw32
 
-# source_of PACKAGE: unpacks a package's source in the working folder. Asks the servers that this
-# machine has its Debian packages from, without changing the lists of the system.
+# source_of PACKAGE: unpacks a package's source in the working folder. Uses the Debian servers of
+# this machine, without changing the system's package lists.
 source_of() {
   local folder options
   folder=$(mktemp -d)
   mkdir -p "$folder/lists/partial"
-  # shellcheck disable=SC2016 # these are apt's own names
+  # shellcheck disable=SC2016 # apt's own placeholders
   apt-get indextargets --format 'deb-src $(REPO_URI) $(RELEASE) $(COMPONENT)' \
     'Identifier: Packages' 'Origin: Debian' | sort -u > "$folder/sources.list"
   [ -s "$folder/sources.list" ] || die "no Debian package servers are known here"
@@ -23,7 +23,7 @@ source_of() {
   rm -rf "$folder"
 }
 
-# in_build_folder COMMAND...: runs it in a folder that goes afterwards, also after failures.
+# in_build_folder COMMAND...: runs it in a folder that is removed afterwards, also after a failure.
 in_build_folder() (
   mkdir -p "$windows_cache"
   folder=$(mktemp -d "$windows_cache/build.XXXXXX")
@@ -42,8 +42,7 @@ build_libdeflate() {
   install -D -m 644 "$source/COPYING" "$1/licences/libdeflate.txt"
 }
 
-# Of the header libraries copies are taken, since a cross compiler must not find the headers of the
-# machine that it runs on.
+# Copies the header libraries, because a cross compiler must not find the build machine's headers.
 copy_header_libraries() {
   mkdir -p "$1/include" "$1/share/cmake"
   cp -r /usr/include/CLI /usr/include/nlohmann "$1/include"
@@ -52,7 +51,7 @@ copy_header_libraries() {
   cp /usr/share/doc/nlohmann-json3-dev/copyright "$1/licences/nlohmann-json.txt"
 }
 
-# The folder appears whole or not at all.
+# Builds in a scratch folder first, so that the libraries appear all at once or not at all.
 make_libraries() {
   build_libdeflate "$PWD/libraries"
   copy_header_libraries "$PWD/libraries"
@@ -69,11 +68,11 @@ get_libraries() {
   printf '%s\n' "$versions" > "$windows_libraries/versions"
 }
 
-# What the archive holds, and what build_qt leaves, is one folder with bin, lib, include and plugins.
+# The archive, like the result of build_qt, is one folder with bin, lib, include and plugins.
 unpack_qt() {
   mkdir unpacked
   tar -xf "$1" -C unpacked --strip-components=1
-  [ -e unpacked/bin/Qt6Widgets.dll ] || die "$1 holds no Qt for Windows"
+  [ -e unpacked/bin/Qt6Widgets.dll ] || die "$1 does not contain Qt for Windows"
   rm -rf "$windows_cache/qt"
   mv unpacked "$windows_cache/qt"
 }
@@ -94,17 +93,17 @@ build_qt() {
   say "building Qt took $((SECONDS - start)) s"
 }
 
-# What ZELK does not use stays out. Debian's source has no wintab (tabletevent); the fonts need
-# direct2d, but not the platform plugin of that name (direct2d1_1).
+# Features that ZELK does not use are off. Debian's source lacks wintab (tabletevent). The fonts
+# need direct2d, but not the platform plugin of that name (direct2d1_1).
 qt_features=(
   testlib=ON printsupport=ON widgets=ON direct2d=ON direct2d1_1=OFF tabletevent=OFF
   network=OFF dbus=OFF sql=OFF xml=OFF concurrent=OFF vulkan=OFF pkg_config=OFF glib=OFF icu=OFF
   zstd=OFF static_runtime=OFF system_zlib=OFF system_pcre2=OFF system_png=OFF system_jpeg=OFF
   system_freetype=OFF system_harfbuzz=OFF system_doubleconversion=OFF)
 
-# Sets windows_qt: $ZELK_QT_WINDOWS, or what $ZELK_QT_WINDOWS_ARCHIVE holds, or what an earlier run
-# left in the cache, or what is built now. It has to be of the version of the machine's own Qt,
-# whose tools are used.
+# Sets windows_qt to $ZELK_QT_WINDOWS, the unpacked $ZELK_QT_WINDOWS_ARCHIVE, the Qt that an earlier
+# run left in the cache, or one that is built now. Its version must be that of the machine's own Qt,
+# because the build uses that Qt's tools.
 get_qt() {
   local wanted have
   windows_qt=${ZELK_QT_WINDOWS:-$windows_cache/qt}

@@ -1,10 +1,10 @@
 # shellcheck shell=bash
 # SPDX-License-Identifier: MIT
-# Sourced after lib.sh: runs programs for Windows under Wine, in the prefix that $WINEPREFIX names.
+# Sourced after lib.sh: runs Windows programs under Wine, in the prefix $WINEPREFIX.
 
 export WINEDEBUG=-all LC_ALL=C.UTF-8
-# No .NET and no browser are wanted; and a crash is to end a program with an error, where the
-# debugger would let it end well.
+# Disables .NET, the browser and the debugger. With the debugger a crashed program would end without
+# an error.
 export WINEDLLOVERRIDES='mscoree,mshtml=;winedbg.exe=d'
 wineserver=/usr/lib/wine/wineserver
 
@@ -15,8 +15,8 @@ end_wine() {
 
 registry_text() { wine reg add "$1" /v "$2" /t REG_SZ /d "$3" /f >/dev/null; }
 
-# Makes the prefix. Without a window manager Wine waits seconds for each window that is "managed",
-# and without replacements Qt takes a font with serifs.
+# Makes the prefix. Without a window manager Wine waits seconds for each "managed" window, and
+# without replacements Qt uses a serif font.
 make_prefix() (
   unset DISPLAY
   local font
@@ -26,10 +26,10 @@ make_prefix() (
   for font in 'MS Shell Dlg' 'MS Shell Dlg 2' 'Segoe UI' Tahoma; do
     registry_text 'HKCU\Software\Wine\Fonts\Replacements' "$font" 'DejaVu Sans'
   done
-  end_wine # a server that was started without a display would give windows none
+  end_wine # a server started without a display could not show windows
 ) 2>/dev/null
 
-# in_wine COMMAND...: runs it under a display of its own, with a server that stays for all programs.
+# in_wine COMMAND...: runs it under a private display, with one Wine server for all programs.
 in_wine() {
   local code=0
   # shellcheck disable=SC2016 # for the inner shell

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The search of the guide: shows the parts that hold all words, and marks what was found. A part is
-// a section without sections in it, or what a chapter has before its first one.
+// The search of the guide: shows the parts that contain all words, and marks the matches. A part is
+// a section without subsections, or the beginning of a chapter before its first subsection.
 'use strict';
 
 const box = document.getElementById('words');
@@ -39,7 +39,7 @@ function markIn(root, words) {
   }
 }
 
-// Where the first of the words stands in a text, or null.
+// The place of the first match of any of the words in a text, or null.
 function nextMatch(text, words) {
   const lower = text.toLowerCase();
   let best = null;
@@ -77,7 +77,7 @@ box.addEventListener('input', () => { search(); scrollTo(0, 0); });
 box.addEventListener('keydown', event => {
   if (event.key === 'Escape') { box.value = ''; search(); }
 });
-// A link out of what was found may lead to a part that is hidden now.
+// A link in a match may lead to a part that the search hides.
 addEventListener('hashchange', () => {
   const target = document.getElementById(location.hash.slice(1));
   if (!target || !target.closest('[hidden]')) return;

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Read once for each package, when it is made.
+# cpack reads this once for each package.
 if(CPACK_GENERATOR STREQUAL "NSIS")
   string(APPEND CPACK_PACKAGE_FILE_NAME "-setup")
 endif()

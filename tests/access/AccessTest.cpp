@@ -16,15 +16,15 @@ namespace {
 
 const std::string kQuarry = "TRAINS/CONSISTS/Quarry_Local.con";
 
-/// What a user works with; the rest holds these together, or is only read.
+/// The roles of the controls that users operate. Other roles only group controls or show text.
 const std::set<std::string> kControls = {
     "menu bar",     "menu item",    "tool bar", "push button", "check box",
     "radio button", "text",         "spin box", "combo box",   "list",
     "tree",         "table",        "canvas",   "scroll bar",  "status bar",
     "page tab",     "progress bar", "frame",    "dialog",      "alert message"};
 
-/// The program over a copy of the sample installation, worked through its accessibility tree alone:
-/// no key, no mouse.
+/// The program on a copy of the sample installation, operated only through its accessibility tree,
+/// without keys or mouse.
 class AccessTest : public testing::Test
 {
 protected:
@@ -52,7 +52,7 @@ protected:
                 return Find(item, "menu item", name).Do("Press");
         throw std::runtime_error("no menu " + menu);
     }
-    /// Waits for the window of this title beside the main one.
+    /// Waits for the window with this title, other than the main window, and returns it.
     Accessible Dialog(const std::string &title)
     {
         Accessible found;
@@ -96,7 +96,7 @@ protected:
     Accessible program, window;
 };
 
-/// Selects the row of a list whose column holds this text.
+/// Selects the row of a list that has this text in the column.
 void choose(const Accessible &list, int column, const std::string &text)
 {
     int row = -1;
@@ -110,8 +110,9 @@ void choose(const Accessible &list, int column, const std::string &text)
     list.SelectRow(row);
 }
 
-/// The controls below, menus left out, a line each; what has no name, or is a menu item that can be
-/// used but does nothing, is a failure. Boxes to choose from go by what is chosen in them.
+/// Lists the controls below `top`, one per line, without menus and without the names of combo
+/// boxes, which are their current choice. Fails the test for a control without a name and for an
+/// enabled menu item without an action.
 std::string controlsIn(const Accessible &top)
 {
     std::string controls;
@@ -119,7 +120,7 @@ std::string controlsIn(const Accessible &top)
         const std::string role = object.Role(), name = object.Name();
         if (!kControls.contains(role))
             return true;
-        if (role == "scroll bar" && name.empty()) // of a list or a text, which has the name
+        if (role == "scroll bar" && name.empty()) // belongs to a list or a text, which has the name
             return false;
         EXPECT_NE(name, "") << "a " << role << " in " << top.Name();
         if (role == "menu item")
@@ -155,7 +156,7 @@ push button Filter Consist List
 push button View Options
 )");
     Command("File", "Set MSTS Location...");
-    // What labels say is read aloud, too.
+    // Screen readers read labels, too.
     Find(Dialog("Location"), "label", "This folder holds Trains and Routes, as it should.");
     Answer("Location", "Cancel");
     const struct
@@ -186,7 +187,7 @@ push button View Options
     Quit();
 }
 
-TEST_F(AccessTest, EditorViewAndResultsHaveNamesToo)
+TEST_F(AccessTest, EditorViewAndResultsHaveNamesAndRoles)
 {
     Start({QString::fromStdString(game.At(kQuarry))});
     const Accessible editor = Find(window, "frame", "Consist - " + game.At(kQuarry));
@@ -222,7 +223,7 @@ push button View Shape
     Quit();
 }
 
-TEST_F(AccessTest, AConsistIsOpenedEditedAndSaved)
+TEST_F(AccessTest, OpensEditsAndSavesAConsist)
 {
     ASSERT_EQ(UnitsIn(kQuarry), "Engine avr_d402, Wagon avr_hopper_11, Wagon avr_hopper_12, ");
     Start();
@@ -248,7 +249,7 @@ TEST_F(AccessTest, AConsistIsOpenedEditedAndSaved)
     EXPECT_EQ(UnitsIn(kQuarry), "Engine* avr_d402, Wagon tank_21, Wagon avr_hopper_12, ");
 }
 
-TEST_F(AccessTest, TextIsTypedIntoDialogs)
+TEST_F(AccessTest, DialogsAcceptText)
 {
     Start({QString::fromStdString(game.At(kQuarry))});
     const Accessible stock = Find(window, "tree", "Available installed stock");

@@ -17,7 +17,7 @@ constexpr char kAccessible[] = "org.a11y.atspi.Accessible", kAction[] = "org.a11
                kTable[] = "org.a11y.atspi.Table", kText[] = "org.a11y.atspi.Text",
                kEditable[] = "org.a11y.atspi.EditableText";
 constexpr int kReplyMilliseconds = 5000, kWaitMilliseconds = 20000;
-constexpr unsigned kEnabledBit = 8, kShowingBit = 25; // of the two words of an object's state
+constexpr unsigned kEnabledBit = 8, kShowingBit = 25; // in the two words of an object's state
 
 struct Reference
 {

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-/// One object of a running program's accessibility tree. What is read of an object that is gone,
-/// or was never found, is empty; doing something with it throws std::runtime_error.
+/// One object of a running program's accessibility tree. Properties of an object that is gone, or
+/// was never found, are empty; actions on it throw std::runtime_error.
 class Accessible
 {
 public:
@@ -19,20 +19,20 @@ public:
 
     explicit operator bool() const { return !m_path.isEmpty(); }
     std::string Name() const;
-    /// What kind of control it is: "push button", "menu item", "tree", "text" and so on.
+    /// The kind of control: "push button", "menu item", "tree", "text" and so on.
     std::string Role() const;
     bool Enabled() const;
     bool Showing() const;
     std::vector<Accessible> Children() const;
 
     bool Can(const char *action) const { return actionIndex(action) >= 0; }
-    /// Does what the object can do: "Press", "Toggle". Comes back at once, although what it starts
-    /// may be a dialog that waits for an answer.
+    /// Performs an action of the object: "Press", "Toggle". Returns at once, even if the action
+    /// opens a dialog that waits for an answer.
     void Do(const char *action) const;
     void SetText(const std::string &text) const;
     std::string Text() const;
 
-    /// Of a list: its rows, the text in one, and selecting that one.
+    /// For lists: the number of rows, the text in a row, and selecting a row.
     int Rows() const;
     std::string Cell(int row, int column) const;
     void SelectRow(int row) const;
@@ -48,14 +48,14 @@ private:
     QString m_service, m_path;
 };
 
-/// Calls `see` with every object below this one, parents first, and how deep it lies; where `see`
-/// says no, not with what is below that object.
+/// Calls `see` with every object below `top` and its depth, parents first. If `see` returns false,
+/// skips the objects below that one.
 void Walk(const Accessible &top, const std::function<bool(const Accessible &, int depth)> &see,
           int depth = 0);
-/// The first object below with this role and name that is there to be used; waits until there is
-/// one. Throws std::runtime_error with what was there instead.
+/// Waits for an object below `top` with this role and name that users can reach, and returns the
+/// first. Throws std::runtime_error that lists the objects found instead.
 Accessible Find(const Accessible &top, const std::string &role, const std::string &name);
-/// Everything below that has a role of its own to play, a line each: role "name".
+/// Lists the objects below `top` that are more than containers, one per line: role "name".
 std::string Outline(const Accessible &top);
-/// Waits until the condition holds; false after some seconds.
+/// Waits until the condition holds. Returns false after some seconds.
 bool WaitFor(const std::function<bool()> &condition);

@@ -18,7 +18,7 @@ constexpr int kStartMilliseconds = 20000, kEndMilliseconds = 5000;
 constexpr char kPackages[] = "needs the message bus and the accessibility service of a Linux "
                              "desktop (packages dbus-daemon and at-spi2-core)";
 
-/// In a process that is to be: it goes when its parent does.
+/// Runs in the child process before exec: ends the child when its parent ends.
 void dieWithParent()
 {
 #ifdef __linux__
@@ -57,7 +57,7 @@ Session::~Session()
 {
     end(m_program);
     QDBusConnection::disconnectFromBus(QStringLiteral("readers"));
-    end(m_bus); // and with it all that it has started
+    end(m_bus); // and all processes that it has started
 }
 
 void Session::start(QProcess &process, const QString &program, const QStringList &arguments)
@@ -76,8 +76,8 @@ void Session::startBus()
         m_whyNot = kPackages;
         return;
     }
-    // Without a display the bus of screen readers leaves no trace on it for other programs. What is
-    // preloaded is for programs of ours.
+    // Without a display the screen readers' bus is not announced to other programs. Preloaded
+    // libraries are only for our own programs.
     const QProcessEnvironment whole = m_environment;
     m_environment.remove(QStringLiteral("DISPLAY"));
     m_environment.remove(QStringLiteral("LD_PRELOAD"));
@@ -86,7 +86,7 @@ void Session::startBus()
            QStringLiteral("--print-address")});
     m_environment = whole;
     if (!m_bus.canReadLine() && !m_bus.waitForReadyRead(kStartMilliseconds))
-        throw std::runtime_error("the message bus does not tell its address: " +
+        throw std::runtime_error("the message bus does not print its address: " +
                                  m_bus.readAllStandardError().toStdString());
     m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
                          QString::fromUtf8(m_bus.readLine()).trimmed());
@@ -108,7 +108,7 @@ void Session::connectToReaders()
         return;
     }
     if (reply.type() != QDBusMessage::ReplyMessage)
-        throw std::runtime_error("no bus of screen readers: " + reply.errorMessage().toStdString());
+        throw std::runtime_error("no accessibility bus: " + reply.errorMessage().toStdString());
     m_readers = QDBusConnection::connectToBus(reply.arguments().constFirst().toString(),
                                               QStringLiteral("readers"));
 }

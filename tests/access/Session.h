@@ -8,8 +8,8 @@
 
 #include <string>
 
-/// A desktop session with nothing in it but a message bus and the bus of screen readers, which ZELK
-/// runs in. All that was started ends with it, also when the test itself is killed.
+/// A desktop session that contains only a message bus, the screen readers' bus and ZELK. All these
+/// processes end with it, even if the test itself is killed.
 class Session
 {
 public:
@@ -18,11 +18,11 @@ public:
     Session(const Session &) = delete;
     Session &operator=(const Session &) = delete;
 
-    /// Why there can be no such session on this machine; "" when there can.
+    /// Returns why such a session is impossible on this machine, or "".
     const std::string &WhyNot() const { return m_whyNot; }
-    /// Starts ZELK and waits for its place in the accessibility tree.
+    /// Starts ZELK and waits until it appears in the accessibility tree.
     Accessible StartProgram(const QStringList &arguments);
-    /// True once ZELK has ended by itself, with exit code 0.
+    /// Returns true once ZELK has ended normally, with exit code 0.
     bool ProgramEnded();
 
 private:
@@ -30,7 +30,7 @@ private:
     void connectToReaders();
     void start(QProcess &process, const QString &program, const QStringList &arguments);
 
-    support::TempFolder m_runtime; ///< where the buses have their sockets
+    support::TempFolder m_runtime; ///< for the sockets of the buses
     QProcessEnvironment m_environment;
     QProcess m_bus, m_program;
     QDBusConnection m_readers{QString()};

@@ -6,7 +6,7 @@
 
 using app::OpenKind;
 
-TEST(AppRulesTest, KindByTheTextAfterTheLastDot)
+TEST(AppRulesTest, FileKindFollowsTheTextAfterTheLastDot)
 {
     const std::pair<const char *, OpenKind> rows[] = {
         {"/a/b.con", OpenKind::Consist},
@@ -23,19 +23,19 @@ TEST(AppRulesTest, KindByTheTextAfterTheLastDot)
         {"", OpenKind::Unsupported},
     };
     for (const auto &[path, kind] : rows)
-        EXPECT_EQ(kind, app::KindOf(path)) << path;
-    EXPECT_EQ("World files not supported in this version!", app::RefusalOf(OpenKind::World));
-    EXPECT_EQ("File type not supported!", app::RefusalOf(OpenKind::Unsupported));
-    EXPECT_EQ("", app::RefusalOf(OpenKind::Consist));
+        EXPECT_EQ(app::KindOf(path), kind) << path;
+    EXPECT_EQ(app::RefusalOf(OpenKind::World), "World files not supported in this version!");
+    EXPECT_EQ(app::RefusalOf(OpenKind::Unsupported), "File type not supported!");
+    EXPECT_EQ(app::RefusalOf(OpenKind::Consist), "");
 }
 
-TEST(AppRulesTest, ProgramTexts)
+TEST(AppRulesTest, MakesProgramTexts)
 {
-    EXPECT_EQ("ZELK v1.0-75", modZELK::MainCaption());
-    EXPECT_EQ("Properties of x", modZELK::TextWindowCaption("x"));
-    EXPECT_EQ("TS Installation Check", modZELK::TextWindowCaption("#TS Installation Check"));
-    EXPECT_EQ("", modZELK::TextWindowCaption("#"));
-    EXPECT_EQ("box.wag references MISSING sound file x.sms",
-              modZELK::MissingReferenceText("x.sms", "box.wag", "sound"));
-    EXPECT_FLOAT_EQ(1.5707964f, modZELK::DegreesToRadians(90));
+    EXPECT_EQ(modZELK::MainCaption(), "ZELK v1.0-75");
+    EXPECT_EQ(modZELK::TextWindowCaption("x"), "Properties of x");
+    EXPECT_EQ(modZELK::TextWindowCaption("#TS Installation Check"), "TS Installation Check");
+    EXPECT_EQ(modZELK::TextWindowCaption("#"), "");
+    EXPECT_EQ(modZELK::MissingReferenceText("x.sms", "box.wag", "sound"),
+              "box.wag references MISSING sound file x.sms");
+    EXPECT_FLOAT_EQ(modZELK::DegreesToRadians(90), 1.5707964f);
 }

@@ -18,7 +18,7 @@ using app::CheckTarget;
 
 namespace {
 
-/// A main window in words: what it is told to show, line by line.
+/// A main window that records what it should show, line by line.
 class FakeHost : public app::CheckHost
 {
 public:
@@ -44,7 +44,7 @@ public:
     void SetProgress(int done, int total) override
     {
         EXPECT_LE(done, total);
-        EXPECT_TRUE(total == 0 || done >= m_done) << "the bar goes back";
+        EXPECT_TRUE(total == 0 || done >= m_done) << "the progress bar goes back";
         m_done = total == 0 ? 0 : done;
     }
     void ProcessEvents() override
@@ -99,7 +99,7 @@ const std::string kRefused = "A check is running.  Wait until it has ended, or p
 
 } // namespace
 
-TEST_F(CheckCommandsTest, WithoutASubjectThereIsNoReport)
+TEST_F(CheckCommandsTest, NoSubjectGivesNoReport)
 {
     const std::string nothing = "|Nothing selected!\n";
     const struct
@@ -125,7 +125,7 @@ TEST_F(CheckCommandsTest, WithoutASubjectThereIsNoReport)
     }
 }
 
-TEST_F(CheckCommandsTest, AStockItemIsCheckedAndSearchedInConsistsAndRoutes)
+TEST_F(CheckCommandsTest, StockCheckIncludesUsesInConsistsAndRoutes)
 {
     const std::string box = stock("box.old.WAG");
     const std::string report = "[Usage check of box]\nCheck Time  : 21.11.2026 10:30:00\r\n"
@@ -145,7 +145,7 @@ TEST_F(CheckCommandsTest, AStockItemIsCheckedAndSearchedInConsistsAndRoutes)
     EXPECT_EQ(host.results, report + "ERROR: Route Gone is MISSING\r\n");
 }
 
-TEST_F(CheckCommandsTest, EveryConsistIsSearchedInEveryRoute)
+TEST_F(CheckCommandsTest, SearchesEveryRouteForEveryConsist)
 {
     commands.CheckDependencies(kList);
     EXPECT_EQ(host.results, "") << "no routes, no report";
@@ -168,7 +168,7 @@ TEST_F(CheckCommandsTest, EveryConsistIsSearchedInEveryRoute)
               host.statuses.find("Checking A in South...\nDone\n") + 28);
 }
 
-TEST_F(CheckCommandsTest, TheStatusIsThatOfTheStepThatWaitsAndThenOfTheOutcome)
+TEST_F(CheckCommandsTest, StatusShowsTheWaitingStepAndThenTheOutcome)
 {
     const std::string lonely = host.game.Write("Routes/x/lonely.s", "shape ( images ( 0 ) )");
     const struct
@@ -193,7 +193,7 @@ TEST_F(CheckCommandsTest, TheStatusIsThatOfTheStepThatWaitsAndThenOfTheOutcome)
     EXPECT_NE(host.LastStatus(), kChoosing) << "consists without a route";
 }
 
-TEST_F(CheckCommandsTest, RoutesAreFoundWhoseFoldersHaveBrackets)
+TEST_F(CheckCommandsTest, FindsRoutesWithBracketsInTheirFolders)
 {
     host.game.MakeFolder("Routes/East");
     for (const char *route : {"North (old)", "North (v2)", "West", "West (snow)"})
@@ -208,7 +208,7 @@ TEST_F(CheckCommandsTest, RoutesAreFoundWhoseFoldersHaveBrackets)
     EXPECT_EQ(std::count(host.results.begin(), host.results.end(), '\n'), 1 + 4) << host.results;
 }
 
-TEST_F(CheckCommandsTest, AShapeIsCheckedWithoutAHeader)
+TEST_F(CheckCommandsTest, ShapeReportHasNoHeader)
 {
     const std::string gone = at("gone.s");
     commands.CheckDependencies(CheckTarget{3, {}, {}, gone});
@@ -223,7 +223,7 @@ TEST_F(CheckCommandsTest, AShapeIsCheckedWithoutAHeader)
     EXPECT_FALSE(commands.Running());
 }
 
-TEST_F(CheckCommandsTest, TheStockOfTheCurrentConsistIsChecked)
+TEST_F(CheckCommandsTest, ChecksTheStockOfTheCurrentConsist)
 {
     const std::string consist = host.game.Write(
         "Trains/Consists/B.con", "Train ( TrainCfg ( x Wagon ( WagonData ( gone "
@@ -236,7 +236,7 @@ TEST_F(CheckCommandsTest, TheStockOfTheCurrentConsistIsChecked)
     EXPECT_EQ(host.statuses, "Checking B...\nDone\n");
 }
 
-TEST_F(CheckCommandsTest, ReportsNameFilesWithTheSeparatorOfKeys)
+TEST_F(CheckCommandsTest, ReportsShowFileNamesThatContainTheKeySeparator)
 {
     commands.CheckConsistStock(CheckTarget{0, {"a|b"}, "a|b"});
     EXPECT_EQ(std::exchange(host.results, {}),
@@ -245,7 +245,7 @@ TEST_F(CheckCommandsTest, ReportsNameFilesWithTheSeparatorOfKeys)
     EXPECT_EQ(host.results, "[Usage check of a|b]\nERROR: " + at("a|b.s") + " is MISSING\r\n");
 }
 
-TEST_F(CheckCommandsTest, AllStockIsCheckedWhenTheUserWantsIt)
+TEST_F(CheckCommandsTest, ChecksAllStockAfterConfirmation)
 {
     writeWagons(2);
     commands.CheckAllStock();
@@ -258,7 +258,7 @@ TEST_F(CheckCommandsTest, AllStockIsCheckedWhenTheUserWantsIt)
     EXPECT_NE(host.statuses.find("Checking (2 of 2) "), std::string::npos) << host.statuses;
 }
 
-TEST_F(CheckCommandsTest, AStoppedCheckSaysSoAndAnAbandonedOneNothing)
+TEST_F(CheckCommandsTest, StoppedCheckIsReportedAndAbandonedOneIsSilent)
 {
     writeWagons(40);
     host.onEvents = [this] {
@@ -287,7 +287,7 @@ TEST_F(CheckCommandsTest, AStoppedCheckSaysSoAndAnAbandonedOneNothing)
                             "report is not complete.\r\n");
 }
 
-TEST_F(CheckCommandsTest, ASecondCheckIsRefusedWhileOneRuns)
+TEST_F(CheckCommandsTest, RefusesASecondCheckWhileOneRuns)
 {
     writeWagons(1);
     bool tried = false;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Every step of every write goes wrong once, and the program ends there once: whatever stands in
-// the folder afterwards is an old file or a new one, never a mix, and the failure is told.
+// Makes every step of every write fail once, and ends the program there once. Afterwards the folder
+// holds old or new files, never a mixture, and the failure was reported.
 #include "app/ConsistFiles.h"
 #include "app/Desktop.h"
 #include "app/FileAssociation.h"
@@ -36,10 +36,10 @@ constexpr char kConsist[] = "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\n"
                             "Train (\r\n\tTrainCfg ( \"old\"\r\n\t\tName ( \"old\" )\r\n"
                             "\t\tEngine (\r\n\t\t\tEngineData ( a A )\r\n\t\t)\r\n\t)\r\n)\r\n";
 
-/// The files below a folder and what stands in them.
+/// The files in a folder and its subfolders, with their contents.
 using Content = std::map<std::string, std::string>;
 
-/// A home with everything in it that commands write to.
+/// A home folder with all the files that commands write to.
 class World
 {
 public:
@@ -61,7 +61,7 @@ public:
         for (const auto &entry : fs::recursive_directory_iterator(folder.Path()))
             if (entry.is_regular_file()) {
                 const std::string name = fs::relative(entry.path(), folder.Path()).native();
-                // Half a record of where a file came from does no harm, and holds the time.
+                // The record of a file's origin contains the time, and half of it does no harm.
                 content[name] = name.ends_with(".trashinfo") ? "" : folder.Read(name);
             }
         return content;
@@ -90,9 +90,9 @@ struct Command
 {
     const char *name;
     void (*run)(World &world);
-    const char *tells; ///< what a message names
+    const char *tells; ///< text that the message must contain
     bool mayRemove = false;
-    bool isSilent = false; ///< nobody hears of a failure
+    bool isSilent = false; ///< failures are not reported
 };
 
 void editAndSave(World &world)
@@ -127,7 +127,7 @@ void saveOver(World &world)
 
 const Command kCommands[] = {
     {"save an edited consist", editAndSave, "a.con"},
-    // The user has agreed that the old file goes first.
+    // The user has agreed that the old file is deleted first.
     {"save over a consist", saveOver, "a.con", true},
     {"copy a consist over another",
      [](World &world) {
@@ -166,7 +166,7 @@ const Command kCommands[] = {
     {"trace", [](World &) { host::AppendTraceLine("loaded"); }, "", false, true},
 };
 
-/// Runs a command; what it has told the user, by message or by error.
+/// Runs a command and returns its message or error for the user.
 std::string messageOf(const Command &command, World &world)
 {
     try {
@@ -177,7 +177,7 @@ std::string messageOf(const Command &command, World &world)
     return world.dialogs.Log();
 }
 
-/// Every file is as before or as the command leaves it.
+/// Checks that every file is unchanged or as the command leaves it.
 void expectWhole(const Command &command, const Content &before, const Content &after,
                  const Content &now, const std::string &when)
 {
@@ -226,7 +226,7 @@ protected:
     int steps = 0;
 };
 
-TEST_P(FailingWritesTest, ARefusedStepLeavesWholeFilesAndIsTold)
+TEST_P(FailingWritesTest, FailedStepLeavesWholeFilesAndIsReported)
 {
     ASSERT_GE(steps, 3);
     for (const int error : {EIO, ENOSPC, EACCES})
@@ -253,7 +253,7 @@ TEST_P(FailingWritesTest, ARefusedStepLeavesWholeFilesAndIsTold)
         }
 }
 
-TEST_P(FailingWritesTest, AProgramThatEndsAtAStepLeavesWholeFiles)
+TEST_P(FailingWritesTest, ProcessExitAtAStepLeavesWholeFiles)
 {
     for (int step = 0; step < steps; ++step) {
         World world;

@@ -17,7 +17,7 @@ constexpr char kEntry[] = ".local/share/applications/zelk-consist.desktop";
 constexpr char kType[] = ".local/share/mime/packages/zelk-consist.xml";
 constexpr char kDefaults[] = ".config/mimeapps.list";
 
-/// A desktop whose tools write down how they are called.
+/// A desktop whose tools record how they are called.
 class FileAssociationTest : public testing::Test
 {
 protected:
@@ -52,7 +52,7 @@ protected:
     const ScopedVariable shares{"XDG_DATA_DIRS", "/none:" + folder.At("usr//share/")};
 };
 
-TEST_F(FileAssociationTest, OfAProgramThatLiesAnywhere)
+TEST_F(FileAssociationTest, PortableProgramWritesTypeAndDesktopEntry)
 {
     app::AssociateConsistFiles("/opt/zelk");
     EXPECT_NE(folder.Read(kType).find("type=\"application/x-msts-consist\""), std::string::npos);
@@ -80,7 +80,7 @@ TEST_F(FileAssociationTest, OfAProgramThatLiesAnywhere)
     EXPECT_EQ(takeCalls(), "");
 }
 
-TEST_F(FileAssociationTest, OfAnInstalledProgramIsAChoiceOnly)
+TEST_F(FileAssociationTest, InstalledProgramWritesOnlyTheChoice)
 {
     folder.Write("usr/share/applications/zelk.desktop");
     app::AssociateConsistFiles(folder.At("own/bin/zelk")); // before it was installed
@@ -94,7 +94,7 @@ TEST_F(FileAssociationTest, OfAnInstalledProgramIsAChoiceOnly)
     EXPECT_FALSE(folder.Exists(kDefaults));
 }
 
-TEST_F(FileAssociationTest, NamesAreQuotedForTheDesktop)
+TEST_F(FileAssociationTest, QuotesProgramNamesForDesktopEntries)
 {
     const std::string icon = folder.Write("o\\d d$\"`%/share/icons/hicolor/256x256/apps/zelk.png");
     const std::string program = folder.At("o\\d d$\"`%/bin/zelk");
@@ -115,7 +115,7 @@ TEST_F(FileAssociationTest, NamesAreQuotedForTheDesktop)
         }
 }
 
-TEST_F(FileAssociationTest, WhatElseTheUserChoseStays)
+TEST_F(FileAssociationTest, KeepsOtherChoicesOfTheUser)
 {
     const std::string others = "# mine\n[Added Associations]\ntext/plain=x.desktop;\n\n"
                                "[Default Applications]\ntext/plain=y.desktop\n";
@@ -137,7 +137,7 @@ TEST_F(FileAssociationTest, WhatElseTheUserChoseStays)
     EXPECT_EQ(folder.Read("dotfiles/list"), others);
 }
 
-TEST_F(FileAssociationTest, FailuresNameTheFileOrTheTool)
+TEST_F(FileAssociationTest, ErrorsNameTheFileOrTheTool)
 {
     const auto failure = [] {
         try {
@@ -151,7 +151,7 @@ TEST_F(FileAssociationTest, FailuresNameTheFileOrTheTool)
     EXPECT_EQ(failure(), "update-mime-database does not take in " + folder.At(".local/share/mime"));
     EXPECT_FALSE(folder.Exists(kDefaults));
     fs::remove_all(folder.At("tools"));
-    EXPECT_EQ(failure(), ""); // a desktop without them
+    EXPECT_EQ(failure(), ""); // a desktop without these tools
     app::DissociateConsistFiles();
     folder.MakeFolder(kDefaults);
     EXPECT_EQ(failure().find(folder.At(kDefaults) + ": "), 0u);

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(FileAssociationTest, TheBatchFileNamesTheProgram)
+TEST(FileAssociationTest, BatchFileContainsTheProgramPath)
 {
     const std::string first = "assoc .con=con_auto_file\r\nftype con_auto_file=";
     const std::pair<const char *, const char *> rows[] = {

@@ -35,7 +35,7 @@ protected:
 
 } // namespace
 
-TEST_F(ProgramStartTest, WineRunsItInThePrefixInWhichItLies)
+TEST_F(ProgramStartTest, WineRunsProgramsInTheirOwnPrefix)
 {
     installWine("wine-stable");
     folder.MakeFolder("p/dosdevices");
@@ -58,7 +58,7 @@ TEST_F(ProgramStartTest, WineRunsItInThePrefixInWhichItLies)
     }
 }
 
-TEST_F(ProgramStartTest, WithoutWineOrTheProgramNothingStarts)
+TEST_F(ProgramStartTest, MissingWineOrProgramIsAnError)
 {
     folder.Write("train.exe");
     folder.Write("bin/wine"); // not executable

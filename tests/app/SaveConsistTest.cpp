@@ -61,83 +61,82 @@ protected:
     host::GameFiles files;
     ScriptedDialogs dialogs;
     std::string fileName, caption = "before";
-    std::string changedFile; ///< by somebody else, since the window has read it
+    std::string changedFile; ///< by another program, after the window read it
     bool broken = false, full = false, marked = false;
 };
 
-TEST_F(SaveConsistTest, AFreeNameIsWrittenWithoutAQuestion)
+TEST_F(SaveConsistTest, WritesAFreeNameWithoutAsking)
 {
     fileName = at("a.con");
     EXPECT_TRUE(save());
-    EXPECT_EQ("new", folder.Read("a.con"));
-    EXPECT_EQ("Consist - " + at("a.con"), caption);
-    EXPECT_EQ("", dialogs.Log());
+    EXPECT_EQ(folder.Read("a.con"), "new");
+    EXPECT_EQ(caption, "Consist - " + at("a.con"));
+    EXPECT_EQ(dialogs.Log(), "");
     fileName = at("b.con");
     EXPECT_TRUE(save(true));
-    EXPECT_EQ("Consist - " + at("a.con"), caption) << "a quiet save leaves the caption";
+    EXPECT_EQ(caption, "Consist - " + at("a.con")) << "a quiet save leaves the caption";
 }
 
-TEST_F(SaveConsistTest, NoNameOrACancelledDialogSavesNothing)
+TEST_F(SaveConsistTest, EmptyNameOrCancelledDialogSavesNothing)
 {
     for (const char *answer : {"", "*.con"}) {
         dialogs.AnswerFile(answer);
         EXPECT_FALSE(save());
-        EXPECT_EQ("", fileName);
+        EXPECT_EQ(fileName, "");
     }
-    EXPECT_EQ("save|Save Consist As|*.con\nsave|Save Consist As|*.con\n", dialogs.Log());
-    EXPECT_EQ("before", caption);
+    EXPECT_EQ(dialogs.Log(), "save|Save Consist As|*.con\nsave|Save Consist As|*.con\n");
+    EXPECT_EQ(caption, "before");
 }
 
-TEST_F(SaveConsistTest, OverwritingIsAskedForEveryTime)
+TEST_F(SaveConsistTest, AsksEveryTimeBeforeOverwriting)
 {
     folder.Write("a.con", "old");
     fileName = at("a.con");
     dialogs.Answer(DialogAnswer::Cancel);
     dialogs.Answer(DialogAnswer::Ok);
     EXPECT_FALSE(save());
-    EXPECT_EQ("old", folder.Read("a.con"));
-    EXPECT_EQ(at("a.con"), fileName);
-    EXPECT_EQ(question("a.con") + "\ncritical|Save Consist|Save of " + at("a.con") +
-                  " cancelled by user!\n",
-              dialogs.TakeLog());
+    EXPECT_EQ(folder.Read("a.con"), "old");
+    EXPECT_EQ(fileName, at("a.con"));
+    EXPECT_EQ(dialogs.TakeLog(), question("a.con") + "\ncritical|Save Consist|Save of " +
+                                     at("a.con") + " cancelled by user!\n");
 
     dialogs.Answer(DialogAnswer::No);
     dialogs.AnswerFile(at("b.con"));
     EXPECT_TRUE(save());
-    EXPECT_EQ("old", folder.Read("a.con"));
-    EXPECT_EQ("new", folder.Read("b.con"));
-    EXPECT_EQ(question("a.con") + "\nsave|Save Consist As|*.con\n", dialogs.TakeLog());
+    EXPECT_EQ(folder.Read("a.con"), "old");
+    EXPECT_EQ(folder.Read("b.con"), "new");
+    EXPECT_EQ(dialogs.TakeLog(), question("a.con") + "\nsave|Save Consist As|*.con\n");
 
     fileName = at("a.con");
     dialogs.Answer(DialogAnswer::Yes);
     EXPECT_TRUE(save());
-    EXPECT_EQ("new", folder.Read("a.con"));
+    EXPECT_EQ(folder.Read("a.con"), "new");
 }
 
-TEST_F(SaveConsistTest, AfterNoAndACancelledDialogTheNameStaysEmpty)
+TEST_F(SaveConsistTest, NameStaysEmptyAfterNoAndACancelledDialog)
 {
     folder.Write("a.con", "old");
     fileName = at("a.con");
     dialogs.Answer(DialogAnswer::No);
     dialogs.AnswerFile("");
     EXPECT_FALSE(save());
-    EXPECT_EQ("", fileName);
-    EXPECT_EQ("old", folder.Read("a.con"));
+    EXPECT_EQ(fileName, "");
+    EXPECT_EQ(folder.Read("a.con"), "old");
 }
 
-TEST_F(SaveConsistTest, WhatCannotBeWrittenDeletesNothing)
+TEST_F(SaveConsistTest, FailedWriteDeletesNothing)
 {
     folder.Write("a.con", "old");
     fileName = at("a.con");
     broken = true;
     dialogs.Answer(DialogAnswer::Yes);
     EXPECT_FALSE(save());
-    EXPECT_EQ("old", folder.Read("a.con"));
+    EXPECT_EQ(folder.Read("a.con"), "old");
     EXPECT_TRUE(dialogs.Log().starts_with("critical|Save Consist|no Train block\n"))
         << dialogs.Log();
 }
 
-TEST_F(SaveConsistTest, AFailureTellsPathAndReason)
+TEST_F(SaveConsistTest, FailureMessageHasPathAndReason)
 {
     fileName = at("missing/a.con");
     dialogs.Answer(DialogAnswer::Ok);
@@ -145,7 +144,7 @@ TEST_F(SaveConsistTest, AFailureTellsPathAndReason)
     EXPECT_TRUE(dialogs.Log().starts_with("critical|Save Consist|" + fileName)) << dialogs.Log();
 }
 
-TEST_F(SaveConsistTest, RefusesNewNamesOfBlanks)
+TEST_F(SaveConsistTest, RefusesBlankNewNames)
 {
     for (const char *name : {"  .con", " "}) {
         dialogs.AnswerFile(at(name));
@@ -157,10 +156,10 @@ TEST_F(SaveConsistTest, RefusesNewNamesOfBlanks)
     folder.Write(" .con", "old");
     fileName = at(" .con");
     dialogs.Answer(DialogAnswer::Yes);
-    EXPECT_TRUE(save()) << "a file of this name stays usable";
+    EXPECT_TRUE(save()) << "an existing file of this name stays usable";
 }
 
-TEST_F(SaveConsistTest, ChosenNamesEndInCon)
+TEST_F(SaveConsistTest, ChosenNamesEndWithCon)
 {
     const struct
     {
@@ -177,7 +176,7 @@ TEST_F(SaveConsistTest, ChosenNamesEndInCon)
         dialogs.AnswerFile(at(row.chosen));
         EXPECT_TRUE(saveAs()) << row.chosen;
         EXPECT_TRUE(folder.Exists(row.saved)) << row.saved;
-        EXPECT_EQ(at(row.saved), fileName);
+        EXPECT_EQ(fileName, at(row.saved));
     }
     dialogs.TakeLog();
     dialogs.AnswerFile(at("GP38 No.4"));
@@ -190,41 +189,41 @@ TEST_F(SaveConsistTest, ChosenNamesEndInCon)
     EXPECT_TRUE(folder.Exists("other"));
 }
 
-TEST_F(SaveConsistTest, AFileChangedBySomebodyElseIsAskedForFirst)
+TEST_F(SaveConsistTest, AsksFirstAboutAFileChangedByAnotherProgram)
 {
     folder.Write("a.con", "by others");
     fileName = changedFile = at("a.con");
     for (const DialogAnswer answer : {DialogAnswer::No, DialogAnswer::Cancel}) {
         dialogs.Answer(answer);
         EXPECT_FALSE(save());
-        EXPECT_EQ(changedQuestion("a.con"), dialogs.TakeLog());
-        EXPECT_EQ("by others|" + at("a.con") + "|before",
-                  folder.Read("a.con") + '|' + fileName + '|' + caption);
+        EXPECT_EQ(dialogs.TakeLog(), changedQuestion("a.con"));
+        EXPECT_EQ(folder.Read("a.con") + '|' + fileName + '|' + caption,
+                  "by others|" + at("a.con") + "|before");
     }
 
     dialogs.Answer(DialogAnswer::Yes); // the change
     dialogs.Answer(DialogAnswer::No);  // but not the file
-    dialogs.AnswerFile(at("b.con"));   // another one was not changed
+    dialogs.AnswerFile(at("b.con"));   // another file was not changed
     EXPECT_TRUE(save());
-    EXPECT_EQ(changedQuestion("a.con") + question("a.con") + "\nsave|Save Consist As|*.con\n",
-              dialogs.TakeLog());
-    EXPECT_EQ("by others", folder.Read("a.con"));
+    EXPECT_EQ(dialogs.TakeLog(),
+              changedQuestion("a.con") + question("a.con") + "\nsave|Save Consist As|*.con\n");
+    EXPECT_EQ(folder.Read("a.con"), "by others");
 
     fileName = at("b.con");
     dialogs.AnswerFile(at("a.con")); // the window's file under Save As
     dialogs.Answer(DialogAnswer::No);
     EXPECT_FALSE(saveAs());
-    EXPECT_EQ("save|Save Consist As|*.con\n" + changedQuestion("a.con"), dialogs.TakeLog());
-    EXPECT_EQ(at("b.con"), fileName);
+    EXPECT_EQ(dialogs.TakeLog(), "save|Save Consist As|*.con\n" + changedQuestion("a.con"));
+    EXPECT_EQ(fileName, at("b.con"));
 
     fileName = at("a.con");
     dialogs.Answer(DialogAnswer::Yes);
     dialogs.Answer(DialogAnswer::Yes);
     EXPECT_TRUE(save());
-    EXPECT_EQ("new", folder.Read("a.con"));
+    EXPECT_EQ(folder.Read("a.con"), "new");
 }
 
-TEST_F(SaveConsistTest, AFailedWriteLeavesTheWindowAsItWas)
+TEST_F(SaveConsistTest, FailedWriteLeavesTheWindowUnchanged)
 {
     full = true;
     folder.Write("b.con", "old");
@@ -246,14 +245,14 @@ TEST_F(SaveConsistTest, AFailedWriteLeavesTheWindowAsItWas)
         if (row.deletes)
             dialogs.Answer(DialogAnswer::Yes);
         EXPECT_FALSE(row.isSaveAs ? saveAs() : save());
-        EXPECT_EQ(at("a.con") + "|before", fileName + '|' + caption);
-        EXPECT_EQ(row.deletes, marked) << "what was deleted may be nowhere else";
+        EXPECT_EQ(fileName + '|' + caption, at("a.con") + "|before");
+        EXPECT_EQ(marked, row.deletes) << "the window may hold the only copy";
         EXPECT_TRUE(dialogs.TakeLog().ends_with("the disk is full\n"));
     }
     EXPECT_FALSE(folder.Exists("b.con"));
 }
 
-TEST_F(SaveConsistTest, GivingUpSaveAsKeepsTheName)
+TEST_F(SaveConsistTest, CancelledSaveAsKeepsTheName)
 {
     folder.Write("b.con", "old");
     const struct
@@ -273,8 +272,8 @@ TEST_F(SaveConsistTest, GivingUpSaveAsKeepsTheName)
         for (const DialogAnswer answer : row.answers)
             dialogs.Answer(answer);
         EXPECT_FALSE(saveAs());
-        EXPECT_EQ(at("a.con") + "|before|old",
-                  fileName + '|' + caption + '|' + folder.Read("b.con"))
+        EXPECT_EQ(fileName + '|' + caption + '|' + folder.Read("b.con"),
+                  at("a.con") + "|before|old")
             << row.what;
     }
     EXPECT_FALSE(marked);

@@ -18,7 +18,7 @@
 
 namespace {
 
-/// A desktop that starts nothing and writes down what it was asked.
+/// A desktop that starts nothing and records the requests.
 class RecordingDesktop : public app::Desktop
 {
 public:
@@ -86,7 +86,7 @@ protected:
 
 } // namespace
 
-TEST_F(ConsistFilesTest, PasteCopiesEveryByteUnderANewName)
+TEST_F(ConsistFilesTest, PasteCopiesEveryByteToANewName)
 {
     for (const char *name : {"New", "old", "New.con"}) {
         dialogs.AnswerInput(name);
@@ -96,10 +96,11 @@ TEST_F(ConsistFilesTest, PasteCopiesEveryByteUnderANewName)
     }
     for (const char *file : {"New.con", "Old.con", "New.con.con"})
         EXPECT_EQ(game.Read(std::string("Trains/Consists/") + file), std::string("\xFF\xFE\0c", 4));
-    EXPECT_EQ(game.Names("Trains/Consists").size(), 4u) << "a name in another case is that file";
+    EXPECT_EQ(game.Names("Trains/Consists").size(), 4u)
+        << "a name in another letter case is the same file";
 }
 
-TEST_F(ConsistFilesTest, PasteThatIsGivenUpOrHasNothingToCopyChangesNothing)
+TEST_F(ConsistFilesTest, CancelledOrEmptyPasteChangesNothing)
 {
     paste("");
     EXPECT_EQ(dialogs.TakeLog(), "");
@@ -115,7 +116,7 @@ TEST_F(ConsistFilesTest, PasteThatIsGivenUpOrHasNothingToCopyChangesNothing)
     EXPECT_EQ(game.Names("Trains/Consists").size(), 2u);
 }
 
-TEST_F(ConsistFilesTest, PasteThatFailsSaysWhichFileAndWhy)
+TEST_F(ConsistFilesTest, FailedPasteReportsFileAndReason)
 {
     const struct
     {
@@ -146,7 +147,7 @@ TEST_F(ConsistFilesTest, PasteThatFailsSaysWhichFileAndWhy)
     EXPECT_FALSE(game.Exists("Trains/New.con"));
 }
 
-TEST_F(ConsistFilesTest, CutAsksAndMovesToTheWastebasket)
+TEST_F(ConsistFilesTest, CutAsksThenMovesToTheWastebasket)
 {
     const auto cut = [this](const char *name) {
         const std::string outcome = app::CutConsist(name, dialogs, files, desktop, installation);
@@ -162,11 +163,11 @@ TEST_F(ConsistFilesTest, CutAsksAndMovesToTheWastebasket)
     dialogs.Answer(host::DialogAnswer::Yes);
     EXPECT_EQ(cut("Coal"), question + consist("Coal.con") + " was moved to the wastebasket.");
     EXPECT_EQ(desktop.log, "wastebasket Coal.con\n");
-    EXPECT_EQ(cut("Coal"), "") << "it is not listed any more";
+    EXPECT_EQ(cut("Coal"), "") << "it is no longer listed";
     EXPECT_TRUE(game.Exists("Trains/Consists/Old.con"));
 }
 
-TEST_F(ConsistFilesTest, CutDeletesForGoodOnlyAfterAnotherQuestion)
+TEST_F(ConsistFilesTest, CutAsksAgainBeforeDeletingPermanently)
 {
     desktop.refuses = true;
     const std::string questions = "question (No)|Delete|Delete Old ?\nquestion (No)|Delete|" +
@@ -183,7 +184,7 @@ TEST_F(ConsistFilesTest, CutDeletesForGoodOnlyAfterAnotherQuestion)
     }
 }
 
-TEST_F(ShellCommandsTest, WithoutAnInstallationItSaysSo)
+TEST_F(ShellCommandsTest, ReportsAMissingInstallation)
 {
     EXPECT_FALSE(shell.StartSimulator() || shell.StartEditors() || shell.StartShapeViewer());
     const std::string text = "|MSTS does not appear to be installed on this system!\n";
@@ -192,7 +193,7 @@ TEST_F(ShellCommandsTest, WithoutAnInstallationItSaysSo)
     EXPECT_EQ(desktop.log, "");
 }
 
-TEST_F(ShellCommandsTest, AProgramThatIsNotThereIsNamed)
+TEST_F(ShellCommandsTest, ReportsTheNameOfAMissingProgram)
 {
     installation.SetLocation(game.Path());
     EXPECT_FALSE(shell.StartSimulator() || shell.StartEditors());
@@ -202,7 +203,7 @@ TEST_F(ShellCommandsTest, AProgramThatIsNotThereIsNamed)
         << log;
 }
 
-TEST_F(ShellCommandsTest, HelpThatIsNotThereIsSaidToBeMissing)
+TEST_F(ShellCommandsTest, ReportsMissingHelp)
 {
     shell.ShowGuide(app::GuidePage::Contents);
     shell.ShowGuide(app::GuidePage::Search);
@@ -212,7 +213,7 @@ TEST_F(ShellCommandsTest, HelpThatIsNotThereIsSaidToBeMissing)
     EXPECT_EQ(dialogs.TakeLog(), line + line);
 }
 
-TEST_F(ShellCommandsTest, TheFileAssociationIsAskedForFirst)
+TEST_F(ShellCommandsTest, AsksBeforeSettingTheFileAssociation)
 {
     const std::string question =
         "question|Set File Association|Do you want to associate .CON files with ZELK?\n\n"

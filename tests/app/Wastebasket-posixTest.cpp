@@ -22,7 +22,7 @@ constexpr char kTrash[] = ".local/share/Trash/";
 class WastebasketTest : public testing::Test
 {
 protected:
-    /// The line of a record that says where a file came from.
+    /// Returns the line of a wastebasket record that names the origin of the file.
     static std::string originIn(const std::string &record)
     {
         const std::size_t at = record.find("\nPath=") + 6;
@@ -33,7 +33,7 @@ protected:
     const support::TempFolder &folder = home.Folder();
 };
 
-TEST_F(WastebasketTest, FilesOfTheHomeVolumeCanBeRestoredWhateverTheirNames)
+TEST_F(WastebasketTest, FilesOnTheHomeVolumeCanBeRestoredUnderAnyName)
 {
     const std::string name = "Gr\xfcn 100%.con";
     for (const char *content : {"first", "second"})
@@ -48,7 +48,7 @@ TEST_F(WastebasketTest, FilesOfTheHomeVolumeCanBeRestoredWhateverTheirNames)
     EXPECT_NE(record.find("\nDeletionDate=20"), std::string::npos) << record;
 }
 
-TEST_F(WastebasketTest, NamesOfFullLengthFit)
+TEST_F(WastebasketTest, NamesOfMaximumLengthFit)
 {
     const std::string name = std::string(251, 'x') + ".con";
     EXPECT_TRUE(app::MoveToWastebasket(folder.Write(name)));
@@ -64,7 +64,7 @@ TEST_F(WastebasketTest, AFileOnAnotherVolumeStaysOnIt)
         GTEST_SKIP() << "there is no other volume";
     const fs::path basket = volume / (".Trash-" + std::to_string(geteuid()));
     if (fs::exists(basket))
-        GTEST_SKIP() << "somebody uses " << basket;
+        GTEST_SKIP() << "in use: " << basket;
     const fs::path file = volume / ("zelk-" + std::to_string(getpid()) + ".con");
     fs::copy_file(folder.Write("a.con", "coal"), file);
     EXPECT_TRUE(app::MoveToWastebasket(file.native()));
@@ -75,7 +75,7 @@ TEST_F(WastebasketTest, AFileOnAnotherVolumeStaysOnIt)
     fs::remove_all(basket);
 }
 
-TEST_F(WastebasketTest, WithoutOneTheFileStays)
+TEST_F(WastebasketTest, WithoutAWastebasketTheFileStays)
 {
     const std::string file = folder.Write("game/a.con", "coal");
     {

@@ -13,7 +13,7 @@ using support::TempFolder;
 
 namespace {
 
-TEST(ConsistListTest, NamesInListingOrderBehindTheFilter)
+TEST(ConsistListTest, ListsNamesThatPassTheFilterInListingOrder)
 {
     TempFolder folder;
     for (const char *name : {"b.con", "A gp9 x.CON", "GP38.con", "c.con.bak", "x.y.con", "d.txt"})
@@ -28,17 +28,17 @@ TEST(ConsistListTest, NamesInListingOrderBehindTheFilter)
             all += name + '|';
         return all;
     };
-    EXPECT_EQ("A gp9 x|b|GP38|x.y|", list(""));
-    EXPECT_EQ("A gp9 x|b|GP38|x.y|", list("*"));
-    EXPECT_EQ("A gp9 x|GP38|", list("gp"));
-    EXPECT_EQ("GP38|", list("gp*"));
-    EXPECT_EQ("x.y|", list("*Y"));
+    EXPECT_EQ(list(""), "A gp9 x|b|GP38|x.y|");
+    EXPECT_EQ(list("*"), "A gp9 x|b|GP38|x.y|");
+    EXPECT_EQ(list("gp"), "A gp9 x|GP38|");
+    EXPECT_EQ(list("gp*"), "GP38|");
+    EXPECT_EQ(list("*Y"), "x.y|");
     installation.SetLocation(folder.Path() + "/nowhere");
-    EXPECT_EQ("", list(""));
+    EXPECT_EQ(list(""), "");
 }
 
-/// Who sees nothing is told which of the reasons it is, and the command that helps.
-TEST(ConsistListTest, AnEmptyListSaysWhy)
+/// An empty list shows the reason and the command that helps.
+TEST(ConsistListTest, EmptyListShowsTheReason)
 {
     TempFolder folder;
     const std::string consists = host::path::Normalise(folder.At("full/Trains/Consists"));
@@ -52,7 +52,7 @@ TEST(ConsistListTest, AnEmptyListSaysWhy)
         for (const std::string &word : words)
             EXPECT_NE(hint.find(word), std::string::npos) << hint;
     };
-    if (install::Installation::RegisteredFolder().empty()) // it may be there on Windows
+    if (install::Installation::RegisteredFolder().empty()) // it may exist on Windows
         expectWords("*", {"Where is Train Simulator?", "File > Set MSTS Location"});
     installation.SetLocation(folder.At("bare"));
     expectWords("x", {"There is no folder", "bare", "File > Set MSTS Location"});
@@ -61,11 +61,11 @@ TEST(ConsistListTest, AnEmptyListSaysWhy)
     expectWords("*", {"There are no consists in\n" + consists, "File > New > Consist"});
 }
 
-TEST(ConsistListTest, Caption)
+TEST(ConsistListTest, CaptionShowsTheFilter)
 {
-    EXPECT_EQ("Consist List 2 (Filtered on GP*)", document::ConsistListCaption(2, "GP*"));
-    EXPECT_EQ("Consist List 1", document::ConsistListCaption(1, "*"));
-    EXPECT_EQ("Consist List 1", document::ConsistListCaption(1, ""));
+    EXPECT_EQ(document::ConsistListCaption(2, "GP*"), "Consist List 2 (Filtered on GP*)");
+    EXPECT_EQ(document::ConsistListCaption(1, "*"), "Consist List 1");
+    EXPECT_EQ(document::ConsistListCaption(1, ""), "Consist List 1");
 }
 
 } // namespace

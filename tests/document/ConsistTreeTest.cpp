@@ -17,7 +17,7 @@ namespace {
 
 const char *const kHead = "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\n";
 
-/// An entry on one line: "Engine", uid, shape, folder.
+/// A unit on one line: "Engine", uid, shape, folder.
 std::string unit(const char *type, int uid, const char *names, const char *before = "")
 {
     return std::string(" ") + type + " ( " + before + "UiD ( " + std::to_string(uid) + " ) " +
@@ -32,7 +32,7 @@ protected:
     {
     }
 
-    /// A consist with this inside TrainCfg, loaded.
+    /// Loads a consist with this text inside TrainCfg.
     void load(const std::string &inside)
     {
         folder.Write("a.con",
@@ -52,7 +52,7 @@ protected:
     }
     std::string path() const { return folder.Path() + "/a.con"; }
 
-    /// Shapes of the rows, flipped ones with a star, and the counter.
+    /// The shapes of the rows, with a star for flipped units, and the counter.
     std::string train() const
     {
         std::string text;
@@ -77,7 +77,7 @@ protected:
     const StockItem box{"Wagon", "My Stock", "box"};
 };
 
-TEST_F(ConsistTreeTest, RowsShowTypeFolderShapeAndTruePositions)
+TEST_F(ConsistTreeTest, RowsShowTypeFolderShapeAndPositionInTheFile)
 {
     load(" Name ( \"a\" )\r\n MaxVelocity ( 27.77778 0.10000 )\r\n Durability ( 0.5 )\r\n"
          " NextWagonUID ( 3 )\r\n" +
@@ -88,17 +88,17 @@ TEST_F(ConsistTreeTest, RowsShowTypeFolderShapeAndTruePositions)
                                                         {{"Wagon*", "My Stock", "box"}, 7},
                                                         {{"Wagon", "", "alone"}, 8},
                                                         {{"Wagon", "b", "a"}, 9}};
-    EXPECT_EQ(expected, tree.Rows());
-    EXPECT_EQ("27.77778|0.10000|0.5",
-              tree.MaxVelocity(0) + '|' + tree.MaxVelocity(1) + '|' + tree.Durability());
+    EXPECT_EQ(tree.Rows(), expected);
+    EXPECT_EQ(tree.MaxVelocity(0) + '|' + tree.MaxVelocity(1) + '|' + tree.Durability(),
+              "27.77778|0.10000|0.5");
     EXPECT_FALSE(tree.Changed());
     load("");
     EXPECT_TRUE(tree.Rows().empty());
-    EXPECT_EQ("a", tree.Title());
-    EXPECT_EQ("", tree.MaxVelocity(0) + tree.Durability());
+    EXPECT_EQ(tree.Title(), "a");
+    EXPECT_EQ(tree.MaxVelocity(0) + tree.Durability(), "");
 }
 
-TEST_F(ConsistTreeTest, WhatIsNoConsistSaysWhatIsMissing)
+TEST_F(ConsistTreeTest, ErrorForOtherFilesNamesTheMissingBlock)
 {
     struct Row
     {
@@ -116,7 +116,7 @@ TEST_F(ConsistTreeTest, WhatIsNoConsistSaysWhatIsMissing)
             tree.Load(path());
             ADD_FAILURE() << "loaded";
         } catch (const host::RuntimeError &error) {
-            EXPECT_EQ(91, error.Number());
+            EXPECT_EQ(error.Number(), 91);
             EXPECT_TRUE(error.Detail().ends_with(row.message)) << error.Detail();
         }
         EXPECT_TRUE(tree.Rows().empty());
@@ -124,8 +124,8 @@ TEST_F(ConsistTreeTest, WhatIsNoConsistSaysWhatIsMissing)
         const EditResult result = tree.Edit(Move::Add, 0, &box);
         EXPECT_TRUE(result.refused);
         EXPECT_TRUE(result.message.ends_with(row.message)) << result.message;
-        EXPECT_EQ(before, tree.Document().ToBytes());
-        EXPECT_EQ("", tree.Title() + tree.MaxVelocity(0) + tree.Durability());
+        EXPECT_EQ(tree.Document().ToBytes(), before);
+        EXPECT_EQ(tree.Title() + tree.MaxVelocity(0) + tree.Durability(), "");
     }
 }
 
@@ -138,7 +138,7 @@ struct EditRow
     int selected;
 };
 
-TEST_F(ConsistTreeTest, EveryOperationOnFourUnits)
+TEST_F(ConsistTreeTest, PerformsEveryOperationOnFourUnits)
 {
     const EditRow rows[] = {
         {"remove the first", Move::Remove, 1, "w1 w2 w3 3", 1},
@@ -157,53 +157,53 @@ TEST_F(ConsistTreeTest, EveryOperationOnFourUnits)
         {"backwards without selection", Move::Backwards, 0, "e w1 w2 w3 4", 0},
         {"flip", Move::Flip, 2, "e w1* w2 w3 4", 0},
         {"flip without selection", Move::Flip, 0, "e w1 w2 w3 4", 0},
-        {"a row that is not there", Move::Remove, 9, "e w1 w2 w3 4", 0},
+        {"a row that does not exist", Move::Remove, 9, "e w1 w2 w3 4", 0},
     };
     for (const EditRow &row : rows) {
         SCOPED_TRACE(row.what);
         loadFour();
         const EditResult result = tree.Edit(row.move, row.row);
-        EXPECT_EQ(row.train, train());
-        EXPECT_EQ(row.selected, result.selectedRow);
-        EXPECT_EQ("", result.message);
-        EXPECT_TRUE(tree.Changed()) << "every press marks the consist changed";
+        EXPECT_EQ(train(), row.train);
+        EXPECT_EQ(result.selectedRow, row.selected);
+        EXPECT_EQ(result.message, "");
+        EXPECT_TRUE(tree.Changed()) << "every edit marks the consist as changed";
     }
 }
 
 TEST_F(ConsistTreeTest, AddNumbersUnitsByTheCounter)
 {
     load(" NextWagonUID ( 0 )\r\n Last ( )\r\n");
-    EXPECT_EQ(1, tree.Edit(Move::Add, 0, &box).selectedRow);
+    EXPECT_EQ(tree.Edit(Move::Add, 0, &box).selectedRow, 1);
     const StockItem engine{"Engine", "Locos", "e"};
-    EXPECT_EQ(2, tree.Edit(Move::Add, 1, &engine).selectedRow);
-    EXPECT_EQ("box e 2", train());
-    EXPECT_EQ("0 1 ", uids());
-    EXPECT_EQ(3, tree.Rows().front().position) << "behind everything that was there";
-    // The counter counts units: after a removal a number is given again.
+    EXPECT_EQ(tree.Edit(Move::Add, 1, &engine).selectedRow, 2);
+    EXPECT_EQ(train(), "box e 2");
+    EXPECT_EQ(uids(), "0 1 ");
+    EXPECT_EQ(tree.Rows().front().position, 3) << "after all existing units";
+    // The counter counts units, so after a removal a number is used again.
     tree.Edit(Move::Remove, 1);
     tree.Edit(Move::Add, 1, &box);
-    EXPECT_EQ("1 1 ", uids());
-    EXPECT_EQ("e box 2", train());
+    EXPECT_EQ(uids(), "1 1 ");
+    EXPECT_EQ(train(), "e box 2");
 
-    EXPECT_EQ("No installed stock is selected.", tree.Edit(Move::Add, 2, nullptr).message);
-    EXPECT_EQ("e box 2", train());
+    EXPECT_EQ(tree.Edit(Move::Add, 2, nullptr).message, "No installed stock is selected.");
+    EXPECT_EQ(train(), "e box 2");
 }
 
-TEST_F(ConsistTreeTest, ANewConsistHasNoCounterForTheEditor)
+TEST_F(ConsistTreeTest, NewConsistHasNoUnitCounter)
 {
     tree.New();
     EXPECT_TRUE(tree.Changed());
     tree.Edit(Move::Add, 0, &box);
     tree.Edit(Move::Add, 1, &box);
     tree.Edit(Move::Remove, 1);
-    EXPECT_EQ("0 ", uids());
-    EXPECT_EQ("box -", train());
-    EXPECT_EQ(
-        "1", tree.Document().FindNode("Train").Child("TrainCfg").Child("NextWagonId").Parameter(0));
-    EXPECT_EQ("40.00000", tree.MaxVelocity(0));
+    EXPECT_EQ(uids(), "0 ");
+    EXPECT_EQ(train(), "box -");
+    EXPECT_EQ(tree.Document().FindNode("Train").Child("TrainCfg").Child("NextWagonId").Parameter(0),
+              "1");
+    EXPECT_EQ(tree.MaxVelocity(0), "40.00000");
 }
 
-TEST_F(ConsistTreeTest, AddNeedsACounterOf16Bits)
+TEST_F(ConsistTreeTest, AddNeedsA16BitCounter)
 {
     const struct
     {
@@ -222,16 +222,16 @@ TEST_F(ConsistTreeTest, AddNeedsACounterOf16Bits)
         load(counterAndTwo(row.counter));
         const std::string before = tree.Document().ToBytes();
         const EditResult result = tree.Edit(Move::Add, 2, &box);
-        EXPECT_EQ(std::string(result.refused ? "a c " : "a c box ") + row.after, train());
-        EXPECT_EQ(result.refused ? 2 : 3, result.selectedRow);
-        EXPECT_EQ(*row.message ? std::string("Nothing was changed: NextWagonUID is ") + row.message
-                               : "",
-                  result.message);
+        EXPECT_EQ(train(), std::string(result.refused ? "a c " : "a c box ") + row.after);
+        EXPECT_EQ(result.selectedRow, result.refused ? 2 : 3);
+        EXPECT_EQ(result.message,
+                  *row.message ? std::string("Nothing was changed: NextWagonUID is ") + row.message
+                               : "");
         EXPECT_EQ(result.refused, before == tree.Document().ToBytes());
     }
 }
 
-TEST_F(ConsistTreeTest, RemovedUnitsAreSubtractedFromAnyNumber)
+TEST_F(ConsistTreeTest, RemovalDecreasesACounterOfAnySize)
 {
     const struct
     {
@@ -248,7 +248,7 @@ TEST_F(ConsistTreeTest, RemovedUnitsAreSubtractedFromAnyNumber)
         {"12.5", "11.5", "10.5"},
         {"2.30", "1.30", "0.30"},
         {"1e3", "999", "998"},
-        {"1e30", "1e30", "1e30"}, // one less is the same number
+        {"1e30", "1e30", "1e30"}, // subtracting one does not change this number
         {"x1", "", ""},
         {"0x10", "", ""},
         {"", "", ""},
@@ -262,18 +262,18 @@ TEST_F(ConsistTreeTest, RemovedUnitsAreSubtractedFromAnyNumber)
         const auto check = [&](Move move, const std::string &units, const char *counter) {
             load(counterAndTwo(row.counter));
             const EditResult result = tree.Edit(move, 2);
-            EXPECT_EQ(units + (number ? counter : row.counter), train());
-            EXPECT_EQ(note, result.message);
+            EXPECT_EQ(train(), units + (number ? counter : row.counter));
+            EXPECT_EQ(result.message, note);
             EXPECT_FALSE(result.refused);
-            EXPECT_EQ(static_cast<int>(tree.Rows().size()), result.selectedRow);
+            EXPECT_EQ(result.selectedRow, static_cast<int>(tree.Rows().size()));
         };
         check(Move::Remove, "a ", row.afterRemove);
         check(Move::RemoveAll, "", row.afterClear);
     }
 }
 
-/// Two units, one that cannot be listed, and one behind it.
-TEST_F(ConsistTreeTest, AUnitThatCannotBeListedEndsTheRowsAndStaysInTheFile)
+/// Two units, one that cannot be listed, and one after it.
+TEST_F(ConsistTreeTest, UnlistableUnitEndsTheRowsAndStaysInTheFile)
 {
     const std::string hidden = " Wagon ( UiD ( 7 ) )\r\n" + unit("Wagon", 8, "behind f");
     const auto loadHidden = [&] {
@@ -293,26 +293,26 @@ TEST_F(ConsistTreeTest, AUnitThatCannotBeListedEndsTheRowsAndStaysInTheFile)
     for (const EditRow &row : rows) {
         SCOPED_TRACE(row.what);
         loadHidden();
-        EXPECT_EQ("w1 w2 4", train());
-        EXPECT_EQ(path() + fault, tree.WhyRowsEnd());
+        EXPECT_EQ(train(), "w1 w2 4");
+        EXPECT_EQ(tree.WhyRowsEnd(), path() + fault);
         EXPECT_FALSE(tree.Changed());
         const EditResult result = tree.Edit(row.move, row.row, &box);
-        EXPECT_EQ(row.train, train());
-        EXPECT_EQ(row.selected, result.selectedRow);
+        EXPECT_EQ(train(), row.train);
+        EXPECT_EQ(result.selectedRow, row.selected);
         EXPECT_FALSE(result.refused) << result.message;
         const bool told = row.move == Move::Add || row.move == Move::RemoveAll;
-        EXPECT_EQ(told, result.message.ends_with(fault + '.')) << result.message;
+        EXPECT_EQ(result.message.ends_with(fault + '.'), told) << result.message;
         tree.Save(path());
         const std::string saved = folder.Read("a.con");
         const std::size_t at = saved.find(hidden);
         ASSERT_NE(std::string::npos, at) << saved;
-        EXPECT_EQ(row.move == Move::Add, saved.find("box", at) != std::string::npos) << saved;
+        EXPECT_EQ(saved.find("box", at) != std::string::npos, row.move == Move::Add) << saved;
     }
     loadFour();
-    EXPECT_EQ("", tree.WhyRowsEnd());
+    EXPECT_EQ(tree.WhyRowsEnd(), "");
 }
 
-TEST_F(ConsistTreeTest, FlipStandsFirstAndFlippingBackRestoresTheBytes)
+TEST_F(ConsistTreeTest, FlipIsTheFirstBlockAndFlippingBackRestoresTheBytes)
 {
     loadFour();
     const std::string before = tree.Document().ToBytes();
@@ -323,10 +323,10 @@ TEST_F(ConsistTreeTest, FlipStandsFirstAndFlippingBackRestoresTheBytes)
                                .Children()
                                .Item(tree.Rows()[1].position)
                                .Children();
-    EXPECT_EQ("Flip", entry.Item(1).Name());
+    EXPECT_EQ(entry.Item(1).Name(), "Flip");
     EXPECT_NE(std::string::npos, tree.Document().ToBytes().find("Wagon ( Flip ( ) UiD ( 1 )"));
     tree.Edit(Move::Flip, 2);
-    EXPECT_EQ(before, tree.Document().ToBytes());
+    EXPECT_EQ(tree.Document().ToBytes(), before);
 }
 
 struct NameRow
@@ -334,14 +334,14 @@ struct NameRow
     const char *what, *inside, *file, *saved;
 };
 
-TEST_F(ConsistTreeTest, TheNameFollowsTheFileAndNothingElseChanges)
+TEST_F(ConsistTreeTest, SavingUpdatesTheNameAndNothingElse)
 {
     const NameRow rows[] = {
         {"name first", " Name ( old )\r\n Serial ( 1 )\r\n", "Freight1.con",
          "TrainCfg ( Freight1\r\n Name ( Freight1 )\r\n Serial ( 1 )\r\n"},
-        {"a blank is quoted, once", " Name ( \"a b\" )\r\n", "My Train.con",
+        {"a name with a blank is quoted once", " Name ( \"a b\" )\r\n", "My Train.con",
          "TrainCfg ( \"My Train\"\r\n Name ( \"My Train\" )\r\n"},
-        {"no name: one is put first", " Serial ( 1 )\r\n MaxVelocity ( 1 2 )\r\n", "b.con",
+        {"no name: one is inserted first", " Serial ( 1 )\r\n MaxVelocity ( 1 2 )\r\n", "b.con",
          "TrainCfg ( b\r\n Name ( b )\r\n Serial ( 1 )\r\n MaxVelocity ( 1 2 )\r\n"},
         {"name not first", " Serial ( 1 )\r\n Name ( old )\r\n", "b.con",
          "TrainCfg ( b\r\n Serial ( 1 )\r\n Name ( b )\r\n"},
@@ -363,29 +363,29 @@ TEST_F(ConsistTreeTest, TheNameFollowsTheFileAndNothingElseChanges)
         tree.Save(folder.Path() + '/' + row.file);
         EXPECT_FALSE(tree.Changed());
         const std::string saved = folder.Read(row.file);
-        EXPECT_EQ(kHead + ("Train (\r\n " + std::string(row.saved)) + " )\r\n)\r\n", saved);
+        EXPECT_EQ(saved, kHead + ("Train (\r\n " + std::string(row.saved)) + " )\r\n)\r\n");
         ConsistTree again(files);
         again.Load(folder.Path() + '/' + row.file);
-        EXPECT_EQ(document::ConsistName(row.file), again.Title());
+        EXPECT_EQ(again.Title(), document::ConsistName(row.file));
         EXPECT_EQ(again.Title(), tree.Title());
     }
 }
 
-TEST_F(ConsistTreeTest, AFailedSaveLeavesTheConsistChanged)
+TEST_F(ConsistTreeTest, FailedSaveKeepsTheChangedMark)
 {
     loadFour();
     tree.Edit(Move::Flip, 1);
     const std::string before = tree.Document().ToBytes();
     EXPECT_THROW(tree.Save(folder.Path() + "/missing/b.con"), host::RuntimeError);
     EXPECT_TRUE(tree.Changed());
-    EXPECT_EQ("e* w1 w2 w3 4", train());
-    EXPECT_EQ(before, tree.Document().ToBytes()) << "the name of the file that was not written";
-    EXPECT_EQ(path(), tree.Document().FileName());
+    EXPECT_EQ(train(), "e* w1 w2 w3 4");
+    EXPECT_EQ(tree.Document().ToBytes(), before) << "the name of the file that was not written";
+    EXPECT_EQ(tree.Document().FileName(), path());
     tree.Save(path());
-    EXPECT_EQ(before, folder.Read("a.con"));
+    EXPECT_EQ(folder.Read("a.con"), before);
 }
 
-TEST_F(ConsistTreeTest, AChangeOnDiskIsSeenUntilTheNextLoadOrSave)
+TEST_F(ConsistTreeTest, ReportsAChangeOnDiskUntilTheNextLoadOrSave)
 {
     loadFour();
     const std::string other = folder.At("b.con");
@@ -414,12 +414,12 @@ TEST_F(ConsistTreeTest, AChangeOnDiskIsSeenUntilTheNextLoadOrSave)
     EXPECT_TRUE(tree.ChangedOnDisk(folder.At("new.con")));
 }
 
-TEST(StockPathTest, ExtensionFromTheType)
+TEST(StockPathTest, TypeDecidesTheExtension)
 {
-    EXPECT_EQ(host::path::Normalise("/ms/Trains/Trainset/My Stock/box.wag"),
-              document::StockPath("/ms", {"Wagon*", "My Stock", "box"}));
-    EXPECT_EQ(host::path::Normalise("/ms/Trains/Trainset/L/e.eng"),
-              document::StockPath("/ms", {"Engine", "L", "e"}));
+    EXPECT_EQ(document::StockPath("/ms", {"Wagon*", "My Stock", "box"}),
+              host::path::Normalise("/ms/Trains/Trainset/My Stock/box.wag"));
+    EXPECT_EQ(document::StockPath("/ms", {"Engine", "L", "e"}),
+              host::path::Normalise("/ms/Trains/Trainset/L/e.eng"));
 }
 
 } // namespace

@@ -35,44 +35,44 @@ protected:
     host::GameFiles files;
 };
 
-TEST_F(StockListTest, WhatCountsAsStock)
+TEST_F(StockListTest, ListsOnlyStockFiles)
 {
     for (const char *name :
          {"Foo/a.eng", "Foo/b.wag", "Foo/c.ENG", "Foo/x.jpg", "Foo/y.dwg.s", "Foo/z.e", "Foo/g",
           "Foo/n.engg", "Foo/sub.wag/deep.wag", "bar.folder/q.wag", "loose.eng", "SD40/s.eng"})
         write(name);
-    EXPECT_EQ("Engine/Foo/a Wagon/Foo/b Wagon/Foo/c Wagon/Foo/x Engine/SD40/s ", scan(""));
-    EXPECT_EQ("Engine/SD40/s ", scan("sd*"));
-    EXPECT_EQ("", scan("nothing"));
+    EXPECT_EQ(scan(""), "Engine/Foo/a Wagon/Foo/b Wagon/Foo/c Wagon/Foo/x Engine/SD40/s ");
+    EXPECT_EQ(scan("sd*"), "Engine/SD40/s ");
+    EXPECT_EQ(scan("nothing"), "");
     write("new/n.wag");
-    EXPECT_EQ("Wagon/new/n ", scan("new"));
+    EXPECT_EQ(scan("new"), "Wagon/new/n ");
 }
 
-TEST_F(StockListTest, TheSameForAnyNumberOfWorkers)
+TEST_F(StockListTest, ResultIsTheSameForAnyNumberOfWorkers)
 {
     for (int i = 0; i < 60; ++i)
         for (int j = 0; j < i % 4; ++j)
             write(("f" + std::to_string(i) + "/w" + std::to_string(j) + ".wag").c_str());
     const std::string one = scan("", 1);
-    EXPECT_EQ(90, std::count(one.begin(), one.end(), ' '));
-    EXPECT_EQ(one, scan("", 2));
-    EXPECT_EQ(one, scan("", 7));
+    EXPECT_EQ(std::count(one.begin(), one.end(), ' '), 90);
+    EXPECT_EQ(scan("", 2), one);
+    EXPECT_EQ(scan("", 7), one);
 }
 
-TEST(StockOrderTest, ClicksSortAndTurnRound)
+TEST(StockOrderTest, ClicksSortAndReverseTheOrder)
 {
     const std::vector<StockItem> items = {
         {"Wagon", "b", "x"}, {"Engine", "a", "Y"}, {"Wagon", "A", "z"}, {"Engine", "B", "y"}};
     StockOrder order;
-    EXPECT_EQ((std::vector{0, 1, 2, 3}), document::SortedIndexes(items, order));
+    EXPECT_EQ(document::SortedIndexes(items, order), (std::vector{0, 1, 2, 3}));
     order.Click(1);
-    EXPECT_EQ((std::vector{1, 2, 0, 3}), document::SortedIndexes(items, order));
+    EXPECT_EQ(document::SortedIndexes(items, order), (std::vector{1, 2, 0, 3}));
     order.Click(1);
-    EXPECT_EQ((std::vector{0, 3, 1, 2}), document::SortedIndexes(items, order));
+    EXPECT_EQ(document::SortedIndexes(items, order), (std::vector{0, 3, 1, 2}));
     order.Click(2);
-    EXPECT_EQ((std::vector{0, 1, 3, 2}), document::SortedIndexes(items, order));
+    EXPECT_EQ(document::SortedIndexes(items, order), (std::vector{0, 1, 3, 2}));
     order.Click(0);
-    EXPECT_EQ((std::vector{1, 3, 0, 2}), document::SortedIndexes(items, order));
+    EXPECT_EQ(document::SortedIndexes(items, order), (std::vector{1, 3, 0, 2}));
 }
 
 } // namespace

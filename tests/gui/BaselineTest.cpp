@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Pictures of the sample's models beside those in tests/fixtures/pictures.
+// Compares pictures of the sample's models with those in tests/fixtures/pictures.
 //
-// A picture that differs leaves itself and its differences in the folder $ZELK_TEST_PICTURES, or
-// else in "failed-pictures" in the working folder; the message names the files. Where the
-// difference is wanted, run this test with ZELK_RENEW_PICTURES=1, which writes the pictures anew,
-// and look at each before it is committed: lettering must read from left to right.
+// If a picture differs, the test saves it and an image of the differences in the folder
+// $ZELK_TEST_PICTURES, or else in "failed-pictures" in the working folder; the message names the
+// files. If the difference is intended, run this test with ZELK_RENEW_PICTURES=1, which rewrites
+// the pictures. Look at each before you commit it: lettering must read from left to right.
 #include "OffscreenScene.h"
 #include "samples/Sample.h"
 
@@ -19,8 +19,8 @@ using viewer::CameraPose;
 namespace {
 
 constexpr int kWidth = 160, kHeight = 100;
-constexpr int kClear = 48; ///< of 255: colours that differ less are those of another OpenGL
-constexpr double kAllowed = 0.02, kMirrored = 0.04; ///< shares of the pixels
+constexpr int kClear = 48; ///< of 255: another OpenGL may cause smaller differences
+constexpr double kAllowed = 0.02, kMirrored = 0.04; ///< as shares of the pixels
 
 class BaselineTest : public OffscreenScene
 {
@@ -35,7 +35,7 @@ protected:
         canvas->SetRangeFar(600);
     }
 
-    /// Dresses the only object in the picture of a season's folder.
+    /// Gives the only object the texture from a season's folder.
     void dress(const std::string &season)
     {
         ShapeModel &model = view.Models.Item(1).Model();
@@ -45,21 +45,21 @@ protected:
     {
         static_cast<CameraPose &>(view) = camera;
         view.ResetCamera();
-        // The lowest bits are noise, of which files grow.
+        // The lowest bits are noise, which makes files larger.
         return canvas->Picture()
             .convertToFormat(QImage::Format_RGB16)
             .convertToFormat(QImage::Format_RGB888);
     }
 };
 
-/// How far the colours of a pixel are apart, the largest of three.
+/// Returns the largest difference of the three colours of a pixel.
 int apart(QRgb a, QRgb b)
 {
     return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
                      std::abs(qBlue(a) - qBlue(b))});
 }
 
-/// The share of the pixels that differ clearly; all of them where the sizes do.
+/// Returns the share of the pixels that differ clearly, or 1 if the sizes differ.
 double difference(const QImage &a, const QImage &b)
 {
     if (a.size() != b.size())
@@ -71,7 +71,8 @@ double difference(const QImage &a, const QImage &b)
     return static_cast<double>(clear) / (a.width() * a.height());
 }
 
-/// Saves what was painted, and where it differs from what was wanted: the brighter the farther.
+/// Saves the painted picture, and an image in which brighter pixels differ more from the wanted
+/// one. Returns a message that names the files.
 std::string leave(const std::string &name, const QImage &picture, const QImage &wanted)
 {
     const char *named = std::getenv("ZELK_TEST_PICTURES");
@@ -94,14 +95,14 @@ constexpr const char *kStock = "s/TRAINS/TRAINSET/", *kCottage = "ROUTES/TARNWIC
 
 } // namespace
 
-TEST_F(BaselineTest, ModelsLookAsTheyDid)
+TEST_F(BaselineTest, ModelsMatchTheStoredPictures)
 {
     const CameraPose garden{15, 6, 13, 0, 2.2F, 0};
     const struct
     {
         const char *name, *shape;
         float z, degrees;
-        int count; ///< one behind the other
+        int count; ///< one after the other
         const char *season;
         CameraPose camera;
     } rows[] = {
@@ -142,7 +143,7 @@ TEST_F(BaselineTest, ModelsLookAsTheyDid)
             ADD_FAILURE() << 100 * share << " % of the picture differ from " << file.toStdString()
                           << ", see " << leave(row.name, picture, wanted);
         EXPECT_GT(difference(picture.mirrored(true, false), wanted), kMirrored)
-            << "this picture would not tell left from right";
+            << "this picture would not show a mirrored model";
     }
     EXPECT_EQ(dialogs.Log(), "");
 }

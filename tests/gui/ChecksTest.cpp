@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The check commands through the main window.
+// Tests the check commands through the main window.
 #include "GuiTest.h"
 #include "host/Path.h"
 #include "ui/dialogs/QtDialogs.h"
@@ -38,15 +38,14 @@ protected:
                 open.push_back(form);
         return open;
     }
-    /// The text of the only results window, as it is shown; what failed when there is another
-    /// count.
+    /// Returns the text of the only results window. Fails the test if there is not exactly one.
     std::string report() const
     {
         const std::vector<frmResults *> open = results();
         EXPECT_EQ(open.size(), 1u);
         return open.empty() ? "" : open.front()->txtResults->toPlainText().toStdString();
     }
-    /// Something that takes the check of all stock a good while.
+    /// Writes so many wagons that a check of all stock takes some time.
     void writeManyWagons()
     {
         for (int folder = 0; folder < kFolders; ++folder)
@@ -55,7 +54,7 @@ protected:
                                std::to_string(file) + ".wag",
                            "Wagon ( w WagonShape ( none.s ) )\n#" + std::string(kLength, 'x'));
     }
-    /// Runs `act` once, as an event in the middle of the next check.
+    /// Runs `act` once, from an event in the middle of the next check.
     void inTheMiddle(const std::function<void()> &act)
     {
         auto *timer = new QTimer(window.get());
@@ -81,7 +80,7 @@ protected:
 
 } // namespace
 
-TEST_F(ChecksTest, ConsistsOfTheListAreSearchedInTheRoutesOfTheSelector)
+TEST_F(ChecksTest, SearchesSelectedRoutesForConsistsOfTheList)
 {
     for (const char *route : {"North", "South"})
         game.Write(std::string("Routes/") + route + "/Services/run.srv",
@@ -110,7 +109,7 @@ TEST_F(ChecksTest, ConsistsOfTheListAreSearchedInTheRoutesOfTheSelector)
     window.reset();
 }
 
-TEST_F(ChecksTest, TheEditorChecksTheStockOfTheListLastEntered)
+TEST_F(ChecksTest, EditorChecksTheStockOfTheLastActiveList)
 {
     Start();
     OpenEditor("Coal");
@@ -131,7 +130,7 @@ TEST_F(ChecksTest, TheEditorChecksTheStockOfTheListLastEntered)
     EXPECT_EQ(dialogs.TakeLog(), "select|Select Routes to Check|\n");
 }
 
-TEST_F(ChecksTest, ResultsWindowsStandBesideTheDocumentsAndGoWithTheMainWindow)
+TEST_F(ChecksTest, ResultsWindowsAreSeparateAndCloseWithTheMainWindow)
 {
     Start();
     Find<ListView>(*Active(), "lvConsists").SelectRow(0);
@@ -140,7 +139,7 @@ TEST_F(ChecksTest, ResultsWindowsStandBesideTheDocumentsAndGoWithTheMainWindow)
         EXPECT_TRUE(Find<QAction>(*window, "mnuViewFilter").isEnabled());
     }
     ASSERT_EQ(results().size(), 2u);
-    EXPECT_NE(results()[0]->pos(), results()[1]->pos()) << "one does not hide the other";
+    EXPECT_NE(results()[0]->pos(), results()[1]->pos()) << "neither hides the other";
     for (const frmResults *form : results())
         EXPECT_TRUE(form->screen()->availableGeometry().contains(form->geometry()));
     EXPECT_EQ(Active()->Mode(), 0) << "commands still work on the document";
@@ -156,7 +155,7 @@ TEST_F(ChecksTest, ResultsWindowsStandBesideTheDocumentsAndGoWithTheMainWindow)
     EXPECT_TRUE(results().empty());
 }
 
-TEST_F(ChecksTest, EscStopsTheCheckOfAllStockHalfWay)
+TEST_F(ChecksTest, EscStopsTheCheckOfAllStock)
 {
     writeManyWagons();
     Start();
@@ -175,7 +174,7 @@ TEST_F(ChecksTest, EscStopsTheCheckOfAllStockHalfWay)
     EXPECT_FALSE(barIsVisible());
 }
 
-TEST_F(ChecksTest, WhileACheckRunsNothingMayDisturbIt)
+TEST_F(ChecksTest, RunningCheckRefusesAnotherAndSurvivesOtherCommands)
 {
     writeManyWagons();
     Start();
@@ -209,7 +208,7 @@ TEST_F(ChecksTest, ClosingTheProgramEndsTheCheck)
     inTheMiddle([this] { EXPECT_TRUE(window->close()); });
     Trigger("mnuStockCheckAll");
     EXPECT_EQ(acted, 1);
-    EXPECT_TRUE(results().empty()) << "nothing comes up any more";
+    EXPECT_TRUE(results().empty()) << "no window opens any more";
     EXPECT_FALSE(window->isVisible());
     EXPECT_TRUE(window->Validator->Stopped());
 }

@@ -16,7 +16,7 @@ protected:
     void close(const char *folder) const { fs::permissions(game.At(folder), fs::perms::none); }
 };
 
-TEST_F(ClosedFoldersTest, TheStockListSaysWhatItLacks)
+TEST_F(ClosedFoldersTest, StockListReportsUnreadableFolders)
 {
     close("Trains/Trainset/GP38 Pack");
     close("Trains/Trainset/Tankers");
@@ -29,7 +29,7 @@ TEST_F(ClosedFoldersTest, TheStockListSaysWhatItLacks)
         << Status();
 }
 
-TEST_F(ClosedFoldersTest, AConsistListThatCannotBeReadIsNoEmptyOne)
+TEST_F(ClosedFoldersTest, UnreadableConsistFolderIsNotShownAsEmpty)
 {
     close("Trains/Consists");
     const support::OrdinaryUser ordinary;

@@ -21,7 +21,7 @@ int brightness(const QPalette &palette, QPalette::ColorGroup group, QPalette::Co
 
 } // namespace
 
-TEST(ColoursTest, TheVariableWinsOverThePlatform)
+TEST(ColoursTest, VariableOverridesThePlatform)
 {
     const support::ScopedHome home;
     const struct
@@ -40,7 +40,7 @@ TEST(ColoursTest, TheVariableWinsOverThePlatform)
     }
 }
 
-TEST(ColoursTest, TextStandsOutFromItsGround)
+TEST(ColoursTest, TextContrastsWithItsBackground)
 {
     for (const ColourScheme scheme : {ColourScheme::Light, ColourScheme::Dark}) {
         const QPalette palette = app::PaletteOf(scheme);
@@ -67,7 +67,7 @@ TEST(ColoursTest, TextStandsOutFromItsGround)
     }
 }
 
-TEST(ColoursTest, SelectionsWithoutTheFocusAreGreyButNotInReports)
+TEST(ColoursTest, SelectionsWithoutFocusAreGreyExceptInReports)
 {
     for (const ColourScheme scheme : {ColourScheme::Light, ColourScheme::Dark}) {
         const QPalette palette = app::PaletteOf(scheme);
@@ -81,7 +81,7 @@ TEST(ColoursTest, SelectionsWithoutTheFocusAreGreyButNotInReports)
             << "the find bar has the focus while the report shows what was found";
 }
 
-TEST(ColoursTest, IconsTakeTheTextColourAndFadeWhenDisabled)
+TEST(ColoursTest, IconsUseTheTextColourAndFadeWhenDisabled)
 {
     const QIcon icon = app::TintedIcon("save");
     const QPalette palette = QApplication::palette();

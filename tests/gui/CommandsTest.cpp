@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every command of the menus, and what it does.
+// Tests the effect of every menu command.
 #include "GuiTest.h"
 
 #include "host/Folders.h"
@@ -18,11 +18,11 @@
 
 namespace {
 
-/// From which window a command is called.
+/// The window from which a command is called.
 enum class From
 {
-    List,  ///< the list of consists, the first of them selected
-    Editor ///< the editor of "Coal", the first unit selected
+    List,  ///< the list of consists, with the first one selected
+    Editor ///< the editor of "Coal", with the first unit selected
 };
 
 struct Row
@@ -44,8 +44,8 @@ class CommandsTableTest : public GuiTest
 class CommandsTest : public GuiTest, public testing::WithParamInterface<Row>
 {
 protected:
-    /// What a command leaves to be seen: what it asked and told, what it started and printed, the
-    /// name of its dialog, and what is otherwise than before.
+    /// Runs a command and returns its visible effects: its prompts, what it started and printed,
+    /// the name of its dialog, and the changes of the state below.
     std::string effectOf(const char *command)
     {
         const std::vector<std::string> before = state(command);
@@ -81,7 +81,7 @@ protected:
                 "clipboard|" + QGuiApplication::clipboard()->text().toStdString() + '\n',
                 Find<QAction>(*window, command).isChecked() ? "checked\n" : "unchecked\n"};
     }
-    /// The list of consists that stands first, "" when it was closed.
+    /// The rows of the first document, the list of consists; "" if it was closed.
     std::string rowsOfFirst() const
     {
         const std::vector<frmDocument *> all = window->Documents();
@@ -198,12 +198,12 @@ std::string withSlashes(std::string text)
 
 } // namespace
 
-TEST_P(CommandsTest, DoesWhatItSays)
+TEST_P(CommandsTest, HasTheExpectedEffect)
 {
     QGuiApplication::clipboard()->setText(QStringLiteral("before"));
     Start();
     showWindow(GetParam().from);
-    WriteConsist("Another", {"box"}); // for the refresh to find
+    WriteConsist("Another", {"box"}); // Refresh must find it
     std::string effect = withSlashes(effectOf(GetParam().command));
     for (const auto &[folder, mark] :
          {std::pair(game.Path(), "<M>"), std::pair(host::ExecutableFolder(), "<P>")})
@@ -217,12 +217,12 @@ INSTANTIATE_TEST_SUITE_P(Menu, CommandsTest, testing::ValuesIn(kRows), [](const 
     return std::string(row.param.command) + (row.param.from == From::Editor ? "InEditor" : "");
 });
 
-TEST_F(CommandsTableTest, KnowsEveryCommandOfTheMenus)
+TEST_F(CommandsTableTest, CoversEveryMenuCommand)
 {
     Start();
-    std::set<std::string> known = {"mnuFileMRU0", "mnuFileMRU1", "mnuFileMRU2", // never filled
-                                   "mnuViewReset",     // moves the camera of a 3D view, see there
-                                   "mnuViewPictures"}; // opens a folder, see the views
+    std::set<std::string> known = {"mnuFileMRU0", "mnuFileMRU1", "mnuFileMRU2", // never used
+                                   "mnuViewReset",     // moves the camera: see ViewsTest
+                                   "mnuViewPictures"}; // opens a folder: see ViewsTest
     for (const Row &row : kRows)
         known.insert(row.command);
     for (const QAction *action :

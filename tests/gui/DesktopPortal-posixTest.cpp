@@ -20,7 +20,7 @@ using app::ColourScheme;
 
 namespace {
 
-/// A portal that answers one question.
+/// A portal that answers one call.
 class Portal : public QDBusVirtualObject
 {
 public:
@@ -39,7 +39,7 @@ private:
     std::function<QDBusMessage(const QDBusMessage &)> m_answer;
 };
 
-/// A session bus for a test, with or without a portal on it.
+/// A private session bus, with or without a portal on it.
 class DesktopPortalTest : public testing::Test
 {
 protected:
@@ -63,10 +63,10 @@ protected:
         m_bus.terminate();
         m_bus.waitForFinished();
     }
-    /// What the program makes of a portal that gives this answer.
+    /// Returns the colour scheme that the program reads from a portal with this answer.
     std::optional<ColourScheme> schemeWith(std::function<QDBusMessage(const QDBusMessage &)> answer)
     {
-        QThread thread; // the program waits in this one
+        QThread thread; // the program waits in the calling thread
         Portal portal(std::move(answer));
         portal.moveToThread(&thread);
         thread.start();
@@ -103,7 +103,7 @@ protected:
 
 } // namespace
 
-TEST_F(DesktopPortalTest, TheColourSchemeIsThatOfThePortal)
+TEST_F(DesktopPortalTest, UsesTheColourSchemeOfThePortal)
 {
     EXPECT_EQ(schemeFor(1u), ColourScheme::Dark);
     EXPECT_EQ(schemeFor(2u), ColourScheme::Light);
@@ -111,7 +111,7 @@ TEST_F(DesktopPortalTest, TheColourSchemeIsThatOfThePortal)
     EXPECT_EQ(schemeFor(QStringLiteral("dark")), std::nullopt) << "not a number";
 }
 
-TEST_F(DesktopPortalTest, OlderPortalsAreAskedTheirWay)
+TEST_F(DesktopPortalTest, SupportsOlderPortals)
 {
     const auto older = [](const QDBusMessage &call) {
         if (call.member() != QLatin1String("Read"))
@@ -123,7 +123,7 @@ TEST_F(DesktopPortalTest, OlderPortalsAreAskedTheirWay)
     EXPECT_EQ(schemeWith(older), ColourScheme::Dark);
 }
 
-TEST_F(DesktopPortalTest, NobodyWaitsForAPortal)
+TEST_F(DesktopPortalTest, DoesNotWaitForAnAbsentPortal)
 {
     QElapsedTimer time;
     time.start();

@@ -7,14 +7,14 @@
 
 using app::ColourScheme;
 
-TEST(DesktopSchemeTest, DesktopSettingsDecide)
+TEST(DesktopSchemeTest, DesktopSettingsDecideTheScheme)
 {
     const struct
     {
         const char *name, *file, *text;
         std::optional<ColourScheme> expected;
     } rows[] = {
-        {"nothing said", "unused", "", std::nullopt},
+        {"no setting", "unused", "", std::nullopt},
         {"GTK prefers dark", "gtk-3.0/settings.ini",
          "[Settings]\ngtk-application-prefer-dark-theme=1\n", ColourScheme::Dark},
         {"GTK dark theme", "gtk-4.0/settings.ini", "[Settings]\ngtk-theme-name=Adwaita-dark\n",

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The lists of document windows: keys, mouse, focus, columns, and the room that an editor needs.
+// Tests the lists of document windows: keys, mouse, focus, columns, and the width that an editor
+// needs.
 #include "GuiTest.h"
 
 #include "ui/dialogs/frmResults.h"
@@ -47,7 +48,7 @@ protected:
 
 } // namespace
 
-TEST_F(DocumentListsTest, EnterWithAnyShiftKeyShowsTheConsistIn3D)
+TEST_F(DocumentListsTest, EnterWithAModifierShowsTheConsistIn3D)
 {
     Start();
     const QAction &properties = Find<QAction>(*window, "mnuFileProperties");
@@ -85,7 +86,7 @@ TEST_F(DocumentListsTest, OnlyTheLeftButtonOpensAConsist)
     }
 }
 
-TEST_F(DocumentListsTest, TheOnlyColumnFollowsTheWidthOfTheWindow)
+TEST_F(DocumentListsTest, SingleColumnFollowsTheWidthOfTheWindow)
 {
     Start();
     const auto fits = [this] { return list().columnWidth(0) == list().viewport()->width(); };
@@ -97,7 +98,7 @@ TEST_F(DocumentListsTest, TheOnlyColumnFollowsTheWidthOfTheWindow)
     EXPECT_TRUE(fits()) << list().columnWidth(0);
 }
 
-TEST_F(DocumentListsTest, AFilteredListStartsAtItsTop)
+TEST_F(DocumentListsTest, FilteredListStartsAtItsTop)
 {
     for (int i = 100; i < 200; ++i) {
         WriteConsist("Ore " + std::to_string(i), {});
@@ -121,7 +122,7 @@ TEST_F(DocumentListsTest, AFilteredListStartsAtItsTop)
     EXPECT_EQ(stock().verticalScrollBar()->value(), 0);
 }
 
-TEST_F(DocumentListsTest, OneIsCountedInTheSingular)
+TEST_F(DocumentListsTest, UsesTheSingularForOne)
 {
     Start();
     filter("gp");
@@ -171,10 +172,10 @@ TEST_F(DocumentListsTest, CommandsOnOneOfSeveralConsistsNameIt)
         << Status();
     list().SelectRow(0);
     Trigger("mnuEditCopy");
-    EXPECT_EQ(Status().find("Only"), std::string::npos) << "one selected consist needs no remark";
+    EXPECT_EQ(Status().find("Only"), std::string::npos) << "a single selected consist is not named";
 }
 
-TEST_F(DocumentListsTest, TheListWithoutFocusShowsItsSelectionInGrey)
+TEST_F(DocumentListsTest, ListWithoutFocusShowsItsSelectionInGrey)
 {
     Start();
     OpenEditor("Coal");
@@ -251,7 +252,7 @@ TEST_F(DocumentListsTest, ReturningToAnEditorKeepsItsActiveList)
     }
 }
 
-TEST_F(DocumentListsTest, ApplyReturnsTheFocusToTheListThatWasActive)
+TEST_F(DocumentListsTest, ApplyReturnsTheFocusToTheActiveList)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -272,7 +273,7 @@ TEST_F(DocumentListsTest, ApplyReturnsTheFocusToTheListThatWasActive)
     }
 }
 
-TEST_F(DocumentListsTest, AnEditorWorksFrom400PixelsWidth)
+TEST_F(DocumentListsTest, EditorWorksFromAWidthOf400Pixels)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -303,7 +304,7 @@ TEST_F(DocumentListsTest, AnEditorWorksFrom400PixelsWidth)
     editor.AllowUnload();
 }
 
-TEST_F(DocumentListsTest, AConsistWithAUnitThatCannotBeListedOpensWithTheUnitsBeforeIt)
+TEST_F(DocumentListsTest, ConsistWithAnUnlistableUnitShowsTheUnitsBeforeIt)
 {
     Start();
     const std::string file = writeHoled();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files and folders dropped on the main window.
+// Tests files and folders dropped on the main window.
 #include "GuiTest.h"
 #include "host/Path.h"
 
@@ -28,7 +28,7 @@ protected:
 
 } // namespace
 
-TEST_F(DropTest, OneMessageNamesAllThatIsNotSupported)
+TEST_F(DropTest, OneMessageNamesAllUnsupportedFiles)
 {
     Start();
     const std::string text = game.Write("read.me"), world = game.Write("w-1.w");
@@ -45,7 +45,7 @@ TEST_F(DropTest, OneMessageNamesAllThatIsNotSupported)
     EXPECT_TRUE(log.ends_with("\nand 10 more\n")) << log;
 }
 
-TEST_F(DropTest, AnInstallationFolderIsOfferedAsTheLocation)
+TEST_F(DropTest, OffersAnInstallationFolderAsTheLocation)
 {
     other.Write("TRAINS/Consists/Else.con", "x");
     Start();
@@ -67,7 +67,7 @@ TEST_F(DropTest, AnInstallationFolderIsOfferedAsTheLocation)
                                  "editting a consist!\n");
 }
 
-TEST_F(DropTest, FileOpenBeginsInTheFolderOfTheFileOpenedLast)
+TEST_F(DropTest, FileOpenStartsInTheFolderOfTheLastOpenedFile)
 {
     Start();
     Trigger("mnuFileOpen");
@@ -78,7 +78,8 @@ TEST_F(DropTest, FileOpenBeginsInTheFolderOfTheFileOpenedLast)
     EXPECT_EQ(own(dialogs.LastFolder()), own(other.At("mine")));
     drop({game.Write("x/read.me"), ConsistFile("Coal")});
     Trigger("mnuFileOpen");
-    EXPECT_EQ(own(dialogs.LastFolder()), own(game.At("Trains/Consists"))) << "of what was opened";
+    EXPECT_EQ(own(dialogs.LastFolder()), own(game.At("Trains/Consists")))
+        << "the folder of the opened file";
     dialogs.AnswerFile(other.At("gone/a.con"));
     Trigger("mnuFileOpen");
     dialogs.TakeLog();

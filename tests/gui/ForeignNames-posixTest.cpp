@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Names of an old encoding, as archives of old content leave them on the disk, through every door.
+// Tests file names in an old encoding, as archives of old content leave them on disk, in every way
+// to open a file.
 #include "GuiTest.h"
 
 #include "ui/dialogs/FileChooser.h"
@@ -21,7 +22,7 @@ protected:
         : file(game.Write("Trains/Consists/Gr\xfcn.con", game.Read("Trains/Consists/Coal.con")))
     {
     }
-    /// The caption of the active window and the number of its rows, after it was saved.
+    /// Saves the active window and returns its caption and its number of rows.
     std::string opened()
     {
         frmDocument *editor = Active();
@@ -38,14 +39,14 @@ protected:
 
 } // namespace
 
-TEST_F(ForeignNamesTest, TheCommandLineKeepsTheBytes)
+TEST_F(ForeignNamesTest, CommandLineKeepsTheBytes)
 {
     std::string program = "zelk";
     char *arguments[] = {program.data(), file.data(), nullptr};
     EXPECT_EQ(app::CommandLineAfterToolkit(2, 2, arguments), file);
     Start(file);
     EXPECT_EQ(opened(), expected());
-    EXPECT_EQ(game.Names("Trains/Consists").size(), 4U) << "saving must not make another file";
+    EXPECT_EQ(game.Names("Trains/Consists").size(), 4U) << "saving must not create another file";
 }
 
 TEST_F(ForeignNamesTest, DropsKeepTheBytes)
@@ -59,7 +60,7 @@ TEST_F(ForeignNamesTest, DropsKeepTheBytes)
     EXPECT_EQ(game.Names("Trains/Consists").size(), 4U);
 }
 
-TEST_F(ForeignNamesTest, TheFileDialogListsThemAndTakesWhatIsTyped)
+TEST_F(ForeignNamesTest, FileDialogListsThemAndAcceptsTypedNames)
 {
     app::QtDialogs chooser;
     const host::FileDialogRequest request{"Open", "Consist Files (*.con)|*.con", "",
@@ -79,7 +80,7 @@ TEST_F(ForeignNamesTest, TheFileDialogListsThemAndTakesWhatIsTyped)
     EXPECT_EQ(chooser.OpenFile({"Open", "All (*.*)|*.*", "", plain}), "");
 }
 
-TEST_F(ForeignNamesTest, ReplacedCharactersLeadBackToTheFile)
+TEST_F(ForeignNamesTest, ReplacementCharactersStillFindTheFile)
 {
     const QString folder = QString::fromStdString(game.At("Trains/Consists/"));
     using Paths = std::vector<std::string>;

@@ -25,7 +25,7 @@ class QAbstractItemView;
 class QDialog;
 class QMimeData;
 
-/// A settings store in memory; it can refuse to be written.
+/// A settings store in memory, which can refuse writes.
 class MemorySettings : public host::SettingsStore
 {
 public:
@@ -33,14 +33,14 @@ public:
     void WriteTo(std::string_view section, std::string_view key, std::string_view value) override;
 
     using Section = std::map<std::string, std::string, std::less<>>;
-    Section values;  ///< of the section "Settings"
-    Section windows; ///< of "Windows"
+    Section values;  ///< the section "Settings"
+    Section windows; ///< the section "Windows"
     bool readOnly = false;
 };
 
-/// A desktop that starts nothing; it writes down what it was asked, a line each: "start|program
-/// arguments|folder|prefix", "open|file", "web|address", "associate". Files for the wastebasket are
-/// gone.
+/// A desktop that starts nothing and records each request on a line: "start|program
+/// arguments|folder|prefix", "open|file", "web|address", "associate". It deletes files for the
+/// wastebasket.
 class RecordingDesktop : public app::Desktop
 {
 public:
@@ -51,10 +51,10 @@ public:
     bool MoveToWastebasket(const std::string &file) override;
 
     std::string log;
-    bool refuses = false; ///< from now on nothing can be done
+    bool refuses = false; ///< if set, all requests fail
 };
 
-/// Prints into a file, or cancels while there is none.
+/// Prints into `file`, or cancels if it is empty.
 class FilePrinters : public app::Printers
 {
 public:
@@ -64,19 +64,19 @@ public:
     std::string file, log;
 };
 
-/// The real main window over a small installation of its own, with dialogs that answer from a
-/// script and settings in memory.
+/// The real main window on a private small installation, with scripted dialogs and settings in
+/// memory.
 class GuiTest : public testing::Test
 {
 public:
     /// Starts the program as its entry point does and waits for the window.
     frmMain &Start(const std::string &commandLine = {});
-    /// The same without waiting for stock lists.
+    /// Like Start, but does not wait for stock lists.
     frmMain &StartOnly(const std::string &commandLine = {});
 
     std::string WriteConsist(const std::string &name, const std::vector<std::string> &shapes);
     std::string ConsistFile(const std::string &name) const;
-    /// The shapes of the units that a consist file on the disk names, joined by blanks.
+    /// Returns the shapes of the units in a consist file on disk, joined by blanks.
     std::string ShapesIn(const std::string &path);
 
     frmDocument &OpenEditor(const std::string &name);
@@ -106,11 +106,11 @@ template <typename Widget> Widget &Find(const QObject &parent, const char *name)
     return *widget;
 }
 
-/// The rows of a list as text, columns joined by "/", rows by blanks.
+/// Returns the rows of a list as text, with columns joined by "/" and rows by blanks.
 std::string RowsOf(const QAbstractItemView &list);
-/// Waits until the condition holds; false after some seconds.
+/// Waits until the condition holds. Returns false after some seconds.
 bool Wait(const std::function<bool()> &condition);
-/// Drags the data over a window, drops it there, and lets the window act on it.
+/// Drags the data over a window, drops it there, and lets the window process it.
 void DropOn(QWidget &window, const QMimeData &data);
-/// Runs `act` on the modal dialog that the next call opens; it is closed when `act` did not do so.
+/// Runs `act` on the modal dialog that the next call opens, and closes the dialog if `act` did not.
 void OnNextDialog(const std::function<void(QDialog &)> &act);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The guide tells of the menus and keys that there are, and its links lead somewhere.
+// The guide lists exactly the existing commands and keys, and its links work.
 #include "GuiTest.h"
 
 #include "app/ShellCommands.h"
@@ -21,11 +21,11 @@ QString guide()
 {
     QFile file(QString::fromStdString(app::FindGuide(app::GuidePage::Contents)));
     if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("no guide beside the tests");
+        throw std::runtime_error("there is no guide beside the tests");
     return QString::fromUtf8(file.readAll());
 }
 
-/// What the first group of the pattern finds, place by place.
+/// Returns the text of the first group for each match of the pattern.
 Texts allOf(const QString &text, const char *pattern)
 {
     Texts found;
@@ -46,7 +46,7 @@ QString section(const QString &text, const char *id)
                     : text.mid(from, text.indexOf(QLatin1String("</section>"), from) - from);
 }
 
-/// "File > New > Consist" and its keys, for every command.
+/// Adds the path, such as "File > New > Consist", and the keys of every command.
 void addCommands(const QList<QAction *> &actions, const QString &menu, Texts &commands, Texts &keys)
 {
     for (const QAction *action : actions) {
@@ -70,10 +70,10 @@ class GuideTest : public GuiTest
 
 } // namespace
 
-TEST_F(GuideTest, NamesEveryCommandAndItsKeys)
+TEST_F(GuideTest, ListsEveryCommandAndItsKeys)
 {
     Start();
-    window->NewDocumentWindow(2, {}); // some keys belong to 3D views
+    window->NewDocumentWindow(2, {}); // some keys work only in 3D views
     Texts commands, keys, told;
     addCommands(window->menuBar()->actions(), QString(), commands, keys);
     const QString text = guide();
@@ -94,7 +94,7 @@ TEST_F(GuideTest, CommandsInTheTextExist)
         EXPECT_EQ(commands.count(named), 1U) << named;
 }
 
-TEST_F(GuideTest, LinksLeadSomewhere)
+TEST_F(GuideTest, LinksHaveTargets)
 {
     const QString text = guide();
     const Texts ids = allOf(text, "\\bid=\"([^\"]*)\""),

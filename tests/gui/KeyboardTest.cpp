@@ -25,13 +25,13 @@ std::string nameOf(const QWidget &control)
     if (!control.objectName().isEmpty())
         return control.objectName().toStdString();
     const auto *button = qobject_cast<const QAbstractButton *>(&control);
-    // Whether buttons of Qt's own carry a letter depends on the desktop.
+    // The desktop decides whether Qt's own buttons have an access key.
     return button ? button->text().remove(QLatin1Char('&')).toStdString()
                   : control.metaObject()->className();
 }
 
-/// The controls that Tab leads to, from the one that has the focus until it comes round, joined by
-/// blanks. What it passes by although it could be used stands after "without".
+/// Returns the controls in Tab order, from the focused one until it is reached again, joined by
+/// blanks. Usable controls that Tab skips follow after "without".
 std::string tabOrder(QWidget &window)
 {
     std::string order;
@@ -49,16 +49,16 @@ std::string tabOrder(QWidget &window)
     return order;
 }
 
-/// The letters that Alt, or in a menu the letter alone, answers to; those of several are failures.
+/// Fails the test for access keys that several controls or menu items share.
 void expectUnique(const std::string &where, const QList<QKeySequence> &keys)
 {
     std::set<QString> taken;
     for (const QKeySequence &key : keys)
         EXPECT_TRUE(key.isEmpty() || taken.insert(key.toString()).second)
-            << where << ": " << key.toString().toStdString() << " is given twice";
+            << where << ": " << key.toString().toStdString() << " is used twice";
 }
 
-/// Toolbar and MSTS Tools have the same letter, which goes from one to the other.
+/// Toolbar and MSTS Tools share a letter, which moves from one to the other.
 QList<QKeySequence> keysOf(const QList<QAction *> &actions)
 {
     QList<QKeySequence> keys;
@@ -102,7 +102,7 @@ protected:
 
 } // namespace
 
-TEST_F(KeyboardTest, TabLeadsThroughEveryDialogAndEnterAndEscEndIt)
+TEST_F(KeyboardTest, TabReachesAllControlsOfDialogsAndEnterAndEscCloseThem)
 {
     const auto selector = [] {
         auto form = std::make_unique<frmSelector>();
@@ -147,7 +147,7 @@ TEST_F(KeyboardTest, TabLeadsThroughEveryDialogAndEnterAndEscEndIt)
     }
 }
 
-TEST_F(KeyboardTest, TabLeadsThroughEveryDocumentWindow)
+TEST_F(KeyboardTest, TabReachesAllControlsOfDocumentWindows)
 {
     Start();
     EXPECT_EQ(tabOrder(*window), "lvConsists");
@@ -162,7 +162,7 @@ TEST_F(KeyboardTest, TabLeadsThroughEveryDocumentWindow)
     expectUnique("editor", keysOf(window->menuBar()->actions()) + keysIn(editor));
 }
 
-TEST_F(KeyboardTest, TheFindBarIsPartOfTheOrder)
+TEST_F(KeyboardTest, FindBarIsPartOfTheTabOrder)
 {
     const std::unique_ptr<QDialog> results = Results();
     results->show();
@@ -175,7 +175,7 @@ TEST_F(KeyboardTest, TheFindBarIsPartOfTheOrder)
     expectUnique("results", keysIn(*results));
 }
 
-TEST_F(KeyboardTest, AConsistIsEditedByKeysAlone)
+TEST_F(KeyboardTest, EditsAConsistWithKeysOnly)
 {
     Start();
     Press(Qt::Key_Home);
@@ -186,7 +186,7 @@ TEST_F(KeyboardTest, AConsistIsEditedByKeysAlone)
     for (int i = 0; i < 7; ++i)
         Press(Qt::Key_Tab);
     ASSERT_EQ(QApplication::focusWidget(), &stock);
-    for (int i = 0; i < 2; ++i) // by shape, from the last
+    for (int i = 0; i < 2; ++i) // by shape, in reverse order
         Press(Qt::Key_3, Qt::ControlModifier);
     Press(Qt::Key_Home);
     Press(Qt::Key_Insert);
@@ -209,7 +209,7 @@ TEST_F(KeyboardTest, KeysReachMenusAndWindows)
             popup()->close();
         return name;
     };
-    // What the editor has on the same letters must not stand in their way.
+    // The editor's own use of these letters must not interfere.
     EXPECT_EQ(opens(Qt::Key_C, Qt::AltModifier), "mnuConsist");
     EXPECT_EQ(opens(Qt::Key_S, Qt::AltModifier), "mnuStock");
     EXPECT_EQ(opens(Qt::Key_Minus, Qt::AltModifier), nameOf(*editor.systemMenu()));

@@ -36,7 +36,7 @@ struct ShownList
 
 } // namespace
 
-TEST(ListViewTest, ColumnsFillTheWidthUntilTheUserSizesOne)
+TEST(ListViewTest, ColumnsFillTheWidthUntilTheUserResizesOne)
 {
     ShownList shown;
     EXPECT_EQ(shown.Width(), shown.list.viewport()->width());
@@ -47,7 +47,7 @@ TEST(ListViewTest, ColumnsFillTheWidthUntilTheUserSizesOne)
     EXPECT_EQ(shown.list.columnWidth(1), 77);
 }
 
-TEST(ListViewTest, GivenWidthsAreTakenIfEachColumnHasAUsefulOne)
+TEST(ListViewTest, UsesGivenWidthsIfAllAreUseful)
 {
     ShownList shown;
     const std::vector<int> before = shown.list.ColumnWidths();
@@ -62,7 +62,7 @@ TEST(ListViewTest, GivenWidthsAreTakenIfEachColumnHasAUsefulOne)
     EXPECT_EQ(shown.list.ColumnWidths(), useful);
 }
 
-TEST(ListViewTest, TypingFindsInTheSearchColumn)
+TEST(ListViewTest, TypingSearchesTheSearchColumn)
 {
     ShownList shown;
     shown.list.SetSearchColumn(2);
@@ -81,12 +81,12 @@ TEST(ListViewTest, SortingKeepsTheSelectionOnItsItem)
     EXPECT_EQ(shown.model.Item(0).shape, "tank");
     EXPECT_EQ(shown.list.SelectedRow(), 0);
     shown.model.Append({{"Wagon", "0", "first"}});
-    EXPECT_EQ(shown.model.Item(3).shape, "first") << "not sorted in before it is asked for";
+    EXPECT_EQ(shown.model.Item(3).shape, "first") << "not sorted until requested";
     shown.model.ClickHeader(2);
     EXPECT_EQ(shown.model.Item(1).shape, "first");
 }
 
-TEST(ListViewTest, TheMouseShowsWhatIsCutOff)
+TEST(ListViewTest, TooltipShowsTruncatedText)
 {
     ShownList shown;
     shown.list.header()->resizeSection(1, 200);
@@ -104,7 +104,7 @@ TEST(ListViewTest, TheMouseShowsWhatIsCutOff)
     QToolTip::hideText();
 }
 
-TEST(ListViewTest, AHintStandsInAnEmptyListOnly)
+TEST(ListViewTest, OnlyAnEmptyListShowsAHint)
 {
     ShownList shown;
     const auto pictureChanges = [&shown] {
@@ -119,16 +119,16 @@ TEST(ListViewTest, AHintStandsInAnEmptyListOnly)
     EXPECT_TRUE(pictureChanges());
 }
 
-TEST(ListViewTest, TheFirstKeySelectsTheRowThatHasTheFocus)
+TEST(ListViewTest, FirstKeySelectsTheFocusedRow)
 {
     ShownList shown;
     shown.list.setFocus();
-    EXPECT_EQ(shown.list.SelectedRow(), -1) << "nothing is selected unasked";
+    EXPECT_EQ(shown.list.SelectedRow(), -1) << "nothing is selected before a key is pressed";
     QTest::keyClick(&shown.list, Qt::Key_Home);
     EXPECT_EQ(shown.list.SelectedRow(), 0);
 }
 
-TEST(ListViewTest, TenThousandNamesAreShown)
+TEST(ListViewTest, ShowsTenThousandNames)
 {
     std::vector<std::string> names;
     names.reserve(10000);

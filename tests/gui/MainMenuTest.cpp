@@ -8,8 +8,8 @@
 
 namespace {
 
-/// A menu and what is in it, a line each: name [caption]; "-" before what cannot be used at the
-/// start, ">" before what has a menu of its own.
+/// Returns a menu and its items, one per line: name [caption], with "-" before items that are
+/// disabled at the start and ">" before submenus.
 std::string treeOf(const QList<QAction *> &actions, const std::string &indent)
 {
     std::string tree;
@@ -95,7 +95,7 @@ class MainMenuTest : public GuiTest
 
 } // namespace
 
-TEST_F(MainMenuTest, TheWholeTree)
+TEST_F(MainMenuTest, HasExactlyTheseMenus)
 {
     Start();
     EXPECT_EQ(treeOf(window->menuBar()->actions(), ""), kTree);
@@ -107,7 +107,7 @@ TEST_F(MainMenuTest, TheWholeTree)
     }
 }
 
-TEST_F(MainMenuTest, TheToolBarFollowsTheMenu)
+TEST_F(MainMenuTest, ToolBarFollowsTheMenu)
 {
     Start();
     std::string buttons;
@@ -125,7 +125,7 @@ TEST_F(MainMenuTest, TheToolBarFollowsTheMenu)
     EXPECT_EQ(Find<QToolButton>(*window, "Filter").text(), QStringLiteral("Filter"));
 }
 
-TEST_F(MainMenuTest, CommandsThatAreNotImplementedSaySo)
+TEST_F(MainMenuTest, UnimplementedCommandsSaySo)
 {
     Start();
     for (const char *name :
@@ -152,13 +152,13 @@ TEST_F(MainMenuTest, ViewItemsShowAndHideTheBars)
         }
 }
 
-TEST_F(MainMenuTest, TheWindowMenuListsTheOpenWindows)
+TEST_F(MainMenuTest, WindowMenuListsTheOpenWindows)
 {
     Start();
     Trigger("mnuWindowNewWindow");
     Active()->SetCaption("Salt & Pepper");
     auto &menu = Find<QMenu>(*window->menuBar(), "mnuWindow");
-    for (int opened = 0; opened < 2; ++opened) // opening it twice must not list twice
+    for (int opened = 0; opened < 2; ++opened) // opening the menu twice must not list windows twice
         Q_EMIT menu.aboutToShow();
     const QList<QAction *> items = menu.actions();
     ASSERT_EQ(items.size(), 11);

@@ -41,7 +41,7 @@ TEST(MdiLayoutTest, ManyWindowsShareRowsAndColumns)
         << "too many for the area";
 }
 
-TEST(MdiLayoutTest, CascadesKeepUsefulSizes)
+TEST(MdiLayoutTest, CascadeKeepsUsefulSizes)
 {
     EXPECT_EQ(textOf(app::Cascaded(QRect(0, 0, 600, 500), 6, QSize(660, 440), 24)),
               "0,0 528x428; 24,24 528x428; 48,48 528x428; 72,72 528x428; "

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Plays with the real windows at random: menu commands, clicks, keys, windows closed and resized,
-// files that come and go underneath. Usage: zelk_monkey FOLDER SECONDS SEED, where FOLDER holds a
-// sample installation that may be spoilt. It writes down every step before it is done and ends with
-// 0, or is ended: by a sanitizer, by a signal, or by itself when a step takes too long.
+// Operates the real windows at random: menu commands, clicks, keys, windows closed and resized,
+// files that appear and disappear. Usage: zelk_monkey FOLDER SECONDS SEED, where FOLDER contains a
+// sample installation that may be damaged. It logs every step before it performs it, and ends with
+// 0 unless a sanitizer, a signal or its own time limit for a step ends it.
 #include "GuiTest.h"
 
 #include "host/Path.h"
@@ -31,7 +31,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int kPauseMilliseconds = 5;
-constexpr int kLongestStepSeconds = 60; ///< under a sanitizer, on a busy machine
+constexpr int kLongestStepSeconds = 60; ///< enough under a sanitizer on a busy machine
 constexpr int kPatience = 15;           ///< steps in the same dialog before it is dismissed
 
 class Dice
@@ -41,7 +41,7 @@ public:
         : m_engine(seed)
     {
     }
-    /// 0 to `count` - 1.
+    /// Returns a number from 0 to `count` - 1.
     int Below(int count) { return static_cast<int>(m_engine() % static_cast<unsigned>(count)); }
     bool OneIn(int count) { return Below(count) == 0; }
     template <typename List> auto &Pick(List &list)
@@ -53,7 +53,7 @@ private:
     std::mt19937 m_engine;
 };
 
-/// Ends the program when it does not come back to its event loop.
+/// Aborts the program if it does not return to its event loop.
 class Watchdog
 {
 public:
@@ -79,8 +79,8 @@ private:
     std::jthread m_thread;
 };
 
-/// The program's own dialogs, except that those for files answer at once: nobody may save outside
-/// of the folder.
+/// The program's own dialogs, except that file dialogs answer at once, so that nothing is saved
+/// outside the folder.
 class MonkeyDialogs : public app::QtDialogs
 {
 public:
@@ -113,7 +113,7 @@ public:
         , m_dice(seed)
         , m_dialogs(m_dice, m_files)
     {
-        std::error_code error; // of links that lead nowhere
+        std::error_code error; // for dangling links
         for (const auto &entry : fs::recursive_directory_iterator(m_folder))
             if (entry.is_regular_file(error))
                 m_files.push_back(host::path::FromDisk(entry.path()));
@@ -137,7 +137,7 @@ private:
         m_window =
             app::StartMainWindow({m_dialogs, m_gameFiles, m_settings, m_desktop, m_printers}, file);
     }
-    /// A timer of its own for every step: a step may stay in the event loop of a dialog.
+    /// Each step has its own timer, because a step may stay in the event loop of a dialog.
     void next() { QTimer::singleShot(kPauseMilliseconds, this, &Monkey::step); }
     void say(const std::string &what)
     {
@@ -168,7 +168,7 @@ private:
             if (!over && modal)
                 play(*modal);
             else if (m_depth > 1)
-                QDrag::cancel(); // one that waits for a button that nobody holds
+                QDrag::cancel(); // a drag may wait for a button that is not pressed
             else if (!over)
                 playWithWindows();
             --m_depth;
@@ -248,7 +248,7 @@ private:
                           fs::copy_options::overwrite_existing, error);
         }
     }
-    /// A click or a key for something in a window or dialog.
+    /// Clicks, or presses a key, on a control of a window or dialog.
     void play(QWidget &window)
     {
         std::vector<QWidget *> widgets = {&window};
@@ -296,7 +296,7 @@ private:
     const std::string m_folder;
     const int m_seconds;
     int m_steps = 0, m_inDialog = 0, m_depth = 0;
-    const QWidget *m_lastModal = nullptr; ///< never followed
+    const QWidget *m_lastModal = nullptr; ///< only compared, never dereferenced
     Dice m_dice;
     std::vector<std::string> m_files;
     MonkeyDialogs m_dialogs;

@@ -17,7 +17,7 @@
 #include <memory>
 #include <string>
 
-/// A scene whose pictures are looked at, and a folder for its files. Skips where there is no
+/// A scene that is painted off-screen, and a folder for its files. Skips the test where there is no
 /// OpenGL.
 class OffscreenScene : public testing::Test
 {
@@ -49,6 +49,6 @@ protected:
     support::ScriptedDialogs dialogs;
     korvat::ModelLibrary shapes{files};
     std::string whyNone;
-    std::unique_ptr<korvat::OffscreenCanvas> canvas; ///< null where there is no OpenGL
+    std::unique_ptr<korvat::OffscreenCanvas> canvas; ///< null if there is no OpenGL
     TSView view{viewer::Services{files, dialogs, shapes}};
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Pictures of made-up shapes, looked at where the colours can be told beforehand.
+// Tests pictures of made-up shapes in places whose colours are known.
 #include "korvat/TestShape.h"
 
 #include "OffscreenScene.h"
@@ -43,7 +43,7 @@ protected:
         const std::string name = "shape" + std::to_string(view.Models.Count()) + ".s";
         Load(folder.Write(name, ShapeText(panels)), z, degrees);
     }
-    /// Draws, and keeps the picture for a look at it in $ZELK_TEST_PICTURES when that is set.
+    /// Paints the picture and, if $ZELK_TEST_PICTURES is set, saves a copy there.
     void take(const char *name)
     {
         view.ResetCamera();
@@ -52,7 +52,7 @@ protected:
             picture.save(QString::fromLatin1(where) + QLatin1Char('/') + QLatin1String(name) +
                          QLatin1String(".png"));
     }
-    /// The pixel that shows a place in the scene.
+    /// Returns the pixel that shows a place in the scene.
     QColor at(Vec3 place) const
     {
         const korvat::FrameSetup setup = canvas->Device()->Setup(kWidth, kHeight);
@@ -69,8 +69,8 @@ protected:
                std::abs(got.green() - wanted[1]) <= tolerance &&
                std::abs(got.blue() - wanted[2]) <= tolerance;
     }
-    /// The letter as it is seen on a side panel, from the left to the right on the screen, which is
-    /// along `right` in the scene.
+    /// Returns the letter on a side panel as it appears from left to right on the screen, which is
+    /// the direction `right` in the scene.
     std::string letterSeen(float x, Vec3 middle, float length, float height, float right) const
     {
         std::string rows;
@@ -98,7 +98,7 @@ std::string letter()
 
 } // namespace
 
-TEST_F(PictureTest, LetteringReadsTheRightWayRoundOnBothSides)
+TEST_F(PictureTest, LetteringIsNotMirroredOnEitherSide)
 {
     const Vec3 middle{0, 2, 0};
     const std::vector<Panel> wagon = {SidePanel(1, 1, middle, 5, 3),
@@ -110,13 +110,13 @@ TEST_F(PictureTest, LetteringReadsTheRightWayRoundOnBothSides)
     take("left-side");
     EXPECT_EQ(letterSeen(-1, middle, 5, 3, -1), letter());
     view.DestroyModels();
-    add(wagon, 8, -180); // a flipped vehicle: it comes to stand at -8
+    add(wagon, 8, -180); // a flipped vehicle: its place becomes -8
     lookFrom({10, 2, -8}, {0, 2, -8});
     take("flipped");
     EXPECT_EQ(letterSeen(1, {0, 2, -8}, 5, 3, 1), letter());
 }
 
-TEST_F(PictureTest, TheFrontIsOnTheRightAndTurnsWithAFlippedVehicle)
+TEST_F(PictureTest, FrontIsOnTheRightAndOnTheLeftIfFlipped)
 {
     std::vector<Panel> engine = {
         SidePanel(1, 1, {0, 2, -2}, 2, 2), SidePanel(1, 1, {0, 2, 2}, 2, 2),
@@ -179,7 +179,7 @@ TEST_F(PictureTest, AlphaIsTestedBlendedAddedOrIgnored)
         pane.image = row.image;
         pane.shader = row.shader;
         pane.alphaTest = row.alphaTest;
-        add({pane, wall}); // what lies in front comes first in the file
+        add({pane, wall}); // the pane in front comes first in the file
         take((std::string("alpha-") + row.shader + std::to_string(row.alphaTest) + row.image)
                  .c_str());
         const QColor seen = at({1, 2, 0});
@@ -188,7 +188,7 @@ TEST_F(PictureTest, AlphaIsTestedBlendedAddedOrIgnored)
     }
 }
 
-TEST_F(PictureTest, BlendedPartsShowWhatLiesBehindThemWhateverTheirOrder)
+TEST_F(PictureTest, BlendedPartsShowObjectsBehindThemInAnyFileOrder)
 {
     folder.Write("blue.dds", PictureFile({0, 0, 255, 128}));
     folder.Write("yellow.dds", PictureFile({255, 255, 0, 128}));
@@ -204,13 +204,13 @@ TEST_F(PictureTest, BlendedPartsShowWhatLiesBehindThemWhateverTheirOrder)
         view.DestroyModels();
         add(order);
         take("panes");
-        // White, half yellow, then half blue.
+        // White behind half yellow behind half blue.
         EXPECT_TRUE(close(at({1, 2, 0}), {127, 127, 191, 255}))
             << at({1, 2, 0}).name().toStdString();
     }
 }
 
-TEST_F(PictureTest, HazeHidesWhatIsFar)
+TEST_F(PictureTest, HazeHidesDistantObjects)
 {
     canvas->SetRangeNear(50);
     canvas->SetRangeFar(600);
@@ -235,7 +235,7 @@ TEST_F(PictureTest, HazeHidesWhatIsFar)
     }
 }
 
-TEST_F(PictureTest, AMissingTextureIsACheckerPattern)
+TEST_F(PictureTest, MissingTextureIsACheckerPattern)
 {
     Panel wall = SidePanel(1, 1, {0, 2, 0}, 4, 4);
     wall.image = "nowhere.ace";
@@ -252,12 +252,12 @@ TEST_F(PictureTest, AMissingTextureIsACheckerPattern)
     EXPECT_GT(dark, 10);
     view.Models.Item(1).Flash();
     take("flashed");
-    EXPECT_TRUE(close(at({1, 2, 0}), kWhite)) << "flashed, it is plain";
+    EXPECT_TRUE(close(at({1, 2, 0}), kWhite)) << "plain after Flash";
 }
 
-TEST_F(PictureTest, ACompressedTextureWithOneLevelDoesNotShimmer)
+TEST_F(PictureTest, CompressedTextureWithOneLevelDoesNotShimmer)
 {
-    // Rows of pixels, black and white in turn, and a single level: 64 x 64 blocks.
+    // A single level of alternating black and white rows of pixels: 64 x 64 blocks.
     std::string file = "DDS ";
     const auto put = [&file](std::initializer_list<std::uint32_t> numbers) {
         for (const std::uint32_t number : numbers)
@@ -282,7 +282,7 @@ TEST_F(PictureTest, ACompressedTextureWithOneLevelDoesNotShimmer)
             << y << ": " << at({0, y, 0}).name().toStdString();
 }
 
-TEST_F(PictureTest, TheSceneHasSkyGroundAndTrack)
+TEST_F(PictureTest, SceneHasSkyGroundAndTrack)
 {
     lookFrom({10, 2, 0}, {0, 2, 0});
     take("scenery");

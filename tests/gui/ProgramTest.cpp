@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The output of a program that ends by itself.
+/// Returns the output of a program that ends by itself.
 std::string outputOf(const QString &program, const QStringList &arguments, int *exitCode = nullptr)
 {
     QProcess process;
@@ -27,7 +27,7 @@ class GivenFileTest : public GuiTest
 {
 };
 
-TEST_F(GivenFileTest, TheWholeCommandLineIsOnePath)
+TEST_F(GivenFileTest, WholeCommandLineIsOnePath)
 {
     const std::string file = WriteConsist("Ore  train", {"box"});
     const struct
@@ -69,7 +69,7 @@ TEST(ProgramTest, VersionAndHelpNeedNoDisplay)
     EXPECT_EQ(exitCode, 0);
 }
 
-TEST(ProgramTest, TheProgramOpensTheConsistItIsGiven)
+TEST(ProgramTest, OpensTheConsistOnTheCommandLine)
 {
     if (!CanCloseWindows())
         GTEST_SKIP() << "needs an X display";
@@ -82,8 +82,8 @@ TEST(ProgramTest, TheProgramOpensTheConsistItIsGiven)
                   QString::fromStdString(consist).split(QLatin1Char(' ')));
     ASSERT_TRUE(program.waitForStarted());
     EXPECT_TRUE(Wait([&] { return CloseWindowOf(program.processId(), "ZELK v1.0-75"); }))
-        << "no window came up";
-    EXPECT_TRUE(program.waitForFinished(10000)) << "it did not end when it was told to";
+        << "no window appeared";
+    EXPECT_TRUE(program.waitForFinished(10000)) << "it did not end when its window was closed";
     EXPECT_EQ(program.exitCode(), 0);
     program.kill();
     program.waitForFinished();

@@ -9,7 +9,7 @@ QString xdotool(const QStringList &arguments)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove(QStringLiteral("LD_PRELOAD")); // what is preloaded is for programs of ours
+    environment.remove(QStringLiteral("LD_PRELOAD")); // only for our programs
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral("xdotool"), arguments);
     process.waitForFinished(20000);

@@ -3,8 +3,8 @@
 
 #include <string>
 
-/// Asks the window of this title that a process shows to close, as its user would do; false when
-/// the process shows none (yet).
+/// Asks a process's window with this title to close, as its user would. Returns false if the
+/// process does not show it (yet).
 bool CloseWindowOf(long long process, const std::string &title);
-/// Whether CloseWindowOf can do anything here: it may need a display of a certain kind.
+/// Returns whether CloseWindowOf works here: it may need a certain kind of display.
 bool CanCloseWindows();

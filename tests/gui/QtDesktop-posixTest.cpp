@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-TEST(QtDesktopTest, ProgramsRunInTheirFolderAndPrefixAndNobodyWaits)
+TEST(QtDesktopTest, ProgramsRunInTheirFolderAndPrefixWithoutWaiting)
 {
     const support::TempFolder folder;
     const std::string game = folder.MakeFolder("the game");

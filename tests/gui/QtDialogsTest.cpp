@@ -14,12 +14,12 @@ using host::DialogAnswer;
 using host::DialogButtons;
 using host::DialogIcon;
 
-TEST(QtDialogsTest, MessageBoxesShowPlainTextAndGiveTheAnswer)
+TEST(QtDialogsTest, MessageBoxesShowPlainTextAndReturnTheAnswer)
 {
     const struct
     {
         DialogButtons buttons;
-        QMessageBox::StandardButton pressed; ///< NoButton: closed by Esc, Apply: by Return
+        QMessageBox::StandardButton pressed; ///< NoButton: press Esc; Apply: press Return
         DialogAnswer answer;
     } rows[] = {
         {DialogButtons::Ok, QMessageBox::Ok, DialogAnswer::Ok},
@@ -56,7 +56,7 @@ TEST(QtDialogsTest, MessageBoxesShowPlainTextAndGiveTheAnswer)
     }
 }
 
-TEST(QtDialogsTest, InputBoxesGiveTheTextOrNothing)
+TEST(QtDialogsTest, InputBoxesReturnTheTextOrNothing)
 {
     app::QtDialogs dialogs;
     for (const bool accepted : {true, false}) {
@@ -72,7 +72,7 @@ TEST(QtDialogsTest, InputBoxesGiveTheTextOrNothing)
     }
 }
 
-TEST(QtDialogsTest, FileDialogsOpenWhereAskedWithTheFilterInForce)
+TEST(QtDialogsTest, FileDialogsOpenInTheGivenFolderWithTheFilter)
 {
     const support::TempFolder folder;
     const std::string file = folder.Write("Night.CON");
@@ -93,7 +93,7 @@ TEST(QtDialogsTest, FileDialogsOpenWhereAskedWithTheFilterInForce)
     EXPECT_EQ(dialogs.OpenFile(request), "");
 }
 
-TEST(QtDialogsTest, ANameToSaveGetsItsExtensionAndNoQuestion)
+TEST(QtDialogsTest, SaveDialogAddsTheExtensionWithoutAsking)
 {
     const support::TempFolder folder;
     folder.Write("Old.con");

@@ -13,7 +13,7 @@
 
 using SampleCheckTest = GuiTest;
 
-TEST_F(SampleCheckTest, TheSampleHasExactlyThePlannedDefects)
+TEST_F(SampleCheckTest, SampleHasExactlyThePlannedDefects)
 {
     const support::TempFolder sample;
     const std::string folder = sample.At("s");

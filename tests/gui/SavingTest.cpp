@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Saving while others write the same files, and how an editor shows what is not saved.
+// Tests saving while other programs write the same files, and the signs of unsaved changes in an
+// editor.
 #include "GuiTest.h"
 #include "host/Folders.h"
 #include "host/Path.h"
@@ -67,7 +68,7 @@ const std::string kCloseQuestion =
 
 } // namespace
 
-TEST_F(SavingTest, AFileChangedBySomebodyElseIsNeverOverwrittenUnasked)
+TEST_F(SavingTest, AsksBeforeOverwritingAFileChangedByAnotherProgram)
 {
     const struct
     {
@@ -96,7 +97,7 @@ TEST_F(SavingTest, AFileChangedBySomebodyElseIsNeverOverwrittenUnasked)
         way.act();
         EXPECT_EQ(dialogs.TakeLog(), way.firstQuestion + changedQuestion("Coal"));
         EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "Oil");
-        ASSERT_EQ(window->Documents().size(), 2u) << "what was not saved stays open";
+        ASSERT_EQ(window->Documents().size(), 2u) << "an unsaved consist stays open";
         EXPECT_TRUE(editor.Changed());
         EXPECT_EQ(editor.FileName() + '|' + editor.Caption(),
                   ConsistFile("Coal") + "|Consist - Coal");
@@ -118,13 +119,13 @@ TEST_F(SavingTest, AFileChangedBySomebodyElseIsNeverOverwrittenUnasked)
         }
         removeFirst(editor);
         press(editor, "cmdAction1");
-        EXPECT_EQ(dialogs.TakeLog(), savedMessage("Coal")) << "our own save is no change";
+        EXPECT_EQ(dialogs.TakeLog(), savedMessage("Coal")) << "our own save is not a change";
         editor.close();
         EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
     }
 }
 
-TEST_F(SavingTest, AFileThatAppearsUnderANewConsistIsAskedFor)
+TEST_F(SavingTest, AsksAboutAFileThatAppearedUnderTheNameOfANewConsist)
 {
     Start();
     window->OpenFile(ConsistFile("Late"));
@@ -138,7 +139,7 @@ TEST_F(SavingTest, AFileThatAppearsUnderANewConsistIsAskedFor)
     EXPECT_EQ(dialogs.TakeLog(), savedMessage("Late")) << "nothing is lost by writing it again";
 }
 
-TEST_F(SavingTest, OtherFilesAndTheScratchCopyAreNotAskedFor)
+TEST_F(SavingTest, DoesNotAskAboutOtherFilesAndTheScratchCopy)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -158,7 +159,7 @@ TEST_F(SavingTest, OtherFilesAndTheScratchCopyAreNotAskedFor)
     EXPECT_EQ(ShapesIn(ConsistFile("Coal")) + '|' + ShapesIn(ConsistFile("Copy")), "Oil|hopper");
 }
 
-TEST_F(SavingTest, NoKeepsTheProgramAndTheOtherWindowsOfSaveAll)
+TEST_F(SavingTest, NoKeepsTheProgramOpenAndSaveAllContinues)
 {
     Start();
     frmDocument &first = OpenEditor("Coal");
@@ -167,7 +168,7 @@ TEST_F(SavingTest, NoKeepsTheProgramAndTheOtherWindowsOfSaveAll)
     frmDocument &second = OpenEditor("Freight North");
     removeFirst(second);
 
-    dialogs.Answer(DialogAnswer::No);  // keep what others wrote
+    dialogs.Answer(DialogAnswer::No);  // keep the other program's file
     dialogs.Answer(DialogAnswer::Yes); // overwrite the second
     Trigger("mnuFileSaveAll");
     EXPECT_EQ(dialogs.TakeLog(), changedQuestion("Coal") + overwriteQuestion("Freight North") +
@@ -184,7 +185,7 @@ TEST_F(SavingTest, NoKeepsTheProgramAndTheOtherWindowsOfSaveAll)
     first.AllowUnload();
 }
 
-TEST_F(SavingTest, AnUnchangedEditorFollowsAnotherThatSavesItsFile)
+TEST_F(SavingTest, UnchangedEditorShowsWhatAnotherEditorSaved)
 {
     WriteConsist("Long", std::vector<std::string>(80, "hopper"));
     Start();
@@ -208,11 +209,11 @@ TEST_F(SavingTest, AnUnchangedEditorFollowsAnotherThatSavesItsFile)
 
     removeFirst(reader);
     press(reader, "cmdAction1");
-    EXPECT_EQ(dialogs.TakeLog(), savedMessage("Long")) << "it has read what the other wrote";
+    EXPECT_EQ(dialogs.TakeLog(), savedMessage("Long")) << "it shows what the other window saved";
     EXPECT_EQ(writer.Consist().Rows().size(), 78u);
 }
 
-TEST_F(SavingTest, AChangedEditorIsReportedWhenAnotherSavesItsFile)
+TEST_F(SavingTest, ChangedEditorReportsThatAnotherEditorSavedItsFile)
 {
     Start();
     frmDocument &first = OpenEditor("GP38 Local"), &second = OpenEditor("GP38 Local");
@@ -234,7 +235,7 @@ TEST_F(SavingTest, AChangedEditorIsReportedWhenAnotherSavesItsFile)
     EXPECT_EQ(second.Consist().Rows().size(), 2u);
 }
 
-TEST_F(SavingTest, AFailedSaveAsLeavesNameAndCaption)
+TEST_F(SavingTest, FailedSaveAsKeepsNameAndCaption)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -255,7 +256,7 @@ TEST_F(SavingTest, AFailedSaveAsLeavesNameAndCaption)
     }
 }
 
-TEST_F(SavingTest, ANewConsistKeepsItsCaptionAndApplyAsksForItsName)
+TEST_F(SavingTest, NewConsistKeepsItsCaptionAndApplyAsksForItsName)
 {
     Start();
     Trigger("mnuFileNewConsist");
@@ -278,7 +279,7 @@ TEST_F(SavingTest, ANewConsistKeepsItsCaptionAndApplyAsksForItsName)
     EXPECT_FALSE(editor.Changed());
 }
 
-TEST_F(SavingTest, UnsavedChangesShowInTheHeadingAndTheWindowMenu)
+TEST_F(SavingTest, HeadingAndWindowMenuShowUnsavedChanges)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -293,7 +294,7 @@ TEST_F(SavingTest, UnsavedChangesShowInTheHeadingAndTheWindowMenu)
     EXPECT_EQ(lastInWindowMenu(), "&2 Consist - Coal");
 }
 
-TEST_F(SavingTest, RefreshReadsConsistAndStockAndReportsAFileThatIsGone)
+TEST_F(SavingTest, RefreshReadsConsistAndStockAndReportsAMissingFile)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the main window does with the world around it.
+// Tests the main window's use of the clipboard, other programs, printers and system information.
 #include "GuiTest.h"
 
 #include "host/Path.h"
@@ -31,7 +31,7 @@ protected:
         list.setCurrentIndex(list.model()->index(row, 0));
     }
     static QString clipboard() { return QGuiApplication::clipboard()->text(); }
-    /// How many pages a PDF file says that it has, 0 when it is none.
+    /// Returns the number of pages that a PDF file declares, or 0 if it is not a PDF file.
     int pagesOf(const std::string &name) const
     {
         if (!game.Exists(name))
@@ -45,7 +45,7 @@ protected:
 
 } // namespace
 
-TEST_F(ShellTest, TheClipboardCarriesTheNameOfAConsist)
+TEST_F(ShellTest, ClipboardHoldsTheNameOfAConsist)
 {
     Start();
     QGuiApplication::clipboard()->setText(QStringLiteral("before"));
@@ -76,7 +76,7 @@ TEST_F(ShellTest, TheClipboardCarriesTheNameOfAConsist)
     EXPECT_EQ(Status(), "");
 }
 
-TEST_F(ShellTest, ProgramsOfTheInstallationAreStartedAndFailuresTold)
+TEST_F(ShellTest, StartsProgramsOfTheInstallationAndReportsFailures)
 {
     game.Write("train.exe");
     Start();
@@ -100,7 +100,7 @@ TEST_F(ShellTest, ProgramsOfTheInstallationAreStartedAndFailuresTold)
                                  "is no browser for it.\n");
 }
 
-TEST_F(ShellTest, EachKindOfWindowPrintsUnderItsName)
+TEST_F(ShellTest, EachKindOfWindowPrintsUnderItsOwnName)
 {
     Start();
     printers.file = game.At("list.pdf");
@@ -122,7 +122,7 @@ TEST_F(ShellTest, EachKindOfWindowPrintsUnderItsName)
     EXPECT_TRUE(dialogs.TakeLog().starts_with("critical|Print Consist|Nothing could be printed"));
 }
 
-TEST_F(ShellTest, PrintsAreAsLongAsWhatIsInThem)
+TEST_F(ShellTest, PrintoutsHaveAsManyPagesAsTheirContentNeeds)
 {
     Start();
     QStringList names;
@@ -160,7 +160,7 @@ TEST_F(ShellTest, PrintsAreAsLongAsWhatIsInThem)
     }
 }
 
-TEST_F(ShellTest, PaperCanBeSetForFilesToo)
+TEST_F(ShellTest, PageSetupAppliesToFiles)
 {
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
@@ -189,7 +189,7 @@ TEST_F(ShellTest, PaperCanBeSetForFilesToo)
                     QPageLayout::Millimeter)));
 }
 
-TEST_F(ShellTest, AboutTellsVersionsAndWhatAReportNeeds)
+TEST_F(ShellTest, AboutShowsVersionsAndFactsForABugReport)
 {
     Start();
     std::string versions;
@@ -207,7 +207,7 @@ TEST_F(ShellTest, AboutTellsVersionsAndWhatAReportNeeds)
     Trigger("mnuHelpAbout");
     EXPECT_EQ(versions, "1.0-50/First public version 1.0-74/Various bug fixes "
                         "1.0-75/Second public version");
-    if (desktop.log.empty()) { // not started: the system has no tool of its own
+    if (desktop.log.empty()) { // nothing is started: this system has no such tool
         for (const char *fact : {"ZELK v1.0-75", "Qt: ", "OpenGL: ", "MSTS folder: "})
             EXPECT_TRUE(facts.contains(QLatin1String(fact))) << fact;
         EXPECT_TRUE(facts.contains(QString::fromStdString(game.Path())));

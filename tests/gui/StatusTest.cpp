@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The first panel of the status bar: after every command it holds the outcome, or nothing.
+// Tests the first panel of the status bar: after every command it shows the outcome or nothing.
 #include "GuiTest.h"
 
 #include "ui/widgets/ListView.h"
@@ -22,7 +22,7 @@ protected:
 
 } // namespace
 
-TEST_F(StatusTest, AnEditTakesAwayTheRefusalOfTheOneBefore)
+TEST_F(StatusTest, EditClearsTheRefusalOfThePreviousOne)
 {
     Start();
     OpenEditor("Coal");
@@ -35,7 +35,7 @@ TEST_F(StatusTest, AnEditTakesAwayTheRefusalOfTheOneBefore)
     EXPECT_EQ(Status(), "");
 }
 
-TEST_F(StatusTest, SavingTakesAwayWhatWasSaidOfTheName)
+TEST_F(StatusTest, SavingClearsTheMessageAboutTheName)
 {
     Start();
     Trigger("mnuFileNewConsist");
@@ -55,7 +55,7 @@ TEST_F(StatusTest, SavingTakesAwayWhatWasSaidOfTheName)
     EXPECT_EQ(Status().find("does not exist yet"), std::string::npos) << Status();
 }
 
-TEST_F(StatusTest, ClosingAWindowByAnyRoadTakesItsStatusAway)
+TEST_F(StatusTest, ClosingAWindowInAnyWayClearsItsStatus)
 {
     Start();
     const std::function<void(frmDocument &)> roads[] = {
@@ -69,7 +69,7 @@ TEST_F(StatusTest, ClosingAWindowByAnyRoadTakesItsStatusAway)
     }
 }
 
-TEST_F(StatusTest, CommandsBeginWithAnEmptyStatus)
+TEST_F(StatusTest, CommandsStartWithAnEmptyStatus)
 {
     game.Write("Trains/Consists/Bad.con", "Nothing ( 1 )");
     Start();
@@ -85,7 +85,7 @@ TEST_F(StatusTest, CommandsBeginWithAnEmptyStatus)
     }
 }
 
-TEST_F(StatusTest, HintsOfMenusLeaveTheStatusAlone)
+TEST_F(StatusTest, MenuHintsLeaveTheStatusUnchanged)
 {
     Start();
     window->SetStatus("3 consists");

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kFolders = 1500, kInFolder = 2;
 
-/// An installation large enough that a scan takes many slices.
+/// An installation so large that a scan takes many slices.
 class StockLoaderTest : public GuiTest
 {
 protected:
@@ -22,7 +22,7 @@ protected:
             for (int file = 0; file < kInFolder; ++file)
                 game.Write("Trains/Trainset/Big " + std::to_string(folder) + "/w" +
                            std::to_string(file) + ".wag");
-        dialogs.Answer(host::DialogAnswer::No); // the new consist is not to be saved
+        dialogs.Answer(host::DialogAnswer::No); // do not save the new consist
     }
     int rows() const { return Find<ListView>(*Active(), "lvStock").model()->rowCount(); }
     bool loaded() const { return Status().find("list loaded: ") != std::string::npos; }
@@ -34,7 +34,7 @@ constexpr int kAll = kFolders * kInFolder + 5;
 
 } // namespace
 
-TEST_F(StockLoaderTest, TheListFillsWhileTheWindowLives)
+TEST_F(StockLoaderTest, ListFillsWhileTheWindowStaysResponsive)
 {
     StartOnly();
     window->OpenFile(ConsistFile("none"));
@@ -46,7 +46,7 @@ TEST_F(StockLoaderTest, TheListFillsWhileTheWindowLives)
     EXPECT_NE(Status().find(" loaded: " + std::to_string(kAll) + " items"), std::string::npos);
 }
 
-TEST_F(StockLoaderTest, EscapeStopsAndKeepsWhatWasFoundUntilARefresh)
+TEST_F(StockLoaderTest, EscapeStopsAndKeepsTheRowsUntilARefresh)
 {
     Start();
     window->OpenFile(ConsistFile("Coal"));
@@ -62,7 +62,7 @@ TEST_F(StockLoaderTest, EscapeStopsAndKeepsWhatWasFoundUntilARefresh)
     EXPECT_EQ(rows(), kAll);
 }
 
-TEST_F(StockLoaderTest, AScanCanBeBegunAnewAndItsWindowClosed)
+TEST_F(StockLoaderTest, ScanCanBeRestartedAndItsWindowClosed)
 {
     StartOnly(ConsistFile("none"));
     Active()->SetFilter("Big 1*");
@@ -81,7 +81,7 @@ TEST_F(StockLoaderTest, AScanCanBeBegunAnewAndItsWindowClosed)
     EXPECT_TRUE(window->close()) << "the program ends in the middle of a scan";
 }
 
-TEST_F(StockLoaderTest, HeadersSortAlsoWhileTheListFills)
+TEST_F(StockLoaderTest, HeadersSortWhileTheListFills)
 {
     StartOnly(ConsistFile("none"));
     auto &list = Find<ListView>(*Active(), "lvStock");
@@ -99,6 +99,6 @@ TEST_F(StockLoaderTest, HeadersSortAlsoWhileTheListFills)
     click(2);
     EXPECT_EQ(at(0, 2), "w1");
     click(0);
-    EXPECT_EQ(at(0, 0), "Engine") << "another column begins ascending";
+    EXPECT_EQ(at(0, 0), "Engine") << "another column starts in ascending order";
     EXPECT_EQ(at(2, 0), "Wagon");
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The 3D windows, from the menus and the mouse to the files that they leave.
+// Tests the 3D windows, from menus and mouse to the saved files.
 #include "GuiTest.h"
 #include "korvat/TestShape.h"
 
@@ -63,7 +63,7 @@ protected:
     {
         return Wait([this] { return Active()->findChild<ViewerPane *>() && !pane().Loading(); });
     }
-    /// The consist "Coal": a wagon of 10 and one of 20 metres.
+    /// Writes the consist "Coal": a wagon of 10 metres and one of 20.
     ViewerPane &viewCoal()
     {
         Start();
@@ -92,7 +92,7 @@ protected:
             << name << ": " << got.CamX << ' ' << got.CamY << ' ' << got.CamZ << " to "
             << got.LookAtX << ' ' << got.LookAtY << ' ' << got.LookAtZ;
     }
-    /// Whether the canvas shows the wagon in the middle of the picture.
+    /// Returns whether the canvas shows the wagon in the middle of the picture.
     bool showsWagon() { return showsWagon(canvas()); }
     static bool showsWagon(sfCanvas &where)
     {
@@ -108,7 +108,7 @@ const viewer::CameraPose kSide{10, 2, -15, 0, 2, -15};
 
 } // namespace
 
-TEST_F(ViewsTest, TheListShowsAConsistInASideView)
+TEST_F(ViewsTest, ListShowsAConsistInASideView)
 {
     Start();
     Trigger("mnuConsistView");
@@ -119,7 +119,7 @@ TEST_F(ViewsTest, TheListShowsAConsistInASideView)
     ASSERT_TRUE(loaded());
     EXPECT_EQ(Active()->Caption(), "Consist - Coal");
     EXPECT_EQ(Active()->Mode(), 2);
-    EXPECT_EQ(window->winId(), before) << "the main window is not made anew";
+    EXPECT_EQ(window->winId(), before) << "the main window is not recreated";
     EXPECT_TRUE(window->isActiveWindow());
     EXPECT_EQ(Status(), "Done");
     EXPECT_EQ(scene().Models.Count(), 2);
@@ -128,7 +128,7 @@ TEST_F(ViewsTest, TheListShowsAConsistInASideView)
     EXPECT_EQ(pane().hscView->value(), 15);
     EXPECT_EQ(pane().vscView->value(), 2);
     EXPECT_EQ(dialogs.Log(), "");
-    pane().hscView->setValue(10); // the middle of the 20 metres at the end
+    pane().hscView->setValue(10); // the middle of the 20-metre wagon
     EXPECT_TRUE(Wait([this] { return showsWagon(); }));
     EXPECT_FALSE(Find<QAction>(*window, "mnuViewFilter").isEnabled());
     EXPECT_TRUE(Find<QAction>(*window, "mnuViewReset").isEnabled());
@@ -140,7 +140,7 @@ TEST_F(ViewsTest, MouseWheelAndKeysMoveTheCamera)
     QTest::mouseMove(&canvas(), {50, 50});
     expectNear(camera(), kSide, "no button");
     drag(Qt::LeftButton, {314, 0});
-    EXPECT_NEAR(camera().CamZ, -5, 0.02) << "a quarter round";
+    EXPECT_NEAR(camera().CamZ, -5, 0.02) << "a quarter turn";
     EXPECT_EQ(Status(), "Move(314,0)");
     Trigger("mnuViewReset");
     expectNear(camera(), kSide, "reset");
@@ -169,13 +169,13 @@ TEST_F(ViewsTest, MouseWheelAndKeysMoveTheCamera)
     EXPECT_EQ(pane().vscView->value(), 2);
 }
 
-TEST_F(ViewsTest, ADragOverTheTargetGoesOnAsItBegan)
+TEST_F(ViewsTest, DragOverTheTargetKeepsItsDirection)
 {
     viewCoal();
     const QPoint from(100, 200);
     QPoint at = from;
     QTest::mousePress(&canvas(), Qt::LeftButton, {}, at);
-    for (int i = 0; i < 157; ++i) { // a hand is not steady
+    for (int i = 0; i < 157; ++i) { // hands are unsteady
         at += QPoint(i % 2 ? 1 : -1, -1);
         QMouseEvent move(QEvent::MouseMove, QPointF(at), canvas().mapToGlobal(QPointF(at)),
                          Qt::NoButton, Qt::LeftButton, {});
@@ -189,7 +189,7 @@ TEST_F(ViewsTest, ADragOverTheTargetGoesOnAsItBegan)
     EXPECT_LT(camera().CamZ, -20) << "from above, the next drag swings it along the train";
 }
 
-TEST_F(ViewsTest, ATurnedViewKeepsItsDistance)
+TEST_F(ViewsTest, TurnedViewKeepsItsDistance)
 {
     viewCoal();
     drag(Qt::LeftButton, {314, 0});
@@ -203,7 +203,7 @@ TEST_F(ViewsTest, ATurnedViewKeepsItsDistance)
     drag(Qt::LeftButton, {1, 0});
     for (int i = 0; i < 10; ++i)
         drag(Qt::RightButton, {1, 0});
-    EXPECT_NEAR(camera().LookAtZ, -25, 0.01) << "ten steps of a metre";
+    EXPECT_NEAR(camera().LookAtZ, -25, 0.01) << "ten steps of one metre";
     EXPECT_NEAR(camera().LookAtX, -0.05, 0.01);
 }
 
@@ -223,10 +223,10 @@ TEST_F(ViewsTest, ScrollBarsMoveTheCameraAndFollowIt)
     EXPECT_EQ(pane().vscView->value(), 3);
     EXPECT_NEAR(camera().CamY, 3.3f, 1e-4) << "the bar rounds, the camera does not";
     drag(Qt::RightButton, {0, -1000});
-    EXPECT_EQ(pane().vscView->value(), 3) << "below the bar's range it stays";
+    EXPECT_EQ(pane().vscView->value(), 3) << "below its range the bar stays";
 }
 
-TEST_F(ViewsTest, ThePictureComesBackAfterHidingAndResizing)
+TEST_F(ViewsTest, RestoresThePictureAfterHidingAndResizing)
 {
     viewCoal();
     pane().hscView->setValue(10);
@@ -274,7 +274,7 @@ TEST_F(ViewsTest, SavingWritesNumberedPictures)
     EXPECT_EQ(Status(), "The picture was not saved.");
 }
 
-TEST_F(ViewsTest, ThePathOfASavedPictureStaysInTheWindow)
+TEST_F(ViewsTest, PathOfASavedPictureStaysVisible)
 {
     viewCoal();
     const QSize before = canvas().size();
@@ -316,7 +316,7 @@ TEST_F(ViewsTest, ThePathOfASavedPictureStaysInTheWindow)
     EXPECT_TRUE(canvas().hasFocus());
 }
 
-TEST_F(ViewsTest, TheFolderOfPicturesOpens)
+TEST_F(ViewsTest, OpensTheFolderOfPictures)
 {
     Start();
     Trigger("mnuViewPictures");
@@ -327,7 +327,7 @@ TEST_F(ViewsTest, TheFolderOfPicturesOpens)
                                      " cannot be opened: there is no program for it.\n");
 }
 
-TEST_F(ViewsTest, ThePictureIsPrinted)
+TEST_F(ViewsTest, PrintsThePicture)
 {
     viewCoal();
     printers.file = game.At("view.pdf");
@@ -341,7 +341,7 @@ TEST_F(ViewsTest, ThePictureIsPrinted)
     EXPECT_EQ(dialogs.TakeLog(), "");
 }
 
-TEST_F(ViewsTest, FilesOfEachKindOpenInTheirWindow)
+TEST_F(ViewsTest, FilesOfEachKindOpenInTheRightWindow)
 {
     Start();
     const std::string folder = game.At("Trains/Trainset/Boxcars/");
@@ -383,13 +383,13 @@ TEST_F(ViewsTest, LooseConsistsOpenOneAfterTheOther)
         dialogs.AnswerInput(answer);
         window->OpenFile(file);
         EXPECT_TRUE(Wait([&] { return window->Documents().size() >= windows; }));
-        QTest::qWait(600); // no further one follows
+        QTest::qWait(600); // there are no more
         std::string captions;
         for (frmDocument *document : window->Documents())
             captions += document->Caption() + "\n";
         return captions;
     };
-    Start("none.w"); // no list window to begin with
+    Start("none.w"); // without a list window
     dialogs.TakeLog();
     const auto caption = [&](int number) {
         return "Loose Consist " + std::to_string(number) + " from " + file + "\n";
@@ -404,10 +404,10 @@ TEST_F(ViewsTest, LooseConsistsOpenOneAfterTheOther)
     Trigger("mnuViewRefresh");
     ASSERT_TRUE(loaded());
     EXPECT_EQ(scene().Models.Count(), 1) << "the train outlives its file";
-    EXPECT_EQ(Active()->Caption() + "\n", caption(3)) << "and the window its caption";
+    EXPECT_EQ(Active()->Caption() + "\n", caption(3)) << "and the window keeps its caption";
 }
 
-TEST_F(ViewsTest, AnEditorShowsItsConsistSavedOrNot)
+TEST_F(ViewsTest, EditorShowsItsConsistSavedOrNot)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -438,14 +438,14 @@ TEST_F(ViewsTest, AnEditorShowsItsConsistSavedOrNot)
     Find<QAbstractButton>(editor, "cmdMove5").click();
     EXPECT_EQ(editor.Caption(), "Consist - Coal") << "the copy's name stays in the copy";
     std::filesystem::remove(scratch);
-    dialogs.Answer(DialogAnswer::Yes); // and this is the question about overwriting
+    dialogs.Answer(DialogAnswer::Yes); // the question about overwriting
     dialogs.Answer(DialogAnswer::Yes);
     editor.ActionClick(3);
     EXPECT_FALSE(editor.Changed());
     EXPECT_EQ(Active()->FileName(), ConsistFile("Coal"));
 }
 
-TEST_F(ViewsTest, AnEditorShowsTheSelectedStock)
+TEST_F(ViewsTest, EditorShowsTheSelectedStock)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -470,7 +470,7 @@ TEST_F(ViewsTest, AnEditorShowsTheSelectedStock)
     editor.AllowUnload();
 }
 
-TEST_F(ViewsTest, PropertiesTellWhatIsShown)
+TEST_F(ViewsTest, PropertiesListWhatIsShown)
 {
     Start();
     Trigger("mnuFileProperties");
@@ -502,7 +502,7 @@ TEST_F(ViewsTest, PropertiesTellWhatIsShown)
     reports.back()->close();
 }
 
-TEST_F(ViewsTest, WhatCannotBeShownIsToldAndTheRestGoesOn)
+TEST_F(ViewsTest, ReportsWhatCannotBeShownAndShowsTheRest)
 {
     Start();
     WriteConsist("Gappy", {"box", "gone", "holed", "box"});
@@ -519,7 +519,7 @@ TEST_F(ViewsTest, WhatCannotBeShownIsToldAndTheRestGoesOn)
         "critical|LoadShape|" + host::path::Join(game.Path(), "Trains/Trainset/Boxcars/gone.wag") +
             " does not exist!\ncritical|LoadShape|" +
             host::path::Join(game.Path(), "Trains/Trainset/Boxcars/gone.s") + " does not exist!\n");
-    EXPECT_FLOAT_EQ(scene().Models.Item(2).Z(), -27) << "behind a gap of 12 metres";
+    EXPECT_FLOAT_EQ(scene().Models.Item(2).Z(), -27) << "after a gap of 12 metres";
     EXPECT_EQ(pane().hscView->maximum(), 32);
     std::filesystem::remove(stockFile("Boxcars/side.dds"));
     files.Refresh();
@@ -528,7 +528,7 @@ TEST_F(ViewsTest, WhatCannotBeShownIsToldAndTheRestGoesOn)
     EXPECT_EQ(Status(), "Done. Texture side.dds is missing");
 }
 
-TEST_F(ViewsTest, ATrainThatIsTooLongForTheScrollBarIsTold)
+TEST_F(ViewsTest, ReportsATrainTooLongForTheScrollBar)
 {
     writeStock("Boxcars/hopper.wag", "Wagon", 70000, "box.s");
     viewCoal();
@@ -540,7 +540,7 @@ TEST_F(ViewsTest, ATrainThatIsTooLongForTheScrollBarIsTold)
     expectNear(camera(), {10, 2, -35005, 0, 2, -35005}, "its middle");
 }
 
-TEST_F(ViewsTest, TwoWindowsShareWhatTheyShowAndOneMayClose)
+TEST_F(ViewsTest, WindowsShareModelsAndEitherMayClose)
 {
     viewCoal();
     frmDocument &first = *Active();
@@ -560,7 +560,7 @@ TEST_F(ViewsTest, TwoWindowsShareWhatTheyShowAndOneMayClose)
     EXPECT_EQ(scene().Models.Count(), 2);
 }
 
-TEST_F(ViewsTest, TheWindowAnswersInTheMiddleOfALayout)
+TEST_F(ViewsTest, WindowRespondsDuringALayout)
 {
     WriteConsist("Long", std::vector<std::string>(2000, "box"));
     Start();
@@ -585,7 +585,7 @@ TEST_F(ViewsTest, TheWindowAnswersInTheMiddleOfALayout)
     expectNear(camera(), {10, 2, 0, 0, 2, 0}, "reset");
     EXPECT_TRUE(pane().Loading());
     WriteConsist("Long", {"hopper"});
-    Trigger("mnuViewRefresh"); // begins anew, with another train
+    Trigger("mnuViewRefresh"); // starts again, with another train
     drag(Qt::LeftButton, {157, 0});
     const viewer::CameraPose turned = camera();
     ASSERT_TRUE(loaded());
@@ -594,7 +594,7 @@ TEST_F(ViewsTest, TheWindowAnswersInTheMiddleOfALayout)
     EXPECT_EQ(scene().Models.Count(), 1);
     EXPECT_EQ(pane().hscView->maximum(), 20);
     Trigger("mnuViewRefresh");
-    EXPECT_EQ(pane().hscView->maximum(), 0) << "nothing is left of the last train";
+    EXPECT_EQ(pane().hscView->maximum(), 0) << "nothing of the last train is left";
     EXPECT_EQ(dialogs.TakeLog(), "");
 }
 
@@ -612,9 +612,9 @@ TEST_F(ViewsTest, EscStopsALongLoading)
     EXPECT_EQ(Status(), "Stopped after " + std::to_string(there) + " of 3000 vehicles");
 }
 
-TEST_F(ViewsTest, ClosingLetsGoOfEverything)
+TEST_F(ViewsTest, ClosingReleasesEverything)
 {
-    host::AppendTraceLine("test"); // on Windows the log is that of the machine
+    host::AppendTraceLine("test"); // on Windows all programs share the log
     const auto traceBegin = std::filesystem::file_size(host::TraceLogFile());
     viewCoal();
     frmDocument &coal = *Active();
@@ -623,8 +623,8 @@ TEST_F(ViewsTest, ClosingLetsGoOfEverything)
     WriteConsist("Long", std::vector<std::string>(2000, "box"));
     window->OpenDocumentWindow(ConsistFile("Long"), 2, "Long", {});
     ASSERT_TRUE(Wait([this] { return scene().Models.Count() > 3; }));
-    Active()->close(); // in the middle
-    coal.LoadForm();   // a second scene in the place of the first
+    Active()->close(); // in the middle of loading
+    coal.LoadForm();   // a second scene replaces the first
     auto &shown = *coal.findChild<ViewerPane *>();
     ASSERT_TRUE(Wait([&shown] { return !shown.Loading(); }));
     EXPECT_EQ(shown.View()->Models.Count(), 2);
@@ -632,7 +632,7 @@ TEST_F(ViewsTest, ClosingLetsGoOfEverything)
     EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
     std::ifstream log(host::TraceLogFile());
     log.seekg(static_cast<std::streamoff>(traceBegin));
-    std::set<std::string> alive; // kinds and addresses
+    std::set<std::string> alive; // types and addresses of the objects
     std::size_t created = 0;
     for (std::string line; std::getline(log, line);) {
         const std::string who = line.size() > 11 ? line.substr(11) : "";

@@ -15,17 +15,18 @@ QRect read(const std::string &left, const std::string &width)
 
 } // namespace
 
-TEST(WindowBoundsTest, MissingAndUselessSettingsTakeTheirDefaults)
+TEST(WindowBoundsTest, MissingAndInvalidSettingsGiveDefaults)
 {
     MemorySettings none;
     EXPECT_EQ(app::ReadMainBounds(none), QRect(67, 67, 433, 433));
     EXPECT_EQ(read("150", "3000"), QRect(10, 67, 200, 433));
     EXPECT_EQ(read("here", "3000"), QRect(67, 67, 200, 433));
     EXPECT_EQ(read("", "nan"), QRect(67, 67, 433, 433));
-    EXPECT_EQ(read("-1e30", "150"), QRect(-66667, 67, 10, 433)) << "kept within numbers";
+    EXPECT_EQ(read("-1e30", "150"), QRect(-66667, 67, 10, 433))
+        << "limited to the range of the numbers";
 }
 
-TEST(WindowBoundsTest, WhatIsWrittenIsReadBack)
+TEST(WindowBoundsTest, WrittenBoundsAreReadBack)
 {
     MemorySettings settings;
     const QRect bounds(-120, 33, 777, 555);
@@ -34,7 +35,7 @@ TEST(WindowBoundsTest, WhatIsWrittenIsReadBack)
     EXPECT_EQ(app::ReadMainBounds(settings), bounds);
 }
 
-TEST(WindowSettingsTest, AreReadBackAndUselessOnesTakeTheirDefaults)
+TEST(WindowSettingsTest, AreReadBackAndInvalidOnesGiveDefaults)
 {
     MemorySettings settings;
     app::WindowSettings windows;
@@ -62,7 +63,7 @@ TEST(WindowSettingsTest, AreReadBackAndUselessOnesTakeTheirDefaults)
     EXPECT_EQ(none.editors.stockOrder.column, -1);
 }
 
-TEST(WindowBoundsTest, WindowsComeBackOntoAScreen)
+TEST(WindowBoundsTest, MovesWindowsBackOntoAScreen)
 {
     const QList<QRect> screens = {QRect(0, 0, 1280, 770), QRect(1280, 0, 800, 600)};
     const struct
@@ -71,8 +72,8 @@ TEST(WindowBoundsTest, WindowsComeBackOntoAScreen)
         QRect bounds, expected;
     } rows[] = {
         {"inside", {100, 100, 500, 400}, {100, 100, 500, 400}},
-        {"partly outside, title in reach", {1100, 500, 500, 400}, {1100, 500, 500, 400}},
-        {"left of all", {-3000, 100, 500, 400}, {0, 100, 500, 400}},
+        {"partly outside, title reachable", {1100, 500, 500, 400}, {1100, 500, 500, 400}},
+        {"left of all screens", {-3000, 100, 500, 400}, {0, 100, 500, 400}},
         {"below", {100, 5000, 500, 400}, {100, 370, 500, 400}},
         {"title above the top", {100, -200, 500, 400}, {100, 0, 500, 400}},
         {"beyond the second screen", {5000, 50, 500, 400}, {1580, 50, 500, 400}},

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Which document window is in front, how they are arranged, and what the next run knows of them.
+// Tests which document window is in front, the arrangement of windows, and what the next run
+// remembers.
 #include "GuiTest.h"
 
 #include "ui/widgets/ListView.h"
@@ -25,8 +26,8 @@ protected:
     }
     QMdiArea &area() const { return Find<QMdiArea>(*window, "mdiArea"); }
     void activate(frmDocument &document) { area().setActiveSubWindow(&document); }
-    /// The files of the windows that were active while a question was shown, a line each; "hidden"
-    /// for a window that could not be seen.
+    /// Records the file of the active window at each question, one per line, or "hidden" if that
+    /// window is not visible.
     void noteQuestions()
     {
         dialogs.onShown = [this] {
@@ -36,7 +37,7 @@ protected:
         };
     }
     QRect areaRect() const { return QRect(QPoint(), area().maximumViewportSize()); }
-    /// How many pixels of a window no window in front of it covers.
+    /// Returns the number of pixels of a window that no window in front of it covers.
     int seenOf(const frmDocument &document) const
     {
         QRegion seen = document.geometry();
@@ -57,7 +58,7 @@ protected:
 
 } // namespace
 
-TEST_F(WindowsTest, TheWindowInQuestionIsInFrontWhenTheUserIsAsked)
+TEST_F(WindowsTest, ActivatesTheAffectedWindowBeforeAsking)
 {
     Start();
     frmDocument &list = *Active(), &coal = openChanged("Coal");
@@ -97,7 +98,7 @@ TEST_F(WindowsTest, CloseAllAsksForEachChangedWindowAndStopsAtCancel)
     EXPECT_FALSE(Find<QAction>(*window, "mnuWindowCloseAll").isEnabled());
 }
 
-TEST_F(WindowsTest, ClosingAWindowLeadsBackToTheOneUsedBefore)
+TEST_F(WindowsTest, ClosingAWindowActivatesTheOneUsedBefore)
 {
     Start();
     frmDocument &list = *Active(), &coal = OpenEditor("Coal"), &north = OpenEditor("Freight North");
@@ -117,7 +118,7 @@ TEST_F(WindowsTest, ClosingAWindowLeadsBackToTheOneUsedBefore)
     EXPECT_EQ(Active(), &list) << "not a minimised one";
 }
 
-TEST_F(WindowsTest, MinimisedWindowsAreTheLastToComeToTheFront)
+TEST_F(WindowsTest, MinimisedWindowsAreActivatedLast)
 {
     Start();
     frmDocument &list = *Active(), &coal = OpenEditor("Coal"), &north = OpenEditor("Freight North");
@@ -148,7 +149,8 @@ TEST_F(WindowsTest, CtrlTabFollowsTheOrderOfUse)
     ctrlTab(2);
     EXPECT_EQ(Active()->Caption(), north.Caption());
     ctrlTab(1);
-    EXPECT_EQ(Active()->Caption(), list.Caption()) << "the one passed on the way was not used";
+    EXPECT_EQ(Active()->Caption(), list.Caption())
+        << "a window passed by Ctrl+Tab does not count as used";
 }
 
 TEST_F(WindowsTest, ArrangedWindowsStayUsable)
@@ -169,7 +171,7 @@ TEST_F(WindowsTest, ArrangedWindowsStayUsable)
                 EXPECT_GE(document->width(), areaRect().width() * 2 / 3);
                 EXPECT_GE(document->height(), areaRect().height() * 2 / 3);
                 EXPECT_TRUE(areaRect().contains(document->geometry()));
-                EXPECT_GT(seenOf(*document), 20 * 20) << "something to click on";
+                EXPECT_GT(seenOf(*document), 20 * 20) << "something to click";
             }
             for (const char *command : {"mnuWindowTileHorizontal", "mnuWindowTileVertical"}) {
                 Trigger(command);
@@ -184,7 +186,7 @@ TEST_F(WindowsTest, ArrangedWindowsStayUsable)
     }
 }
 
-TEST_F(WindowsTest, AMaximisedMainWindowComesBackMaximised)
+TEST_F(WindowsTest, MaximisedMainWindowIsRestoredMaximised)
 {
     Start();
     const QRect normal(window->pos(), window->size());
@@ -192,7 +194,7 @@ TEST_F(WindowsTest, AMaximisedMainWindowComesBackMaximised)
     ASSERT_TRUE(Wait([this] { return window->isMaximized(); }));
     window->close();
     EXPECT_EQ(settings.values["MainWidth"], std::to_string(window->width() * 15))
-        << "the maximised bounds, as ever";
+        << "the maximised bounds, as before";
     StartOnly();
     EXPECT_TRUE(window->isMaximized());
     window->showNormal();
@@ -203,7 +205,7 @@ TEST_F(WindowsTest, AMaximisedMainWindowComesBackMaximised)
     EXPECT_EQ(window->size(), normal.size());
 }
 
-TEST_F(WindowsTest, WidthsAndSortingOfTheEditorsListsAreRemembered)
+TEST_F(WindowsTest, RemembersWidthsAndSortingOfTheEditorsLists)
 {
     Start();
     OpenEditor("Coal");
@@ -228,5 +230,5 @@ TEST_F(WindowsTest, WidthsAndSortingOfTheEditorsListsAreRemembered)
     Q_EMIT Find<ListView>(*Active(), "lvStock").header()->sectionClicked(1);
     EXPECT_EQ(Find<ListView>(*Active(), "lvStock").model()->index(0, 1).data(),
               QStringLiteral("Boxcars"))
-        << "a click turns the remembered order round";
+        << "a click reverses the remembered order";
 }

@@ -25,8 +25,8 @@ protected:
     ListView &train() { return Find<ListView>(*Active(), "lvConsist"); }
     ListView &stock() { return Find<ListView>(*Active(), "lvStock"); }
     QAbstractButton &button(const char *name) { return Find<QAbstractButton>(*Active(), name); }
-    /// The shapes of the train as the list shows them, "*" after flipped ones, and "<" behind the
-    /// selected one.
+    /// Returns the shapes of the train as the list shows them, with "*" after flipped ones and "<"
+    /// after the selected one.
     std::string shown()
     {
         std::string text;
@@ -48,7 +48,7 @@ const std::string kLost =
 
 } // namespace
 
-TEST_F(frmDocumentTest, FilterLimitsTheListAndShowsInItsCaption)
+TEST_F(frmDocumentTest, FilterShortensTheListAndAppearsInItsCaption)
 {
     Start();
     dialogs.AnswerInput("gp");
@@ -95,7 +95,7 @@ TEST_F(frmDocumentTest, EditCommandAndDoubleClickOpenTheSelectedConsist)
     EXPECT_EQ(Active()->Caption(), "Consist - GP38 Local");
 }
 
-TEST_F(frmDocumentTest, RightButtonPopsUpTheMenuOfTheList)
+TEST_F(frmDocumentTest, RightButtonOpensTheMenuOfTheList)
 {
     Start();
     const auto popsUp = [this](ListView &where, const char *name) {
@@ -112,7 +112,7 @@ TEST_F(frmDocumentTest, RightButtonPopsUpTheMenuOfTheList)
     popsUp(stock(), "mnuStock");
 }
 
-TEST_F(frmDocumentTest, AnEditorShowsConsistAndStock)
+TEST_F(frmDocumentTest, EditorShowsConsistAndStock)
 {
     Start();
     OpenEditor("Coal");
@@ -180,11 +180,11 @@ TEST_F(frmDocumentTest, ButtonsAndKeysEditTheTrain)
     }
     EXPECT_EQ(Active()->Caption(), "Consist - GP38 Local");
     EXPECT_EQ(dialogs.Log(), "");
-    EXPECT_EQ(ShapesIn(ConsistFile("GP38 Local")), "box hopper Oil") << "the file is as it was";
+    EXPECT_EQ(ShapesIn(ConsistFile("GP38 Local")), "box hopper Oil") << "the file is unchanged";
     Active()->AllowUnload();
 }
 
-TEST_F(frmDocumentTest, TheSelectedItemIsThatOfTheListLastEntered)
+TEST_F(frmDocumentTest, SelectedItemIsThatOfTheLastActiveList)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -220,7 +220,7 @@ TEST_F(frmDocumentTest, ApplySavesAndOkSavesAndCloses)
     EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
 }
 
-TEST_F(frmDocumentTest, AFailedSaveIsToldAndLosesNothing)
+TEST_F(frmDocumentTest, FailedSaveIsReportedAndLosesNothing)
 {
     Start();
     OpenEditor("Coal");
@@ -235,7 +235,7 @@ TEST_F(frmDocumentTest, AFailedSaveIsToldAndLosesNothing)
     EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "box hopper");
 }
 
-TEST_F(frmDocumentTest, CloseAsksTheRightQuestionOnEveryRoad)
+TEST_F(frmDocumentTest, CloseAsksBeforeDroppingChanges)
 {
     struct Road
     {
@@ -267,7 +267,7 @@ TEST_F(frmDocumentTest, CloseAsksTheRightQuestionOnEveryRoad)
         dialogs.Answer(DialogAnswer::Cancel); // but do not overwrite
         road.close();
         EXPECT_NE(dialogs.TakeLog().find("cancelled by user!"), std::string::npos);
-        ASSERT_EQ(window->Documents().size(), 2u) << "what was not saved stays open";
+        ASSERT_EQ(window->Documents().size(), 2u) << "an unsaved consist stays open";
         EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "box hopper");
 
         dialogs.Answer(DialogAnswer::Yes);
@@ -290,7 +290,7 @@ TEST_F(frmDocumentTest, CloseAsksTheRightQuestionOnEveryRoad)
     }
 }
 
-TEST_F(frmDocumentTest, AnUnchangedConsistClosesWithoutAQuestion)
+TEST_F(frmDocumentTest, UnchangedConsistClosesWithoutAQuestion)
 {
     Start();
     OpenEditor("Coal");
@@ -299,7 +299,7 @@ TEST_F(frmDocumentTest, AnUnchangedConsistClosesWithoutAQuestion)
     EXPECT_EQ(dialogs.Log(), "");
 }
 
-TEST_F(frmDocumentTest, ANewConsistGetsItsNameBySaveAs)
+TEST_F(frmDocumentTest, NewConsistGetsItsNameBySaveAs)
 {
     Start();
     Trigger("mnuFileNewConsist");
@@ -322,7 +322,7 @@ TEST_F(frmDocumentTest, ANewConsistGetsItsNameBySaveAs)
     EXPECT_FALSE(savable());
 }
 
-TEST_F(frmDocumentTest, GivingUpSaveAsKeepsTheName)
+TEST_F(frmDocumentTest, CancelledSaveAsKeepsTheName)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -390,7 +390,7 @@ TEST_F(frmDocumentTest, RefreshAsksBeforeItDropsChanges)
     })) << Status();
 }
 
-TEST_F(frmDocumentTest, AFileThatWentBadOrAwayUnderItsWindowDoesNoHarm)
+TEST_F(frmDocumentTest, SurvivesAFileThatIsDamagedOrRemovedUnderItsWindow)
 {
     Start();
     OpenEditor("Coal");
@@ -410,13 +410,13 @@ TEST_F(frmDocumentTest, AFileThatWentBadOrAwayUnderItsWindowDoesNoHarm)
     std::filesystem::remove(file);
     dialogs.TakeLog();
     Trigger("mnuViewRefresh");
-    EXPECT_EQ(shown(), units) << "the only copy that is left";
+    EXPECT_EQ(shown(), units) << "the only remaining copy";
     EXPECT_EQ(dialogs.Log(), "");
     EXPECT_TRUE(savable());
     Active()->AllowUnload();
 }
 
-TEST_F(frmDocumentTest, AnInstallationThatVanishesLeavesEmptyLists)
+TEST_F(frmDocumentTest, VanishedInstallationLeavesEmptyLists)
 {
     Start();
     frmDocument &editor = OpenEditor("Coal");
@@ -431,9 +431,9 @@ TEST_F(frmDocumentTest, AnInstallationThatVanishesLeavesEmptyLists)
     EXPECT_EQ(Find<ListView>(*window->Documents().front(), "lvConsists").model()->rowCount(), 0);
 }
 
-TEST_F(frmDocumentTest, DraggingStockIsLogged)
+TEST_F(frmDocumentTest, LogsDraggedStock)
 {
-    host::AppendTraceLine("test"); // on Windows the log is that of the machine
+    host::AppendTraceLine("test"); // on Windows all programs share the log
     const std::size_t before = host::GameFiles().ReadFile(host::TraceLogFile()).size();
     Start();
     OpenEditor("Coal");

@@ -43,7 +43,7 @@ TEST_F(frmMainTest, StartsWithAListOfTheInstalledConsists)
     EXPECT_EQ(window->size(), QSize(900, 640));
 }
 
-TEST_F(frmMainTest, AFileOnTheCommandLineOpensInsteadOfTheList)
+TEST_F(frmMainTest, FileOnTheCommandLineOpensInsteadOfTheList)
 {
     Start(ConsistFile("Coal"));
     EXPECT_EQ(captions(), "Consist - " + ConsistFile("Coal") + "\n");
@@ -51,7 +51,7 @@ TEST_F(frmMainTest, AFileOnTheCommandLineOpensInsteadOfTheList)
               "Wagon/Boxcars/box Wagon/Boxcars/hopper");
 }
 
-TEST_F(frmMainTest, AMissingConsistStartsANewOneOfThatName)
+TEST_F(frmMainTest, MissingConsistStartsANewOneOfThatName)
 {
     StartOnly(ConsistFile("New Train"));
     EXPECT_EQ(Active()->FileName(), ConsistFile("New Train"));
@@ -61,7 +61,7 @@ TEST_F(frmMainTest, AMissingConsistStartsANewOneOfThatName)
     EXPECT_FALSE(game.Exists("Trains/Consists/New Train.con"));
 }
 
-TEST_F(frmMainTest, FilesThatCannotBeOpenedAreRefusedInWords)
+TEST_F(frmMainTest, RefusesOtherFilesWithAMessage)
 {
     Start();
     const std::string binary = game.Write("Trains/Consists/bin.con", std::string("\0\1\2\3", 4));
@@ -85,10 +85,10 @@ TEST_F(frmMainTest, FilesThatCannotBeOpenedAreRefusedInWords)
     const std::string log = dialogs.TakeLog();
     EXPECT_EQ(log.rfind("critical|Open File|", 0), 0u) << log;
     EXPECT_NE(log.find(binary), std::string::npos) << log;
-    EXPECT_EQ(captions(), "Consist List 1\n") << "nothing but the list is open";
+    EXPECT_EQ(captions(), "Consist List 1\n") << "only the list is open";
 }
 
-TEST_F(frmMainTest, WindowsAreNumberedByModeAndNumbersAreNotUsedAgain)
+TEST_F(frmMainTest, WindowNumbersCountByModeAndAreNotReused)
 {
     Start();
     Trigger("mnuFileNewConsistList");
@@ -103,7 +103,7 @@ TEST_F(frmMainTest, WindowsAreNumberedByModeAndNumbersAreNotUsedAgain)
     EXPECT_EQ(Active()->Caption(), "Stock Item 1");
 }
 
-TEST_F(frmMainTest, DroppedFilesOpen)
+TEST_F(frmMainTest, OpensDroppedFiles)
 {
     Start();
     QMimeData data;
@@ -118,7 +118,7 @@ TEST_F(frmMainTest, DroppedFilesOpen)
     EXPECT_EQ(Active()->FileName(), host::path::Normalise(ConsistFile("Coal")));
 }
 
-TEST_F(frmMainTest, SettingsAreWrittenAtTheEnd)
+TEST_F(frmMainTest, WritesSettingsAtTheEnd)
 {
     settings.values["MSTSDir"] = " $msts ";
     settings.values["ScreenShotDir"] = "/pictures";
@@ -139,7 +139,7 @@ TEST_F(frmMainTest, SettingsAreWrittenAtTheEnd)
     EXPECT_EQ(settings.values, expected);
 }
 
-TEST_F(frmMainTest, SettingsThatCannotBeWrittenAreToldOnceAndTheProgramEnds)
+TEST_F(frmMainTest, UnwritableSettingsAreReportedOnceAndTheProgramEnds)
 {
     Start();
     settings.readOnly = true;
@@ -151,7 +151,7 @@ TEST_F(frmMainTest, SettingsThatCannotBeWrittenAreToldOnceAndTheProgramEnds)
     EXPECT_EQ(dialogs.TakeLog(), "");
 }
 
-TEST_F(frmMainTest, ClosingAsksForEveryChangedConsistAndCancelKeepsAll)
+TEST_F(frmMainTest, ClosingAsksAboutEveryChangedConsistAndCancelKeepsAll)
 {
     Start();
     for (const char *name : {"Coal", "Freight North"})
@@ -169,7 +169,7 @@ TEST_F(frmMainTest, ClosingAsksForEveryChangedConsistAndCancelKeepsAll)
     dialogs.Answer(host::DialogAnswer::No);
     dialogs.Answer(host::DialogAnswer::No);
     EXPECT_TRUE(window->close());
-    EXPECT_EQ(dialogs.TakeLog(), question + question) << "each is asked once";
+    EXPECT_EQ(dialogs.TakeLog(), question + question) << "each question is asked once";
     EXPECT_TRUE(window->Documents().empty());
 }
 
@@ -195,7 +195,7 @@ TEST_F(frmMainTest, TilingFillsTheAreaAndFollowsItWhenLocked)
     }
 }
 
-TEST_F(frmMainTest, WindowsGrowWithTheRoomUntilSomebodyResizesThem)
+TEST_F(frmMainTest, WindowsGrowWithTheAreaUntilTheUserResizesThem)
 {
     Start();
     window->resize(433, 433);
@@ -214,7 +214,7 @@ TEST_F(frmMainTest, WindowsGrowWithTheRoomUntilSomebodyResizesThem)
     EXPECT_EQ(other.size(), QSize(350, 300));
 }
 
-TEST_F(frmMainTest, MinimisedWindowsStandAtTheBottomBesideTheTiles)
+TEST_F(frmMainTest, MinimisedWindowsAreAtTheBottomBelowTheTiles)
 {
     Start();
     Trigger("mnuWindowNewWindow");

@@ -52,7 +52,7 @@ const std::string kRule(80, '=');
 
 } // namespace
 
-TEST_F(frmResultsTest, ShowsTheTextToReadAndCopy)
+TEST_F(frmResultsTest, ShowsReadOnlyTextToCopy)
 {
     EXPECT_TRUE(form->txtResults->isReadOnly());
     EXPECT_EQ(form->txtResults->toPlainText().toStdString(),
@@ -69,11 +69,11 @@ TEST_F(frmResultsTest, ShowsTheTextToReadAndCopy)
     EXPECT_EQ(Find<QLabel>(*form, "lblSummary").text(), QString());
 }
 
-TEST_F(frmResultsTest, SavingTwiceLeavesTwoFramedReports)
+TEST_F(frmResultsTest, SavingTwiceAppendsTwoFramedReports)
 {
     const std::string file = host::path::Join(folder.Path(), "box.log");
     for (int time = 0; time < 2; ++time) {
-        dialogs.AnswerInput(time == 0 ? file : "box.log"); // a bare name means the same folder
+        dialogs.AnswerInput(time == 0 ? file : "box.log"); // a bare name is in the same folder
         time == 0 ? form->cmdSave->click() : press(Qt::Key_S, Qt::ControlModifier);
         EXPECT_EQ(dialogs.TakeLog(), "input|Save Results|Enter file name:|" + file + "\n");
     }
@@ -84,7 +84,7 @@ TEST_F(frmResultsTest, SavingTwiceLeavesTwoFramedReports)
     EXPECT_EQ(saved, report + report);
 }
 
-TEST_F(frmResultsTest, TheDefaultNameIsTheCaptionFromItsSixteenthCharacterOn)
+TEST_F(frmResultsTest, DefaultNameIsTheCaptionFromItsSixteenthCharacterOn)
 {
     const std::pair<std::string, std::string> rows[] = {
         {"Stock check of Coal", "Coal"},
@@ -109,11 +109,11 @@ TEST_F(frmResultsTest, TheDefaultNameIsTheCaptionFromItsSixteenthCharacterOn)
     EXPECT_NE(log.find('\n' + refusal + folder.At("none/x.log")), std::string::npos) << log;
 }
 
-TEST_F(frmResultsTest, FindGoesRoundTheTextInBothDirections)
+TEST_F(frmResultsTest, FindWrapsAroundInBothDirections)
 {
     press(Qt::Key_F3);
     auto &box = Find<QLineEdit>(*form, "txtFind");
-    ASSERT_TRUE(box.hasFocus()) << "F3 with nothing to look for asks for it";
+    ASSERT_TRUE(box.hasFocus()) << "F3 without a search text opens the find bar";
     QTest::keyClicks(&box, QStringLiteral("BOX"));
     EXPECT_EQ(Find<QLabel>(*form, "lblFound").text(), QStringLiteral("2 found"));
     EXPECT_EQ(selected(), "7 box");
@@ -128,7 +128,7 @@ TEST_F(frmResultsTest, FindGoesRoundTheTextInBothDirections)
     EXPECT_FALSE(Find<QWidget>(*form, "cmdFindNext").isEnabled());
 }
 
-TEST_F(frmResultsTest, EscClosesTheFindBarFirstThenTheWindow)
+TEST_F(frmResultsTest, EscClosesTheFindBarAndThenTheWindow)
 {
     form->txtResults->moveCursor(QTextCursor::EndOfWord, QTextCursor::KeepAnchor);
     press(Qt::Key_F, Qt::ControlModifier);

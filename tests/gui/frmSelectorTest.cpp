@@ -12,7 +12,7 @@
 
 namespace {
 
-/// The entries, "+" before marked ones, joined by "|".
+/// Returns the entries, with "+" before marked ones, joined by "|".
 std::string marks(const QListWidget &list)
 {
     std::string text;
@@ -39,7 +39,7 @@ TEST(frmSelectorTest, ShowsEntriesAndTheDetailOfTheCurrentOne)
     EXPECT_EQ(details, "first|B route|a (b");
 }
 
-TEST(frmSelectorTest, SelectAllAndTheEntriesGoTogether)
+TEST(frmSelectorTest, SelectAllAndTheEntriesFollowEachOther)
 {
     frmSelector selector;
     selector.SelectFrom("A|B|C");
@@ -71,10 +71,11 @@ TEST(frmSelectorTest, ScreenReadersToggleSelectAll)
         EXPECT_EQ(marks(*selector.lvItems), expected);
     }
     selector.lvItems->item(0)->setCheckState(Qt::Checked);
-    EXPECT_EQ(marks(*selector.lvItems), "+A|B") << "the box follows the entries, not they the box";
+    EXPECT_EQ(marks(*selector.lvItems), "+A|B")
+        << "the box follows the entries, but they do not follow the box";
 }
 
-TEST(frmSelectorTest, GivesWhatWasMarkedOnlyWhenItIsAccepted)
+TEST(frmSelectorTest, ReturnsTheMarkedEntriesOnlyIfAccepted)
 {
     const struct
     {

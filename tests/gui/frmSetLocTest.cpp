@@ -39,7 +39,7 @@ protected:
 
 } // namespace
 
-TEST_F(frmSetLocTest, ATypedFolderIsTakenAndTheListsFollow)
+TEST_F(frmSetLocTest, AcceptsATypedFolderAndRefreshesTheLists)
 {
     Start();
     choose([this](frmSetLoc &dialog) {
@@ -53,7 +53,7 @@ TEST_F(frmSetLocTest, ATypedFolderIsTakenAndTheListsFollow)
     EXPECT_EQ(settings.values["MSTSDir"], other.Path());
 }
 
-TEST_F(frmSetLocTest, TheHintFollowsTheTextAndIsReadAloud)
+TEST_F(frmSetLocTest, HintFollowsTheTextAndIsAnnounced)
 {
     other.MakeFolder("routes");
     Start();
@@ -74,7 +74,7 @@ TEST_F(frmSetLocTest, TheHintFollowsTheTextAndIsReadAloud)
     EXPECT_EQ(window->Installation().Override(), other.Path() + "/gone") << "never refused";
 }
 
-TEST_F(frmSetLocTest, BeginsAtHomeWithoutAFolder)
+TEST_F(frmSetLocTest, StartsInTheHomeFolderWithoutALocation)
 {
     m_known.Register("");
     settings.values.erase("MSTSDir");
@@ -98,7 +98,7 @@ TEST_F(frmSetLocTest, CancelChangesNothing)
     EXPECT_EQ(listed(), "Coal Freight North GP38 Local");
 }
 
-TEST_F(frmSetLocTest, TheRegisteredFolderClearsTheChoice)
+TEST_F(frmSetLocTest, RegisteredFolderClearsTheChoice)
 {
     settings.values["MSTSDir"] = other.Path();
     Start();
@@ -112,7 +112,7 @@ TEST_F(frmSetLocTest, TheRegisteredFolderClearsTheChoice)
     EXPECT_EQ(listed(), "Coal Freight North GP38 Local");
 }
 
-TEST_F(frmSetLocTest, TheTreeShowsTheFolderAndFillsTheBox)
+TEST_F(frmSetLocTest, TreeShowsTheFolderAndFillsTheBox)
 {
     frmSetLoc dialog(files);
     EXPECT_TRUE(dialog.Cancelled);

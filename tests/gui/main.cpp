@@ -7,7 +7,7 @@
 
 namespace {
 
-/// No test may leave a window on the screen for the next one.
+/// Checks that no test leaves a window on the screen.
 class NoWindowLeft : public testing::EmptyTestEventListener
 {
     void OnTestEnd(const testing::TestInfo &) override

@@ -25,7 +25,7 @@ class AheadShapes : public testing::TestWithParam<Shape>
 {
 };
 
-TEST_P(AheadShapes, HandsResultsOverInOrder)
+TEST_P(AheadShapes, DeliversResultsInOrder)
 {
     const Shape &shape = GetParam();
     host::Ahead<std::size_t> ahead(
@@ -46,7 +46,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Shape{"window of one", 200, 7, 1}, Shape{"no window", 200, 2, 0},
                     Shape{"no workers", 20, 0, 16}, Shape{"more workers than jobs", 2, 50, 16}));
 
-TEST(AheadTest, RunsNoFurtherAheadThanTheWindow)
+TEST(AheadTest, StaysWithinTheWindow)
 {
     constexpr std::size_t kWindow = 3;
     std::atomic<std::size_t> taken = 0, furthest = 0;
@@ -63,7 +63,8 @@ TEST(AheadTest, RunsNoFurtherAheadThanTheWindow)
     while (ahead.Take())
         ++taken;
     EXPECT_EQ(taken, 300u);
-    // One more than the window: Take makes room before the test counts what it took.
+    // The difference may be one more than the window: Take makes room before the test counts the
+    // result.
     EXPECT_LE(furthest, kWindow);
 }
 
@@ -83,7 +84,7 @@ TEST(AheadTest, TryTakeDoesNotWaitForARunningJob)
     EXPECT_EQ(ahead.Take(), 7);
 }
 
-TEST(AheadTest, StopLetsTheRunningJobEndAndStartsNoMore)
+TEST(AheadTest, StopFinishesTheRunningJobAndStartsNoMore)
 {
     std::promise<void> started, mayEnd;
     std::atomic<int> begun = 0, ended = 0;
@@ -102,7 +103,7 @@ TEST(AheadTest, StopLetsTheRunningJobEndAndStartsNoMore)
     started.get_future().wait();
     EXPECT_TRUE(ahead.Take());
     std::jthread stopper([&] { ahead.Stop(); });
-    while (ahead.Take()) // the tenth is never ready: this ends when the stop is known
+    while (ahead.Take()) // the tenth is never ready: Take returns once it sees the stop
         continue;
     mayEnd.set_value();
     stopper.join();
@@ -111,7 +112,7 @@ TEST(AheadTest, StopLetsTheRunningJobEndAndStartsNoMore)
     EXPECT_EQ(ahead.Take(), std::nullopt);
 }
 
-TEST(AheadTest, GoesAwayWhileWorkersWaitForRoom)
+TEST(AheadTest, CanBeDestroyedWhileWorkersWaitForRoom)
 {
     for (int round = 0; round < 50; ++round) {
         host::Ahead<std::unique_ptr<int>> ahead(
@@ -122,7 +123,7 @@ TEST(AheadTest, GoesAwayWhileWorkersWaitForRoom)
     }
 }
 
-TEST(AheadTest, TakeForGivesUpAfterATime)
+TEST(AheadTest, TakeForReturnsAfterItsTimeout)
 {
     std::promise<void> mayEnd;
     host::Ahead<int> ahead(

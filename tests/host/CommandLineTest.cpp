@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(CommandLineTest, OnlyTheProgramNameIsTakenOffAWindowsLine)
+TEST(CommandLineTest, RemovesOnlyTheProgramNameFromAWindowsCommandLine)
 {
     const struct
     {
@@ -26,7 +26,7 @@ TEST(CommandLineTest, OnlyTheProgramNameIsTakenOffAWindowsLine)
         EXPECT_EQ(host::AfterProgramName(line), rest) << line;
 }
 
-TEST(CommandLineTest, OuterQuotesGoOnlyFromASingleQuotedPath)
+TEST(CommandLineTest, RemovesOuterQuotesOnlyFromASingleQuotedPath)
 {
     const struct
     {

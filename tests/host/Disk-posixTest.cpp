@@ -24,7 +24,7 @@ using Names = std::vector<std::string>;
 
 namespace {
 
-/// No file may grow beyond so many bytes: a write fails in the middle.
+/// Limits the size of files, so that a write fails in the middle.
 class FileSizeLimit
 {
 public:
@@ -70,7 +70,7 @@ protected:
     host::GameFiles files;
 };
 
-TEST_F(DiskTest, FoldersThatDifferInCaseAreOne)
+TEST_F(DiskTest, MergesFoldersThatDifferOnlyInCase)
 {
     folder.Write("Set/Sound/a.sms");
     folder.Write("Set/SOUND/b.sms", "upper");
@@ -90,7 +90,7 @@ TEST_F(DiskTest, FoldersThatDifferInCaseAreOne)
     EXPECT_EQ(files.TargetOf(folder.At("Set/Sound/n.sms")), folder.At("Set/Sound/n.sms"));
 }
 
-TEST_F(DiskTest, NamesThatAreNoUtf8AreWindows1252)
+TEST_F(DiskTest, ReadsNamesThatAreNotUtf8AsWindows1252)
 {
     EXPECT_EQ(host::path::FromDisk(host::path::ToDisk("/x/\xE4.eng")), "/x/\xE4.eng");
     folder.Write("K\xF6ln/G\xFCter.con", "x");
@@ -105,7 +105,7 @@ TEST_F(DiskTest, NamesThatAreNoUtf8AreWindows1252)
     EXPECT_EQ(folder.Names("K\xF6ln"), Names{});
 }
 
-TEST_F(DiskTest, BytesOfTheDiskBecomeTheTextThatFindsThem)
+TEST_F(DiskTest, TextOfADiskNameFindsItAgain)
 {
     const auto textOf = [&](const std::string &name) {
         return files.TextOf(folder.At(name)).substr(folder.Path().size() + 1);
@@ -117,7 +117,7 @@ TEST_F(DiskTest, BytesOfTheDiskBecomeTheTextThatFindsThem)
     EXPECT_EQ(files.TextOf("K\xF6ln\\Z\xC3\xBC"), "Köln\\Zü");
     EXPECT_EQ(files.TextOf(""), "");
 
-    // Two files that look alike stay two.
+    // Two files whose names look alike stay separate.
     folder.Write("K\xF6ln/Züge/Güter.con", "utf-8");
     const std::string bytes = textOf("K\xF6ln/Züge/G\xFCter.con");
     EXPECT_EQ(bytes, "K\xF6ln/Züge/G\xFCter.con");
@@ -127,7 +127,7 @@ TEST_F(DiskTest, BytesOfTheDiskBecomeTheTextThatFindsThem)
     EXPECT_EQ(folder.Read("K\xF6ln/Züge/Güter.con"), "utf-8");
 }
 
-TEST_F(DiskTest, LinksAreWhatTheyLeadTo)
+TEST_F(DiskTest, TreatsLinksAsTheirTargets)
 {
     folder.Write("Real/a.con", "a");
     fs::create_directory_symlink("Real", folder.At("Link"));
@@ -141,7 +141,7 @@ TEST_F(DiskTest, LinksAreWhatTheyLeadTo)
     EXPECT_FALSE(files.FileExists(folder.At("link/LOOP")));
     EXPECT_EQ(errorNumber([&] { files.WriteFile(folder.At("Real/loop"), "x"); }), 75);
 
-    // The target comes into being without any change to the folder of the link.
+    // Creating the target does not change the folder of the link.
     fs::create_symlink("../Other/x.con", folder.At("Real/d.con"));
     EXPECT_FALSE(files.FileExists(folder.At("real/D.con")));
     folder.Write("Other/x.con");
@@ -168,7 +168,7 @@ TEST_F(DiskTest, WritingFollowsLinks)
 TEST_F(DiskTest, WritingKeepsOwnerAndPermissions)
 {
     const std::string old = folder.Write("old.con", "old");
-    const bool given = chown(old.c_str(), 65534, 65534) == 0; // the administrator's, else one's own
+    const bool given = chown(old.c_str(), 65534, 65534) == 0; // only root may
     files.WriteFile(old, "new");
     struct stat status = {};
     ASSERT_EQ(stat(old.c_str(), &status), 0);
@@ -184,7 +184,7 @@ TEST_F(DiskTest, WritingKeepsOwnerAndPermissions)
     EXPECT_EQ(modeOf(folder.At("new.con")), 0640u);
 }
 
-TEST_F(DiskTest, ReadOnlyFilesAreRefusedAlsoForTheAdministrator)
+TEST_F(DiskTest, RefusesReadOnlyFilesAlsoForRoot)
 {
     const std::string file = folder.Write("a.con", "old");
     ASSERT_EQ(chmod(file.c_str(), 0444), 0);
@@ -194,7 +194,7 @@ TEST_F(DiskTest, ReadOnlyFilesAreRefusedAlsoForTheAdministrator)
     EXPECT_EQ(folder.Names(), Names{"a.con"});
 }
 
-TEST_F(DiskTest, FailedWritesLeaveEverythingAsItWas)
+TEST_F(DiskTest, FailedWritesChangeNothing)
 {
     const std::string file = folder.Write("a.con", "old");
     {
@@ -209,7 +209,7 @@ TEST_F(DiskTest, FailedWritesLeaveEverythingAsItWas)
     EXPECT_EQ(folder.Names(), (Names{"a.con", "pipe"}));
 }
 
-TEST_F(DiskTest, WhatRefusesIsAbsentToLookUpsAndSaysSoToReaders)
+TEST_F(DiskTest, ClosedFilesAreAbsentToLookUpsAndAnErrorToReaders)
 {
     const std::string file = folder.Write("closed/a.con", "x");
     const std::string secret = folder.Write("open/secret.con", "x");
@@ -231,11 +231,11 @@ TEST_F(DiskTest, WhatRefusesIsAbsentToLookUpsAndSaysSoToReaders)
     EXPECT_EQ(errorNumber([&] { files.ReadFile(secret); }), 70);
     EXPECT_EQ(errorNumber([&] { files.WriteFile(folder.At("open/new.con"), "y"); }), 70);
     EXPECT_EQ(errorNumber([&] { files.RemoveFile(secret); }), 70);
-    // Closed to listing, open to those who know the name.
+    // This folder cannot be listed, but its files can be read by name.
     EXPECT_EQ(files.ReadFile(folder.At("BLIND/a.con")), "seen");
 }
 
-TEST_F(DiskTest, AListingThatBreaksOffIsNone)
+TEST_F(DiskTest, PartialListingCountsAsEmpty)
 {
     const Names names = {"a.con", "b.con", "c.con"};
     for (const std::string &name : names)
@@ -254,7 +254,7 @@ TEST_F(DiskTest, AListingThatBreaksOffIsNone)
     EXPECT_GE(all, 1);
 }
 
-TEST_F(DiskTest, OddFilesDoNotHangReaders)
+TEST_F(DiskTest, SpecialFilesDoNotHangReaders)
 {
     ASSERT_EQ(mkfifo(folder.At("pipe.con").c_str(), 0666), 0);
     EXPECT_FALSE(files.FileExists(folder.At("pipe.con")));
@@ -262,7 +262,7 @@ TEST_F(DiskTest, OddFilesDoNotHangReaders)
     EXPECT_EQ(errorNumber([&] { files.ReadFile(folder.At("pipe.con")); }), 53);
     std::string bytes;
     ASSERT_TRUE(host::disk::Read(folder.At("pipe.con"), 100, bytes));
-    // Files of the kernel give their size as 0; one of them cannot be read at its beginning.
+    // Kernel files report a size of 0; one of them cannot be read at its beginning.
     EXPECT_NE(files.ReadFile("/proc/self/status").find("Name:"), std::string::npos);
     EXPECT_EQ(errorNumber([&] { files.ReadFile("/proc/self/status", 10); }), 5);
     EXPECT_EQ(errorNumber([&] { files.ReadFile("/proc/self/mem"); }), 75);
@@ -280,7 +280,7 @@ TEST_F(DiskTest, RelativePathsStartAtTheWorkingFolder)
     EXPECT_EQ(folder.Read("Sub/b.con"), "y");
 }
 
-TEST_F(DiskTest, StampsSettleWhenTheClockHasMovedOn)
+TEST_F(DiskTest, StampsSettleAfterTheClockGranularity)
 {
     constexpr std::int64_t kSecond = 1'000'000'000;
     constexpr std::int64_t kFine = 1'700'000'000'123'456'789, kCoarse = 1'700'000'000 * kSecond;
@@ -298,14 +298,14 @@ TEST_F(DiskTest, StampsSettleWhenTheClockHasMovedOn)
         {"coarse stamps, later", kCoarse, kCoarse, kCoarse + 3 * kSecond, true},
         {"set back, but just changed", kFine - 99 * kSecond, kFine, kFine + 1, false},
         {"in the future", kFine + 99 * kSecond, kFine, kFine + kSecond, true},
-        {"the future comes", kFine + 99 * kSecond, kFine, kFine + 99 * kSecond, false},
+        {"when that time is reached", kFine + 99 * kSecond, kFine, kFine + 99 * kSecond, false},
     };
     for (const Row &row : rows)
         EXPECT_EQ(host::disk::IsSettled({1, 1, row.modified, row.changed}, row.now), row.settled)
             << row.name;
 }
 
-TEST_F(DiskTest, SettingsThatCannotBeReadAreNotReplaced)
+TEST_F(DiskTest, DoesNotReplaceUnreadableSettings)
 {
     const std::string file = folder.Write("s.ini", "[Settings]\na=1\n");
     chmod(file.c_str(), 0222);

@@ -13,7 +13,7 @@ using Names = std::vector<std::string>;
 
 namespace {
 
-/// "number reason" of a call that fails, without the path; "" when it does not.
+/// Returns the "number reason" of a failing call without the path, or "" if the call succeeds.
 template <typename Call> std::string errorOf(Call call)
 {
     try {
@@ -34,7 +34,7 @@ protected:
     host::GameFiles files;
 };
 
-TEST(DiskPathsTest, Roots)
+TEST(DiskPathsTest, FindsTheRootOfAPath)
 {
     struct Row
     {
@@ -61,7 +61,7 @@ TEST(DiskPathsTest, Roots)
         EXPECT_EQ(disk::RootLength(row.path), row.length) << row.path;
 }
 
-TEST(DiskPathsTest, SystemPaths)
+TEST(DiskPathsTest, MakesSystemPaths)
 {
     const std::wstring longName(300, L'n');
     const std::pair<std::string, std::wstring> rows[] = {
@@ -70,7 +70,7 @@ TEST(DiskPathsTest, SystemPaths)
         {"\\\\server\\share\\x", L"\\\\?\\UNC\\server\\share\\x"},
         {"\\\\?\\C:\\x", L"\\\\?\\C:\\x"},
         {"C:\\" + disk::Narrow(longName) + "\\x", L"\\\\?\\C:\\" + longName + L"\\x"},
-        {"C:\\\xE4", L"\\\\?\\C:\\ä"}, // no UTF-8
+        {"C:\\\xE4", L"\\\\?\\C:\\ä"}, // not UTF-8
         {"C:\\a:stream", L""},
         {"C:x", L""},
         {"C:\\a*", L""},
@@ -81,7 +81,7 @@ TEST(DiskPathsTest, SystemPaths)
         EXPECT_EQ(disk::Narrow(disk::SystemPath(path)), disk::Narrow(expected)) << path;
 }
 
-TEST_F(DiskTest, NamesBeyondTheCodePageGoBothWays)
+TEST_F(DiskTest, NamesOutsideTheCodePageSurviveARoundTrip)
 {
     const std::string name = "Güter 日本 🚂.con";
     files.WriteFile(folder.At("x\\..\\" + name), "x");
@@ -90,7 +90,7 @@ TEST_F(DiskTest, NamesBeyondTheCodePageGoBothWays)
     EXPECT_EQ(folder.Read(name), "x");
 }
 
-TEST_F(DiskTest, LongPaths)
+TEST_F(DiskTest, HandlesLongPaths)
 {
     std::string deep = folder.At("deep");
     for (int i = 0; i < 6; ++i)
@@ -102,14 +102,14 @@ TEST_F(DiskTest, LongPaths)
     EXPECT_EQ(files.ReadFile(deep + "/x.con"), "2");
     files.RemoveFile(deep + "/x.con");
     EXPECT_EQ(files.ListFiles(deep, "*"), Names{});
-    while (deep.size() > folder.Path().size()) { // too long for the folder's own clearing up
+    while (deep.size() > folder.Path().size()) { // too long for TempFolder
         EXPECT_TRUE(RemoveDirectoryW(disk::SystemPath(deep).c_str())) << deep;
         deep.resize(deep.rfind('/'));
     }
     EXPECT_FALSE(folder.Exists("deep"));
 }
 
-TEST_F(DiskTest, NamesThatWindowsWouldChangeAreRefused)
+TEST_F(DiskTest, RefusesNamesThatWindowsWouldChange)
 {
     for (const char *name : {"a.con.", "a.con ", "a:b.con", "a.con:x", "a?.con", "a\".con", "a|b"})
         EXPECT_TRUE(errorOf([&] { files.WriteFile(folder.At(name), "x"); }).starts_with("75 "))
@@ -126,7 +126,7 @@ TEST_F(DiskTest, NamesThatWindowsWouldChangeAreRefused)
     EXPECT_EQ(folder.Names(), (Names{"com0.con", "console.con"}));
 }
 
-TEST_F(DiskTest, ReadOnlyFilesAreRefused)
+TEST_F(DiskTest, RefusesReadOnlyFiles)
 {
     const std::string file = folder.Write("a.con", "old");
     ASSERT_TRUE(SetFileAttributesW(system("a.con").c_str(), FILE_ATTRIBUTE_READONLY));
@@ -137,7 +137,7 @@ TEST_F(DiskTest, ReadOnlyFilesAreRefused)
     SetFileAttributesW(system("a.con").c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST_F(DiskTest, FilesInUseAreLeftAsTheyAre)
+TEST_F(DiskTest, LeavesFilesInUseUnchanged)
 {
     struct Row
     {
@@ -146,9 +146,10 @@ TEST_F(DiskTest, FilesInUseAreLeftAsTheyAre)
         bool canRead;
     };
     const Row rows[] = {
-        {"kept to itself", GENERIC_READ | GENERIC_WRITE, 0, false},
+        {"opened exclusively", GENERIC_READ | GENERIC_WRITE, 0, false},
         {"open for reading", GENERIC_READ, FILE_SHARE_READ, true},
-        {"open, not to be renamed", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, true},
+        {"open without permission to rename", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+         true},
     };
     const std::string file = folder.Write("a.con", "old");
     for (const Row &row : rows) {
@@ -171,7 +172,7 @@ TEST_F(DiskTest, WritingKeepsTheAttributes)
     const std::string file = folder.Write("a.con", "old");
     ASSERT_TRUE(SetFileAttributesW(system("a.con").c_str(), FILE_ATTRIBUTE_HIDDEN));
     if ((GetFileAttributesW(system("a.con").c_str()) & FILE_ATTRIBUTE_HIDDEN) == 0)
-        GTEST_SKIP() << "this disk keeps no attributes";
+        GTEST_SKIP() << "this disk does not store attributes";
     files.WriteFile(file, "new");
     EXPECT_EQ(folder.Read("a.con"), "new");
     EXPECT_TRUE(GetFileAttributesW(system("a.con").c_str()) & FILE_ATTRIBUTE_HIDDEN);

@@ -28,7 +28,7 @@ protected:
     const FileState state{path, "old"};
 };
 
-TEST_F(FileStateTest, OnlyAnotherContentIsAChange)
+TEST_F(FileStateTest, OnlyDifferentContentIsAChange)
 {
     const struct
     {
@@ -61,13 +61,13 @@ TEST_F(FileStateTest, OnlyAnotherContentIsAChange)
     };
     for (const auto &row : rows) {
         row.act();
-        EXPECT_EQ(row.changed, state.HasChanged(files, path)) << row.what;
+        EXPECT_EQ(state.HasChanged(files, path), row.changed) << row.what;
         fs::remove(disk());
         folder.Write("Trains/a.con", "old");
     }
 }
 
-TEST_F(FileStateTest, AFileIsTheSameUnderEverySpellingAndThroughLinks)
+TEST_F(FileStateTest, RecognisesAFileUnderAnySpellingAndThroughLinks)
 {
     folder.Write("Trains/b.con", "another file");
     folder.Write("Trains/a.con", "changed");
@@ -78,11 +78,11 @@ TEST_F(FileStateTest, AFileIsTheSameUnderEverySpellingAndThroughLinks)
     std::error_code failed;
     fs::create_directory_symlink(host::path::ToDisk(folder.At("Trains")),
                                  host::path::ToDisk(folder.At("Link")), failed);
-    // Windows may refuse to make a link.
-    EXPECT_EQ(!failed, state.HasChanged(files, folder.At("Link/a.con")));
+    // Windows may refuse to create a link.
+    EXPECT_EQ(state.HasChanged(files, folder.At("Link/a.con")), !failed);
 }
 
-TEST_F(FileStateTest, AFileThatAppearsIsAChangeOfOneThatWasAbsent)
+TEST_F(FileStateTest, AppearanceOfAnAbsentFileIsAChange)
 {
     const FileState absent = FileState::Absent(folder.At("Trains/new.con"));
     EXPECT_FALSE(absent.HasChanged(files, folder.At("Trains/new.con")));

@@ -11,7 +11,7 @@ struct Row
     bool matches;
 };
 
-TEST(FilterTest, UserFilter)
+TEST(FilterTest, MatchesUserFilters)
 {
     const Row rows[] = {
         {"GP38 Freight", "", true},
@@ -37,7 +37,7 @@ TEST(FilterTest, UserFilter)
             << row.name << " | " << row.pattern;
 }
 
-TEST(FilterTest, DosPattern)
+TEST(FilterTest, MatchesDosPatterns)
 {
     const Row rows[] = {
         {"a", "*", true},

@@ -15,7 +15,7 @@ using support::ScopedVariable;
 
 namespace {
 
-TEST(FoldersTest, FollowTheHomeAndItsVariables)
+TEST(FoldersTest, FollowHomeAndTheXdgVariables)
 {
     const support::ScopedHome home;
     const std::string &at = home.Folder().Path();
@@ -52,7 +52,7 @@ TEST(FoldersTest, ProgramFolderIsWritable)
     EXPECT_EQ(host::WritableFolder(at.Write("file"), at.At("file/x")), at.At("file/x"));
 }
 
-TEST(FoldersTest, VolumesComeFromTheMountTable)
+TEST(FoldersTest, ReadsVolumesFromTheMountTable)
 {
     constexpr std::string_view kTable = "proc /proc proc rw 0 0\n"
                                         "/dev/sda1 / ext4 rw 0 0\n"
@@ -76,7 +76,7 @@ TEST(FoldersTest, VolumesComeFromTheMountTable)
         EXPECT_EQ(host::disk::KindOf(volume.path), host::disk::Kind::Folder) << volume.path;
 }
 
-TEST(FoldersTest, TraceLinesAreAppended)
+TEST(FoldersTest, AppendsTraceLines)
 {
     const support::ScopedHome home;
     {
@@ -93,7 +93,7 @@ TEST(FoldersTest, TraceLinesAreAppended)
     EXPECT_EQ(text.size(), 100u * std::string_view("hh:mm:ss > tsview 12\n").size());
 }
 
-TEST(FoldersTest, ATraceThatCannotBeWrittenIsDropped)
+TEST(FoldersTest, DropsATraceLineThatCannotBeWritten)
 {
     const support::ScopedHome home;
     home.Folder().MakeFolder(".local/state/zelk/zelk.log");

@@ -17,7 +17,7 @@ using support::ScopedVariable;
 
 namespace {
 
-TEST(FoldersTest, FollowTheProfileAndTheSystem)
+TEST(FoldersTest, FollowProfileAndSystemFolders)
 {
     const support::ScopedHome home;
     EXPECT_EQ(host::HomeFolder(), home.Folder().Path());
@@ -60,7 +60,7 @@ TEST(FoldersTest, VolumesAreDrives)
         EXPECT_EQ(host::disk::RootLength(path), path.size()) << path;
 }
 
-TEST(FoldersTest, TraceLinesAreAppended)
+TEST(FoldersTest, AppendsTraceLines)
 {
     const support::ScopedHome home;
     const std::string mark = "> test " + std::to_string(std::random_device()());

@@ -22,7 +22,7 @@ namespace {
 class GameFilesTest : public testing::Test
 {
 protected:
-    /// The name inside the folder at which a game path finds a file, "" for none.
+    /// Returns the name of the file, relative to the folder, that a game path finds; "" for none.
     std::string found(std::string_view name) { return inside(files.FindFile(folder.At(name))); }
     std::string foundFolder(std::string_view name)
     {
@@ -33,7 +33,7 @@ protected:
     {
         return files.ListFiles(folder.At(name), pattern);
     }
-    /// The error of a call: "number detail" with the folder's own path taken out.
+    /// Returns the error of a call as "number detail", without the path of the test folder.
     template <typename Call> std::string errorOf(Call call)
     {
         try {
@@ -59,7 +59,7 @@ private:
         const std::string name = std::string(text.begin(), text.end());
         return asOnDisk(name.substr(folder.Path().size() + 1));
     }
-    /// Where the disk itself ignores letter case, a path may come back as it was asked for.
+    /// Where the disk ignores letter case, a path may be returned as it was spelled in the call.
     std::string asOnDisk(const std::string &path) const
     {
         if (host::path::kSeparator == '/')
@@ -76,7 +76,7 @@ private:
     }
 };
 
-TEST_F(GameFilesTest, TellsHowTheDiskSpellsAPath)
+TEST_F(GameFilesTest, ReturnsTheSpellingOnDisk)
 {
     folder.Write("Trains/Box & Co/A b.Wag");
     const auto spelled = [this](std::string_view name) -> std::string {
@@ -103,7 +103,7 @@ TEST_F(GameFilesTest, FindsInAnyCaseAndWithEitherSeparator)
         {"Trains/Trainset/Dash9/dash9.ENG", "Trains/Trainset/Dash9/dash9.ENG"},
         {"TRAINS\\trainset/DASH9\\Dash9.eng", "Trains/Trainset/Dash9/dash9.ENG"},
         {"trains//trainset/dash9/\\dash9.eng", "Trains/Trainset/Dash9/dash9.ENG"},
-        {"trains/trainset/grÖSSe/ä.ENG", ""}, // sharp s has no upper case of one character
+        {"trains/trainset/grÖSSe/ä.ENG", ""}, // sharp s has no single upper-case character
         {"trains/trainset/gRÖßE/ä.ENG", "Trains/Trainset/Größe/Ä.eng"},
         {"trains/none/../trainset/./dash9/Sound/../../DASH9/dash9.eng",
          "Trains/Trainset/Dash9/dash9.ENG"},
@@ -139,7 +139,7 @@ TEST_F(GameFilesTest, FoldersAreNotFiles)
     EXPECT_EQ(files.ListFolders(folder.At("b"), "*.s"), Names{"x.S"});
 }
 
-TEST_F(GameFilesTest, ListsByUpperCase)
+TEST_F(GameFilesTest, SortsListingsByUpperCase)
 {
     for (const char *name : {"b.con", "_.con", "A.con", "a b.con", "Z.CON", "é.con", "x.eng"})
         folder.Write(std::string("Consists/") + name);
@@ -150,9 +150,9 @@ TEST_F(GameFilesTest, ListsByUpperCase)
     EXPECT_EQ(listed("Consists/x.eng", "*"), Names{});
 }
 
-TEST_F(GameFilesTest, SeesWhatHappensBetweenLookUps)
+TEST_F(GameFilesTest, SeesChangesBetweenLookUps)
 {
-    // Many changes within one step of the clock that marks folders.
+    // Makes many changes within one tick of the clock for folder time stamps.
     folder.MakeFolder("c");
     for (std::size_t i = 1; i <= 200; ++i) {
         const std::string name = "N" + std::to_string(i) + ".con";
@@ -171,7 +171,8 @@ TEST_F(GameFilesTest, SeesWhatHappensBetweenLookUps)
 TEST_F(GameFilesTest, DoesNotKeepAnOldListingOfAChangedFolder)
 {
     folder.Write("c/a.con");
-    // A listing is kept once the folder was left alone for longer than the clock is coarse.
+    // GameFiles keeps a listing if the folder has not changed for longer than the clock's
+    // granularity.
     while (!host::disk::IsSettled(*host::disk::StampOf(folder.At("c")), host::disk::Now()))
         std::this_thread::yield();
     EXPECT_EQ(listed("C", "*"), Names{"a.con"});
@@ -183,7 +184,7 @@ TEST_F(GameFilesTest, DoesNotKeepAnOldListingOfAChangedFolder)
     EXPECT_EQ(listed("C", "*"), Names{"B.con"});
 }
 
-TEST_F(GameFilesTest, TargetIsTheExistingFileOrTheNameAsGiven)
+TEST_F(GameFilesTest, TargetIsTheExistingFileOrTheGivenName)
 {
     folder.Write("Consists/Old.con");
     folder.MakeFolder("Consists/Sub");
@@ -207,7 +208,7 @@ TEST_F(GameFilesTest, WritesWholeFilesAndKeepsTheirSpelling)
     EXPECT_EQ(files.ReadFile(folder.At("consists/empty.con")), "");
 }
 
-TEST_F(GameFilesTest, RefusalsSayWhichFileAndWhy)
+TEST_F(GameFilesTest, ErrorsNameTheFileAndTheReason)
 {
     folder.Write("c/a.con", "12345");
     folder.MakeFolder("c/folder.con");
@@ -254,7 +255,7 @@ TEST_F(GameFilesTest, RemovesFilesInAnyCase)
     EXPECT_FALSE(files.FileExists(folder.At("c/a.con")));
 }
 
-TEST_F(GameFilesTest, SeveralThreadsLookWhileFilesComeAndGo)
+TEST_F(GameFilesTest, ThreadsMayLookUpWhileFilesChange)
 {
     for (int i = 0; i < 20; ++i)
         folder.Write("Set/f" + std::to_string(i) + "/Stay.eng");

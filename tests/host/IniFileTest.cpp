@@ -45,7 +45,7 @@ TEST(IniFileTest, ReadsValues)
         EXPECT_EQ(ini.Value(row.section, row.key), row.value) << row.section << " " << row.key;
 }
 
-TEST(IniFileTest, KeepsWhatItDoesNotUnderstand)
+TEST(IniFileTest, KeepsUnknownLines)
 {
     EXPECT_EQ(IniFile::FromText(kMixed).ToText(), kMixed);
     const std::string windows = "\xEF\xBB\xBF[A]\r\nx=1\r\n\r\n?\r\n";
@@ -56,7 +56,7 @@ TEST(IniFileTest, KeepsWhatItDoesNotUnderstand)
     EXPECT_EQ(ini.ToText(), "\xEF\xBB\xBF[A]\r\nx=1\r\n\r\n?\r\ny=2\r\n");
 }
 
-TEST(IniFileTest, SetsValuesInTheirPlace)
+TEST(IniFileTest, SetsValuesInPlace)
 {
     IniFile ini = IniFile::FromText("[A]\na=1\n\n[B]\nb=2\n");
     ini.SetValue("a", "A", "one");
@@ -69,7 +69,7 @@ TEST(IniFileTest, SetsValuesInTheirPlace)
     EXPECT_EQ(empty.ToText(), "[S]\nk=v\n");
 }
 
-TEST(IniFileTest, ValuesComeBackAsTheyWereSet)
+TEST(IniFileTest, ReadsBackTheValuesThatWereSet)
 {
     const char *const values[] = {"", " blanks ", "\"quoted\"", "\"", "a\\b", "=;#[x]", "\t"};
     for (const char *value : values) {
@@ -83,7 +83,7 @@ TEST(IniFileTest, ValuesComeBackAsTheyWereSet)
     EXPECT_EQ(ini.ToText(), "[S]\nk=a b c\n");
 }
 
-TEST(IniFileTest, TakesOutEveryLineOfAValue)
+TEST(IniFileTest, RemovesEveryLineOfAValue)
 {
     IniFile ini = IniFile::FromText(kMixed);
     ini.RemoveValue("second", "PATH");

@@ -9,14 +9,14 @@ namespace path = host::path;
 
 namespace {
 
-/// Written with "/"; in the system's own separators.
+/// Converts a path written with "/" to the system's separators.
 std::string own(std::string text)
 {
     std::replace(text.begin(), text.end(), '/', path::kSeparator);
     return text;
 }
 
-TEST(PathTest, Join)
+TEST(PathTest, JoinsPaths)
 {
     const char *const rows[][3] = {
         {"/msts", "Trains\\Consists", "/msts/Trains/Consists"},
@@ -32,7 +32,7 @@ TEST(PathTest, Join)
     EXPECT_EQ(path::Join("a\\", "\\x", path::Leading::Kept), own("a//x"));
 }
 
-TEST(PathTest, Parts)
+TEST(PathTest, SplitsPathsIntoParts)
 {
     struct Row
     {
@@ -55,7 +55,7 @@ TEST(PathTest, Parts)
     }
 }
 
-TEST(PathTest, Normalise)
+TEST(PathTest, NormalisesPaths)
 {
     const char *const rows[][2] = {
         {"/a\\b//c/", "/a/b/c"},
@@ -72,7 +72,7 @@ TEST(PathTest, Normalise)
         EXPECT_EQ(path::Normalise(given), own(expected)) << given;
 }
 
-TEST(PathTest, DiskTextGoesBothWays)
+TEST(PathTest, DiskTextSurvivesARoundTrip)
 {
     for (const char *const text : {"/a b/é.con", "\\x/日本 🚂.eng", "rel"})
         EXPECT_EQ(path::FromDisk(path::ToDisk(text)), text);

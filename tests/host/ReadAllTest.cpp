@@ -8,13 +8,13 @@
 
 namespace {
 
-/// A file that gives at most `piece` bytes at a time, and was said to have `expected` bytes.
+/// A file that returns at most `piece` bytes per call and claims to have `expected` bytes.
 struct Reading
 {
     const char *name;
     std::string_view content;
     std::size_t piece, expected;
-    int calls; ///< that are needed
+    int calls; ///< number of calls needed
 };
 
 std::ostream &operator<<(std::ostream &out, const Reading &reading)
@@ -41,7 +41,7 @@ protected:
     int calls = 0;
 };
 
-TEST_P(ReadAllTest, GivesTheWholeFileHoweverItComes)
+TEST_P(ReadAllTest, ReadsTheWholeFileFromAnyPieces)
 {
     EXPECT_FALSE(read(100));
     EXPECT_EQ(bytes, GetParam().content);

@@ -18,7 +18,7 @@ protected:
     const std::string key = host::disk::Narrow(m_parent);
 };
 
-TEST_F(RegistrySettingsTest, GivesBackWhatWasStored)
+TEST_F(RegistrySettingsTest, ReturnsStoredValues)
 {
     host::RegistrySettings settings(key);
     EXPECT_EQ(settings.Read("MSTSDir"), std::nullopt);
@@ -34,7 +34,7 @@ TEST_F(RegistrySettingsTest, GivesBackWhatWasStored)
     EXPECT_EQ(settings.Read("MainLeft"), "a  b");
 }
 
-TEST_F(RegistrySettingsTest, OtherValuesAndRefusals)
+TEST_F(RegistrySettingsTest, HandlesOtherValuesAndErrors)
 {
     const std::wstring path = host::disk::Wide(key + "\\Settings");
     const DWORD number = 7;

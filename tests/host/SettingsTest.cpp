@@ -10,7 +10,7 @@
 
 namespace {
 
-TEST(SettingsTest, KeepsOtherEntriesAndARefusedStore)
+TEST(SettingsTest, KeepsOtherEntriesAndReportsARefusedStore)
 {
     const support::TempFolder folder;
     const std::string file = folder.Write("s.ini", "[Other]\nMainLeft=7\n");
@@ -32,7 +32,7 @@ TEST(SettingsTest, KeepsOtherEntriesAndARefusedStore)
     EXPECT_THROW(onFolder.Write("x", "1"), host::RuntimeError);
 }
 
-TEST(SettingsTest, Numbers)
+TEST(SettingsTest, ReadsNumbers)
 {
     struct Row
     {

@@ -11,7 +11,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-TEST(SnapshotTest, FindsWhatGameFilesFinds)
+TEST(SnapshotTest, FindsTheSameFilesAsGameFiles)
 {
     support::TempFolder folder;
     folder.Write("TRAINS/Set/a.wag");
@@ -48,7 +48,7 @@ TEST(SnapshotTest, ListsEachFolderOnce)
     EXPECT_EQ(host::Snapshot(files).ListFiles(folder.At("set"), "*"), (Names{"a.wag", "b.wag"}));
 }
 
-TEST(SnapshotTest, TellsFilesApartHoweverTheyAreSpelled)
+TEST(SnapshotTest, IdentifiesFilesUnderAnySpelling)
 {
     support::TempFolder folder;
     folder.Write("Set/a.wag", "first");
@@ -78,7 +78,7 @@ TEST(SnapshotTest, SearchesFoldersThatDifferInCase)
     EXPECT_EQ(snapshot.ListFiles(folder.At("set"), "*.wag"), (Names{"a.wag", "b.wag"}));
 }
 
-TEST(SnapshotTest, PathsOfAnyDepthAreOnlyNotFound)
+TEST(SnapshotTest, HandlesVeryDeepPaths)
 {
     support::TempFolder folder;
     host::GameFiles files;

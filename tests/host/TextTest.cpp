@@ -12,7 +12,7 @@
 
 namespace {
 
-TEST(TextTest, UpperAndLowerCase)
+TEST(TextTest, ConvertsCase)
 {
     struct Row
     {
@@ -24,16 +24,16 @@ TEST(TextTest, UpperAndLowerCase)
         {"greek", "αω", "ΑΩ"},
         {"cyrillic", "паровоз ё", "ПАРОВОЗ Ё"},
         {"every second one of a range", "āăĀ", "ĀĂĀ"},
-        {"letters without a partner of one character", "ßıſµς", "ßıſµς"},
+        {"letters without a single-character counterpart", "ßıſµς", "ßıſµς"},
         {"beyond the basic plane", "\xF0\x90\x90\xA8", "\xF0\x90\x90\xA8"},
-        {"no UTF-8", "a\xE4z\xC3", "A\xE4Z\xC3"},
+        {"not UTF-8", "a\xE4z\xC3", "A\xE4Z\xC3"},
     };
     for (const Row &row : rows)
         EXPECT_EQ(host::ToUpper(row.text), row.upper) << row.name;
     EXPECT_EQ(host::ToLower("ÄŸŽПАРОВОЗ Ё AZ"), "äÿžпаровоз ё az");
 }
 
-TEST(TextTest, CaseTableIsSortedAndGoesBothWays)
+TEST(TextTest, CaseTableIsSortedAndSymmetric)
 {
     for (std::size_t i = 1; i < host::kCaseRangeCount; ++i)
         ASSERT_GT(host::kCaseRanges[i].first, host::kCaseRanges[i - 1].last);
@@ -55,16 +55,16 @@ TEST(TextTest, ComparesWithoutCase)
     EXPECT_TRUE(host::EqualsNoCase("Lok_ä", "lok_Ä"));
     EXPECT_TRUE(host::EqualsNoCase("", ""));
     EXPECT_FALSE(host::EqualsNoCase("Train", "Trains"));
-    EXPECT_FALSE(host::EqualsNoCase("a\xE4", "a\xC4")); // no letters in UTF-8
+    EXPECT_FALSE(host::EqualsNoCase("a\xE4", "a\xC4")); // not letters in UTF-8
     EXPECT_LT(host::CompareNoCase("a", "B"), 0);
     EXPECT_GT(host::CompareNoCase("b", "A"), 0);
     EXPECT_EQ(host::CompareNoCase("aB", "Ab"), 0);
     EXPECT_LT(host::CompareNoCase("a", "ab"), 0);
 }
 
-TEST(TextTest, ListsAsUpperCaseCodeUnits)
+TEST(TextTest, SortsByUpperCaseCodeUnits)
 {
-    // "_" lies between upper and lower case letters; U+1F682 begins with the unit D83D.
+    // "_" sorts between upper and lower case letters; U+1F682 begins with the code unit D83D.
     std::vector<std::string> names = {
         "b", "_", "a1", "B", "A", "a", "Z", "\xEF\xBC\xA1", "\xF0\x9F\x9A\x82", "\xEE\x80\x80",
         "é", "à"};
@@ -75,7 +75,7 @@ TEST(TextTest, ListsAsUpperCaseCodeUnits)
     EXPECT_EQ(names, expected);
 }
 
-TEST(TextTest, KnowsUtf8)
+TEST(TextTest, RecognisesUtf8)
 {
     const char *const valid[] = {"", "a", "é", "€", "\xF0\x9F\x9A\x82", "\xF4\x8F\xBF\xBF"};
     for (const char *text : valid)
@@ -87,7 +87,7 @@ TEST(TextTest, KnowsUtf8)
         EXPECT_FALSE(host::IsValidUtf8(text)) << testing::PrintToString(text);
 }
 
-TEST(TextTest, Windows1252GoesBothWaysForEveryByte)
+TEST(TextTest, EveryWindows1252ByteSurvivesARoundTrip)
 {
     std::string bytes;
     for (int i = 0; i < 256; ++i)
@@ -103,7 +103,7 @@ TEST(TextTest, Windows1252GoesBothWaysForEveryByte)
     EXPECT_FALSE(host::ToWindows1252("\xC2\x80", back)); // U+0080: its byte is the euro sign
 }
 
-TEST(TextTest, AppendsEveryLengthOfUtf8)
+TEST(TextTest, AppendsUtf8OfEveryLength)
 {
     std::string out;
     for (const char32_t c : {0x41u, 0x7FFu, 0x800u, 0xD800u, 0xFFFFu, 0x1F682u})
@@ -122,7 +122,7 @@ TEST(TextTest, TrimsSpacesOnlyAndSplits)
     EXPECT_EQ(host::Split("a||b|", '|'), (Parts{"a", "", "b", ""}));
 }
 
-TEST(RuntimeErrorTest, BeginsWithWhatIsWrong)
+TEST(RuntimeErrorTest, TextBeginsWithTheFault)
 {
     using host::ErrorNumber;
     const host::RuntimeError error(ErrorNumber::ObjectNotSet, "x.con: there is no Train block");

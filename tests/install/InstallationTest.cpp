@@ -19,7 +19,7 @@ protected:
     {
         store("[SOFTWARE\\Microsoft\\Microsoft Games\\Train Simulator\\1.0]\nPath=" + path + "\n");
     }
-    /// A setup entry of the registry.
+    /// A program's uninstall entry in the registry.
     static std::string entry(int number, const std::string &name, const std::string &command)
     {
         return "[SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\ST6UNST #" +
@@ -30,7 +30,7 @@ protected:
     support::ScopedHome home;
 };
 
-TEST_F(InstallationTest, TheOverrideGoesBeforeTheRegisteredFolder)
+TEST_F(InstallationTest, OverrideTakesPrecedenceOverTheRegisteredFolder)
 {
     Installation installation;
     EXPECT_EQ(installation.CurrentFolder(), "");
@@ -49,7 +49,7 @@ TEST_F(InstallationTest, TheOverrideGoesBeforeTheRegisteredFolder)
     EXPECT_EQ(installation.Override(), "$MSTS2");
 }
 
-TEST_F(InstallationTest, ChoosingTheRegisteredFolderGivesItsToken)
+TEST_F(InstallationTest, ChoosingTheRegisteredFolderReturnsItsToken)
 {
     registerFolder("/games/MSTS");
     EXPECT_EQ(install::ChosenLocation("/games/MSTS"), "$MSTS");
@@ -61,7 +61,7 @@ TEST_F(InstallationTest, ChoosingTheRegisteredFolderGivesItsToken)
     EXPECT_EQ(install::ChosenLocation("/games/MSTS/"), "$MSTS");
 }
 
-TEST_F(InstallationTest, TypedFoldersLoseTheirSeparatorAndKnowHome)
+TEST_F(InstallationTest, TypedFoldersLoseTheirLastSeparatorAndExpandHome)
 {
     const std::string &user = home.Folder().Path();
     const std::pair<std::string, std::string> rows[] = {
@@ -83,7 +83,7 @@ TEST_F(InstallationTest, TypedFoldersLoseTheirSeparatorAndKnowHome)
     EXPECT_EQ(install::ChosenLocation("~/msts/"), user + "/msts");
 }
 
-TEST_F(InstallationTest, HintsSayWhatIsWrongWithALocation)
+TEST_F(InstallationTest, HintsExplainWhatIsWrongWithALocation)
 {
     const support::TempFolder &disk = home.Folder();
     disk.MakeFolder("good/TRAINS/Trainset");
@@ -116,7 +116,7 @@ TEST_F(InstallationTest, HintsSayWhatIsWrongWithALocation)
               "This folder holds Trains and Routes, as it should.");
 }
 
-TEST_F(InstallationTest, PathsAreBuiltBelowTheCurrentFolder)
+TEST_F(InstallationTest, BuildsPathsInTheCurrentFolder)
 {
     Installation installation;
     installation.SetLocation("/msts");
@@ -126,7 +126,7 @@ TEST_F(InstallationTest, PathsAreBuiltBelowTheCurrentFolder)
               "/msts/Trains/Consists/Long GP9 train.con");
 }
 
-TEST_F(InstallationTest, FindsTheShapeViewerInItsSetupEntry)
+TEST_F(InstallationTest, FindsTheShapeViewerInItsUninstallEntry)
 {
     const std::string command = R"(C:\WINDOWS\st6unst.exe -n "C:\Games\QView\ST6UNST.LOG")";
     struct Row
@@ -141,8 +141,7 @@ TEST_F(InstallationTest, FindsTheShapeViewerInItsSetupEntry)
          R"(C:\Games\QView\QView.exe)"},
         {"tenth", entry(10, "QView.exe", command), ""},
         {"other case", entry(1, "qview.EXE", command), ""},
-        {"stops at the first", entry(2, "QView.exe", "no quotes") + entry(3, "QView.exe", command),
-         ""},
+        {"uses the first", entry(2, "QView.exe", "no quotes") + entry(3, "QView.exe", command), ""},
         {"options after the path", entry(1, "QView.exe", R"(x "C:\Q\ST6UNST.LOG" /q)"),
          R"(C:\Q\QView.exe)"},
         {"paths of this machine", entry(1, "QView.exe", R"(x "/opt/qview/setup.log")"),

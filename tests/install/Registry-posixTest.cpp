@@ -31,7 +31,7 @@ protected:
     const support::TempFolder &folder = home.Folder();
 };
 
-TEST_F(RegistryTest, PlacesAreAskedInOrder)
+TEST_F(RegistryTest, ReadsStoresInOrder)
 {
     EXPECT_EQ(path(), "");
     folder.Write(".wine/system.reg", wineFile("", "/wine64"));
@@ -56,10 +56,10 @@ TEST_F(RegistryTest, PlacesAreAskedInOrder)
     }
     folder.Write("store/registry.ini", "[SOFTWARE\\Games\\1.0]\nPath=\n");
     const ScopedVariable store("ZELK_REGISTRY", folder.At("store"));
-    EXPECT_EQ(path(), "/prefix"); // empty is missing; the other stores are not looked at
+    EXPECT_EQ(path(), "/prefix"); // an empty value counts as missing; the other stores are not read
 }
 
-TEST_F(RegistryTest, IsReadFreshAndCutAtNul)
+TEST_F(RegistryTest, ReadsTheFileAgainAndCutsValuesAtNul)
 {
     folder.Write(".config/zelk/registry.ini", "[SOFTWARE\\Games\\1.0]\nPath=/first\n");
     EXPECT_EQ(path(), "/first");
@@ -73,7 +73,7 @@ TEST_F(RegistryTest, IsReadFreshAndCutAtNul)
     EXPECT_EQ(Registry::QueryValue(kKey, "Nul"), "");
 }
 
-TEST_F(RegistryTest, WindowsPathsGoThroughTheDrivesOfThePrefix)
+TEST_F(RegistryTest, MapsWindowsPathsThroughTheDrivesOfThePrefix)
 {
     folder.MakeFolder(".wine/drive_c/Program Files/Train Simulator");
     folder.Write(".wine/drive_c/Viewer/QView.exe");

@@ -10,7 +10,7 @@ namespace {
 
 const std::wstring kName = L"ZELK tests " + std::to_wstring(GetCurrentProcessId());
 
-/// A key of the machine's hive, which only administrators may write.
+/// A key in the machine's hive, which only administrators may write.
 class MachineRegistryTest : public testing::Test
 {
 protected:
@@ -42,7 +42,7 @@ protected:
     }
 };
 
-TEST_F(MachineRegistryTest, The32BitViewGoesFirst)
+TEST_F(MachineRegistryTest, Reads32BitViewFirst)
 {
     EXPECT_EQ(query("Path"), "");
     set(KEY_WOW64_64KEY, L"Path", L"C:\\64");
@@ -54,7 +54,7 @@ TEST_F(MachineRegistryTest, The32BitViewGoesFirst)
     EXPECT_EQ(Registry::QueryValue("SOFTWARE\\No such key of ZELK", "Path"), "");
 }
 
-TEST_F(MachineRegistryTest, Values)
+TEST_F(MachineRegistryTest, ReadsValuesOfEveryKind)
 {
     set(KEY_WOW64_32KEY, L"Nul", std::wstring(L"C:\\cut\0here", 11));
     EXPECT_EQ(query("Nul"), "C:\\cut");
@@ -66,7 +66,7 @@ TEST_F(MachineRegistryTest, Values)
     EXPECT_EQ(query("Number"), "");
 }
 
-/// The machine's hive stands in the user's for a while, so that nothing real is touched.
+/// Redirects the machine's hive to a key of the user, so that the test changes no real entry.
 class RegisteredProgramsTest : public testing::Test
 {
 protected:
@@ -93,7 +93,7 @@ private:
     HKEY m_hive = nullptr;
 };
 
-TEST_F(RegisteredProgramsTest, AreFound)
+TEST_F(RegisteredProgramsTest, FindsRegisteredProgramsAndFolders)
 {
     install::Installation installation;
     EXPECT_EQ(installation.CurrentFolder(), "");

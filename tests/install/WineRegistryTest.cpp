@@ -115,7 +115,7 @@ TEST(WineRegistryTest, ReadsWindowsLineEnds)
               "A");
 }
 
-TEST(WineRegistryTest, SurvivesBeingCutAnywhere)
+TEST(WineRegistryTest, SurvivesFilesCutAtAnyLength)
 {
     for (std::size_t length = 0; length < kFile.size(); ++length) {
         const std::string_view cut = kFile.substr(0, length);

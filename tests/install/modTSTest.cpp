@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The tree as "name value value { child ... }".
+/// Prints the tree as "name value value { child ... }".
 std::string outline(const StfNodes &nodes)
 {
     std::string text;
@@ -24,7 +24,7 @@ std::string outline(const StfNodes &nodes)
     return text;
 }
 
-TEST(modTSTest, NewConsistHasExactlyTheTemplatesBlocks)
+TEST(modTSTest, NewConsistHasExactlyTheBlocksOfTheTemplate)
 {
     const support::TempFolder folder;
     host::GameFiles files;

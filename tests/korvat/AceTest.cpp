@@ -15,7 +15,8 @@ namespace {
 
 constexpr int kMask = 2, kRed = 3, kGreen = 4, kBlue = 5, kAlpha = 6;
 
-/// The file up to the table of offsets, which nobody reads: it is filled with rubbish.
+/// The file up to and including the table of offsets, which is filled with rubbish because no
+/// reader uses it.
 std::string head(std::uint32_t options, std::uint32_t width, std::uint32_t height,
                  std::uint32_t surface, const std::vector<int> &channels, std::size_t offsets)
 {
@@ -43,7 +44,7 @@ std::string dxt4x4(const std::vector<int> &channels = kRgbMask, std::uint32_t su
            Bytes8({1, 2, 3, 4, 5, 6, 0xC0, 1, 2, 3, 4, 5, 6, 0x40}) + Bytes8({1, 3, 5, 0x80});
 }
 
-TEST(AceTest, StructuredPixelByPixel)
+TEST(AceTest, ReadsStructuredPixels)
 {
     struct Row
     {
@@ -61,58 +62,58 @@ TEST(AceTest, StructuredPixelByPixel)
         {"nine wide: the mask takes two bytes, leftmost bit first",
          head(0, 9, 1, 0x10, kRgbMask, 1) + nine + black + black + Bytes8({0xA0, 0x80}), 1,
          "010000FF 02000000 030000FF 04000000 05000000 06000000 07000000 08000000 090000FF"},
-        {"alpha wins over the mask",
+        {"alpha overrides the mask",
          head(0, 1, 1, 0x11, {kRed, kGreen, kBlue, kMask, kAlpha}, 1) +
              Bytes8({1, 2, 3, 0x80, 0x77}),
          8, "01020377"},
-        {"whichever comes first",
+        {"alpha overrides the mask in any order",
          head(0, 1, 1, 0x11, {kAlpha, kMask, kBlue, kGreen, kRed}, 1) + Bytes8({0x77, 0, 3, 2, 1}),
          8, "01020377"},
-        {"bytes behind the picture", head(0, 1, 1, 0x0E, kRgb, 1) + Bytes8({1, 2, 3}) + "8BIM", 0,
+        {"bytes after the picture", head(0, 1, 1, 0x0E, kRgb, 1) + Bytes8({1, 2, 3}) + "8BIM", 0,
          "010203FF"},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
         const TextureFile file = ReadAce(row.bytes);
-        ASSERT_EQ("", file.error.text);
-        EXPECT_EQ("structured", file.texture.storage);
-        EXPECT_EQ(row.alphaBits, file.texture.alphaBits);
-        EXPECT_EQ(1u, file.texture.levels.size());
-        EXPECT_EQ(row.pixels, Pixels(file.texture));
+        ASSERT_EQ(file.error.text, "");
+        EXPECT_EQ(file.texture.storage, "structured");
+        EXPECT_EQ(file.texture.alphaBits, row.alphaBits);
+        EXPECT_EQ(file.texture.levels.size(), 1u);
+        EXPECT_EQ(Pixels(file.texture), row.pixels);
     }
 }
 
-TEST(AceTest, BlocksAndTheirSmallLevels)
+TEST(AceTest, ReadsBlocksAndTheirSmallLevels)
 {
     const auto rowsOf = [](const std::string &row) {
         return row + "\n" + row + "\n" + row + "\n" + row;
     };
     const TextureFile masked = ReadAce(dxt4x4());
-    ASSERT_EQ("", masked.error.text);
-    EXPECT_EQ("dxt1", masked.texture.storage);
-    ASSERT_EQ(3u, masked.texture.levels.size());
-    EXPECT_EQ(1u, masked.texture.UniformLevels());
-    EXPECT_EQ(PixelFormat::Dxt1, masked.texture.levels[0].format);
-    EXPECT_EQ(rowsOf("FF0000FF 0000FFFF AA0055FF 5500AAFF"), Pixels(masked.texture, 0));
-    EXPECT_EQ("010305FF 020406FF\n01030500 020406FF", Pixels(masked.texture, 1));
-    EXPECT_EQ("010305FF", Pixels(masked.texture, 2));
+    ASSERT_EQ(masked.error.text, "");
+    EXPECT_EQ(masked.texture.storage, "dxt1");
+    ASSERT_EQ(masked.texture.levels.size(), 3u);
+    EXPECT_EQ(masked.texture.UniformLevels(), 1u);
+    EXPECT_EQ(masked.texture.levels[0].format, PixelFormat::Dxt1);
+    EXPECT_EQ(Pixels(masked.texture, 0), rowsOf("FF0000FF 0000FFFF AA0055FF 5500AAFF"));
+    EXPECT_EQ(Pixels(masked.texture, 1), "010305FF 020406FF\n01030500 020406FF");
+    EXPECT_EQ(Pixels(masked.texture, 2), "010305FF");
 
-    // Three colours: the fourth is a hole where there is a mask, else black.
+    // Three colours: the fourth is transparent if there is a mask, else black.
     std::string three = dxt4x4();
     three.replace(three.size() - 26, 4, Bytes8({0x1F, 0x00, 0x00, 0xF8}));
-    EXPECT_EQ(rowsOf("0000FFFF FF0000FF 7F007FFF 00000000"), Pixels(ReadAce(three).texture));
+    EXPECT_EQ(Pixels(ReadAce(three).texture), rowsOf("0000FFFF FF0000FF 7F007FFF 00000000"));
     std::string opaque = head(0x10, 4, 4, 0x12, kRgb, 1) + U32s({8}) +
                          Bytes8({0x1F, 0x00, 0x00, 0xF8, 0xE4, 0xE4, 0xE4, 0xE4});
-    EXPECT_EQ(rowsOf("0000FFFF FF0000FF 7F007FFF 000000FF"), Pixels(ReadAce(opaque).texture));
+    EXPECT_EQ(Pixels(ReadAce(opaque).texture), rowsOf("0000FFFF FF0000FF 7F007FFF 000000FF"));
 
-    // With alpha and no mask the small levels have three channels.
+    // With alpha but no mask the small levels have three channels.
     const std::string alpha = head(0x15, 4, 4, 0x12, {kRed, kGreen, kBlue, kAlpha}, 3) + U32s({8}) +
                               std::string(8, '\0') +
                               Bytes8({1, 2, 3, 4, 5, 6, 1, 2, 3, 4, 5, 6, 1, 3, 5});
-    EXPECT_EQ("010305FF", Pixels(ReadAce(alpha).texture, 2));
+    EXPECT_EQ(Pixels(ReadAce(alpha).texture, 2), "010305FF");
 }
 
-TEST(AceTest, RareKindsOfRawPixels)
+TEST(AceTest, ReadsRareKindsOfRawPixels)
 {
     struct Row
     {
@@ -121,7 +122,7 @@ TEST(AceTest, RareKindsOfRawPixels)
         std::string data;
         const char *start;
     };
-    // Alpha 0 1 2 ... in the first two rows; end points 255 and 0, the first indices 0 1 2.
+    // DXT3: alpha 0 1 2 ... in the first two rows. DXT5: end points 255 and 0, then indices 0 1 2.
     const std::string colours = Bytes8({0x00, 0xF8, 0x1F, 0x00, 0, 0, 0, 0});
     const Row rows[] = {
         {"dxt3", 0x14, Bytes8({0x10, 0x32, 0x54, 0x76, 0, 0, 0, 0}) + colours,
@@ -142,12 +143,12 @@ TEST(AceTest, RareKindsOfRawPixels)
         const TextureFile file =
             ReadAce(head(0x10, 4, 4, row.surface, {kRed, kGreen, kBlue, kAlpha}, 1) +
                     U32s({static_cast<std::uint32_t>(row.data.size())}) + row.data);
-        ASSERT_EQ("", file.error.text);
-        EXPECT_EQ(row.start, Pixels(file.texture).substr(0, 36));
+        ASSERT_EQ(file.error.text, "");
+        EXPECT_EQ(Pixels(file.texture).substr(0, 36), row.start);
     }
 }
 
-/// With a hole of a block's size.
+/// A panel with a transparent hole of one block.
 samples::Picture panel()
 {
     samples::Picture picture = samples::PanelPicture(16, {200, 40, 32, 255}, {248, 248, 248, 255});
@@ -157,7 +158,7 @@ samples::Picture panel()
     return picture;
 }
 
-TEST(AceTest, EveryFormShowsTheSamePicture)
+TEST(AceTest, EveryFormGivesTheSamePicture)
 {
     for (const bool mipmaps : {false, true})
         for (const bool compressed : {false, true}) {
@@ -165,12 +166,12 @@ TEST(AceTest, EveryFormShowsTheSamePicture)
                 return ReadAce(AceBytes(panel(), {alpha, mipmaps, dxt, compressed})).texture;
             };
             const korvat::Texture mask = read(samples::AceAlpha::Mask, false);
-            ASSERT_EQ(mipmaps ? 5u : 1u, mask.levels.size());
-            EXPECT_EQ(8, read(samples::AceAlpha::Full, false).alphaBits);
+            ASSERT_EQ(mask.levels.size(), mipmaps ? 5u : 1u);
+            EXPECT_EQ(read(samples::AceAlpha::Full, false).alphaBits, 8);
             EXPECT_EQ(Pixels(mask), Pixels(read(samples::AceAlpha::Full, false)));
             const auto expected = mask.Decoded(0);
             const auto blocks = read(samples::AceAlpha::Mask, true).Decoded(0);
-            ASSERT_EQ(expected.size(), blocks.size());
+            ASSERT_EQ(blocks.size(), expected.size());
             for (std::size_t i = 0; i < expected.size(); ++i)
                 ASSERT_TRUE(expected[i | 3] == 0 ? blocks[i | 3] == 0
                                                  : std::abs(expected[i] - blocks[i]) < 16)
@@ -178,15 +179,15 @@ TEST(AceTest, EveryFormShowsTheSamePicture)
         }
 }
 
-TEST(AceTest, SizesThatAreNoMultipleOfABlock)
+TEST(AceTest, ReadsSizesThatAreNotMultiplesOfABlock)
 {
     const std::string bytes = head(0x10, 5, 6, 0x12, kRgb, 1) + U32s({32}) + std::string(32, '\0');
     const TextureFile file = ReadAce(bytes);
-    ASSERT_EQ("", file.error.text);
-    EXPECT_EQ(5u * 6 * 4, file.texture.Decoded(0).size());
+    ASSERT_EQ(file.error.text, "");
+    EXPECT_EQ(file.texture.Decoded(0).size(), 5u * 6 * 4);
 }
 
-TEST(AceTest, SaysWhatIsWrongAndWhere)
+TEST(AceTest, ReportsTheFaultAndItsPlace)
 {
     const std::string good = masked2x2(), blocks = dxt4x4();
     struct Row
@@ -200,13 +201,13 @@ TEST(AceTest, SaysWhatIsWrongAndWhere)
     const Row rows[] = {
         {"a shape", samples::StorePayload("JINX0s1b______\r\n"), Status::NotThisFormat, 0,
          "there is no texture in the file"},
-        {"another first number", WithU32(good, 16, 2), Status::NotThisFormat, 16,
+        {"different first number", WithU32(good, 16, 2), Status::NotThisFormat, 16,
          "there is no texture in the file"},
-        {"header cut", good.substr(0, 60), Status::Damaged, 16,
+        {"truncated header", good.substr(0, 60), Status::Damaged, 16,
          "the texture ends within its header"},
         {"width 0", WithU32(good, 24, 0), Status::Damaged, 24,
          "the texture's size is given as 0 x 2"},
-        {"height beyond all", WithU32(good, 28, 0xFFFFFFFF), Status::TooLarge, 24,
+        {"height too large", WithU32(good, 28, 0xFFFFFFFF), Status::TooLarge, 24,
          "the texture's size is given as 2 x 4294967295; no side may be longer than 16384"},
         {"large and empty", WithU32(WithU32(good, 24, 16384), 28, 16384), Status::Damaged, 232,
          "the texture ends before most of its picture"},
@@ -216,7 +217,7 @@ TEST(AceTest, SaysWhatIsWrongAndWhere)
          "the texture has 6 channels"},
         {"a channel twice", WithU32(good, 192, kRed), Status::Unsupported, 184,
          "the texture has a channel of type 3 with 8 bits"},
-        {"bits of a channel", WithU32(good, 168, 4), Status::Unsupported, 168,
+        {"wrong bits of a channel", WithU32(good, 168, 4), Status::Unsupported, 168,
          "the texture has a channel of type 3 with 4 bits"},
         {"unknown channel", WithU32(good, 176, 7), Status::Unsupported, 168,
          "the texture has a channel of type 7 with 8 bits"},
@@ -228,27 +229,27 @@ TEST(AceTest, SaysWhatIsWrongAndWhere)
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
         const TextureFile file = ReadAce(row.bytes);
-        EXPECT_EQ(row.status, file.error.status);
-        EXPECT_EQ(row.text, file.error.text);
-        EXPECT_EQ(row.where, file.error.where);
+        EXPECT_EQ(file.error.status, row.status);
+        EXPECT_EQ(file.error.text, row.text);
+        EXPECT_EQ(file.error.where, row.where);
         EXPECT_TRUE(file.texture.levels.empty());
     }
 }
 
-TEST(AceTest, WhatIsMissingStaysBlack)
+TEST(AceTest, MissingPixelsAreBlack)
 {
     const std::string cut = masked2x2().substr(0, 255 - 3);
     const TextureFile file = ReadAce(cut);
-    EXPECT_EQ("", file.error.text);
-    EXPECT_EQ(std::vector<std::string>{"the last 1 rows of the picture are missing"}, file.notes);
-    EXPECT_EQ("FF0000FF 00FF0000\n000000FF 000000FF", Pixels(file.texture));
+    EXPECT_EQ(file.error.text, "");
+    EXPECT_EQ(file.notes, std::vector<std::string>{"the last 1 rows of the picture are missing"});
+    EXPECT_EQ(Pixels(file.texture), "FF0000FF 00FF0000\n000000FF 000000FF");
 
     const TextureFile smaller = ReadAce(dxt4x4().substr(0, dxt4x4().size() - 4));
-    EXPECT_EQ(std::vector<std::string>{"the smaller levels are missing"}, smaller.notes);
-    EXPECT_EQ(2u, smaller.texture.levels.size());
+    EXPECT_EQ(smaller.notes, std::vector<std::string>{"the smaller levels are missing"});
+    EXPECT_EQ(smaller.texture.levels.size(), 2u);
 }
 
-TEST(AceTest, CutAtEveryLengthAndWithEveryNumberWrong)
+TEST(AceTest, SurvivesEveryLengthAndEveryWrongNumber)
 {
     for (const bool dxt : {false, true}) {
         const std::string valid = AceBytes(panel(), {samples::AceAlpha::Mask, true, dxt, false});

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-/// Numbers as the files have them.
+/// Numbers as little-endian bytes.
 inline std::string U32s(std::initializer_list<std::uint32_t> values)
 {
     std::string out;
@@ -26,7 +26,7 @@ inline std::string Bytes8(std::initializer_list<int> values)
     return out;
 }
 
-/// A block of a binary shape; the label is ASCII.
+/// A block of a binary shape, with an ASCII label.
 inline std::string Block(std::uint32_t id, std::string_view content, std::string_view label = {})
 {
     std::string name;
@@ -42,7 +42,7 @@ inline std::string BinaryShape(std::string_view sections)
     return samples::StorePayload("JINX0s1b______\r\n" + Block(0x47, sections));
 }
 
-/// The text with the four bytes at `at` replaced by a number.
+/// Returns the text with the four bytes at `at` replaced by a number.
 inline std::string WithU32(std::string bytes, std::size_t at, std::uint32_t value)
 {
     return bytes.replace(at, 4, U32s({value}));

@@ -31,7 +31,7 @@ struct Row
     std::vector<std::string> notes;
 };
 
-TEST(ContainerTest, GivesThePayloadOfEveryForm)
+TEST(ContainerTest, ReturnsThePayloadOfEveryForm)
 {
     const std::string packed = samples::CompressPayload(kPayload);
     const std::string text = "SIMISA@@@@@@@@@@JINX0s1t______\r\nshape ( )";
@@ -47,7 +47,7 @@ TEST(ContainerTest, GivesThePayloadOfEveryForm)
         {"texture", samples::StorePayload(ace), Content::Raw, ace, 16, {}},
         {"byte order mark", "\xEF\xBB\xBF" + samples::StorePayload(ace), Content::Raw, ace, 19, {}},
         {"compressed", packed, Content::Binary, kPayload, 0, {}},
-        {"compressed, and more", packed + "left over", Content::Binary, kPayload, 0, {}},
+        {"compressed, with bytes after it", packed + "left over", Content::Binary, kPayload, 0, {}},
         {"compressed text",
          samples::CompressPayload("JINX0s1t______\r\nshape ( )"),
          Content::Text,
@@ -78,15 +78,15 @@ TEST(ContainerTest, GivesThePayloadOfEveryForm)
         SCOPED_TRACE(row.what);
         Container container;
         const korvat::ReadError error = OpenContainer(row.bytes, kLimit, container);
-        EXPECT_EQ("", error.text);
-        EXPECT_EQ(row.content, container.content);
-        EXPECT_EQ(row.payload, payloadOf(container));
-        EXPECT_EQ(row.base, container.base);
-        EXPECT_EQ(row.notes, container.notes);
+        EXPECT_EQ(error.text, "");
+        EXPECT_EQ(container.content, row.content);
+        EXPECT_EQ(payloadOf(container), row.payload);
+        EXPECT_EQ(container.base, row.base);
+        EXPECT_EQ(container.notes, row.notes);
     }
 }
 
-TEST(ContainerTest, SaysWhyItCannotBeOpened)
+TEST(ContainerTest, ReportsWhyAFileCannotBeOpened)
 {
     const std::string packed = samples::CompressPayload(kPayload);
     std::string dictionary = packed;
@@ -102,34 +102,34 @@ TEST(ContainerTest, SaysWhyItCannotBeOpened)
         {"empty", "", Status::NotThisFormat, 0},
         {"something else", "SIMISA#@", Status::NotThisFormat, 0},
         {"too many line ends", "\r\n\r\n\r\nSIMISA@@@@@@@@@@", Status::NotThisFormat, 0},
-        {"mark cut", "SIMISA@@@@", Status::Damaged, 10},
+        {"truncated mark", "SIMISA@@@@", Status::Damaged, 10},
         {"size 0", WithU32(packed, 8, 0), Status::Damaged, 8},
-        {"size beyond what deflate can do", WithU32(packed, 8, 4'000'000), Status::Damaged, 8},
+        {"size that deflate cannot reach", WithU32(packed, 8, 4'000'000), Status::Damaged, 8},
         {"size of 4 GB", WithU32(packed, 8, 0xFFFFFFFF), Status::Damaged, 8},
         {"size beyond the limit", samples::CompressPayload(std::string(kLimit + 1, 'x')),
          Status::TooLarge, 8},
-        {"stream cut", packed.substr(0, packed.size() - 12), Status::Damaged, 16},
-        {"a dictionary is wanted", dictionary.substr(0, 18), Status::Damaged, 16},
+        {"truncated stream", packed.substr(0, packed.size() - 12), Status::Damaged, 16},
+        {"a dictionary is required", dictionary.substr(0, 18), Status::Damaged, 16},
     };
     for (const Refused &row : rows) {
         SCOPED_TRACE(row.what);
         Container container;
         const korvat::ReadError error = OpenContainer(row.bytes, kLimit, container);
-        EXPECT_EQ(row.status, error.status) << error.text;
-        EXPECT_EQ(row.where, error.where) << error.text;
+        EXPECT_EQ(error.status, row.status) << error.text;
+        EXPECT_EQ(error.where, row.where) << error.text;
         EXPECT_TRUE(container.payload.empty());
     }
 }
 
-TEST(ContainerTest, FilesCutAtEveryLength)
+TEST(ContainerTest, SurvivesFilesCutAtEveryLength)
 {
     const std::string packed = samples::CompressPayload(kPayload);
     const std::size_t checksum = packed.size() - 4;
     for (std::size_t size = 0; size < packed.size(); ++size) {
         Container container;
         const bool opened = !OpenContainer(packed.substr(0, size), kLimit, container);
-        ASSERT_EQ(size >= checksum, opened) << "cut at " << size;
-        ASSERT_EQ(opened ? kPayload : "", payloadOf(container)) << "cut at " << size;
+        ASSERT_EQ(opened, size >= checksum) << "cut at " << size;
+        ASSERT_EQ(payloadOf(container), opened ? kPayload : "") << "cut at " << size;
     }
 }
 

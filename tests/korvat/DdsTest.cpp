@@ -38,7 +38,7 @@ std::string plain(std::uint32_t bits, std::uint32_t flags,
     return dds(2, 1, 1, "", flags, bits, masks, data);
 }
 
-TEST(DdsTest, PixelByPixel)
+TEST(DdsTest, ReadsEveryPixelFormat)
 {
     const std::string red = Bytes8({0x00, 0xF8, 0x00, 0x00, 0, 0, 0, 0});
     const std::string hole = Bytes8({0x00, 0x00, 0x00, 0xF8, 0x03, 0, 0, 0});
@@ -72,16 +72,16 @@ TEST(DdsTest, PixelByPixel)
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
         const TextureFile file = korvat::ReadTexture(row.bytes);
-        ASSERT_EQ("", file.error.text);
-        EXPECT_EQ(row.storage, file.texture.storage);
-        EXPECT_EQ(row.alphaBits, file.texture.alphaBits);
-        EXPECT_EQ(row.levels, file.texture.levels.size());
-        EXPECT_EQ(row.levels, file.texture.UniformLevels());
-        EXPECT_EQ(row.start, Pixels(file.texture).substr(0, 17));
+        ASSERT_EQ(file.error.text, "");
+        EXPECT_EQ(file.texture.storage, row.storage);
+        EXPECT_EQ(file.texture.alphaBits, row.alphaBits);
+        EXPECT_EQ(file.texture.levels.size(), row.levels);
+        EXPECT_EQ(file.texture.UniformLevels(), row.levels);
+        EXPECT_EQ(Pixels(file.texture).substr(0, 17), row.start);
     }
 }
 
-TEST(DdsTest, SaysWhatIsWrong)
+TEST(DdsTest, ReportsTheFault)
 {
     const std::string good = blocks("DXT1", 1, std::string(8, '\0'));
     const std::tuple<const char *, std::string, Status> rows[] = {
@@ -98,12 +98,12 @@ TEST(DdsTest, SaysWhatIsWrong)
     for (const auto &[what, bytes, status] : rows) {
         SCOPED_TRACE(what);
         const TextureFile file = ReadDds(bytes);
-        EXPECT_EQ(status, file.error.status) << file.error.text;
+        EXPECT_EQ(file.error.status, status) << file.error.text;
         EXPECT_TRUE(file.texture.levels.empty());
     }
 }
 
-TEST(DdsTest, CutAtEveryLengthAndWithEveryNumberWrong)
+TEST(DdsTest, SurvivesEveryLengthAndEveryWrongNumber)
 {
     const std::string valid =
         dds(8, 8, 4, "", kColours, 24, {0xFF0000, 0xFF00, 0xFF, 0}, std::string(255, '\x55'));
@@ -114,8 +114,8 @@ TEST(DdsTest, CutAtEveryLengthAndWithEveryNumberWrong)
     for (std::size_t size = 0; size < valid.size(); ++size) {
         const TextureFile file = ReadDds(std::string_view(valid).substr(0, size));
         const bool enough = size >= 128 + 96; // half of the largest level
-        ASSERT_EQ(enough, !file.error) << size;
-        ASSERT_EQ(enough, !file.notes.empty()) << size;
+        ASSERT_EQ(!file.error, enough) << size;
+        ASSERT_EQ(!file.notes.empty(), enough) << size;
     }
 }
 

@@ -37,7 +37,7 @@ TEST(FindTextureTest, LooksInBothFoldersForBothForms)
     for (const auto &[image, expected] : rows) {
         SCOPED_TRACE(image);
         const auto found = korvat::FindTexture(files, shape, "..\\textures\\", image);
-        ASSERT_EQ(*expected != '\0', found.has_value());
+        ASSERT_EQ(found.has_value(), *expected != '\0');
         if (found) {
             EXPECT_TRUE(std::filesystem::equivalent(*files.FindFile(folder.At(expected)),
                                                     *files.FindFile(*found)))

@@ -11,8 +11,8 @@ namespace {
 
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 
-/// A triangle on each of two matrices; the second is turned a quarter about Y and hangs on the
-/// first, which is moved.
+/// Two triangles on two matrices. The second matrix is a quarter turn about Y; its parent, the
+/// first, is a translation.
 Shape twoParts()
 {
     Shape shape;
@@ -37,20 +37,20 @@ Level &levelOf(Shape &shape)
     return shape.lodControls[0].levels[0];
 }
 
-TEST(GeometryTest, AChildIsPlacedByItselfAndThenByItsParents)
+TEST(GeometryTest, AppliesAMatrixThenItsParents)
 {
     Shape shape = twoParts();
     const std::vector<Matrix> pose = RestPose(shape, levelOf(shape));
-    ASSERT_EQ(2u, pose.size());
-    EXPECT_EQ((Vec3{11, 20, 30}), Transformed({1, 0, 0}, pose[0]));
+    ASSERT_EQ(pose.size(), 2u);
+    EXPECT_EQ(Transformed({1, 0, 0}, pose[0]), (Vec3{11, 20, 30}));
     // (1 0 0) turns to (0 0 -1), rises by 5 and moves by 10 20 30; (0 0 3) turns to (3 0 0).
-    EXPECT_EQ((Vec3{10, 25, 29}), Transformed({1, 0, 0}, pose[1]));
-    EXPECT_EQ((Vec3{13, 25, 30}), Transformed({0, 0, 3}, pose[1]));
-    EXPECT_EQ((Vec3{0, 0, -1}), Turned({1, 0, 0}, pose[1]));
-    EXPECT_EQ((Bounds{{10, 20, 29}, {13, 27, 33}}), RestBounds(shape));
+    EXPECT_EQ(Transformed({1, 0, 0}, pose[1]), (Vec3{10, 25, 29}));
+    EXPECT_EQ(Transformed({0, 0, 3}, pose[1]), (Vec3{13, 25, 30}));
+    EXPECT_EQ(Turned({1, 0, 0}, pose[1]), (Vec3{0, 0, -1}));
+    EXPECT_EQ(RestBounds(shape), (Bounds{{10, 20, 29}, {13, 27, 33}}));
 }
 
-TEST(GeometryTest, ParentsThatLeadNowhereAreNone)
+TEST(GeometryTest, IgnoresInvalidParents)
 {
     const std::pair<const char *, std::vector<std::int32_t>> rows[] = {
         {"too short", {-1}},       {"its own", {-1, 1}},
@@ -62,11 +62,11 @@ TEST(GeometryTest, ParentsThatLeadNowhereAreNone)
         Shape shape = twoParts();
         levelOf(shape).parents = parents;
         const std::vector<Matrix> pose = RestPose(shape, levelOf(shape));
-        EXPECT_EQ((Vec3{0, 5, -1}), Transformed({1, 0, 0}, pose[1]));
+        EXPECT_EQ(Transformed({1, 0, 0}, pose[1]), (Vec3{0, 5, -1}));
     }
 }
 
-TEST(GeometryTest, VerticesAndParts)
+TEST(GeometryTest, MakesVerticesAndParts)
 {
     Shape shape = twoParts();
     const Geometry geometry = MakeGeometry(shape, levelOf(shape));
@@ -74,22 +74,23 @@ TEST(GeometryTest, VerticesAndParts)
                                               {{0, 2, 0}, {0, 0, -1}, {0, 0}},
                                               {{0, 0, 3}, {0, 1, 0}, {.5F, .25F}}};
     const std::vector<DrawPart> parts = {{0, 0, {0, 1, 2}}, {1, 1, {2, 1, 0}}};
-    EXPECT_EQ(vertices, geometry.vertices);
-    EXPECT_EQ(parts, geometry.parts);
-    EXPECT_EQ(2u, geometry.triangles);
-    EXPECT_EQ(0u, geometry.skipped);
+    EXPECT_EQ(geometry.vertices, vertices);
+    EXPECT_EQ(geometry.parts, parts);
+    EXPECT_EQ(geometry.triangles, 2u);
+    EXPECT_EQ(geometry.skipped, 0u);
 
-    // A second sub-object's indices are its own; a state that goes on makes no new part.
+    // A second sub-object has its own indices. If its state is that of the last part, it extends
+    // that part.
     SubObject second = levelOf(shape).subObjects[0];
     second.triangles = {{1, 0, 3}, {1, 3, 3}};
     levelOf(shape).subObjects.push_back(second);
     const Geometry more = MakeGeometry(shape, levelOf(shape));
-    EXPECT_EQ(6u, more.vertices.size());
-    ASSERT_EQ(2u, more.parts.size());
-    EXPECT_EQ((std::vector<std::uint32_t>{2, 1, 0, 3, 4, 5, 5, 4, 3}), more.parts[1].indices);
+    EXPECT_EQ(more.vertices.size(), 6u);
+    ASSERT_EQ(more.parts.size(), 2u);
+    EXPECT_EQ(more.parts[1].indices, (std::vector<std::uint32_t>{2, 1, 0, 3, 4, 5, 5, 4, 3}));
 }
 
-TEST(GeometryTest, TrianglesThatReferToNothingAreLeftOut)
+TEST(GeometryTest, LeavesOutTrianglesWithInvalidReferences)
 {
     const std::pair<const char *, void (*)(Shape &)> rows[] = {
         {"vertex", [](Shape &shape) { levelOf(shape).subObjects[0].indices[4] = 3; }},
@@ -106,34 +107,34 @@ TEST(GeometryTest, TrianglesThatReferToNothingAreLeftOut)
         Shape shape = twoParts();
         harm(shape);
         const Geometry geometry = MakeGeometry(shape, levelOf(shape));
-        EXPECT_EQ(1u, geometry.triangles);
-        EXPECT_EQ(1u, geometry.skipped);
+        EXPECT_EQ(geometry.triangles, 1u);
+        EXPECT_EQ(geometry.skipped, 1u);
     }
     for (const auto harm : {+[](Shape &shape) { shape.points.pop_back(); },
                             +[](Shape &shape) { shape.points[0].y = kNan; }}) {
         Shape shape = twoParts();
         harm(shape);
-        EXPECT_EQ(2u, MakeGeometry(shape, levelOf(shape)).skipped);
-        EXPECT_EQ(std::nullopt, RestBounds(shape));
+        EXPECT_EQ(MakeGeometry(shape, levelOf(shape)).skipped, 2u);
+        EXPECT_EQ(RestBounds(shape), std::nullopt);
     }
 }
 
-TEST(GeometryTest, ShapesWithoutMatricesStandWhereTheyAre)
+TEST(GeometryTest, ShapesWithoutMatricesStayInPlace)
 {
     Shape shape = twoParts();
     shape.matrices.clear();
-    EXPECT_EQ((Bounds{{0, 0, 0}, {1, 2, 3}}), RestBounds(shape));
+    EXPECT_EQ(RestBounds(shape), (Bounds{{0, 0, 0}, {1, 2, 3}}));
 }
 
-TEST(GeometryTest, TheNearestLevelHasTheSmallestDistance)
+TEST(GeometryTest, NearestLevelHasTheSmallestDistance)
 {
     Shape shape = twoParts();
     shape.lodControls[0].levels.insert(shape.lodControls[0].levels.begin(), Level{kNan, {}, {}});
     shape.lodControls[0].levels.push_back(Level{300, {}, {}});
     shape.lodControls.push_back({});
-    ASSERT_EQ(1u, NearestLevels(shape).size());
-    EXPECT_EQ(300, NearestLevels(shape)[0]->distance);
-    EXPECT_EQ(std::nullopt, RestBounds(shape)) << "it is empty";
+    ASSERT_EQ(NearestLevels(shape).size(), 1u);
+    EXPECT_EQ(NearestLevels(shape)[0]->distance, 300);
+    EXPECT_EQ(RestBounds(shape), std::nullopt) << "it is empty";
 }
 
 } // namespace

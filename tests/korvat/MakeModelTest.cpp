@@ -12,8 +12,8 @@ using namespace korvat;
 
 namespace {
 
-/// One triangle that hangs on the second matrix (turned a quarter about Y, 5 up), with everything
-/// that decides what it looks like.
+/// One triangle on the second matrix (a quarter turn about Y, 5 up), with everything that decides
+/// its appearance.
 Shape oneTriangle()
 {
     Shape shape;
@@ -41,7 +41,7 @@ Shape oneTriangle()
 
 } // namespace
 
-TEST(MakeModelTest, TheNearestLevelIsPutWhereItsMatricesSay)
+TEST(MakeModelTest, PlacesTheNearestLevelByItsMatrices)
 {
     const Model model = MakeModel(oneTriangle());
     ASSERT_EQ(model.mesh.indices, (std::vector<std::uint32_t>{0, 1, 2}));
@@ -54,7 +54,7 @@ TEST(MakeModelTest, TheNearestLevelIsPutWhereItsMatricesSay)
     EXPECT_EQ(model.textures, (std::vector<std::string>{"a.ace", "b.ace"}));
 }
 
-TEST(MakeModelTest, StatesSayWhatAPartLooksLike)
+TEST(MakeModelTest, StatesDecideTheAppearanceOfAPart)
 {
     using Change = void (*)(Shape &);
     const auto look = [](int slot, Finish finish, Blending blending, bool test) {
@@ -82,7 +82,7 @@ TEST(MakeModelTest, StatesSayWhatAPartLooksLike)
         Change change;
         Part part;
     } rows[] = {
-        {"as it is", [](Shape &) {}, plain},
+        {"unchanged", [](Shape &) {}, plain},
         {"full bright", [](Shape &s) { s.shaders = {"tex"}; },
          look(1, Finish::FullBright, Blending::None, false)},
         {"glass", [](Shape &s) { s.shaders = {"BlendATexDiff"}; },
@@ -105,19 +105,19 @@ TEST(MakeModelTest, StatesSayWhatAPartLooksLike)
          look(1, Finish::DarkShade, Blending::None, false)},
         {"no light model", [](Shape &s) { s.vertexStates[0].lightModel = 3; }, wrapped},
         {"sharp filter", [](Shape &s) { s.primStates[0].textures = {1}; }, sharp},
-        {"larger copies", [](Shape &s) { s.textures[0].mipLodBias = -3; }, sharper},
-        {"smaller copies", [](Shape &s) { s.textures[0].mipLodBias = 0.5f; }, softer},
-        {"no number", [](Shape &s) { s.textures[0].mipLodBias = NAN; }, plain},
+        {"larger mipmap levels", [](Shape &s) { s.textures[0].mipLodBias = -3; }, sharper},
+        {"smaller mipmap levels", [](Shape &s) { s.textures[0].mipLodBias = 0.5f; }, softer},
+        {"not a number", [](Shape &s) { s.textures[0].mipLodBias = NAN; }, plain},
         {"no texture", [](Shape &s) { s.primStates[0].textures.clear(); }, grey},
         {"no such texture", [](Shape &s) { s.primStates[0].textures = {5}; }, grey},
         {"no such image", [](Shape &s) { s.primStates[0].textures = {2}; }, grey},
-        {"no texture wanted",
+        {"shader without a texture",
          [](Shape &s) {
              s.shaders = {"Diffuse"};
              s.vertexStates[0].lightMaterial = 0;
          },
          coloured},
-        {"a colour of its own",
+        {"separate colour",
          [](Shape &s) {
              s.primStates[0].textures.clear();
              s.vertexStates[0].lightMaterial = 0;
@@ -134,7 +134,7 @@ TEST(MakeModelTest, StatesSayWhatAPartLooksLike)
     }
 }
 
-TEST(MakeModelTest, UnknownShadersThatAreDrawnAreNotedOnce)
+TEST(MakeModelTest, NotesEachUnknownShaderInUseOnce)
 {
     Shape shape = oneTriangle();
     shape.shaders = {"Marble", "Unused"};
@@ -146,7 +146,7 @@ TEST(MakeModelTest, UnknownShadersThatAreDrawnAreNotedOnce)
     EXPECT_TRUE(MakeModel(shape).notes.empty());
 }
 
-TEST(MakeModelTest, WhatLiesNowhereIsLeftOut)
+TEST(MakeModelTest, LeavesOutTrianglesWithoutAPlace)
 {
     Shape shape = oneTriangle();
     shape.matrices[1].matrix.rows[10] = std::numeric_limits<float>::quiet_NaN();
@@ -163,5 +163,5 @@ TEST(MakeModelTest, WhatLiesNowhereIsLeftOut)
     const Model twice = MakeModel(shape);
     ASSERT_EQ(twice.mesh.vertices.size(), 6u) << "the same corners under two matrices";
     EXPECT_EQ(twice.mesh.vertices[3].position, (Vec3{2, 0, 0}));
-    EXPECT_EQ(twice.mesh.vertices[3].normal, (Vec3{0, 0, -1})) << "normals stay of length 1";
+    EXPECT_EQ(twice.mesh.vertices[3].normal, (Vec3{0, 0, -1})) << "normals keep length 1";
 }

@@ -36,7 +36,7 @@ Texture painted(PixelFormat format, std::uint32_t width, std::uint32_t height, i
     return texture;
 }
 
-/// Colours on a line, as four of them are in a block; red and blue run against each other.
+/// Colours on a line, like the four of a block: red rises while blue falls.
 Pixel hills(std::uint32_t x, std::uint32_t y)
 {
     const auto wave = [](double at) {
@@ -47,7 +47,7 @@ Pixel hills(std::uint32_t x, std::uint32_t y)
     return {red, 60, blue, wave((2 * x + y) / 13.0)};
 }
 
-/// The mean of what a pixel of a level covers in the first one.
+/// Returns the mean of the pixels in the first level that a pixel of a smaller level covers.
 Pixel meanOf(const std::vector<std::uint8_t> &pixels, std::uint32_t width, std::uint32_t height,
              std::uint32_t left, std::uint32_t top, std::uint32_t side)
 {
@@ -63,7 +63,7 @@ Pixel meanOf(const std::vector<std::uint8_t> &pixels, std::uint32_t width, std::
     return mean;
 }
 
-/// How far a level is from what it should be: the mean distance of a channel.
+/// Returns the error of a level: the mean difference per channel from the means of the first level.
 double errorOf(const Texture &texture, std::size_t level)
 {
     const std::vector<std::uint8_t> first = texture.Decoded(0), small = texture.Decoded(level);
@@ -120,7 +120,7 @@ TEST(MipmapsTest, SmallerLevelsAreMeansOfTheFirst)
         }
 }
 
-TEST(MipmapsTest, OddSizesAreHalvedDownwards)
+TEST(MipmapsTest, OddSizesAreRoundedDown)
 {
     for (const PixelFormat format : {PixelFormat::Dxt1, PixelFormat::Dxt5})
         for (std::uint32_t width = 1; width < 20; ++width)
@@ -140,7 +140,7 @@ TEST(MipmapsTest, OddSizesAreHalvedDownwards)
             }
 }
 
-TEST(MipmapsTest, HolesKeepTheirShareAndDarkenNothing)
+TEST(MipmapsTest, HolesKeepTheirShareAndDarkenNoNeighbours)
 {
     const struct
     {
@@ -151,7 +151,7 @@ TEST(MipmapsTest, HolesKeepTheirShareAndDarkenNothing)
         {"half a picture", [](std::uint32_t x, std::uint32_t) { return x < 32; }, 0.5},
         {"a fence of wires",
          [](std::uint32_t x, std::uint32_t y) { return x % 4 == 0 || y % 8 == 0; }, 0.34375},
-        {"nothing at all", [](std::uint32_t, std::uint32_t) { return false; }, 0},
+        {"fully transparent", [](std::uint32_t, std::uint32_t) { return false; }, 0},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(row.name);
@@ -162,7 +162,7 @@ TEST(MipmapsTest, HolesKeepTheirShareAndDarkenNothing)
             });
         ASSERT_NEAR(solidShare(texture, 0), row.share, 1e-9);
         MakeSmallerLevels(texture);
-        for (std::size_t level = 1; level < 5; ++level) { // 4 x 4 pixels and more
+        for (std::size_t level = 1; level < 5; ++level) { // at least 4 x 4 pixels
             EXPECT_NEAR(solidShare(texture, level), row.share, 0.07) << level;
             const std::vector<std::uint8_t> pixels = texture.Decoded(level);
             for (std::size_t at = 0; at < pixels.size(); at += 4)
@@ -171,7 +171,7 @@ TEST(MipmapsTest, HolesKeepTheirShareAndDarkenNothing)
     }
 }
 
-TEST(MipmapsTest, OtherTexturesStayAsTheyAre)
+TEST(MipmapsTest, LeavesOtherTexturesUnchanged)
 {
     Texture plain;
     plain.width = plain.height = 8;

@@ -39,15 +39,15 @@ protected:
 
 } // namespace
 
-TEST_F(ModelLibraryTest, WhatIsInUseIsSharedUntilItsFileChanges)
+TEST_F(ModelLibraryTest, SharesModelsInUseUntilTheirFileChanges)
 {
     const LoadedModel first = library.LoadModel(shape);
     ASSERT_EQ(first.error, "");
     EXPECT_EQ(first.model->textures, std::vector<std::string>{"side.dds"});
     EXPECT_EQ(library.LoadModel(game.At("cars/BOX.S")).model, first.model);
     const TexturePtr side = texture("side.dds").texture;
-    EXPECT_EQ(texture("SIDE.ACE").texture, side) << "a .dds stands for a missing .ace";
-    EXPECT_NE(texture("roof.dds").texture, ModelLibrary::Checker()) << "by the texture path";
+    EXPECT_EQ(texture("SIDE.ACE").texture, side) << "a .dds replaces a missing .ace";
+    EXPECT_NE(texture("roof.dds").texture, ModelLibrary::Checker()) << "in the texture path";
 
     game.Write("Cars/box.s", ShapeText({SidePanel(1, 1, {0, 2, 0}, 6, 2)}));
     namespace fs = std::filesystem;
@@ -74,7 +74,7 @@ TEST_F(ModelLibraryTest, CompressedTexturesHaveAllLevels)
     EXPECT_EQ(texture("all.ace").texture->UniformLevels(), 5u);
 }
 
-TEST_F(ModelLibraryTest, WhatCannotBeReadIsSaidWithItsFile)
+TEST_F(ModelLibraryTest, ReportsUnreadableFilesByName)
 {
     const std::string broken =
         game.Write("Cars/broken.s", "SIMISA@@@@@@@@@@JINX0s1t______\n\nx ( )");

@@ -7,7 +7,8 @@
 
 #include <string>
 
-/// A level's pixels as hex digits, RRGGBBAA, a blank between pixels and a line end between rows.
+/// Returns a level's pixels as hex digits, RRGGBBAA, with blanks between pixels and line ends
+/// between rows.
 inline std::string Pixels(const korvat::Texture &texture, std::size_t level = 0)
 {
     const std::vector<std::uint8_t> bytes = texture.Decoded(level);
@@ -22,7 +23,7 @@ inline std::string Pixels(const korvat::Texture &texture, std::size_t level = 0)
     return text;
 }
 
-/// Reads it and checks what the reader promises for any bytes at all.
+/// Reads a texture and checks what the reader promises for any bytes.
 inline void ExpectSound(const std::string &bytes)
 {
     const korvat::TextureFile file = korvat::ReadTexture(bytes);
@@ -30,8 +31,8 @@ inline void ExpectSound(const std::string &bytes)
     EXPECT_LE(file.texture.data.size(), 8 * bytes.size());
     for (std::size_t level = 0; !file.error && level < file.texture.levels.size(); ++level) {
         const korvat::TextureLevel &one = file.texture.levels[level];
-        EXPECT_EQ(LevelSize(one.format, one.width, one.height),
-                  file.texture.LevelBytes(level).size());
-        EXPECT_EQ(std::size_t{one.width} * one.height * 4, file.texture.Decoded(level).size());
+        EXPECT_EQ(file.texture.LevelBytes(level).size(),
+                  LevelSize(one.format, one.width, one.height));
+        EXPECT_EQ(file.texture.Decoded(level).size(), std::size_t{one.width} * one.height * 4);
     }
 }

@@ -8,21 +8,21 @@
 
 namespace {
 
-TEST(PngTest, HoldsThePixelsRowByRow)
+TEST(PngTest, ContainsThePixelsRowByRow)
 {
     const std::string pixels = Bytes8({255, 0, 0, 255, 1, 2, 3, 4});
     const std::string png = korvat::EncodePng(1, 2, korvat::BytesOf(pixels));
-    // Checksums as other programs compute them for these chunks.
-    EXPECT_EQ(Bytes8({0x89, 'P', 'N', 'G', 13, 10, 26, 10, 0, 0, 0, 13, 'I',  'H',  'D',  'R', 0,
-                      0,    0,   1,   0,   0,  0,  2,  8,  6, 0, 0, 0,  0x99, 0x81, 0xB6, 0x27}),
-              png.substr(0, 33));
-    EXPECT_EQ(Bytes8({0, 0, 0, 0, 'I', 'E', 'N', 'D', 0xAE, 0x42, 0x60, 0x82}),
-              png.substr(png.size() - 12));
+    // The checksums that other programs compute for these chunks.
+    EXPECT_EQ(png.substr(0, 33),
+              Bytes8({0x89, 'P', 'N', 'G', 13, 10, 26, 10, 0, 0, 0, 13, 'I',  'H',  'D',  'R', 0,
+                      0,    0,   1,   0,   0,  0,  2,  8,  6, 0, 0, 0,  0x99, 0x81, 0xB6, 0x27}));
+    EXPECT_EQ(png.substr(png.size() - 12),
+              Bytes8({0, 0, 0, 0, 'I', 'E', 'N', 'D', 0xAE, 0x42, 0x60, 0x82}));
     const auto size = static_cast<unsigned char>(png.at(36));
-    ASSERT_EQ(33u + 12 + size + 12, png.size());
+    ASSERT_EQ(png.size(), 33u + 12 + size + 12);
     korvat::Container container;
     const std::string stream = "SIMISA@F" + U32s({10}) + "@@@@" + png.substr(41, size);
-    ASSERT_EQ("", OpenContainer(stream, 100, container).text);
+    ASSERT_EQ(OpenContainer(stream, 100, container).text, "");
     EXPECT_EQ(Bytes8({0, 255, 0, 0, 255, 0, 1, 2, 3, 4}),
               std::string(container.payload.begin(), container.payload.end()));
 }

@@ -43,7 +43,7 @@ Shape smallest()
     return shape;
 }
 
-TEST(ReadShapeTest, AllFormsGiveTheSameModel)
+TEST(ReadShapeTest, AllFormsGiveTheSameShape)
 {
     const std::pair<ShapeForm, const char *> forms[] = {
         {ShapeForm::TextUtf16, "text"},
@@ -58,15 +58,15 @@ TEST(ReadShapeTest, AllFormsGiveTheSameModel)
     for (const auto &[form, name] : forms) {
         SCOPED_TRACE(static_cast<int>(form));
         const ShapeFile file = ReadShape(ShapeBytes(samples::SmallestShape({"a.ace"}), form));
-        EXPECT_EQ("", file.error.text);
-        EXPECT_STREQ(name, ShapeFormName(file.form));
-        EXPECT_EQ(std::vector<std::string>(), file.notes);
+        EXPECT_EQ(file.error.text, "");
+        EXPECT_STREQ(ShapeFormName(file.form), name);
+        EXPECT_EQ(file.notes, std::vector<std::string>());
         EXPECT_TRUE(expected == file.shape);
     }
     const std::string text =
         ShapeBytes(samples::SmallestShape({"a.ace"}), ShapeForm::Text8Bit).substr(16);
     const ShapeFile packedText = ReadShape(samples::CompressPayload(text));
-    EXPECT_EQ("", packedText.error.text);
+    EXPECT_EQ(packedText.error.text, "");
     EXPECT_TRUE(expected == packedText.shape) << "compressed text";
 }
 
@@ -87,10 +87,10 @@ const char *const kRare =
     " linear_pos ( 1 linear_key ( 2 1 2 3 ) )"
     " tcb_pos ( 1 tcb_key ( 4 4 5 6 0 0 0 0 0 ) ) ) ) ) ) ) )";
 
-TEST(ReadShapeTest, RareBlocksAndSpellings)
+TEST(ReadShapeTest, ReadsRareBlocksAndSpellings)
 {
     const ShapeFile file = ReadShape(kRare);
-    ASSERT_EQ("", file.error.text);
+    ASSERT_EQ(file.error.text, "");
     Shape expected;
     expected.points = {{1, -25, .5F}};
     expected.colours = {{1, .25F, .5F, .75F}};
@@ -105,7 +105,7 @@ TEST(ReadShapeTest, RareBlocksAndSpellings)
     EXPECT_TRUE(expected == file.shape);
 }
 
-TEST(ReadShapeTest, BinaryBlocksThatAreRare)
+TEST(ReadShapeTest, ReadsRareBinaryBlocks)
 {
     const std::string key = U32s({7, 0x3F800000, 0x40000000, 0x40400000}); // frame 7: 1 2 3
     const std::string node =
@@ -115,7 +115,7 @@ TEST(ReadShapeTest, BinaryBlocksThatAreRare)
         Block(1, "a comment") + Block(0x0E, U32s({1}) + Block(1, "x") + Block(0x0D, name)) +
         Block(0x04FF, "") + Block(0x2F, U32s({1}) + Block(0x2E, U32s({0, 1, 2, 3, 4, 5}))) +
         Block(0x1D, U32s({1}) + Block(0x1C, U32s({8, 30}) + Block(0x1B, U32s({1}) + node)))));
-    ASSERT_EQ("", file.error.text);
+    ASSERT_EQ(file.error.text, "");
     Shape expected;
     expected.images = {"A\U0001F600"};
     expected.vertexStates = {{0, 1, 2, 3, 4, 5}};
@@ -123,7 +123,7 @@ TEST(ReadShapeTest, BinaryBlocksThatAreRare)
     EXPECT_TRUE(expected == file.shape);
 }
 
-TEST(ReadShapeTest, SaysWhatIsWrongAndWhere)
+TEST(ReadShapeTest, ReportsTheFaultAndItsPlace)
 {
     const std::string point = Block(0x02, U32s({0, 0, 0}));
     struct Row
@@ -139,7 +139,7 @@ TEST(ReadShapeTest, SaysWhatIsWrongAndWhere)
          "the file does not begin with SIMISA@"},
         {"a texture", samples::StorePayload(Bytes8({1, 0, 0, 0})), Status::NotThisFormat, 0,
          "there is no shape in the file"},
-        {"no shape inside", samples::StorePayload("JINX0s1b______\r\n" + Block(0x46, "")),
+        {"without a shape block", samples::StorePayload("JINX0s1b______\r\n" + Block(0x46, "")),
          Status::NotThisFormat, 0, "there is no shape in the file"},
         {"length 0", BinaryShape(U32s({7, 0})), Status::Damaged, 41,
          "a block in shape does not fit into it"},
@@ -158,32 +158,32 @@ TEST(ReadShapeTest, SaysWhatIsWrongAndWhere)
          Status::Damaged, 84, "a list of 9 numbers has room for 1"},
         {"text: value missing", "shape (\n points ( 1\n point ( 1 2 ) ) )", Status::Damaged, 3,
          "the block point ends before its last value"},
-        {"text: no number", "shape ( points ( 1 point ( 1 x 2 ) ) )", Status::Damaged, 1,
+        {"text: not a number", "shape ( points ( 1 point ( 1 x 2 ) ) )", Status::Damaged, 1,
          "a number was expected in the block point, not x"},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
         const korvat::ReadError error = ReadShape(row.bytes).error;
-        EXPECT_EQ(row.status, error.status);
-        EXPECT_EQ(row.text, error.text);
-        EXPECT_EQ(row.where, error.where);
+        EXPECT_EQ(error.status, row.status);
+        EXPECT_EQ(error.text, row.text);
+        EXPECT_EQ(error.where, row.where);
     }
 }
 
-/// Every number in the file that could be a count, set to what hurts.
-TEST(ReadShapeTest, WrongCountsCostNothing)
+/// Sets every number in the file that could be a count to harmful values.
+TEST(ReadShapeTest, WrongCountsAllocateNothing)
 {
     const std::string valid = ShapeBytes(samples::SmallestShape({"a.ace"}), ShapeForm::Binary);
     for (std::size_t at = 32; at + 4 <= valid.size(); ++at)
         for (const std::uint32_t value : {0U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
             const ShapeFile file = ReadShape(WithU32(valid, at, value));
-            const auto bounds = RestBounds(file.shape); // no index of it may lead outside
+            const auto bounds = RestBounds(file.shape); // fails on an index out of range
             EXPECT_TRUE(!bounds || bounds->least.x <= bounds->most.x);
             EXPECT_LE(file.shape.points.capacity(), valid.size());
         }
 }
 
-TEST(ReadShapeTest, WrongNumbersInText)
+TEST(ReadShapeTest, SurvivesWrongNumbersInText)
 {
     const std::string valid = ShapeBytes(samples::SmallestShape({"a.ace"}), ShapeForm::Text8Bit);
     for (std::size_t at = valid.find('('); at < valid.size(); ++at) {
@@ -199,14 +199,14 @@ TEST(ReadShapeTest, WrongNumbersInText)
     }
 }
 
-TEST(ReadShapeTest, FilesCutAtEveryLength)
+TEST(ReadShapeTest, SurvivesFilesCutAtEveryLength)
 {
     const Shape whole = smallest();
     for (const ShapeForm form :
          {ShapeForm::TextUtf16, ShapeForm::Text8Bit, ShapeForm::Binary, ShapeForm::Compressed}) {
         const std::string valid = ShapeBytes(samples::SmallestShape({"a.ace"}), form);
         const bool isText = samples::IsTextForm(form);
-        // A checksum is no loss, and neither are blanks and brackets at the end of a text.
+        // The reader does not need the checksum, nor the blanks and brackets at the end of a text.
         const std::size_t needed = form == ShapeForm::Compressed ? valid.size() - 4
                                    : isText                      ? valid.find_last_of('0')
                                                                  : valid.size();

@@ -10,9 +10,9 @@ using namespace korvat;
 
 namespace {
 
-/// A device that writes down what it is told: "+m1" for the first mesh uploaded, "-t2" for the
-/// second picture released, and each drawing as its first index with what makes it special: "!"
-/// tested, "#" the solid part of something blended, "~" blended, "^" added; "/" and its texture.
+/// A device that records its calls: "+m1" for the first mesh uploaded, "-t2" for the second texture
+/// released. A draw call is a mark, its first index, "/" and its texture. The marks are "!" for
+/// alpha-tested, "#" for the solid part of a blended surface, "~" for blended, "^" for added.
 class RecordingDevice : public Device
 {
 public:
@@ -58,7 +58,7 @@ std::shared_ptr<Texture> pictureOf(int alpha)
     return picture;
 }
 
-/// A row of triangles at X = 0, 1, 2 ..., one for each surface; part i begins at index 3 i.
+/// A row of triangles at X = 0, 1, 2 ..., one for each surface. Part i begins at index 3 i.
 std::shared_ptr<Model> modelOf(const std::vector<Surface> &surfaces)
 {
     auto model = std::make_shared<Model>();
@@ -130,25 +130,25 @@ TEST_F(RendererTest, ShaderAndAlphaDecideThePass)
     Surface glass;
     glass.blending = kAlpha;
     frameOf(modelOf({glass}), nullptr);
-    EXPECT_EQ(paint(), "[ -m1 -t2 +m3 0 ]") << "without a texture there is nothing to see through";
+    EXPECT_EQ(paint(), "[ -m1 -t2 +m3 0 ]") << "without a texture nothing is transparent";
 }
 
-TEST_F(RendererTest, BlendedPartsComeLastFromFarToNear)
+TEST_F(RendererTest, DrawsBlendedPartsLastFromFarToNear)
 {
     Surface glass, fence, wall;
     glass.blending = kAlpha;
     fence.alphaTest = true;
-    // Index 0 is the farthest from the camera at X = 10, 12 the nearest.
+    // The camera is at X = 10: index 0 is the farthest from it, 12 the nearest.
     frameOf(modelOf({glass, fence, glass, wall, glass}), pictureOf(8));
     EXPECT_EQ(paint(), "[ +m1 +t2 9/2 !3/2 #0/2 #6/2 #12/2 ~0/2 ~6/2 ~12/2 ]");
     renderer.SetCamera({-10, 0, 0}, {0, 0, 0});
     EXPECT_EQ(paint(), "[ 9/2 !3/2 #0/2 #6/2 #12/2 ~12/2 ~6/2 ~0/2 ]");
-    renderer.SetCamera({2, 0, -40}, {2, 0, 0}); // all but equally far: the order of the file counts
+    renderer.SetCamera({2, 0, -40}, {2, 0, 0}); // almost equally far: the order of the file decides
     frameOf(modelOf({glass, glass}), pictureOf(8), Translation({1.5f, 0, 0}));
     EXPECT_NE(paint().find("~0/4 ~3/4 ]"), std::string::npos);
 }
 
-TEST_F(RendererTest, TheDeviceHoldsEverythingOnceAndOnlyWhileItIsUsed)
+TEST_F(RendererTest, DeviceHoldsEachResourceOnceAndOnlyWhileInUse)
 {
     auto car = modelOf({Surface{}}), other = modelOf({Surface{}});
     auto paint1 = pictureOf(0), paint2 = pictureOf(0);
@@ -156,12 +156,12 @@ TEST_F(RendererTest, TheDeviceHoldsEverythingOnceAndOnlyWhileItIsUsed)
     for (int i = 0; i < 3; ++i)
         renderer.Add(car, Identity(), std::vector<TexturePtr>{i < 2 ? paint1 : paint2});
     renderer.Add(other, Identity(), std::vector<TexturePtr>{paint2});
-    EXPECT_EQ(paint(), "[ ]") << "the frame is not whole yet";
+    EXPECT_EQ(paint(), "[ ]") << "the frame is not complete yet";
     renderer.End();
     EXPECT_EQ(paint(), "[ +m1 +t2 +t3 +m4 0/2 0/2 0/3 0/3 ]");
     EXPECT_EQ(paint(), "[ 0/2 0/2 0/3 0/3 ]");
     renderer.Forget();
-    EXPECT_EQ(paint().substr(0, 9), "[ +m5 +t6") << "on another device everything comes again";
+    EXPECT_EQ(paint().substr(0, 9), "[ +m5 +t6") << "another device gets everything again";
     frameOf(car, paint1);
     other.reset();
     paint2.reset();
@@ -173,7 +173,7 @@ TEST_F(RendererTest, TheDeviceHoldsEverythingOnceAndOnlyWhileItIsUsed)
     EXPECT_EQ(device.TakeLog(), "-m5 -t6 ");
 }
 
-TEST_F(RendererTest, WhatTheCameraCannotSeeIsNeitherUploadedNorDrawn)
+TEST_F(RendererTest, NeitherUploadsNorDrawsWhatTheCameraCannotSee)
 {
     frameOf(modelOf({Surface{}}), nullptr, Translation({50, 0, 0}));
     EXPECT_EQ(paint(), "[ ]");

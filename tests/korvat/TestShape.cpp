@@ -12,7 +12,7 @@ std::string number(float value)
     return text.data();
 }
 
-/// NAME ( count, the entries and ")".
+/// Returns "NAME ( count entries )".
 std::string list(const std::string &name, std::size_t count, const std::string &entries)
 {
     return name + " ( " + std::to_string(count) + ' ' + entries + ")\n";
@@ -29,7 +29,7 @@ void appendNumber(std::string &bytes, std::uint32_t value)
         bytes += static_cast<char>(value >> shift & 0xFF);
 }
 
-/// The blocks that have one entry for each panel.
+/// Returns the blocks that have one entry for each panel.
 struct Lists
 {
     std::string shaders, points, normals, images, textures, states, vertices, primitives;

@@ -16,7 +16,7 @@ void expectNear(Vec3 got, Vec3 wanted, const char *name)
     EXPECT_LT(Length(got - wanted), 1e-4f) << name << ": " << got.x << ' ' << got.y << ' ' << got.z;
 }
 
-/// Where a point of the world stands in the picture, -1 to 1 from the left and from the bottom.
+/// Returns the place of a world point in the picture, -1 to 1 from the left and from the bottom.
 Vec3 inPicture(Vec3 point, const Transform &viewProjection)
 {
     const float w = point.x * viewProjection.At(0, 3) + point.y * viewProjection.At(1, 3) +
@@ -36,7 +36,7 @@ TEST(TransformTest, RowsMultiplyFromTheLeft)
     EXPECT_EQ(Identity() * moveThenTurn, moveThenTurn);
 }
 
-TEST(TransformTest, ACameraBesideTheTrainSeesItsFrontOnTheRight)
+TEST(TransformTest, CameraBesideTheTrainSeesItsFrontOnTheRight)
 {
     const Transform picture = LookAt({10, 2, 0}, {0, 2, 0}) * Perspective(kPi / 2, 2, 0.1f, 1000);
     expectNear(inPicture({0, 2, 10}, picture), {0.5f, 0, inPicture({0, 2, 0}, picture).z}, "front");
@@ -50,7 +50,7 @@ TEST(TransformTest, ACameraBesideTheTrainSeesItsFrontOnTheRight)
     expectNear(TransformPoint({1, 2, 4}, nowhere), {0, 0, 1}, "eye and target in one place");
 }
 
-TEST(TransformTest, AFrustumLeavesOutWhatLiesOutside)
+TEST(TransformTest, FrustumCullsObjectsOutside)
 {
     const Frustum frustum(LookAt({0, 0, 0}, {0, 0, 10}) * Perspective(kPi / 2, 1, 1, 100));
     const struct

@@ -20,7 +20,7 @@ Picture evenPicture(int width, int height, Colour colour)
     return {width, height, std::vector<Colour>(static_cast<std::size_t>(width * height), colour)};
 }
 
-TEST(AceWriterTest, WritesMaskedPictureToTheByte)
+TEST(AceWriterTest, WritesMaskedPictureByteForByte)
 {
     const Picture picture{2, 2, {{255, 0, 0}, {0, 255, 0, 0}, {0, 0, 255}, {16, 32, 48}}};
     std::string expected = "SIMISA@@@@@@@@@@"s + "\1\0\0\0\4\0\0\0\2\0\0\0\2\0\0\0"s +
@@ -62,7 +62,8 @@ TEST(AceWriterTest, WritesBlocksWithSmallLevelsAsRows)
     EXPECT_EQ(payload[4], 0x15);
     EXPECT_EQ(payload[16], 0x12);
     const std::size_t table = 152 + 3 * 16;
-    // White (greater) first, so that there are four colours: index 0 left, 1 elsewhere.
+    // White, the greater colour, comes first, so the block has four colours: index 0 on the left, 1
+    // elsewhere.
     EXPECT_EQ(payload.substr(table),
               "\xD4\0\0\0\xE0\0\0\0\xEC\0\0\0"s + "\10\0\0\0\xFF\xFF\0\xF8\x54\x54\x54\x54"s +
                   "\xFF\xFF\x7F\0\x7F\0\xFF\xFF\x7F\0\x7F\0"s + "\xFF\x3F\x3F"s);
@@ -74,7 +75,7 @@ TEST(AceWriterTest, HolesInBlocksTakeTheFourthIndex)
     picture.pixels[0].alpha = 0;
     picture.pixels[15] = {255, 255, 255, 255};
     const std::string bytes = AceBytes(picture, {.alpha = AceAlpha::Mask, .dxt1 = true});
-    // The smaller colour first: index 3 is a hole.
+    // The smaller colour comes first: index 3 is transparent.
     EXPECT_EQ(bytes.substr(bytes.size() - 8), "\x1F\0\xFF\xFF\x03\0\0\x40"s);
 }
 

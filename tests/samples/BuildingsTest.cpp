@@ -28,7 +28,7 @@ double meanBrightness(const PaintedModel &built)
     return sum / static_cast<double>(built.picture.pixels.size());
 }
 
-TEST(BuildingsTest, SeasonsChangeThePictureAndNotTheShape)
+TEST(BuildingsTest, SeasonsChangeTheTextureAndNotTheShape)
 {
     const PaintedModel summer = BuildScenery(Building::Cottage, Season::Summer, "c.ace");
     const std::string shape = samples::ShapeBytes(summer.model, samples::ShapeForm::Binary);
@@ -44,7 +44,7 @@ TEST(BuildingsTest, SeasonsChangeThePictureAndNotTheShape)
               meanBrightness(summer) + 20);
 }
 
-/// At night a house is dark and its windows are not.
+/// At night a house is dark, but its windows are bright.
 TEST(BuildingsTest, WindowsShineAtNight)
 {
     const PaintedModel day = BuildScenery(Building::Cottage, Season::Summer, "c.ace");
@@ -55,7 +55,7 @@ TEST(BuildingsTest, WindowsShineAtNight)
               200);
 }
 
-TEST(BuildingsTest, EveryBuildingStandsUpAndUsesItsPicture)
+TEST(BuildingsTest, EveryBuildingStandsUprightAndUsesItsTexture)
 {
     for (const samples::RouteShape &shape : samples::RouteShapes()) {
         SCOPED_TRACE(shape.name);

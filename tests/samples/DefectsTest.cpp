@@ -23,7 +23,7 @@ class DefectsTest : public testing::Test
 protected:
     DefectsTest() { samples::WriteSample(m_temp.At("s")); }
     scan::Installation installation() const { return scan::Installation(m_temp.At("s")); }
-    /// The text of a file, with each run of blanks as one.
+    /// Returns the text of a file, with each run of blanks replaced by one.
     std::string text(const std::string &path) const
     {
         return std::regex_replace(scan::Decode(m_temp.Read("s/" + path)), std::regex("\\s+"), " ");
@@ -32,7 +32,7 @@ protected:
     support::TempFolder m_temp;
 };
 
-/// A path of a report, below the installation folder.
+/// Returns a path from a report, relative to the installation folder.
 std::string below(const std::string &path)
 {
     return scan::Plain(path.substr(path.find('\\') + 1));
@@ -44,7 +44,7 @@ std::string document()
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
-/// What is missing according to the reports, in the form of the scan.
+/// Returns the missing files according to the reports, in the form of the scan.
 std::set<std::string> plannedMissing()
 {
     static const std::regex line("ERROR: (.*) references missing file (.*)");
@@ -59,15 +59,15 @@ std::set<std::string> plannedMissing()
     return planned;
 }
 
-TEST_F(DefectsTest, NothingIsMissingButWhatIsPlanned)
+TEST_F(DefectsTest, OnlyPlannedFilesAreMissing)
 {
     std::set<std::string> planned = plannedMissing();
-    // No check looks from a service for its consist.
+    // No check looks for the consist of a service.
     planned.insert("routes/tarnwick/services/ghost.srv -> trains/consists/vanished freight.con");
     EXPECT_EQ(installation().Unresolved(), planned);
 }
 
-TEST_F(DefectsTest, CheckedFilesAreThereAndDiffer)
+TEST_F(DefectsTest, CheckedFilesExistAndDiffer)
 {
     std::set<std::string> files;
     for (const Defect &defect : samples::Defects()) {
@@ -79,7 +79,7 @@ TEST_F(DefectsTest, CheckedFilesAreThereAndDiffer)
     }
 }
 
-/// The faults that are more than a missing file.
+/// Faults other than a missing file.
 TEST_F(DefectsTest, FaultyBlocksAreFaulty)
 {
     const struct
@@ -121,13 +121,13 @@ TEST_F(DefectsTest, ExactlyTheListedShapesAreNotText)
     for (const std::string &path : installation().Files(".s"))
         if (text(path).find("shape (") == std::string::npos)
             found.insert(path);
-    EXPECT_EQ(listed, found);
+    EXPECT_EQ(found, listed);
     for (const std::string &path : found)
         EXPECT_EQ(scan::Payload(installation().Bytes(path)).find("JINX0s1b____"), 0U) << path;
 }
 
-/// By exact letter case, as the checks compare.
-TEST_F(DefectsTest, OnlyWhatIsPlannedIsUsedNowhere)
+/// Compares the exact letter case, as the checks do.
+TEST_F(DefectsTest, OnlyPlannedFilesAreUnused)
 {
     const scan::Installation all = installation();
     std::set<std::string> unused;
@@ -149,7 +149,7 @@ TEST_F(DefectsTest, OnlyWhatIsPlannedIsUsedNowhere)
     EXPECT_EQ(unused, planned);
 }
 
-TEST_F(DefectsTest, DocumentListsThemAll)
+TEST_F(DefectsTest, DocumentListsAllDefects)
 {
     std::string expected;
     for (const Defect &defect : samples::Defects())

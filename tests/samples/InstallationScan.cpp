@@ -20,7 +20,7 @@ unsigned byteAt(std::string_view bytes, std::size_t at)
     return static_cast<unsigned char>(bytes.at(at));
 }
 
-/// Enough for the basic plane.
+/// Appends a character of the basic plane as UTF-8.
 void append(std::string &out, unsigned c)
 {
     if (c < 0x80) {
@@ -136,13 +136,13 @@ std::string Payload(std::string_view bytes)
     if (bytes.starts_with("SIMISA@@@@@@@@@@"))
         return std::string(bytes.substr(16));
     if (!bytes.starts_with("SIMISA@F") || bytes.substr(12, 4) != "@@@@")
-        throw std::runtime_error("no container");
+        throw std::runtime_error("not a container");
     std::size_t size = 0;
     for (std::size_t i = 12; i-- > 8;)
         size = size << 8 | byteAt(bytes, i);
     std::string out(size, '\0');
     libdeflate_decompressor *inflater = libdeflate_alloc_decompressor();
-    // Without a place for the actual size, anything but the exact size is an error.
+    // Without a pointer for the actual size, any other size is an error.
     const libdeflate_result result = libdeflate_zlib_decompress_ex(
         inflater, bytes.data() + 16, bytes.size() - 16, out.data(), size, nullptr, nullptr);
     libdeflate_free_decompressor(inflater);
@@ -243,7 +243,7 @@ void Installation::scanShape(Found &found, const std::string &path, const std::s
         if (code == "257")
             places.push_back(base + "Night/");
     }
-    // A small part of a large text, in which the search for words would take its time.
+    // Searches only a small part of the text, because a search of the whole text would be slow.
     const std::size_t first = text.find("images (");
     const std::string images = text.substr(first, text.find("textures (", first) - first);
     for (const std::string &place : places)

@@ -7,23 +7,23 @@
 #include <string_view>
 #include <vector>
 
-/// A reader of installations that shares nothing with the rest of the project: it knows of the
-/// format only what a search for words needs.
+/// A reader of installations that shares no code with the rest of the project. It only searches for
+/// words.
 namespace scan {
 
-/// ASCII letters in lower case; the others are left alone.
+/// Converts ASCII letters to lower case and leaves other characters alone.
 std::string Lower(std::string text);
 
-/// The text of a file as UTF-8, whatever encoding it is in.
+/// Returns the text of a file in any encoding as UTF-8.
 std::string Decode(std::string_view bytes);
 
-/// All the first (or first two) values of blocks of this name, in file order, unescaped. Blocks
-/// that are switched off by "#" are left out.
+/// Returns the first value (or the first two values) of each block of this name, in file order and
+/// unescaped. Leaves out blocks that "#" switches off.
 std::vector<std::vector<std::string>> Values(const std::string &text, const std::string &name);
 std::vector<std::string> FirstValues(const std::string &text, const std::string &name);
 
-/// The payload of a binary shape or a texture without its container; throws std::runtime_error
-/// when a compressed part does not have exactly the size that is declared.
+/// Returns the payload of a binary shape or a texture without its container. Throws
+/// std::runtime_error if a compressed part does not have exactly the declared size.
 std::string Payload(std::string_view bytes);
 
 class Installation
@@ -31,16 +31,17 @@ class Installation
 public:
     explicit Installation(std::string root);
 
-    /// Paths of all files with this extension (in lower case, with the dot), relative, with "/".
+    /// Returns the relative paths, with "/", of all files with this extension (in lower case, with
+    /// the dot).
     std::vector<std::string> Files(std::string_view extension = {}) const;
     std::string Bytes(const std::string &path) const;
     std::string Text(const std::string &path) const { return Decode(Bytes(path)); }
-    /// Whether the file is there, ignoring case; ".." and "\" are worked off in the text.
+    /// Returns whether the file exists in any letter case. Resolves ".." and "\" in the text.
     bool Has(std::string_view path) const;
-    /// Counts of folders with stock, of stock files, of consists.
+    /// Returns the numbers of folders with stock, of stock files and of consists.
     std::vector<std::size_t> Totals() const;
-    /// "<referring file> -> <file that is not there>" for all that stock, consists, sounds, cab
-    /// views and text shapes name, in lower case.
+    /// Returns "<referring file> -> <missing file>", in lower case, for all files that stock,
+    /// consists, sounds, cab views and text shapes name.
     std::set<std::string> Unresolved() const;
 
 private:
@@ -51,10 +52,10 @@ private:
     void scanShape(Found &found, const std::string &path, const std::string &text) const;
 
     std::string m_root;
-    std::map<std::string, std::string> m_files; ///< lower case to as on the disk
+    std::map<std::string, std::string> m_files; ///< lower case to the spelling on disk
 };
 
-/// Works off "\", "." and ".." and gives lower case.
+/// Resolves "\", "." and ".." and returns the path in lower case.
 std::string Plain(std::string_view path);
 
 } // namespace scan

@@ -12,7 +12,7 @@ namespace {
 using samples::WriteSample;
 using Counts = std::vector<std::size_t>;
 
-TEST(LargeTest, ReachesTheTotals)
+TEST(LargeTest, ReachesTheRequestedTotals)
 {
     const struct
     {
@@ -36,7 +36,7 @@ TEST(LargeTest, ReachesTheTotals)
     }
 }
 
-TEST(LargeTest, FoldersWithoutStockAreThereToo)
+TEST(LargeTest, CreatesFoldersWithoutStock)
 {
     const support::TempFolder temp;
     WriteSample(temp.At("s"), {.folders = 20, .stock = 46});
@@ -92,7 +92,7 @@ TEST(LargeTest, ConsistsHaveOneToSixtyUnitsAndUseBothParts)
     EXPECT_LT(ofGenerated, units);
 }
 
-TEST(LargeTest, TheSeedDecides)
+TEST(LargeTest, SeedDecidesTheContent)
 {
     const support::TempFolder temp;
     const auto consist = [&](const char *folder, std::optional<std::uint64_t> seed) {
@@ -100,7 +100,7 @@ TEST(LargeTest, TheSeedDecides)
         return temp.Read(std::string(folder) + "/TRAINS/CONSISTS/Generated 00001.con");
     };
     const std::string first = consist("a", {});
-    EXPECT_EQ(first, consist("b", 1));
+    EXPECT_EQ(consist("b", 1), first);
     EXPECT_NE(first, consist("c", 2));
 }
 

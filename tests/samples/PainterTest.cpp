@@ -16,7 +16,7 @@ using samples::Sheet;
 constexpr Colour kBlack{0, 0, 0, 255};
 constexpr Colour kWhite{255, 255, 255, 255};
 
-/// The reds of one row of a sheet.
+/// Returns the red values of one row of a sheet.
 std::vector<int> row(const Sheet &sheet, int y, int from, int to)
 {
     std::vector<int> reds;
@@ -25,7 +25,7 @@ std::vector<int> row(const Sheet &sheet, int y, int from, int to)
     return reds;
 }
 
-TEST(SheetTest, AreasKeepApartAndEndWhenItIsFull)
+TEST(SheetTest, AreasDoNotOverlapAndEndWhenTheSheetIsFull)
 {
     Sheet sheet(64, kBlack);
     std::vector<Area> areas;
@@ -38,12 +38,12 @@ TEST(SheetTest, AreasKeepApartAndEndWhenItIsFull)
     EXPECT_THROW(Sheet(16, kBlack).Take(20, 4), std::length_error);
 }
 
-TEST(BrushTest, MetresGoUpwardsAndEdgesAreSoft)
+TEST(BrushTest, MetresCountUpwardsAndEdgesAreSoft)
 {
     Sheet sheet(32, kBlack);
     const Area area = sheet.Take(16, 16);
     Brush brush(sheet, area, {0, 0, 4, 4});
-    brush.Rect({1, 3, 2.125F, 4}, kWhite); // four pixels a metre
+    brush.Rect({1, 3, 2.125F, 4}, kWhite); // four pixels per metre
     EXPECT_EQ(row(sheet, area.top + 1, area.left, area.left + 10),
               (std::vector<int>{0, 0, 0, 0, 255, 255, 255, 255, 128, 0}));
     EXPECT_EQ(row(sheet, area.top + 5, area.left + 4, area.left + 8), std::vector<int>(4, 0));
@@ -60,7 +60,7 @@ TEST(BrushTest, PaintsOnlyItsAreaAndTheMargin)
     EXPECT_EQ(row(sheet, second.top - 1, second.left, second.left + 10), std::vector<int>(10, 255));
 }
 
-TEST(BrushTest, SeeThroughColoursMakeHoles)
+TEST(BrushTest, TransparentColoursMakeHoles)
 {
     Sheet sheet(32, kBlack);
     Brush brush(sheet, sheet.Take(20, 20), {-1, -1, 2, 2});
@@ -74,7 +74,7 @@ TEST(BrushTest, SeeThroughColoursMakeHoles)
     EXPECT_EQ(alpha(4, 4), 77);
 }
 
-TEST(BrushTest, WeatheringIsTheSameEveryTimeAndNotTooMuch)
+TEST(BrushTest, WeatheringIsDeterministicAndLimited)
 {
     Sheet a(64, {120, 120, 120, 255});
     Sheet b(64, {120, 120, 120, 255});
@@ -92,12 +92,12 @@ TEST(BrushTest, WeatheringIsTheSameEveryTimeAndNotTooMuch)
     EXPECT_LT(most, 160);
 }
 
-TEST(BrushTest, TextStandsWhereItShallAndReadsFromLeftToRight)
+TEST(BrushTest, TextIsInPlaceAndReadsFromLeftToRight)
 {
     Sheet sheet(64, kBlack);
     const Area area = sheet.Take(56, 28);
     Brush(sheet, area, {0, 0, 20, 10}).Text(10, 2, 6, "L", kWhite, 0.2F);
-    // The stem is at the left, the foot runs to the right at the bottom.
+    // The stem is on the left; the foot runs to the right at the bottom.
     const int left = area.left + static_cast<int>(8 * 2.8F);
     EXPECT_GT(row(sheet, area.top + 8, left, left + 1)[0], 200);
     EXPECT_EQ(row(sheet, area.top + 8, left + 9, left + 10)[0], 0);

@@ -10,7 +10,7 @@
 
 namespace {
 
-TEST(ProgramTest, TellsSuccessByItsExitCode)
+TEST(ProgramTest, ExitCodeShowsSuccess)
 {
     const support::TempFolder temp;
     const support::Machine machine{temp.MakeFolder("home")};

@@ -16,7 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 using samples::WriteSample;
 
-/// What WriteSample says when it refuses.
+/// Returns the message of WriteSample when it refuses.
 std::string refusal(const std::string &out, const samples::Options &options = {})
 {
     try {
@@ -42,7 +42,7 @@ TEST(SampleTest, TheSameOptionsGiveTheSameBytes)
     const samples::Totals totals = WriteSample(temp.At("a"));
     WriteSample(temp.At("b"));
     const auto bytes = allBytes(temp.At("a"));
-    EXPECT_EQ(bytes, allBytes(temp.At("b")));
+    EXPECT_EQ(allBytes(temp.At("b")), bytes);
     EXPECT_EQ(bytes.size(), static_cast<std::size_t>(totals.files) + 1);
     EXPECT_TRUE(bytes.contains(samples::kMarkerFile));
 }
@@ -57,7 +57,7 @@ TEST(SampleTest, DefaultSampleHasItsTotals)
     EXPECT_EQ(totals.consists, 14);
 }
 
-TEST(SampleTest, NothingElseLooksLikeStockOrARoute)
+TEST(SampleTest, NoOtherFilesLookLikeStockOrARoute)
 {
     const support::TempFolder temp;
     WriteSample(temp.At("s"));
@@ -69,7 +69,7 @@ TEST(SampleTest, NothingElseLooksLikeStockOrARoute)
         EXPECT_TRUE(temp.Exists(std::string("s/TRAINS/TRAINSET/") + shared)) << shared;
 }
 
-TEST(SampleTest, IsMadeAgainInPlace)
+TEST(SampleTest, CanBeWrittenAgainInPlace)
 {
     const support::TempFolder temp;
     WriteSample(temp.At("s"));
@@ -119,7 +119,7 @@ TEST(SampleTest, DoesNotWriteThroughLinks)
     std::error_code error;
     fs::create_symlink(temp.At("outside/letter.txt"), temp.At(file), error);
     if (error)
-        GTEST_SKIP() << "no links can be made here: " << error.message();
+        GTEST_SKIP() << "links cannot be created here: " << error.message();
     EXPECT_EQ(refusal(temp.At("s")), temp.At(file) + ": is in the way: not a plain file");
     fs::remove_all(temp.At("s/TRAINS/CONSISTS"));
     fs::create_directory_symlink(temp.At("outside"), temp.At("s/TRAINS/CONSISTS"));
@@ -129,7 +129,7 @@ TEST(SampleTest, DoesNotWriteThroughLinks)
     EXPECT_EQ(temp.Read("outside/letter.txt"), "dear");
 }
 
-TEST(SampleTest, RefusesTotalsThatCannotBe)
+TEST(SampleTest, RefusesImpossibleTotals)
 {
     const support::TempFolder temp;
     const struct
@@ -147,8 +147,8 @@ TEST(SampleTest, RefusesTotalsThatCannotBe)
     EXPECT_FALSE(temp.Exists("s"));
 }
 
-/// What is special about each consist, told by its bytes and by its text.
-TEST(SampleTest, ConsistsAreWhatTheyAreMeantToBe)
+/// Checks the special feature of each consist in its bytes and its text.
+TEST(SampleTest, ConsistsHaveTheirSpecialFeatures)
 {
     const support::TempFolder temp;
     WriteSample(temp.At("s"));

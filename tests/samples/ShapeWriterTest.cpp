@@ -25,13 +25,13 @@ unsigned unsignedAt(const std::string &bytes, std::size_t at, int size)
     return value;
 }
 
-/// A text without the blanks in which two writings of it may differ.
+/// Returns a text without the blanks that may differ between two layouts of it.
 std::string squeezed(const std::string &text)
 {
     return std::regex_replace(text, std::regex("\\s+"), " ");
 }
 
-/// Two parts on two matrices, the second moved and below the first.
+/// Two parts on two matrices. The second is moved, and its parent is the first.
 ShapeModel twoParts()
 {
     ShapeModel model = SmallestShape({"a.ace", "b.ace"});
@@ -47,7 +47,7 @@ ShapeModel twoParts()
     return model;
 }
 
-TEST(ShapeWriterTest, SmallestShapeHasItsKnownSizes)
+TEST(ShapeWriterTest, SmallestShapeHasKnownSizes)
 {
     const std::string payload =
         scan::Payload(ShapeBytes(SmallestShape({"a.ace"}), ShapeForm::Binary));
@@ -67,8 +67,8 @@ TEST(ShapeWriterTest, SmallestShapeHasItsKnownSizes)
         EXPECT_NE(payload.find(block), std::string::npos) << testing::PrintToString(block);
 }
 
-/// The whole text form, so that the order of blocks and every field are fixed.
-TEST(ShapeWriterTest, SmallestShapeAsText)
+/// Compares the whole text form, so that the order of blocks and every field are fixed.
+TEST(ShapeWriterTest, WritesTheSmallestShapeAsText)
 {
     const std::string expected = R"(SIMISA@@@@@@@@@@JINX0s1t______
         shape ( shape_header ( 00000000 00000000 )
@@ -108,7 +108,7 @@ TEST(ShapeWriterTest, SmallestShapeAsText)
               "\r\n" + ShapeBytes(SmallestShape({"a.ace"}), ShapeForm::Text8Bit));
 }
 
-TEST(ShapeWriterTest, PartsOnSeveralMatrices)
+TEST(ShapeWriterTest, WritesPartsOnSeveralMatrices)
 {
     const std::string text = squeezed(ShapeBytes(twoParts(), ShapeForm::Text8Bit));
     for (const char *piece : {
@@ -126,8 +126,8 @@ TEST(ShapeWriterTest, PartsOnSeveralMatrices)
         EXPECT_NE(text.find(piece), std::string::npos) << piece << "\nin\n" << text;
 }
 
-/// States are numbered through all levels, vertices in each by themselves.
-TEST(ShapeWriterTest, LevelsMaterialsAndTurningNodes)
+/// States are numbered through all levels, vertices separately in each level.
+TEST(ShapeWriterTest, WritesLevelsMaterialsAndTurningNodes)
 {
     ShapeModel model = twoParts();
     model.levels.push_back({.distance = 5000, .parts = {model.levels.front().parts.back()}});
@@ -167,7 +167,7 @@ TEST(ShapeWriterTest, CompressedFormsInflateToTheDeclaredSize)
               ShapeBytes(model, ShapeForm::Compressed) + "left over");
 }
 
-TEST(ShapeWriterTest, TheOutermostBlockEndsWithTheFile)
+TEST(ShapeWriterTest, OutermostBlockEndsWithTheFile)
 {
     for (const ShapeModel &model : {SmallestShape({"x.ace", "y.ace"}), twoParts()}) {
         const std::string payload = scan::Payload(ShapeBytes(model, ShapeForm::Binary));
@@ -183,7 +183,7 @@ TEST(ShapeWriterTest, TheOutermostBlockEndsWithTheFile)
     }
 }
 
-TEST(ShapeWriterTest, DeclaresWhatItIsToldTo)
+TEST(ShapeWriterTest, DeclaresTheGivenNumberOfImages)
 {
     ShapeModel model = SmallestShape({"a.ace", "b.ace"});
     model.imagesDeclared = 3;

@@ -51,7 +51,7 @@ TEST(TextWriterTest, WritesSurrogatePairs)
               "\xFF\xFE\x3D\xD8\x82\xDE"s);
 }
 
-TEST(TextWriterTest, RefusesWhatAnEncodingLacks)
+TEST(TextWriterTest, RefusesCharactersThatAnEncodingLacks)
 {
     for (const char *text : {"\xE2\x82\xAC", "\xC2\x85", "\xC3"})
         EXPECT_THROW(samples::EncodeText("D0", text, {.encoding = Encoding::Windows1252}),
@@ -59,7 +59,7 @@ TEST(TextWriterTest, RefusesWhatAnEncodingLacks)
             << text;
 }
 
-TEST(TextWriterTest, QuotesWhatMustBeQuoted)
+TEST(TextWriterTest, QuotesOnlyWhereNeeded)
 {
     const struct
     {

@@ -105,7 +105,7 @@ std::vector<Triangle> trianglesOf(const ShapeModel &model, const ShapePart &part
     return all;
 }
 
-TEST(VehiclesTest, StandsOnTheRailsWithTheLengthThatIsWanted)
+TEST(VehiclesTest, StandsOnTheRailsWithTheGivenLength)
 {
     forEach([](const Row &row, const PaintedModel &built) {
         EXPECT_NEAR(built.high.z, row.length / 2, 0.02F);
@@ -136,8 +136,7 @@ TEST(VehiclesTest, TrianglesFaceAlongTheirNormals)
     });
 }
 
-/// Seen from either side, u grows to the right and v downwards on every face with a picture.
-/// How high above the place a triangle is; nothing where it is not.
+/// Returns the height of a triangle above a place, or nothing if it does not cover the place.
 std::optional<float> heightAt(const Triangle &t, float x, float z)
 {
     const Vec3 &a = t.points[0], &b = t.points[1], &c = t.points[2];
@@ -146,13 +145,13 @@ std::optional<float> heightAt(const Triangle &t, float x, float z)
         return std::nullopt;
     const float u = ((x - a.x) * (c.z - a.z) - (c.x - a.x) * (z - a.z)) / whole;
     const float v = ((b.x - a.x) * (z - a.z) - (x - a.x) * (b.z - a.z)) / whole;
-    constexpr float seam = 1e-3F; // places on an edge belong to both its triangles
+    constexpr float seam = 1e-3F; // places on an edge belong to both triangles
     if (u < -seam || v < -seam || u + v > 1 + seam)
         return std::nullopt;
     return a.y + u * (b.y - a.y) + v * (c.y - a.y);
 }
 
-TEST(VehiclesTest, NothingIsInsideOutSeenFromAbove)
+TEST(VehiclesTest, NoFaceIsInsideOutFromAbove)
 {
     forEach([](const Row &row, const PaintedModel &built) {
         std::vector<Triangle> body;
@@ -173,6 +172,7 @@ TEST(VehiclesTest, NothingIsInsideOutSeenFromAbove)
     });
 }
 
+/// Seen from either side, u grows to the right and v downwards on every face with a picture.
 TEST(VehiclesTest, LetteringReadsOnBothSides)
 {
     forEach([](const Row &, const PaintedModel &built) {
@@ -184,7 +184,8 @@ TEST(VehiclesTest, LetteringReadsOnBothSides)
                 const float x = t.normals[0].x;
                 if (std::abs(x) < 0.999F || std::sqrt(Dot(t.Across(), t.Across())) < 0.5F)
                     continue;
-                // The change of (u, v) over (right, up), as a determinant: its sign tells mirrors.
+                // The determinant of (u, v) over (right, up): its sign shows whether the texture is
+                // mirrored.
                 const auto right = [&](int k) { return (t.points[k] - t.points[0]).z * x; };
                 const auto up = [&](int k) { return (t.points[k] - t.points[0]).y; };
                 const auto u = [&](int k) { return t.uvs[k].u - t.uvs[0].u; };
@@ -202,7 +203,7 @@ TEST(VehiclesTest, LetteringReadsOnBothSides)
     });
 }
 
-TEST(VehiclesTest, LevelsGetSimplerWithTheDistance)
+TEST(VehiclesTest, LevelsGetSimplerWithDistance)
 {
     forEach([](const Row &row, const PaintedModel &built) {
         const auto &levels = built.model.levels;
@@ -217,7 +218,7 @@ TEST(VehiclesTest, LevelsGetSimplerWithTheDistance)
             return part.shader == "BlendATexDiff" && !part.alphaTest;
         };
         EXPECT_EQ(std::any_of(parts.begin(), parts.end(), blends), row.glass);
-        // What is behind glass has to be drawn before it.
+        // Parts behind glass must be drawn before it.
         EXPECT_EQ(blends(parts.back()), row.glass);
         std::set<std::uint32_t> used;
         for (const ShapePart &part : parts)
@@ -236,7 +237,7 @@ TEST(VehiclesTest, EveryAxleRollsForwardsOnce)
                 continue;
             ++axles;
             EXPECT_EQ(matrix.turn.front().rotation, (std::array<float, 4>{0, 0, 0, 1}));
-            // A quarter: conjugated, so that the top goes to +Z.
+            // A quarter turn, conjugated, so that the top moves to +Z.
             EXPECT_NEAR(matrix.turn[1].rotation[0], -std::sqrt(0.5F), 1e-5F);
             EXPECT_NEAR(matrix.turn[1].rotation[3], std::sqrt(0.5F), 1e-5F);
             EXPECT_EQ(matrix.turn.back().frame, built.model.frames);
@@ -245,7 +246,7 @@ TEST(VehiclesTest, EveryAxleRollsForwardsOnce)
     });
 }
 
-TEST(VehiclesTest, LoneVehiclesUseOnlyTheirOwnPicture)
+TEST(VehiclesTest, RepairVehiclesUseOnlyTheirOwnTexture)
 {
     for (const Design design : {Design::BoxCar, Design::HoodDiesel}) {
         const PaintedModel built = samples::BuildVehicle(design, plan(15, true));
@@ -256,8 +257,8 @@ TEST(VehiclesTest, LoneVehiclesUseOnlyTheirOwnPicture)
     }
 }
 
-/// A picture with alpha of its own is used for what has to be see-through.
-TEST(VehiclesTest, OwnAlphaIsUsed)
+/// If a vehicle's own texture has alpha, its transparent parts use that texture.
+TEST(VehiclesTest, TransparentPartsUseTheOwnAlpha)
 {
     const struct
     {
@@ -280,8 +281,8 @@ TEST(VehiclesTest, OwnAlphaIsUsed)
     }
 }
 
-/// The whole table of stock: what the files say about a vehicle's size is what its model has.
-TEST(VehiclesTest, StockFilesKnowTheSizeOfTheirShapes)
+/// For the whole table of stock: the size in a vehicle's file equals that of its model.
+TEST(VehiclesTest, StockFilesHaveTheSizesOfTheirShapes)
 {
     EXPECT_NE(samples::StockText(samples::FindVehicle("box_501"), {2.9F, 4.1F})
                   .find("Size ( 2.9m 4.1m 12.4m )"),

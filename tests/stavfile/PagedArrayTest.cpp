@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(PagedArrayTest, KeepsEveryValueWhileItGrows)
+TEST(PagedArrayTest, KeepsEveryValueWhileGrowing)
 {
     using Value = std::array<std::size_t, 4>;
     stavfile::PagedArray<Value> array;

@@ -18,7 +18,7 @@ struct Row
     const char *tree = "A(x\xC3\xA4 B(1))";
 };
 
-/// `A ( xä B ( 1 ) )` behind the header, "ä" given in the encoding's bytes.
+/// `A ( xä B ( 1 ) )` after the header, with "ä" in the bytes of the encoding.
 std::string content(std::string_view umlaut)
 {
     return WithHeader("A ( x" + std::string(umlaut) + " B ( 1 ) )\r\n");
@@ -31,7 +31,7 @@ std::string utf16Content(bool bigEndian)
     return bytes;
 }
 
-TEST(StfEncodingTest, OneContentInManyEncodings)
+TEST(StfEncodingTest, ReadsTheSameContentInEveryEncoding)
 {
     const Row rows[] = {
         {"UTF-16LE", utf16Content(false), Encoding::Utf16Le, true},
@@ -57,16 +57,16 @@ TEST(StfEncodingTest, OneContentInManyEncodings)
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
         MemoryFile memory(row.bytes);
-        EXPECT_EQ(Form::Text, memory.file.Form());
-        EXPECT_STREQ(stavfile::EncodingName(row.encoding),
-                     stavfile::EncodingName(memory.file.Encoding()));
-        EXPECT_EQ(row.bom, memory.file.HasBom());
-        EXPECT_EQ(row.tree, TreeText(memory.file.Nodes()));
-        EXPECT_EQ(row.bytes, memory.file.ToBytes());
+        EXPECT_EQ(memory.file.Form(), Form::Text);
+        EXPECT_STREQ(stavfile::EncodingName(memory.file.Encoding()),
+                     stavfile::EncodingName(row.encoding));
+        EXPECT_EQ(memory.file.HasBom(), row.bom);
+        EXPECT_EQ(TreeText(memory.file.Nodes()), row.tree);
+        EXPECT_EQ(memory.file.ToBytes(), row.bytes);
     }
 }
 
-TEST(StfEncodingTest, WhatIsNoTextGivesAnEmptyTreeAndItsBytesBack)
+TEST(StfEncodingTest, OtherFormsGiveAnEmptyTreeAndKeepTheirBytes)
 {
     const std::string shape = "SIMISA@@@@@@@@@@JINX0s1b______\r\n"s;
     const std::pair<std::string, Form> rows[] = {
@@ -87,27 +87,27 @@ TEST(StfEncodingTest, WhatIsNoTextGivesAnEmptyTreeAndItsBytesBack)
     for (const auto &[bytes, form] : rows) {
         SCOPED_TRACE(bytes.substr(0, 40));
         MemoryFile memory(bytes);
-        EXPECT_EQ(form, memory.file.Form());
-        EXPECT_EQ(0, memory.file.Nodes().Count());
-        EXPECT_EQ(bytes, memory.file.ToBytes());
+        EXPECT_EQ(memory.file.Form(), form);
+        EXPECT_EQ(memory.file.Nodes().Count(), 0);
+        EXPECT_EQ(memory.file.ToBytes(), bytes);
     }
 }
 
-TEST(StfEncodingTest, BinaryContentIsNeverReplacedByText)
+TEST(StfEncodingTest, NeverReplacesBinaryContentByText)
 {
     MemoryFile memory("SIMISA@F\x1A\x05\0\0@@@@\x78\x9C"s);
     memory.file.Nodes().Add(StfNode::Create());
     EXPECT_THROW(memory.file.ToBytes(), host::RuntimeError);
 }
 
-TEST(StfEncodingTest, NewTextKeepsTheEncodingWhereItFits)
+TEST(StfEncodingTest, NewTextKeepsTheEncodingIfItFits)
 {
     MemoryFile memory("A ( \xE4 )");
     memory.file.FindNode("A").SetParameter(0, "\xC3\xB6\xE2\x82\xAC"); // o umlaut, euro
-    EXPECT_EQ("A ( \"\xF6\x80\" )", memory.file.ToBytes());
+    EXPECT_EQ(memory.file.ToBytes(), "A ( \"\xF6\x80\" )");
 
-    memory.file.FindNode("A").SetParameter(0, "\xD0\x96"); // Cyrillic: no place in Windows-1252
-    EXPECT_EQ("\xFF\xFE\x41\0\x20\0(\0 \0\"\0\x16\x04\"\0 \0)\0"s, memory.file.ToBytes());
+    memory.file.FindNode("A").SetParameter(0, "\xD0\x96"); // Cyrillic is not in Windows-1252
+    EXPECT_EQ(memory.file.ToBytes(), "\xFF\xFE\x41\0\x20\0(\0 \0\"\0\x16\x04\"\0 \0)\0"s);
 }
 
 } // namespace

@@ -13,17 +13,17 @@ struct Row
     const char *notes = "";
 };
 
-/// The body stands on line 3, behind the header.
+/// The body is on line 3, after the header.
 void expectAll(const std::vector<Row> &rows)
 {
     for (const Row &row : rows) {
         SCOPED_TRACE(row.what);
-        EXPECT_EQ(row.tree, TreeOf(WithHeader(row.text)));
-        EXPECT_EQ(row.notes, NotesOf(WithHeader(row.text)));
+        EXPECT_EQ(TreeOf(WithHeader(row.text)), row.tree);
+        EXPECT_EQ(NotesOf(WithHeader(row.text)), row.notes);
     }
 }
 
-TEST(StfGrammarTest, TokensAndValues)
+TEST(StfGrammarTest, ReadsTokensAndValues)
 {
     expectAll({
         {"glued brackets", "Wagon(x)Engine(y)", "Wagon(x) Engine(y)"},
@@ -37,18 +37,18 @@ TEST(StfGrammarTest, TokensAndValues)
          "3: an empty string is directly before a word: a doubled quote?\n"
          "3: a quote at the end of a word is ignored\n"},
         {"escapes", R"(A ( "a\"b\\c\nd\te\qf" ..\\x.s ))", "A(a\"b\\c\nd\teqf|..\\x.s)"},
-        {"control characters part words", "A (\x01 a\x1F\x62 )", "A(a|b)"},
+        {"control characters separate words", "A (\x01 a\x1F\x62 )", "A(a|b)"},
         {"CR CR LF", "A (\r\r\n\tB ( 1 )\r\r\n)", "A(B(1))"},
         {"values between blocks", "A ( 1 B ( 2 ) 3 )", "A(1|3 B(2))"},
     });
 }
 
-TEST(StfGrammarTest, Joins)
+TEST(StfGrammarTest, JoinsStrings)
 {
     expectAll({
         {"joined strings", "D ( \"a\\n\"+\r\n \"b\" + \"c\" )", "D(a\nbc)"},
         {"plus between words", "D ( a + b )", "D(a|+|b)"},
-        {"plus behind a string alone", "D ( \"a\" + b )", "D(a|b)",
+        {"plus after a single string", "D ( \"a\" + b )", "D(a|b)",
          "3: a \"+\" without a following string is ignored\n"},
         {"unterminated", "D ( \"a ) E ( 1 )", "D(a ) E ( 1 ))",
          "3: the string that begins here is not closed: it runs to the end of the file\n"
@@ -58,7 +58,7 @@ TEST(StfGrammarTest, Joins)
     });
 }
 
-TEST(StfGrammarTest, Comments)
+TEST(StfGrammarTest, SkipsComments)
 {
     expectAll({
         {"block", "A ( comment ( x \"y\" ( z ) ) B ( 1 ) )", "A(B(1))"},
@@ -72,28 +72,28 @@ TEST(StfGrammarTest, Comments)
         {"dangling before the closing bracket", "A ( 45t #est)B ( 1 )", "A(45t) B(1)"},
         {"underscore", "A ( _Sound ( \"x\" ) 1 )", "A(1)"},
         {"inside a number", "MaxForce ( 220kN#est )", "MaxForce(220kN#est)"},
-        {"a file name is none", "WagonShape ( _x.s ) Sound ( #1.sms ) Name ( #5 x )",
+        {"a file name is not a comment", "WagonShape ( _x.s ) Sound ( #1.sms ) Name ( #5 x )",
          "WagonShape(_x.s) Sound(#1.sms) Name(#5|x)"},
-        {"nor a quoted one", "A ( \"#x\" \"comment\" )", "A(#x|comment)"},
+        {"nor is a quoted file name", "A ( \"#x\" \"comment\" )", "A(#x|comment)"},
         {"both strings of a data block", "WagonData ( #a _b #c d )", "WagonData(#a|_b)"},
         {"a disabled block in the first place", "Wagon ( _Sound ( \"x\" ) Size ( 1 ) )",
          "Wagon(Size(1))"},
         {"between blocks at the top", "#( t ) A ( 1 ) #B ( 2 ) comment ( 3 )", "A(1)"},
-        {"route data that only looks so", "_OpenRails ( a ( 1 ) ) Tr_RouteFile ( )",
+        {"route data that looks like a comment", "_OpenRails ( a ( 1 ) ) Tr_RouteFile ( )",
          "_OpenRails(a(1)) Tr_RouteFile()"},
-        {"a lone quote swallows on", "A ( comment( 1t full\" ) B ( \"2\" ) C ( 3 ) )", "A()",
+        {"a lone quote extends to the end", "A ( comment( 1t full\" ) B ( \"2\" ) C ( 3 ) )", "A()",
          "3: the comment or block skipped from here runs to the end of the file\n"
          "3: 1 block is not closed at the end of the file; the innermost begins here\n"},
         {"slashes are words", "A ( 1 // text\r\n 2 )", "A(1|//|text|2)"},
     });
 }
 
-TEST(StfGrammarTest, Labels)
+TEST(StfGrammarTest, ReadsLabels)
 {
     expectAll({
         {"shape blocks", "shape ( matrix MAIN ( 1 ) prim_state \"a b\" ( 2 ) anim_node #W ( 3 ) )",
          "shape(matrix:MAIN(1) prim_state:a b(2) anim_node:#W(3))"},
-        {"values before a block are none", "shape ( x ( ff000000 vertex_uvs ( 1 0 ) ) )",
+        {"values before a block are not labels", "shape ( x ( ff000000 vertex_uvs ( 1 0 ) ) )",
          "shape(x(ff000000 vertex_uvs(1|0)))"},
         {"a service and its blocks", "S ( SRV 3600 UiD ( 1 ) )", "S(SRV|3600 UiD(1))"},
         {"known stock block", "Wagon ( x WagonShape \"text\" ( \"x.s\" ) )",
@@ -101,32 +101,32 @@ TEST(StfGrammarTest, Labels)
         {"two known names", "Wagon ( Sound Type ( Freight ) )", "Wagon(Sound Type(Freight))"},
         {"a shape's name in a consist", "TrainCfg ( matrix Name ( x ) )",
          "TrainCfg(matrix Name(x))"},
-        {"not across a comment", "Wagon ( Sound #n x foo ( 1 ) )", "Wagon(Sound foo(1))"},
+        {"no label across a comment", "Wagon ( Sound #n x foo ( 1 ) )", "Wagon(Sound foo(1))"},
     });
 }
 
-TEST(StfGrammarTest, BrokenStructure)
+TEST(StfGrammarTest, ReadsBrokenStructure)
 {
     expectAll({
         {"missing brackets", "A (\r\n B ( 1", "A(B(1))",
          "4: 2 blocks are not closed at the end of the file; the innermost begins here\n"},
         {"surplus bracket inside closes early", "A ( 1 ) B ( 2 ) )", "A(1) B(2)",
          "3: a surplus closing bracket is ignored\n"},
-        {"a bracket alone", ")", "", "3: a surplus closing bracket is ignored\n"},
-        {"words outside", "x A ( 1 ) y z", "A(1)",
+        {"only a bracket", ")", "", "3: a surplus closing bracket is ignored\n"},
+        {"words outside of blocks", "x A ( 1 ) y z", "A(1)",
          "3: words outside of any block are ignored\n"
          "3: words outside of any block are ignored\n"},
         {"nameless block", "A ( 1 \"x\" ( B ( 2 ) ) 3 )", "A(1|x|3)",
          "3: a block without a name is skipped\n"},
-        {"nameless in nameless", "( ( ( ) ) ) A ( )", "A()",
+        {"nameless block in a nameless block", "( ( ( ) ) ) A ( )", "A()",
          "3: a block without a name is skipped\n"},
-        {"a file name with a comment behind it is no name", "Sound ( _x #c d ( 1 ) )", "Sound(_x)",
-         "3: a block without a name is skipped\n"},
+        {"a file name followed by a comment is not a block name", "Sound ( _x #c d ( 1 ) )",
+         "Sound(_x)", "3: a block without a name is skipped\n"},
         {"header only", "", ""},
     });
 }
 
-TEST(StfGrammarTest, DeepNestingIsCutAndTheRestRead)
+TEST(StfGrammarTest, CutsDeepNestingAndReadsTheRest)
 {
     std::string text = "B ( 1 ) ";
     for (int i = 0; i < 100000; ++i)
@@ -134,13 +134,13 @@ TEST(StfGrammarTest, DeepNestingIsCutAndTheRestRead)
     const std::string tree = TreeOf(WithHeader(text + std::string(100000, ')') + " C ( 2 )"));
     EXPECT_TRUE(tree.starts_with("B(1) A(A(A("));
     EXPECT_TRUE(tree.ends_with(") C(2)"));
-    EXPECT_EQ(stavfile::kMaxBlockDepth, std::count(tree.begin(), tree.end(), 'A'));
+    EXPECT_EQ(std::count(tree.begin(), tree.end(), 'A'), stavfile::kMaxBlockDepth);
 }
 
-TEST(StfGrammarTest, NotesAreBounded)
+TEST(StfGrammarTest, LimitsTheNumberOfNotes)
 {
     MemoryFile memory(WithHeader(std::string(1 << 20, ')')));
-    EXPECT_EQ(201u, memory.file.Notes().size());
+    EXPECT_EQ(memory.file.Notes().size(), 201u);
 }
 
 struct HeaderRow
@@ -151,7 +151,7 @@ struct HeaderRow
     const char *tree;
 };
 
-TEST(StfGrammarTest, Headers)
+TEST(StfGrammarTest, ReadsHeaders)
 {
     const char *usual = "SIMISA@@@@@@@@@@JINX0D0t______";
     const HeaderRow rows[] = {
@@ -161,22 +161,22 @@ TEST(StfGrammarTest, Headers)
          "SIMISA@@@@@@@@@@JINX0r1t________", "Tr(1)"},
         {"trailing blanks", "SIMISA@@@@@@@@@@JINX0D0t______  \r\nA ( 1 )", usual, "A(1)"},
         {"blank lines before", "\r\n\r\nSIMISA@@@@@@@@@@JINX0D0t______\r\nA ( 1 )", usual, "A(1)"},
-        {"odd line is passed over", "SIMISA@@@@ something ( x )\r\nA ( 1 )",
+        {"skips a malformed line", "SIMISA@@@@ something ( x )\r\nA ( 1 )",
          "SIMISA@@@@ something ( x )", "A(1)"},
         {"cut short", "SIMISA@@@@S", "SIMISA@@@@S", ""},
         {"none", "A ( 1 )", "", "A(1)"},
-        {"none and an empty first line", "\r\nA ( 1 )", "", "A(1)"},
+        {"no header and an empty first line", "\r\nA ( 1 )", "", "A(1)"},
         {"no line end at all", "SIMISA@@@@@@@@@@JINX0D0t______", usual, ""},
     };
     for (const HeaderRow &row : rows) {
         SCOPED_TRACE(row.what);
         MemoryFile memory(row.text);
-        EXPECT_EQ(row.header, memory.file.Header());
-        EXPECT_EQ(row.tree, TreeText(memory.file.Nodes()));
-        EXPECT_EQ(row.text, memory.file.ToBytes());
+        EXPECT_EQ(memory.file.Header(), row.header);
+        EXPECT_EQ(TreeText(memory.file.Nodes()), row.tree);
+        EXPECT_EQ(memory.file.ToBytes(), row.text);
     }
-    EXPECT_EQ("1: no header line: a simulator would not read this line\n", NotesOf("A ( 1 )"));
-    EXPECT_EQ("", NotesOf("\r\nA ( 1 )"));
+    EXPECT_EQ(NotesOf("A ( 1 )"), "1: no header line: a simulator would not read this line\n");
+    EXPECT_EQ(NotesOf("\r\nA ( 1 )"), "");
 }
 
 } // namespace

@@ -20,18 +20,18 @@ int errorOf(const std::function<void()> &action)
     return 0;
 }
 
-TEST(StfNodeTest, LookupMindsLetterCaseOnlyBelowTheTop)
+TEST(StfNodeTest, LookUpIsCaseSensitiveOnlyBelowTheTop)
 {
     MemoryFile memory("Tr_Activity ( Name ( a ) name ( b ) )");
     const StfNode top = memory.file.FindNode("tr_activity");
     ASSERT_TRUE(top);
-    EXPECT_EQ("a", top.Child("Name").Parameter(0));
-    EXPECT_EQ("b", top.Child("name").Parameter(0));
+    EXPECT_EQ(top.Child("Name").Parameter(0), "a");
+    EXPECT_EQ(top.Child("name").Parameter(0), "b");
     EXPECT_FALSE(top.Child("NAME"));
     EXPECT_FALSE(memory.file.FindNode("Tr_Activit"));
 }
 
-TEST(StfNodeTest, FindChildWalksAlternativesInFileOrder)
+TEST(StfNodeTest, FindChildTriesAlternativesInFileOrder)
 {
     MemoryFile memory("T ( Name ( ) Engine ( 1 ) Wagons ( ) Wagon ( 2 ) Engine ( 3 ) )");
     const StfNode top = memory.file.FindNode("T");
@@ -39,14 +39,14 @@ TEST(StfNodeTest, FindChildWalksAlternativesInFileOrder)
     std::int16_t position = 0;
     while (top.FindChild("Engine|Wagon", position))
         walked += std::to_string(position) + ' ';
-    EXPECT_EQ("2 4 5 ", walked);
-    EXPECT_EQ(5, position);
+    EXPECT_EQ(walked, "2 4 5 ");
+    EXPECT_EQ(position, 5);
     position = 0;
     EXPECT_FALSE(top.FindChild("", position) || top.FindChild("engine|Wag", position));
-    EXPECT_EQ(0, position);
+    EXPECT_EQ(position, 0);
 }
 
-TEST(StfNodeTest, PositionsBeyond16BitsAreAnError)
+TEST(StfNodeTest, PositionsBeyond16BitsAreErrors)
 {
     std::string text = "T (";
     for (int i = 0; i < 32767; ++i)
@@ -54,7 +54,7 @@ TEST(StfNodeTest, PositionsBeyond16BitsAreAnError)
     MemoryFile memory(text + " b ( ) )");
     std::int16_t position = 32766;
     EXPECT_TRUE(memory.file.FindNode("T").FindChild("a", position));
-    EXPECT_EQ(6, errorOf([&] { memory.file.FindNode("T").FindChild("b", position); }));
+    EXPECT_EQ(errorOf([&] { memory.file.FindNode("T").FindChild("b", position); }), 6);
 }
 
 TEST(StfNodeTest, ListsAreLive)
@@ -70,24 +70,24 @@ TEST(StfNodeTest, ListsAreLive)
     changed.Remove(1);
     made.SetNumParameters(2);
     made.SetParameter(1, "v");
-    EXPECT_EQ("T(new(|v) b() c())", TreeText(memory.file.Nodes()));
-    EXPECT_EQ(3, same.Count());
+    EXPECT_EQ(TreeText(memory.file.Nodes()), "T(new(|v) b() c())");
+    EXPECT_EQ(same.Count(), 3);
     EXPECT_TRUE(same.Item(1) == made);
 }
 
-TEST(StfNodeTest, ANodeOutlivesItsFileAndItsReload)
+TEST(StfNodeTest, NodesOutliveTheirFileAndItsReload)
 {
     StfNode node;
     {
         MemoryFile memory("T ( a ( 1 ) )");
         node = memory.file.FindNode("T");
         memory.file.LoadBytes("U ( )");
-        EXPECT_EQ("U()", TreeText(memory.file.Nodes()));
+        EXPECT_EQ(TreeText(memory.file.Nodes()), "U()");
     }
-    EXPECT_EQ("a(1)", TreeText(node.Children()));
+    EXPECT_EQ(TreeText(node.Children()), "a(1)");
 }
 
-TEST(StfNodeTest, MisuseIsANumberedError)
+TEST(StfNodeTest, MisuseThrowsANumberedError)
 {
     MemoryFile memory("T ( 1 a ( b ( ) ) )");
     StfNode top = memory.file.FindNode("T");
@@ -110,21 +110,21 @@ TEST(StfNodeTest, MisuseIsANumberedError)
     };
     for (const auto &[number, action] : rows) {
         SCOPED_TRACE(&number - &rows[0].first);
-        EXPECT_EQ(number, errorOf(action));
+        EXPECT_EQ(errorOf(action), number);
     }
-    EXPECT_EQ("T(1 a(b()))", TreeText(memory.file.Nodes()));
+    EXPECT_EQ(TreeText(memory.file.Nodes()), "T(1 a(b()))");
 }
 
-TEST(StfNodeTest, RawSpellingAndLine)
+TEST(StfNodeTest, ReturnsRawSpellingAndLine)
 {
     MemoryFile memory("T (\n a ( \"..\\common\\x.sms\" \"p\" + \"q\" w\" ) )");
     const StfNode node = memory.file.FindNode("T").Child("a");
-    EXPECT_EQ("..commonx.sms", node.Parameter(0));
-    EXPECT_EQ("\"..\\common\\x.sms\"", node.RawParameter(0));
-    EXPECT_EQ("\"p\" + \"q\"", node.RawParameter(1));
-    EXPECT_EQ("w", node.RawParameter(2));
-    EXPECT_EQ(2, node.Line());
-    EXPECT_EQ(0, StfNode::Create().Line());
+    EXPECT_EQ(node.Parameter(0), "..commonx.sms");
+    EXPECT_EQ(node.RawParameter(0), "\"..\\common\\x.sms\"");
+    EXPECT_EQ(node.RawParameter(1), "\"p\" + \"q\"");
+    EXPECT_EQ(node.RawParameter(2), "w");
+    EXPECT_EQ(node.Line(), 2);
+    EXPECT_EQ(StfNode::Create().Line(), 0);
 }
 
 } // namespace

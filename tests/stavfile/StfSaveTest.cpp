@@ -32,7 +32,7 @@ const char *const kConsist =
 struct Row
 {
     const char *what;
-    const char *from; ///< the part of the text that changes
+    const char *from; ///< the part of the text that should change
     const char *to;
     std::function<void(StfNode &cfg)> edit;
 };
@@ -62,22 +62,23 @@ void moved(StfNodes list, int from, int to)
     list.Insert(node, to);
 }
 
-TEST(StfSaveTest, OnlyWhatWasChangedIsWrittenAnew)
+TEST(StfSaveTest, RewritesOnlyChangedParts)
 {
     const Row rows[] = {
         {"nothing", "", "", [](StfNode &) {}},
-        {"a value set to what it is", "", "",
+        {"a value set to its present text", "", "",
          [](StfNode &cfg) {
              cfg.SetParameter(0, "demo freight");
              cfg.SetParameter(0, "\"demo freight\"");
          }},
-        {"a bare value", "\"demo freight\"", "Freight1",
+        {"an unquoted value", "\"demo freight\"", "Freight1",
          [](StfNode &cfg) { cfg.SetParameter(0, "Freight1"); }},
         {"a value in quotes", "\"demo freight\"", "\"My \\\"x\\\"\"",
          [](StfNode &cfg) { cfg.SetParameter(0, "\"My \\\"x\\\"\""); }},
-        {"quotes that are none", "\"demo freight\"", "\"a\\\"b\"",
+        {"quotes within a word", "\"demo freight\"", "\"a\\\"b\"",
          [](StfNode &cfg) { cfg.SetParameter(0, "\"a\"b\""); }},
-        {"what must be quoted", "\"demo freight\"", "\"Wagon\" \"_a\" \"x(1)\\\\\\n\" \"\" -1.5",
+        {"a value that needs quotes", "\"demo freight\"",
+         "\"Wagon\" \"_a\" \"x(1)\\\\\\n\" \"\" -1.5",
          [](StfNode &cfg) {
              cfg.SetNumParameters(5);
              const char *values[] = {"Wagon", "_a", "x(1)\\\n", "", "-1.5"};
@@ -93,12 +94,12 @@ TEST(StfSaveTest, OnlyWhatWasChangedIsWrittenAnew)
              added(cfg.Child("Engine").Children(), 1, "Flip", {""});
              cfg.Child("Engine").Children().Remove(1);
          }},
-        {"there and back again", "", "",
+        {"moved there and back", "", "",
          [](StfNode &cfg) {
              moved(cfg.Children(), 2, 3);
              moved(cfg.Children(), 3, 2);
          }},
-        {"a new unit behind the last", "UiD ( 1 ) )",
+        {"a new unit after the last", "UiD ( 1 ) )",
          "UiD ( 1 ) )\r\n\t\tWagon (\r\n\t\t\tUiD ( 2 )\r\n\t\t\tWagonData ( a \"b c\" )\r\n\t\t)",
          [](StfNode &cfg) {
              StfNode wagon = added(cfg.Children(), 4, "Wagon", {});
@@ -122,22 +123,21 @@ TEST(StfSaveTest, OnlyWhatWasChangedIsWrittenAnew)
         MemoryFile memory(Utf16(kConsist));
         StfNode cfg = memory.file.FindNode("Train").Child("TrainCfg");
         row.edit(cfg);
-        EXPECT_EQ(Utf16(replaced(kConsist, row.from, row.to)), memory.file.ToBytes());
+        EXPECT_EQ(memory.file.ToBytes(), Utf16(replaced(kConsist, row.from, row.to)));
     }
 }
 
-TEST(StfSaveTest, ANewDocumentHasTheUsualForm)
+TEST(StfSaveTest, NewDocumentHasTheUsualForm)
 {
     host::GameFiles files;
     StfFile file(files);
     StfNode train = added(file.TopNodes(), 1, "Train", {});
     StfNode cfg = added(train.Children(), 1, "TrainCfg", {"\"My Train\""});
     added(cfg.Children(), 1, "MaxVelocity", {"40.00000", "1.00000"});
-    EXPECT_EQ("My Train", cfg.Parameter(0));
-    EXPECT_EQ(Utf16("SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\n"
-                    "Train (\r\n\tTrainCfg ( \"My Train\"\r\n"
-                    "\t\tMaxVelocity ( 40.00000 1.00000 )\r\n\t)\r\n)\r\n"),
-              file.ToBytes());
+    EXPECT_EQ(cfg.Parameter(0), "My Train");
+    EXPECT_EQ(file.ToBytes(), Utf16("SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\n"
+                                    "Train (\r\n\tTrainCfg ( \"My Train\"\r\n"
+                                    "\t\tMaxVelocity ( 40.00000 1.00000 )\r\n\t)\r\n)\r\n"));
 }
 
 struct BrokenRow
@@ -148,7 +148,7 @@ struct BrokenRow
 };
 
 /// Adds `N ( )` to the first block's children and a value to its second child, if there is one.
-TEST(StfSaveTest, BrokenFilesStayReadableAndAreMendedOnlyWhereTheyMustBe)
+TEST(StfSaveTest, RepairsBrokenFilesOnlyWhereNeeded)
 {
     const BrokenRow rows[] = {
         {"unclosed, the new block is last", "A ( B ( 1 )\r\n", "A ( B ( 1 ) N ( )\r\n"},
@@ -167,8 +167,8 @@ TEST(StfSaveTest, BrokenFilesStayReadableAndAreMendedOnlyWhereTheyMustBe)
         MemoryFile memory(row.text);
         const StfNodes children = memory.file.Nodes().Item(1).Children();
         added(children, children.Count() + 1, "N", {});
-        EXPECT_EQ(row.saved, memory.file.ToBytes());
-        EXPECT_EQ(TreeText(memory.file.Nodes()), TreeOf(memory.file.ToBytes()));
+        EXPECT_EQ(memory.file.ToBytes(), row.saved);
+        EXPECT_EQ(TreeOf(memory.file.ToBytes()), TreeText(memory.file.Nodes()));
     }
 }
 
@@ -225,7 +225,7 @@ void editRandomly(StfFile &file, std::mt19937 &random)
     }
 }
 
-TEST(StfSaveTest, WhateverIsEditedReadsBackAsTheSameTree)
+TEST(StfSaveTest, EditedFilesReadBackAsTheSameTree)
 {
     std::mt19937 random(20261121);
     for (int round = 0; round < 4000; ++round) {
@@ -238,13 +238,13 @@ TEST(StfSaveTest, WhateverIsEditedReadsBackAsTheSameTree)
             editRandomly(memory.file, random);
             tree = TreeText(memory.file.Nodes());
             const std::string saved = memory.file.ToBytes();
-            ASSERT_EQ(tree, TreeOf(saved)) << "round " << round << ", edit " << edit << "\nfrom "
+            ASSERT_EQ(TreeOf(saved), tree) << "round " << round << ", edit " << edit << "\nfrom "
                                            << before << "\nsaved as " << saved;
         }
     }
 }
 
-TEST(StfSaveTest, FilesOnDisk)
+TEST(StfSaveTest, SavesFilesOnDisk)
 {
     TempFolder folder;
     folder.Write("Sub/a.con", Utf16(kConsist));
@@ -254,17 +254,17 @@ TEST(StfSaveTest, FilesOnDisk)
     file.Load();
     file.FindNode("Train").Child("TrainCfg").SetParameter(0, "x");
     file.Save();
-    EXPECT_EQ(Utf16(replaced(kConsist, "\"demo freight\"", "x")), folder.Read("Sub/a.con"));
+    EXPECT_EQ(folder.Read("Sub/a.con"), Utf16(replaced(kConsist, "\"demo freight\"", "x")));
 
     file.SetFileName(folder.Path() + "/nothing.con");
     try {
         file.Load();
-        FAIL() << "a missing file was read";
+        FAIL() << "read a missing file";
     } catch (const RuntimeError &error) {
-        EXPECT_EQ(53, error.Number());
+        EXPECT_EQ(error.Number(), 53);
         EXPECT_NE(std::string::npos, error.Detail().find("nothing.con"));
     }
-    EXPECT_TRUE(file.FindNode("Train")) << "a failed load leaves the tree";
+    EXPECT_TRUE(file.FindNode("Train")) << "a failed load keeps the tree";
 }
 
 } // namespace

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-/// A document read from memory.
+/// A structured file read from memory.
 class MemoryFile
 {
 public:
@@ -24,16 +24,16 @@ public:
     StfFile file;
 };
 
-/// A tree on one line: `Name:label(value|value Child(...))`, values first. A lone empty value shows
-/// like none, since one that was never quoted is not written.
+/// Returns a tree on one line: `Name:label(value|value Child(...))`, values first. A single empty
+/// value looks like no value, because one that was never quoted is not written.
 std::string TreeText(const StfNodes &nodes);
 
-/// The tree of a text, and the texts of the notes taken while reading it, one a line.
+/// Return the tree of a text, and the reader's notes about it, one per line.
 std::string TreeOf(std::string text);
 std::string NotesOf(std::string text);
 
 inline constexpr std::string_view kHeader = "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\n";
-/// The text with the usual header before it.
+/// Returns the text with the usual header before it.
 std::string WithHeader(std::string_view body);
-/// ASCII text as UTF-16 with a byte order mark.
+/// Returns ASCII text as UTF-16 with a byte order mark.
 std::string Utf16(std::string_view text, bool bigEndian = false);

@@ -22,7 +22,7 @@ void set(const std::string &name, const std::optional<std::string> &value)
 ScopedVariable::ScopedVariable(std::string name, const std::optional<std::string> &value)
     : m_name(std::move(name))
 {
-    std::wstring before(32767, L'\0'); // no value is longer
+    std::wstring before(32767, L'\0'); // the longest possible value
     const DWORD length = GetEnvironmentVariableW(wide(m_name).c_str(), before.data(), 32767);
     before.resize(length);
     if (length > 0) {

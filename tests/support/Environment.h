@@ -24,9 +24,9 @@ private:
     std::optional<std::string> m_before;
 };
 
-/// A home of its own: HOME is the folder, the XDG variables, WINEPREFIX and ZELK_REGISTRY are
-/// unset, and the machine's configuration is looked for in its "etc" alone. On Windows the folder
-/// is the profile, with "Roaming" and "Local" in it, and "etc" that of the machine's data.
+/// A private home folder. HOME is the folder, the XDG variables, WINEPREFIX and ZELK_REGISTRY are
+/// unset, and the machine's configuration is only its subfolder "etc". On Windows the folder is the
+/// profile, with "Roaming" and "Local" in it, and "etc" is the folder of the machine's data.
 class ScopedHome
 {
 public:

@@ -63,8 +63,8 @@ const char *FailingStep::Refused() const
 
 } // namespace support
 
-// What the linker puts in the place of the system's calls (option --wrap). It knows the names of
-// the two sides only in this form.
+// The linker puts these functions in place of the system calls (option --wrap). It requires names
+// of this form.
 // NOLINTBEGIN(bugprone-reserved-identifier,bugprone-macro-parentheses,readability-identifier-naming)
 #define ZELK_STEP(Result, call, failure, parameters, arguments)                                    \
     extern "C" Result __real_##call parameters;                                                    \

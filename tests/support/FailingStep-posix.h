@@ -3,22 +3,22 @@
 
 namespace support {
 
-/// Lets one of the questions that the program puts to the system go wrong: opening, reading,
-/// writing, renaming, deleting, listing, asking for permissions and so on, counted from 0 in the
-/// order in which they are asked while the object lives. Only calls in our own code count; what
-/// the standard library asks is answered as ever. Of the names in a folder only the second counts,
-/// so that steps are as many as always where others work, too. One at a time, for one thread.
+/// Makes one system call of the program fail: opening, reading, writing, renaming, deleting,
+/// listing, asking for permissions and so on. Calls count from 0, in their order during the life of
+/// the object. Only calls in our own code count; those of the standard library are not affected.
+/// Only the second name read from a folder counts as a step, so that their number stays the same if
+/// other files are in the folder. Only one object may exist at a time, for one thread.
 ///
-/// Belongs to programs that link zelk_failing_step.
+/// Programs that use it link zelk_failing_step.
 class FailingStep
 {
 public:
     static constexpr int kNone = -1;
     static constexpr int kExitCode = 99;
 
-    /// Step number `step` (kNone for none of them) is refused with the error of the system.
+    /// Makes step number `step` (kNone for none) fail with this errno value.
     FailingStep(int step, int error);
-    /// The process ends at the step, with kExitCode, before it is done.
+    /// Ends the process with kExitCode just before the step.
     struct EndsProcess
     {
     };
@@ -27,9 +27,9 @@ public:
     FailingStep(const FailingStep &) = delete;
     FailingStep &operator=(const FailingStep &) = delete;
 
-    /// How many steps there were so far.
+    /// Returns the number of steps so far.
     int Count() const;
-    /// The name of the call that was refused, "" for none so far.
+    /// Returns the name of the call that failed, or "" if none did yet.
     const char *Refused() const;
 };
 

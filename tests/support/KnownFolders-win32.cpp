@@ -11,7 +11,7 @@
 namespace support {
 namespace {
 
-/// The text of a value, which is put back (or taken away) at the end.
+/// A registry value whose former text is restored (or removed) at the end.
 class ScopedValue
 {
 public:
@@ -44,7 +44,7 @@ public:
     void Set(const std::string &text)
     {
         if (!write(host::disk::Wide(text)))
-            throw std::runtime_error("the registry cannot be written: be an administrator");
+            throw std::runtime_error("cannot write to the registry: run this as administrator");
     }
 
 private:

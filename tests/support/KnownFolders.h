@@ -6,13 +6,13 @@
 
 namespace support {
 
-/// What ZELK finds out about the user and the machine: the folder that Train Simulator registered
-/// and the settings. At first there is nothing. On Windows both are in the registry, where what
-/// was there before comes back at the end; only an administrator may do so.
+/// The facts that ZELK reads about the user and the machine: the registered Train Simulator folder
+/// and the settings. Both are empty at first. On Windows they are in the registry, and the
+/// destructor restores the former values; only an administrator may use this class there.
 class KnownFolders
 {
 public:
-    /// Elsewhere both are files in the folder of the configuration ($XDG_CONFIG_HOME).
+    /// `configFolder` is the folder for the two files on other systems ($XDG_CONFIG_HOME).
     explicit KnownFolders(std::string configFolder);
     ~KnownFolders();
     KnownFolders(const KnownFolders &) = delete;
@@ -20,7 +20,7 @@ public:
 
     void Register(const std::string &folder);
     void Set(const std::string &key, const std::string &value);
-    /// A stored setting, "" when there is none.
+    /// Returns a stored setting, or "".
     std::string Setting(const std::string &key) const;
 
 private:

@@ -7,7 +7,7 @@
 
 namespace support {
 
-/// Works without the administrator's rights for a while, so that permissions count for everybody.
+/// Gives up root's rights during its life, so that file permissions apply.
 class OrdinaryUser
 {
 public:

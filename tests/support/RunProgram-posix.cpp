@@ -16,7 +16,7 @@ const char *const kForeignZuege = "Z\xfcge";
 
 namespace {
 
-/// A file that is gone once closed, for what the program writes.
+/// A file for the program's output, deleted when it is closed.
 class CaptureFile
 {
 public:
@@ -50,7 +50,7 @@ std::vector<char *> pointersTo(std::vector<std::string> &texts)
     return pointers;
 }
 
-/// What the program finds open when it starts.
+/// The working folder and the open files of the started program.
 class Streams
 {
 public:
@@ -68,7 +68,7 @@ public:
         posix_spawn_file_actions_addopen(&m_actions, descriptor, file.c_str(), O_WRONLY, 0);
     }
     void Close(int descriptor) { posix_spawn_file_actions_addclose(&m_actions, descriptor); }
-    /// A pipe that nobody reads.
+    /// Opens a pipe that nobody reads.
     void OpenBrokenPipe(int descriptor)
     {
         int ends[2];
@@ -103,7 +103,7 @@ std::vector<std::string> environmentOf(const Machine &machine)
     for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_HOME",
                              "XDG_STATE_HOME", "WINEPREFIX"})
         variables.push_back(std::string(name) + "=" + machine.home.string());
-    for (const char *name : {"DISPLAY", "XAUTHORITY"}) // drawing asks the screen for its OpenGL
+    for (const char *name : {"DISPLAY", "XAUTHORITY"}) // OpenGL needs the display
         if (const char *value = std::getenv(name))
             variables.push_back(std::string(name) + "=" + value);
     return variables;

@@ -17,7 +17,7 @@ const char *const kForeignZuege = "Z\u00fcge";
 
 namespace {
 
-/// A pipe whose writing end programs inherit.
+/// A pipe whose writing end child processes inherit.
 class Pipe
 {
 public:
@@ -48,7 +48,8 @@ private:
     std::optional<disk::Handle> m_out, m_in;
 };
 
-/// As the rules of command lines want it: a backslash counts only before a quote.
+/// Quotes an argument by the rules of Windows command lines: a backslash is special only before a
+/// quote.
 std::wstring quoted(const std::string &argument)
 {
     std::wstring out = L"\"";

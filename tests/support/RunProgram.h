@@ -9,8 +9,7 @@
 
 namespace support {
 
-/// What a run of a program left: its exit code (128 + signal when it was killed) and all that it
-/// wrote.
+/// The result of a run: the exit code (128 + signal if the program was killed) and the output.
 struct Outcome
 {
     int code = 0;
@@ -24,7 +23,7 @@ struct Outcome
     }
 };
 
-/// Where the standard output of a run goes.
+/// The destination of a run's standard output.
 enum class Stdout
 {
     Captured,
@@ -33,17 +32,17 @@ enum class Stdout
     BrokenPipe ///< a pipe whose reader has ended
 };
 
-/// The outputs that this system cannot write to, and its words for why.
+/// Returns the outputs to which writing fails on this system, and the system's messages.
 std::vector<std::pair<Stdout, std::string>> UnwritableOutputs();
 
-/// "Z\u00fcge" as a name that some old program gave a file; no UTF-8 where that is possible.
+/// "Z\u00fcge" as an old program may have named a file: not UTF-8 where the system allows that.
 extern const char *const kForeignZuege;
 
-/// A user and a machine for programs of ours that are nobody's: a home folder of its own, and no
-/// settings or registered folder but those that the test puts there (KnownFolders on `home`).
+/// A private environment for our programs: a home folder, and only the settings and the registered
+/// folder that the test stores (KnownFolders on `home`).
 struct Machine
 {
-    std::filesystem::path home; ///< an existing folder, where programs also run
+    std::filesystem::path home; ///< an existing folder, also the working folder
 
     /// Runs a program and waits for its end.
     Outcome Run(const std::string &program, const std::vector<std::string> &arguments,

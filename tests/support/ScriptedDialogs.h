@@ -11,10 +11,10 @@
 
 namespace support {
 
-/// Dialogs that answer from a script and write down what they were asked, a line each:
-/// "question|title|text", "input|title|prompt|default", "open|title|name", "save|title|name",
-/// "select|caption|list". A question that Enter answers with No begins with "question (No)". What
-/// the script has no answer for is cancelled (a message with one button is answered Ok).
+/// Dialogs that answer from a script and record each prompt on a line: "question|title|text",
+/// "input|title|prompt|default", "open|title|name", "save|title|name", "select|caption|list". A
+/// question with No as the default begins with "question (No)". A prompt without an answer in the
+/// script is cancelled (a message with one button is answered Ok).
 class ScriptedDialogs : public host::Dialogs
 {
 public:
@@ -23,10 +23,10 @@ public:
     void AnswerInput(std::string text) { m_texts.push_back(std::move(text)); }
     void AnswerSelection(std::string names) { m_texts.push_back(std::move(names)); }
 
-    /// Where the last file dialog began.
+    /// The initial folder of the last file dialog.
     const std::string &LastFolder() const { return m_folder; }
 
-    /// Called for each of them before it is answered.
+    /// Called for each prompt before it is answered.
     std::function<void()> onShown;
     const std::string &Log() const { return m_log; }
     std::string TakeLog() { return std::exchange(m_log, {}); }

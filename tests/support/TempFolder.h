@@ -7,8 +7,8 @@
 
 namespace support {
 
-/// A folder of its own for a test, deleted with everything in it at the end, also after failures
-/// and when the test took away permissions. Names inside it are given with "/".
+/// A temporary folder for a test. The destructor deletes it with its content, even after failures
+/// and if the test removed permissions. Names inside it are written with "/".
 class TempFolder
 {
 public:
@@ -18,17 +18,17 @@ public:
     TempFolder &operator=(const TempFolder &) = delete;
 
     const std::string &Path() const { return m_path; }
-    /// The full path of a name inside.
+    /// Returns the full path of a name inside.
     std::string At(std::string_view name) const;
 
-    /// Writes a file, making the folders above it; gives its full path.
+    /// Writes a file, creating its parent folders, and returns its full path.
     std::string Write(std::string_view name, std::string_view bytes = {}) const;
-    /// Makes a folder and those above it; gives its full path.
+    /// Creates a folder and its parents, and returns its full path.
     std::string MakeFolder(std::string_view name) const;
-    /// The bytes of a file; throws when it cannot be read.
+    /// Returns the bytes of a file; throws if it cannot be read.
     std::string Read(std::string_view name) const;
     bool Exists(std::string_view name) const;
-    /// Everything in a folder, by bytes; "" for the folder itself.
+    /// Returns the names in a folder (by default this one), sorted by bytes.
     std::vector<std::string> Names(std::string_view folder = {}) const;
 
 private:

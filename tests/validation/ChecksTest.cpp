@@ -53,7 +53,7 @@ Seen observe(const Changes &changes, const Call &call, bool verbose)
     return seen;
 }
 
-/// A line with the installation's folders for "A/", "R/" and "C/".
+/// Returns a line with "A/", "R/" and "C/" replaced by the installation's folders.
 std::string spelledOut(std::string line)
 {
     static const std::pair<const char *, const char *> kFolders[] = {
@@ -66,8 +66,8 @@ std::string spelledOut(std::string line)
     return line;
 }
 
-/// One rule: what is changed in the installation, what is checked, and the whole report. With an
-/// error, which ends the check, there is no verdict.
+/// Tests one rule: the changes in the installation, the check, its verdict and the whole report. A
+/// check that ends with an error has no verdict.
 void rule(const char *name, const Changes &changes, const Call &call, std::int16_t verdict,
           std::vector<std::string> report = {}, int error = 0)
 {
@@ -96,38 +96,38 @@ std::pair<std::string, std::optional<std::string>> inA(const char *file, const c
     return {kA + file, text ? std::optional<std::string>(text) : std::nullopt};
 }
 
-TEST(ChecksTest, Wagon)
+TEST(ChecksTest, WagonRules)
 {
     const Call wagon = stock("a.wag");
     rule("nothing wrong", {}, wagon, kGood);
-    rule("an engine section in a wagon is not looked at",
+    rule("ignores an engine section in a wagon",
          {inA("a.wag", "Wagon ( a WagonShape ( a.s ) Sound ( a.sms ) ) Engine ( z )")}, wagon,
          kGood);
-    rule("not there", {inA("a.wag", nullptr)}, wagon, kMissing, {"ERROR: A/a.wag is MISSING"});
+    rule("missing", {inA("a.wag", nullptr)}, wagon, kMissing, {"ERROR: A/a.wag is MISSING"});
     rule("no section", {inA("a.wag", "Waggon ( a WagonShape ( a.s ) Sound ( a.sms ) )")}, wagon,
          kCorrupt, {"ERROR: A/a.wag appears CORRUPT"});
-    rule("no shape, both parts of it", {inA("a.s", nullptr), inA("a.sd", nullptr)}, wagon,
-         kReference,
+    rule("no shape: shape and descriptor are missing", {inA("a.s", nullptr), inA("a.sd", nullptr)},
+         wagon, kReference,
          {"ERROR: A/a.wag references missing file A/a.s",
           "ERROR: A/a.wag references missing file A/a.sd"});
     rule("no descriptor", {inA("a.sd", nullptr)}, wagon, kReference,
          {"ERROR: A/a.wag references missing file A/a.sd"});
-    rule("an absent entry is an empty value; entries' letter case counts",
+    rule("an absent entry counts as empty; entries are case-sensitive",
          {inA("a.wag", "Wagon ( a wagonshape ( a.s ) Sound ( a.sms ) )")}, wagon, kReference,
          {"ERROR: A/a.wag references missing file A/",
           "ERROR: A/a.wag references missing file A/d"});
-    rule("a folder is no file", {inA("a.sd", nullptr), inA("a.sd/x", "")}, wagon, kReference,
+    rule("a folder is not a file", {inA("a.sd", nullptr), inA("a.sd/x", "")}, wagon, kReference,
          {"ERROR: A/a.wag references missing file A/a.sd"});
     rule("thumbnail",
          {inA("a.wag", "Wagon ( a WagonShape ( a.s ) Thumbnail ( t.ace ) Sound ( a.sms ) )"),
           inA("T.ACE", "")},
          wagon, kGood);
-    rule("no thumbnail where one is named",
+    rule("the named thumbnail is missing",
          {inA("a.wag", "Wagon ( a WagonShape ( a.s ) Thumbnail ( t.ace ) Sound ( a.sms ) )")},
          wagon, kReference, {"ERROR: A/a.wag references missing file A/t.ace"});
 }
 
-TEST(ChecksTest, Sound)
+TEST(ChecksTest, SoundRules)
 {
     const Call wagon = stock("a.wag");
     const auto wagonWith = [](const std::string &sound) {
@@ -138,13 +138,13 @@ TEST(ChecksTest, Sound)
     };
     for (const char *none : {"", "Sound ( )", "Sound ( \"\" )", "Sound ( \" \t\" )"})
         rule("an absent or empty entry names no file", wagonWith(none), wagon, kGood);
-    rule("not there", wagonWith("Sound ( b.sms )"), wagon, kReference,
+    rule("missing", wagonWith("Sound ( b.sms )"), wagon, kReference,
          {"ERROR: A/a.wag references missing file A/Sound/b.sms"});
-    rule("made normal", wagonWith("Sound ( \"  .//a.\tsms \" )"), wagon, kGood);
-    rule("no section: the sound is recorded, the wagon suspect",
+    rule("the sound path is normalised", wagonWith("Sound ( \"  .//a.\tsms \" )"), wagon, kGood);
+    rule("no section: the sound is reported, the wagon is suspect",
          {inA("Sound/a.sms", "Tr_Sound ( )")}, wagon, kSuspect,
          {"ERROR: A/Sound/a.sms appears CORRUPT"});
-    rule("a later suspect replaces a worse verdict",
+    rule("a later suspect verdict replaces a worse one",
          {inA("a.s", nullptr), inA("Sound/a.sms", "Tr_Sound ( )")}, wagon, kSuspect,
          {"ERROR: A/a.wag references missing file A/a.s", "ERROR: A/Sound/a.sms appears CORRUPT"});
     rule("all missing files, at any depth; File ends its branch",
@@ -157,19 +157,19 @@ TEST(ChecksTest, Sound)
     rule("File without a value", {inA("Sound/a.sms", "tr_sms ( File ( ) )")}, sound, kSuspect,
          {"ERROR: A/Sound/a.sms references missing file A/Sound/",
           "ERROR: A/Sound/a.sms is SUSPECT due to problems with dependent files"});
-    rule("alone, not there", {inA("Sound/a.sms", nullptr)}, sound, kMissing,
+    rule("checked alone, missing", {inA("Sound/a.sms", nullptr)}, sound, kMissing,
          {"ERROR: A/Sound/a.sms is MISSING"});
-    rule("alone, nothing wrong", {}, sound, kGood);
+    rule("checked alone, nothing wrong", {}, sound, kGood);
 }
 
-TEST(ChecksTest, Engine)
+TEST(ChecksTest, EngineRules)
 {
     const Call engine = stock("e.eng");
     const auto engineWith = [](const std::string &section) {
         return Changes{{kA + "e.eng", "Wagon ( e WagonShape ( a.s ) Sound ( a.sms ) ) " + section}};
     };
     rule("nothing wrong", {}, engine, kGood);
-    rule("the second section, whatever its name",
+    rule("uses the second section, whatever its name",
          engineWith("Motor ( e Wagon ( e ) CabView ( e.cvf ) Sound ( e.sms ) )"), engine, kGood);
     rule("no second section", engineWith(""), engine, kSuspect,
          {"ERROR: Engine section referenced by A/e.eng is MISSING"});
@@ -182,14 +182,14 @@ TEST(ChecksTest, Engine)
     rule("the engine's entry names another wagon",
          engineWith("Engine ( e Wagon ( f ) CabView ( e.cvf ) Sound ( e.sms ) )"), engine, kCorrupt,
          {"ERROR: Engine and wagon names referenced by A/e.eng appears CORRUPT"});
-    rule("the engine has a name of its own",
+    rule("the engine has a different name",
          engineWith("Engine ( f Wagon ( e ) CabView ( e.cvf ) Sound ( e.sms ) )"), engine, kCorrupt,
          {"ERROR: Engine and wagon names referenced by A/e.eng appears CORRUPT"});
-    rule("no cab view and no sound named, the last counts", engineWith("Engine ( e Wagon ( e ) )"),
-         engine, kMissing,
+    rule("neither cab view nor sound named: the last decides",
+         engineWith("Engine ( e Wagon ( e ) )"), engine, kMissing,
          {"ERROR: Cabview section referenced by A/e.eng is MISSING",
           "ERROR: Sound section referenced by A/e.eng is MISSING"});
-    rule("cab view and sound not there; the engine's sound is taken as it stands",
+    rule("cab view and sound missing; the engine's sound path is used literally",
          engineWith(R"(Engine ( e Wagon ( e ) CabView ( x.cvf ) Sound ( " e.sms" ) ))"), engine,
          kReference,
          {"ERROR: A/e.eng references missing file A/Cabview/x.cvf",
@@ -203,7 +203,7 @@ TEST(ChecksTest, Engine)
          {"ERROR: A/e.eng references missing file A/Cabview/"});
     rule("damaged sound", {inA("Sound/e.sms", "")}, engine, kSuspect,
          {"ERROR: A/Sound/e.sms appears CORRUPT"});
-    rule("wagon and engine share a sound: told twice",
+    rule("wagon and engine share a sound: reported twice",
          {inA("e.eng", "Wagon ( e WagonShape ( a.s ) Sound ( e.sms ) ) "
                        "Engine ( e Wagon ( e ) CabView ( e.cvf ) Sound ( e.sms ) )"),
           inA("Sound/e.sms", "")},
@@ -211,20 +211,20 @@ TEST(ChecksTest, Engine)
          {"ERROR: A/Sound/e.sms appears CORRUPT", "ERROR: A/Sound/e.sms appears CORRUPT"});
 }
 
-TEST(ChecksTest, CabView)
+TEST(ChecksTest, CabViewRules)
 {
     const Call engine = stock("e.eng");
     const auto cab = [](TSValidation &v, const auto &place) {
         return v.CheckCabView(place.At(kA + "Cabview/e.cvf"));
     };
     rule("nothing wrong", {}, cab, kGood);
-    rule("not there", {inA("Cabview/e.cvf", nullptr)}, cab, kMissing,
+    rule("missing", {inA("Cabview/e.cvf", nullptr)}, cab, kMissing,
          {"ERROR: A/Cabview/e.cvf is MISSING"});
     rule("no section", {inA("Cabview/e.cvf", "Tr_CabView ( )")}, cab, kCorrupt,
          {"ERROR: A/Cabview/e.cvf appears CORRUPT"});
     rule("no section makes the engine suspect", {inA("Cabview/e.cvf", "Tr_CabView ( )")}, engine,
          kSuspect, {"ERROR: A/Cabview/e.cvf appears CORRUPT"});
-    rule("controls that the simulator draws itself name no picture",
+    rule("controls that the simulator draws itself need no picture",
          {inA("Cabview/e.cvf", "Tr_CabViewFile ( CabViewControls ( 2 Digital ( Type ( x ) ) "
                                "Dial ( Graphic ( dial.ace ) ) ) )")},
          cab, kGood);
@@ -243,7 +243,7 @@ TEST(ChecksTest, CabView)
          kGood);
 }
 
-TEST(ChecksTest, StockShape)
+TEST(ChecksTest, StockShapeRules)
 {
     const auto shape = [](TSValidation &v, const auto &place) {
         return v.CheckShape(place.At(kA + "a.s"));
@@ -251,32 +251,31 @@ TEST(ChecksTest, StockShape)
     const auto images = [](const std::string &text) {
         return Changes{{kA + "a.s", "shape ( " + text + " )"}};
     };
-    rule("textures in its own folder; the descriptor, which is broken, is not looked at", {}, shape,
+    rule("textures in its own folder; ignores the broken descriptor", {}, shape, kGood);
+    rule("engines also make it rolling stock", {inA("a.wag", nullptr), inA("A.Eng", "")}, shape,
          kGood);
-    rule("engines make it rolling stock as well", {inA("a.wag", nullptr), inA("A.Eng", "")}, shape,
-         kGood);
-    rule("not there", {inA("a.s", nullptr)}, shape, kMissing, {"ERROR: A/a.s is MISSING"});
+    rule("missing", {inA("a.s", nullptr)}, shape, kMissing, {"ERROR: A/a.s is MISSING"});
     rule("compressed", {inA("a.s", "SIMISA@F\x10\x01")}, shape, TSValidation::IsCompressed,
          {"ERROR: A/a.s is COMPRESSED"});
     rule("a texture is missing", {inA("b.ace", nullptr)}, shape, kReference,
          {"ERROR: A/a.s references missing file A/b.ace"});
-    rule("declares too many: told, no part of the verdict; other entries are no images",
+    rule("declares too many: reported, but not in the verdict; other entries are not images",
          images("images ( 3 image ( a.ace ) Image ( x.ace ) image ( b.ace ) )"), shape, kGood,
          {"ERROR: Image count referenced by A/a.s is SUSPECT due to problems with dependent "
           "files"});
-    rule("none declared, none there", images("images ( 0 )"), shape, kGood);
+    rule("none declared, none present", images("images ( 0 )"), shape, kGood);
     rule("declares too few", images("images ( 1 image ( x.ace ) image ( b.ace ) )"), shape, kGood,
          {}, 9);
     rule("declares no number", images("images ( two image ( a.ace ) )"), shape, kGood, {}, 13);
-    rule("the first number counts", images("images ( all 1 image ( a.ace ) )"), shape, kGood);
+    rule("uses the first number", images("images ( all 1 image ( a.ace ) )"), shape, kGood);
     rule("declares nothing", images("images ( image ( a.ace ) )"), shape, kGood, {}, 9);
-    rule("declares below nothing", images("images ( -1 )"), shape, kGood, {}, 9);
+    rule("declares a negative number", images("images ( -1 )"), shape, kGood, {}, 9);
     rule("declares beyond 16 bits", images("images ( 32768 )"), shape, kGood, {}, 6);
     rule("an image without a name", images("images ( 1 image ( ) )"), shape, kGood, {}, 9);
     rule("no images entry", images("Images ( 0 )"), shape, kGood, {}, 91);
 }
 
-TEST(ChecksTest, RouteShape)
+TEST(ChecksTest, RouteShapeRules)
 {
     const auto shape = [](TSValidation &v, const auto &place) {
         return v.CheckShape(place.At("Routes/R/Shapes/h.s"));
@@ -308,9 +307,9 @@ TEST(ChecksTest, RouteShape)
         report.insert(report.begin(), base[0]);
         return report;
     };
-    rule("no further folder", {}, shape, kGood);
-    rule("a setting that asks for none", unknown, shape, kReference, base);
-    rule("the least number that is one", setting("-32768"), shape, kGood);
+    rule("setting without further folders", {}, shape, kGood);
+    rule("a setting without alternatives", unknown, shape, kReference, base);
+    rule("the smallest valid setting", setting("-32768"), shape, kGood);
     rule("beyond 16 bits", setting("-32769"), shape, kGood, {}, 6);
     rule("all seasons, folder by folder", seasons, shape, kReference,
          withBase(lines(
@@ -320,11 +319,11 @@ TEST(ChecksTest, RouteShape)
     rule("the broken setting, after the base textures", broken, shape, kGood, base, 13);
     rule("no descriptor, after the base textures", bare, shape, kGood, base, 13);
     rule("no setting", {{"Routes/R/Shapes/h.sd", "shape ( h.s )"}}, shape, kGood, {}, 91);
-    rule("a setting that is no number", setting("many"), shape, kGood, {}, 13);
+    rule("a setting that is not a number", setting("many"), shape, kGood, {}, 13);
     rule("an empty descriptor", {{"Routes/R/Shapes/h.sd", ""}}, shape, kGood, {}, 9);
 }
 
-TEST(ChecksTest, Consist)
+TEST(ChecksTest, ConsistRules)
 {
     const auto consist = [](TSValidation &v, const auto &place) {
         return v.CheckConsist(place.At("Trains/Consists/c.con"));
@@ -342,9 +341,9 @@ TEST(ChecksTest, Consist)
     rule("nothing wrong", {}, consist, kGood,
          {"INFO: C/c.con references file A/e.eng", "INFO: A/e.eng references file A/a.s",
           wagonLines[0], wagonLines[1]});
-    rule("not there", {{"Trains/Consists/c.con", {}}}, consist, kMissing,
+    rule("missing", {{"Trains/Consists/c.con", {}}}, consist, kMissing,
          {"ERROR: C/c.con is MISSING"});
-    rule("goes on after a missing vehicle, told as often as it is named",
+    rule("continues after a missing vehicle and reports it each time",
          train("Engine ( EngineData ( a A ) ) Wagon ( WagonData ( x Y ) ) "
                "Wagon ( WagonData ( x Y ) ) " +
                wagon),
@@ -355,7 +354,7 @@ TEST(ChecksTest, Consist)
           wagonLines[1]});
     rule("missing shape", {{kA + "a.s", {}}, train(wagon)[0]}, consist, kSuspect,
          {wagonLines[0], "ERROR: A/a.wag references missing file A/a.s"});
-    rule("a vehicle without its section ends it",
+    rule("a vehicle without its section ends the check",
          {inA("e.eng", "Waggon ( e )"), train("Engine ( EngineData ( e A ) ) " + wagon)[0]},
          consist, kSuspect, {"INFO: C/c.con references file A/e.eng", corrupt(notSet)});
     rule("no data block", train(wagon + " Engine ( WagonData ( e A ) )"), consist, kSuspect,
@@ -369,7 +368,7 @@ TEST(ChecksTest, Consist)
     rule("no vehicles", train(""), consist, kGood);
 }
 
-TEST(ChecksTest, StockInConsists)
+TEST(ChecksTest, StockInConsistsRules)
 {
     const auto use = [](const char *file) -> Call {
         return [file](TSValidation &v, const auto &place) {
@@ -386,13 +385,13 @@ TEST(ChecksTest, StockInConsists)
         return "INFO: C/" + consist + " references file A/a.wag";
     };
     const std::string none = "ERROR: A/a.wag referenced by all consists is MISSING";
-    rule("in one, once though it is there twice", {train("c.con", engine + wagon + wagon)},
-         use("a.wag"), kGood, {line("c.con")});
-    rule("after the first, only where it is the first vehicle",
+    rule("in one consist, reported once although used twice",
+         {train("c.con", engine + wagon + wagon)}, use("a.wag"), kGood, {line("c.con")});
+    rule("after the first consist, only if it is the first vehicle",
          {train("b.con", engine + wagon), train("d.con", wagon + wagon)}, use("a.wag"), kGood,
          {line("b.con"), line("d.con")});
-    rule("in none", {train("c.con", engine)}, use("a.wag"), kMissing, {none});
-    rule("letter case counts",
+    rule("in no consist", {train("c.con", engine)}, use("a.wag"), kMissing, {none});
+    rule("compares letter case",
          {train("c.con", "Wagon ( WagonData ( A A ) ) Wagon ( WagonData ( a a ) )")}, use("a.wag"),
          kMissing, {none});
     rule("an engine entry may name a wagon", {train("c.con", "Engine ( EngineData ( a A ) )")},
@@ -403,12 +402,12 @@ TEST(ChecksTest, StockInConsists)
           {"Trains/Consists/a.con", "SIMISA@F\x10\x01"},
           {"Trains/Consists/z.txt", wagon}},
          use("a.wag"), kGood, {line("c.con")});
-    rule("names that the file joins or escapes",
+    rule("names with joined or escaped strings",
          {train("c.con", R"(Wagon ( WagonData ( "" + "a" "\A" ) ))")}, use("a.wag"), kGood,
          {line("c.con")});
 }
 
-TEST(ChecksTest, UseInRoutes)
+TEST(ChecksTest, UseInRoutesRules)
 {
     const auto consist = [](const char *name, const char *route) -> Call {
         return [=](TSValidation &v, const auto &) { return v.CheckConsistUseInRoute(route, name); };
@@ -429,8 +428,8 @@ TEST(ChecksTest, UseInRoutes)
     rule("two services", {{service + "b.srv", "Service_Definition ( Train_Config ( \"c\" ) )"}},
          consist("c", "r"), kGood,
          {"INFO: <M>/Routes/r/Services/b.srv" + run, "INFO: <M>/Routes/r/Services/s.srv" + run});
-    rule("letter case counts", {}, consist("C", "R"), kGood);
-    rule("services without what they should hold",
+    rule("compares letter case", {}, consist("C", "R"), kGood);
+    rule("services without the expected blocks",
          {{service + "s.srv", "Service ( Train_Config ( c ) )"},
           {service + "t.srv", "Service_Definition ( train_config ( c ) )"},
           {service + "u.txt", "Service_Definition ( Train_Config ( c ) )"}},
@@ -438,7 +437,7 @@ TEST(ChecksTest, UseInRoutes)
     rule("no such route, consist", {}, consist("c", "S"), kMissing, {"ERROR: Route S is MISSING"});
     rule("no such route, stock", {}, inRoute("a.wag", "S"), kMissing,
          {"ERROR: Route S is MISSING"});
-    rule("a file is no route", {{"Routes/S", ""}}, consist("c", "S"), kMissing,
+    rule("a file is not a route", {{"Routes/S", ""}}, consist("c", "S"), kMissing,
          {"ERROR: Route S is MISSING"});
     rule("each vehicle of a loose consist",
          objects("ActivityObject ( ObjectType ( WagonsList ) " + config +
@@ -447,11 +446,11 @@ TEST(ChecksTest, UseInRoutes)
                  config + " )"),
          inRoute("a.wag", "R"), kGood,
          std::vector<std::string>(4, "INFO: R/Activities/x.act" + uses));
-    rule("not an object of another kind, nor the player's train",
+    rule("ignores other kinds of objects and the player's train",
          {objects("ActivityObject ( ObjectType ( wagonslist ) " + config + " )")[0],
           {activity + "y.act", "Tr_Activity ( Tr_Activity_File ( Player ( " + config + " ) ) )"}},
          inRoute("a.wag", "R"), kGood);
-    rule("an item of the same name elsewhere", {}, inRoute("e.eng", "R"), kGood);
+    rule("an item of the same name in another folder", {}, inRoute("e.eng", "R"), kGood);
 }
 
 } // namespace

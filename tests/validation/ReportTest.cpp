@@ -19,7 +19,7 @@ protected:
     {
         validation::AppendReport(m_files, m_folder.At(name), text);
     }
-    /// The file with LF line ends.
+    /// Returns the file with LF line ends.
     std::string read(const std::string &name) const
     {
         std::string text = m_folder.Read(name);
@@ -44,14 +44,14 @@ TEST_F(ReportTest, AppendsFramedReports)
                                  kFrame + kFrame + kFrame);
 }
 
-TEST_F(ReportTest, KeepsWhatTheLogHolds)
+TEST_F(ReportTest, KeepsTheContentOfTheLog)
 {
     m_folder.Write("a.log", "mine\n\n\xff my last line");
     append("a.log", "x");
     EXPECT_EQ(read("a.log"), "mine\n\n\xff my last line\n" + kFrame + "x\n" + kFrame);
 }
 
-TEST_F(ReportTest, RefusesWhatIsNoLog)
+TEST_F(ReportTest, RefusesFilesThatAreNotLogs)
 {
     const std::string consist("\xff\xfeS\0I\0", 6);
     m_folder.Write("x.con", consist);

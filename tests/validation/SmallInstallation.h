@@ -10,13 +10,13 @@
 #include <utility>
 #include <vector>
 
-/// Files by their paths below the installation folder, with "/". No content: the file is taken
-/// away.
+/// Contents of files by their paths in the installation folder, with "/". A file without content is
+/// removed.
 using Changes = std::vector<std::pair<std::string, std::optional<std::string>>>;
 
-/// An installation in which nothing is wrong: folder A with the wagon "a" and the engine "e", the
-/// consist "c" of both, and route R with a shape, a service and an activity that use them. It is
-/// changed before it is written.
+/// An installation without faults, except for the given changes: folder A with the wagon "a" and
+/// the engine "e", the consist "c" of both, and route R with a shape, a service and an activity
+/// that use them.
 class SmallInstallation
 {
 public:
@@ -25,9 +25,9 @@ public:
     const install::Installation &Location() const { return m_location; }
     host::GameFiles &Files() { return m_files; }
     const support::TempFolder &Folder() const { return m_folder; }
-    /// The path of a file as the user names it.
+    /// Returns the full path of a file.
     std::string At(const std::string &name) const { return m_folder.At(name); }
-    /// A text of the checks, with "<M>" for the installation folder and "/" in paths.
+    /// Returns a text of the checks with "<M>" for the installation folder and "/" in paths.
     std::string Neutral(std::string text) const;
 
 private:

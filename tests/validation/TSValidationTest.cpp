@@ -78,7 +78,7 @@ TEST(TSValidationTest, PrintsAndJudgesFindingsFromTheirData)
     EXPECT_TRUE(validation.Findings().empty());
 }
 
-/// Everything that a validation raises, a line each.
+/// Records all events of a validation, one per line.
 class Listener
 {
 public:
@@ -137,7 +137,7 @@ TEST(TSValidationTest, RaisesEventsInOrder)
     EXPECT_TRUE(validation.VerboseMessages());
 }
 
-TEST(TSValidationTest, SaysHowTheSearchInConsistsGoesOn)
+TEST(TSValidationTest, ReportsTheProgressOfTheSearchInConsists)
 {
     SmallInstallation place(Changes{{"Trains/Consists/b.con", "Train ( TrainCfg ( b ) )"}});
     TSValidation validation(place.Location(), place.Files());
@@ -148,7 +148,7 @@ TEST(TSValidationTest, SaysHowTheSearchInConsistsGoesOn)
                      "E 7 <M>/Trains/Consists/c.con <M>/Trains/Trainset/A/a.wag", "0 Done"}));
 }
 
-/// Many folders; some of their wagons have faults, of several kinds.
+/// Writes many folders, with several kinds of faults in some of their wagons.
 Changes manyFolders()
 {
     Changes changes;
@@ -170,7 +170,7 @@ Changes manyFolders()
     return changes;
 }
 
-TEST(TSValidationTest, AnyNumberOfWorkersGivesTheSame)
+TEST(TSValidationTest, ResultIsTheSameForAnyNumberOfWorkers)
 {
     SmallInstallation place(manyFolders());
     const auto logOf = [&](std::size_t workers, bool pumped) {
@@ -249,7 +249,7 @@ TEST(TSValidationTest, StopsBetweenTwoFilesUntilReset)
     EXPECT_EQ(validation.CheckStock("x/y.wag"), TSValidation::IsMissing);
 }
 
-TEST(TSValidationTest, StoppedSearchDoesNotSayThatThereIsNothing)
+TEST(TSValidationTest, StoppedSearchDoesNotReportUnusedStock)
 {
     SmallInstallation place(manyFolders());
     TSValidation validation(place.Location(), place.Files());
@@ -284,7 +284,7 @@ TEST(TSValidationTest, RefusesASecondCheckFromWithinAnEvent)
     EXPECT_FALSE(validation.Running()) << "a handler's exception ends the check";
 }
 
-TEST(TSValidationTest, TellsWhichFoldersCannotBeRead)
+TEST(TSValidationTest, ReportsFoldersThatCannotBeRead)
 {
     SmallInstallation place(Changes{{"Trains/Trainset/B/b.wag", ""}});
     TSValidation validation(place.Location(), place.Files());
@@ -301,7 +301,8 @@ TEST(TSValidationTest, TellsWhichFoldersCannotBeRead)
         return std::string("ERROR: Error 75 - Path/File access error referenced by <M>/") + folder +
                " appears CORRUPT";
     };
-    // Everybody may read everything where tests run, but not a folder that went away meanwhile.
+    // Tests may run as root, who can read every folder, so the folders are removed during the check
+    // instead.
     EXPECT_EQ(validation.CheckAllStock("none"), TSValidation::IsValid);
     validation.CheckStockUseInRoute(place.At(kA + "none.wag"), "R");
     goes("Trains/Trainset/B");

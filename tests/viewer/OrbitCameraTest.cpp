@@ -24,7 +24,7 @@ float distanceOf(const CameraPose &pose)
 
 } // namespace
 
-TEST(OrbitCameraTest, HandsMoveTheCamera)
+TEST(OrbitCameraTest, OrbitPanAndApproachMoveTheCamera)
 {
     const float quarterX = 200 * std::numbers::pi_v<float> / 2;
     const float quarterY = 100 * std::numbers::pi_v<float> / 2;
@@ -42,8 +42,8 @@ TEST(OrbitCameraTest, HandsMoveTheCamera)
         float dx, dy;
         CameraPose after;
     } rows[] = {
-        {"a quarter round", side, orbit, quarterX, 0, {0, 2, -5, 0, 2, -15}},
-        {"and back", along, orbit, -quarterX, 0, {10, 2, -15, 0, 2, -15}},
+        {"a quarter turn", side, orbit, quarterX, 0, {0, 2, -5, 0, 2, -15}},
+        {"a quarter turn back", along, orbit, -quarterX, 0, {10, 2, -15, 0, 2, -15}},
         {"lifts along the train", along, orbit, 0, -quarterY, {0, 12, -15, 0, 2, -15}},
         {"half as fast over the target from the side",
          side,
@@ -51,19 +51,19 @@ TEST(OrbitCameraTest, HandsMoveTheCamera)
          0,
          -quarterX / 2,
          {10 * kDiagonal, 2 + 10 * kDiagonal, -15, 0, 2, -15}},
-        {"and under it",
+        {"under the target",
          side,
          orbit,
          0,
          quarterX / 2,
          {10 * kDiagonal, 2 - 10 * kDiagonal, -15, 0, 2, -15}},
-        {"up lifts from the far side, too",
+        {"dragging up lifts from the far side, too",
          {-10, 2, -15, 0, 2, -15},
          orbit,
          0,
          -quarterX / 2,
          {-10 * kDiagonal, 2 + 10 * kDiagonal, -15, 0, 2, -15}},
-        {"above the target the plane of Y and Z turns again",
+        {"above the target it turns in the plane of Y and Z",
          {10, 7, -15, 0, 2, -15},
          orbit,
          0,
@@ -71,9 +71,9 @@ TEST(OrbitCameraTest, HandsMoveTheCamera)
          {10, 2, -10, 0, 2, -15}},
         {"pan up", side, pan, 0, 100, {10, 3, -15, 0, 3, -15}},
         {"pan right from the side", side, pan, 7, 0, {10, 2, -16, 0, 2, -16}},
-        {"its size does not matter", side, pan, -300, 0, {10, 2, -14, 0, 2, -14}},
+        {"the size of the movement does not matter", side, pan, -300, 0, {10, 2, -14, 0, 2, -14}},
         {"pan along the train", along, pan, 3, 0, {-1, 2, -5, -1, 2, -15}},
-        {"pan askew, a metre all the same",
+        {"pan from an oblique view: also one metre",
          askew,
          pan,
          3,
@@ -88,7 +88,7 @@ TEST(OrbitCameraTest, HandsMoveTheCamera)
         {"nothing", askew, pan, 0, 0, askew},
         {"one step nearer", side, approach, 1, 0, {9, 2, -15, 0, 2, -15}},
         {"not into the target", side, approach, 100, 0, {1, 2, -15, 0, 2, -15}},
-        {"not out of the world", side, approach, -100, 0, {500, 2, -15, 0, 2, -15}},
+        {"not beyond the limit", side, approach, -100, 0, {500, 2, -15, 0, 2, -15}},
     };
     for (const auto &row : rows) {
         CameraPose pose = row.before;
@@ -103,7 +103,7 @@ TEST(OrbitCameraTest, HandsMoveTheCamera)
     }
 }
 
-TEST(OrbitCameraTest, ScrollBarsSetPlacesAndResetBringsTheSideView)
+TEST(OrbitCameraTest, ScrollBarsSetTheCameraAndResetRestoresTheSideView)
 {
     CameraPose pose{3, 4, 5, 6, 7, 8};
     OrbitCamera camera(pose);
@@ -114,7 +114,7 @@ TEST(OrbitCameraTest, ScrollBarsSetPlacesAndResetBringsTheSideView)
     camera.Reset(-15);
     EXPECT_EQ(pose, (CameraPose{10, 2, -15, 0, 2, -15}));
     EXPECT_THROW(camera.Orbit(std::numeric_limits<float>::infinity(), 0), host::RuntimeError);
-    EXPECT_EQ(pose, (CameraPose{10, 2, -15, 0, 2, -15})) << "and nothing has changed";
+    EXPECT_EQ(pose, (CameraPose{10, 2, -15, 0, 2, -15})) << "the reset changes nothing else";
 }
 
 TEST(OrbitCameraTest, NoSequenceOfMovesLosesTheTarget)
@@ -163,7 +163,7 @@ TEST(OrbitCameraTest, NoSequenceOfMovesLosesTheTarget)
     }
 }
 
-TEST(OrbitCameraTest, ALongDragOverTheTargetEndsAboveIt)
+TEST(OrbitCameraTest, LongDragOverTheTargetEndsAboveIt)
 {
     CameraPose pose;
     OrbitCamera camera(pose);
@@ -172,7 +172,7 @@ TEST(OrbitCameraTest, ALongDragOverTheTargetEndsAboveIt)
         EXPECT_TRUE(camera.IsBesideTarget());
         for (int step = 0; step < 400; ++step) {
             camera.OrbitOver(step % 7 == 0 ? 1.0f : 0.0f, 3 * up);
-            ASSERT_GT(pose.CamX, 0) << "never turned over";
+            ASSERT_GT(pose.CamX, 0) << "never upside down";
         }
         EXPECT_NEAR(pose.CamY, 2 - 10 * up, 1e-3);
         EXPECT_FALSE(camera.IsBesideTarget());

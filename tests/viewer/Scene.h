@@ -18,7 +18,7 @@
 #include <mutex>
 #include <string>
 
-/// A canvas that writes down what is asked of it, a word each, and draws on no device.
+/// A canvas without a device that records each call as a word.
 class RecordingCanvas : public korvat::Canvas
 {
 public:
@@ -49,9 +49,8 @@ public:
     bool ready = true;
 };
 
-/// Shapes that the test makes up: every file that exists loads, with the textures and the length
-/// that were given for its name. "bad.s" is broken; "heavy.s", "heavy.ace" and "odd.s" throw what
-/// no model should.
+/// Made-up shapes: every existing file loads, with the textures set for its name and with `length`.
+/// "bad.s" is broken; "heavy.s", "heavy.ace" and "odd.s" throw unexpected exceptions.
 class MadeUpShapes : public korvat::ModelSource
 {
 public:
@@ -60,20 +59,20 @@ public:
                                       const std::string &name) override;
 
     std::map<std::string, std::vector<std::string>> textures; ///< by the shape's file name
-    std::string asked; ///< folders and paths of the pictures asked for, relative to nothing
+    std::string asked; ///< folders and paths of the requested textures, as given
     float length = 8;
-    std::mutex mutex; ///< who holds it keeps shapes from being read
+    std::mutex mutex; ///< holding it blocks the reading of shapes
 };
 
-/// An installation of its own, dialogs that answer from a script, made-up shapes.
+/// A private installation, scripted dialogs and made-up shapes.
 class SceneTest : public testing::Test
 {
 protected:
-    /// Writes a stock file that names a shape, and the shape's file; "" for no such file.
+    /// Writes a stock file that names a shape, and the shape's file, unless `shape` is "".
     void writeStock(const std::string &folder, const std::string &file, const std::string &size,
                     const std::string &shape);
-    /// What was written to the trace log since the test began: the lines without their times and
-    /// numbers. On Windows all programs share the log.
+    /// Returns the lines written to the trace log since the test began, without times and numbers.
+    /// On Windows all programs share the log.
     std::string traceLines() const;
     static std::streamoff endOfTrace();
 

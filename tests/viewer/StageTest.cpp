@@ -35,8 +35,8 @@ protected:
         writeStock("Cars", "Long.wag", "3 4 40000", "box.s");
         writeStock("Cars", "Endless.wag", "3 4 1e99", "box.s");
     }
-    /// The TrainCfg block of these units; each is a word such as "Box10" or "Box10*" (flipped), or
-    /// a block of its own when it holds a bracket.
+    /// Returns the TrainCfg block of these units. Each is a word such as "Box10" or "Box10*"
+    /// (flipped), or a literal block if it contains a bracket.
     StfNode train(const std::vector<std::string> &units)
     {
         std::string text = "Train ( TrainCfg ( \"Morning Freight\" Name ( x )\n";
@@ -56,7 +56,8 @@ protected:
         while (stage.Step())
             continue;
     }
-    /// Where the objects' origins are along the track, and ">" or "<" for the way they face.
+    /// Returns the places of the objects' origins along the track, with ">" or "<" for their
+    /// direction.
     std::string places()
     {
         std::string text;
@@ -126,7 +127,7 @@ TEST_F(StageTest, VehiclesStandEndToEnd)
         load(row.units);
         EXPECT_EQ(places(), row.places);
         EXPECT_FLOAT_EQ(stage.TrainEnd(), row.end);
-        EXPECT_FLOAT_EQ(canvas.camera[2], row.end / 2) << "the camera stands at the middle";
+        EXPECT_FLOAT_EQ(canvas.camera[2], row.end / 2) << "the camera is at the middle";
         std::string log = dialogs.TakeLog();
         for (const std::string &folder :
              {host::path::Normalise(game.At("Trains/Trainset/Cars")) + host::path::kSeparator,
@@ -138,7 +139,7 @@ TEST_F(StageTest, VehiclesStandEndToEnd)
     }
 }
 
-TEST_F(StageTest, ACameraThatWasTurnedWhileLoadingStaysAsFarFromTheTrain)
+TEST_F(StageTest, TurningWhileLoadingKeepsTheDistanceToTheTrain)
 {
     stage.RenderLooseConsist(train({"Box10", "Box20"}), game.Path(), "x.act");
     ASSERT_TRUE(stage.Step());
@@ -154,7 +155,7 @@ TEST_F(StageTest, ACameraThatWasTurnedWhileLoadingStaysAsFarFromTheTrain)
     EXPECT_FLOAT_EQ(now.CamX, turned.CamX);
 }
 
-TEST_F(StageTest, TheScrollBarRunsAlongTheTrain)
+TEST_F(StageTest, ScrollBarMovesAlongTheTrain)
 {
     load({"Box10", "Box20"});
     EXPECT_EQ(stage.ScrollMaximum(), 31);
@@ -164,7 +165,7 @@ TEST_F(StageTest, TheScrollBarRunsAlongTheTrain)
     EXPECT_EQ(stage.Caption(), "Loose Consist - Morning Freight");
 }
 
-TEST_F(StageTest, ATrainThatIsTooLongForTheScrollBarIsAnErrorAndStandsThere)
+TEST_F(StageTest, TrainTooLongForTheScrollBarIsAnErrorButIsShown)
 {
     const struct
     {
@@ -191,15 +192,15 @@ TEST_F(StageTest, ATrainThatIsTooLongForTheScrollBarIsAnErrorAndStandsThere)
                 << error.what();
         }
         EXPECT_FALSE(stage.Loading());
-        EXPECT_FALSE(stage.Step()) << "and that was all";
+        EXPECT_FALSE(stage.Step()) << "there is no further step";
         EXPECT_EQ(places(), row.places);
         EXPECT_FLOAT_EQ(canvas.camera[2], row.middle);
         EXPECT_EQ(stage.ScrollMaximum(), 0);
-        EXPECT_EQ(stage.ScrollMiddle(), 0) << "also where half of it would not fit";
+        EXPECT_EQ(stage.ScrollMiddle(), 0) << "also if half of it would not fit";
     }
 }
 
-TEST_F(StageTest, StepsShowWhatIsThere)
+TEST_F(StageTest, StepsShowTheVehiclesLoadedSoFar)
 {
     stage.RenderLooseConsist(train({"Box10", "Box10"}), game.Path(), "x.act");
     EXPECT_EQ(canvas.TakeLog(), "start rendering camera begin end yield near50 far600 ");
@@ -211,13 +212,13 @@ TEST_F(StageTest, StepsShowWhatIsThere)
     stage.Stop();
     EXPECT_FALSE(stage.Step());
     EXPECT_EQ(status, "Stopped after 1 of 2 vehicles");
-    EXPECT_EQ(stage.ScrollMaximum(), 10) << "what is there is a train";
+    EXPECT_EQ(stage.ScrollMaximum(), 10) << "the loaded part is a train";
     stage.Close();
     EXPECT_EQ(stage.View(), nullptr);
     EXPECT_EQ(traceLines(), "> tsview\n> tsviewobject\n< tsviewobject\n< tsview\n");
 }
 
-TEST_F(StageTest, VehiclesAreReadAheadWithoutAWord)
+TEST_F(StageTest, ReadsVehiclesAheadWithoutReporting)
 {
     const auto becomesReady = [this] {
         for (int i = 0; i < 5000 && !stage.Ready(); ++i)
@@ -243,7 +244,7 @@ TEST_F(StageTest, VehiclesAreReadAheadWithoutAWord)
     EXPECT_TRUE(stage.Ready());
 }
 
-TEST_F(StageTest, ConsistFilesAndTheirFaults)
+TEST_F(StageTest, ShowsConsistFilesAndReportsTheirFaults)
 {
     const auto render = [this](const std::string &content) {
         const std::string path = game.Write("Trains/Consists/a.con", content);
@@ -268,7 +269,7 @@ TEST_F(StageTest, ConsistFilesAndTheirFaults)
     EXPECT_EQ(render("Wagon ( )"), "a.con: there is no Train block");
 }
 
-TEST_F(StageTest, ReportsNameTheTextures)
+TEST_F(StageTest, PropertiesListTheTextures)
 {
     shapes.textures["box.s"] = {"side.ace", "gone.ace"};
     load({"Box10", "Engine ( EngineData ( Loco My Cars ) )"});
@@ -288,7 +289,7 @@ TEST_F(StageTest, ReportsNameTheTextures)
     EXPECT_EQ(status, "Done");
 }
 
-TEST_F(StageTest, ReportsEndWithWhatCouldNotBeLoaded)
+TEST_F(StageTest, PropertiesEndWithTheFilesThatCouldNotBeLoaded)
 {
     const std::string folder =
         host::path::Normalise(game.At("Trains/Trainset/Cars")) + host::path::kSeparator;
@@ -309,13 +310,13 @@ TEST_F(StageTest, ReportsEndWithWhatCouldNotBeLoaded)
     EXPECT_EQ(boxes(), 2) << "none after the one that was dismissed";
     EXPECT_EQ(stage.Report(), "All Consist Textures" + missing);
     load({"Box10", "Gone"});
-    EXPECT_EQ(boxes(), 1) << "the next loading begins anew";
+    EXPECT_EQ(boxes(), 1) << "the next load starts again";
     EXPECT_EQ(stage.Report(), "All Consist Textures\r\n\r\nItem 1 Textures: 1\r\n1\tside.ace\r\n"
                               "\r\nNot loaded: 1\r\n1\t" +
                                   folder + "Gone.wag does not exist!");
 }
 
-TEST(NumbersTest, TheNumberIsTheBeginningOfTheText)
+TEST(NumbersTest, ReadsTheNumberAtTheBeginningOfTheText)
 {
     const struct
     {

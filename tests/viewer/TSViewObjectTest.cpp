@@ -18,7 +18,7 @@ protected:
         shapes.textures["car.s"] = {"side.ace", "gone.ace"};
         path = game.Write("car.s", "shape");
     }
-    /// Where the shape's own point (0, 0, 1), its nose, and its origin are in the scene.
+    /// Returns the places of the shape's origin and of its nose, the point (0, 0, 1), in the scene.
     static std::string noseAndOrigin(const TSViewObject &object)
     {
         const auto text = [&object](float z) {
@@ -35,7 +35,7 @@ constexpr float kPi = std::numbers::pi_v<float>;
 
 } // namespace
 
-TEST_F(TSViewObjectTest, MovesAndTurnsInTheOrderOfTheCall)
+TEST_F(TSViewObjectTest, MovesAndTurnsInTheOrderOfTheCalls)
 {
     const struct
     {
@@ -94,7 +94,7 @@ TEST_F(TSViewObjectTest, MovesAndTurnsInTheOrderOfTheCall)
     EXPECT_EQ(object.Z(), 7);
 }
 
-TEST_F(TSViewObjectTest, LoadingTakesTheNamesOfTheTextures)
+TEST_F(TSViewObjectTest, LoadingStoresTheNamesOfTheTextures)
 {
     TSViewObject object(services);
     object.Model().SetTexturePath("..\\textures\\");
@@ -108,7 +108,7 @@ TEST_F(TSViewObjectTest, LoadingTakesTheNamesOfTheTextures)
     EXPECT_EQ(object.Model().Problems(), std::vector<std::string>{"gone.ace is missing"});
 }
 
-TEST_F(TSViewObjectTest, WhatCannotBeLoadedIsSaidOnce)
+TEST_F(TSViewObjectTest, ReportsEachFailureToLoadOnce)
 {
     TSViewObject object(services);
     EXPECT_FALSE(object.LoadShape(game.At("none.s")));
@@ -116,14 +116,14 @@ TEST_F(TSViewObjectTest, WhatCannotBeLoadedIsSaidOnce)
     EXPECT_EQ(object.LastError(), "");
     EXPECT_FALSE(object.LoadShape(game.Write("bad.s")));
     EXPECT_EQ(object.LastError(), "bad.s: nothing but holes");
-    EXPECT_EQ(dialogs.TakeLog(), "") << "the scene tells it";
+    EXPECT_EQ(dialogs.TakeLog(), "") << "the scene reports it";
     EXPECT_FALSE(object.LoadShape(game.At("none.s")));
-    EXPECT_EQ(object.LastError(), "bad.s: nothing but holes") << "not asked of the model";
+    EXPECT_EQ(object.LastError(), "bad.s: nothing but holes") << "the model is not asked";
     EXPECT_TRUE(object.LoadShape(path));
     EXPECT_EQ(object.LastError(), "");
 }
 
-TEST_F(TSViewObjectTest, FlashingTakesTheTexturesAwayAndBack)
+TEST_F(TSViewObjectTest, FlashingHidesAndRestoresTheTextures)
 {
     TSViewObject object(services);
     ASSERT_TRUE(object.LoadShape(path));
@@ -137,17 +137,17 @@ TEST_F(TSViewObjectTest, FlashingTakesTheTexturesAwayAndBack)
     EXPECT_TRUE(object.Flashed());
     EXPECT_EQ(worn(), 0);
     object.SetFlashOn(true);
-    EXPECT_EQ(worn(), 0) << "the wish alone changes nothing";
+    EXPECT_EQ(worn(), 0) << "the request alone changes nothing";
     object.SetFlashOn(false);
     EXPECT_EQ(worn(), 2);
     object.UnFlash();
-    EXPECT_EQ(worn(), 2) << "also when they were shown";
+    EXPECT_EQ(worn(), 2) << "also if they were visible";
     EXPECT_FALSE(object.Flashed());
     object.Destroy();
     EXPECT_EQ(worn(), 0);
 }
 
-TEST_F(TSViewObjectTest, ACreationAndItsEndAreTraced)
+TEST_F(TSViewObjectTest, TracesCreationAndDestruction)
 {
     {
         TSViewObject first(services), second(services);

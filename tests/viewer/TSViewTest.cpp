@@ -34,7 +34,7 @@ TEST_F(TSViewTest, StartsOnlyWithACanvasAndDrawsOnlyWhenStarted)
     EXPECT_EQ(canvas.TakeLog(), "start rendering ");
     view.ResetCamera();
     EXPECT_EQ(canvas.TakeLog(), "camera begin end yield ");
-    EXPECT_EQ(canvas.camera, (std::array<float, 6>{})) << "zeros go through as they are";
+    EXPECT_EQ(canvas.camera, (std::array<float, 6>{})) << "zeros are passed on unchanged";
     canvas.ready = false;
     view.ShowModels();
     EXPECT_EQ(canvas.TakeLog(), "refuse yield ");
@@ -69,18 +69,18 @@ TEST_F(TSViewTest, LoadsShapesUnderKeys)
     EXPECT_EQ(dialogs.Log(), "");
 }
 
-TEST_F(TSViewTest, WhatCannotBeLoadedIsToldAndLeftOut)
+TEST_F(TSViewTest, ReportsAndLeavesOutWhatCannotBeLoaded)
 {
     TSView view(services);
     EXPECT_FALSE(view.LoadShapeInToViewer("a", game.Write("bad.s"), 0, 0, 0, 0));
     EXPECT_EQ(dialogs.TakeLog(), "critical|Error Loading Shape|bad.s: nothing but holes\n");
     EXPECT_FALSE(view.LoadShapeInToViewer("a", game.At("none.s"), 0, 0, 0, 0));
     EXPECT_EQ(dialogs.TakeLog(), "critical|LoadShape|" + game.At("none.s") + " does not exist!\n")
-        << "one box, and no empty one after it";
+        << "one message, and no empty one after it";
     EXPECT_EQ(view.Models.Count(), 0);
 }
 
-TEST_F(TSViewTest, EveryCreationIsTracedWithItsEnd)
+TEST_F(TSViewTest, TracesEveryCreationAndDestruction)
 {
     {
         TSView view(services);

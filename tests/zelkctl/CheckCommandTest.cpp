@@ -5,7 +5,7 @@
 
 namespace {
 
-/// A wagon without its descriptor, which a consist, a service and an activity use.
+/// A wagon without a descriptor, used by a consist, a service and an activity.
 class CheckCommandTest : public ZelkctlTest
 {
 protected:
@@ -59,7 +59,7 @@ TEST_F(CheckCommandTest, PrintsTheReport)
          {"--route", "S", "--no-consists", "stock", m_wagon, "m/x.wag"},
          {1, m_noDescriptor + noRoute + missing + noRoute, ""}},
         {"all", {"all", "--quiet"}, {1, m_noDescriptor, ""}},
-        {"none of all",
+        {"no folder matches",
          {"all", "--quiet", "--filter", "b"},
          {0, "", "zelkctl: no stock folder matches \"b\": nothing was checked\n"}},
         {"names with the separator of keys",
@@ -76,7 +76,7 @@ TEST_F(CheckCommandTest, PrintsTheReport)
          {"use", "--route", "R", "S", "--consist", "c", "d.con"},
          {1, m_inService + noRoute + noRoute, ""}},
         {"no use of a consist", {"use", "--consist", "d", "--route", "R"}, {0, "", ""}},
-        {"no use of a consist, told",
+        {"no use of a consist, verbose",
          {"--verbose", "use", "--consist", "d", "--route", "R"},
          {0, "INFO: d referenced by R services is OK\n", ""}},
     };
@@ -86,7 +86,7 @@ TEST_F(CheckCommandTest, PrintsTheReport)
     }
 }
 
-TEST_F(CheckCommandTest, TellsErrorsAndGoesOn)
+TEST_F(CheckCommandTest, ReportsErrorsAndContinues)
 {
     const std::string bare = at("Routes/R/Shapes/bare.s");
     const std::string error =
@@ -99,7 +99,7 @@ TEST_F(CheckCommandTest, TellsErrorsAndGoesOn)
               (Outcome{2, "",
                        "zelkctl: " + bare + ": error 91: " + bare +
                            "d: there is no entry ESD_Alternative_Texture\n"}))
-        << "the descriptor, whose name begins like the shape's, is at fault";
+        << "reports the descriptor, whose name begins like the shape's";
     write("m/Routes/R/Shapes/bare.sd", "shape ( ESD_Alternative_Texture ( 0 ) )");
     EXPECT_EQ(run({"check", "shape", bare}), (Outcome{0, "", ""}));
     EXPECT_EQ(run({"check", "stock", "--no-consists", "m/none.wag"}),
@@ -112,9 +112,9 @@ TEST_F(CheckCommandTest, TellsErrorsAndGoesOn)
               (Outcome{1, "ERROR: " + at("Routes/Trains/Trainset") + " is MISSING\n", ""}));
 }
 
-TEST_F(CheckCommandTest, GivesTheSameAsJson)
+TEST_F(CheckCommandTest, PrintsTheReportAsJson)
 {
-    // Asked for in other letter case: "path" is spelled as on the disk.
+    // The command names the file in another letter case; "path" has the spelling on disk.
     const Outcome outcome = check({"stock", "m/TRAINS/trainset/a/A.WAG", "--json", "--verbose"});
     EXPECT_EQ(outcome.code, 1);
     const std::string asked = at("TRAINS/trainset/a/");
@@ -141,7 +141,7 @@ TEST_F(CheckCommandTest, GivesTheSameAsJson)
     EXPECT_EQ(check({"use", "--consist", "d", "--route", "R", "--json"}), (Outcome{0, "[]\n", ""}));
 }
 
-TEST_F(CheckCommandTest, KeepsChecksThatEndInAnErrorInJsonAndReport)
+TEST_F(CheckCommandTest, JsonAndReportIncludeChecksThatEndWithAnError)
 {
     const std::string bare = at("Routes/R/Shapes/bare.s");
     const std::string line = bare + ": error 13: its descriptor " + bare + "d is missing";
@@ -176,7 +176,7 @@ TEST_F(CheckCommandTest, AppendsTheReport)
               (Outcome{2, m_noDescriptor, "zelkctl: no/r.log: error 76: Path not found\n"}));
 }
 
-TEST_F(CheckCommandTest, RefusesWhatItCannotCheck)
+TEST_F(CheckCommandTest, RefusesFilesThatItCannotCheck)
 {
     const std::pair<std::vector<std::string>, const char *> rows[] = {
         {{"stocks", "x"}, "There is no command \"check stocks\" (see zelkctl check --help)"},

@@ -25,7 +25,7 @@ protected:
         arguments.insert(arguments.begin(), {"check", "--msts", m_folder.At("s")});
         return run(arguments);
     }
-    /// The planned lines of a file, as this platform shows them.
+    /// Returns the planned report lines of a file, with this platform's separators.
     Lines planned(const std::string &file) const
     {
         const auto defect = m_defects.find(file);
@@ -38,7 +38,7 @@ protected:
             }
         return lines;
     }
-    /// The name of a consist's file, without folder and extension.
+    /// Returns the name of a consist's file without folder and extension.
     static std::string nameOf(const std::string &file)
     {
         const std::string name(host::path::FileName(file));
@@ -57,7 +57,7 @@ protected:
     std::map<std::string, samples::Defect> m_defects;
 };
 
-TEST_F(CheckSampleTest, AllStock)
+TEST_F(CheckSampleTest, FindsThePlannedStockDefects)
 {
     Lines expected;
     for (const auto &[file, defect] : m_defects)
@@ -76,7 +76,7 @@ TEST_F(CheckSampleTest, AllStock)
     EXPECT_EQ(check({"all", "--filter", "Coast*"}), (Outcome{0, "", ""}));
 }
 
-TEST_F(CheckSampleTest, Shapes)
+TEST_F(CheckSampleTest, FindsThePlannedShapeDefects)
 {
     Lines clean = {"shape"};
     for (const std::string &file : files(".s")) {
@@ -99,7 +99,7 @@ TEST_F(CheckSampleTest, Shapes)
     EXPECT_EQ(check(clean), (Outcome{0, "", ""}));
 }
 
-TEST_F(CheckSampleTest, Consists)
+TEST_F(CheckSampleTest, FindsThePlannedConsistDefects)
 {
     for (const std::string &file : files(".con")) {
         SCOPED_TRACE(file);
@@ -112,7 +112,7 @@ TEST_F(CheckSampleTest, Consists)
     }
 }
 
-TEST_F(CheckSampleTest, Use)
+TEST_F(CheckSampleTest, FindsThePlannedUses)
 {
     for (const char *extension : {".eng", ".wag"})
         for (const std::string &file : files(extension)) {

@@ -21,7 +21,7 @@ protected:
     }
 };
 
-TEST_F(ClosedFoldersTest, FoldersThatCannotBeReadAreToldAndTheOthersListed)
+TEST_F(ClosedFoldersTest, ReportsUnreadableFoldersAndListsTheOthers)
 {
     write("msts/Trains/Trainset/A/a.wag", "");
     write("msts/Trains/Trainset/Shut/b.wag", "");

@@ -15,7 +15,7 @@ struct Row
     std::string command = {}; ///< whose help is recommended
 };
 
-TEST_F(CommandLineTest, RefusesWhatItDoesNotUnderstand)
+TEST_F(CommandLineTest, RefusesUnknownArguments)
 {
     const Row rows[] = {
         {"no command", {"--msts", "list"}, "A subcommand is required"},
@@ -45,7 +45,7 @@ TEST_F(CommandLineTest, RefusesWhatItDoesNotUnderstand)
     }
 }
 
-TEST_F(CommandLineTest, RefusesMalformedOperationsBeforeItReadsTheFile)
+TEST_F(CommandLineTest, RefusesMalformedOperationsBeforeReadingTheFile)
 {
     const std::string stock = "expected add=Engine,FOLDER,NAME or add=Wagon,FOLDER,NAME";
     const std::string number = "expected a row number, counted from 1";
@@ -54,12 +54,12 @@ TEST_F(CommandLineTest, RefusesMalformedOperationsBeforeItReadsTheFile)
         {"add of two", {"add=Wagon,Box"}, stock},
         {"add of four", {"add=Wagon,Box,a,b"}, stock},
         {"add of another type", {"add=wagon,Box,a"}, stock},
-        {"add of no name", {"add=Wagon,Box,"}, stock},
+        {"add without a name", {"add=Wagon,Box,"}, stock},
         {"row 0", {"flip=0"}, number},
-        {"row below 0", {"remove=-1"}, number},
+        {"negative row", {"remove=-1"}, number},
         {"no row", {"forwards"}, number},
-        {"row with a tail", {"backwards=1x"}, number},
-        {"row beyond all numbers", {"flip=99999999999999999999"}, number},
+        {"row followed by text", {"backwards=1x"}, number},
+        {"row too large for a number", {"flip=99999999999999999999"}, number},
         {"clear with a row", {"clear=1"}, "clear takes no row"},
     };
     for (const Row &row : rows) {
@@ -71,7 +71,7 @@ TEST_F(CommandLineTest, RefusesMalformedOperationsBeforeItReadsTheFile)
     }
 }
 
-TEST_F(CommandLineTest, AnswersVersionAndHelp)
+TEST_F(CommandLineTest, PrintsVersionAndHelp)
 {
     EXPECT_EQ(run({"--version"}), (Outcome{0, "zelkctl " ZELK_VERSION "\n", ""}));
     const Outcome help = run({"--help"});
@@ -87,7 +87,7 @@ TEST_F(CommandLineTest, AnswersVersionAndHelp)
     }
 }
 
-TEST_F(CommandLineTest, SaysWhenItsOutputCannotBeWritten)
+TEST_F(CommandLineTest, ReportsOutputThatCannotBeWritten)
 {
     write("x.con", "Train ( TrainCfg ( x ) )");
     for (const auto &[output, reason] : support::UnwritableOutputs())
@@ -95,7 +95,7 @@ TEST_F(CommandLineTest, SaysWhenItsOutputCannotBeWritten)
                   (Outcome{2, "", "zelkctl: standard output: " + reason + "\n"}));
 }
 
-TEST_F(CommandLineTest, EndsSilentlyWhenNobodyReadsItsOutput)
+TEST_F(CommandLineTest, EndsSilentlyIfNobodyReadsItsOutput)
 {
     write("x.con", "Train ( TrainCfg ( x ) )");
     const Outcome silent{141, "", ""};
@@ -106,7 +106,7 @@ TEST_F(CommandLineTest, EndsSilentlyWhenNobodyReadsItsOutput)
     EXPECT_EQ(run({"check", "stock", "--no-consists", "gone.wag", "--report", "r.log"},
                   support::Stdout::BrokenPipe),
               (Outcome{1, "", ""}))
-        << "the report is still wanted";
+        << "the report must still be written";
     EXPECT_NE(read("r.log").find("gone.wag is MISSING"), std::string::npos);
 }
 

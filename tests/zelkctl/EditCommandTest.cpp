@@ -33,7 +33,7 @@ protected:
         arguments.insert(arguments.begin(), {"edit", "local.con"});
         return run(arguments);
     }
-    /// The units, each as "type folder/name uid", and the counter.
+    /// Returns the units, each as "type folder/name uid", and the counter.
     std::vector<std::string> units(const std::string &file) const;
 };
 
@@ -63,7 +63,7 @@ std::vector<std::string> EditCommandTest::units(const std::string &file) const
     return units;
 }
 
-TEST_F(EditCommandTest, DoesTheOperationsInOrder)
+TEST_F(EditCommandTest, PerformsOperationsInOrder)
 {
     const std::string engine = "Engine 0 /loco/SD40", box = "Wagon* 1 /box/Old/Stock",
                       tank = "Wagon 2 /tank/Tank, long";
@@ -88,7 +88,7 @@ TEST_F(EditCommandTest, DoesTheOperationsInOrder)
         {"backwards at the end", {"backwards=3"}, {"next 3", engine, box, tank}},
         {"flip on", {"flip=1"}, {"next 3", "Engine* 0 /loco/SD40", box, tank}},
         {"flip off", {"flip=2"}, {"next 3", engine, "Wagon 1 /box/Old/Stock", tank}},
-        {"rows count anew after each operation",
+        {"rows are renumbered after each operation",
          {"remove=1", "add=Engine,SD40,loco", "forwards=3", "forwards=2"},
          {"next 3", "Engine 2 /loco/SD40", box, tank}},
     };
@@ -111,7 +111,7 @@ TEST_F(EditCommandTest, ChangesNothingElseInTheFile)
         << "the file that was read";
 }
 
-TEST_F(EditCommandTest, WritesNothingWhenSomethingCannotBeDone)
+TEST_F(EditCommandTest, WritesNothingIfAnOperationFails)
 {
     write("overflow.con", consist("overflow", "\t\tNextWagonUID ( 32767 )\r\n", kEngine));
     write("noTrain.con", "Wagon ( x )");
@@ -147,7 +147,7 @@ TEST_F(EditCommandTest, WritesNothingWhenSomethingCannotBeDone)
     }
 }
 
-TEST_F(EditCommandTest, RemarksGoToStderrAndTheCommandGoesOn)
+TEST_F(EditCommandTest, WarningsGoToStderrAndTheCommandContinues)
 {
     const std::string odd = "\t\tNextWagonUID ( x1 )\r\n";
     const std::string hidden = "\t\tWagon (\r\n\t\t\tUiD ( 9 )\r\n\t\t)\r\n" + kTank;

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// An installation that shows what a listing has to cope with.
+/// An installation with everything that a listing must handle.
 class ListCommandTest : public ZelkctlTest
 {
 protected:
@@ -78,7 +78,7 @@ TEST_F(ListCommandTest, ListsWhatIsInstalled)
     }
 }
 
-TEST_F(ListCommandTest, TakesTheFolderThatIsNamedOrSetOrRegistered)
+TEST_F(ListCommandTest, UsesTheGivenOrChosenOrRegisteredFolder)
 {
     const Outcome none{2, "", "zelkctl: no Train Simulator folder: use --msts DIR\n"};
     const auto list = [](const char *name) { return Outcome{0, std::string(name) + "\n", ""}; };
@@ -97,7 +97,7 @@ TEST_F(ListCommandTest, TakesTheFolderThatIsNamedOrSetOrRegistered)
     EXPECT_EQ(run({"list", "consists", "--msts", " $msts "}), list("registered"));
 }
 
-TEST_F(ListCommandTest, SaysWhenTheFolderIsNone)
+TEST_F(ListCommandTest, ReportsAMissingFolder)
 {
     EXPECT_EQ(run({"list", "stock", "--msts", ""}),
               (Outcome{2, "", "zelkctl: --msts: no folder given\n"}));

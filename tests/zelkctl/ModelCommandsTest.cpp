@@ -9,7 +9,7 @@ class ModelCommandsTest : public ZelkctlTest
 {
 };
 
-TEST_F(ModelCommandsTest, ShowsWhatAShapeHolds)
+TEST_F(ModelCommandsTest, PrintsTheContentOfAShape)
 {
     const samples::ShapeModel model = samples::SmallestShape({"a.ace", "Z \"b\".ace"});
     const std::pair<samples::ShapeForm, std::string> forms[] = {
@@ -34,7 +34,7 @@ TEST_F(ModelCommandsTest, ShowsWhatAShapeHolds)
               "\"images\":[],\"levels\":[],\"bounds\":null,\"animations\":0}\n");
 }
 
-TEST_F(ModelCommandsTest, ShowsAndSavesTextures)
+TEST_F(ModelCommandsTest, PrintsAndSavesTextures)
 {
     samples::Picture picture = samples::PanelPicture(8, {1, 2, 3, 255}, {9, 9, 9, 255});
     picture.pixels[20].alpha = 0;
@@ -53,7 +53,7 @@ TEST_F(ModelCommandsTest, ShowsAndSavesTextures)
     EXPECT_EQ(read("small.png").substr(16, 8), small);
 }
 
-TEST_F(ModelCommandsTest, SaysWhyNot)
+TEST_F(ModelCommandsTest, ReportsWhyAFileCannotBeUsed)
 {
     write("a.s", "SIMISA@@@@@@@@@@JINX0s1b______\r\nG");
     write("a.ace", "GIF89a");

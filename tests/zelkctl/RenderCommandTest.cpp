@@ -11,7 +11,7 @@ constexpr char kEmptyShape[] = "SIMISA@@@@@@@@@@JINX0s1t______\n\nshape ( )\n";
 
 } // namespace
 
-TEST_F(RenderCommandTest, WrongWishesAreRefusedBeforeAnythingIsDrawn)
+TEST_F(RenderCommandTest, RefusesWrongArgumentsBeforeDrawing)
 {
     write("a.s", kEmptyShape);
     const struct
@@ -42,7 +42,7 @@ TEST_F(RenderCommandTest, WrongWishesAreRefusedBeforeAnythingIsDrawn)
     EXPECT_FALSE(m_folder.Exists("a.png"));
 }
 
-TEST_F(RenderCommandTest, AFileThatCannotBeShownGivesNoPicture)
+TEST_F(RenderCommandTest, FilesThatCannotBeShownGiveNoPicture)
 {
     write("a.s", kEmptyShape);
     write("a.txt", "x");

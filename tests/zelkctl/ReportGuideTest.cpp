@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The guide explains every line that the checks report, word for word, and no others.
+// The guide explains every line that the checks print, word for word, and no other line.
 #include "ZelkctlTest.h"
 #include "host/Path.h"
 #include "samples/Sample.h"
@@ -20,7 +20,7 @@ std::string replaced(const std::string &text, const char *pattern, const char *w
     return std::regex_replace(text, std::regex(pattern), with);
 }
 
-/// The lines that stand over the explanations, with "*" for what differs.
+/// Returns the lines that the guide explains, with "*" for the variable parts.
 Lines explained()
 {
     std::ifstream file(ZELK_GUIDE, std::ios::binary);
@@ -37,7 +37,7 @@ class ReportGuideTest : public ZelkctlTest
 protected:
     ReportGuideTest() { samples::WriteSample(m_folder.At("s")); }
 
-    /// Runs a check and adds the lines that it reports, with "*" for what differs.
+    /// Runs a check and adds the lines that it prints, with "*" for the variable parts.
     void check(const std::vector<std::string> &arguments)
     {
         std::vector<std::string> all = {"check", "--msts", "s", "--verbose"};
@@ -46,7 +46,8 @@ protected:
         for (std::string line; std::getline(out, line);)
             m_lines.insert(withoutNames(line));
     }
-    /// A line as the guide has it. Paths reach up to the words that follow or to the end.
+    /// Returns a line as the guide shows it. A path extends to the words that follow, or to the
+    /// end.
     static std::string withoutNames(std::string line)
     {
         line = replaced(line, "Error \\d+ - .* referenced", "* referenced");
@@ -86,6 +87,6 @@ TEST_F(ReportGuideTest, ExplainsEveryLineOfAReport)
         if (!shape.empty())
             check({"shape", shape});
     Lines guide = explained();
-    EXPECT_EQ(guide.erase("ERROR: * is EMPTY"), 1U); // explained, though no check says it
+    EXPECT_EQ(guide.erase("ERROR: * is EMPTY"), 1U); // explained, though no check prints it
     EXPECT_EQ(guide, m_lines);
 }

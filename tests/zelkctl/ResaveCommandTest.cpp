@@ -22,7 +22,7 @@ protected:
     }
 };
 
-/// Line by line; in any of the encodings a changed line is a changed piece.
+/// Splits the bytes at line feeds. In any encoding a changed line changes one piece.
 std::vector<std::string> linesOf(const std::string &bytes)
 {
     std::vector<std::string> lines(1);
@@ -34,7 +34,8 @@ std::vector<std::string> linesOf(const std::string &bytes)
     return lines;
 }
 
-/// How many lines of `before` and of `after` stand between the lines that both begin and end with.
+/// Returns the numbers of lines in `before` and in `after` that are not in their common beginning
+/// and end.
 std::pair<std::size_t, std::size_t> changedLines(const std::string &before,
                                                  const std::string &after)
 {
@@ -48,7 +49,7 @@ std::pair<std::size_t, std::size_t> changedLines(const std::string &before,
     return {a.size() - head - tail, b.size() - head - tail};
 }
 
-/// Takes the consist's name out of its tree, at both of its places, and gives them.
+/// Removes the consist's name from both of its places in the tree and returns the two names.
 std::vector<std::string> takeNames(Json &tree)
 {
     std::vector<std::string> names;
@@ -57,7 +58,7 @@ std::vector<std::string> takeNames(Json &tree)
             names.push_back(value);
         values.clear();
     };
-    tree.erase("notes"); // a new line moves them
+    tree.erase("notes"); // a new line changes their line numbers
     Json &config = tree["nodes"][0]["children"][0];
     take(config["values"]);
     Json &children = config["children"];
@@ -70,7 +71,7 @@ std::vector<std::string> takeNames(Json &tree)
     return names;
 }
 
-TEST_F(ResaveCommandTest, ChangesNothingOfTheSampleConsistsButTheirNames)
+TEST_F(ResaveCommandTest, ChangesOnlyTheNamesOfTheSampleConsists)
 {
     const fs::path sample = m_folder.At("sample");
     samples::WriteSample(sample);
@@ -89,7 +90,7 @@ TEST_F(ResaveCommandTest, ChangesNothingOfTheSampleConsistsButTheirNames)
         EXPECT_LE(added, 2u);
 
         Json oldTree = treeOf(from), newTree = treeOf(to);
-        if (oldTree["encoding"] == "windows-1252") // its only accent may have stood in the name
+        if (oldTree["encoding"] == "windows-1252") // its only accent may have been in the name
             newTree["encoding"] = "windows-1252";
         takeNames(oldTree);
         EXPECT_EQ(takeNames(newTree), (std::vector<std::string>{name, name}));
@@ -101,7 +102,7 @@ TEST_F(ResaveCommandTest, ChangesNothingOfTheSampleConsistsButTheirNames)
     EXPECT_EQ(consists, 14);
 }
 
-TEST_F(ResaveCommandTest, GivesOtherFilesBackAsTheyWere)
+TEST_F(ResaveCommandTest, LeavesOtherFilesUnchanged)
 {
     std::string bytes(4096, '\0');
     for (std::size_t i = 0; i < bytes.size(); ++i)
@@ -124,7 +125,7 @@ TEST_F(ResaveCommandTest, GivesOtherFilesBackAsTheyWere)
     }
 }
 
-TEST_F(ResaveCommandTest, SavesAConsistThatTheEditorCouldNotList)
+TEST_F(ResaveCommandTest, SavesConsistsThatTheEditorCannotList)
 {
     write("odd.con", "\nTrain ( TrainCfg ( odd Name ( odd ) Engine ( UiD ( 0 ) ) ) )\n");
     EXPECT_EQ(resave("odd.con", "New name.con"), (Outcome{0, "", ""}));
@@ -132,7 +133,7 @@ TEST_F(ResaveCommandTest, SavesAConsistThatTheEditorCouldNotList)
               "\nTrain ( TrainCfg ( \"New name\" Name ( \"New name\" ) Engine ( UiD ( 0 ) ) ) )\n");
 }
 
-TEST_F(ResaveCommandTest, ReplacesTheFileOfThatNameInAnyLetterCase)
+TEST_F(ResaveCommandTest, ReplacesAnExistingFileInAnyLetterCase)
 {
     write("a.con", "\nTrain ( TrainCfg ( a Name ( a ) ) )");
     write("B.CON", "old");
@@ -141,7 +142,7 @@ TEST_F(ResaveCommandTest, ReplacesTheFileOfThatNameInAnyLetterCase)
     EXPECT_EQ(m_folder.Names(), (std::vector<std::string>{"B.CON", "a.con"}));
 }
 
-TEST_F(ResaveCommandTest, NamesTheFileThatIsAtFault)
+TEST_F(ResaveCommandTest, NamesTheFaultyFile)
 {
     write("x.con", "Train ( TrainCfg ( x ) )");
     m_folder.MakeFolder("folder.con");

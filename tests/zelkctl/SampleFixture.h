@@ -10,13 +10,13 @@
 #include <string>
 #include <vector>
 
-/// Runs zelkctl on a sample installation of its own, which lies in the folder "s".
+/// Runs zelkctl on a private sample installation in the folder "s".
 class SampleFixture : public ZelkctlTest
 {
 protected:
     SampleFixture() { samples::WriteSample(m_folder.At("s")); }
 
-    /// All files of an extension, by their paths in the sample, with "/".
+    /// Returns the paths in the sample, with "/", of all files with an extension.
     std::vector<std::string> files(const std::string &extension) const
     {
         std::vector<std::string> found;

@@ -9,8 +9,8 @@
 
 namespace {
 
-/// Every model and every picture of the sample installation can be read, saved and drawn, but for
-/// those that are wrong on purpose: these give a reason.
+/// Every shape and every texture of the sample installation can be read, saved and drawn, except
+/// those that are wrong on purpose: for these the program reports a reason.
 class SampleModelsTest : public SampleFixture
 {
 protected:
@@ -22,7 +22,7 @@ protected:
         EXPECT_EQ(outcome.err, "");
         return nlohmann::json::parse(outcome.out);
     }
-    /// How a shape's file is written, told by its first bytes alone.
+    /// Returns the form of a shape's file, judged by its first bytes only.
     std::string formOf(const std::string &file) const
     {
         const std::string bytes = read("s/" + file);
@@ -30,7 +30,7 @@ protected:
             return "compressed";
         return bytes.starts_with("SIMISA@@@@@@@@@@JINX0s1b") ? "binary" : "text";
     }
-    /// The width and the height of a PNG picture.
+    /// Returns the width and the height of a PNG picture.
     static std::pair<unsigned, unsigned> sizeOf(const std::string &png)
     {
         const auto number = [&png](std::size_t offset) {
@@ -48,7 +48,7 @@ protected:
     }
 };
 
-/// From near to far a shape has fewer and fewer triangles.
+/// Farther levels of a shape have fewer triangles.
 void expectLevels(const nlohmann::json &levels)
 {
     double distance = 0, triangles = 1e9;
@@ -62,7 +62,7 @@ void expectLevels(const nlohmann::json &levels)
     }
 }
 
-TEST_F(SampleModelsTest, EveryShapeTellsWhatItHolds)
+TEST_F(SampleModelsTest, PrintsTheContentOfEveryShape)
 {
     std::map<std::string, int> forms;
     for (const std::string &file : files(".s")) {
@@ -100,7 +100,7 @@ TEST_F(SampleModelsTest, EveryTextureDecodesToItsSmallestLevel)
 class SampleRenderTest : public SampleModelsTest, public testing::WithParamInterface<const char *>
 {
 protected:
-    /// What stands on standard error for the planned defects, by the file's name, and the code.
+    /// The exit code and the messages on standard error for the planned defects, by file name.
     static const std::map<std::string, std::pair<int, std::vector<std::string>>> &told()
     {
         static const std::map<std::string, std::pair<int, std::vector<std::string>>> all = {
@@ -119,7 +119,7 @@ protected:
     }
 };
 
-TEST_P(SampleRenderTest, EveryFileIsDrawnOrSaysWhyNot)
+TEST_P(SampleRenderTest, DrawsEveryFileOrReportsWhyNot)
 {
     const Outcome trial = render("TRAINS/CONSISTS/Depot Shunter.con");
     if (trial.err.find("cannot draw: ") != std::string::npos)

@@ -9,7 +9,7 @@ class TreeCommandTest : public ZelkctlTest
 {
 };
 
-TEST_F(TreeCommandTest, ShowsTheWholeFile)
+TEST_F(TreeCommandTest, PrintsTheWholeFile)
 {
     const std::string header = "SIMISA@@@@@@@@@@JINX0D0t______";
     struct Row
@@ -41,7 +41,7 @@ TEST_F(TreeCommandTest, ShowsTheWholeFile)
         {"Windows-1252 becomes UTF-8", "\na ( Z\xfcge )",
          "{\"header\":null,\"encoding\":\"windows-1252\",\"bom\":false,\"nodes\":[\n"
          " {\"name\":\"a\",\"values\":[\"Z\u00fcge\"],\"children\":[]}],\n\"notes\":[]}\n"},
-        {"what was mended", "a ( 1\nb ( 2 ) )\n)",
+        {"notes about repairs", "a ( 1\nb ( 2 ) )\n)",
          "{\"header\":null,\"encoding\":\"utf-8\",\"bom\":false,\"nodes\":[\n"
          " {\"name\":\"a\",\"values\":[\"1\"],\"children\":[\n"
          "  {\"name\":\"b\",\"values\":[\"2\"],\"children\":[]}]}],\n\"notes\":[\n"
@@ -56,7 +56,7 @@ TEST_F(TreeCommandTest, ShowsTheWholeFile)
     }
 }
 
-TEST_F(TreeCommandTest, GivesValidJsonForAnyBytes)
+TEST_F(TreeCommandTest, PrintsValidJsonForAnyBytes)
 {
     std::string bytes = "a ( ";
     for (int round = 0; round < 2000; ++round)
@@ -69,7 +69,7 @@ TEST_F(TreeCommandTest, GivesValidJsonForAnyBytes)
     }
 }
 
-TEST_F(TreeCommandTest, ShowsLargeAndDeepFilesWhole)
+TEST_F(TreeCommandTest, PrintsLargeAndDeepFilesCompletely)
 {
     constexpr int kBlocks = 50'000, kDepth = 150;
     std::string wide, deep;
@@ -96,10 +96,10 @@ TEST_F(TreeCommandTest, FindsFilesInAnyLetterCase)
     const Outcome exact = run({"tree", "Stock/Z\u00fcge.ENG"});
     EXPECT_EQ(exact.code, 0) << exact;
     EXPECT_EQ(run({"tree", "stock\\z\u00dcGE.eng"}), exact);
-    EXPECT_EQ(run({"tree", foreign}), exact) << "the bytes of the disk's name";
+    EXPECT_EQ(run({"tree", foreign}), exact) << "the bytes of the name on disk";
 }
 
-TEST_F(TreeCommandTest, SaysWhyAFileCannotBeRead)
+TEST_F(TreeCommandTest, ReportsWhyAFileCannotBeRead)
 {
     write("folder.con/x", "");
     const std::pair<const char *, const char *> rows[] = {

@@ -13,7 +13,7 @@
 
 using support::Outcome;
 
-/// ASCII text as UTF-16LE with BOM.
+/// Returns ASCII text as UTF-16LE with BOM.
 inline std::string Utf16(std::string_view ascii)
 {
     std::string bytes = "\xff\xfe";
@@ -24,7 +24,7 @@ inline std::string Utf16(std::string_view ascii)
     return bytes;
 }
 
-/// Text with paths as this platform shows them.
+/// Returns a text with the paths in it as this platform shows them.
 inline std::string Shown(std::string text)
 {
     for (const char separator : {'/', '\\'})
@@ -32,7 +32,7 @@ inline std::string Shown(std::string text)
     return text;
 }
 
-/// Runs zelkctl in a folder of its own, to which the tests' file names are relative.
+/// Runs zelkctl in a private folder, to which the tests' file names are relative.
 class ZelkctlTest : public testing::Test
 {
 protected:

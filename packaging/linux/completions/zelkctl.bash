@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # SPDX-License-Identifier: MIT
 
-# _zelkctl_files PATTERN: the files that are of the kinds named, and the folders on the way there.
+# _zelkctl_files PATTERN: completes files that match, and folders.
 _zelkctl_files() {
   compopt -o filenames
   mapfile -t COMPREPLY < <(shopt -s extglob nocasematch
@@ -9,7 +9,7 @@ _zelkctl_files() {
     compgen -f -X "!*.@($1)" -- "$word")
 }
 
-# _zelkctl_installed KIND: the names of what is installed, one of them to each line.
+# _zelkctl_installed KIND: completes the names of installed stock, consists or routes.
 _zelkctl_installed() {
   local msts=() i
   for ((i = 1; i < COMP_CWORD; ++i)); do
@@ -21,7 +21,7 @@ _zelkctl_installed() {
     while read -r name; do [[ $name != "${word//\\/}"* ]] || printf '%s\n' "$name"; done)
 }
 
-# The options of the command, and what its arguments are: words, or a kind of files.
+# Sets the options of the command and the kind of its arguments: words, names or files.
 _zelkctl_command() {
   case $1 in
     '') words='list check tree resave edit shape texture render' options='--version' ;;

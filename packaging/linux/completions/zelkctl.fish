@@ -1,14 +1,14 @@
 # SPDX-License-Identifier: MIT
 set -l commands list check tree resave edit shape texture render
 set -l checks stock consist shape all use
-complete -c zelkctl -s h -l help -d 'Print a help'
+complete -c zelkctl -s h -l help -d 'Print a short help'
 complete -c zelkctl -l version -d 'Print the version'
 complete -c zelkctl -l msts -x -a '(__fish_complete_directories)' -d 'Train Simulator folder'
 complete -c zelkctl -n "not __fish_seen_subcommand_from $commands" -f -a "$commands"
 
 complete -c zelkctl -n '__fish_seen_subcommand_from list' -f -a 'stock consists routes'
 complete -c zelkctl -n '__fish_seen_subcommand_from list all' -x -l filter -d 'Only names that match'
-complete -c zelkctl -n '__fish_seen_subcommand_from list check' -l json -d 'As a JSON array'
+complete -c zelkctl -n '__fish_seen_subcommand_from list check' -l json -d 'Print a JSON array'
 
 set -l checking '__fish_seen_subcommand_from check'
 complete -c zelkctl -n "$checking; and not __fish_seen_subcommand_from $checks" -f -a "$checks"
@@ -16,7 +16,7 @@ complete -c zelkctl -n $checking -l verbose -d 'Also report what is in order'
 complete -c zelkctl -n $checking -l quiet -d 'Show no progress'
 complete -c zelkctl -n $checking -r -l report -d 'Append the findings to this log'
 complete -c zelkctl -n $checking -l no-consists -d 'Do not look for consists (stock)'
-complete -c zelkctl -n $checking -x -l route -d 'Routes to look into' \
+complete -c zelkctl -n $checking -x -l route -d 'Routes to search' \
   -a '(zelkctl list routes 2>/dev/null | string replace -r "\\(.*" "")'
 complete -c zelkctl -n $checking -r -l stock -d 'Stock files to look for (use)'
 complete -c zelkctl -n $checking -x -l consist -d 'Consists to look for (use)' \
@@ -25,7 +25,7 @@ complete -c zelkctl -n $checking -x -l consist -d 'Consists to look for (use)' \
 complete -c zelkctl -n '__fish_seen_subcommand_from edit' \
   -a 'add=Wagon, add=Engine, remove= clear forwards= backwards= flip='
 complete -c zelkctl -n '__fish_seen_subcommand_from edit texture render' -r -l out -d 'The file to write'
-complete -c zelkctl -n '__fish_seen_subcommand_from texture' -x -l level -d 'Which level'
+complete -c zelkctl -n '__fish_seen_subcommand_from texture' -x -l level -d 'Level to save'
 complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l size -d 'Width x height'
-complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l loose -d 'Which loose consist'
-complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l camera -d 'Eye and target'
+complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l loose -d 'Number of the loose consist'
+complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l camera -d 'Camera position and target'
