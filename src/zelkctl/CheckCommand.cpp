@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "CheckCommand.h"
+#include "zelkctl/CheckCommand.h"
 
-#include "CheckOutput.h"
-#include "Session.h"
 #include "host/Path.h"
 #include "host/Text.h"
 #include "install/StockFiles.h"
 #include "validation/Report.h"
 #include "validation/TSValidation.h"
+#include "zelkctl/CheckOutput.h"
+#include "zelkctl/Session.h"
 
 #include <functional>
 #include <memory>

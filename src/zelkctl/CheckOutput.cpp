@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "CheckOutput.h"
+#include "zelkctl/CheckOutput.h"
 
-#include "Session.h"
 #include "host/Console.h"
 #include "host/Disk.h"
+#include "zelkctl/Session.h"
 
 namespace zelkctl {
 namespace {

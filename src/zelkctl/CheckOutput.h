@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "EntryWriter.h"
 #include "host/RuntimeError.h"
 #include "validation/Finding.h"
+#include "zelkctl/EntryWriter.h"
 
 #include <chrono>
 #include <cstddef>

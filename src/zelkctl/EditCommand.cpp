@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "EditCommand.h"
+#include "zelkctl/EditCommand.h"
 
-#include "EditOperation.h"
-#include "Session.h"
 #include "document/ConsistTree.h"
 #include "host/Console.h"
+#include "zelkctl/EditOperation.h"
+#include "zelkctl/Session.h"
 
 #include <algorithm>
 #include <iterator>

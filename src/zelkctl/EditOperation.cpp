@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "EditOperation.h"
+#include "zelkctl/EditOperation.h"
 
-#include "Session.h"
 #include "host/Number.h"
+#include "zelkctl/Session.h"
 
 #include <algorithm>
 #include <iterator>

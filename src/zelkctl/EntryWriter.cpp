@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "EntryWriter.h"
+#include "zelkctl/EntryWriter.h"
 
 namespace zelkctl {
 

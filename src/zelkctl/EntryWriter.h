@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Output.h"
+#include "zelkctl/Output.h"
 
 #include <initializer_list>
 #include <string>

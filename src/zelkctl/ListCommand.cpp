@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "ListCommand.h"
+#include "zelkctl/ListCommand.h"
 
-#include "EntryWriter.h"
-#include "Session.h"
 #include "document/ConsistList.h"
 #include "document/StockList.h"
 #include "host/Filter.h"
 #include "host/Text.h"
 #include "install/modTS.h"
+#include "zelkctl/EntryWriter.h"
+#include "zelkctl/Session.h"
 
 #include <algorithm>
 #include <memory>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "Output.h"
+#include "zelkctl/Output.h"
 
-#include "Session.h"
 #include "host/Console.h"
+#include "zelkctl/Session.h"
 
 #include <nlohmann/json.hpp>
 

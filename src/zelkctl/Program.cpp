@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
-#include "Program.h"
+#include "zelkctl/Program.h"
 
-#include "CheckCommand.h"
-#include "EditCommand.h"
-#include "ListCommand.h"
-#include "RenderCommand.h"
-#include "ResaveCommand.h"
-#include "Session.h"
-#include "ShapeCommand.h"
-#include "TextureCommand.h"
-#include "TreeCommand.h"
 #include "host/Console.h"
 #include "host/Path.h"
 #include "host/Product.h"
 #include "host/RuntimeError.h"
+#include "zelkctl/CheckCommand.h"
+#include "zelkctl/EditCommand.h"
+#include "zelkctl/ListCommand.h"
+#include "zelkctl/RenderCommand.h"
+#include "zelkctl/ResaveCommand.h"
+#include "zelkctl/Session.h"
+#include "zelkctl/ShapeCommand.h"
+#include "zelkctl/TextureCommand.h"
+#include "zelkctl/TreeCommand.h"
 
 #include <algorithm>
 #include <csignal>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Render.h"
+#include "zelkctl/Render.h"
 
 #include "gl/OffscreenCanvas.h"
 #include "host/Console.h"

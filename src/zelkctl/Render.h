@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Session.h"
+#include "zelkctl/Session.h"
 
 #include <array>
 #include <optional>

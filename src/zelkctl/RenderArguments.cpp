@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "RenderArguments.h"
+#include "zelkctl/RenderArguments.h"
 
 #include "host/Number.h"
 

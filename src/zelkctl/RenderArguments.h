@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Render.h"
+#include "zelkctl/Render.h"
 
 #include <string>
 #include <vector>

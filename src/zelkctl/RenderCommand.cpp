@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "RenderCommand.h"
+#include "zelkctl/RenderCommand.h"
 
-#include "RenderArguments.h"
-#include "Session.h"
 #include "host/Process.h"
 #include "host/RuntimeError.h"
+#include "zelkctl/RenderArguments.h"
+#include "zelkctl/Session.h"
 
 #include <memory>
 

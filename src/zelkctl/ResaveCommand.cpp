@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ResaveCommand.h"
+#include "zelkctl/ResaveCommand.h"
 
-#include "Session.h"
 #include "document/ConsistTree.h"
 #include "host/Path.h"
+#include "zelkctl/Session.h"
 
 #include <memory>
 

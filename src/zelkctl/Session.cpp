@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Session.h"
+#include "zelkctl/Session.h"
 
 #include "host/Console.h"
 #include "host/Path.h"

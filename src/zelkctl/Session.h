@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Output.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "install/Installation.h"
+#include "zelkctl/Output.h"
 
 #include <functional>
 #include <optional>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ShapeCommand.h"
+#include "zelkctl/ShapeCommand.h"
 
-#include "Session.h"
 #include "korvat/formats/ReadShape.h"
 #include "korvat/model/Geometry.h"
+#include "zelkctl/Session.h"
 
 #include <charconv>
 #include <cmath>

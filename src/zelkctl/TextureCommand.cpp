@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "TextureCommand.h"
+#include "zelkctl/TextureCommand.h"
 
-#include "Session.h"
 #include "korvat/formats/Png.h"
 #include "korvat/formats/Texture.h"
+#include "zelkctl/Session.h"
 
 #include <memory>
 

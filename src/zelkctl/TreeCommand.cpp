@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "TreeCommand.h"
+#include "zelkctl/TreeCommand.h"
 
-#include "Session.h"
 #include "stavfile/StfFile.h"
+#include "zelkctl/Session.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Program.h"
 #include "host/Console.h"
+#include "zelkctl/Program.h"
 
 int main(int argc, char **argv)
 {

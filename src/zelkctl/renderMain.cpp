@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The program that draws for `zelkctl render`.
-#include "RenderArguments.h"
 #include "gl/Toolkit.h"
 #include "host/Console.h"
+#include "zelkctl/RenderArguments.h"
 
 #include <exception>
 
