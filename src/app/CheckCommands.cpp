@@ -219,6 +219,7 @@ TSValidation &CheckCommands::newValidator()
 {
     m_validator = &m_host.NewValidator();
     m_validator->SetVerboseMessages(false);
+    m_validator->SetStepMessages(false);
     m_validator->ProgressRaised = [this](std::size_t done, std::size_t total) {
         showProgress(done, total);
     };

@@ -52,8 +52,10 @@ public:
 
     /// The check of one file, told; its error leaves.
     std::int16_t CheckFile(validation::FileCheck check, std::string_view fileName);
-    /// The same in two steps, of which the first may be done by a worker.
-    validation::Outcome OutcomeOf(validation::FileCheck check, const std::string &fileName);
+    /// CheckFile in two steps, of which the first may be done by a worker. Without `messages` the
+    /// check's own progress lines are left out.
+    validation::Outcome OutcomeOf(validation::FileCheck check, const std::string &fileName,
+                                  bool messages = true);
     std::int16_t Deliver(const validation::Outcome &outcome);
 
     /// Does jobs 0 to count-1 on the workers and takes their results in order, until there are no

@@ -105,11 +105,12 @@ std::int16_t TSValidation::CheckAllStock(std::string_view filter)
     const std::size_t before = m_errors.size();
     const std::vector<std::string> items = stockItems(run, trainset, filter);
     const std::string total = std::to_string(items.size());
+    const bool steps = m_stepMessages;
     std::int16_t verdict = m_errors.size() == before ? IsValid : IsSuspect;
     run.Each<Outcome>(
         items.size(),
         [&](std::size_t i) {
-            return run.OutcomeOf(validation::CheckStock, Join(trainset, items[i]));
+            return run.OutcomeOf(validation::CheckStock, Join(trainset, items[i]), steps);
         },
         [&](std::size_t i, const Outcome &outcome) {
             run.RaiseProgress(i, items.size());
