@@ -52,6 +52,8 @@ class StfFile
 public:
     /// Reads and writes through `files`, which must outlive this object.
     explicit StfFile(host::GameFiles &files);
+    /// The file at `path`, read as by Load.
+    static StfFile Read(host::GameFiles &files, std::string path);
 
     const std::string &FileName() const { return m_fileName; }
     void SetFileName(std::string path) { m_fileName = std::move(path); }
@@ -62,7 +64,7 @@ public:
     void Load();
     /// Makes this an empty new document again.
     void New();
-    /// The same as Load from bytes in memory.
+    /// Like Load, but from bytes in memory, which errors call FileName.
     void LoadBytes(std::string bytes);
 
     /// Writes the tree to the file named by FileName, whole or not at all (GameFiles::WriteFile).
@@ -78,6 +80,8 @@ public:
     StfNodes TopNodes() const { return Nodes(); }
     /// The first top-level block of this name, letter case ignored, or no object.
     StfNode FindNode(std::string_view name) const;
+    /// Like FindNode, but error 91 when there is none: "FILE: there is no Train block".
+    StfNode Require(std::string_view name) const;
 
     stavfile::Form Form() const;
     stavfile::Encoding Encoding() const;
