@@ -2,6 +2,7 @@
 #include "validation/StockCheck.h"
 
 #include "host/Text.h"
+#include "install/Train.h"
 #include "validation/Content.h"
 #include "validation/TSValidation.h"
 
@@ -70,7 +71,7 @@ public:
         if (!found)
             return m_findings.Record(TSValidation::IsMissing, m_file);
         const StfFile &file = *found;
-        const StfNode wagon = file.FindNode("Wagon");
+        const StfNode wagon = install::FindVehicle(file);
         if (!wagon)
             return m_findings.Record(TSValidation::IsCorrupt, m_file);
         checkShape(wagon);
@@ -99,7 +100,7 @@ private:
     void checkShape(const StfNode &wagon)
     {
         m_findings.Message("Checking shape files");
-        const std::string shape = Below(m_folder, ValueAt(wagon.Child("WagonShape")));
+        const std::string shape = Below(m_folder, ValueAt(install::FindShape(wagon)));
         isThere(shape);
         isThere(shape + 'd');
         if (const StfNode thumbnail = wagon.Child("Thumbnail"))

@@ -4,6 +4,7 @@
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "host/Snapshot.h"
+#include "install/Route.h"
 #include "install/StockFiles.h"
 #include "validation/ConsistCheck.h"
 #include "validation/Finding.h"
@@ -13,9 +14,9 @@
 #include "validation/UsageCheck.h"
 
 using host::path::Join;
+using install::StockName;
 using validation::ConsistUse;
 using validation::Outcome;
-using validation::StockName;
 
 TSValidation::TSValidation(const install::Installation &installation, host::GameFiles &files,
                            std::size_t workers)
@@ -159,7 +160,7 @@ std::int16_t TSValidation::CheckStockInConsists(std::string_view stockPath)
 template <typename CountUses>
 std::int16_t TSValidation::searchRoute(Run &run, const RouteSearch &search, CountUses countUses)
 {
-    const std::string route = Join(run.PathOf("Routes"), search.route);
+    const std::string route = Join(run.PathOf(install::kRoutes), search.route);
     if (m_stopped)
         return IsValid;
     if (!m_snapshot->FolderExists(route))

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "validation/Vehicles.h"
+#include "install/Train.h"
 
 #include <string>
 
@@ -16,11 +16,13 @@ struct ConsistUse
     bool any = false;   ///< some vehicle is one
 };
 
-/// Searches in single files. What cannot be read uses nothing.
-ConsistUse UseInConsist(const Content &content, const std::string &consist, const StockName &stock);
+/// Searches in single files. A file that cannot be read uses nothing.
+ConsistUse UseInConsist(const Content &content, const std::string &consist,
+                        const install::StockName &stock);
 /// True when the service runs the consist of this name.
 bool IsRunByService(const Content &content, const std::string &service, const std::string &consist);
 /// How often the stock file stands in the loose consists of an activity.
-int UsesInActivity(const Content &content, const std::string &activity, const StockName &stock);
+int UsesInActivity(const Content &content, const std::string &activity,
+                   const install::StockName &stock);
 
 } // namespace validation

@@ -403,6 +403,10 @@ TEST(ChecksTest, StockInConsists)
           {"Trains/Consists/a.con", "SIMISA@F\x10\x01"},
           {"Trains/Consists/z.txt", wagon}},
          use("a.wag"), kGood, {line("c.con")});
+    rule("the train is in the first block, whatever its name",
+         {{"Trains/Consists/b.con", "X ( Y ( " + wagon + " ) )"},
+          {"Trains/Consists/c.con", "Empty ( ) Train ( TrainCfg ( " + wagon + " ) )"}},
+         use("a.wag"), kGood, {line("b.con")});
     rule("names that the file joins or escapes",
          {train("c.con", R"(Wagon ( WagonData ( "" + "a" "\A" ) ))")}, use("a.wag"), kGood,
          {line("c.con")});
