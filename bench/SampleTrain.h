@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "install/ConsistUnit.h"
+#include "install/Train.h"
 
 #include <filesystem>
 #include <string>

@@ -3,22 +3,18 @@
 // their units can be enumerated.
 #include "ScratchFile.h"
 #include "host/RuntimeError.h"
-#include "install/ConsistUnit.h"
+#include "install/Train.h"
 #include "viewer/LooseConsists.h"
 
-#include <cstdint>
 #include <cstdlib>
 
 namespace {
 
 void walk(const StfNode &train)
 {
-    std::int16_t position = 0;
-    while (train.FindChild(install::kUnitBlocks, position)) {
-        const install::ConsistUnit unit = install::UnitOf(train.Children().Item(position));
-        if (unit.item.type.empty())
+    for (const install::Unit unit : install::Units(train))
+        if (unit.Item().type.empty())
             std::abort();
-    }
 }
 
 } // namespace

@@ -26,8 +26,7 @@ void require(bool holds)
 std::string treeText(const StfNodes &nodes)
 {
     std::string text;
-    for (int place = 1; place <= nodes.Count(); ++place) {
-        const StfNode node = nodes.Item(place);
+    for (const StfNode node : nodes) {
         text += node.Name() + ':' + node.Label() + '(';
         const int values = node.NumParameters();
         // A lone empty value that was never quoted is not written.

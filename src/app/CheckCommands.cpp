@@ -7,7 +7,7 @@
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 #include "install/Installation.h"
-#include "install/modTS.h"
+#include "install/Route.h"
 #include "validation/SelectorEntries.h"
 #include "validation/TSValidation.h"
 
@@ -46,22 +46,22 @@ std::vector<std::string> subjectsOf(const CheckTarget &target)
     return {std::string(name.substr(0, name.find('.')))};
 }
 
-/// The folders of the chosen routes. The selector shows of a folder's name what stands before its
-/// first bracket; where several look the same there, all of them are meant.
-std::vector<std::string> foldersOf(const std::vector<std::string> &chosen,
-                                   const std::vector<std::string> &folders)
+/// The routes that the selector's answer means. The selector shows a folder name only up to its
+/// first bracket. If several folders look alike, a chosen entry means all of them.
+std::vector<install::Route> chosenRoutes(const std::vector<std::string> &answer,
+                                         const std::vector<install::Route> &shown)
 {
-    std::vector<std::string> routes;
-    for (auto text = chosen.begin(); text != chosen.end(); ++text) {
-        if (std::find(chosen.begin(), text, *text) != text)
+    std::vector<install::Route> routes;
+    for (auto text = answer.begin(); text != answer.end(); ++text) {
+        if (std::find(answer.begin(), text, *text) != text)
             continue;
         const std::size_t before = routes.size();
-        std::copy_if(folders.begin(), folders.end(), std::back_inserter(routes),
-                     [&](const std::string &folder) {
-                         return validation::SelectorEntries(folder).front().text == *text;
+        std::copy_if(shown.begin(), shown.end(), std::back_inserter(routes),
+                     [&](const install::Route &route) {
+                         return validation::SelectorEntries(ListText(route)).front().text == *text;
                      });
-        if (routes.size() == before) // it went away meanwhile, which the check will tell
-            routes.push_back(*text);
+        if (routes.size() == before) // of no route shown: the check reports it missing
+            routes.push_back({*text, {}});
     }
     return routes;
 }
@@ -139,7 +139,7 @@ std::string CheckCommands::stockReport(const std::string &path, const std::strin
 /// Nothing when no route was chosen.
 std::optional<std::string> CheckCommands::consistReport(const Names &names)
 {
-    const Names routes = askForRoutes();
+    const std::vector<install::Route> routes = askForRoutes();
     if (routes.empty()) {
         m_host.SetStatus("Nothing was checked: no route was chosen.");
         return std::nullopt;
@@ -219,6 +219,7 @@ TSValidation &CheckCommands::newValidator()
 {
     m_validator = &m_host.NewValidator();
     m_validator->SetVerboseMessages(false);
+    m_validator->SetStepMessages(false);
     m_validator->ProgressRaised = [this](std::size_t done, std::size_t total) {
         showProgress(done, total);
     };
@@ -230,34 +231,33 @@ TSValidation &CheckCommands::newValidator()
     return *m_validator;
 }
 
-CheckCommands::Names CheckCommands::askForRoutes()
+std::vector<install::Route> CheckCommands::askForRoutes()
 {
     if (m_stopped)
         return {};
-    const auto routes = [this](bool withNames) {
-        return modTS::RoutesList(m_host.Installation(), m_host.Files(), withNames);
-    };
     m_host.SetStatus("Choose the routes to check...");
-    const std::string chosen =
-        m_host.Dialogs().SelectFromList("Select Routes to Check", routes(true));
+    const std::vector<install::Route> routes =
+        install::InstalledRoutes(m_host.Installation(), m_host.Files(), true);
+    const std::string answer =
+        m_host.Dialogs().SelectFromList("Select Routes to Check", ListText(routes));
     m_host.SetStatus({});
-    return foldersOf(host::Split(chosen, '|'), host::Split(routes(false), '|'));
+    return chosenRoutes(host::Split(answer, '|'), routes);
 }
 
 /// Every name in every route, name by name.
 void CheckCommands::checkUses(
-    const Names &names, const Names &routes,
+    const Names &names, const std::vector<install::Route> &routes,
     const std::function<void(const std::string &name, const std::string &route)> &check)
 {
     m_step = 0;
     m_steps = names.size() * routes.size();
     for (const std::string &name : names) {
-        for (const std::string &route : routes) {
+        for (const install::Route &route : routes) {
             if (m_stopped)
                 return;
-            m_host.SetStatus("Checking " + name + " in " + route + "...");
+            m_host.SetStatus("Checking " + name + " in " + route.folder + "...");
             showProgress(1, 1);
-            check(name, route);
+            check(name, route.folder);
             ++m_step;
             m_host.SetStatus(kDone);
             m_host.ProcessEvents();

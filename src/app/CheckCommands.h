@@ -15,7 +15,8 @@ class GameFiles;
 } // namespace host
 namespace install {
 class Installation;
-}
+struct Route;
+} // namespace install
 
 namespace app {
 
@@ -82,9 +83,9 @@ private:
     std::string stockReport(const std::string &path, const std::string &name);
     std::optional<std::string> consistReport(const Names &names);
     std::string shapeReport(const std::string &path);
-    Names askForRoutes();
+    std::vector<install::Route> askForRoutes();
     void
-    checkUses(const Names &names, const Names &routes,
+    checkUses(const Names &names, const std::vector<install::Route> &routes,
               const std::function<void(const std::string &name, const std::string &route)> &check);
     std::string findings() const;
     std::string stoppedLine(const std::string &when = {}) const;

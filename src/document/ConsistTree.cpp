@@ -4,13 +4,11 @@
 #include "document/UnitCounter.h"
 #include "host/GameFiles.h"
 #include "host/Path.h"
-#include "host/Text.h"
 #include "install/modTS.h"
 
 #include <limits>
 #include <utility>
 
-using host::ErrorNumber;
 using host::RuntimeError;
 
 namespace document {
@@ -21,11 +19,10 @@ EditResult refusal(std::string why)
     return {0, std::move(why), true};
 }
 
-ConsistRow rowOf(const StfNode &entry, std::int16_t position)
+ConsistRow rowOf(const install::Unit &unit)
 {
-    const install::ConsistUnit unit = install::UnitOf(entry);
-    ConsistRow row{unit.item, position};
-    if (unit.flipped)
+    ConsistRow row{unit.Item(), unit.Position()};
+    if (unit.IsFlipped())
         row.item.type += '*';
     return row;
 }
@@ -63,59 +60,38 @@ void ConsistTree::New(const std::string &path)
     rebuildRows();
 }
 
-StfNode ConsistTree::trainCfg() const
-{
-    const StfNode train = m_file.FindNode("Train");
-    StfNode cfg = lookUp("TrainCfg");
-    if (!cfg && m_file.Form() != stavfile::Form::Text)
-        throw RuntimeError(ErrorNumber::ObjectNotSet,
-                           m_file.FileName() + ": " + m_file.Notes().front().text);
-    if (!cfg)
-        throw RuntimeError(ErrorNumber::ObjectNotSet,
-                           m_file.FileName() + ": there is no " +
-                               (train ? "TrainCfg block in Train" : "Train block"));
-    return cfg;
-}
-
 void ConsistTree::rebuildRows()
 {
     m_rows.clear();
     m_whyRowsEnd.clear();
     const StfNode cfg = trainCfg();
-    std::int16_t position = 0;
     try {
-        while (cfg.FindChild(install::kUnitBlocks, position))
-            m_rows.push_back(rowOf(cfg.Children().Item(position), position));
+        for (const install::Unit unit : install::Units(cfg))
+            m_rows.push_back(rowOf(unit));
     } catch (const RuntimeError &error) {
-        m_whyRowsEnd = m_file.FileName() + ", " + error.Detail();
+        m_whyRowsEnd = error.Detail();
     }
 }
 
-/// TrainCfg or a child of it, or no object: for what is shown, whatever the file holds.
-StfNode ConsistTree::lookUp(std::string_view name) const
+/// A value to show: "" when any block on the way to it is absent.
+std::string ConsistTree::trainValue(std::string_view name, int index) const
 {
-    const StfNode train = m_file.FindNode("Train");
-    StfNode cfg = train ? train.Child("TrainCfg") : StfNode();
-    return !cfg || name == "TrainCfg" ? cfg : cfg.Child(name);
+    return stavfile::ValueAt(stavfile::ChildOf(install::FindTrain(m_file), name), index);
 }
 
 std::string ConsistTree::Title() const
 {
-    std::string title;
-    if (const StfNode cfg = lookUp("TrainCfg"))
-        for (int i = 0; i < cfg.NumParameters(); ++i)
-            title += cfg.Parameter(i) + ' ';
-    return std::string(host::TrimBlanks(title));
+    return install::TrainTitle(install::FindTrain(m_file));
 }
 
 std::string ConsistTree::MaxVelocity(int index) const
 {
-    return stavfile::ValueAt(lookUp("MaxVelocity"), index);
+    return trainValue("MaxVelocity", index);
 }
 
 std::string ConsistTree::Durability() const
 {
-    return stavfile::ValueAt(lookUp("Durability"), 0);
+    return trainValue("Durability", 0);
 }
 
 EditResult ConsistTree::Edit(Move move, int selectedRow, const StockItem *stock)

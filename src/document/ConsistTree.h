@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/FileState.h"
-#include "install/ConsistUnit.h"
+#include "install/Train.h"
 #include "stavfile/StfFile.h"
 
 #include <cstdint>
@@ -99,8 +99,8 @@ public:
     const StfFile &Document() const { return m_file; }
 
 private:
-    StfNode lookUp(std::string_view name) const;
-    StfNode trainCfg() const;
+    StfNode trainCfg() const { return install::RequireTrain(m_file); }
+    std::string trainValue(std::string_view name, int index) const;
     void rebuildRows();
     EditResult perform(Move move, int row, const StockItem *stock);
     EditResult add(const StockItem &stock);

@@ -29,7 +29,8 @@ StockScan::Found StockScan::stockOfFolder(host::Snapshot &files, const std::stri
     for (std::string &name : install::StockFiles(files, trainset, folder)) {
         const bool engine = name.ends_with("eng");
         name.resize(name.size() - kExtension);
-        found.items.push_back({engine ? "Engine" : "Wagon", folder, std::move(name)});
+        found.items.push_back(
+            {engine ? install::kEngine : install::kWagon, folder, std::move(name)});
     }
     if (found.items.empty() && files.IsClosed(host::path::Join(trainset, folder)))
         found.closed = host::path::Join(trainset, folder);

@@ -25,9 +25,8 @@ StfNode AddNode(StfNodes nodes, std::string_view name, const std::vector<std::st
 /// Only "con" has one; for any other the document stays empty.
 void NewDocumentTemplate(StfFile &file, std::string_view extension);
 
-/// The installed routes, separated by "|", in listing order: folders below Routes whose names hold
-/// no ".". With names each entry is the folder, directly followed by "(", the route's name and
-/// ")"; the bare folder where the route file is missing, unreadable or nameless.
+/// The list text (install/Route.h) of the installed routes: the folders or, with names,
+/// "folder(name)", separated by "|".
 std::string RoutesList(const install::Installation &installation, host::GameFiles &files,
                        bool withNames);
 

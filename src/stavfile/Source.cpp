@@ -115,9 +115,10 @@ int Source::LineOf(std::size_t place) const
                    text.begin(), text.begin() + static_cast<std::ptrdiff_t>(place), '\n'));
 }
 
-std::shared_ptr<const Source> ReadSource(std::string bytes)
+std::shared_ptr<const Source> ReadSource(std::string bytes, std::string fileName)
 {
     auto source = std::make_shared<Source>();
+    source->fileName = std::move(fileName);
     DecodedText decoded = Decode(std::move(bytes));
     source->text = std::move(decoded.text);
     source->encoding = decoded.encoding;

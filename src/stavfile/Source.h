@@ -36,7 +36,8 @@ struct Record
 /// nodes point into it and keep it alive.
 struct Source
 {
-    std::string text; ///< held form (TextCodec.h); the raw bytes when `form` is not Text
+    std::string fileName; ///< named in errors; "" when unknown
+    std::string text;     ///< held form (TextCodec.h); the raw bytes when `form` is not Text
     Encoding encoding = Encoding::Utf16Le;
     bool bom = true;
     std::string oddByte;
@@ -54,8 +55,8 @@ struct Source
     int LineOf(std::size_t place) const;
 };
 
-/// Decodes and parses a file. Never fails: what cannot be read as text is told by `form`.
-std::shared_ptr<const Source> ReadSource(std::string bytes);
+/// Decodes and parses a file. Never fails: `form` reports what cannot be read as text.
+std::shared_ptr<const Source> ReadSource(std::string bytes, std::string fileName = {});
 
 /// True if 8-bit content without a header looks binary: near its start, a NUL has other characters
 /// behind it. Text with nothing but NULs behind it is padded text.

@@ -18,6 +18,14 @@ StfFile::StfFile(host::GameFiles &files)
 {
 }
 
+StfFile StfFile::Read(host::GameFiles &files, std::string path)
+{
+    StfFile file(files);
+    file.SetFileName(std::move(path));
+    file.Load();
+    return file;
+}
+
 void StfFile::New()
 {
     m_root = Node::Created();
@@ -30,7 +38,7 @@ void StfFile::Load()
 
 void StfFile::LoadBytes(std::string bytes)
 {
-    m_root = Node::RootOf(stavfile::ReadSource(std::move(bytes)));
+    m_root = Node::RootOf(stavfile::ReadSource(std::move(bytes), m_fileName));
 }
 
 void StfFile::Save()
@@ -64,11 +72,21 @@ StfNodes StfFile::Nodes() const
 
 StfNode StfFile::FindNode(std::string_view name) const
 {
-    const StfNodes nodes = Nodes();
-    for (int place = 1; place <= nodes.Count(); ++place)
-        if (StfNode node = nodes.Item(place); host::EqualsNoCase(node.Name(), name))
+    for (StfNode node : Nodes())
+        if (host::EqualsNoCase(node.Name(), name))
             return node;
     return {};
+}
+
+StfNode StfFile::Require(std::string_view name) const
+{
+    StfNode node = FindNode(name);
+    if (!node)
+        throw RuntimeError(ErrorNumber::ObjectNotSet, (m_fileName.empty() ? "" : m_fileName + ": ")
+                                                          .append("there is no ")
+                                                          .append(name)
+                                                          .append(" block"));
+    return node;
 }
 
 stavfile::Form StfFile::Form() const

@@ -19,6 +19,8 @@ class StfFile
 public:
     /// Reads and writes through `files`, which must outlive this object.
     explicit StfFile(host::GameFiles &files);
+    /// The file at `path`, read as by Load.
+    static StfFile Read(host::GameFiles &files, std::string path);
 
     const std::string &FileName() const { return m_fileName; }
     void SetFileName(std::string path) { m_fileName = std::move(path); }
@@ -29,7 +31,7 @@ public:
     void Load();
     /// Resets this to an empty new document.
     void New();
-    /// The same as Load from bytes in memory.
+    /// Like Load, but from bytes in memory, which errors call FileName.
     void LoadBytes(std::string bytes);
 
     /// Writes the tree to the file named by FileName, whole or not at all (GameFiles::WriteFile).
@@ -45,6 +47,8 @@ public:
     StfNodes TopNodes() const { return Nodes(); }
     /// Returns the first top-level block of this name, ignoring letter case, or no object.
     StfNode FindNode(std::string_view name) const;
+    /// Like FindNode, but error 91 when there is none: "FILE: there is no Train block".
+    StfNode Require(std::string_view name) const;
 
     stavfile::Form Form() const;
     stavfile::Encoding Encoding() const;

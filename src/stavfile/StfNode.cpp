@@ -52,6 +52,16 @@ std::string nameOf(const Node &node)
                : shown(node, std::string(node.source->Name(*node.Read())));
 }
 
+/// Returns "FILE, line 7: ", without what is not known.
+std::string placeOf(const Node &node)
+{
+    std::string place = node.source ? node.source->fileName : std::string();
+    if (const stavfile::Record *record = node.Read())
+        place += (place.empty() ? "line " : ", line ") +
+                 std::to_string(node.source->LineOf(record->begin));
+    return place.empty() ? place : place + ": ";
+}
+
 /// Compares without creating a string if the name was read and needs no conversion.
 bool hasName(const Node &node, std::string_view name)
 {
@@ -85,6 +95,19 @@ std::string stavfile::QuotedValue(std::string_view text)
 std::string stavfile::ValueAt(const StfNode &node, int index)
 {
     return node && index < node.NumParameters() ? node.Parameter(index) : std::string();
+}
+
+std::string stavfile::JoinedValues(const StfNode &node)
+{
+    std::string values;
+    for (int i = 0; node && i < node.NumParameters(); ++i)
+        values += (i == 0 ? "" : " ") + node.Parameter(i);
+    return values;
+}
+
+StfNode stavfile::ChildOf(const StfNode &parent, std::string_view name)
+{
+    return parent ? parent.Child(name) : StfNode();
 }
 
 StfNode StfNode::Create()
@@ -134,6 +157,15 @@ StfNode StfNode::Child(std::string_view name) const
     return {};
 }
 
+StfNode StfNode::Require(std::string_view name) const
+{
+    StfNode child = Child(name);
+    if (!child)
+        throw RuntimeError(ErrorNumber::ObjectNotSet,
+                           (placeOf(node()) + Name() + " has no block ").append(name));
+    return child;
+}
+
 bool StfNode::FindChild(std::string_view names, std::int16_t &position) const
 {
     const auto &children = node().Children();
@@ -142,7 +174,8 @@ bool StfNode::FindChild(std::string_view names, std::int16_t &position) const
         if (!isAnyOf(*children[i], names))
             continue;
         if (i >= std::numeric_limits<std::int16_t>::max())
-            throw RuntimeError(ErrorNumber::Overflow, Name() + " has more than 32767 entries");
+            throw RuntimeError(ErrorNumber::Overflow,
+                               placeOf(node()) + Name() + " has more than 32767 entries");
         position = static_cast<std::int16_t>(i + 1);
         return true;
     }
@@ -192,6 +225,11 @@ int StfNode::Line() const
     return record ? node().source->LineOf(record->begin) : 0;
 }
 
+StfNodes::Iterator StfNodes::begin() const
+{
+    return Iterator(m_owner->Children());
+}
+
 int StfNodes::Count() const
 {
     return static_cast<int>(m_owner->Children().size());
@@ -201,6 +239,12 @@ StfNode StfNodes::Item(int place) const
 {
     const auto &children = m_owner->Children();
     return StfNode(children[checkedPlace(place, children.size())]);
+}
+
+StfNode StfNodes::First() const
+{
+    const auto &children = m_owner->Children();
+    return children.empty() ? StfNode() : StfNode(children.front());
 }
 
 void StfNodes::Add(const StfNode &node)

@@ -5,10 +5,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 class StfNodes;
 
@@ -45,9 +47,14 @@ public:
     StfNodes Children() const;
     /// Returns the first direct child of exactly this name, or no object.
     StfNode Child(std::string_view name) const;
+    /// Like Child, but error 91 when there is none: "FILE, line 7: Train has no block TrainCfg", as
+    /// far as file and line are known (a new block has neither, a file read from bytes may have no
+    /// name).
+    StfNode Require(std::string_view name) const;
     /// Looks through the children after `position` (0 at the start) for one whose name is exactly
     /// one of the alternatives, which are separated by "|". True sets `position` to that child's
-    /// 1-based place in Children; false leaves it. Error 6 when the place is beyond 16 bits.
+    /// 1-based place in Children; false leaves it. Error 6, with file and line as in Require, when
+    /// the place is beyond 16 bits.
     bool FindChild(std::string_view names, std::int16_t &position) const;
 
     /// Returns the number of plain values. It is an int, since large files exceed 16 bits.
@@ -86,6 +93,10 @@ namespace stavfile {
 std::string QuotedValue(std::string_view text);
 /// Returns the value of a block at a 0-based index; "" if the block or the value is absent.
 std::string ValueAt(const StfNode &node, int index = 0);
+/// All values of a block, joined by single blanks; "" when the block is absent.
+std::string JoinedValues(const StfNode &node);
+/// Like StfNode::Child, but no object when the parent is absent, too.
+StfNode ChildOf(const StfNode &parent, std::string_view name);
 } // namespace stavfile
 
 /// A live, ordered, 1-based list of blocks: the children of a block or the top level of a file.
@@ -93,8 +104,48 @@ std::string ValueAt(const StfNode &node, int index = 0);
 class StfNodes
 {
 public:
+    /// A place in the list, for `for (const StfNode block : node.Children())`.
+    ///
+    /// Stays valid when the list changes: it then stands for the block that has its place now, and
+    /// the loop ends behind the block that is the last one by then. So a loop that removes its own
+    /// block passes over the next one. Usable as long as the StfNodes it came from, or another
+    /// handle on the same blocks. At the end it must not be dereferenced. Makes no copies of the
+    /// list.
+    class Iterator
+    {
+    public:
+        using value_type = StfNode;
+        using difference_type = std::ptrdiff_t;
+
+        StfNode operator*() const { return StfNode((*m_blocks)[m_index]); }
+        Iterator &operator++()
+        {
+            ++m_index;
+            return *this;
+        }
+        void operator++(int) { ++m_index; }
+        friend bool operator==(const Iterator &at, std::default_sentinel_t)
+        {
+            return at.m_index >= at.m_blocks->size();
+        }
+
+    private:
+        friend class StfNodes;
+        explicit Iterator(const std::vector<std::shared_ptr<stavfile::Node>> &blocks)
+            : m_blocks(&blocks)
+        {
+        }
+
+        const std::vector<std::shared_ptr<stavfile::Node>> *m_blocks;
+        std::size_t m_index = 0;
+    };
+    Iterator begin() const;
+    std::default_sentinel_t end() const { return std::default_sentinel; }
+
     int Count() const;
     StfNode Item(int place) const;
+    /// Returns the first block, or no object if the list is empty.
+    StfNode First() const;
     /// Appends a block. Throws error 5 if the block holds this list itself (directly or deeper),
     /// error 91 for no object.
     void Add(const StfNode &node);

@@ -4,9 +4,9 @@
 #include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "install/StockFiles.h"
+#include "install/Train.h"
 #include "validation/Content.h"
 #include "validation/Finding.h"
-#include "validation/Vehicles.h"
 
 #include <unordered_map>
 
@@ -29,12 +29,9 @@ public:
         if (!m_content.Exists(m_file))
             return m_findings.Record(Verdict::Missing, m_file);
         try {
-            const StfFile file = m_content.Load(m_file);
-            const StfNode trainCfg = file.FindNode("Train").Child("TrainCfg");
-            if (!trainCfg)
-                throw host::RuntimeError(host::ErrorNumber::ObjectNotSet);
-            for (VehicleWalk walk(trainCfg); walk.Next();)
-                checkVehicle(walk);
+            const StfNode trainCfg = install::RequireTrain(m_content.Load(m_file));
+            for (const install::Unit unit : install::Units(trainCfg))
+                checkUnit(unit);
         } catch (const host::RuntimeError &error) {
             m_findings.Record(Verdict::Corrupt, m_file, ErrorText(error.Code()));
             m_verdict = Verdict::Suspect;
@@ -43,12 +40,11 @@ public:
     }
 
 private:
-    void checkVehicle(const VehicleWalk &walk)
+    void checkUnit(const install::Unit &unit)
     {
-        const StfNode data = walk.Data();
-        const std::string name = data.Parameter(0), folder = data.Parameter(1);
-        const char *extension = walk.Entry().Name() == "Engine" ? ".eng" : ".wag";
-        const std::string stock = Below(Below(m_trainset, folder), name + extension);
+        const auto [name, folder] = unit.Stock();
+        const std::string stock =
+            Below(Below(m_trainset, folder), install::StockFileName(unit.Kind(), name));
         if (!recordUse(m_file, stock))
             return;
         const std::string shape = Below(host::path::Folder(stock), shapeOf(stock));
@@ -71,8 +67,8 @@ private:
         const auto known = m_shapes.find(stock);
         if (known != m_shapes.end())
             return known->second;
-        const StfFile file = m_content.Load(stock);
-        std::string shape = file.FindNode("Wagon").Child("WagonShape").Parameter(0);
+        const StfNode vehicle = install::FindVehicle(m_content.Load(stock));
+        std::string shape = install::FindShape(vehicle).Parameter(0);
         return m_shapes.emplace(stock, std::move(shape)).first->second;
     }
 

@@ -16,11 +16,9 @@ namespace {
 void addSounds(const StfNode &node, References &references)
 {
     const StfNodes children = node.Children();
-    const int count = children.Count();
-    if (count > std::numeric_limits<std::int16_t>::max())
+    if (const int count = children.Count(); count > std::numeric_limits<std::int16_t>::max())
         throw host::RuntimeError(host::ErrorNumber::Overflow, std::to_string(count) + " entries");
-    for (int place = 1; place <= count; ++place) {
-        const StfNode child = children.Item(place);
+    for (const StfNode child : children) {
         if (child.Name() == "File")
             references.files.push_back({stavfile::ValueAt(child)});
         else
@@ -46,10 +44,11 @@ void readCabView(const StfFile &file, References &references)
     while (cab.FindChild("CabViewFile", position))
         references.files.push_back({stavfile::ValueAt(cab.Children().Item(position))});
     const StfNode controls = cab.Child("CabViewControls");
-    const int count = controls ? controls.Children().Count() : 0;
-    for (int place = 1; place <= count; ++place)
+    if (!controls)
+        return;
+    for (const StfNode control : controls.Children())
         // The simulator draws some controls itself (digital displays): these have no Graphic.
-        if (const StfNode graphic = controls.Children().Item(place).Child("Graphic"))
+        if (const StfNode graphic = control.Child("Graphic"))
             references.files.push_back({stavfile::ValueAt(graphic)});
 }
 

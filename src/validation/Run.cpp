@@ -57,9 +57,10 @@ std::int16_t TSValidation::Run::CheckFile(validation::FileCheck check, std::stri
     return validation::CodeOf(verdict);
 }
 
-Outcome TSValidation::Run::OutcomeOf(validation::FileCheck check, const std::string &fileName)
+Outcome TSValidation::Run::OutcomeOf(validation::FileCheck check, const std::string &fileName,
+                                     bool messages)
 {
-    Outcome outcome{validation::Findings(m_verbose, m_wantsMessages)};
+    Outcome outcome{validation::Findings(m_verbose, m_wantsMessages && messages)};
     try {
         outcome.verdict = check(m_content, fileName, outcome.findings);
     } catch (...) {

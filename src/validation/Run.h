@@ -53,8 +53,10 @@ public:
     /// Checks one file, reports its findings and returns its verdict's code; rethrows its
     /// exception.
     std::int16_t CheckFile(validation::FileCheck check, std::string_view fileName);
-    /// The two steps of CheckFile: a worker may do the first.
-    validation::Outcome OutcomeOf(validation::FileCheck check, const std::string &fileName);
+    /// The two steps of CheckFile: a worker may do the first. Without `messages` the check's own
+    /// progress lines are left out.
+    validation::Outcome OutcomeOf(validation::FileCheck check, const std::string &fileName,
+                                  bool messages = true);
     validation::Verdict Deliver(const validation::Outcome &outcome);
 
     /// Runs jobs 0 to count-1 on the workers and takes their results in order, until there are no

@@ -52,9 +52,7 @@ int numberOf(const StfNode &entry, const std::string &file, const std::string &n
 std::vector<std::string> imagesOf(const StfNode &images, int declared, const std::string &file)
 {
     std::vector<std::string> names;
-    const StfNodes children = images.Children();
-    for (int place = 1; place <= children.Count(); ++place) {
-        const StfNode child = children.Item(place);
+    for (const StfNode child : images.Children()) {
         if (child.Name() != "image")
             continue;
         if (static_cast<int>(names.size()) >= declared)
@@ -103,9 +101,10 @@ public:
         if (!m_content.Exists(m_file))
             return m_findings.Record(Verdict::Missing, m_file);
         const StfFile file = m_content.Load(m_file);
-        if (file.TopNodes().Count() == 0)
+        const StfNode section = file.TopNodes().First();
+        if (!section)
             return m_findings.Record(Verdict::Compressed, m_file);
-        readImages(file.TopNodes().Item(1).Child("images"));
+        readImages(section.Child("images"));
         if (isRollingStock()) {
             checkImagesIn("");
             return m_verdict;
@@ -152,9 +151,9 @@ private:
         if (!m_content.Exists(descriptor))
             fail(ErrorNumber::TypeMismatch, m_file, "its descriptor " + descriptor + " is missing");
         const StfFile file = m_content.Load(descriptor);
-        if (file.TopNodes().Count() == 0)
+        const StfNode section = file.TopNodes().First();
+        if (!section)
             fail(ErrorNumber::SubscriptOutOfRange, descriptor, "it has no sections");
-        const StfNode section = file.TopNodes().Item(1);
         const char *name = "ESD_Alternative_Texture";
         const int setting = numberOf(section.Child(name), descriptor, name);
         if (setting == kNightOnly)

@@ -3,6 +3,7 @@
 
 #include "host/Path.h"
 #include "host/Text.h"
+#include "install/Train.h"
 #include "validation/Content.h"
 
 #include <algorithm>
@@ -69,7 +70,7 @@ public:
         if (!found)
             return m_findings.Record(Verdict::Missing, m_file);
         const StfFile &file = *found;
-        const StfNode wagon = file.FindNode("Wagon");
+        const StfNode wagon = install::FindVehicle(file);
         if (!wagon)
             return m_findings.Record(Verdict::Corrupt, m_file);
         checkShape(wagon);
@@ -98,7 +99,7 @@ private:
     void checkShape(const StfNode &wagon)
     {
         m_findings.Message("Checking shape files");
-        const std::string shape = Below(m_folder, ValueAt(wagon.Child("WagonShape")));
+        const std::string shape = Below(m_folder, ValueAt(install::FindShape(wagon)));
         isThere(shape);
         isThere(shape + 'd');
         if (const StfNode thumbnail = wagon.Child("Thumbnail"))

@@ -5,6 +5,7 @@
 #include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/Snapshot.h"
+#include "install/Route.h"
 #include "install/StockFiles.h"
 #include "validation/ConsistCheck.h"
 #include "validation/Finding.h"
@@ -14,9 +15,9 @@
 #include "validation/UsageCheck.h"
 
 using host::path::Join;
+using install::StockName;
 using validation::ConsistUse;
 using validation::Outcome;
-using validation::StockName;
 using validation::Verdict;
 
 TSValidation::TSValidation(const install::Installation &installation, host::GameFiles &files,
@@ -114,11 +115,12 @@ std::int16_t TSValidation::CheckAllStock(std::string_view filter)
     const std::size_t before = m_errors.size();
     const std::vector<std::string> items = stockItems(run, trainset, filter);
     const std::string total = std::to_string(items.size());
+    const bool steps = m_stepMessages;
     std::int16_t verdict = m_errors.size() == before ? IsValid : IsSuspect;
     run.Each<Outcome>(
         items.size(),
         [&](std::size_t i) {
-            return run.OutcomeOf(validation::CheckStock, Join(trainset, items[i]));
+            return run.OutcomeOf(validation::CheckStock, Join(trainset, items[i]), steps);
         },
         [&](std::size_t i, const Outcome &outcome) {
             run.RaiseProgress(i, items.size());
@@ -168,7 +170,7 @@ std::int16_t TSValidation::CheckStockInConsists(std::string_view stockPath)
 template <typename CountUses>
 std::int16_t TSValidation::searchRoute(Run &run, const RouteSearch &search, CountUses countUses)
 {
-    const std::string route = Join(run.PathOf("Routes"), search.route);
+    const std::string route = Join(run.PathOf(install::kRoutes), search.route);
     if (m_stopped)
         return IsValid;
     if (!m_snapshot->FolderExists(route))

@@ -76,6 +76,12 @@ public:
     bool VerboseMessages() const { return m_verboseMessages; }
     void SetVerboseMessages(bool verbose) { m_verboseMessages = verbose; }
 
+    /// If false, CheckAllStock raises one message for each file and none for the steps within it
+    /// ("Checking sound files"), which would hide the progress. Read when a check begins. True at
+    /// first.
+    bool StepMessages() const { return m_stepMessages; }
+    void SetStepMessages(bool steps) { m_stepMessages = steps; }
+
     /// Begins a new series of checks: empties Errors, Findings and Messages, and forgets listings
     /// and a Stop. Throws error 5 while a check runs.
     void Reset();
@@ -162,6 +168,7 @@ private:
     std::vector<std::string> m_errors, m_messages;
     std::vector<validation::Finding> m_findings;
     bool m_verboseMessages = false;
+    bool m_stepMessages = true;
     bool m_stopped = false;
     bool m_running = false;
 };

@@ -7,16 +7,12 @@
 
 #include <algorithm>
 
+using install::StockName;
+using stavfile::ChildOf;
 using stavfile::ValueAt;
 
 namespace validation {
 namespace {
-
-/// The child of this name, or no object where there is no parent either.
-StfNode childOf(const StfNode &parent, std::string_view name)
-{
-    return parent ? parent.Child(name) : StfNode();
-}
 
 /// Returns false if no value of a file can be this text. That is much cheaper than reading the
 /// tree: most consists do not contain the name at all, with one byte for a character or two of
@@ -35,41 +31,38 @@ bool mayName(std::string_view bytes, std::string_view text)
            (!mustBeWide && bytes.find(text) != bytes.npos);
 }
 
-} // namespace
-
-StockName StockName::Of(std::string_view stockPath)
+/// The first block of a consist's first block, whatever their names, or no object.
+StfNode firstTrain(const StfFile &consist)
 {
-    constexpr std::size_t kExtension = 4; // ".eng", ".wag"
-    std::string_view name = host::path::FileName(stockPath);
-    name.remove_suffix(std::min(kExtension, name.size()));
-    return {std::string(name), std::string(host::path::FileName(host::path::Folder(stockPath)))};
+    const StfNode top = consist.TopNodes().First();
+    return top ? top.Children().First() : StfNode();
 }
+
+} // namespace
 
 ConsistUse UseInConsist(const Content &content, const std::string &consist, const StockName &stock)
 {
-    ConsistUse use;
     try {
         std::string bytes = content.Read(consist);
         if (!mayName(bytes, stock.base))
-            return use;
-        const StfFile file = content.TreeOf(std::move(bytes));
-        if (file.TopNodes().Count() == 0 || file.TopNodes().Item(1).Children().Count() == 0)
-            return use;
-        VehicleWalk walk(file.TopNodes().Item(1).Children().Item(1));
-        for (bool isFirst = true; !use.any && walk.Next(); isFirst = false) {
-            use.any = stock.IsNamedBy(walk.Data());
-            use.first = isFirst && use.any;
+            return {};
+        const StfNode train = firstTrain(content.TreeOf(std::move(bytes)));
+        bool isFirst = true;
+        for (const install::Unit unit : install::Units(train)) {
+            if (unit.Names(stock))
+                return {isFirst, true};
+            isFirst = false;
         }
     } catch (const host::RuntimeError &) {
-        return use;
+        return {};
     }
-    return use;
+    return {};
 }
 
 bool IsRunByService(const Content &content, const std::string &service, const std::string &consist)
 {
     const StfFile file = content.TryLoad(service);
-    const StfNode config = childOf(file.FindNode("Service_Definition"), "Train_Config");
+    const StfNode config = ChildOf(file.FindNode("Service_Definition"), install::kTrainConfig);
     return config && ValueAt(config) == consist;
 }
 
@@ -78,15 +71,16 @@ int UsesInActivity(const Content &content, const std::string &activity, const St
     int uses = 0;
     try {
         const StfFile file = content.Load(activity);
-        const StfNode body = childOf(file.FindNode("Tr_Activity"), "Tr_Activity_File");
-        const StfNode objects = childOf(body, "ActivityObjects");
-        const int count = objects ? objects.Children().Count() : 0;
-        for (int place = 1; place <= count; ++place) {
-            const StfNode object = objects.Children().Item(place);
+        const StfNode body = ChildOf(file.FindNode("Tr_Activity"), "Tr_Activity_File");
+        const StfNode objects = ChildOf(body, "ActivityObjects");
+        if (!objects)
+            return uses;
+        for (const StfNode object : objects.Children()) {
             if (ValueAt(object.Child("ObjectType")) != "WagonsList")
                 continue;
-            for (VehicleWalk walk(childOf(object.Child("Train_Config"), "TrainCfg")); walk.Next();)
-                uses += stock.IsNamedBy(walk.Data()) ? 1 : 0;
+            const StfNode config = object.Child(install::kTrainConfig);
+            for (const install::Unit unit : install::Units(ChildOf(config, install::kTrainCfg)))
+                uses += unit.Names(stock) ? 1 : 0;
         }
     } catch (const host::RuntimeError &) {
         return uses;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "validation/Vehicles.h"
+#include "install/Train.h"
 
 #include <string>
 
@@ -16,11 +16,13 @@ struct ConsistUse
     bool any = false;   ///< the stock file is one of its vehicles
 };
 
-/// Searches in single files. What cannot be read uses nothing.
-ConsistUse UseInConsist(const Content &content, const std::string &consist, const StockName &stock);
+/// Searches in single files. A file that cannot be read uses nothing.
+ConsistUse UseInConsist(const Content &content, const std::string &consist,
+                        const install::StockName &stock);
 /// True if the service runs the consist of this name.
 bool IsRunByService(const Content &content, const std::string &service, const std::string &consist);
 /// Returns how often the loose consists of an activity contain the stock file.
-int UsesInActivity(const Content &content, const std::string &activity, const StockName &stock);
+int UsesInActivity(const Content &content, const std::string &activity,
+                   const install::StockName &stock);
 
 } // namespace validation

@@ -4,7 +4,6 @@
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
-#include "install/ConsistUnit.h"
 #include "viewer/Numbers.h"
 #include "viewer/StockShape.h"
 #include "viewer/TSView.h"
@@ -48,19 +47,18 @@ ConsistLayout::ConsistLayout(const Services &services, std::string installFolder
     , m_view(view)
     , m_random(std::random_device()())
 {
-    std::int16_t position = 0;
-    while (trainCfg.FindChild(install::kUnitBlocks, position))
-        m_units.push_back(trainCfg.Children().Item(position));
+    for (install::Unit unit : install::Units(trainCfg))
+        m_units.push_back(std::move(unit));
 }
 
 std::vector<std::string> ConsistLayout::StockFiles() const
 {
     std::vector<std::string> files;
-    for (const StfNode &entry : m_units) {
+    for (const install::Unit &unit : m_units) {
         try {
-            files.push_back(install::StockPath(m_installFolder, install::UnitOf(entry).item));
+            files.push_back(install::StockPath(m_installFolder, unit.Item()));
         } catch (const host::RuntimeError &) {
-            files.emplace_back(); // reported when it is placed
+            files.emplace_back(); // placing the unit reports the error
         }
     }
     return files;
@@ -70,21 +68,21 @@ bool ConsistLayout::Step()
 {
     if (m_next == m_units.size())
         return false;
-    const StfNode entry = m_units[m_next++];
+    const install::Unit unit = m_units[m_next++];
     try {
-        place(entry);
+        place(unit);
     } catch (const std::exception &error) {
         m_services.dialogs.Message(error.what(), kLoadError, host::DialogIcon::Critical);
     }
     return true;
 }
 
-void ConsistLayout::place(const StfNode &entry)
+void ConsistLayout::place(const install::Unit &unit)
 {
-    const install::ConsistUnit unit = install::UnitOf(entry);
-    const std::string stockFile = install::StockPath(m_installFolder, unit.item);
+    const install::StockItem item = unit.Item();
+    const std::string stockFile = install::StockPath(m_installFolder, item);
     if (m_services.files.FileExists(stockFile))
-        placeStock(stockFile, unit.item.shape, unit.flipped);
+        placeStock(stockFile, item.shape, unit.IsFlipped());
     else
         m_services.dialogs.Message(stockFile + " does not exist!", "LoadShape",
                                    host::DialogIcon::Critical);

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "stavfile/StfNode.h"
+#include "install/Train.h"
 #include "viewer/Services.h"
 
-#include <cstdint>
 #include <random>
 #include <string>
 #include <vector>
@@ -42,7 +41,7 @@ public:
     const std::vector<std::string> &Problems() const { return m_problems; }
 
 private:
-    void place(const StfNode &entry);
+    void place(const install::Unit &unit);
     void placeStock(const std::string &stockFile, const std::string &name, bool flipped);
     bool load(const std::string &shapeFile, const std::string &name, float z, float degrees);
     void collectProblems();
@@ -50,7 +49,7 @@ private:
 
     Services m_services;
     std::string m_installFolder;
-    std::vector<StfNode> m_units;
+    std::vector<install::Unit> m_units;
     TSView &m_view;
     std::size_t m_next = 0;
     float m_end = 0;

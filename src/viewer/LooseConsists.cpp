@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/LooseConsists.h"
 
-#include "stavfile/StfFile.h"
+#include "install/Train.h"
 
 #include <cstdint>
 #include <limits>
@@ -12,36 +12,27 @@ using host::RuntimeError;
 namespace viewer {
 namespace {
 
-StfNode required(const StfNode &node, const char *name, const std::string &path)
-{
-    if (!node)
-        throw RuntimeError(ErrorNumber::ObjectNotSet, path + ": there is no " + name + " block");
-    return node;
-}
-
 /// Returns the first block of the item's Train_Config; an empty node if there is none.
 StfNode trainOf(const StfNode &item)
 {
-    const StfNode config = item.Child("Train_Config");
-    return config && config.Children().Count() > 0 ? config.Children().Item(1) : StfNode();
+    const StfNode config = item.Child(install::kTrainConfig);
+    return config ? config.Children().First() : StfNode();
 }
 
 } // namespace
 
 std::vector<StfNode> ReadLooseConsists(host::GameFiles &files, const std::string &activity)
 {
-    StfFile document(files);
-    document.SetFileName(activity);
-    document.Load();
-    const StfNode top = required(document.FindNode("tr_activity"), "Tr_Activity", activity);
-    const StfNode file = required(top.Child("Tr_Activity_File"), "Tr_Activity_File", activity);
-    const StfNodes items =
-        required(file.Child("ActivityObjects"), "ActivityObjects", activity).Children();
+    const StfNodes items = StfFile::Read(files, activity)
+                               .Require("Tr_Activity")
+                               .Require("Tr_Activity_File")
+                               .Require("ActivityObjects")
+                               .Children();
     if (items.Count() > std::numeric_limits<std::int16_t>::max())
         throw RuntimeError(ErrorNumber::Overflow, activity + ": too many loose consists");
     std::vector<StfNode> trains;
-    for (int i = 1; i <= items.Count(); ++i)
-        trains.push_back(trainOf(items.Item(i)));
+    for (const StfNode item : items)
+        trains.push_back(trainOf(item));
     return trains;
 }
 
@@ -52,7 +43,11 @@ StfNode LooseConsistAt(host::GameFiles &files, const std::string &activity, int 
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange, activity + ": loose consist " +
                                                                  std::to_string(number) + " of " +
                                                                  std::to_string(trains.size()));
-    return required(trains[static_cast<std::size_t>(number - 1)], "Train_Config", activity);
+    const StfNode &train = trains[static_cast<std::size_t>(number - 1)];
+    if (!train)
+        throw RuntimeError(ErrorNumber::ObjectNotSet,
+                           activity + ": there is no " + install::kTrainConfig + " block");
+    return train;
 }
 
 } // namespace viewer

@@ -2,9 +2,8 @@
 #include "viewer/Stage.h"
 
 #include "host/RuntimeError.h"
-#include "host/Text.h"
+#include "install/Train.h"
 #include "korvat/draw/Canvas.h"
-#include "stavfile/StfFile.h"
 #include "viewer/Numbers.h"
 #include "viewer/OrbitCamera.h"
 #include "viewer/TextureReport.h"
@@ -17,31 +16,6 @@ namespace {
 
 constexpr std::chrono::milliseconds kBetweenFrames(150);
 constexpr long kRangeNear = 50, kRangeFar = 600; ///< metres to the first and to opaque haze
-
-StfNode block(const StfNode &found, const char *name, const std::string &file)
-{
-    if (!found)
-        throw RuntimeError(ErrorNumber::ObjectNotSet, file + ": there is no " + name + " block");
-    return found;
-}
-
-StfNode trainIn(host::GameFiles &files, const std::string &file)
-{
-    StfFile document(files);
-    document.SetFileName(file);
-    document.Load();
-    const StfNode train = block(document.FindNode("Train"), "Train", file);
-    return block(train.Child("TrainCfg"), "TrainCfg", file);
-}
-
-/// Returns the values of TrainCfg, joined by blanks.
-std::string titleOf(const StfNode &trainCfg)
-{
-    std::string title;
-    for (int i = 0; i < trainCfg.NumParameters(); ++i)
-        title += trainCfg.Parameter(i) + ' ';
-    return std::string(host::TrimBlanks(title));
-}
 
 } // namespace
 
@@ -79,9 +53,9 @@ void Stage::RenderConsist(const std::string &file, const std::string &installFol
 {
     m_setStatus("Loading " + file);
     try {
-        const StfNode trainCfg = trainIn(m_services.files, file);
+        const StfNode trainCfg = install::RequireTrain(StfFile::Read(m_services.files, file));
         begin(trainCfg, installFolder, file);
-        m_caption = "Consist - " + titleOf(trainCfg);
+        m_caption = "Consist - " + install::TrainTitle(trainCfg);
     } catch (const RuntimeError &error) {
         m_setStatus(error.what()); // replaces "Loading ..."
         throw;
@@ -91,15 +65,17 @@ void Stage::RenderConsist(const std::string &file, const std::string &installFol
 void Stage::RenderLooseConsist(const StfNode &trainCfg, const std::string &installFolder,
                                const std::string &source)
 {
-    begin(block(trainCfg, "TrainCfg", source), installFolder, source);
-    m_caption = "Loose Consist - " + titleOf(trainCfg);
+    if (!trainCfg)
+        throw RuntimeError(ErrorNumber::ObjectNotSet, source + ": there is no TrainCfg block");
+    begin(trainCfg, installFolder, source);
+    m_caption = "Loose Consist - " + install::TrainTitle(trainCfg);
 }
 
 void Stage::begin(const StfNode &trainCfg, const std::string &installFolder,
                   const std::string &source)
 {
     if (trainCfg.Children().Count() == 0) {
-        const std::string title = titleOf(trainCfg);
+        const std::string title = install::TrainTitle(trainCfg);
         throw RuntimeError(ErrorNumber::InvalidCall, "No consist to display: " + source +
                                                          (title.empty() ? "" : " (" + title + ")"));
     }

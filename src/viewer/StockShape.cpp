@@ -3,7 +3,7 @@
 
 #include "host/Path.h"
 #include "host/RuntimeError.h"
-#include "stavfile/StfFile.h"
+#include "install/Train.h"
 
 using host::ErrorNumber;
 using host::RuntimeError;
@@ -21,19 +21,9 @@ std::optional<std::string> lengthOf(const StfNode &wagon)
     return size.Parameter(kLengthInSize);
 }
 
-StfNode loadWagon(StfFile &file, const std::string &path)
-{
-    file.SetFileName(path);
-    file.Load();
-    StfNode wagon = file.FindNode("Wagon");
-    if (!wagon)
-        throw RuntimeError(ErrorNumber::ObjectNotSet, path + ": there is no Wagon block");
-    return wagon;
-}
-
 void readShapeFile(const StfNode &wagon, const std::string &stockFile, StockShape &stock)
 {
-    const StfNode shape = wagon.Child("WagonShape");
+    const StfNode shape = install::FindShape(wagon);
     const std::string name = stavfile::ValueAt(shape, 0);
     const std::string folder(host::path::FolderWithSeparator(stockFile));
     if (!shape)
@@ -48,8 +38,7 @@ void readShapeFile(const StfNode &wagon, const std::string &stockFile, StockShap
 
 StockShape ReadStockShape(host::GameFiles &files, const std::string &stockFile)
 {
-    StfFile file(files);
-    const StfNode wagon = loadWagon(file, stockFile);
+    const StfNode wagon = install::RequireVehicle(StfFile::Read(files, stockFile));
     StockShape stock;
     stock.name = stavfile::ValueAt(wagon, 0);
     stock.length = lengthOf(wagon);

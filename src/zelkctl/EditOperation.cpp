@@ -48,7 +48,7 @@ document::StockItem parseStock(const std::string &text, std::string_view value)
 {
     const std::vector<std::string> parts = splitAtCommas(value);
     const bool whole = parts.size() == 3 && !parts[1].empty() && !parts[2].empty();
-    if (!whole || (parts[0] != "Engine" && parts[0] != "Wagon"))
+    if (!whole || (parts[0] != install::kEngine && parts[0] != install::kWagon))
         refuse(text, "expected add=Engine,FOLDER,NAME or add=Wagon,FOLDER,NAME");
     return {parts[0], parts[1], parts[2]};
 }

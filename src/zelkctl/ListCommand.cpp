@@ -4,12 +4,10 @@
 #include "document/ConsistList.h"
 #include "document/StockList.h"
 #include "host/Filter.h"
-#include "host/Text.h"
-#include "install/modTS.h"
+#include "install/Route.h"
 #include "zelkctl/EntryWriter.h"
 #include "zelkctl/Session.h"
 
-#include <algorithm>
 #include <memory>
 
 namespace zelkctl {
@@ -49,19 +47,11 @@ void listStock(Session &session, const std::string &filter, EntryWriter &entries
 void listRoutes(Session &session, const std::string &filter, EntryWriter &entries)
 {
     const install::Installation installation = OpenInstallation(session);
-    const auto routes = [&](bool withNames) {
-        return host::Split(modTS::RoutesList(installation, session.files, withNames), '|');
-    };
-    // Folders and names may hold brackets: only the bare folders show where a name begins.
-    const std::vector<std::string> folders = routes(false), shown = routes(true);
-    for (std::size_t i = 0; i < std::min(folders.size(), shown.size()); ++i) {
-        if (!host::MatchesFilter(folders[i], filter))
-            continue;
-        const std::string_view name = std::string_view(shown[i]).substr(folders[i].size());
-        entries.Add(shown[i], {{"folder", folders[i]},
-                               {"name", name.empty() ? name : name.substr(1, name.size() - 2)}});
-    }
-    if (const std::string folder = installation.PathOf("Routes"); session.files.IsClosed(folder))
+    for (const install::Route &route : install::InstalledRoutes(installation, session.files, true))
+        if (host::MatchesFilter(route.folder, filter))
+            entries.Add(ListText(route), {{"folder", route.folder}, {"name", route.name}});
+    const std::string folder = installation.PathOf(install::kRoutes);
+    if (session.files.IsClosed(folder))
         TellClosed(session, folder);
 }
 

@@ -17,10 +17,7 @@ struct ResaveOptions
 
 bool isConsist(const StfFile &file)
 {
-    if (!host::path::HasExtension(file.FileName(), "con"))
-        return false;
-    const StfNode train = file.FindNode("Train");
-    return train && train.Child("TrainCfg");
+    return host::path::HasExtension(file.FileName(), "con") && install::FindTrain(file);
 }
 
 void resave(Session &session, const ResaveOptions &options)

@@ -5,6 +5,7 @@
 #include "zelkctl/Session.h"
 
 #include <memory>
+#include <utility>
 
 namespace zelkctl {
 namespace {
@@ -41,11 +42,11 @@ private:
     void writeNodes(const StfNodes &nodes, std::size_t depth)
     {
         m_out.Write("[");
-        const int count = nodes.Count();
-        for (int place = 1; place <= count; ++place) {
-            m_out.Write(place == 1 ? "\n" : ",\n");
+        const char *separator = "\n";
+        for (const StfNode node : nodes) {
+            m_out.Write(std::exchange(separator, ",\n"));
             m_out.Write(std::string(depth, ' '));
-            writeNode(nodes.Item(place), depth);
+            writeNode(node, depth);
         }
         m_out.Write("]");
     }

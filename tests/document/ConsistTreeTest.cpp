@@ -106,7 +106,7 @@ TEST_F(ConsistTreeTest, ErrorForOtherFilesNamesTheMissingBlock)
     };
     const Row rows[] = {
         {"Wagon ( x )", "a.con: there is no Train block"},
-        {"Train ( x )", "a.con: there is no TrainCfg block in Train"},
+        {"Train ( x )", "a.con, line 1: Train has no block TrainCfg"},
         {"SIMISA@F....", "a.con: a compressed file: its content is not read as text"},
     };
     for (const Row &row : rows) {

@@ -13,9 +13,8 @@ namespace {
 std::string outline(const StfNodes &nodes)
 {
     std::string text;
-    for (int place = 1; place <= nodes.Count(); ++place) {
-        const StfNode node = nodes.Item(place);
-        text += (place == 1 ? "" : ", ") + node.Name();
+    for (const StfNode node : nodes) {
+        text += (text.empty() ? "" : ", ") + node.Name();
         for (int i = 0; i < node.NumParameters(); ++i)
             text += ' ' + node.Parameter(i);
         if (node.Children().Count() > 0)
@@ -37,9 +36,7 @@ TEST(modTSTest, NewConsistHasExactlyTheBlocksOfTheTemplate)
         EXPECT_EQ(outline(file.TopNodes()), expected);
         file.SetFileName(folder.At("new.con"));
         file.Save();
-        StfFile again(files);
-        again.SetFileName(folder.At("new.con"));
-        again.Load();
+        const StfFile again = StfFile::Read(files, folder.At("new.con"));
         EXPECT_EQ(outline(again.TopNodes()), expected);
     }
     for (const char *extension : {"eng", "", ".con", "acon"}) {

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "TreeText.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <optional>
+#include <ranges>
 
 using host::RuntimeError;
 
@@ -73,6 +75,71 @@ TEST(StfNodeTest, ListsAreLive)
     EXPECT_EQ(TreeText(memory.file.Nodes()), "T(new(|v) b() c())");
     EXPECT_EQ(same.Count(), 3);
     EXPECT_TRUE(same.Item(1) == made);
+}
+
+TEST(StfNodeTest, LoopsFollowTheLiveList)
+{
+    static_assert(std::ranges::input_range<StfNodes>);
+    MemoryFile memory("T ( a ( ) b ( ) c ( ) d ( ) ) U ( )");
+    StfNodes list = memory.file.FindNode("T").Children();
+    const auto walked = [&](const std::function<void(const StfNode &)> &act) {
+        std::string names;
+        for (const StfNode node : list) {
+            names += node.Name();
+            act(node);
+        }
+        return names;
+    };
+    EXPECT_EQ(walked([](const StfNode &) {}), "abcd");
+    EXPECT_EQ(walked([&](const StfNode &node) {
+                  if (node.Name() == "b")
+                      list.Remove(2);
+              }),
+              "abd");
+    EXPECT_EQ(walked([&](const StfNode &node) {
+                  if (node.Name() == "d")
+                      list.Add(StfNode::Create());
+                  if (list.Count() == 4)
+                      list.Remove(1);
+              }),
+              "acd")
+        << "the new block has moved up to the place of the last one";
+    EXPECT_EQ(walked([&](const StfNode &) { memory.file.LoadBytes("V ( )"); }), "cd");
+    for (const StfNode node : memory.file.FindNode("V").Children())
+        ADD_FAILURE() << node.Name();
+    EXPECT_FALSE(memory.file.FindNode("V").Children().First());
+    EXPECT_EQ(memory.file.Nodes().First().Name(), "V");
+}
+
+TEST(StfNodeTest, RequiredBlocksThatAreAbsentAreNamedWithTheirPlace)
+{
+    const support::TempFolder folder;
+    host::GameFiles files;
+    const std::string path = folder.Write("a.con", "Other ( )\nTrain (\n  TrainCfg ( ) )");
+    StfFile file = StfFile::Read(files, path);
+    EXPECT_EQ(file.FileName(), path);
+    const StfNode train = file.Require("TRAIN");
+    EXPECT_EQ(train.Require("TrainCfg").Line(), 3);
+    const auto fault = [](const std::function<void()> &action) {
+        try {
+            action();
+        } catch (const RuntimeError &error) {
+            return std::to_string(error.Number()) + ' ' + error.Detail();
+        }
+        return std::string();
+    };
+    EXPECT_EQ(fault([&] { file.Require("Wagon"); }), "91 " + path + ": there is no Wagon block");
+    EXPECT_EQ(fault([&] { train.Require("traincfg"); }),
+              "91 " + path + ", line 2: Train has no block traincfg");
+    file.SetFileName({});
+    file.LoadBytes("\nTrain ( )");
+    EXPECT_EQ(fault([&] { file.Require("Wagon"); }), "91 there is no Wagon block");
+    EXPECT_EQ(fault([&] { file.Require("Train").Require("x"); }),
+              "91 line 2: Train has no block x");
+    StfNode made = StfNode::Create();
+    made.SetName("New");
+    EXPECT_EQ(fault([&] { made.Require("x"); }), "91 New has no block x");
+    EXPECT_EQ(fault([] { StfNode().Require("x"); }), "91 ");
 }
 
 TEST(StfNodeTest, NodesOutliveTheirFileAndItsReload)

@@ -4,9 +4,8 @@
 std::string TreeText(const StfNodes &nodes)
 {
     std::string text;
-    for (int place = 1; place <= nodes.Count(); ++place) {
-        const StfNode node = nodes.Item(place);
-        text += (place > 1 ? " " : "") + node.Name();
+    for (const StfNode node : nodes) {
+        text += (text.empty() ? "" : " ") + node.Name();
         if (!node.Label().empty())
             text += ':' + node.Label();
         text += '(';

@@ -402,6 +402,10 @@ TEST(ChecksTest, StockInConsistsRules)
           {"Trains/Consists/a.con", "SIMISA@F\x10\x01"},
           {"Trains/Consists/z.txt", wagon}},
          use("a.wag"), kGood, {line("c.con")});
+    rule("the train is in the first block, whatever its name",
+         {{"Trains/Consists/b.con", "X ( Y ( " + wagon + " ) )"},
+          {"Trains/Consists/c.con", "Empty ( ) Train ( TrainCfg ( " + wagon + " ) )"}},
+         use("a.wag"), kGood, {line("b.con")});
     rule("names with joined or escaped strings",
          {train("c.con", R"(Wagon ( WagonData ( "" + "a" "\A" ) ))")}, use("a.wag"), kGood,
          {line("c.con")});

@@ -148,6 +148,24 @@ TEST(TSValidationTest, ReportsTheProgressOfTheSearchInConsists)
                      "E 7 <M>/Trains/Consists/c.con <M>/Trains/Trainset/A/a.wag", "0 Done"}));
 }
 
+TEST(TSValidationTest, LeavesOutTheStepsWithinFilesOnRequest)
+{
+    SmallInstallation place(Changes{{kA + "Sound/a.sms", std::nullopt}});
+    TSValidation validation(place.Location(), place.Files());
+    Listener listener(validation, place);
+    validation.SetStepMessages(false);
+    validation.CheckAllStock();
+    const std::string sound = " <M>/Trains/Trainset/A/Sound/a.sms",
+                      error = "E 6 <M>/Trains/Trainset/A/";
+    EXPECT_EQ(listener.Take(),
+              (Lines{"0 Checking your TS Installation", "P 1/2", "0 Checking (1 of 2) A/a.wag",
+                     error + "a.wag" + sound, "P 2/2", "0 Checking (2 of 2) A/e.eng",
+                     error + "e.eng" + sound, "0 TS Installation check complete"}));
+    validation.CheckSound(place.At(kA + "Sound/a.sms"));
+    validation.CheckStock(place.At(kA + "a.wag"));
+    EXPECT_EQ(listener.Take()[2], "0 Checking shape files") << "steps of a single file are raised";
+}
+
 /// Writes many folders, with several kinds of faults in some of their wagons.
 Changes manyFolders()
 {

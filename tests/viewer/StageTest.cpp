@@ -265,7 +265,7 @@ TEST_F(StageTest, ShowsConsistFilesAndReportsTheirFaults)
               "Consist - A B-5>");
     EXPECT_EQ(render("Train ( TrainCfg ( x ) )"), "No consist to display: a.con (x)");
     EXPECT_EQ(render("Train ( TrainCfg ( ) )"), "No consist to display: a.con");
-    EXPECT_EQ(render("Train ( )"), "a.con: there is no TrainCfg block");
+    EXPECT_EQ(render("Train ( )"), "a.con, line 1: Train has no block TrainCfg");
     EXPECT_EQ(render("Wagon ( )"), "a.con: there is no Train block");
 }
 

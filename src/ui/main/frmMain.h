@@ -237,7 +237,6 @@ private:
     app::MainStatusBar *sbStatusBar = nullptr;
     app::CheckCommands m_checks;
     int m_errorsFound = 0;       ///< by the check that runs or was the last
-    bool m_countsFiles = false;  ///< that check tells "i of n"
     QElapsedTimer m_sinceEvents; ///< when a check last let window events run
     QShortcut *m_stopKey = nullptr;
     std::vector<frmDocument *> m_documents;            ///< in the order of opening

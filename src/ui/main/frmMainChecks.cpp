@@ -72,7 +72,6 @@ TSValidation &frmMain::NewValidator()
         Validator_MessageRaised(message, level);
     };
     m_errorsFound = 0;
-    m_countsFiles = false;
     m_sinceEvents.invalidate();
     return *Validator;
 }
@@ -86,11 +85,6 @@ void frmMain::Validator_ErrorRaised(const std::string &, const std::string &,
 
 void frmMain::Validator_MessageRaised(const std::string &message, std::int16_t)
 {
-    // Where files are counted, what is done with each of them must not hide the count.
-    const bool counts = message.starts_with("Checking (");
-    if (m_countsFiles && !counts && message.starts_with("Checking "))
-        return;
-    m_countsFiles = m_countsFiles || counts;
     const std::string errors =
         std::to_string(m_errorsFound) + (m_errorsFound == 1 ? " error" : " errors");
     SetStatus(m_errorsFound > 0 ? message + "  -  " + errors : message);
