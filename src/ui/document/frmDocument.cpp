@@ -2,7 +2,6 @@
 #include "ui/document/frmDocument.h"
 
 #include "document/ConsistList.h"
-#include "document/SaveQuestions.h"
 #include "host/GameFiles.h"
 #include "host/Guard.h"
 #include "host/Text.h"
@@ -238,12 +237,12 @@ void frmDocument::keepConsist()
         m_note = "There is no file to read again: the consist stays as it is.";
     } else {
         m_note = m_fileName + " does not exist: the consist stays as it is, not saved.";
-        MarkChanged();
+        markChanged();
     }
     m_host.SetStatus(m_note);
 }
 
-void frmDocument::MarkChanged()
+void frmDocument::markChanged()
 {
     if (!m_editor)
         return;
@@ -349,21 +348,49 @@ void frmDocument::saveAndClose()
 /// False when writing failed, or when the file was changed by somebody else and stays so.
 bool frmDocument::saveInPlace()
 {
-    if (m_consist.ChangedOnDisk(m_fileName) &&
-        !document::MayOverwriteChangedFile(m_fileName, m_host.Dialogs()))
-        return false;
-    return Guarded(m_host.Dialogs(), "Save Consist", [this] { SaveForm(false); });
+    return document::MayOverwrite(m_consist, m_fileName, m_host.Dialogs()) &&
+           Guarded(m_host.Dialogs(), "Save Consist", [this] { SaveForm(false); });
 }
 
 void frmDocument::SaveForm(bool quiet)
 {
     if (!m_editor || m_fileName.empty())
         return;
-    if (m_savingCopy) {
-        m_consist.SaveCopy(m_fileName);
-        return;
-    }
     m_consist.Save(m_fileName);
+    showSaved(quiet);
+}
+
+void frmDocument::SaveConsist(bool quiet)
+{
+    if (m_editor)
+        finishSave(document::SaveConsist(m_consist, m_fileName, saveQuestions(), quiet), quiet);
+}
+
+void frmDocument::SaveConsistAs()
+{
+    if (m_editor)
+        finishSave(document::SaveConsistAs(m_consist, m_fileName, saveQuestions()), false);
+}
+
+document::SaveQuestions frmDocument::saveQuestions()
+{
+    return {m_host.Dialogs(), m_host.Files(),
+            document::ConsistFolder(m_host.Installation(), m_host.Files())};
+}
+
+void frmDocument::finishSave(const document::SaveOutcome &outcome, bool quiet)
+{
+    m_fileName = outcome.fileName;
+    if (!outcome.caption.empty())
+        SetCaption(outcome.caption);
+    if (outcome.saved)
+        showSaved(quiet);
+    else
+        m_editor->ShowChanged(m_consist.Changed());
+}
+
+void frmDocument::showSaved(bool quiet)
+{
     m_note.clear();
     if (!quiet)
         m_host.Dialogs().Message(m_fileName + " saved", "Save Consist",

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/ConsistTree.h"
+#include "document/SaveConsist.h"
 #include "stavfile/StfNode.h"
 #include "ui/document/Furnishing.h"
 
@@ -55,10 +56,11 @@ public:
     void ActionClick(int index);
     /// Editor with a file name: writes the consist, says so unless `quiet`, and marks it unchanged.
     void SaveForm(bool quiet);
-    /// Throws what SaveForm would throw for a document that cannot be written at all.
-    void CheckForm() const { m_consist.CheckSavable(); }
-    /// Editor: marks the consist as changed.
-    void MarkChanged();
+    /// Editor: saves the consist by the rules of document::SaveConsist. A `quiet` save changes no
+    /// caption and shows no " saved" message. Failures are reported.
+    void SaveConsist(bool quiet);
+    /// Editor: saves the consist under a name that is asked for.
+    void SaveConsistAs();
     /// Editor: another window has saved this file. If it is the file of this window, an unchanged
     /// consist is read again, and a changed one is reported in the status bar.
     void ShowSavedElsewhere(const std::string &path);
@@ -133,6 +135,10 @@ private:
     void apply();
     void saveAndClose();
     bool saveInPlace();
+    document::SaveQuestions saveQuestions();
+    void finishSave(const document::SaveOutcome &outcome, bool quiet);
+    void showSaved(bool quiet);
+    void markChanged();
     bool saveByHost(bool quiet);
 
     // frmDocumentViews.cpp
@@ -163,7 +169,6 @@ private:
     bool m_stockLoaded = false;
     bool m_consistIsActiveList = false;
     bool m_asking = false;
-    bool m_savingCopy = false; ///< the main window saves the scratch copy, not the document
     bool m_unloadAllowed = false;
     std::string m_note; ///< about the file just loaded, for the status bar
     /// Goes with the status texts while a 3D view loads. The pane outlives this part of the window.

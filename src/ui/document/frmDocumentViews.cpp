@@ -16,7 +16,6 @@
 #include "viewer/StockShape.h"
 
 #include <QMdiArea>
-#include <QScopedValueRollback>
 
 using document::Guarded;
 using host::DialogAnswer;
@@ -104,21 +103,17 @@ void frmDocument::viewConsist()
         m_host.OpenDocumentWindow(file, kConsistViewMode, Caption(), {});
 }
 
-/// Writes the consist as it stands now beside the program; the path, or "" when that failed (the
-/// user was told). The document stays changed and keeps its name.
+/// Writes the consist as it is now to a file beside the program. Returns the path, or "" after a
+/// failure, which was reported. The document stays changed.
 std::string frmDocument::saveScratchCopy()
 {
     const std::string scratch = host::path::Join(host::ProgramFolder(), "Temporary Consist.con");
-    const QScopedValueRollback<std::string> name(m_fileName, scratch);
-    const QScopedValueRollback<bool> copying(m_savingCopy, true);
-    const bool removed = Guarded(m_host.Dialogs(), kViewConsist, [&] {
+    const bool written = Guarded(m_host.Dialogs(), kViewConsist, [&] {
         if (m_host.Files().FileExists(scratch))
             m_host.Files().RemoveFile(scratch);
+        m_consist.SaveCopy(scratch);
     });
-    if (!removed)
-        return {};
-    saveByHost(true);
-    return m_host.Files().FileExists(scratch) ? scratch : std::string();
+    return written ? scratch : std::string();
 }
 
 void frmDocument::viewShape()

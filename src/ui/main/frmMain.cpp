@@ -2,8 +2,8 @@
 #include "ui/main/frmMain.h"
 
 #include "app/OpenRules.h"
-#include "app/SaveConsist.h"
 #include "app/modZELK.h"
+#include "document/ConsistList.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "host/Guard.h"
@@ -343,33 +343,13 @@ void frmMain::SaveDocument(bool quiet)
     frmDocument *window = ActiveDocument();
     if (window && window->Mode() > kEditorMode)
         saveSnapshot(*window);
-    if (!window || window->Mode() != kEditorMode)
-        return;
-    app::SaveConsist(saveTarget(*window), m_services.dialogs, m_services.files, consistFolder(),
-                     quiet);
+    else if (window)
+        window->SaveConsist(quiet);
 }
 
-app::SaveTarget frmMain::saveTarget(frmDocument &editor)
-{
-    app::SaveTarget target;
-    target.fileName = [&editor] { return editor.FileName(); };
-    target.setFileName = [&editor](const std::string &name) { editor.SetFileName(name); };
-    target.caption = [&editor] { return editor.Caption(); };
-    target.setCaption = [&editor](const std::string &caption) { editor.SetCaption(caption); };
-    target.checkForm = [&editor] { editor.CheckForm(); };
-    target.changedOnDisk = [&editor](const std::string &path) {
-        return editor.Consist().ChangedOnDisk(path);
-    };
-    target.saveForm = [&editor](bool quiet) { editor.SaveForm(quiet); };
-    target.markChanged = [&editor] { editor.MarkChanged(); };
-    return target;
-}
-
-/// Where file dialogs begin: the folder of the consists as the disk spells it, "" when missing.
 std::string frmMain::consistFolder() const
 {
-    const auto folder = m_services.files.FindFolder(m_installation.PathOf("Trains\\Consists"));
-    return folder ? host::path::FromDisk(*folder) : std::string();
+    return document::ConsistFolder(m_installation, m_services.files);
 }
 
 void frmMain::SetStatus(const std::string &text)

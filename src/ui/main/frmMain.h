@@ -41,7 +41,6 @@ class Desktop;
 class MainStatusBar;
 class Printers;
 struct PrintJob;
-struct SaveTarget;
 
 /// What the main window works with; everything must outlive it.
 struct Services
@@ -158,7 +157,6 @@ private:
     void newConsistList();
     void openFileDialog();
     void closeActive();
-    static app::SaveTarget saveTarget(frmDocument &editor);
     void closeAll();
     void save();
     void saveAs();

@@ -3,7 +3,6 @@
 #include "ui/main/frmMain.h"
 
 #include "app/OpenRules.h"
-#include "app/SaveConsist.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "host/Guard.h"
@@ -272,11 +271,10 @@ void frmMain::save()
 void frmMain::saveAs()
 {
     frmDocument *window = ActiveDocument();
-    if (!window || window->Mode() != kEditorMode) {
+    if (window && window->Mode() == kEditorMode)
+        window->SaveConsistAs();
+    else
         SaveDocument(false); // a 3D window saves a picture
-        return;
-    }
-    app::SaveConsistAs(saveTarget(*window), m_services.dialogs, m_services.files, consistFolder());
 }
 
 void frmMain::saveAll()
