@@ -19,13 +19,8 @@
 using app::Arrangement;
 using app::MenuEntry;
 using document::Guarded;
+using document::WindowMode;
 using host::DialogIcon;
-
-namespace {
-
-constexpr int kListMode = 0, kEditorMode = 1;
-
-} // namespace
 
 std::vector<MenuEntry> frmMain::menuTable()
 {
@@ -233,12 +228,12 @@ std::function<void()> frmMain::saying(const char *text)
 
 void frmMain::newConsist()
 {
-    NewDocumentWindow(kEditorMode, {});
+    NewDocumentWindow(WindowMode::ConsistEditor, {});
 }
 
 void frmMain::newConsistList()
 {
-    NewDocumentWindow(kListMode, {});
+    NewDocumentWindow(WindowMode::ConsistList, {});
 }
 
 void frmMain::openFileDialog()
@@ -271,7 +266,7 @@ void frmMain::save()
 void frmMain::saveAs()
 {
     frmDocument *window = ActiveDocument();
-    if (window && window->Mode() == kEditorMode)
+    if (window && window->Mode() == WindowMode::ConsistEditor)
         window->SaveConsistAs();
     else
         SaveDocument(false); // a 3D window saves a picture
@@ -302,7 +297,7 @@ bool frmMain::mayChangeLocation()
 {
     const std::vector<frmDocument *> open = Documents();
     const bool editing = std::any_of(open.begin(), open.end(), [](const frmDocument *window) {
-        return window->Mode() == kEditorMode;
+        return window->Mode() == WindowMode::ConsistEditor;
     });
     if (!editing && !m_checks.Running())
         return true;
@@ -316,7 +311,7 @@ void frmMain::changeLocation(const std::string &location)
 {
     m_installation.SetLocation(location);
     for (frmDocument *window : Documents())
-        if (window->Mode() == kListMode)
+        if (window->Mode() == WindowMode::ConsistList)
             window->LoadForm();
 }
 
@@ -374,9 +369,9 @@ void frmMain::refresh()
 void frmMain::filter()
 {
     frmDocument *window = ActiveDocument();
-    if (!window || window->Mode() > kEditorMode)
+    if (!window || document::Is3D(window->Mode()))
         return;
-    const bool list = window->Mode() == kListMode;
+    const bool list = window->Mode() == WindowMode::ConsistList;
     const std::optional<std::string> answer = m_services.dialogs.Input(
         list ? "Enter a filter string for consists:" : "Enter a filter string for stock:",
         list ? "Filter Consist List" : "Filter Stock List", window->Filter());

@@ -5,11 +5,7 @@
 
 #include <memory>
 #include <string>
-
-class frmDocument;
-namespace install {
-class Installation;
-}
+#include <vector>
 
 namespace app {
 
@@ -21,12 +17,11 @@ struct PrintJob
     std::unique_ptr<Printout> content;
 };
 
-/// What a document window prints by its mode: the list of consists as it is shown, the vehicles of
-/// a consist as they stand in the editor, or the picture of a 3D view. RuntimeError 5 where there
-/// is no picture.
-PrintJob JobOf(frmDocument &window, const install::Installation &installation);
+/// A frame with this title, the facts that are not "" as one line below it, and the program's name
+/// and the current time in the footer.
+PageFrame FrameOf(const std::string &title, const std::vector<std::string> &facts);
 
-/// A report of a results window.
+/// The report of a results window.
 PrintJob ResultsJob(const std::string &caption, const std::string &text);
 
 } // namespace app

@@ -46,8 +46,8 @@ public:
     explicit ViewerPane(const PaneHost &host, QWidget *parent = nullptr);
     ~ViewerPane() override;
 
-    /// These begin to show something new, and load the rest from the event loop; Loaded follows.
-    /// Throw as Stage does.
+    /// These begin to show something new, and load the rest from the event loop. Throw as Stage
+    /// does.
     void RenderConsist(const std::string &file, const std::string &installFolder);
     void RenderLooseConsist(const StfNode &trainCfg, const std::string &installFolder,
                             const std::string &source);
@@ -58,6 +58,9 @@ public:
     TSView *View() { return m_stage.View(); }
     /// Ends a running loading; what is there stays.
     void Stop();
+    /// Appends a remark to the status texts of the load under way, up to the one that reports its
+    /// end.
+    void AddRemark(const std::string &remark) { m_remark = "  " + remark; }
 
     void ResetView();
     /// The textures of what is shown; "" when nothing is.
@@ -74,9 +77,6 @@ public:
     QScrollBar *vscView;
     QTimer tmrRenderer; ///< runs while a scene is being loaded
 
-Q_SIGNALS:
-    void Loaded();
-
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -86,6 +86,7 @@ private:
     void connectScrollBars();
     void connectCanvas();
     void makePictureBar();
+    void setStatus(const std::string &text) { m_host.setStatus(text + m_remark); }
     void showNoCanvas(const std::string &reason);
     void begin();
     void step();
@@ -97,6 +98,7 @@ private:
     void showHeight();
 
     PaneHost m_host;
+    std::string m_remark; ///< for the end of status texts, "" for none
     QGridLayout *m_grid;
     QLabel *m_noCanvas = nullptr;
     SavedPictureBar *m_savedPicture = nullptr; ///< null where there is no OpenGL
