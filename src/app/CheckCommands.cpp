@@ -17,13 +17,14 @@
 
 namespace app {
 
+using document::WindowMode;
+
 namespace {
 
 constexpr char kDependencies[] = "Check Dependencies", kConsistStock[] = "Check Stock",
                kAllStock[] = "Check All Stock", kTextures[] = "Stock Check Textures";
 constexpr char kNothing[] = "Nothing selected!", kDone[] = "Done";
 constexpr char kLineEnd[] = "\r\n";
-constexpr int kListMode = 0, kEditorMode = 1, kShapeMode = 3;
 constexpr int kBarLength = 10000;
 
 bool endsWith(const std::string &path, std::string_view ending)
@@ -40,7 +41,7 @@ bool isStock(const std::string &path)
 /// The names of what is checked: the selected consists, or the file's name up to its first ".".
 std::vector<std::string> subjectsOf(const CheckTarget &target)
 {
-    if (target.mode == kListMode)
+    if (target.mode == WindowMode::ConsistList)
         return target.consists;
     const std::string_view name = host::path::FileName(target.path);
     return {std::string(name.substr(0, name.find('.')))};
@@ -102,7 +103,7 @@ void CheckCommands::run(const std::string &title, const std::function<void()> &c
 
 void CheckCommands::CheckDependencies(const std::optional<CheckTarget> &target)
 {
-    const bool list = target && target->mode == kListMode;
+    const bool list = target && target->mode == WindowMode::ConsistList;
     run(kDependencies, [&] {
         if (!target || (list && target->consists.empty())) {
             m_host.Dialogs().Message(kNothing, kDependencies, host::DialogIcon::Critical);
@@ -162,7 +163,7 @@ std::string CheckCommands::shapeReport(const std::string &path)
 void CheckCommands::CheckConsistStock(const std::optional<CheckTarget> &target)
 {
     run(kConsistStock, [&] {
-        if (!target || target->mode != kListMode || target->consist.empty())
+        if (!target || target->mode != WindowMode::ConsistList || target->consist.empty())
             return;
         m_host.SetStatus("Checking " + target->consist + "...");
         newValidator().CheckConsist(m_host.Installation().ConsistPath(target->consist));
@@ -196,7 +197,8 @@ void CheckCommands::CheckAllStock()
 
 void CheckCommands::CheckStockTextures(const std::optional<CheckTarget> &target)
 {
-    if (!target || (target->mode != kEditorMode && target->mode != kShapeMode))
+    if (!target ||
+        (target->mode != WindowMode::ConsistEditor && target->mode != WindowMode::ShapeView))
         m_host.Dialogs().Message(kNothing, kTextures, host::DialogIcon::Critical);
     else
         m_host.SetStatus("Textures are checked with the shape: choose Check Dependencies there.");

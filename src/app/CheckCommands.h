@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "document/WindowMode.h"
+
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -23,7 +25,8 @@ namespace app {
 /// What of the active document window a check works on.
 struct CheckTarget
 {
-    int mode = 0;                           ///< of the document window
+    /// Of the document window.
+    document::WindowMode mode = document::WindowMode::ConsistList;
     std::vector<std::string> consists = {}; ///< consist list: the selected names, in list order
     std::string consist = {};               ///< consist list: the current one of them
     std::string path = {};                  ///< otherwise the stock item, shape or consist shown

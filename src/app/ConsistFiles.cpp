@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/ConsistFiles.h"
 
-#include "app/ConsistNames.h"
 #include "app/Desktop.h"
+#include "document/ConsistNames.h"
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
 #include "host/Path.h"
@@ -49,7 +49,7 @@ void PasteConsist(const std::string &source, host::Dialogs &dialogs, host::GameF
         return;
     const std::string target = installation.ConsistPath(name);
     try {
-        CheckPortableConsistName(name, target);
+        document::CheckPortableConsistName(name, target);
         files.WriteFile(target, files.ReadFile(installation.ConsistPath(source)));
     } catch (const host::RuntimeError &error) {
         dialogs.Message(host::Explained(error), kPaste, DialogIcon::Critical);

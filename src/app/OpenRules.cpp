@@ -11,7 +11,6 @@ namespace app {
 const char kOpenFilter[] = "Consist Files (*.con)|*.con|Wagon Files (*.wag)|*.wag|"
                            "Engine Files (*.eng)|*.eng|Shape Files (*.s)|*.s|"
                            "Activity Files (*.act)|*.act|All Files (*.*)|*.*";
-const char kSaveFilter[] = "Consist Files (*.con)|*.con|All Files (*.*)|*.*";
 
 OpenKind KindOf(std::string_view path)
 {

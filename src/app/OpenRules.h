@@ -23,7 +23,5 @@ std::string RefusalOf(OpenKind kind);
 
 /// The filter text of the open dialog; its first entry is the initial one.
 extern const char kOpenFilter[];
-/// The same of the dialog that asks for a consist's name.
-extern const char kSaveFilter[];
 
 } // namespace app

@@ -21,6 +21,12 @@ std::vector<std::string> ListConsists(const install::Installation &installation,
     return names;
 }
 
+std::string ConsistFolder(const install::Installation &installation, host::GameFiles &files)
+{
+    const auto folder = files.FindFolder(installation.PathOf(kConsists));
+    return folder ? host::path::FromDisk(*folder) : std::string();
+}
+
 std::string EmptyListHint(const install::Installation &installation, host::GameFiles &files,
                           std::string_view filter)
 {

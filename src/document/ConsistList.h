@@ -22,6 +22,10 @@ inline constexpr std::string_view kConsists = "Trains/Consists";
 std::vector<std::string> ListConsists(const install::Installation &installation,
                                       host::GameFiles &files, std::string_view filter);
 
+/// The folder of the installed consists as the disk spells it, where file dialogs open; "" when
+/// there is none.
+std::string ConsistFolder(const install::Installation &installation, host::GameFiles &files);
+
 /// What to tell who sees the list without a name: why there is none, and what to do about it.
 std::string EmptyListHint(const install::Installation &installation, host::GameFiles &files,
                           std::string_view filter);

@@ -15,6 +15,7 @@
 
 using app::CheckCommands;
 using app::CheckTarget;
+using document::WindowMode;
 
 namespace {
 
@@ -88,7 +89,7 @@ protected:
     CheckCommands commands{host};
 };
 
-const CheckTarget kList{0, {"A", "B"}, "B"};
+const CheckTarget kList{WindowMode::ConsistList, {"A", "B"}, "B"};
 const std::string kChoosing = "Choose the routes to check...", kFailed = "The check failed";
 const std::string kAskRoutes = "select|Select Routes to Check|";
 const std::string kAskAll =
@@ -109,9 +110,9 @@ TEST_F(CheckCommandsTest, NoSubjectGivesNoReport)
         bool complains;
     } rows[] = {
         {"no window", std::nullopt, true},
-        {"nothing selected in the list", CheckTarget{0}, true},
-        {"nothing selected in the editor", CheckTarget{1}, false},
-        {"an empty viewer", CheckTarget{3}, false},
+        {"nothing selected in the list", CheckTarget{WindowMode::ConsistList}, true},
+        {"nothing selected in the editor", CheckTarget{WindowMode::ConsistEditor}, false},
+        {"an empty viewer", CheckTarget{WindowMode::ShapeView}, false},
     };
     for (const auto &row : rows) {
         commands.CheckDependencies(row.target);
@@ -135,13 +136,13 @@ TEST_F(CheckCommandsTest, StockCheckIncludesUsesInConsistsAndRoutes)
                                " referenced by all consists is MISSING\r\n";
     host.game.Write("Routes/North/North.trk", "Tr_RouteFile ( Name ( \"Great North\" ) )");
     host.game.MakeFolder("Routes/South");
-    commands.CheckDependencies(CheckTarget{1, {}, {}, box});
+    commands.CheckDependencies(CheckTarget{WindowMode::ConsistEditor, {}, {}, box});
     EXPECT_EQ(std::exchange(host.results, {}), report) << "no routes, no usage";
     EXPECT_EQ(host.dialogs.TakeLog(), kAskRoutes + "North(Great North)|South\n");
 
     host.statuses.clear();
     host.dialogs.AnswerSelection("South|Gone");
-    commands.CheckDependencies(CheckTarget{1, {}, {}, box});
+    commands.CheckDependencies(CheckTarget{WindowMode::ConsistEditor, {}, {}, box});
     EXPECT_EQ(host.results, report + "ERROR: Route Gone is MISSING\r\n");
 }
 
@@ -177,8 +178,14 @@ TEST_F(CheckCommandsTest, StatusShowsTheWaitingStepAndThenTheOutcome)
         CheckTarget target;
         std::string waiting, outcome;
     } rows[] = {
-        {"stock without a route", {1, {}, {}, stock("gone.wag")}, kChoosing, "Done"},
-        {"a shape that cannot be checked", {3, {}, {}, lonely}, kFailed, kFailed},
+        {"stock without a route",
+         {WindowMode::ConsistEditor, {}, {}, stock("gone.wag")},
+         kChoosing,
+         "Done"},
+        {"a shape that cannot be checked",
+         {WindowMode::ShapeView, {}, {}, lonely},
+         kFailed,
+         kFailed},
     };
     for (const auto &row : rows) {
         host.statuses.clear();
@@ -211,11 +218,11 @@ TEST_F(CheckCommandsTest, FindsRoutesWithBracketsInTheirFolders)
 TEST_F(CheckCommandsTest, ShapeReportHasNoHeader)
 {
     const std::string gone = at("gone.s");
-    commands.CheckDependencies(CheckTarget{3, {}, {}, gone});
+    commands.CheckDependencies(CheckTarget{WindowMode::ShapeView, {}, {}, gone});
     EXPECT_EQ(std::exchange(host.results, {}),
               "[Usage check of gone]\nERROR: " + gone + " is MISSING\r\n");
     const std::string lonely = host.game.Write("Routes/x/lonely.s", "shape ( images ( 0 ) )");
-    commands.CheckDependencies(CheckTarget{3, {}, {}, lonely});
+    commands.CheckDependencies(CheckTarget{WindowMode::ShapeView, {}, {}, lonely});
     EXPECT_EQ(host.results, "") << "a run-time error ends the command";
     const std::string log = host.dialogs.TakeLog();
     EXPECT_TRUE(log.starts_with("critical|Check Dependencies|")) << log;
@@ -238,10 +245,10 @@ TEST_F(CheckCommandsTest, ChecksTheStockOfTheCurrentConsist)
 
 TEST_F(CheckCommandsTest, ReportsShowFileNamesThatContainTheKeySeparator)
 {
-    commands.CheckConsistStock(CheckTarget{0, {"a|b"}, "a|b"});
+    commands.CheckConsistStock(CheckTarget{WindowMode::ConsistList, {"a|b"}, "a|b"});
     EXPECT_EQ(std::exchange(host.results, {}),
               "[Stock check of a|b]\n\r\nERROR: " + at("Trains/Consists/a|b.con") + " is MISSING");
-    commands.CheckDependencies(CheckTarget{3, {}, {}, at("a|b.s")});
+    commands.CheckDependencies(CheckTarget{WindowMode::ShapeView, {}, {}, at("a|b.s")});
     EXPECT_EQ(host.results, "[Usage check of a|b]\nERROR: " + at("a|b.s") + " is MISSING\r\n");
 }
 

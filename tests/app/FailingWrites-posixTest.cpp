@@ -4,9 +4,9 @@
 #include "app/ConsistFiles.h"
 #include "app/Desktop.h"
 #include "app/FileAssociation.h"
-#include "app/SaveConsist.h"
 #include "app/Wastebasket-posix.h"
 #include "document/ConsistTree.h"
+#include "document/SaveConsist.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
@@ -111,18 +111,11 @@ void editAndSave(World &world)
 
 void saveOver(World &world)
 {
-    std::string name = world.folder.At("game/Trains/Consists/a.con");
-    app::SaveTarget target;
-    target.fileName = [&] { return name; };
-    target.setFileName = [&](const std::string &chosen) { name = chosen; };
-    target.caption = [] { return std::string(); };
-    target.setCaption = [](const std::string &) {};
-    target.checkForm = [] {};
-    target.changedOnDisk = [](const std::string &) { return false; };
-    target.markChanged = [] {};
-    target.saveForm = [&](bool) { world.files.WriteFile(name, "new"); };
+    document::ConsistTree tree(world.files);
+    tree.New();
     world.dialogs.Answer(host::DialogAnswer::Yes);
-    app::SaveConsist(target, world.dialogs, world.files, world.folder.Path(), false);
+    document::SaveConsist(tree, world.folder.At("game/Trains/Consists/a.con"),
+                          {world.dialogs, world.files, world.folder.Path()}, false);
 }
 
 const Command kCommands[] = {

@@ -21,6 +21,7 @@
 #include <algorithm>
 
 using document::ListView;
+using document::WindowMode;
 using host::path::Join;
 
 namespace {
@@ -142,7 +143,7 @@ TEST_F(ChecksTest, ResultsWindowsAreSeparateAndCloseWithTheMainWindow)
     EXPECT_NE(results()[0]->pos(), results()[1]->pos()) << "neither hides the other";
     for (const frmResults *form : results())
         EXPECT_TRUE(form->screen()->availableGeometry().contains(form->geometry()));
-    EXPECT_EQ(Active()->Mode(), 0) << "commands still work on the document";
+    EXPECT_EQ(Active()->Mode(), WindowMode::ConsistList) << "commands still work on the document";
     auto &menu = Find<QMenu>(*window->menuBar(), "mnuWindow");
     Q_EMIT menu.aboutToShow();
     ASSERT_EQ(menu.actions().size(), 12);

@@ -16,6 +16,8 @@
 #include <set>
 #include <utility>
 
+using document::WindowMode;
+
 namespace {
 
 /// The window from which a command is called.
@@ -85,7 +87,7 @@ protected:
     std::string rowsOfFirst() const
     {
         const std::vector<frmDocument *> all = window->Documents();
-        if (all.empty() || all.front()->Mode() != 0)
+        if (all.empty() || all.front()->Mode() != WindowMode::ConsistList)
             return {};
         return "list|" + RowsOf(Find<QAbstractItemView>(*all.front(), "lvConsists")) + '\n';
     }

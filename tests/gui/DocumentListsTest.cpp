@@ -17,6 +17,7 @@
 #include <QToolButton>
 
 using document::ListView;
+using document::WindowMode;
 
 namespace {
 
@@ -57,7 +58,7 @@ TEST_F(DocumentListsTest, EnterWithAModifierShowsTheConsistIn3D)
           Qt::KeyboardModifiers(Qt::AltModifier), Qt::AltModifier | Qt::KeypadModifier}) {
         list().SelectRow(1);
         QTest::keyClick(&list(), keys & Qt::KeypadModifier ? Qt::Key_Enter : Qt::Key_Return, keys);
-        ASSERT_EQ(Active()->Mode(), 2) << keys;
+        ASSERT_EQ(Active()->Mode(), WindowMode::ConsistView) << keys;
         EXPECT_EQ(properties.shortcut().toString().toStdString(), "Alt+Return");
         EXPECT_TRUE(Wait([this] { return Status().find("Done") != std::string::npos; }));
         Active()->close();
@@ -315,7 +316,7 @@ TEST_F(DocumentListsTest, ConsistWithAnUnlistableUnitShowsTheUnitsBeforeIt)
             Trigger("mnuViewRefresh");
         else
             window->OpenFile(file);
-        ASSERT_EQ(Active()->Mode(), 1);
+        ASSERT_EQ(Active()->Mode(), WindowMode::ConsistEditor);
         EXPECT_EQ(RowsOf(train()), "Wagon/Boxcars/box Wagon/Boxcars/hopper");
         EXPECT_TRUE(Wait([this] { return stock().model()->rowCount() == 5; }));
         const std::string log = dialogs.TakeLog();

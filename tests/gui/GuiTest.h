@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/Desktop.h"
+#include "document/ConsistTree.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"

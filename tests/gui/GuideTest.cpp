@@ -15,6 +15,7 @@
 
 namespace {
 
+using document::WindowMode;
 using Texts = std::multiset<std::string>;
 
 QString guide()
@@ -73,7 +74,7 @@ class GuideTest : public GuiTest
 TEST_F(GuideTest, ListsEveryCommandAndItsKeys)
 {
     Start();
-    window->NewDocumentWindow(2, {}); // some keys work only in 3D views
+    window->NewDocumentWindow(WindowMode::ConsistView, {}); // some keys work only in 3D views
     Texts commands, keys, told;
     addCommands(window->menuBar()->actions(), QString(), commands, keys);
     const QString text = guide();

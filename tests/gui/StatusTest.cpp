@@ -11,6 +11,7 @@
 #include <QMenuBar>
 
 using document::ListView;
+using document::WindowMode;
 
 namespace {
 
@@ -62,7 +63,7 @@ TEST_F(StatusTest, ClosingAWindowInAnyWayClearsItsStatus)
         [](frmDocument &view) { view.close(); },
         [this](frmDocument &) { Trigger("mnuFileClose"); }};
     for (const auto &closeIt : roads) {
-        frmDocument *view = window->NewDocumentWindow(2, {});
+        frmDocument *view = window->NewDocumentWindow(WindowMode::ConsistView, {});
         window->SetStatus("Move(3,-4)");
         closeIt(*view);
         EXPECT_EQ(Status(), "");

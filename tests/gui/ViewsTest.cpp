@@ -23,7 +23,9 @@
 #include <set>
 #include <utility>
 
+using document::EditorAction;
 using document::ListView;
+using document::WindowMode;
 using host::DialogAnswer;
 using viewer::ViewerPane;
 
@@ -118,7 +120,7 @@ TEST_F(ViewsTest, ListShowsAConsistInASideView)
     QTest::keyClick(&Find<ListView>(*Active(), "lvConsists"), Qt::Key_Return, Qt::ShiftModifier);
     ASSERT_TRUE(loaded());
     EXPECT_EQ(Active()->Caption(), "Consist - Coal");
-    EXPECT_EQ(Active()->Mode(), 2);
+    EXPECT_EQ(Active()->Mode(), WindowMode::ConsistView);
     EXPECT_EQ(window->winId(), before) << "the main window is not recreated";
     EXPECT_TRUE(window->isActiveWindow());
     EXPECT_EQ(Status(), "Done");
@@ -357,7 +359,7 @@ TEST_F(ViewsTest, FilesOfEachKindOpenInTheRightWindow)
         ASSERT_TRUE(loaded()) << row.file;
         EXPECT_EQ(Active()->Caption(), row.caption);
         EXPECT_EQ(Active()->FileName(), row.shown);
-        EXPECT_EQ(Active()->Mode(), 3);
+        EXPECT_EQ(Active()->Mode(), WindowMode::ShapeView);
         EXPECT_EQ(dialogs.TakeLog(), "") << "a missing shape leaves the window empty";
     }
     EXPECT_EQ(pane().hscView->maximum(), 0);
@@ -412,7 +414,7 @@ TEST_F(ViewsTest, EditorShowsItsConsistSavedOrNot)
     Start();
     frmDocument &editor = OpenEditor("Coal");
     const std::string before = game.Read("Trains/Consists/Coal.con");
-    editor.ActionClick(3);
+    editor.ActionClick(EditorAction::ViewConsist);
     ASSERT_TRUE(loaded());
     EXPECT_EQ(Active()->FileName(), ConsistFile("Coal"));
     EXPECT_EQ(Active()->Caption(), editor.Caption());
@@ -421,7 +423,7 @@ TEST_F(ViewsTest, EditorShowsItsConsistSavedOrNot)
         Find<ListView>(editor, "lvConsist").SelectRow(0);
         Find<QAbstractButton>(editor, "cmdMove5").click();
         dialogs.Answer(answer);
-        editor.ActionClick(3);
+        editor.ActionClick(EditorAction::ViewConsist);
         EXPECT_EQ(dialogs.TakeLog(), "question|View Consist|Consist has changed.  Do you want to "
                                      "save it before viewing the consist?\n");
         return window->Documents().size();
@@ -440,7 +442,7 @@ TEST_F(ViewsTest, EditorShowsItsConsistSavedOrNot)
     std::filesystem::remove(scratch);
     dialogs.Answer(DialogAnswer::Yes); // the question about overwriting
     dialogs.Answer(DialogAnswer::Yes);
-    editor.ActionClick(3);
+    editor.ActionClick(EditorAction::ViewConsist);
     EXPECT_FALSE(editor.Changed());
     EXPECT_EQ(Active()->FileName(), ConsistFile("Coal"));
 }
@@ -450,7 +452,7 @@ TEST_F(ViewsTest, EditorShowsTheSelectedStock)
     Start();
     frmDocument &editor = OpenEditor("Coal");
     Trigger("mnuStockViewShape");
-    editor.ActionClick(4);
+    editor.ActionClick(EditorAction::ViewShape);
     EXPECT_EQ(dialogs.TakeLog(), "critical|View Shape|Nothing selected!\n"
                                  "critical|View Shape|Nothing selected to view\n");
     auto &train = Find<ListView>(editor, "lvConsist");
@@ -465,7 +467,7 @@ TEST_F(ViewsTest, EditorShowsTheSelectedStock)
     editor.setFocus();
     Find<ListView>(editor, "lvStock").setFocus();
     Find<ListView>(editor, "lvStock").SelectRow(0);
-    editor.ActionClick(4);
+    editor.ActionClick(EditorAction::ViewShape);
     EXPECT_EQ(Active()->Caption(), "Wagon - box");
     editor.AllowUnload();
 }
@@ -491,7 +493,7 @@ TEST_F(ViewsTest, PropertiesListWhatIsShown)
     EXPECT_EQ(report->Caption(), "Properties of Wagon - Wagon X");
     EXPECT_EQ(report->Text(), "Shape Textures: 1\r\n1\tside.dds");
     report->close();
-    window->OpenDocumentWindow(ConsistFile("Coal"), 2, "Consist - Coal", {});
+    window->OpenDocumentWindow(ConsistFile("Coal"), WindowMode::ConsistView, "Consist - Coal", {});
     ASSERT_TRUE(loaded());
     Trigger("mnuFileProperties");
     const auto reports = window->findChildren<frmResults *>();
@@ -508,10 +510,10 @@ TEST_F(ViewsTest, ReportsWhatCannotBeShownAndShowsTheRest)
     WriteConsist("Gappy", {"box", "gone", "holed", "box"});
     writeStock("Boxcars/holed.wag", "Wagon", 12, "gone.s");
     window->OpenDocumentWindow(game.Write("Trains/Consists/Bare.con", "Train ( TrainCfg ( x ) )"),
-                               2, "Bare", {});
+                               WindowMode::ConsistView, "Bare", {});
     EXPECT_EQ(dialogs.TakeLog(),
               "critical|Open File|No consist to display: " + ConsistFile("Bare") + " (x)\n");
-    window->OpenDocumentWindow(ConsistFile("Gappy"), 2, "Gappy", {});
+    window->OpenDocumentWindow(ConsistFile("Gappy"), WindowMode::ConsistView, "Gappy", {});
     ASSERT_TRUE(loaded());
     EXPECT_EQ(scene().Models.Count(), 2);
     EXPECT_EQ(
@@ -544,7 +546,7 @@ TEST_F(ViewsTest, WindowsShareModelsAndEitherMayClose)
 {
     viewCoal();
     frmDocument &first = *Active();
-    window->OpenDocumentWindow(ConsistFile("Coal"), 2, "again", {});
+    window->OpenDocumentWindow(ConsistFile("Coal"), WindowMode::ConsistView, "again", {});
     ASSERT_TRUE(loaded());
     sfCanvas &second = canvas();
     pane().hscView->setValue(10);
@@ -564,7 +566,7 @@ TEST_F(ViewsTest, WindowRespondsDuringALayout)
 {
     WriteConsist("Long", std::vector<std::string>(2000, "box"));
     Start();
-    window->OpenDocumentWindow(ConsistFile("Long"), 2, "Long", {});
+    window->OpenDocumentWindow(ConsistFile("Long"), WindowMode::ConsistView, "Long", {});
     ASSERT_TRUE(Wait([this] { return scene().Models.Count() > 3; }));
     ASSERT_TRUE(pane().Loading());
     expectNear(camera(), {10, 2, 0, 0, 2, 0}, "not moved to the middle yet");
@@ -602,7 +604,7 @@ TEST_F(ViewsTest, EscStopsALongLoading)
 {
     WriteConsist("Long", std::vector<std::string>(3000, "box"));
     Start();
-    window->OpenDocumentWindow(ConsistFile("Long"), 2, "Long", {});
+    window->OpenDocumentWindow(ConsistFile("Long"), WindowMode::ConsistView, "Long", {});
     ASSERT_TRUE(Wait([this] { return pane().View()->Models.Count() > 3; }));
     QTest::keyClick(window.get(), Qt::Key_Escape);
     EXPECT_FALSE(pane().Loading());
@@ -618,10 +620,10 @@ TEST_F(ViewsTest, ClosingReleasesEverything)
     const auto traceBegin = std::filesystem::file_size(host::TraceLogFile());
     viewCoal();
     frmDocument &coal = *Active();
-    window->OpenDocumentWindow(ConsistFile("GP38 Local"), 2, "Local", {});
+    window->OpenDocumentWindow(ConsistFile("GP38 Local"), WindowMode::ConsistView, "Local", {});
     Active()->close(); // while it loads
     WriteConsist("Long", std::vector<std::string>(2000, "box"));
-    window->OpenDocumentWindow(ConsistFile("Long"), 2, "Long", {});
+    window->OpenDocumentWindow(ConsistFile("Long"), WindowMode::ConsistView, "Long", {});
     ASSERT_TRUE(Wait([this] { return scene().Models.Count() > 3; }));
     Active()->close(); // in the middle of loading
     coal.LoadForm();   // a second scene replaces the first

@@ -10,7 +10,9 @@
 #include <QHeaderView>
 #include <QMdiArea>
 
+using document::EditorAction;
 using document::ListView;
+using document::WindowMode;
 using host::DialogAnswer;
 
 namespace {
@@ -75,7 +77,7 @@ TEST_F(WindowsTest, ActivatesTheAffectedWindowBeforeAsking)
     coal.close();
     EXPECT_EQ(std::exchange(asked, {}), ConsistFile("Coal") + '\n');
     activate(list);
-    coal.ActionClick(0);
+    coal.ActionClick(EditorAction::Cancel);
     EXPECT_EQ(std::exchange(asked, {}), ConsistFile("Coal") + '\n');
 }
 
@@ -103,7 +105,7 @@ TEST_F(WindowsTest, ClosingAWindowActivatesTheOneUsedBefore)
     Start();
     frmDocument &list = *Active(), &coal = OpenEditor("Coal"), &north = OpenEditor("Freight North");
     activate(coal);
-    window->NewDocumentWindow(2, {})->close();
+    window->NewDocumentWindow(WindowMode::ConsistView, {})->close();
     EXPECT_EQ(Active(), &coal) << "the editor that opened it";
     activate(list);
     activate(north);
@@ -158,7 +160,10 @@ TEST_F(WindowsTest, ArrangedWindowsStayUsable)
     Start();
     for (int count : {3, 11}) {
         while (window->Documents().size() < static_cast<std::size_t>(count))
-            window->NewDocumentWindow(window->Documents().size() % 2 == 0 ? 0 : 1, {});
+            window->NewDocumentWindow(window->Documents().size() % 2 == 0
+                                          ? WindowMode::ConsistList
+                                          : WindowMode::ConsistEditor,
+                                      {});
         ASSERT_TRUE(Wait([this] { return Status().find("Loading") == std::string::npos; }));
         activate(*window->Documents()[1]);
         for (const QSize size : {QSize(900, 640), QSize(1270, 760)}) {

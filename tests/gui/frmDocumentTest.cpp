@@ -401,6 +401,12 @@ TEST_F(frmDocumentTest, SurvivesAFileThatIsDamagedOrRemovedUnderItsWindow)
     EXPECT_NE(dialogs.TakeLog().find("there is no Train block"), std::string::npos);
     QTest::keyClick(&train(), Qt::Key_Delete);
     EXPECT_NE(Status().find("there is no Train block"), std::string::npos) << Status();
+    dialogs.Answer(DialogAnswer::No); // do not save before viewing
+    button("cmdAction3").click();
+    const std::string log = dialogs.TakeLog();
+    EXPECT_NE(log.find("critical|View Consist|" + file + ": there is no Train block"), log.npos)
+        << log;
+    EXPECT_EQ(window->Documents().size(), 2u) << "nothing to view";
     game.Write("Trains/Consists/Coal.con", good);
     dialogs.Answer(DialogAnswer::Yes);
     Trigger("mnuViewRefresh");

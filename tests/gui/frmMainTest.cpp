@@ -12,6 +12,8 @@
 #include <QMimeData>
 #include <QStatusBar>
 
+using document::WindowMode;
+
 namespace {
 
 class frmMainTest : public GuiTest
@@ -98,8 +100,8 @@ TEST_F(frmMainTest, WindowNumbersCountByModeAndAreNotReused)
     Trigger("mnuFileNewConsist");
     EXPECT_TRUE(Wait([this] { return window->Documents().size() == 3; }));
     EXPECT_EQ(captions(), "Consist List 1\nConsist List 2\nConsist 2\n");
-    EXPECT_THROW(window->NewDocumentWindow(4, ""), host::RuntimeError);
-    EXPECT_NE(window->NewDocumentWindow(2, ""), nullptr);
+    EXPECT_THROW(window->NewDocumentWindow(static_cast<WindowMode>(4), ""), host::RuntimeError);
+    EXPECT_NE(window->NewDocumentWindow(WindowMode::ConsistView, ""), nullptr);
     EXPECT_EQ(Active()->Caption(), "Stock Item 1");
 }
 

@@ -100,7 +100,7 @@ TEST(LargeTest, SeedDecidesTheContent)
         return temp.Read(std::string(folder) + "/TRAINS/CONSISTS/Generated 00001.con");
     };
     const std::string first = consist("a", {});
-    EXPECT_EQ(consist("b", 1), first);
+    EXPECT_EQ(first, consist("b", 1));
     EXPECT_NE(first, consist("c", 2));
 }
 

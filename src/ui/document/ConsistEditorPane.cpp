@@ -1,357 +1,438 @@
 // SPDX-License-Identifier: MIT
 #include "ui/document/ConsistEditorPane.h"
 
-#include "host/Filter.h"
-#include "ui/document/EditorLayout.h"
-#include "ui/document/FoldingRow.h"
+#include "document/ConsistList.h"
+#include "host/Dialogs.h"
+#include "host/Folders.h"
+#include "host/GameFiles.h"
+#include "host/Guard.h"
+#include "host/Path.h"
+#include "host/Text.h"
+#include "install/Installation.h"
+#include "ui/document/DocumentHost.h"
+#include "ui/document/EditorControls.h"
+#include "ui/document/Furnishing.h"
+#include "ui/document/StockLoader.h"
+#include "ui/document/frmDocument.h"
+#include "viewer/StockShape.h"
 
-#include <QHBoxLayout>
-#include <QHeaderView>
-#include <QLocale>
-#include <QScrollBar>
-#include <QShortcut>
-#include <QSplitter>
-#include <QVBoxLayout>
-
-#include <initializer_list>
+#include <QMdiArea>
 
 namespace document {
 
+using host::DialogAnswer;
+using host::DialogIcon;
+
 namespace {
 
-struct MoveButton
-{
-    const char *toolTip, *icon;
-    bool gapBefore;
-};
-constexpr MoveButton kMoveButtons[] = {
-    {"Add stock to consist", "add", false},
-    {"Remove stock from consist", "remove", false},
-    {"Remove all consist items", "remove-all", false},
-    {"Move stock forwards", "forwards", true},
-    {"Move stock backwards", "backwards", false},
-    {"Flip stock in consist", "flip", true},
-};
+constexpr char kSave[] = "Save Consist", kOpen[] = "Open File", kViewConsist[] = "View Consist",
+               kViewShape[] = "View Shape";
 
-/// Alt+C and Alt+S open the menus Consist and Stock: a key that several answer does nothing.
-struct ActionButton
+/// A flipped unit has "*" behind its type.
+QStringList vehicleRow(std::size_t number, StockItem item)
 {
-    const char *caption, *toolTip;
-    bool keyIsTaken;
-};
-constexpr ActionButton kActionButtons[] = {
-    {"&Cancel", "Abandon changes", true},
-    {"&Apply", "Save changes", false},
-    {"&OK", "Save changes and close window", false},
-    {"View &Consist", "Show consist in 3D", true},
-    {"View &Shape", "Show selected shape in 3D", true},
-};
-
-QLabel *heading(QWidget *parent)
-{
-    auto *label = new QLabel(parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    return label;
-}
-
-/// A group of controls side by side.
-QBoxLayout *group(std::initializer_list<QWidget *> controls)
-{
-    auto *layout = new QHBoxLayout;
-    layout->setSpacing(6);
-    for (QWidget *control : controls)
-        layout->addWidget(control);
-    return layout;
-}
-
-QBoxLayout *listUnder(QLabel *title, ListView *list)
-{
-    auto *layout = new QVBoxLayout;
-    layout->setSpacing(4);
-    layout->addWidget(title);
-    layout->addWidget(list, 1);
-    return layout;
+    const bool flipped = item.type.ends_with('*');
+    if (flipped)
+        item.type.pop_back();
+    return {QString::number(number), QString::fromStdString(item.type),
+            QString::fromStdString(item.folder), QString::fromStdString(item.shape),
+            QLatin1String(flipped ? "flipped" : "")};
 }
 
 } // namespace
 
-ConsistEditorPane::ConsistEditorPane(const Furnishing &furnishing, QWidget *parent)
-    : QWidget(parent)
-    , lvConsist(new ListView("lvConsist", QStringLiteral("Current consist items"), this))
-    , lvStock(new ListView("lvStock", QStringLiteral("Available installed stock"), this))
-    , lblMaxVelocity(new QLabel(QStringLiteral("Max Velocity"), this))
-    , lblDurability(new QLabel(QStringLiteral("Durability"), this))
-    , m_consist(new ConsistModel(this))
-    , m_stock(new StockListModel(this))
-    , m_layout(furnishing.layout)
-    , m_consistHeading(heading(this))
-    , m_stockHeading(heading(this))
+ConsistEditorPane::ConsistEditorPane(frmDocument &window, DocumentHost &host,
+                                     const Furnishing &furnishing)
+    : m_window(window)
+    , m_host(host)
+    , m_consist(host.Files())
+    , m_controls(new EditorControls(furnishing))
+    , m_loader(new StockLoader(host, m_controls->Stock(), this))
 {
-    connectLists();
-    if (m_layout)
-        followLayout(*m_layout);
-    auto *splitter = new QSplitter(Qt::Horizontal, this);
-    splitter->addWidget(trainSide());
-    splitter->addWidget(stockSide(furnishing));
-    splitter->setChildrenCollapsible(false);
-    splitter->setStretchFactor(0, 1);
-    splitter->setStretchFactor(1, 1);
-
-    auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(10, 10, 10, 10);
-    layout->setSpacing(8);
-    layout->addLayout(figures());
-    layout->addWidget(splitter, 1);
-    layout->addLayout(actionRow());
-    setFocusProxy(lvConsist);
-    orderTabs();
-    ShowStockHeading({});
-    ShowChanged(false);
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setWidget(m_controls);
+    setFocusProxy(m_controls);
+    connectControls(furnishing);
+    connectLoader();
+    connect(&window, &QMdiSubWindow::windowStateChanged, this,
+            &ConsistEditorPane::focusWhenRestored);
 }
 
-/// As the eye goes.
-void ConsistEditorPane::orderTabs()
+void ConsistEditorPane::connectControls(const Furnishing &furnishing)
 {
-    QWidget *before = lvConsist;
-    const auto next = [&before](QWidget *control) {
-        setTabOrder(before, control);
-        before = control;
-    };
-    for (QToolButton *button : cmdMove)
-        next(button);
-    next(lvStock);
-    for (const std::size_t i : {3u, 4u, 2u, 0u, 1u})
-        next(cmdAction[i]);
+    connect(m_controls, &EditorControls::MovePressed, this, &ConsistEditorPane::editTrain);
+    connect(m_controls, &EditorControls::ActionPressed, &m_window, &frmDocument::ActionClick);
+    connect(m_controls, &EditorControls::MenuWanted, this,
+            [popUp = furnishing.popUpStockMenu](const QPoint &at) { popUp(at); });
+    connect(m_controls->lvConsist, &ListView::Focused, this, [this] { enterList(true); });
+    connect(m_controls->lvStock, &ListView::Focused, this, [this] { enterList(false); });
+    connect(m_controls->lvStock, &ListView::LeftPressed, this, &ConsistEditorPane::beginDrag);
+    connect(m_controls->lvStock, &ListView::LeftReleased, this, &ConsistEditorPane::endDrag);
 }
 
-QLayout *ConsistEditorPane::figures()
+void ConsistEditorPane::connectLoader()
 {
-    lblMaxVelocity->setObjectName("lblMaxVelocity");
-    lblDurability->setObjectName("lblDurability");
-    txtMaxVelocity[0] = figureBox("txtMaxVelocity0", QStringLiteral("Max Velocity"));
-    txtMaxVelocity[1] = figureBox("txtMaxVelocity1", QStringLiteral("Max Velocity, second value"));
-    txtDurability = figureBox("txtDurability", QStringLiteral("Durability"));
-    return new FoldingRow(group({lblMaxVelocity, txtMaxVelocity[0], txtMaxVelocity[1]}),
-                          group({lblDurability, txtDurability}), FoldingRow::Second::Beside, 24);
+    connect(m_loader, &StockLoader::Progressed, this,
+            [this] { m_controls->ShowStockHeading(m_window.Filter()); });
+    connect(m_loader, &StockLoader::Finished, this,
+            [this](bool stopped, const std::string &outcome) {
+                m_controls->ShowStockHeading(m_window.Filter());
+                m_host.WriteLog(stopped ? "Stopped" : "Done");
+                m_host.SetStatus(m_note.empty() ? outcome : m_note + "  " + outcome);
+                // The next refresh completes a list that was cut short.
+                m_stockLoaded = !stopped;
+            });
 }
 
-QLineEdit *ConsistEditorPane::figureBox(const char *name, const QString &title)
+/// Minimising hides the list that has the focus, and so takes the focus away.
+void ConsistEditorPane::focusWhenRestored(Qt::WindowStates before, Qt::WindowStates now)
 {
-    auto *box = new QLineEdit(this);
-    box->setObjectName(name);
-    box->setAccessibleName(title);
-    box->setAccessibleDescription(QString::fromLatin1(name));
-    box->setToolTip(title + QStringLiteral(" (for display only)"));
-    box->setReadOnly(true);
-    box->setFocusPolicy(Qt::ClickFocus);
-    box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("000000.00000")) + 16);
-    QPalette colours = box->palette();
-    colours.setColor(QPalette::Base, colours.color(QPalette::Window));
-    box->setPalette(colours);
-    return box;
-}
-
-QWidget *ConsistEditorPane::trainSide()
-{
-    auto *side = new QWidget(this);
-    QBoxLayout *layout = listUnder(m_consistHeading, lvConsist);
-    layout->setContentsMargins(0, 0, 2, 0);
-    side->setLayout(layout);
-    return side;
-}
-
-QWidget *ConsistEditorPane::stockSide(const Furnishing &furnishing)
-{
-    auto *side = new QWidget(this);
-    auto *layout = new QHBoxLayout(side);
-    layout->setContentsMargins(2, 0, 0, 0);
-    layout->setSpacing(8);
-    layout->addLayout(moveColumn(furnishing));
-    layout->addLayout(listUnder(m_stockHeading, lvStock), 1);
-    return side;
-}
-
-QBoxLayout *ConsistEditorPane::moveColumn(const Furnishing &furnishing)
-{
-    auto *layout = new QVBoxLayout;
-    layout->setSpacing(4);
-    layout->addStretch(1);
-    for (int i = 0; i < static_cast<int>(cmdMove.size()); ++i) {
-        const MoveButton &button = kMoveButtons[i];
-        auto *command = new QToolButton(this);
-        const QString toolTip = QString::fromLatin1(button.toolTip);
-        command->setObjectName(QStringLiteral("cmdMove%1").arg(i));
-        command->setAccessibleName(toolTip);
-        command->setAccessibleDescription(command->objectName());
-        command->setToolTip(toolTip);
-        command->setIcon(furnishing.icon(button.icon));
-        command->setIconSize({24, 24});
-        command->setFixedSize(36, 34);
-        command->setFocusPolicy(Qt::TabFocus);
-        connect(command, &QToolButton::clicked, this, [this, i] { Q_EMIT MovePressed(i); });
-        if (button.gapBefore)
-            layout->addSpacing(8);
-        layout->addWidget(command);
-        cmdMove[static_cast<std::size_t>(i)] = command;
-    }
-    layout->addStretch(1);
-    return layout;
-}
-
-QLayout *ConsistEditorPane::actionRow()
-{
-    for (int i = 0; i < static_cast<int>(cmdAction.size()); ++i) {
-        const ActionButton &button = kActionButtons[i];
-        auto *command = new QPushButton(QString::fromLatin1(button.caption), this);
-        command->setAccessibleName(command->text().remove(QLatin1Char('&')));
-        command->setObjectName(QStringLiteral("cmdAction%1").arg(i));
-        command->setAccessibleDescription(command->objectName());
-        command->setToolTip(QString::fromLatin1(button.toolTip));
-        command->setAutoDefault(false);
-        command->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the list
-        if (button.keyIsTaken)
-            command->setShortcut({});
-        connect(command, &QPushButton::clicked, this, [this, i] { Q_EMIT ActionPressed(i); });
-        cmdAction[static_cast<std::size_t>(i)] = command;
-    }
-    return new FoldingRow(group({cmdAction[3], cmdAction[4]}),
-                          group({cmdAction[2], cmdAction[0], cmdAction[1]}),
-                          FoldingRow::Second::AtRight, 6);
-}
-
-void ConsistEditorPane::connectLists()
-{
-    lvConsist->setModel(m_consist);
-    lvStock->setModel(m_stock);
-    for (ListView *list : {lvConsist, lvStock}) {
-        list->FitFirstColumn(QStringLiteral("Engine*"));
-        list->SetSearchColumn(2);
-        connect(list, &ListView::MenuWanted, this, &ConsistEditorPane::MenuWanted);
-    }
-    connect(lvStock, &ListView::InsertPressed, this,
-            [this] { Q_EMIT MovePressed(static_cast<int>(Move::Add)); });
-    connect(lvConsist, &ListView::DeletePressed, this, [this](Qt::KeyboardModifiers modifiers) {
-        const Move move = modifiers == Qt::ShiftModifier ? Move::RemoveAll : Move::Remove;
-        Q_EMIT MovePressed(static_cast<int>(move));
-    });
-    lvConsist->SetHint(
-        QStringLiteral("An empty train.\n\nSelect stock on the right and press Insert "
-                       "or the button with the plus sign."));
-    lvStock->header()->setSectionsClickable(true);
-    lvStock->header()->setToolTip(
-        QStringLiteral("To sort, click a title, or press Ctrl+1, Ctrl+2 or Ctrl+3 in the list"));
-    connect(lvStock->header(), &QHeaderView::sectionClicked, this, &ConsistEditorPane::sortStock);
-    for (int column = 0; column < kStockColumns; ++column) {
-        auto *key = new QShortcut(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + column), lvStock);
-        key->setContext(Qt::WidgetShortcut);
-        connect(key, &QShortcut::activated, this, [this, column] { sortStock(column); });
-    }
-}
-
-int ConsistEditorPane::heightForWidth(int width) const
-{
-    return layout()->totalMinimumHeightForWidth(width);
-}
-
-void ConsistEditorPane::sortStock(int column)
-{
-    m_stock->ClickHeader(column);
-    showStockOrder();
-    if (m_layout)
-        m_layout->stockOrder = m_stock->Order();
-}
-
-void ConsistEditorPane::showStockOrder()
-{
-    const StockOrder &order = m_stock->Order();
-    lvStock->header()->setSortIndicatorShown(true);
-    lvStock->header()->setSortIndicator(order.column,
-                                        order.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
-    lvStock->SetSearchColumn(order.column == 0 ? 2 : order.column);
-}
-
-/// Begins as the layout says, and notes in it what the user changes.
-void ConsistEditorPane::followLayout(EditorLayout &layout)
-{
-    lvConsist->SizeColumns(layout.consistWidths);
-    lvStock->SizeColumns(layout.stockWidths);
-    connect(lvConsist, &ListView::ColumnSized, this,
-            [this, &layout] { layout.consistWidths = lvConsist->ColumnWidths(); });
-    connect(lvStock, &ListView::ColumnSized, this,
-            [this, &layout] { layout.stockWidths = lvStock->ColumnWidths(); });
-    if (layout.stockOrder.column < 0 || layout.stockOrder.column >= kStockColumns)
+    if (!before.testFlag(Qt::WindowMinimized) || now.testFlag(Qt::WindowMinimized))
         return;
-    m_stock->SetOrder(layout.stockOrder);
-    showStockOrder();
+    const auto focusActiveList = [this] {
+        if (m_window.mdiArea() && m_window.mdiArea()->activeSubWindow() == &m_window)
+            m_controls->setFocus();
+    };
+    // The window is not active yet, and its controls are not visible.
+    QMetaObject::invokeMethod(m_controls, focusActiveList, Qt::QueuedConnection);
 }
 
-void ConsistEditorPane::ShowConsist(const ConsistTree &consist)
+/// The window gives the focus to this list when the user returns to it.
+void ConsistEditorPane::enterList(bool consist)
 {
-    m_consist->SetRows(consist.Rows());
-    showConsistHeading();
-    for (int i = 0; i < 2; ++i)
-        txtMaxVelocity[static_cast<std::size_t>(i)]->setText(
-            QString::fromStdString(consist.MaxVelocity(i)));
-    txtDurability->setText(QString::fromStdString(consist.Durability()));
-    for (QLineEdit *box : {txtMaxVelocity[0], txtMaxVelocity[1], txtDurability})
-        box->setCursorPosition(0);
+    m_consistIsActiveList = consist;
+    m_controls->setFocusProxy(consist ? m_controls->lvConsist : m_controls->lvStock);
 }
 
-void ConsistEditorPane::ShowConsistAgain(const ConsistTree &consist)
+void ConsistEditorPane::beginDrag()
 {
-    const int row = SelectedConsistRow(), scrolled = lvConsist->verticalScrollBar()->value();
-    ShowConsist(consist);
-    SelectConsistRow(row);
-    lvConsist->doItemsLayout(); // the scroll bar has no range before that
-    lvConsist->verticalScrollBar()->setValue(scrolled);
+    m_dragRow = m_controls->lvStock->SelectedRow();
+    if (m_dragRow >= 0)
+        m_host.WriteLog("Dragging " + m_controls->Stock().Item(m_dragRow).type);
 }
 
-void ConsistEditorPane::showConsistHeading()
+void ConsistEditorPane::endDrag()
 {
-    const QString text = QStringLiteral("Current consist items (%1)%2")
-                             .arg(QLocale().toString(m_consist->rowCount()))
-                             .arg(QLatin1String(m_changed ? ", changed" : ""));
-    m_consistHeading->setText(text);
-    m_consistHeading->setToolTip(text); // the list may be too narrow for the whole text
+    // The list may have been loaded again since the press.
+    if (m_dragRow >= 0 && m_dragRow < m_controls->Stock().rowCount())
+        m_host.WriteLog("Dragged " + m_controls->Stock().Item(m_dragRow).type);
+    m_dragRow = -1;
 }
 
-void ConsistEditorPane::ShowChanged(bool changed)
+void ConsistEditorPane::Load()
 {
-    m_changed = changed;
-    showConsistHeading();
-    // A disabled button passes the focus to the next control; the list that was active gets it.
-    if (!changed && (cmdAction[1]->hasFocus() || cmdAction[2]->hasFocus()))
-        setFocus();
-    cmdAction[1]->setEnabled(changed);
-    cmdAction[2]->setEnabled(changed);
+    m_note.clear();
+    if (!m_window.FileName().empty() && m_host.Files().FileExists(m_window.FileName()))
+        loadConsist();
+    else
+        startConsist();
+    showChanged();
+    if (!m_note.empty())
+        m_host.SetStatus(m_note);
+    loadStock();
+    reportHiddenUnits();
 }
 
-void ConsistEditorPane::ShowStockHeading(const std::string &filter)
+void ConsistEditorPane::loadConsist()
 {
-    QString text = QStringLiteral("Available installed stock (%1)")
-                       .arg(QLocale().toString(m_stock->rowCount()));
-    QString nothing = QStringLiteral("No stock found");
-    if (!host::MatchesEverything(filter)) {
-        const QString name = QString::fromStdString(filter);
-        text += QStringLiteral(", filtered on ") + name;
-        nothing += QStringLiteral(" in folders that match ") + name;
+    const bool dropsChanges = Changed() && m_controls->isVisible();
+    try {
+        m_consist.Load(m_window.FileName());
+    } catch (...) {
+        m_controls->ShowConsist(m_consist);
+        showChanged();
+        throw;
     }
-    lvStock->SetHint(nothing);
-    m_stockHeading->setText(text);
-    m_stockHeading->setToolTip(text);
+    m_controls->ShowConsist(m_consist);
+    showTitle();
+    if (dropsChanges)
+        m_note = m_window.FileName() + " was read again; unsaved changes were dropped.";
 }
 
-const StockItem *ConsistEditorPane::SelectedStock() const
+void ConsistEditorPane::startConsist()
 {
-    const int row = lvStock->SelectedRow();
-    return row < 0 ? nullptr : &m_stock->Item(row);
+    m_consist.New(m_window.FileName());
+    m_controls->ShowConsist(m_consist);
+    if (!m_window.FileName().empty())
+        m_note = m_window.FileName() + " does not exist yet: it is made when you save.";
 }
 
-const StockItem *ConsistEditorPane::SelectedUnit() const
+void ConsistEditorPane::reportHiddenUnits()
 {
-    const int row = lvConsist->SelectedRow();
-    return row < 0 ? nullptr : &m_consist->Item(row);
+    if (m_consist.WhyRowsEnd().empty())
+        return;
+    m_host.Dialogs().Message(m_consist.WhyRowsEnd() +
+                                 ".\n\nThis unit and all units behind it are not shown.  Saving "
+                                 "keeps them as they are.",
+                             kOpen, DialogIcon::Information);
+}
+
+void ConsistEditorPane::loadStock()
+{
+    m_host.WriteLog("Loading installed stock list...");
+    if (m_stockLoaded)
+        return;
+    m_stockLoaded = true;
+    m_loader->Start(m_window.Filter());
+    m_controls->ShowStockHeading(m_window.Filter());
+}
+
+void ConsistEditorPane::ReloadStock()
+{
+    m_note.clear();
+    rereadStock();
+}
+
+/// The note about the file just read is shown again when the stock is loaded.
+void ConsistEditorPane::rereadStock()
+{
+    m_stockLoaded = false;
+    loadStock();
+}
+
+void ConsistEditorPane::Refresh()
+{
+    if (m_host.Files().FileExists(m_window.FileName()))
+        Load();
+    else
+        keepConsist();
+    rereadStock();
+}
+
+/// The window may hold the only remaining copy.
+void ConsistEditorPane::keepConsist()
+{
+    if (m_window.FileName().empty()) {
+        m_note = "There is no file to read again: the consist stays as it is.";
+    } else {
+        m_note = m_window.FileName() + " does not exist: the consist stays as it is, not saved.";
+        m_consist.SetChanged(true);
+        showChanged();
+    }
+    m_host.SetStatus(m_note);
+}
+
+void ConsistEditorPane::FollowSave(const std::string &path)
+{
+    if (m_window.FileName().empty() || !m_consist.ChangedOnDisk(path))
+        return;
+    if (Changed())
+        m_host.SetStatus(path + " was saved in one window and has unsaved changes in another.");
+    else
+        Guarded(m_host.Dialogs(), kOpen, [this] { readAgain(); });
+}
+
+void ConsistEditorPane::readAgain()
+{
+    m_consist.Load(m_window.FileName());
+    m_controls->ShowConsistAgain(m_consist);
+    showChanged();
+    showTitle();
+}
+
+/// A new consist has no title before it is saved: its window keeps the caption that it has.
+void ConsistEditorPane::showTitle()
+{
+    if (const std::string title = m_consist.Title(); !title.empty())
+        m_window.SetCaption("Consist - " + title);
+}
+
+void ConsistEditorPane::showChanged()
+{
+    m_controls->ShowChanged(m_consist.Changed());
+}
+
+void ConsistEditorPane::editTrain(Move move)
+{
+    const EditResult result =
+        m_consist.Edit(move, m_controls->SelectedConsistRow(), m_controls->SelectedStock());
+    m_controls->ShowConsist(m_consist);
+    showChanged();
+    m_controls->SelectConsistRow(result.selectedRow);
+    showTitle();
+    m_controls->lvConsist->setFocus();
+    enterList(true);
+    m_host.SetStatus(result.message);
+}
+
+void ConsistEditorPane::Act(EditorAction action)
+{
+    switch (action) {
+    case EditorAction::Cancel:
+        cancel();
+        break;
+    case EditorAction::Apply:
+        apply();
+        break;
+    case EditorAction::Ok:
+        saveAndClose();
+        break;
+    case EditorAction::ViewConsist:
+        viewConsist();
+        break;
+    case EditorAction::ViewShape:
+        viewShape();
+        break;
+    }
+}
+
+void ConsistEditorPane::cancel()
+{
+    if (Changed()) {
+        if (!m_window.OfferToSave("Cancel", "Consist has changed.  All changes will be lost if you "
+                                            "do not save it.  Do you want to save it before "
+                                            "closing the consist?"))
+            return;
+        m_consist.SetChanged(false);
+        showChanged();
+    }
+    m_window.close();
+}
+
+void ConsistEditorPane::apply()
+{
+    if (m_window.FileName().empty())
+        m_window.SaveByHost(false); // asks for a name
+    else
+        saveInPlace();
+}
+
+void ConsistEditorPane::saveAndClose()
+{
+    if (saveInPlace())
+        m_window.close();
+}
+
+/// False when writing failed, or when the user keeps the change that somebody else has made.
+bool ConsistEditorPane::saveInPlace()
+{
+    return MayOverwrite(m_consist, m_window.FileName(), m_host.Dialogs()) &&
+           Guarded(m_host.Dialogs(), kSave, [this] { Write(false); });
+}
+
+void ConsistEditorPane::Write(bool quiet)
+{
+    if (m_window.FileName().empty())
+        return;
+    m_consist.Save(m_window.FileName());
+    showSaved(quiet);
+}
+
+void ConsistEditorPane::Save(bool quiet)
+{
+    finishSave(SaveConsist(m_consist, m_window.FileName(), saveQuestions(), quiet), quiet);
+}
+
+void ConsistEditorPane::SaveAs()
+{
+    finishSave(SaveConsistAs(m_consist, m_window.FileName(), saveQuestions()), false);
+}
+
+SaveQuestions ConsistEditorPane::saveQuestions()
+{
+    return {m_host.Dialogs(), m_host.Files(), ConsistFolder(m_host.Installation(), m_host.Files())};
+}
+
+void ConsistEditorPane::finishSave(const SaveOutcome &outcome, bool quiet)
+{
+    m_window.SetFileName(outcome.fileName);
+    if (!outcome.caption.empty())
+        m_window.SetCaption(outcome.caption);
+    if (outcome.saved)
+        showSaved(quiet);
+    else
+        showChanged();
+}
+
+void ConsistEditorPane::showSaved(bool quiet)
+{
+    m_note.clear();
+    if (!quiet)
+        m_host.Dialogs().Message(m_window.FileName() + " saved", kSave, DialogIcon::Information);
+    showChanged();
+    Q_EMIT m_window.Saved(m_window.FileName());
+}
+
+const StockItem *ConsistEditorPane::selectedStockItem() const
+{
+    return m_consistIsActiveList ? m_controls->SelectedUnit() : m_controls->SelectedStock();
+}
+
+std::string ConsistEditorPane::SelectedItem() const
+{
+    const StockItem *item = selectedStockItem();
+    return item ? StockPath(m_host.Installation().CurrentFolder(), *item) : std::string();
+}
+
+void ConsistEditorPane::viewConsist()
+{
+    std::string file = m_window.FileName();
+    if (Changed()) {
+        const DialogAnswer answer = m_host.Dialogs().Message(
+            "Consist has changed.  Do you want to save it before viewing the consist?",
+            kViewConsist, DialogIcon::Question, host::DialogButtons::YesNoCancel);
+        if (answer == DialogAnswer::Cancel ||
+            (answer == DialogAnswer::Yes && !m_window.SaveByHost(true)))
+            return;
+        file = answer == DialogAnswer::Yes ? m_window.FileName() : saveScratchCopy();
+    }
+    if (!file.empty())
+        m_host.OpenDocumentWindow(file, WindowMode::ConsistView, m_window.Caption(), {});
+}
+
+/// Writes the consist as it is now to a file beside the program. Returns the path, or "" after a
+/// failure, which was reported. The document stays changed.
+std::string ConsistEditorPane::saveScratchCopy()
+{
+    const std::string scratch = host::path::Join(host::ProgramFolder(), "Temporary Consist.con");
+    const bool written = Guarded(m_host.Dialogs(), kViewConsist, [&] {
+        if (m_host.Files().FileExists(scratch))
+            m_host.Files().RemoveFile(scratch);
+        m_consist.SaveCopy(scratch);
+    });
+    return written ? scratch : std::string();
+}
+
+void ConsistEditorPane::viewShape()
+{
+    const StockItem *item = selectedStockItem();
+    if (!item) {
+        m_host.Dialogs().Message("Nothing selected to view", kViewShape, DialogIcon::Critical);
+        return;
+    }
+    const std::string caption = item->type + " - " + item->shape;
+    Guarded(m_host.Dialogs(), kViewShape, [&] {
+        const auto stock = viewer::ReadStockShapeToShow(m_host.Files(), SelectedItem());
+        m_host.OpenDocumentWindow(stock.shapeFile, WindowMode::ShapeView, caption, {});
+    });
+}
+
+void ConsistEditorPane::StopWork()
+{
+    m_loader->Stop();
+}
+
+void ConsistEditorPane::AddRemark(const std::string &remark)
+{
+    m_note += (m_note.empty() ? "" : "  ") + remark;
+}
+
+app::PrintJob ConsistEditorPane::Print()
+{
+    std::vector<QStringList> rows;
+    for (const ConsistRow &row : m_consist.Rows())
+        rows.push_back(vehicleRow(rows.size() + 1, row.item));
+    return {"Print Consist",
+            app::FrameOf(m_window.Caption(),
+                         {host::Counted(rows.size(), "vehicle", "vehicles"), m_window.FileName(),
+                          m_consist.Changed() ? "not saved yet" : ""}),
+            app::PrintTable({{QStringLiteral("No."), 0.07},
+                             {QStringLiteral("Type"), 0.12},
+                             {QStringLiteral("Folder"), 0.34},
+                             {QStringLiteral("Shape"), 0.36},
+                             {QStringLiteral("Flip"), 0.11}},
+                            std::move(rows))};
 }
 
 } // namespace document

@@ -2,89 +2,91 @@
 #pragma once
 
 #include "document/ConsistTree.h"
-#include "ui/document/ConsistModel.h"
-#include "ui/document/Furnishing.h"
-#include "ui/document/StockListModel.h"
-#include "ui/widgets/ListView.h"
+#include "document/SaveConsist.h"
+#include "ui/document/DocumentPane.h"
 
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QToolButton>
-#include <QWidget>
+#include <QScrollArea>
 
-#include <array>
 #include <string>
 
-class QBoxLayout;
-class QLayout;
+class frmDocument;
 
 namespace document {
 
-/// The controls of a consist editor: the train at the left, the installed stock at the right, the
-/// editing buttons between them, the consist's figures above and the window's buttons below.
-class ConsistEditorPane : public QWidget
+class DocumentHost;
+class EditorControls;
+class StockLoader;
+struct Furnishing;
+
+/// The editor of one consist: holds the consist, and connects it to the controls and to its file.
+class ConsistEditorPane : public QScrollArea, public DocumentPane
 {
     Q_OBJECT
 
 public:
-    explicit ConsistEditorPane(const Furnishing &furnishing, QWidget *parent = nullptr);
+    /// `window` and `host` must outlive the pane.
+    ConsistEditorPane(frmDocument &window, DocumentHost &host, const Furnishing &furnishing);
 
-    void ShowConsist(const ConsistTree &consist);
-    /// Like ShowConsist, but keeps selection and scroll position as far as the train allows.
-    void ShowConsistAgain(const ConsistTree &consist);
-    /// Enables Apply and OK, and marks the heading of the train, while the consist differs from its
-    /// file.
-    void ShowChanged(bool changed);
-    /// Brings the heading of the stock list up to date.
-    void ShowStockHeading(const std::string &filter);
-
-    /// Rows count from 1, 0 is "none selected".
-    int SelectedConsistRow() const { return lvConsist->SelectedRow() + 1; }
-    void SelectConsistRow(int row) { lvConsist->SelectRow(row - 1); }
-    /// The selected installed stock item, or null.
-    const StockItem *SelectedStock() const;
-    /// The selected unit of the train, or null.
-    const StockItem *SelectedUnit() const;
-    StockListModel &Stock() { return *m_stock; }
-
-    /// The least height for a width: the rows of controls fold in a narrow window.
-    int heightForWidth(int width) const override;
-
-    ListView *lvConsist;
-    ListView *lvStock;
-    std::array<QToolButton *, 6> cmdMove{};
-    std::array<QPushButton *, 5> cmdAction{};
-    QLabel *lblMaxVelocity;
-    QLabel *lblDurability;
-    std::array<QLineEdit *, 2> txtMaxVelocity{};
-    QLineEdit *txtDurability;
-
-Q_SIGNALS:
-    void MovePressed(int index);
-    void ActionPressed(int index);
-    void MenuWanted(const QPoint &globalPosition);
+    QWidget &Widget() override { return *this; }
+    QSize MinimumWindowSize() const override { return {200, 120}; }
+    /// Reads the window's file; starts a new consist if there is none.
+    void Load() override;
+    /// Reads consist and stock again. Keeps the consist, as changed, if its file is gone.
+    void Refresh() override;
+    bool Changed() const override { return m_consist.Changed(); }
+    void StopWork() override;
+    app::PrintJob Print() override;
+    void AddRemark(const std::string &remark) override;
+    const ConsistTree &Consist() const override { return m_consist; }
+    std::string SelectedItem() const override;
+    void Act(EditorAction action) override;
+    void Write(bool quiet) override;
+    void Save(bool quiet) override;
+    void SaveAs() override;
+    void FollowSave(const std::string &path) override;
+    void ReloadStock() override;
 
 private:
-    QLayout *figures();
-    QWidget *trainSide();
-    QWidget *stockSide(const Furnishing &furnishing);
-    QBoxLayout *moveColumn(const Furnishing &furnishing);
-    QLayout *actionRow();
-    QLineEdit *figureBox(const char *name, const QString &title);
-    void connectLists();
-    void orderTabs();
-    void sortStock(int column);
-    void showConsistHeading();
-    void showStockOrder();
-    void followLayout(EditorLayout &layout);
+    void connectControls(const Furnishing &furnishing);
+    void connectLoader();
+    void focusWhenRestored(Qt::WindowStates before, Qt::WindowStates now);
+    void enterList(bool consist);
+    void beginDrag();
+    void endDrag();
 
-    ConsistModel *m_consist;
-    StockListModel *m_stock;
-    EditorLayout *m_layout;
-    QLabel *m_consistHeading;
-    QLabel *m_stockHeading;
-    bool m_changed = false;
+    void loadConsist();
+    void startConsist();
+    void keepConsist();
+    void readAgain();
+    void reportHiddenUnits();
+    void loadStock();
+    void rereadStock();
+    void showTitle();
+    void showChanged();
+    void editTrain(Move move);
+
+    void cancel();
+    void apply();
+    void saveAndClose();
+    bool saveInPlace();
+    SaveQuestions saveQuestions();
+    void finishSave(const SaveOutcome &outcome, bool quiet);
+    void showSaved(bool quiet);
+
+    const StockItem *selectedStockItem() const;
+    void viewConsist();
+    std::string saveScratchCopy();
+    void viewShape();
+
+    frmDocument &m_window;
+    DocumentHost &m_host;
+    ConsistTree m_consist;
+    EditorControls *m_controls;
+    StockLoader *m_loader;
+    bool m_stockLoaded = false;
+    bool m_consistIsActiveList = false;
+    std::string m_note; ///< about the file just loaded, for the status bar
+    int m_dragRow = -1; ///< row of lvStock on which a left-button press began, -1 for none
 };
 
 } // namespace document

@@ -1,13 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "ui/document/ConsistListPane.h"
 
+#include "document/ConsistList.h"
+#include "host/Dialogs.h"
+#include "host/Filter.h"
+#include "host/GameFiles.h"
+#include "host/Text.h"
+#include "install/Installation.h"
+#include "ui/document/DocumentHost.h"
+#include "ui/document/Furnishing.h"
+#include "ui/document/frmDocument.h"
+
 #include <QVBoxLayout>
 
 namespace document {
 
-ConsistListPane::ConsistListPane(QWidget *parent)
-    : QWidget(parent)
-    , lvConsists(new ListView("lvConsists", QStringLiteral("Installed consists"), this))
+ConsistListPane::ConsistListPane(frmDocument &window, DocumentHost &host,
+                                 const Furnishing &furnishing)
+    : lvConsists(new ListView("lvConsists", QStringLiteral("Installed consists"), this))
+    , m_window(window)
+    , m_host(host)
     , m_model(new ConsistListModel(this))
 {
     lvConsists->setModel(m_model);
@@ -17,29 +29,74 @@ ConsistListPane::ConsistListPane(QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(lvConsists);
     setFocusProxy(lvConsists);
-
-    connect(lvConsists, &ListView::MenuWanted, this, &ConsistListPane::MenuWanted);
-    connect(lvConsists, &ListView::doubleClicked, this, [this](const QModelIndex &index) {
-        Q_EMIT EditRequested({m_model->Name(index.row())});
-    });
-    connect(lvConsists, &ListView::ReturnPressed, this, [this](Qt::KeyboardModifiers modifiers) {
-        const std::vector<std::string> names = SelectedNames();
-        if (modifiers == Qt::NoModifier)
-            Q_EMIT EditRequested(names);
-        else
-            Q_EMIT ViewRequested(names);
-    });
+    connectList(furnishing);
 }
 
-void ConsistListPane::ShowNames(std::vector<std::string> names, bool atTop)
+void ConsistListPane::connectList(const Furnishing &furnishing)
 {
-    m_model->SetNames(std::move(names));
-    lvConsists->ResetOnlyColumn();
-    if (atTop)
-        lvConsists->scrollToTop();
+    connect(lvConsists, &ListView::MenuWanted, this,
+            [popUp = furnishing.popUpConsistMenu](const QPoint &at) { popUp(at); });
+    connect(lvConsists, &ListView::doubleClicked, this,
+            [this](const QModelIndex &index) { m_window.EditConsist(m_model->Name(index.row())); });
+    connect(lvConsists, &ListView::ReturnPressed, this, [this](Qt::KeyboardModifiers modifiers) {
+        for (const std::string &name : SelectedConsists())
+            if (modifiers == Qt::NoModifier)
+                m_window.EditConsist(name);
+            else
+                m_window.ViewConsist(name);
+    });
 }
 
-std::vector<std::string> ConsistListPane::SelectedNames() const
+void ConsistListPane::Load()
+{
+    m_window.SetCaption(ConsistListCaption(m_window.Number(), m_window.Filter()));
+    showNames();
+    m_host.SetStatus(status());
+}
+
+/// The list keeps its position unless the filter has changed.
+void ConsistListPane::showNames()
+{
+    const std::string &filter = m_window.Filter();
+    lvConsists->SetHint(
+        QString::fromStdString(EmptyListHint(m_host.Installation(), m_host.Files(), filter)));
+    m_model->SetNames(ListConsists(m_host.Installation(), m_host.Files(), filter));
+    lvConsists->ResetOnlyColumn();
+    if (filter != m_listedFilter)
+        lvConsists->scrollToTop();
+    m_listedFilter = filter;
+}
+
+std::string ConsistListPane::status() const
+{
+    const std::string folder = m_host.Installation().PathOf(kConsists);
+    return m_host.Files().IsClosed(folder)
+               ? folder + " cannot be read"
+               : host::Counted(m_model->Names().size(), "consist", "consists");
+}
+
+void ConsistListPane::ShowProperties()
+{
+    std::string text = "Path:\t" + m_host.Installation().PathOf(kConsists) + "\r\n\r\nCount:\t" +
+                       std::to_string(m_model->rowCount());
+    if (!host::MatchesEverything(m_window.Filter()))
+        text += " (Filtered on " + m_window.Filter() + ")";
+    m_host.Dialogs().Message(text, "All Consists Properties", host::DialogIcon::Information);
+}
+
+app::PrintJob ConsistListPane::Print()
+{
+    QStringList names;
+    for (const std::string &name : m_model->Names())
+        names << QString::fromStdString(name);
+    return {"Print Consist List",
+            app::FrameOf(m_window.Caption(),
+                         {host::Counted(m_model->Names().size(), "consist", "consists"),
+                          m_host.Installation().PathOf(kConsists)}),
+            app::PrintNames(std::move(names))};
+}
+
+std::vector<std::string> ConsistListPane::SelectedConsists() const
 {
     std::vector<std::string> names;
     for (const int row : lvConsists->SelectedRows())
@@ -47,7 +104,7 @@ std::vector<std::string> ConsistListPane::SelectedNames() const
     return names;
 }
 
-std::string ConsistListPane::SelectedName() const
+std::string ConsistListPane::SelectedConsist() const
 {
     const int row = lvConsists->SelectedRow();
     return row < 0 ? std::string() : m_model->Name(row);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/document/ConsistListModel.h"
+#include "ui/document/DocumentPane.h"
 #include "ui/widgets/ListView.h"
 
 #include <QWidget>
@@ -9,36 +10,42 @@
 #include <string>
 #include <vector>
 
+class frmDocument;
+
 namespace document {
 
-/// The controls of a consist list window.
-class ConsistListPane : public QWidget
+class DocumentHost;
+struct Furnishing;
+
+/// The list of the installed consists that match the window's filter.
+class ConsistListPane : public QWidget, public DocumentPane
 {
     Q_OBJECT
 
 public:
-    explicit ConsistListPane(QWidget *parent = nullptr);
+    /// `window` and `host` must outlive the pane.
+    ConsistListPane(frmDocument &window, DocumentHost &host, const Furnishing &furnishing);
 
-    /// Replaces the names. The list keeps its place, or starts at its top.
-    void ShowNames(std::vector<std::string> names, bool atTop);
-    /// Sets the text that the list shows as long as it has no names.
-    void ShowHint(const std::string &hint) { lvConsists->SetHint(QString::fromStdString(hint)); }
-    const std::vector<std::string> &Names() const { return m_model->Names(); }
-    int Count() const { return m_model->rowCount(); }
-    /// The names of the selected rows, from the first to the last.
-    std::vector<std::string> SelectedNames() const;
-    /// The one selected name, or of several the current one; "" for none.
-    std::string SelectedName() const;
+    QWidget &Widget() override { return *this; }
+    QSize MinimumWindowSize() const override { return {180, 120}; }
+    void Load() override;
+    /// Shows the folder and the number of the consists in a message box.
+    void ShowProperties() override;
+    app::PrintJob Print() override;
+    std::vector<std::string> SelectedConsists() const override;
+    std::string SelectedConsist() const override;
 
     ListView *lvConsists;
 
-Q_SIGNALS:
-    void EditRequested(const std::vector<std::string> &names);
-    void ViewRequested(const std::vector<std::string> &names);
-    void MenuWanted(const QPoint &globalPosition);
-
 private:
+    void connectList(const Furnishing &furnishing);
+    void showNames();
+    std::string status() const;
+
+    frmDocument &m_window;
+    DocumentHost &m_host;
     ConsistListModel *m_model;
+    std::string m_listedFilter; ///< the filter of the names shown
 };
 
 } // namespace document

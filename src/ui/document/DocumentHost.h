@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "document/WindowMode.h"
 #include "stavfile/StfNode.h"
 
 #include <string>
@@ -31,7 +32,7 @@ public:
     virtual korvat::ModelSource &Shapes() = 0;
 
     /// The opener of document windows: a window in this mode, with this caption, shown.
-    virtual void OpenDocumentWindow(const std::string &fileName, int mode,
+    virtual void OpenDocumentWindow(const std::string &fileName, WindowMode mode,
                                     const std::string &caption, const StfNode &node) = 0;
     /// Saves the active document window (the flag: no caption change, no " saved" message).
     virtual void SaveDocument(bool quiet) = 0;

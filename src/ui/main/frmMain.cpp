@@ -2,10 +2,9 @@
 #include "ui/main/frmMain.h"
 
 #include "app/OpenRules.h"
-#include "app/SaveConsist.h"
 #include "app/modZELK.h"
+#include "document/ConsistList.h"
 #include "host/Folders.h"
-#include "host/GameFiles.h"
 #include "host/Guard.h"
 #include "host/Path.h"
 #include "host/Product.h"
@@ -31,11 +30,11 @@
 
 using app::Arrangement;
 using document::Guarded;
+using document::WindowMode;
 using host::DialogIcon;
 
 namespace {
 
-constexpr int kListMode = 0, kEditorMode = 1, kShapeViewMode = 3, kModes = 4;
 constexpr QSize kListSize(340, 400), kEditorSize(660, 440), kViewSize(880, 520);
 
 void place(QMdiSubWindow &window, const QRect &bounds)
@@ -62,7 +61,7 @@ frmMain::frmMain(const app::Services &services, const std::string &file)
     loadSettings();
     updateActions();
     if (file.empty())
-        NewDocumentWindow(kListMode, {});
+        NewDocumentWindow(WindowMode::ConsistList, {});
 }
 
 frmMain::~frmMain()
@@ -183,32 +182,34 @@ void frmMain::OpenFile(const std::string &path)
     }
     m_lastFolder = host::path::FolderWithSeparator(path);
     if (kind == app::OpenKind::Consist)
-        OpenDocumentWindow(path, kEditorMode, "Consist - " + path, {});
+        OpenDocumentWindow(path, WindowMode::ConsistEditor, "Consist - " + path, {});
     else if (kind == app::OpenKind::Shape)
-        OpenDocumentWindow(path, kShapeViewMode, "Shape - " + path, {});
+        OpenDocumentWindow(path, WindowMode::ShapeView, "Shape - " + path, {});
     else
         Guarded(m_services.dialogs, "Open File",
                 [&] { kind == app::OpenKind::Stock ? openStock(path) : openActivity(path); });
 }
 
-frmDocument *frmMain::NewDocumentWindow(int mode, const std::string &fileName)
+frmDocument *frmMain::NewDocumentWindow(WindowMode mode, const std::string &fileName)
 {
-    if (mode < 0 || mode >= kModes)
+    const auto index = static_cast<std::size_t>(mode);
+    if (index >= document::kWindowModes)
         throw host::RuntimeError(host::ErrorNumber::SubscriptOutOfRange,
-                                 "window mode " + std::to_string(mode));
-    static constexpr const char *names[kModes] = {"Consist List", "Consist", "Stock Item", ""};
-    const int number = ++m_counters[static_cast<std::size_t>(mode)];
-    return openWindow(fileName, mode, names[mode] + (" " + std::to_string(number)), {}, number);
+                                 "window mode " + std::to_string(static_cast<int>(mode)));
+    static constexpr const char *names[document::kWindowModes] = {"Consist List", "Consist",
+                                                                  "Stock Item", ""};
+    const int number = ++m_counters[index];
+    return openWindow(fileName, mode, names[index] + (" " + std::to_string(number)), {}, number);
 }
 
-void frmMain::OpenDocumentWindow(const std::string &fileName, int mode, const std::string &caption,
-                                 const StfNode &node)
+void frmMain::OpenDocumentWindow(const std::string &fileName, WindowMode mode,
+                                 const std::string &caption, const StfNode &node)
 {
     openWindow(fileName, mode, caption, node, 0);
 }
 
-frmDocument *frmMain::openWindow(const std::string &fileName, int mode, const std::string &caption,
-                                 const StfNode &node, int number)
+frmDocument *frmMain::openWindow(const std::string &fileName, WindowMode mode,
+                                 const std::string &caption, const StfNode &node, int number)
 {
     auto *window = new frmDocument(*this, furnishing(), number);
     window->SetFileName(fileName);
@@ -247,9 +248,9 @@ void frmMain::addWindow(frmDocument *window)
 /// As large as a window of its kind likes to be, as far as there is room.
 void frmMain::giveSize(frmDocument &window)
 {
-    const QSize wanted = window.Mode() == kListMode     ? kListSize
-                         : window.Mode() == kEditorMode ? kEditorSize
-                                                        : kViewSize;
+    const QSize wanted = window.Mode() == WindowMode::ConsistList     ? kListSize
+                         : window.Mode() == WindowMode::ConsistEditor ? kEditorSize
+                                                                      : kViewSize;
     window.resize(wanted.boundedTo(areaSize()).expandedTo({320, 260}));
     m_givenSizes[&window] = window.size();
 }
@@ -319,8 +320,9 @@ document::Furnishing frmMain::furnishing()
 void frmMain::updateActions()
 {
     const frmDocument *active = ActiveDocument();
-    const int mode = active ? active->Mode() : -1;
-    const bool list = mode == kListMode, editor = mode == kEditorMode, view = mode > kEditorMode;
+    const auto is = [active](WindowMode mode) { return active && active->Mode() == mode; };
+    const bool list = is(WindowMode::ConsistList), editor = is(WindowMode::ConsistEditor),
+               view = active && document::Is3D(active->Mode());
     const auto enable = [this](bool enabled, std::initializer_list<const char *> names) {
         for (const char *name : names)
             command(name)->setEnabled(enabled);
@@ -330,9 +332,10 @@ void frmMain::updateActions()
                                "mnuWindowArrangeIcons", "mnuWindowCloseAll"});
     enable(list || editor, {"mnuViewFilter", "mnuConsistView"});
     enable(editor || view, {"mnuFileSave", "mnuFileSaveAs"});
-    enable(std::any_of(m_documents.begin(), m_documents.end(),
-                       [](const auto *window) { return window->Mode() != kListMode; }),
-           {"mnuFileSaveAll"});
+    enable(
+        std::any_of(m_documents.begin(), m_documents.end(),
+                    [](const auto *window) { return window->Mode() != WindowMode::ConsistList; }),
+        {"mnuFileSaveAll"});
     enable(list, {"mnuConsistEdit", "mnuConsistCheckStock", "mnuEditCut", "mnuEditCopy"});
     enable(editor, {"mnuConsistViewShape", "mnuStockViewShape"});
     enable(view, {"mnuViewReset"});
@@ -345,35 +348,15 @@ void frmMain::updateActions()
 void frmMain::SaveDocument(bool quiet)
 {
     frmDocument *window = ActiveDocument();
-    if (window && window->Mode() > kEditorMode)
+    if (window && document::Is3D(window->Mode()))
         saveSnapshot(*window);
-    if (!window || window->Mode() != kEditorMode)
-        return;
-    app::SaveConsist(saveTarget(*window), m_services.dialogs, m_services.files, consistFolder(),
-                     quiet);
+    else if (window)
+        window->SaveConsist(quiet);
 }
 
-app::SaveTarget frmMain::saveTarget(frmDocument &editor)
-{
-    app::SaveTarget target;
-    target.fileName = [&editor] { return editor.FileName(); };
-    target.setFileName = [&editor](const std::string &name) { editor.SetFileName(name); };
-    target.caption = [&editor] { return editor.Caption(); };
-    target.setCaption = [&editor](const std::string &caption) { editor.SetCaption(caption); };
-    target.checkForm = [&editor] { editor.CheckForm(); };
-    target.changedOnDisk = [&editor](const std::string &path) {
-        return editor.Consist().ChangedOnDisk(path);
-    };
-    target.saveForm = [&editor](bool quiet) { editor.SaveForm(quiet); };
-    target.markChanged = [&editor] { editor.MarkChanged(); };
-    return target;
-}
-
-/// Where file dialogs begin: the folder of the consists as the disk spells it, "" when missing.
 std::string frmMain::consistFolder() const
 {
-    const auto folder = m_services.files.FindFolder(m_installation.PathOf("Trains\\Consists"));
-    return folder ? host::path::FromDisk(*folder) : std::string();
+    return document::ConsistFolder(m_installation, m_services.files);
 }
 
 void frmMain::SetStatus(const std::string &text)

@@ -41,7 +41,6 @@ class Desktop;
 class MainStatusBar;
 class Printers;
 struct PrintJob;
-struct SaveTarget;
 
 /// What the main window works with; everything must outlive it.
 struct Services
@@ -68,9 +67,9 @@ public:
 
     /// Opens a file of any kind in a window of its own, or says why not.
     void OpenFile(const std::string &path);
-    /// A new numbered window: mode 0 a consist list, 1 a consist editor, 2 and 3 in 3D. Null when
-    /// it could not be filled (the user was told). Error 9 for a mode outside 0 to 3.
-    frmDocument *NewDocumentWindow(int mode, const std::string &fileName);
+    /// Opens a new numbered window. Returns null if it could not be filled, after a message. Error
+    /// 9 for a number that is not a mode.
+    frmDocument *NewDocumentWindow(document::WindowMode mode, const std::string &fileName);
     /// The active document window, or null.
     frmDocument *ActiveDocument() const;
     /// All document windows in the order in which they were opened.
@@ -84,8 +83,8 @@ public:
     host::GameFiles &Files() override { return m_services.files; }
     const install::Installation &Installation() override { return m_installation; }
     korvat::ModelSource &Shapes() override { return m_shapes; }
-    void OpenDocumentWindow(const std::string &fileName, int mode, const std::string &caption,
-                            const StfNode &node) override;
+    void OpenDocumentWindow(const std::string &fileName, document::WindowMode mode,
+                            const std::string &caption, const StfNode &node) override;
     void SaveDocument(bool quiet) override;
     void ShowTextWindow(const std::string &title, const std::string &text) override;
     void OpenOutside(const std::string &path) override;
@@ -119,8 +118,8 @@ private:
     void buildStatusBar();
     void loadSettings();
     void saveSettings();
-    frmDocument *openWindow(const std::string &fileName, int mode, const std::string &caption,
-                            const StfNode &node, int number);
+    frmDocument *openWindow(const std::string &fileName, document::WindowMode mode,
+                            const std::string &caption, const StfNode &node, int number);
     void addWindow(frmDocument *window);
     void giveSize(frmDocument &window);
     void growWindows();
@@ -158,7 +157,6 @@ private:
     void newConsistList();
     void openFileDialog();
     void closeActive();
-    static app::SaveTarget saveTarget(frmDocument &editor);
     void closeAll();
     void save();
     void saveAs();
@@ -242,7 +240,8 @@ private:
     std::vector<frmDocument *> m_documents;            ///< in the order of opening
     std::map<const frmDocument *, QSize> m_givenSizes; ///< for want of a size of the user's
     std::vector<QAction *> m_windowItems; ///< the list of windows at the end of the Window menu
-    std::array<int, 4> m_counters{};      ///< numbers given to windows so far, by mode
+    std::array<int, document::kWindowModes>
+        m_counters{}; ///< numbers given to windows so far, by mode
     std::deque<LooseConsist> m_looseConsists;
     app::Arrangement m_tiling = app::Arrangement::Cascade;
     bool m_unloading = false;

@@ -31,9 +31,8 @@ std::optional<app::CheckTarget> frmMain::checkTarget() const
         return std::nullopt;
     const std::string shown = window->FileName();
     const std::string stock = window->SelectedItem();
-    constexpr int editorMode = 1;
     return app::CheckTarget{window->Mode(), window->SelectedConsists(), window->SelectedConsist(),
-                            window->Mode() == editorMode ? stock : shown};
+                            window->Mode() == document::WindowMode::ConsistEditor ? stock : shown};
 }
 
 void frmMain::checkDependencies()

@@ -3,7 +3,6 @@
 #include "ui/main/frmMain.h"
 
 #include "app/OpenRules.h"
-#include "app/SaveConsist.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "host/Guard.h"
@@ -21,13 +20,8 @@
 using app::Arrangement;
 using app::MenuEntry;
 using document::Guarded;
+using document::WindowMode;
 using host::DialogIcon;
-
-namespace {
-
-constexpr int kListMode = 0, kEditorMode = 1;
-
-} // namespace
 
 std::vector<MenuEntry> frmMain::menuTable()
 {
@@ -235,12 +229,12 @@ std::function<void()> frmMain::saying(const char *text)
 
 void frmMain::newConsist()
 {
-    NewDocumentWindow(kEditorMode, {});
+    NewDocumentWindow(WindowMode::ConsistEditor, {});
 }
 
 void frmMain::newConsistList()
 {
-    NewDocumentWindow(kListMode, {});
+    NewDocumentWindow(WindowMode::ConsistList, {});
 }
 
 void frmMain::openFileDialog()
@@ -273,11 +267,10 @@ void frmMain::save()
 void frmMain::saveAs()
 {
     frmDocument *window = ActiveDocument();
-    if (!window || window->Mode() != kEditorMode) {
+    if (window && window->Mode() == WindowMode::ConsistEditor)
+        window->SaveConsistAs();
+    else
         SaveDocument(false); // a 3D window saves a picture
-        return;
-    }
-    app::SaveConsistAs(saveTarget(*window), m_services.dialogs, m_services.files, consistFolder());
 }
 
 void frmMain::saveAll()
@@ -305,7 +298,7 @@ bool frmMain::mayChangeLocation()
 {
     const std::vector<frmDocument *> open = Documents();
     const bool editing = std::any_of(open.begin(), open.end(), [](const frmDocument *window) {
-        return window->Mode() == kEditorMode;
+        return window->Mode() == WindowMode::ConsistEditor;
     });
     if (!editing && !m_checks.Running())
         return true;
@@ -319,7 +312,7 @@ void frmMain::changeLocation(const std::string &location)
 {
     m_installation.SetLocation(location);
     for (frmDocument *window : Documents())
-        if (window->Mode() == kListMode)
+        if (window->Mode() == WindowMode::ConsistList)
             window->LoadForm();
 }
 
@@ -377,9 +370,9 @@ void frmMain::refresh()
 void frmMain::filter()
 {
     frmDocument *window = ActiveDocument();
-    if (!window || window->Mode() > kEditorMode)
+    if (!window || document::Is3D(window->Mode()))
         return;
-    const bool list = window->Mode() == kListMode;
+    const bool list = window->Mode() == WindowMode::ConsistList;
     const std::optional<std::string> answer = m_services.dialogs.Input(
         list ? "Enter a filter string for consists:" : "Enter a filter string for stock:",
         list ? "Filter Consist List" : "Filter Stock List", window->Filter());

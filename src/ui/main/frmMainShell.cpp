@@ -18,11 +18,11 @@
 #include <QGuiApplication>
 #include <QPrinter>
 
+using document::WindowMode;
 using host::DialogIcon;
 
 namespace {
 
-constexpr int kListMode = 0;
 constexpr double kMargin = 15; ///< millimetres around what is printed, until Page Setup
 
 } // namespace
@@ -30,7 +30,7 @@ constexpr double kMargin = 15; ///< millimetres around what is printed, until Pa
 void frmMain::copyConsist()
 {
     const frmDocument *window = ActiveDocument();
-    if (!window || window->Mode() != kListMode)
+    if (!window || window->Mode() != WindowMode::ConsistList)
         return;
     QClipboard &clipboard = *QGuiApplication::clipboard();
     clipboard.clear();
@@ -48,7 +48,7 @@ void frmMain::pasteConsist()
 void frmMain::cutConsist()
 {
     const frmDocument *window = ActiveDocument();
-    if (!window || window->Mode() != kListMode)
+    if (!window || window->Mode() != WindowMode::ConsistList)
         return;
     const std::string name = window->SelectedConsist(), only = onlyOne(*window, "was deleted");
     document::Guarded(m_services.dialogs, "Delete", [&] {
@@ -133,7 +133,7 @@ void frmMain::printActive()
     frmDocument *window = ActiveDocument();
     if (!window)
         return;
-    print(app::JobOf(*window, m_installation));
+    print(window->Print());
 }
 
 void frmMain::print(const app::PrintJob &job)

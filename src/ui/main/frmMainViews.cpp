@@ -11,14 +11,14 @@
 
 #include <QTimer>
 
+using document::EditorAction;
 using document::Guarded;
+using document::WindowMode;
 using host::DialogIcon;
 
 namespace {
 
-constexpr int kListMode = 0, kEditorMode = 1, kConsistViewMode = 2, kShapeViewMode = 3;
 constexpr int kBetweenWindows = 500; ///< milliseconds, so that each is drawn before the next opens
-constexpr int kViewShapeButton = 4, kViewConsistButton = 3;
 
 } // namespace
 
@@ -26,7 +26,7 @@ void frmMain::openStock(const std::string &path)
 {
     const viewer::StockShape stock = viewer::ReadStockShapeToShow(m_services.files, path);
     const bool wagon = host::path::Extension(path) == "wag";
-    OpenDocumentWindow(stock.shapeFile, kShapeViewMode,
+    OpenDocumentWindow(stock.shapeFile, WindowMode::ShapeView,
                        (wagon ? "Wagon - " : "Engine - ") + stock.name, {});
 }
 
@@ -58,7 +58,7 @@ void frmMain::openNextLooseConsist()
     SetStatus("Loading item " + number + " of " + std::to_string(item.total) + " from " +
               item.file);
     if (item.trainCfg)
-        OpenDocumentWindow(item.file, kConsistViewMode,
+        OpenDocumentWindow(item.file, WindowMode::ConsistView,
                            "Loose Consist " + number + " from " + item.file, item.trainCfg);
     else
         m_services.dialogs.Message(item.file + ": loose consist " + number +
@@ -75,9 +75,9 @@ void frmMain::viewSelectedConsist()
     if (!window)
         return;
     const std::string name = window->SelectedConsist();
-    if (window->Mode() == kEditorMode) {
-        window->ActionClick(kViewConsistButton);
-    } else if (window->Mode() == kListMode && !name.empty()) {
+    if (window->Mode() == WindowMode::ConsistEditor) {
+        window->ActionClick(EditorAction::ViewConsist);
+    } else if (window->Mode() == WindowMode::ConsistList && !name.empty()) {
         const std::string only = onlyOne(*window, "was opened");
         window->ViewConsist(name);
         remarkOnOpened(*window, only);
@@ -94,7 +94,7 @@ void frmMain::viewSelectedShape()
     if (window->SelectedItem().empty())
         m_services.dialogs.Message("Nothing selected!", "View Shape", DialogIcon::Critical);
     else
-        window->ActionClick(kViewShapeButton);
+        window->ActionClick(EditorAction::ViewShape);
 }
 
 void frmMain::resetView()

@@ -5,11 +5,7 @@
 
 #include <memory>
 #include <string>
-
-class frmDocument;
-namespace install {
-class Installation;
-}
+#include <vector>
 
 namespace app {
 
@@ -21,10 +17,9 @@ struct PrintJob
     std::unique_ptr<Printout> content;
 };
 
-/// Returns what a document window prints, by its mode: the list of consists as shown, the vehicles
-/// of a consist as in the editor, or the image of a 3D view. Throws RuntimeError 5 if there is no
-/// image.
-PrintJob JobOf(frmDocument &window, const install::Installation &installation);
+/// Returns a frame with this title, the facts that are not "" as one line below it, and the
+/// program's name and the current time in the footer.
+PageFrame FrameOf(const std::string &title, const std::vector<std::string> &facts);
 
 /// Returns the report of a results window.
 PrintJob ResultsJob(const std::string &caption, const std::string &text);

@@ -40,7 +40,7 @@ ViewerPane::ViewerPane(const PaneHost &host, QWidget *parent)
     , vscView(makeScrollBar(Qt::Vertical, "vscView", "Height of the camera"))
     , m_host(host)
     , m_grid(new QGridLayout(this))
-    , m_stage(host.services, sfViewer, host.setStatus)
+    , m_stage(host.services, sfViewer, [this](const std::string &text) { setStatus(text); })
 {
     m_grid->setContentsMargins(0, 0, 0, 0);
     m_grid->setSpacing(0);
@@ -205,7 +205,7 @@ void ViewerPane::told(const std::function<void()> &piece)
     try {
         piece();
     } catch (const std::exception &error) {
-        m_host.setStatus(error.what());
+        setStatus(error.what());
         m_host.services.dialogs.Message(host::Explained(error), "View Consist",
                                         host::DialogIcon::Critical);
     }
@@ -227,7 +227,7 @@ void ViewerPane::end()
     hscView->setRange(0, m_stage.ScrollMaximum());
     showPlace();
     showHeight();
-    Q_EMIT Loaded();
+    m_remark.clear();
 }
 
 void ViewerPane::ResetView()
@@ -247,7 +247,7 @@ void ViewerPane::moveCamera(const std::function<void(OrbitCamera &)> &move)
         move(camera);
         view->ResetCamera();
     } catch (const host::RuntimeError &error) {
-        m_host.setStatus(error.what());
+        setStatus(error.what());
     }
 }
 
@@ -256,7 +256,7 @@ void ViewerPane::drag(int buttons, float x, float y)
     if (!m_dragging)
         return;
     const float dx = x - m_lastX, dy = y - m_lastY;
-    m_host.setStatus(QStringLiteral("Move(%1,%2)").arg(plain(dx), plain(dy)).toStdString());
+    setStatus(QStringLiteral("Move(%1,%2)").arg(plain(dx), plain(dy)).toStdString());
     if (buttons == kLeft)
         moveCamera([&](OrbitCamera &camera) {
             m_tiltsOver ? camera.OrbitOver(dx, dy) : camera.Orbit(dx, dy);
@@ -299,10 +299,10 @@ void ViewerPane::SaveSnapshot(const std::string &base, const std::string &what)
     sfViewer->SetOverwriteSnapshot(false);
     sfViewer->SetSnapshotFile(base);
     const std::string file = sfViewer->SnapshotFile();
-    m_host.setStatus("Saving " + what + " snapshot to " + file);
+    setStatus("Saving " + what + " snapshot to " + file);
     sfViewer->SaveSnapshot();
     m_savedPicture->ShowPath(file);
-    m_host.setStatus("Done");
+    setStatus("Done");
 }
 
 void ViewerPane::resizeEvent(QResizeEvent *event)

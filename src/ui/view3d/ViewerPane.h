@@ -58,6 +58,9 @@ public:
     TSView *View() { return m_stage.View(); }
     /// Stops loading; what is loaded stays.
     void Stop();
+    /// Appends a remark to the status texts of the load under way, up to the one that reports its
+    /// end.
+    void AddRemark(const std::string &remark) { m_remark = "  " + remark; }
 
     void ResetView();
     /// Returns the texture report; "" if nothing is shown.
@@ -74,9 +77,6 @@ public:
     QScrollBar *vscView;
     QTimer tmrRenderer; ///< runs while a scene is loading
 
-Q_SIGNALS:
-    void Loaded();
-
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -86,6 +86,7 @@ private:
     void connectScrollBars();
     void connectCanvas();
     void makePictureBar();
+    void setStatus(const std::string &text) { m_host.setStatus(text + m_remark); }
     void showNoCanvas(const std::string &reason);
     void begin();
     void step();
@@ -97,6 +98,7 @@ private:
     void showHeight();
 
     PaneHost m_host;
+    std::string m_remark; ///< for the end of status texts, "" for none
     QGridLayout *m_grid;
     QLabel *m_noCanvas = nullptr;
     SavedPictureBar *m_savedPicture = nullptr; ///< null without OpenGL

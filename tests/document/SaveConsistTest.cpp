@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/SaveConsist.h"
+#include "document/SaveConsist.h"
 
+#include "document/ConsistTree.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "support/ScriptedDialogs.h"
@@ -17,35 +18,39 @@ using support::TempFolder;
 
 namespace {
 
+constexpr char kConsist[] = "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\n"
+                            "Train (\r\n TrainCfg ( \"x\"\r\n"
+                            " Wagon ( WagonData ( new A ) )\r\n )\r\n)\r\n";
+
+/// An editor window's consist, file name and caption, without the window.
 class SaveConsistTest : public testing::Test
 {
 protected:
-    app::SaveTarget target()
+    SaveConsistTest()
+        : tree(files)
     {
-        app::SaveTarget target;
-        target.fileName = [this] { return fileName; };
-        target.setFileName = [this](const std::string &name) { fileName = name; };
-        target.caption = [this] { return caption; };
-        target.setCaption = [this](const std::string &text) { caption = text; };
-        target.checkForm = [this] {
-            if (broken)
-                throw host::RuntimeError(host::ErrorNumber::ObjectNotSet, "no Train block");
-        };
-        target.changedOnDisk = [this](const std::string &path) { return path == changedFile; };
-        target.saveForm = [this](bool) {
-            if (full)
-                throw host::RuntimeError(host::ErrorNumber::PathFileAccess, "the disk is full");
-            files.WriteFile(fileName, "new");
-        };
-        target.markChanged = [this] { marked = true; };
-        return target;
+        read("read.con");
+    }
+
+    void read(const char *name) { tree.Load(folder.Write(name, kConsist)); }
+    /// Reads a file that cannot be saved.
+    void readBroken()
+    {
+        const std::string file = folder.Write("broken.con", "Nothing ( 1 )");
+        EXPECT_THROW(tree.Load(file), host::RuntimeError);
     }
     bool save(bool quiet = false)
     {
-        return app::SaveConsist(target(), dialogs, files, folder.Path(), quiet);
+        return apply(document::SaveConsist(tree, fileName, questions(), quiet));
     }
-    bool saveAs() { return app::SaveConsistAs(target(), dialogs, files, folder.Path()); }
+    bool saveAs() { return apply(document::SaveConsistAs(tree, fileName, questions())); }
     std::string at(const char *name) const { return folder.Path() + '/' + name; }
+    /// "new" for a file that the consist was saved to, otherwise what the file holds.
+    std::string content(const char *name) const
+    {
+        const std::string bytes = folder.Read(name);
+        return bytes.find("WagonData ( new A )") == bytes.npos ? bytes : "new";
+    }
     std::string question(const char *name) const
     {
         return "question|Save Consist|" + at(name) +
@@ -60,16 +65,25 @@ protected:
     TempFolder folder;
     host::GameFiles files;
     ScriptedDialogs dialogs;
+    document::ConsistTree tree;
     std::string fileName, caption = "before";
-    std::string changedFile; ///< by another program, after the window read it
-    bool broken = false, full = false, marked = false;
+
+private:
+    document::SaveQuestions questions() { return {dialogs, files, folder.Path()}; }
+    bool apply(const document::SaveOutcome &outcome)
+    {
+        fileName = outcome.fileName;
+        if (!outcome.caption.empty())
+            caption = outcome.caption;
+        return outcome.saved;
+    }
 };
 
 TEST_F(SaveConsistTest, WritesAFreeNameWithoutAsking)
 {
     fileName = at("a.con");
     EXPECT_TRUE(save());
-    EXPECT_EQ(folder.Read("a.con"), "new");
+    EXPECT_EQ(content("a.con"), "new");
     EXPECT_EQ(caption, "Consist - " + at("a.con"));
     EXPECT_EQ(dialogs.Log(), "");
     fileName = at("b.con");
@@ -104,13 +118,13 @@ TEST_F(SaveConsistTest, AsksEveryTimeBeforeOverwriting)
     dialogs.AnswerFile(at("b.con"));
     EXPECT_TRUE(save());
     EXPECT_EQ(folder.Read("a.con"), "old");
-    EXPECT_EQ(folder.Read("b.con"), "new");
+    EXPECT_EQ(content("b.con"), "new");
     EXPECT_EQ(dialogs.TakeLog(), question("a.con") + "\nsave|Save Consist As|*.con\n");
 
     fileName = at("a.con");
     dialogs.Answer(DialogAnswer::Yes);
     EXPECT_TRUE(save());
-    EXPECT_EQ(folder.Read("a.con"), "new");
+    EXPECT_EQ(content("a.con"), "new");
 }
 
 TEST_F(SaveConsistTest, NameStaysEmptyAfterNoAndACancelledDialog)
@@ -128,11 +142,12 @@ TEST_F(SaveConsistTest, FailedWriteDeletesNothing)
 {
     folder.Write("a.con", "old");
     fileName = at("a.con");
-    broken = true;
+    readBroken();
     dialogs.Answer(DialogAnswer::Yes);
     EXPECT_FALSE(save());
     EXPECT_EQ(folder.Read("a.con"), "old");
-    EXPECT_TRUE(dialogs.Log().starts_with("critical|Save Consist|no Train block\n"))
+    EXPECT_TRUE(dialogs.Log().starts_with("critical|Save Consist|" + at("broken.con") +
+                                          ": there is no Train block\n"))
         << dialogs.Log();
 }
 
@@ -191,8 +206,12 @@ TEST_F(SaveConsistTest, ChosenNamesEndWithCon)
 
 TEST_F(SaveConsistTest, AsksFirstAboutAFileChangedByAnotherProgram)
 {
-    folder.Write("a.con", "by others");
-    fileName = changedFile = at("a.con");
+    const auto readAndChange = [this] {
+        read("a.con");
+        folder.Write("a.con", "by others");
+        fileName = at("a.con");
+    };
+    readAndChange();
     for (const DialogAnswer answer : {DialogAnswer::No, DialogAnswer::Cancel}) {
         dialogs.Answer(answer);
         EXPECT_FALSE(save());
@@ -209,47 +228,52 @@ TEST_F(SaveConsistTest, AsksFirstAboutAFileChangedByAnotherProgram)
               changedQuestion("a.con") + question("a.con") + "\nsave|Save Consist As|*.con\n");
     EXPECT_EQ(folder.Read("a.con"), "by others");
 
-    fileName = at("b.con");
+    readAndChange();
     dialogs.AnswerFile(at("a.con")); // the window's file under Save As
     dialogs.Answer(DialogAnswer::No);
     EXPECT_FALSE(saveAs());
     EXPECT_EQ(dialogs.TakeLog(), "save|Save Consist As|*.con\n" + changedQuestion("a.con"));
-    EXPECT_EQ(fileName, at("b.con"));
+    EXPECT_EQ(fileName, at("a.con"));
 
-    fileName = at("a.con");
     dialogs.Answer(DialogAnswer::Yes);
     dialogs.Answer(DialogAnswer::Yes);
     EXPECT_TRUE(save());
-    EXPECT_EQ(folder.Read("a.con"), "new");
+    EXPECT_EQ(content("a.con"), "new");
 }
 
 TEST_F(SaveConsistTest, FailedWriteLeavesTheWindowUnchanged)
 {
-    full = true;
     folder.Write("b.con", "old");
     const struct
     {
-        const char *what, *chosen;
-        bool isSaveAs, deletes;
+        const char *what, *name, *chosen, *reason;
+        bool deletes;
     } rows[] = {
-        {"save", nullptr, false, false},
-        {"save as a free name", "c.con", true, false},
-        {"save as over another file", "b.con", true, true},
+        {"save", "missing/a.con", nullptr, "missing/a.con: ", false},
+        {"save as a free name", "a.con", "c.con", "there is no Train block", false},
+        {"save as over another file", "a.con", "b.con", "there is no Train block", true},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(row.what);
-        fileName = at("a.con");
-        marked = false;
+        read("read.con");
+        fileName = at(row.name);
         if (row.chosen)
             dialogs.AnswerFile(at(row.chosen));
         if (row.deletes)
             dialogs.Answer(DialogAnswer::Yes);
-        EXPECT_FALSE(row.isSaveAs ? saveAs() : save());
-        EXPECT_EQ(fileName + '|' + caption, at("a.con") + "|before");
-        EXPECT_EQ(marked, row.deletes) << "the window may hold the only copy";
-        EXPECT_TRUE(dialogs.TakeLog().ends_with("the disk is full\n"));
+        // The consist passes the check before the first question and then goes bad.
+        dialogs.onShown = [this] {
+            dialogs.onShown = nullptr;
+            readBroken();
+        };
+        EXPECT_FALSE(row.chosen ? saveAs() : save());
+        EXPECT_EQ(fileName + '|' + caption, at(row.name) + "|before");
+        EXPECT_EQ(row.deletes, tree.Changed()) << "what was deleted may be nowhere else";
+        const std::string log = dialogs.TakeLog();
+        EXPECT_NE(log.find(row.reason), log.npos) << log;
     }
     EXPECT_FALSE(folder.Exists("b.con"));
+    EXPECT_FALSE(folder.Exists("c.con"));
 }
 
 TEST_F(SaveConsistTest, CancelledSaveAsKeepsTheName)
@@ -276,7 +300,7 @@ TEST_F(SaveConsistTest, CancelledSaveAsKeepsTheName)
                   at("a.con") + "|before|old")
             << row.what;
     }
-    EXPECT_FALSE(marked);
+    EXPECT_FALSE(tree.Changed());
 }
 
 } // namespace

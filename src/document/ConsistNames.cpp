@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "app/ConsistNames.h"
+#include "document/ConsistNames.h"
 
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 
 #include <algorithm>
 
-namespace app {
+namespace document {
 namespace {
 
 [[noreturn]] void refuse(const std::string &path, const char *reason)
@@ -37,4 +37,4 @@ void CheckPortableConsistName(const std::string &name, const std::string &path)
         refuse(path, "the name of a consist cannot hold tabs or line breaks.");
 }
 
-} // namespace app
+} // namespace document

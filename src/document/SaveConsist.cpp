@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "document/SaveConsist.h"
+
+#include "document/ConsistNames.h"
+#include "document/ConsistTree.h"
+#include "host/Dialogs.h"
+#include "host/GameFiles.h"
+#include "host/Path.h"
+#include "host/RuntimeError.h"
+#include "host/Text.h"
+
+#include <exception>
+
+namespace document {
+namespace {
+
+constexpr char kTitle[] = "Save Consist", kAnyConsist[] = "*.con", kExtension[] = ".con";
+constexpr char kFilter[] = "Consist Files (*.con)|*.con|All Files (*.*)|*.*";
+
+/// A file to write; an empty name if the user has cancelled.
+struct Place
+{
+    std::string name;
+    bool replaces = false; ///< a file of this name is to be deleted first
+};
+
+/// The file name that the user chooses, "" for none. Lists show only names that end in ".con".
+std::string chosenName(const SaveQuestions &questions)
+{
+    const std::string name =
+        questions.dialogs.SaveFile({"Save Consist As", kFilter, kAnyConsist, questions.folder});
+    if (name.empty() || name == kAnyConsist)
+        return {};
+    return host::ToUpper(name).ends_with(".CON") ? name : name + kExtension;
+}
+
+host::DialogAnswer askToReplace(const std::string &name, host::Dialogs &dialogs)
+{
+    return dialogs.Message(name + " already exists.  Do you want to overwrite it?", kTitle,
+                           host::DialogIcon::Question, host::DialogButtons::YesNoCancel);
+}
+
+/// The file to save to. Asks for names until one is free or may be overwritten; `fileName` is
+/// cleared when the user does not want to overwrite that file.
+Place placeToSave(const ConsistTree &tree, std::string &fileName, const SaveQuestions &questions)
+{
+    for (;;) {
+        std::string name = fileName.empty() ? chosenName(questions) : fileName;
+        if (name.empty() || !MayOverwrite(tree, name, questions.dialogs))
+            return {};
+        if (!questions.files.FileExists(name)) {
+            CheckConsistName(host::path::BaseName(name), name);
+            return {name};
+        }
+        switch (askToReplace(name, questions.dialogs)) {
+        case host::DialogAnswer::Yes:
+            return {name, true};
+        case host::DialogAnswer::No:
+            fileName.clear();
+            break;
+        default:
+            questions.dialogs.Message("Save of " + name + " cancelled by user!", kTitle,
+                                      host::DialogIcon::Critical);
+            return {};
+        }
+    }
+}
+
+} // namespace
+
+SaveOutcome SaveConsist(ConsistTree &tree, const std::string &fileName,
+                        const SaveQuestions &questions, bool quiet)
+{
+    bool deleted = false;
+    try {
+        tree.CheckSavable(); // before an old file is deleted to make room
+        std::string remaining = fileName;
+        const Place place = placeToSave(tree, remaining, questions);
+        if (place.name.empty())
+            return {false, remaining, {}};
+        if (place.replaces) {
+            questions.files.RemoveFile(place.name);
+            deleted = true;
+        }
+        tree.Save(place.name);
+        return {true, place.name, quiet ? std::string() : "Consist - " + place.name};
+    } catch (const std::exception &error) {
+        if (deleted)
+            tree.SetChanged(true);
+        questions.dialogs.Message(host::Explained(error), kTitle, host::DialogIcon::Critical);
+        return {false, fileName, {}};
+    }
+}
+
+SaveOutcome SaveConsistAs(ConsistTree &tree, const std::string &fileName,
+                          const SaveQuestions &questions)
+{
+    SaveOutcome outcome = SaveConsist(tree, {}, questions, false);
+    if (!outcome.saved)
+        outcome.fileName = fileName;
+    return outcome;
+}
+
+bool MayOverwrite(const ConsistTree &tree, const std::string &fileName, host::Dialogs &dialogs)
+{
+    return !tree.ChangedOnDisk(fileName) ||
+           dialogs.Message(fileName + " was changed since it was opened. Overwrite it?", kTitle,
+                           host::DialogIcon::Question,
+                           host::DialogButtons::YesNoDefaultNo) == host::DialogAnswer::Yes;
+}
+
+} // namespace document

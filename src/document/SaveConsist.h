@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+namespace host {
+class Dialogs;
+class GameFiles;
+} // namespace host
+
+namespace document {
+
+class ConsistTree;
+
+/// How saving asks for file names and confirmation.
+struct SaveQuestions
+{
+    host::Dialogs &dialogs;
+    host::GameFiles &files;
+    std::string folder; ///< where the file dialog opens; "" for the dialog's own choice
+};
+
+/// The outcome of a save, for the window of the consist.
+struct SaveOutcome
+{
+    bool saved = false;
+    std::string fileName; ///< the file of the consist from now on; "" for none
+    std::string caption;  ///< the new caption of the window; "" to keep the present one
+};
+
+/// Saves a consist whose file is `fileName`:
+///
+/// - Without a file name, asks for one. A name chosen in the dialog always ends in ".con".
+/// - Asks before overwriting a change that somebody else has made; any answer but Yes stops.
+/// - Asks before overwriting any file. Yes deletes the file and writes the consist. No drops the
+///   file name and asks for another one. Cancel says so and stops.
+///
+/// A failure is reported with the whole path and the reason, and the consist keeps its file name.
+/// If the old file is deleted by then, the tree counts as changed. A `quiet` save keeps the
+/// caption.
+SaveOutcome SaveConsist(ConsistTree &tree, const std::string &fileName,
+                        const SaveQuestions &questions, bool quiet);
+
+/// Saves a consist under a name that is asked for. The consist keeps `fileName` unless it was
+/// written.
+SaveOutcome SaveConsistAs(ConsistTree &tree, const std::string &fileName,
+                          const SaveQuestions &questions);
+
+/// Asks whether to overwrite the file if somebody else has changed it since it was read. True when
+/// it is unchanged, belongs to another consist, or the answer is Yes.
+bool MayOverwrite(const ConsistTree &tree, const std::string &fileName, host::Dialogs &dialogs);
+
+} // namespace document

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "document/ConsistTree.h"
+#include "ui/document/ConsistModel.h"
+#include "ui/document/EditorAction.h"
+#include "ui/document/Furnishing.h"
+#include "ui/document/StockListModel.h"
+#include "ui/widgets/ListView.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QToolButton>
+#include <QWidget>
+
+#include <array>
+#include <string>
+
+class QBoxLayout;
+class QLayout;
+
+namespace document {
+
+/// The controls of a consist editor: the train at the left, the installed stock at the right, the
+/// editing buttons between them, the consist's figures above and the window's buttons below.
+class EditorControls : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit EditorControls(const Furnishing &furnishing, QWidget *parent = nullptr);
+
+    void ShowConsist(const ConsistTree &consist);
+    /// Like ShowConsist, but keeps selection and scroll position as far as the train allows.
+    void ShowConsistAgain(const ConsistTree &consist);
+    /// Enables Apply and OK, and marks the heading of the train, while the consist differs from its
+    /// file.
+    void ShowChanged(bool changed);
+    /// Brings the heading of the stock list up to date.
+    void ShowStockHeading(const std::string &filter);
+
+    /// Rows count from 1, 0 is "none selected".
+    int SelectedConsistRow() const { return lvConsist->SelectedRow() + 1; }
+    void SelectConsistRow(int row) { lvConsist->SelectRow(row - 1); }
+    /// The selected installed stock item, or null.
+    const StockItem *SelectedStock() const;
+    /// The selected unit of the train, or null.
+    const StockItem *SelectedUnit() const;
+    StockListModel &Stock() { return *m_stock; }
+
+    /// The least height for a width: the rows of controls fold in a narrow window.
+    int heightForWidth(int width) const override;
+
+    ListView *lvConsist;
+    ListView *lvStock;
+    std::array<QToolButton *, 6> cmdMove{};
+    std::array<QPushButton *, 5> cmdAction{};
+    QLabel *lblMaxVelocity;
+    QLabel *lblDurability;
+    std::array<QLineEdit *, 2> txtMaxVelocity{};
+    QLineEdit *txtDurability;
+
+Q_SIGNALS:
+    void MovePressed(Move move);
+    void ActionPressed(EditorAction action);
+    void MenuWanted(const QPoint &globalPosition);
+
+private:
+    QLayout *figures();
+    QWidget *trainSide();
+    QWidget *stockSide(const Furnishing &furnishing);
+    QBoxLayout *moveColumn(const Furnishing &furnishing);
+    QLayout *actionRow();
+    QPushButton *actionButton(EditorAction action) const
+    {
+        return cmdAction[static_cast<std::size_t>(action)];
+    }
+    QLineEdit *figureBox(const char *name, const QString &title);
+    void connectLists();
+    void orderTabs();
+    void sortStock(int column);
+    void showConsistHeading();
+    void showStockOrder();
+    void followLayout(EditorLayout &layout);
+
+    ConsistModel *m_consist;
+    StockListModel *m_stock;
+    EditorLayout *m_layout;
+    QLabel *m_consistHeading;
+    QLabel *m_stockHeading;
+    bool m_changed = false;
+};
+
+} // namespace document
