@@ -69,8 +69,6 @@ struct Span
     float to = 0;
 };
 
-using Outline = std::vector<Vec2>;
-
 /// A shape with its picture, and the bounds of all its levels in the rest pose.
 struct PaintedModel
 {

@@ -43,6 +43,8 @@ struct Window
     float height = 1;
 };
 
+using Outline = std::vector<Vec2>;
+
 class Brush;
 
 /// A square picture that is allocated area by area, with a margin around each.
