@@ -99,10 +99,19 @@ void Script::load(std::string_view name, std::string_view text)
 {
     for (int number = 1; !text.empty(); ++number) {
         const std::string_view line = takeUpTo(text, '\n');
-        const std::size_t indent = line.find_first_not_of(' ');
-        if (indent != std::string_view::npos && !line.substr(indent).starts_with("//"))
-            m_lines.push_back({std::string(name) + ':' + std::to_string(number), indent,
-                               wordsOf(line.substr(indent))});
+        std::size_t indent = line.find_first_not_of(' ');
+        if (indent == std::string_view::npos || line.substr(indent).starts_with("//"))
+            continue;
+        const std::string place = std::string(name) + ':' + std::to_string(number);
+        m_lines.push_back({place, indent, {}});
+        for (std::string &word : wordsOf(line.substr(indent))) {
+            const bool header = word.back() == ':'; // the rest is like an indented line
+            if (header)
+                word.pop_back();
+            m_lines.back().words.push_back(std::move(word));
+            if (header)
+                m_lines.push_back({place, ++indent, {}});
+        }
     }
 }
 
