@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 #include <numbers>
+#include <optional>
 #include <stdexcept>
 #include <tuple>
 #include <type_traits>
@@ -14,9 +15,23 @@ namespace samples {
 namespace {
 
 const std::map<std::string, Axis> kAxes = {{"x", Axis::X}, {"y", Axis::Y}, {"z", Axis::Z}};
-const std::map<std::string, Copies> kCopies = {
-    {"once", Copies::One},      {"sides", Copies::Sides},         {"ends", Copies::Ends},
-    {"turned", Copies::Turned}, {"sidesends", Copies::SidesEnds}, {"endssides", Copies::EndsSides}};
+/// The factors for x and z of the copies of a solid. With four copies, the last named changes
+/// faster.
+const std::map<std::string, Outline> kCopies = {
+    {"once", {{1, 1}}},
+    {"sides", {{1, 1}, {-1, 1}}},
+    {"ends", {{1, 1}, {1, -1}}},
+    {"turned", {{1, 1}, {-1, -1}}},
+    {"endssides", {{1, 1}, {-1, 1}, {1, -1}, {-1, -1}}}};
+
+/// Moves points to their place in a copy.
+template <typename T> T copied(const T &value, Vec2 factors)
+{
+    if constexpr (std::is_same_v<T, Vec3>)
+        return {value.x * factors.x, value.y, value.z * factors.y};
+    else
+        return value;
+}
 
 std::vector<Vec3> pointsOf(const Value &value)
 {
@@ -27,11 +42,11 @@ std::vector<Vec3> pointsOf(const Value &value)
     return points;
 }
 
-/// Takes an argument of a C++ function; `missing` replaces a missing number.
-template <typename T> T take(Arguments &a, float missing)
+/// Takes the next argument of a C++ function; `missing` replaces a missing number.
+template <typename T> T take(Arguments &a, std::optional<float> missing = {})
 {
     if constexpr (std::is_arithmetic_v<T>)
-        return static_cast<T>(a.More() ? a.Number() : missing);
+        return static_cast<T>(a.More() ? a.Number() : missing.value());
     else if constexpr (std::is_same_v<T, Vec3>)
         return {a.Number(), a.Number(), a.Number()};
     else if constexpr (std::is_same_v<T, Box2>)
@@ -42,38 +57,36 @@ template <typename T> T take(Arguments &a, float missing)
         return pointsOf(a.Next());
     else if constexpr (std::is_same_v<T, Axis>)
         return kAxes.at(a.Word());
-    else if constexpr (std::is_same_v<T, Copies>)
-        return kCopies.at(a.More() ? a.Word() : "once");
     else if constexpr (std::is_same_v<T, Value>)
         return a.Next();
     else
         return std::get<T>(a.Next());
 }
 
-/// Boxes have one patch, or those of the sides, the ends, the top and the bottom.
-template <> BoxSkin take(Arguments &a, float)
+template <> BoxSkin take(Arguments &a, std::optional<float>)
 {
-    const auto patch = [&] { return std::get<Patch>(a.Next()); };
-    const Patch side = patch();
-    if (!a.Inside())
-        return side;
-    const Patch end = patch();
-    const Patch top = patch();
-    return {side, end, top, patch()};
+    BoxSkin skin = {take<Patch>(a)};
+    while (a.Inside())
+        skin.push_back(take<Patch>(a));
+    return skin;
 }
 
 template <typename T>
 using Held = std::conditional_t<std::is_same_v<T, std::string_view>, std::string, T>;
 
-/// Returns a verb that calls a member function of the object that `target` returns.
+/// Returns a verb that calls a member function of the object that `target` returns, once for each
+/// copy that the last word asks for.
 template <typename Target, typename Object, typename... Parameters>
-Script::Verb bound(const Target &target, void (Object::*function)(Parameters...), float missing = 0)
+Script::Verb bound(const Target &target, void (Object::*function)(Parameters...),
+                   std::optional<float> missing = {})
 {
     return [target, function, missing](Arguments &a) {
         Object &object = target();
         const std::tuple<Held<std::decay_t<Parameters>>...> values{
             take<Held<std::decay_t<Parameters>>>(a, missing)...};
-        std::apply([&](const auto &...value) { (object.*function)(value...); }, values);
+        for (const Vec2 factors : kCopies.at(a.More() ? a.Word() : "once"))
+            std::apply([&](const auto &...value) { (object.*function)(copied(value, factors)...); },
+                       values);
     };
 }
 
@@ -116,19 +129,18 @@ void Modeller::addPaint()
     script.Add("louvres", bound(brush, &Brush::Louvres));
     script.Add("text", bound(brush, &Brush::Text, 0.15F));
     script.Add("weather", bound(brush, &Brush::Weather));
-    script.Add("clear", bound(brush, &Brush::Clear));
+    script.Add("clear", bound(brush, &Brush::Clear, 0));
     script.Add("paint", [this](Arguments &a) {
         const std::string name = a.Word();
-        const int wide = take<int>(a, 0);
-        const int high = take<int>(a, 0);
-        const auto [x, y, width, height] = take<Box2>(a, 0);
+        const int wide = take<int>(a);
+        const int high = take<int>(a);
+        const auto [x, y, width, height] = take<Box2>(a);
         Patch patch = paint(wide, high, {x, y, width, height}, a);
         patch.look = take<std::size_t>(a, 0);
         script.Set(name, patch);
     });
     script.Add("paintside", [this](Arguments &a) { paintSide(a); });
     script.Add("wall", bound(self, &Modeller::wall));
-    script.Add("pierced", bound(self, &Modeller::pierced));
 }
 
 void Modeller::addSolids()
@@ -142,13 +154,14 @@ void Modeller::addSolids()
     script.Add("lathe", bound(mesh, &MeshBuilder::Lathe));
     script.Add("disc", bound(mesh, &MeshBuilder::Disc));
     script.Add("bar", bound(mesh, &MeshBuilder::Bar));
+    script.Add("pierced", bound(mesh, &MeshBuilder::Wall));
     script.Add("on", bound(mesh, &MeshBuilder::On));
     script.Add("node", [this](Arguments &a) {
         const std::string name = a.Word();
         auto label = std::get<std::string>(a.Next());
-        const auto at = take<Vec3>(a, 0);
-        const int parent = take<int>(a, 0);
-        const auto node = AddMatrix(std::move(label), at, parent, take<bool>(a, 0));
+        const auto at = take<Vec3>(a);
+        const int parent = take<int>(a);
+        const auto node = AddMatrix(std::move(label), at, parent, take<bool>(a));
         script.Set(name, static_cast<float>(node));
     });
 }
@@ -173,8 +186,8 @@ void Modeller::paintSide(Arguments &a)
     const float length = a.Number();
     const float y0 = a.Number();
     const float y1 = a.Number();
-    const int rows = take<int>(a, 0);
-    const int high = take<int>(a, 0);
+    const int rows = take<int>(a);
+    const int high = take<int>(a);
     List stretches;
     const float step = length / static_cast<float>(rows);
     for (int i = 0; i < rows; ++i) {
@@ -193,16 +206,15 @@ void Modeller::wall(float side, const Value &stretch, const Value &shape, const 
 {
     const float left = middle + side * stretch[0];
     const float right = middle + side * stretch[1];
-    std::vector<Span> openings;
+    Outline openings;
     for (const Vec2 window : windows.Items().at(2).Points()) {
         const float a = (middle + side * window.x - left) / (right - left);
         const float b = (middle + side * window.y - left) / (right - left);
-        const Span opening{std::min(a, b), std::max(a, b)};
-        if (opening.from > -1e-3F && opening.to < 1.001F)
-            openings.push_back(inside ? Span{1 - opening.to, 1 - opening.from} : opening);
+        const Vec2 opening{std::min(a, b), std::max(a, b)};
+        if (opening.x > -1e-3F && opening.y < 1.001F)
+            openings.push_back(inside ? Vec2{1 - opening.y, 1 - opening.x} : opening);
     }
-    std::sort(openings.begin(), openings.end(),
-              [](const Span &a, const Span &b) { return a.from < b.from; });
+    std::sort(openings.begin(), openings.end(), [](Vec2 a, Vec2 b) { return a.x < b.x; });
     const float low = side * shape[0];
     const float high = side * shape[1];
     const float y0 = shape[2];
@@ -210,19 +222,9 @@ void Modeller::wall(float side, const Value &stretch, const Value &shape, const 
     const float first = inside ? right : left;
     const float last = inside ? left : right;
     const bool blind = windows.Items()[2].Items().empty();
-    Wall({{{high, y1, first}, {high, y1, last}, {low, y0, last}, {low, y0, first}}},
+    Wall({{high, y1, first}, {high, y1, last}, {low, y0, last}, {low, y0, first}},
          std::get<Patch>(stretch.Items().at(2)), blind ? 1 : (windows[0] - y0) / (y1 - y0),
          blind ? 1 : (windows[1] - y0) / (y1 - y0), openings);
-}
-
-/// Adds a wall with windows, whose places are shares of the wall.
-void Modeller::pierced(const std::vector<Vec3> &corners, const Patch &patch, float sill,
-                       float lintel, const Outline &windows)
-{
-    std::vector<Span> spans;
-    for (const Vec2 window : windows)
-        spans.push_back({window.x, window.y});
-    Wall({corners.at(0), corners.at(1), corners.at(2), corners.at(3)}, patch, sill, lintel, spans);
 }
 
 } // namespace samples

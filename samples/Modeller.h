@@ -32,8 +32,6 @@ private:
     void paintSide(Arguments &a);
     void wall(float side, const Value &stretch, const Value &shape, const Value &windows,
               float middle, bool inside);
-    void pierced(const std::vector<Vec3> &corners, const Patch &patch, float sill, float lintel,
-                 const Outline &windows);
 
     Brush *m_brush = nullptr; ///< of the picture that is being painted
     float m_scale = 1;

@@ -5,7 +5,6 @@
 #include "samples/Large.h"
 #include "samples/Output.h"
 #include "samples/Routes.h"
-#include "samples/Sounds.h"
 #include "samples/Stock.h"
 
 #include <algorithm>
