@@ -88,10 +88,10 @@ void Script::Import(const Script &other)
     m_scopes = other.m_scopes;
 }
 
-void Script::Run(std::string_view name)
+void Script::RunText(std::string_view name, std::string_view text)
 {
     const std::size_t first = m_lines.size();
-    load(name, ScriptText(name));
+    load(name, text);
     run(first, m_lines.size());
 }
 

@@ -15,6 +15,9 @@
 /// The language that describes models and pictures. docs/model-scripts.md explains it.
 namespace samples {
 
+/// Returns the text of an embedded script; throws std::out_of_range.
+std::string_view ScriptText(std::string_view name);
+
 struct Value;
 using List = std::vector<Value>;
 
@@ -78,7 +81,9 @@ public:
     /// Takes over the variables and definitions of another script.
     void Import(const Script &other);
     /// Runs the embedded script with this name. Its definitions stay.
-    void Run(std::string_view name);
+    void Run(std::string_view name) { RunText(name, ScriptText(name)); }
+    /// Runs a text; faults name the lines after `name`.
+    void RunText(std::string_view name, std::string_view text);
     /// Runs a definition without parameters.
     void Call(const std::string &name) { execute({name}, 0, 0); }
     Value Evaluate(std::string_view expression) const { return EvaluateAll(expression).at(0); }
@@ -116,8 +121,5 @@ private:
     std::map<std::string, Definition> m_definitions;
     std::vector<Scope> m_scopes = std::vector<Scope>(1);
 };
-
-/// Returns the text of an embedded script; throws std::out_of_range.
-std::string_view ScriptText(std::string_view name);
 
 } // namespace samples
