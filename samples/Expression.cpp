@@ -56,12 +56,13 @@ Patch withLook(Patch patch, float look)
 
 Value part(const List &a)
 {
-    return std::get<Patch>(a[0]).Part(a[1].Number(), a[2].Number(), a[3].Number(), a[4].Number());
+    return std::get<Patch>(a.at(0)).Part(a.at(1).Number(), a.at(2).Number(), a.at(3).Number(),
+                                         a.at(4).Number());
 }
 
 Value turned(const List &a)
 {
-    const Patch &p = std::get<Patch>(a[0]);
+    const Patch &p = std::get<Patch>(a.at(0));
     return Patch{p.u1, p.v1, p.u0, p.v0, p.look};
 }
 
@@ -69,8 +70,8 @@ Value turned(const List &a)
 Value upright(const List &a)
 {
     List points;
-    for (const Vec2 at : a[0].Points())
-        points.insert(points.end(), {at.x, at.y, a[1].Number()});
+    for (const Vec2 at : a.at(0).Points())
+        points.insert(points.end(), {at.x, at.y, a.at(1).Number()});
     return points;
 }
 
@@ -78,14 +79,14 @@ Value upright(const List &a)
 /// the lowest of its bits to use, and the limit.
 Value dice(const List &a)
 {
-    const auto whole = [&](std::size_t i) { return static_cast<std::uint32_t>(a[i].Number()); };
+    const auto whole = [&](std::size_t i) { return static_cast<std::uint32_t>(a.at(i).Number()); };
     const std::uint32_t hash = (whole(0) * 2654435761U) ^ (whole(0) * 40503U << whole(1));
     return static_cast<float>((hash >> whole(2)) % whole(3));
 }
 
 Value rgb(const List &a)
 {
-    const auto channel = [&](std::size_t i) { return static_cast<std::uint8_t>(a[i].Number()); };
+    const auto channel = [&](std::size_t i) { return static_cast<std::uint8_t>(a.at(i).Number()); };
     return Colour{channel(0), channel(1), channel(2)};
 }
 
@@ -93,28 +94,28 @@ using Function = Value (*)(const List &);
 
 // clang-format off
 const std::map<std::string_view, Function> kFunctions = {
-    {"abs", [](const List &a) -> Value { return std::abs(a[0].Number()); }},
-    {"sin", [](const List &a) -> Value { return std::sin(a[0].Number()); }},
-    {"cos", [](const List &a) -> Value { return std::cos(a[0].Number()); }},
-    {"sqrt", [](const List &a) -> Value { return std::sqrt(a[0].Number()); }},
-    {"int", [](const List &a) -> Value { return std::trunc(a[0].Number()); }},
-    {"min", [](const List &a) -> Value { return std::min(a[0].Number(), a[1].Number()); }},
-    {"max", [](const List &a) -> Value { return std::max(a[0].Number(), a[1].Number()); }},
-    {"size", [](const List &a) -> Value { return static_cast<float>(a[0].Items().size()); }},
+    {"abs", [](const List &a) -> Value { return std::abs(a.at(0).Number()); }},
+    {"sin", [](const List &a) -> Value { return std::sin(a.at(0).Number()); }},
+    {"cos", [](const List &a) -> Value { return std::cos(a.at(0).Number()); }},
+    {"sqrt", [](const List &a) -> Value { return std::sqrt(a.at(0).Number()); }},
+    {"int", [](const List &a) -> Value { return std::trunc(a.at(0).Number()); }},
+    {"min", [](const List &a) -> Value { return std::min(a.at(0).Number(), a.at(1).Number()); }},
+    {"max", [](const List &a) -> Value { return std::max(a.at(0).Number(), a.at(1).Number()); }},
+    {"size", [](const List &a) -> Value { return static_cast<float>(a.at(0).Items().size()); }},
     {"dice", dice},
     {"rgb", rgb},
     {"upright", upright},
-    {"mirrored", [](const List &a) -> Value { return listOf(mirrored(a[0].Points())); }},
-    {"arc", [](const List &a) -> Value { return listOf(roofArc(a[0].Number(), a[1].Number(), a[2].Number(),
-                                                               static_cast<int>(a[3].Number()))); }},
-    {"length", [](const List &a) -> Value { return static_cast<float>(std::get<std::string>(a[0]).size()); }},
-    {"start", [](const List &a) -> Value { return std::get<std::string>(a[0]).substr(0, static_cast<std::size_t>(a[1].Number())); }},
-    {"width", [](const List &a) -> Value { return TextWidth(std::get<std::string>(a[0]), a[1].Number()); }},
-    {"mix", [](const List &a) -> Value { return Mix(std::get<Colour>(a[0]), std::get<Colour>(a[1]), a[2].Number()); }},
-    {"lerp", [](const List &a) -> Value { return std::lerp(a[0].Number(), a[1].Number(), a[2].Number()); }},
-    {"blue", [](const List &a) -> Value { return static_cast<float>(std::get<Colour>(a[0]).blue); }},
-    {"red", [](const List &a) -> Value { return static_cast<float>(std::get<Colour>(a[0]).red); }},
-    {"look", [](const List &a) -> Value { return withLook(std::get<Patch>(a[0]), a[1].Number()); }},
+    {"mirrored", [](const List &a) -> Value { return listOf(mirrored(a.at(0).Points())); }},
+    {"arc", [](const List &a) -> Value { return listOf(roofArc(a.at(0).Number(), a.at(1).Number(), a.at(2).Number(),
+                                                               static_cast<int>(a.at(3).Number()))); }},
+    {"length", [](const List &a) -> Value { return static_cast<float>(std::get<std::string>(a.at(0)).size()); }},
+    {"start", [](const List &a) -> Value { return std::get<std::string>(a.at(0)).substr(0, static_cast<std::size_t>(a.at(1).Number())); }},
+    {"width", [](const List &a) -> Value { return TextWidth(std::get<std::string>(a.at(0)), a.at(1).Number()); }},
+    {"mix", [](const List &a) -> Value { return Mix(std::get<Colour>(a.at(0)), std::get<Colour>(a.at(1)), a.at(2).Number()); }},
+    {"lerp", [](const List &a) -> Value { return std::lerp(a.at(0).Number(), a.at(1).Number(), a.at(2).Number()); }},
+    {"blue", [](const List &a) -> Value { return static_cast<float>(std::get<Colour>(a.at(0)).blue); }},
+    {"red", [](const List &a) -> Value { return static_cast<float>(std::get<Colour>(a.at(0)).red); }},
+    {"look", [](const List &a) -> Value { return withLook(std::get<Patch>(a.at(0)), a.at(1).Number()); }},
     {"part", part},
     {"turned", turned},
 };

@@ -76,7 +76,7 @@ public:
     /// A round bar between two points, without ends.
     void Bar(const Vec3 &from, const Vec3 &to, float radius, int sides, const Patch &patch);
     /// An upright wall with a row of windows. Corners: top left, top right, bottom right, bottom
-    /// left. The windows reach from `sill` to `lintel` and lie from x to y along the wall. All
+    /// left. The windows reach from `sill` to `lintel`, and from x to y along the wall. All
     /// places are shares of the wall.
     void Wall(const std::vector<Vec3> &corners, const Patch &patch, float sill, float lintel,
               const Outline &windows);

@@ -52,7 +52,7 @@ public:
     /// Whether the last word holds more values.
     bool Inside() const { return !m_values.empty(); }
     bool More() const { return !m_values.empty() || m_next < m_words.size(); }
-    /// The next word as it stands, or the text of the variable after "$".
+    /// The next word, not evaluated, or the text of the variable that "$" names.
     std::string Word();
     Value Next();
     /// The next number. Takes lists apart.
