@@ -2,7 +2,6 @@
 #include "samples/AceWriter.h"
 
 #include "samples/Bytes.h"
-#include "samples/Container.h"
 
 #include <algorithm>
 #include <array>
@@ -97,16 +96,8 @@ void appendMaskRow(std::string &out, const Picture &picture, int y)
 
 std::uint8_t sampleOf(const Colour &colour, Channel channel)
 {
-    switch (channel) {
-    case Red:
-        return colour.red;
-    case Green:
-        return colour.green;
-    case Blue:
-        return colour.blue;
-    default:
-        return colour.alpha;
-    }
+    const std::array samples = {colour.red, colour.green, colour.blue, colour.alpha};
+    return samples.at(channel - Red);
 }
 
 void appendRow(std::string &out, const Picture &picture, int y,

@@ -4,8 +4,9 @@
 #include <bit>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
-/// Little-endian values appended to a string of bytes.
+/// Little-endian values appended to a string of bytes, and the container of binary files.
 namespace samples {
 
 inline void AppendU16(std::string &out, std::uint16_t value)
@@ -30,5 +31,12 @@ inline void AppendF32(std::string &out, float value)
 {
     AppendU32(out, std::bit_cast<std::uint32_t>(value));
 }
+
+// The container that binary shapes and textures share.
+
+/// Returns a mark of 16 characters and the unchanged payload.
+std::string StorePayload(std::string_view payload);
+/// Returns "SIMISA@F", the size of the payload, "@@@@" and the payload as a zlib stream.
+std::string CompressPayload(std::string_view payload);
 
 } // namespace samples

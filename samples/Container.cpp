@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "samples/Container.h"
 
 #include "samples/Bytes.h"
 

@@ -48,7 +48,7 @@ std::string folderName(std::size_t number)
     return "Stock " + padded(number, 5) + endings[number % endings.size()];
 }
 
-/// Gives each folder one item as far as the stock goes, then spreads the rest at random.
+/// Gives each folder one item while the stock lasts, then spreads the rest at random.
 std::vector<GeneratedFolder> foldersOf(const Extra &extra, Dice &dice)
 {
     std::vector<GeneratedFolder> folders;

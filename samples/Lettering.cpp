@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "samples/Lettering.h"
+#include "samples/Painter.h"
 
 #include <array>
 #include <utility>

@@ -13,40 +13,9 @@
 /// Solids for shapes: each primitive computes its normals, winding and texture coordinates.
 namespace samples {
 
-/// The right and the left side of a symmetrical part, or its front and rear end.
-inline constexpr std::array kSides = {1.0F, -1.0F};
-
-/// The copies of a solid: as given, and with the signs of x (sides) or z (ends) changed.
-enum class Copies
-{
-    One,
-    Sides,     ///< x changes
-    Ends,      ///< z changes
-    Turned,    ///< x and z change together
-    SidesEnds, ///< four, z changes faster
-    EndsSides  ///< four, x changes faster
-};
-
-/// The patches on the faces of a box.
-struct BoxSkin
-{
-    Patch side; ///< left and right (x)
-    Patch end;  ///< front and back (z)
-    Patch top;  ///< u along z
-    Patch bottom;
-
-    BoxSkin(const Patch &all)
-        : BoxSkin(all, all, all, all)
-    {
-    }
-    BoxSkin(const Patch &onSides, const Patch &onEnds, const Patch &onTop, const Patch &below)
-        : side(onSides)
-        , end(onEnds)
-        , top(onTop)
-        , bottom(below)
-    {
-    }
-};
+/// The patches on the faces of a box: one for all, or those on the sides (x), on the ends (z), on
+/// top (u along z) and below.
+using BoxSkin = std::vector<Patch>;
 
 enum class Axis
 {
@@ -61,15 +30,6 @@ struct Vertex
     Vec3 normal;
     Uv uv;
 };
-
-/// A stretch of a line.
-struct Span
-{
-    float from = 0;
-    float to = 0;
-};
-
-using Outline = std::vector<Vec2>;
 
 /// A shape with its picture, and the bounds of all its levels in the rest pose.
 struct PaintedModel
@@ -96,20 +56,16 @@ public:
     void On(std::uint32_t matrix) { m_matrix = matrix; }
 
     /// A flat quadrangle: top left, top right, bottom right, bottom left as seen from in front.
-    void Quad(const Vec3 &a, const Vec3 &b, const Vec3 &c, const Vec3 &d, const Patch &patch,
-              Copies copies = Copies::One);
-    /// A quadrangle that is seen from both sides.
-    void DoubleQuad(const Vec3 &a, const Vec3 &b, const Vec3 &c, const Vec3 &d, const Patch &patch);
+    void Quad(const Vec3 &a, const Vec3 &b, const Vec3 &c, const Vec3 &d, const Patch &patch);
     /// A flat, convex polygon that faces along `normal`; the patch covers its bounds.
     void Polygon(const std::vector<Vec3> &points, const Vec3 &normal, const Patch &patch);
     /// A box between two opposite corners.
-    void Box(const Vec3 &a, const Vec3 &b, const BoxSkin &skin, Copies copies = Copies::One);
+    void Box(const Vec3 &a, const Vec3 &b, const BoxSkin &skin);
     /// Extrudes the outline along z, which is also the direction of u. Walk the outline with the
     /// outside on the left. Corners of less than about 40 degrees get smooth normals.
     void Extrude(const Outline &outline, float z0, float z1, const Patch &patch);
     /// Extrudes the polygon (z, y) along x between x0 and x1 and closes it with its faces.
-    void Slab(const Outline &outline, float x0, float x1, const Patch &face, const Patch &edge,
-              Copies copies = Copies::One);
+    void Slab(const Outline &outline, float x0, float x1, const Patch &face, const Patch &edge);
     /// Turns a profile about an axis through `centre`. The profile holds positions along the axis
     /// with their radii, in ascending order or with the outside on the left.
     void Lathe(const Vec3 &centre, Axis axis, const Outline &profile, int sides,
@@ -118,12 +74,12 @@ public:
     void Disc(const Vec3 &centre, Axis axis, bool against, float radius, int sides,
               const Patch &patch);
     /// A round bar between two points, without ends.
-    void Bar(const Vec3 &from, const Vec3 &to, float radius, int sides, const Patch &patch,
-             Copies copies = Copies::One);
+    void Bar(const Vec3 &from, const Vec3 &to, float radius, int sides, const Patch &patch);
     /// An upright wall with a row of windows. Corners: top left, top right, bottom right, bottom
-    /// left. The windows reach from `sill` to `lintel`. All places are shares of the wall.
-    void Wall(const std::array<Vec3, 4> &corners, const Patch &patch, float sill, float lintel,
-              const std::vector<Span> &windows);
+    /// left. The windows reach from `sill` to `lintel`, and from x to y along the wall. All
+    /// places are shares of the wall.
+    void Wall(const std::vector<Vec3> &corners, const Patch &patch, float sill, float lintel,
+              const Outline &windows);
 
     /// Returns everything added so far, with the sphere around it and this picture.
     PaintedModel Finish(const Picture &picture) const;
@@ -136,8 +92,6 @@ private:
     };
     void triangle(const Vertex &a, const Vertex &b, const Vertex &c, std::size_t look);
     void facet(const std::array<Vertex, 4> &corners, std::size_t look);
-    void box(const Vec3 &l, const Vec3 &h, const BoxSkin &skin);
-    void slab(const Outline &outline, float x0, float x1, const Patch &face, const Patch &edge);
     std::uint32_t cornerOf(const Vertex &vertex, const Surface &surface);
     ShapePart &part(const Surface &surface);
     Vec3 originOf(std::uint32_t matrix) const;

@@ -5,8 +5,18 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace samples {
+
+/// A file of the sample: its path below the installation folder, with "/", and its bytes.
+struct SampleFile
+{
+    std::string path; ///< UTF-8
+    std::string bytes;
+};
+
+using SampleFiles = std::vector<SampleFile>;
 
 /// The folder that receives the files of a sample. Never writes through a symbolic link, so that
 /// nothing outside the folder changes.

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "samples/Painter.h"
 
-#include "samples/Lettering.h"
-
 #include <algorithm>
 #include <array>
 #include <cmath>

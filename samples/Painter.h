@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <string_view>
+#include <vector>
 
 /// Procedural pictures: areas of a sheet, drawn in metres with soft edges.
 namespace samples {
@@ -42,6 +43,8 @@ struct Window
     float width = 1;
     float height = 1;
 };
+
+using Outline = std::vector<Vec2>;
 
 class Brush;
 
@@ -132,6 +135,22 @@ private:
 Colour Mix(Colour a, Colour b, float share);
 /// Returns a darker colour for factors below 1, a lighter one above.
 Colour Shade(Colour colour, float factor);
+
+/// A straight stroke of a letter: x from 0 to 4, y from 0 at the foot to 6.
+struct Stroke
+{
+    float x0 = 0;
+    float y0 = 0;
+    float x1 = 0;
+    float y1 = 0;
+};
+
+inline constexpr float kLetterHeight = 6;
+inline constexpr float kLetterPitch = 5.4F;
+
+/// Returns the strokes of a text, with the letters side by side. Knows capitals, digits and
+/// "&.-#/". Draws small letters as capitals and leaves a gap for other characters.
+std::vector<Stroke> StrokesOf(std::string_view text);
 
 /// Returns the width of a text with this height.
 float TextWidth(std::string_view text, float height);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "samples/Buildings.h"
-#include "samples/SampleFile.h"
+#include "samples/Output.h"
 #include "samples/ShapeWriter.h"
 
 #include <span>

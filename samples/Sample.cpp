@@ -5,7 +5,6 @@
 #include "samples/Large.h"
 #include "samples/Output.h"
 #include "samples/Routes.h"
-#include "samples/Sounds.h"
 #include "samples/Stock.h"
 
 #include <algorithm>
@@ -39,7 +38,7 @@ void requireRange(const char *option, std::optional<int> value, int least, int m
                                  std::to_string(most));
 }
 
-/// Generated stock goes to generated folders only.
+/// Generated folders are the only ones that hold generated stock.
 Extra extraOf(const Options &options, const Totals &least)
 {
     requireRange("folders", options.folders, least.folders, kMostFolders);

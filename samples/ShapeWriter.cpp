@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "samples/ShapeWriter.h"
 
-#include "samples/Container.h"
+#include "samples/Bytes.h"
 #include "samples/ShapeSink.h"
 #include "samples/TextWriter.h"
 

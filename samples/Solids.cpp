@@ -13,31 +13,6 @@ namespace {
 constexpr float kTurn = 2 * std::numbers::pi_v<float>;
 constexpr float kRoundCorner = 0.76F; ///< cosine of the largest angle between smooth faces
 
-/// The factors for x and z of all copies.
-Outline factorsOf(Copies copies)
-{
-    switch (copies) {
-    case Copies::One:
-        break;
-    case Copies::Sides:
-        return {{1, 1}, {-1, 1}};
-    case Copies::Ends:
-        return {{1, 1}, {1, -1}};
-    case Copies::Turned:
-        return {{1, 1}, {-1, -1}};
-    case Copies::SidesEnds:
-        return {{1, 1}, {1, -1}, {-1, 1}, {-1, -1}};
-    case Copies::EndsSides:
-        return {{1, 1}, {-1, 1}, {1, -1}, {-1, -1}};
-    }
-    return {{1, 1}};
-}
-
-Vec3 scaled(const Vec3 &point, Vec2 factors)
-{
-    return {point.x * factors.x, point.y, point.z * factors.y};
-}
-
 /// A line of a profile with the normals at its ends and their places along the whole, 0 to 1.
 struct Segment
 {
@@ -116,24 +91,14 @@ float uAt(const Patch &patch, int step, int sides)
 } // namespace
 
 void MeshBuilder::Quad(const Vec3 &a, const Vec3 &b, const Vec3 &c, const Vec3 &d,
-                       const Patch &patch, Copies copies)
+                       const Patch &patch)
 {
-    for (const Vec2 f : factorsOf(copies)) {
-        const Vec3 normal =
-            Normalised(Cross(scaled(c, f) - scaled(a, f), scaled(d, f) - scaled(b, f)));
-        facet({{{scaled(a, f), normal, {patch.u0, patch.v0}},
-                {scaled(b, f), normal, {patch.u1, patch.v0}},
-                {scaled(c, f), normal, {patch.u1, patch.v1}},
-                {scaled(d, f), normal, {patch.u0, patch.v1}}}},
-              patch.look);
-    }
-}
-
-void MeshBuilder::DoubleQuad(const Vec3 &a, const Vec3 &b, const Vec3 &c, const Vec3 &d,
-                             const Patch &patch)
-{
-    Quad(a, b, c, d, patch);
-    Quad(b, a, d, c, patch);
+    const Vec3 normal = Normalised(Cross(c - a, d - b));
+    facet({{{a, normal, {patch.u0, patch.v0}},
+            {b, normal, {patch.u1, patch.v0}},
+            {c, normal, {patch.u1, patch.v1}},
+            {d, normal, {patch.u0, patch.v1}}}},
+          patch.look);
 }
 
 void MeshBuilder::Polygon(const std::vector<Vec3> &points, const Vec3 &normal, const Patch &patch)
@@ -159,24 +124,17 @@ void MeshBuilder::Polygon(const std::vector<Vec3> &points, const Vec3 &normal, c
         triangle(corners[0], corners[i], corners[i + 1], patch.look);
 }
 
-void MeshBuilder::Box(const Vec3 &a, const Vec3 &b, const BoxSkin &skin, Copies copies)
+void MeshBuilder::Box(const Vec3 &a, const Vec3 &b, const BoxSkin &skin)
 {
-    for (const Vec2 f : factorsOf(copies)) {
-        const Vec3 p = scaled(a, f);
-        const Vec3 q = scaled(b, f);
-        box({std::min(p.x, q.x), std::min(p.y, q.y), std::min(p.z, q.z)},
-            {std::max(p.x, q.x), std::max(p.y, q.y), std::max(p.z, q.z)}, skin);
-    }
-}
-
-void MeshBuilder::box(const Vec3 &l, const Vec3 &h, const BoxSkin &skin)
-{
-    Quad({h.x, h.y, l.z}, {h.x, h.y, h.z}, {h.x, l.y, h.z}, {h.x, l.y, l.z}, skin.side);
-    Quad({l.x, h.y, h.z}, {l.x, h.y, l.z}, {l.x, l.y, l.z}, {l.x, l.y, h.z}, skin.side);
-    Quad({h.x, h.y, h.z}, {l.x, h.y, h.z}, {l.x, l.y, h.z}, {h.x, l.y, h.z}, skin.end);
-    Quad({l.x, h.y, l.z}, {h.x, h.y, l.z}, {h.x, l.y, l.z}, {l.x, l.y, l.z}, skin.end);
-    Quad({l.x, h.y, l.z}, {l.x, h.y, h.z}, {h.x, h.y, h.z}, {h.x, h.y, l.z}, skin.top);
-    Quad({h.x, l.y, l.z}, {h.x, l.y, h.z}, {l.x, l.y, h.z}, {l.x, l.y, l.z}, skin.bottom);
+    const Vec3 l{std::min(a.x, b.x), std::min(a.y, b.y), std::min(a.z, b.z)};
+    const Vec3 h{std::max(a.x, b.x), std::max(a.y, b.y), std::max(a.z, b.z)};
+    const auto on = [&](std::size_t face) { return skin.size() > 1 ? skin.at(face) : skin[0]; };
+    Quad({h.x, h.y, l.z}, {h.x, h.y, h.z}, {h.x, l.y, h.z}, {h.x, l.y, l.z}, on(0));
+    Quad({l.x, h.y, h.z}, {l.x, h.y, l.z}, {l.x, l.y, l.z}, {l.x, l.y, h.z}, on(0));
+    Quad({h.x, h.y, h.z}, {l.x, h.y, h.z}, {l.x, l.y, h.z}, {h.x, l.y, h.z}, on(1));
+    Quad({l.x, h.y, l.z}, {h.x, h.y, l.z}, {h.x, l.y, l.z}, {l.x, l.y, l.z}, on(1));
+    Quad({l.x, h.y, l.z}, {l.x, h.y, h.z}, {h.x, h.y, h.z}, {h.x, h.y, l.z}, on(2));
+    Quad({h.x, l.y, l.z}, {h.x, l.y, h.z}, {l.x, l.y, h.z}, {l.x, l.y, l.z}, on(3));
 }
 
 void MeshBuilder::Extrude(const Outline &outline, float z0, float z1, const Patch &patch)
@@ -190,13 +148,6 @@ void MeshBuilder::Extrude(const Outline &outline, float z0, float z1, const Patc
 }
 
 void MeshBuilder::Slab(const Outline &outline, float x0, float x1, const Patch &face,
-                       const Patch &edge, Copies copies)
-{
-    for (const Vec2 f : factorsOf(copies))
-        slab(outline, x0 * f.x, x1 * f.x, face, edge);
-}
-
-void MeshBuilder::slab(const Outline &outline, float x0, float x1, const Patch &face,
                        const Patch &edge)
 {
     Outline closed = outline;
@@ -209,7 +160,7 @@ void MeshBuilder::slab(const Outline &outline, float x0, float x1, const Patch &
     const auto place = [](Vec2 at, float x) { return Vec3{x, at.y, at.x}; };
     for (const Segment &s : segmentsOf(closed))
         facet(extruded(s, place, x0, x1, edge), edge.look);
-    for (const float side : kSides) {
+    for (const float side : {1.0F, -1.0F}) {
         std::vector<Vec3> points;
         for (const Vec2 at : outline)
             points.push_back(place(at, side > 0 ? std::max(x0, x1) : std::min(x0, x1)));
@@ -248,33 +199,28 @@ void MeshBuilder::Disc(const Vec3 &centre, Axis axis, bool against, float radius
     Polygon(rim, against ? along * -1 : along, patch);
 }
 
-void MeshBuilder::Bar(const Vec3 &from, const Vec3 &to, float radius, int sides, const Patch &patch,
-                      Copies copies)
+void MeshBuilder::Bar(const Vec3 &from, const Vec3 &to, float radius, int sides, const Patch &patch)
 {
-    for (const Vec2 f : factorsOf(copies)) {
-        const Vec3 start = scaled(from, f);
-        const Vec3 end = scaled(to, f);
-        const Vec3 along = Normalised(end - start);
-        const Vec3 side = std::abs(along.y) > 0.9F ? Vec3{1, 0, 0} : Vec3{0, 1, 0};
-        const Vec3 across = Normalised(Cross(along, side));
-        const Vec3 up = Cross(along, across);
-        const auto vertex = [&](const Vec3 &at, int place, float v) {
-            const Vec3 outwards = around(place, sides, across, up);
-            return Vertex{at + outwards * radius, outwards, {uAt(patch, place, sides), v}};
-        };
-        for (int step = 0; step < sides; ++step)
-            facet({{vertex(start, step, patch.v0), vertex(start, step + 1, patch.v0),
-                    vertex(end, step + 1, patch.v1), vertex(end, step, patch.v1)}},
-                  patch.look);
-    }
+    const Vec3 along = Normalised(to - from);
+    const Vec3 side = std::abs(along.y) > 0.9F ? Vec3{1, 0, 0} : Vec3{0, 1, 0};
+    const Vec3 across = Normalised(Cross(along, side));
+    const Vec3 up = Cross(along, across);
+    const auto vertex = [&](const Vec3 &at, int place, float v) {
+        const Vec3 outwards = around(place, sides, across, up);
+        return Vertex{at + outwards * radius, outwards, {uAt(patch, place, sides), v}};
+    };
+    for (int step = 0; step < sides; ++step)
+        facet({{vertex(from, step, patch.v0), vertex(from, step + 1, patch.v0),
+                vertex(to, step + 1, patch.v1), vertex(to, step, patch.v1)}},
+              patch.look);
 }
 
-void MeshBuilder::Wall(const std::array<Vec3, 4> &corners, const Patch &patch, float sill,
-                       float lintel, const std::vector<Span> &windows)
+void MeshBuilder::Wall(const std::vector<Vec3> &corners, const Patch &patch, float sill,
+                       float lintel, const Outline &windows)
 {
     const auto at = [&](float x, float y) {
-        const Vec3 upper = corners[0] * (1 - x) + corners[1] * x;
-        const Vec3 lower = corners[3] * (1 - x) + corners[2] * x;
+        const Vec3 upper = corners.at(0) * (1 - x) + corners.at(1) * x;
+        const Vec3 lower = corners.at(3) * (1 - x) + corners.at(2) * x;
         return lower * (1 - y) + upper * y;
     };
     const auto piece = [&](float x0, float y0, float x1, float y1) {
@@ -284,9 +230,9 @@ void MeshBuilder::Wall(const std::array<Vec3, 4> &corners, const Patch &patch, f
     piece(0, 0, 1, sill);
     piece(0, lintel, 1, 1);
     float done = 0;
-    for (const Span &window : windows) {
-        piece(done, sill, window.from, lintel);
-        done = window.to;
+    for (const Vec2 window : windows) {
+        piece(done, sill, window.x, lintel);
+        done = window.y;
     }
     piece(done, sill, 1, lintel);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "samples/Sounds.h"
+#include "samples/Stock.h"
 
 #include "samples/AceWriter.h"
 #include "samples/Bytes.h"

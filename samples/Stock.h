@@ -2,7 +2,7 @@
 #pragma once
 
 #include "samples/AceWriter.h"
-#include "samples/SampleFile.h"
+#include "samples/Output.h"
 #include "samples/ShapeWriter.h"
 #include "samples/TextWriter.h"
 #include "samples/Vehicles.h"
@@ -114,5 +114,9 @@ std::string DescriptorBytes(std::string_view shapeFile, int alternative, const V
 
 /// All stock files, shapes, descriptors and pictures.
 SampleFiles StockFiles();
+/// All sound files (.sms) with their waves.
+SampleFiles SoundFiles();
+/// All cab views with their pictures.
+SampleFiles CabFiles();
 
 } // namespace samples

@@ -43,7 +43,7 @@ std::string sizeLine(Vec2 section, float length)
     return line("Size", metres(section.x) + ' ' + metres(section.y) + ' ' + metres(length));
 }
 
-/// Lines at the end of the Wagon block. Checks need only what comes before them, so that it does
+/// Lines at the end of the Wagon block. Checks need only the lines before them, so that it does
 /// not matter how a reader interprets them.
 std::string quirkLines(Quirk quirk)
 {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "samples/Bytes.h"
-#include "samples/Container.h"
 
 #include <cstdint>
 #include <initializer_list>

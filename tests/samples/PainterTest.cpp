@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "samples/Painter.h"
-#include "samples/Lettering.h"
 
 #include <gtest/gtest.h>
 
