@@ -48,11 +48,13 @@ public:
         : m_folder(std::move(folder))
     {
     }
-    std::optional<std::string> Read(std::string_view key) override
+    std::optional<std::string> ReadFrom(std::string_view section, std::string_view key) override
     {
-        return key == "MSTSDir" ? std::optional(m_folder) : std::nullopt;
+        return section == kSettings && key == host::setting::kInstallation
+                   ? std::optional(m_folder)
+                   : std::nullopt;
     }
-    void Write(std::string_view, std::string_view) override {}
+    void WriteTo(std::string_view, std::string_view, std::string_view) override {}
 
 private:
     std::string m_folder;

@@ -5,8 +5,8 @@
 
 namespace app {
 
-/// The batch file that makes a program, by its full path, what opens consist files. Characters of
-/// the path that mean something to a batch file are escaped.
+/// Returns the batch file that associates consist files with a program, given by its full path.
+/// Escapes the characters of the path that are special in a batch file.
 std::string AssociationBatch(const std::string &program);
 
 } // namespace app

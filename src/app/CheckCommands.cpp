@@ -38,7 +38,8 @@ bool isStock(const std::string &path)
     return endsWith(path, ".eng") || endsWith(path, ".wag");
 }
 
-/// The names of what is checked: the selected consists, or the file's name up to its first ".".
+/// Returns the names of the subjects: the selected consists, or the file's name up to its first
+/// ".".
 std::vector<std::string> subjectsOf(const CheckTarget &target)
 {
     if (target.mode == WindowMode::ConsistList)
@@ -61,7 +62,7 @@ std::vector<install::Route> chosenRoutes(const std::vector<std::string> &answer,
                      [&](const install::Route &route) {
                          return validation::SelectorEntries(ListText(route)).front().text == *text;
                      });
-        if (routes.size() == before) // of no route shown: the check reports it missing
+        if (routes.size() == before) // not a route shown: the check reports it missing
             routes.push_back({*text, {}});
     }
     return routes;
@@ -137,7 +138,7 @@ std::string CheckCommands::stockReport(const std::string &path, const std::strin
     return header + findings();
 }
 
-/// Nothing when no route was chosen.
+/// Returns nothing if no route was chosen.
 std::optional<std::string> CheckCommands::consistReport(const Names &names)
 {
     const std::vector<install::Route> routes = askForRoutes();
@@ -246,7 +247,7 @@ std::vector<install::Route> CheckCommands::askForRoutes()
     return chosenRoutes(host::Split(answer, '|'), routes);
 }
 
-/// Every name in every route, name by name.
+/// Checks every name in every route, name by name.
 void CheckCommands::checkUses(
     const Names &names, const std::vector<install::Route> &routes,
     const std::function<void(const std::string &name, const std::string &route)> &check)
@@ -267,7 +268,7 @@ void CheckCommands::checkUses(
     }
 }
 
-/// A line for everything that the validator found.
+/// Returns one line for each finding of the validator.
 std::string CheckCommands::findings() const
 {
     std::string text;
@@ -276,7 +277,7 @@ std::string CheckCommands::findings() const
     return text;
 }
 
-/// What the report of a stopped check ends with, "" for one that has run to its end.
+/// Returns the end of the report of a stopped check; "" for a complete check.
 std::string CheckCommands::stoppedLine(const std::string &when) const
 {
     return m_stopped ? "STOPPED" + when + ": this report is not complete." + kLineEnd : "";

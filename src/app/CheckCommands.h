@@ -22,17 +22,17 @@ struct Route;
 
 namespace app {
 
-/// What of the active document window a check works on.
+/// The selection of the active document window, which a check works on.
 struct CheckTarget
 {
-    /// Of the document window.
+    /// The mode of the document window.
     document::WindowMode mode = document::WindowMode::ConsistList;
     std::vector<std::string> consists = {}; ///< consist list: the selected names, in list order
     std::string consist = {};               ///< consist list: the current one of them
-    std::string path = {};                  ///< otherwise the stock item, shape or consist shown
+    std::string path = {};                  ///< otherwise the file of the stock, shape or consist
 };
 
-/// What the check commands need of the program around them; the main window implements it.
+/// The program around the check commands; the main window implements it.
 class CheckHost
 {
 public:
@@ -41,41 +41,43 @@ public:
     virtual host::Dialogs &Dialogs() = 0;
     virtual host::GameFiles &Files() = 0;
     virtual const install::Installation &Installation() = 0;
-    /// A new validator in the place of the last one; it lives until the next is made.
+    /// Creates a validator in place of the last one; it lives until the next call.
     virtual TSValidation &NewValidator() = 0;
-    /// The text of the status bar.
+    /// Sets the text of the status bar.
     virtual void SetStatus(const std::string &text) = 0;
-    /// How far the check is, 0 to `total`; a total of 0 says that it has ended.
+    /// Shows the progress of the check, 0 to `total`; a `total` of 0 means that it has ended.
     virtual void SetProgress(int done, int total) = 0;
-    /// Lets pending window events run. Anything may happen in here: windows close, commands start.
+    /// Processes pending window events. Anything may happen in it: windows close, commands start.
     virtual void ProcessEvents() = 0;
-    /// The current date and time as reports show it.
+    /// Returns the current date and time as reports show it.
     virtual std::string Now() = 0;
-    /// Opens a results window of this caption with this text.
+    /// Opens a results window with this caption and text.
     virtual void ShowResults(const std::string &caption, const std::string &text) = 0;
 };
 
-/// The check commands: from what is selected to one run of the validator and the report of what it
-/// found. One check runs at a time; a second one is refused with a message. Run-time errors that
-/// leave a check are told in a message box, and there is no report then.
+/// The check commands. Each checks the selection with one run of the validator, and shows the
+/// report. One check runs at a time; a second one is refused with a message. A run-time error that
+/// ends a check is shown in a message box, without a report.
 class CheckCommands
 {
 public:
     explicit CheckCommands(CheckHost &host);
 
-    /// What uses the target, and whether it finds all that it needs; nothing is "no window".
+    /// Checks what uses the target, and whether the target finds all that it needs. No target means
+    /// no window.
     void CheckDependencies(const std::optional<CheckTarget> &target);
-    /// Whether every vehicle of the current consist is there, with its shape.
+    /// Checks that every vehicle of the current consist exists, with its shape.
     void CheckConsistStock(const std::optional<CheckTarget> &target);
-    /// All installed stock, after a question.
+    /// Asks first, and then checks all installed stock.
     void CheckAllStock();
-    /// Checks nothing: complains when no stock is shown, else says what checks textures.
+    /// Checks nothing. Complains if no stock is shown; otherwise shows which commands check
+    /// textures.
     void CheckStockTextures(const std::optional<CheckTarget> &target);
 
     bool Running() const { return m_running; }
-    /// Ends a running check soon; the report then says that it is not complete.
+    /// Ends a running check soon. Its report then states that it is not complete.
     void Stop();
-    /// The same without a report: the program ends.
+    /// Like Stop, but without a report: the program ends.
     void Abandon();
 
 private:
@@ -97,8 +99,8 @@ private:
     CheckHost &m_host;
     TSValidation *m_validator = nullptr; ///< of the running or the last check
     bool m_running = false, m_stopped = false, m_abandoned = false;
-    std::size_t m_step = 0, m_steps = 1; ///< the bar shows these, each with its items
-    std::size_t m_done = 0, m_total = 0; ///< items of the step
+    std::size_t m_step = 0, m_steps = 1; ///< progress: steps, each with its own items
+    std::size_t m_done = 0, m_total = 0; ///< items of the current step
 };
 
 } // namespace app

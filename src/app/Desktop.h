@@ -7,19 +7,19 @@
 
 namespace app {
 
-/// The desktop around the program: Qt's in the program, a record in tests.
+/// The desktop around the program. The program uses Qt's, tests use a record.
 class Desktop
 {
 public:
     virtual ~Desktop() = default;
 
-    /// Starts a program without waiting for it. RuntimeError 75 when the system refuses.
+    /// Starts a program without waiting for it. Throws RuntimeError 75 if the system refuses.
     virtual void Start(const ProgramStart &start) = 0;
-    /// Opens a file with what the user reads such files with; false when there is nothing.
+    /// Opens a file with the user's program for such files; returns false if there is none.
     virtual bool Open(const std::string &file) = 0;
-    /// Opens a web address in the default browser; false when there is none.
+    /// Opens a web address in the default browser; returns false if there is none.
     virtual bool OpenWeb(const std::string &address) = 0;
-    /// Makes this program what opens consist files. Fails as AssociateConsistFiles does.
+    /// Associates consist files with this program. Fails as app::AssociateConsistFiles does.
     virtual void AssociateConsistFiles() = 0;
     /// Moves a file of the disk to the user's wastebasket, from which the desktop can restore it.
     /// Returns false when the file's volume has no wastebasket, or it does not accept the file; the

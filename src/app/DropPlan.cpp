@@ -11,7 +11,7 @@
 namespace app {
 namespace {
 
-constexpr std::size_t kNamed = 20; ///< paths in a message, so that it fits on a screen
+constexpr std::size_t kNamed = 20; ///< paths listed in a message, so that it fits on a screen
 
 std::string paragraph(const std::string &refusal, const std::vector<std::string> &paths)
 {
@@ -28,7 +28,7 @@ std::string paragraph(const std::string &refusal, const std::vector<std::string>
 DropPlan PlanDrop(const std::vector<std::string> &paths, host::GameFiles &files)
 {
     DropPlan plan;
-    std::map<std::string, std::vector<std::string>> refused; // by the reason
+    std::map<std::string, std::vector<std::string>> refused; // by reason
     for (const std::string &path : paths) {
         const bool isFolder = files.FolderExists(path);
         const OpenKind kind = isFolder ? OpenKind::Unsupported : KindOf(path);

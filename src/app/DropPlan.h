@@ -10,15 +10,16 @@ class GameFiles;
 
 namespace app {
 
-/// What a drop of several files and folders leads to.
+/// The outcome of dropping files and folders.
 struct DropPlan
 {
     std::string location;           ///< an installation folder to offer as the location, or ""
     std::vector<std::string> files; ///< to open, in the order of the drop
-    std::string refusal;            ///< one message that names all the others, or ""
+    std::string refusal;            ///< one message that names all other paths, or ""
 };
 
-/// The first installation folder is the location; other folders are refused like unknown files.
+/// Plans a drop. The first installation folder is the location; other folders are refused like
+/// unknown files.
 DropPlan PlanDrop(const std::vector<std::string> &paths, host::GameFiles &files);
 
 } // namespace app

@@ -29,7 +29,7 @@ using host::ErrorNumber;
 using host::RuntimeError;
 
 constexpr char kInstalledEntry[] = "zelk.desktop";   ///< the package's
-constexpr char kOwnEntry[] = "zelk-consist.desktop"; ///< ours, so that one of the user's stays
+constexpr char kOwnEntry[] = "zelk-consist.desktop"; ///< ours, under a name that users hardly use
 constexpr char kType[] = "application/x-msts-consist";
 constexpr char kDefaults[] = "Default Applications";
 constexpr char kDefaultsHead[] = "[Default Applications]\n";
@@ -60,14 +60,14 @@ void write(const std::string &file, std::string_view text)
     check(file, disk::Replace(file, text));
 }
 
-/// True when something failed only because there is no such file.
+/// True if an operation failed only because the file does not exist.
 bool isMissing(const std::optional<disk::Failure> &failure)
 {
     return failure && (failure->number == ErrorNumber::FileNotFound ||
                        failure->number == ErrorNumber::PathNotFound);
 }
 
-/// True when there was such a file.
+/// Returns true if the file existed.
 bool remove(const std::string &file)
 {
     const auto failure = disk::Remove(file);
@@ -77,8 +77,7 @@ bool remove(const std::string &file)
     return true;
 }
 
-/// Runs a tool of the desktop, which need not be there, and waits for its end. Nothing of what it
-/// has to say is shown.
+/// Runs a tool of the desktop, which may be missing, and waits for its end. Hides its output.
 void runTool(std::string tool, std::string argument)
 {
     posix_spawn_file_actions_t actions;
@@ -99,20 +98,20 @@ void runTool(std::string tool, std::string argument)
         throw RuntimeError(ErrorNumber::InvalidCall, tool + " does not take in " + argument);
 }
 
-/// What the desktop has made of the files in these folders is made anew.
+/// Makes the desktop rebuild its caches of the files in these folders.
 void tellDesktop()
 {
     runTool("update-mime-database", host::DataFolder() + "/mime");
     runTool("update-desktop-database", host::DataFolder() + "/applications");
 }
 
-/// The path as an argument in an entry's command line.
+/// Returns the path as an argument in an entry's command line.
 std::string asArgument(std::string_view program)
 {
     std::string text = "\"";
     for (const char c : program) {
         if (c == '"' || c == '`' || c == '$')
-            text += "\\\\"; // an escape of the argument, escaped as every text of an entry is
+            text += "\\\\"; // an escape in the argument, escaped again as in all texts of an entry
         else if (c == '\\')
             text += "\\\\\\";
         else if (c == '%')
@@ -122,7 +121,7 @@ std::string asArgument(std::string_view program)
     return text + '"';
 }
 
-/// The path as a text of an entry.
+/// Returns a text as an entry stores it.
 std::string asText(std::string_view text)
 {
     std::string out;
@@ -131,14 +130,14 @@ std::string asText(std::string_view text)
     return out;
 }
 
-/// The folder that goes with a program in a "bin": "/opt/zelk/share" for "/opt/zelk/bin/zelk".
-/// A "\" is no separator here.
+/// Returns the share folder of a program in a "bin": "/opt/zelk/share" for "/opt/zelk/bin/zelk". A
+/// "\" is not a separator here.
 std::filesystem::path shareOf(const std::filesystem::path &program)
 {
     return program.parent_path().parent_path() / "share";
 }
 
-/// True when the desktop finds the entry that was installed with this program.
+/// True if the desktop finds the entry that was installed with this program.
 bool isInstalled(const std::string &program)
 {
     const std::filesystem::path share = shareOf(program);
@@ -159,7 +158,7 @@ std::string ownEntry(const std::string &program)
     const std::filesystem::path icon = shareOf(program) / "icons/hicolor/256x256/apps/zelk.png";
     if (disk::KindOf(icon.native()) == disk::Kind::File)
         entry.SetValue(kGroup, "Icon", asText(icon.native()));
-    entry.SetValue(kGroup, "NoDisplay", "true"); // nobody asked for one in the menu
+    entry.SetValue(kGroup, "NoDisplay", "true"); // the user has not asked for a menu entry
     return entry.ToText();
 }
 
@@ -168,13 +167,13 @@ bool isOurs(const std::string &entry)
     return entry.empty() || entry == kInstalledEntry || entry == kOwnEntry;
 }
 
-/// Puts an entry before those that the user has chosen for consist files, or just takes ours out.
+/// Puts an entry before the user's own choices for consist files; with "", only removes ours.
 void setDefault(const std::string &entry)
 {
     const std::string file = defaultsFile();
     std::string text;
     if (const auto unread = disk::Read(file, kLimit, text); !isMissing(unread))
-        check(file, unread); // what the user chose before must not be lost
+        check(file, unread); // so that the user's choices are not lost
     host::IniFile defaults = host::IniFile::FromText(text);
     const std::string before = defaults.Value(kDefaults, kType).value_or("");
     std::vector<std::string> entries = host::Split(before, ';');
@@ -194,7 +193,7 @@ void setDefault(const std::string &entry)
         write(file, now);
 }
 
-/// What cannot stand in an entry; desktops take "=" for a setting of the environment.
+/// Throws for a path that cannot be in an entry; desktops interpret "=" as an environment setting.
 void checkName(const std::string &program)
 {
     const auto isBad = [](char c) { return c == '=' || (c >= 0 && c < ' '); };
@@ -204,7 +203,7 @@ void checkName(const std::string &program)
                            program + ": desktops cannot start a program of this name");
 }
 
-/// True when something was there.
+/// Returns true if any file existed.
 bool removeOwnFiles()
 {
     const bool hadType = remove(typeFile());

@@ -16,7 +16,7 @@ namespace app {
 
 namespace {
 
-/// A batch file is read in the code page of consoles.
+/// Consoles read batch files in their own code page.
 std::string inConsoleCodePage(const std::string &text)
 {
     const std::wstring wide = host::disk::Wide(text);
@@ -33,7 +33,7 @@ std::string inConsoleCodePage(const std::string &text)
     return bytes;
 }
 
-/// What the batch file sets belongs to the machine, so that an administrator has to agree.
+/// The batch file changes settings of the machine, so an administrator has to agree.
 void runByShell(const std::string &file)
 {
     const std::wstring path = host::disk::Wide(file);
@@ -53,7 +53,7 @@ void runByShell(const std::string &file)
 constexpr wchar_t kConsistClass[] = L"Software\\Classes\\con_auto_file",
                   kExtension[] = L"Software\\Classes\\.con";
 
-/// The unnamed value of a key of the machine, "" when there is none.
+/// Returns the unnamed value of a machine-wide key, "" if there is none.
 std::wstring defaultValue(const std::wstring &key)
 {
     std::wstring text(32768, L'\0');

@@ -3,24 +3,24 @@
 
 #include <string>
 
-/// What a desktop does with a consist file (".con") that is double-clicked.
+/// The desktop's reaction when the user opens a consist file (".con").
 namespace app {
 
-/// Makes `program`, the full path of an executable, what opens consist files of this user. Doing it
-/// again renews it.
+/// Associates this user's consist files with `program`, the full path of an executable. Calling it
+/// again renews the association.
 ///
-/// Elsewhere than on Windows it writes the file type (application/x-msts-consist) and a desktop
-/// entry into $XDG_DATA_HOME, unless the program is installed where the desktop finds both, and
-/// makes the entry the default in $XDG_CONFIG_HOME/mimeapps.list, of which everything else stays as
-/// it is. A desktop passes over the entry once the program is gone.
+/// On systems other than Windows, writes the file type (application/x-msts-consist) and a desktop
+/// entry into $XDG_DATA_HOME, unless the program is installed where the desktop finds both. Then
+/// makes the entry the default in $XDG_CONFIG_HOME/mimeapps.list, and keeps everything else in that
+/// file. Desktops ignore the entry once the program is gone.
 ///
-/// RuntimeError 70, 75 or 76 with the file that cannot be written and the reason; 5 when a desktop
-/// cannot start a program of that name, or a tool of the desktop fails (it is named). What is
-/// missing among those tools is not needed there.
+/// Throws RuntimeError 70, 75 or 76, with the file and the reason, if a file cannot be written.
+/// Throws 5 if a desktop cannot start a program of that name, or if a tool of the desktop fails
+/// (the detail names it). Skips tools that are missing: such systems do not need them.
 void AssociateConsistFiles(const std::string &program);
 
-/// Takes back what AssociateConsistFiles wrote for this user, and nothing else: what the user made
-/// the default since stays so. Nothing happens when there is nothing. Fails as above.
+/// Removes what AssociateConsistFiles wrote for this user, and nothing else: a default that the
+/// user has chosen since stays. Does nothing if there is nothing to remove. Throws as above.
 void DissociateConsistFiles();
 
 } // namespace app

@@ -6,7 +6,7 @@
 
 namespace app {
 
-/// What File > Open does with a path, by its extension alone.
+/// The action of File > Open for a path, which depends only on the extension.
 enum class OpenKind
 {
     Stock,
@@ -18,10 +18,10 @@ enum class OpenKind
 };
 OpenKind KindOf(std::string_view path);
 
-/// The message for a kind that opens nothing, "" for one that does.
+/// Returns the message for a kind that opens nothing, or "" for a kind that opens.
 std::string RefusalOf(OpenKind kind);
 
-/// The filter text of the open dialog; its first entry is the initial one.
+/// The filter text of the open dialog; its first entry is initially selected.
 extern const char kOpenFilter[];
 
 } // namespace app

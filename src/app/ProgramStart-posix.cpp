@@ -24,7 +24,7 @@ bool isProgram(const fs::path &file)
     return fs::is_regular_file(file, error) && access(file.c_str(), X_OK) == 0;
 }
 
-/// Wine by the names that distributions give it, or "".
+/// Finds Wine under the names that distributions give it; returns "" if it is missing.
 std::string findWine()
 {
     for (const char *name : {"wine", "wine-stable", "wine64"})
@@ -45,7 +45,7 @@ std::string prefixAbove(const fs::path &file)
     return {};
 }
 
-/// The folder of the simulator may be a link into a prefix.
+/// Returns the Wine prefix of a file. The simulator's folder may be a link into a prefix.
 std::string prefixOf(const fs::path &file)
 {
     const std::string prefix = prefixAbove(file);

@@ -10,19 +10,19 @@ class GameFiles;
 
 namespace app {
 
-/// How another program is started on this machine.
+/// The way to start another program on this machine.
 struct ProgramStart
 {
-    std::string program; ///< full path of what the system runs
+    std::string program; ///< full path of the executable that the system runs
     std::vector<std::string> arguments;
-    std::string folder;     ///< in which it runs: that of the program meant
+    std::string folder;     ///< working directory: the folder of the program to start
     std::string winePrefix; ///< for $WINEPREFIX; "" leaves the variable as it is
 };
 
-/// How to start a Windows program, given by its game path. Elsewhere than on Windows it is run by
-/// Wine, in the prefix in which it lies (the nearest folder above it that has "dosdevices"), or in
-/// the user's own when it lies in none; `program` is then "" where Wine is not installed.
-/// RuntimeError 53 with the path when there is no such file.
+/// Returns how to start a Windows program, given by its game path. On systems other than Windows,
+/// Wine runs it. The prefix is the nearest folder above the program that has "dosdevices", or else
+/// the user's own prefix. `program` is "" if Wine is needed and not installed. Throws RuntimeError
+/// 53 with the path if there is no such file.
 ProgramStart StartOf(host::GameFiles &files, const std::string &path,
                      const std::vector<std::string> &arguments);
 

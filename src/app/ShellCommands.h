@@ -16,37 +16,38 @@ namespace app {
 
 class Desktop;
 
-/// A page of the guide: its contents, and the one to search it.
+/// The pages of the guide that commands open: its contents and its search page.
 enum class GuidePage
 {
     Contents,
     Search
 };
 
-/// The file of a page of the guide, "" when it is not there. It lies in the folder "guide" beside
-/// the program, or in share/zelk/guide of what the program is installed in.
+/// Returns the file of a guide page, or "" if it does not exist. The file is in the folder "guide"
+/// beside the program, or in share/zelk/guide under the folder where the program is installed.
 std::string FindGuide(GuidePage page);
 
-/// The commands that reach outside the program. Each tells the user itself what cannot be done;
-/// RuntimeError only for what the machine refuses.
+/// The commands that reach outside the program. They report what cannot be done, and throw
+/// RuntimeError only if the machine refuses.
 class ShellCommands
 {
 public:
-    /// All of them must outlive it.
+    /// All arguments must outlive the object.
     ShellCommands(host::Dialogs &dialogs, host::GameFiles &files, Desktop &desktop,
                   const install::Installation &installation);
 
-    /// These start a program and do not wait for it; true when it was started.
+    /// The Start functions start a program without waiting for it; they return true if it was
+    /// started.
     bool StartSimulator();
     bool StartEditors();
     bool StartShapeViewer();
     bool StartSystemTool(const std::string &path) { return start(path, {}, "System Info"); }
 
-    /// Asks, and makes this program what opens consist files.
+    /// Asks, and associates consist files with this program.
     void SetFileAssociation();
     void ShowGuide(GuidePage page);
-    /// Opens a file or a folder with the program that the desktop has for it. `title` is that of
-    /// the message if that fails.
+    /// Opens a file or a folder with the desktop's program for it. `title` is the title of the
+    /// message if that fails.
     void Open(const std::string &path, const std::string &title);
     /// Opens the web site of the community in the default browser.
     void ShowWebSite();

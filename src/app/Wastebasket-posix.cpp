@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The wastebasket of the freedesktop.org desktops, byte for byte: names need not be UTF-8, which
-// Qt's own function requires.
+// The wastebasket of the freedesktop.org desktops. It treats names as bytes: they need not be
+// UTF-8, which Qt's own function requires.
 #include "app/Wastebasket-posix.h"
 
 #include "host/Disk-posix.h"
@@ -27,7 +27,7 @@ namespace {
 constexpr mode_t kPrivate = 0700;
 constexpr std::size_t kLongestName = 230; ///< leaves room for a number and ".trashinfo" in 255
 
-/// A wastebasket on the file's own volume, and the path by which the file is restored.
+/// A wastebasket on the file's own volume, and the path to which the file can be restored.
 struct Wastebasket
 {
     std::string folder;
@@ -60,7 +60,7 @@ bool makeOwnFolder(const std::string &path)
     return (mkdir(path.c_str(), kPrivate) == 0 || errno == EEXIST) && isOwnFolder(path);
 }
 
-/// True for a folder that the administrator has set up for the wastebaskets of all users.
+/// True for a folder that the administrator has set up for all users' wastebaskets.
 bool isSharedFolder(const std::string &path)
 {
     struct stat status = {};
@@ -68,7 +68,7 @@ bool isSharedFolder(const std::string &path)
            (status.st_mode & S_ISVTX) != 0;
 }
 
-/// The top folder of the volume that holds a file.
+/// Returns the top folder of the volume that holds a file.
 std::string topOf(const std::string &file, dev_t device)
 {
     std::filesystem::path top = std::filesystem::path(file).parent_path();
@@ -96,8 +96,8 @@ std::optional<Wastebasket> wastebasketOfVolume(const std::string &file, dev_t de
     return makeOwnFolder(folder) ? std::optional(Wastebasket{folder, origin}) : std::nullopt;
 }
 
-/// The wastebasket in the home folder takes only files of the same volume: a move to another one
-/// would be a copy.
+/// Returns the wastebasket for a file. The one in the home folder accepts only files of the same
+/// volume, because a move from another volume would be a copy.
 std::optional<Wastebasket> wastebasketFor(const std::string &file, dev_t device)
 {
     const std::string home = host::DataFolder();
@@ -109,7 +109,7 @@ std::optional<Wastebasket> wastebasketFor(const std::string &file, dev_t device)
     return *homeDevice == device ? wastebasketOfHome(file) : wastebasketOfVolume(file, device);
 }
 
-/// A path as a URL has it, without a scheme.
+/// Encodes a path as in a URL, without a scheme.
 std::string encoded(std::string_view path)
 {
     static constexpr char digits[] = "0123456789ABCDEF";
@@ -149,8 +149,8 @@ bool writeNew(const std::string &path, const std::string &text)
     return false;
 }
 
-/// Moves the file into the wastebasket under a name that is free there. The info file reserves the
-/// name, also against other programs. 0, or the error of the step that failed.
+/// Moves the file into the wastebasket under a free name. The info file reserves the name, also
+/// against other programs. Returns 0, or the error of the step that failed.
 int moveInto(const Wastebasket &basket, const std::string &file)
 {
     const std::string files = host::disk::Join(basket.folder, "files/");

@@ -5,7 +5,7 @@
 
 namespace app {
 
-/// Moves a file of the disk to the user's wastebasket. Returns and fails as
+/// Moves a file of the disk to the user's wastebasket. Returns and throws as
 /// Desktop::MoveToWastebasket does.
 bool MoveToWastebasket(const std::string &file);
 

@@ -14,23 +14,24 @@ class Installation;
 
 namespace document {
 
-/// Where consists lie, below the installation folder.
+/// The folder of the consists, below the installation folder.
 inline constexpr std::string_view kConsists = "Trains/Consists";
 
-/// Names of the installed consists that match the filter (host/Filter.h), in listing order. Empty
-/// when there is no consist folder.
+/// Returns the names of the installed consists that match the filter (host/Filter.h), in listing
+/// order; none if the consist folder is missing.
 std::vector<std::string> ListConsists(const install::Installation &installation,
                                       host::GameFiles &files, std::string_view filter);
 
-/// The folder of the installed consists as the disk spells it, where file dialogs open; "" when
-/// there is none.
+/// Returns the folder of the installed consists as the disk spells it, in which file dialogs open;
+/// "" if there is none.
 std::string ConsistFolder(const install::Installation &installation, host::GameFiles &files);
 
-/// What to tell who sees the list without a name: why there is none, and what to do about it.
+/// Returns the hint that an empty list shows: why it has no names, and what the user can do.
 std::string EmptyListHint(const install::Installation &installation, host::GameFiles &files,
                           std::string_view filter);
 
-/// "Consist List 2", or "Consist List 2 (Filtered on GP*)" when the filter limits the list.
+/// Returns the caption "Consist List 2", or "Consist List 2 (Filtered on GP*)" if the filter limits
+/// the list.
 std::string ConsistListCaption(int windowNumber, std::string_view filter);
 
 } // namespace document

@@ -73,7 +73,7 @@ void ConsistTree::rebuildRows()
     }
 }
 
-/// A value to show: "" when any block on the way to it is absent.
+/// Returns a value to show; "" if any block on the way to it is absent.
 std::string ConsistTree::trainValue(std::string_view name, int index) const
 {
     return stavfile::ValueAt(stavfile::ChildOf(install::FindTrain(m_file), name), index);
@@ -101,7 +101,7 @@ EditResult ConsistTree::Edit(Move move, int selectedRow, const StockItem *stock)
         selectedRow = 0;
     EditResult result;
     try {
-        rebuildRows(); // throws when there is no train to edit
+        rebuildRows(); // throws if there is no train to edit
         result = perform(move, selectedRow, stock);
     } catch (const RuntimeError &error) {
         result = refusal(error.Detail().empty() ? error.Text() : error.Detail());
@@ -163,7 +163,7 @@ EditResult ConsistTree::remove(int row)
     return {next <= static_cast<int>(m_rows.size()) ? next : 0, std::move(remark)};
 }
 
-/// One step for the whole train, since rebuilding the rows after each unit takes long.
+/// One step for the whole train, because rebuilding the rows after each unit is slow.
 EditResult ConsistTree::removeAll()
 {
     if (m_rows.empty())
@@ -203,7 +203,7 @@ EditResult ConsistTree::backwards(int row)
     const int below = m_rows[static_cast<std::size_t>(row)].position;
     const StfNode entry = children.Item(from);
     children.Remove(from);
-    children.Insert(entry, below); // the unit below has moved up by one: this is right behind it
+    children.Insert(entry, below); // behind the unit below, which has moved up by one
     rebuildRows();
     return {row + 1, {}};
 }
@@ -254,8 +254,8 @@ void ConsistTree::SaveCopy(const std::string &path) const
     copy.Save(path);
 }
 
-/// A third of all real consists have no name block and begin with something else, which must not
-/// be overwritten: the first child is taken only when it is the name block.
+/// A third of all real consists have no name block. They get one as the first child; all other
+/// blocks stay.
 void ConsistTree::writeName(const std::string &name)
 {
     const std::string value = name.find(' ') == name.npos ? name : stavfile::QuotedValue(name);

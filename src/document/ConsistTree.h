@@ -19,12 +19,12 @@ using install::StockPath;
 struct ConsistRow
 {
     StockItem item;
-    std::int16_t position = 0; ///< 1-based place of the entry among the children of TrainCfg
+    std::int16_t position = 0; ///< 1-based position of the entry among the children of TrainCfg
 
     friend bool operator==(const ConsistRow &, const ConsistRow &) = default;
 };
 
-/// The editing buttons, by their index.
+/// The editing buttons, in the order of their indexes.
 enum class Move
 {
     Add = 0,
@@ -35,65 +35,67 @@ enum class Move
     Flip = 5
 };
 
-/// The outcome of an edit, for the window to show.
+/// The result of an edit, for the window to show.
 struct EditResult
 {
     int selectedRow = 0;  ///< 1-based row to select, 0 for none
     std::string message;  ///< a remark for the status bar, often ""
-    bool refused = false; ///< nothing was changed, and the message says why
+    bool refused = false; ///< nothing was changed; the message states why
 };
 
-/// A consist document and its edits. The tree is the data; rows are a view of it, rebuilt after
-/// each edit. Rows count from 1, 0 is "none selected".
+/// A consist document and its edits. The tree is the data; the rows are a view of it, rebuilt after
+/// each edit. Rows count from 1; 0 means "none selected".
 ///
-/// The rows end before the first unit that cannot be listed. That unit and everything behind it
-/// stay in the tree, and no edit touches them.
+/// The rows end before the first unit that cannot be listed. That unit and all units behind it stay
+/// in the tree, and no edit changes them.
 class ConsistTree
 {
 public:
     explicit ConsistTree(host::GameFiles &files);
 
-    /// Reads a consist file. RuntimeError as StfFile::Load; error 91 with the file's name when
-    /// there is no Train or TrainCfg block (the tree is loaded all the same). Clears Changed.
+    /// Reads a consist file and clears Changed. Throws RuntimeError as StfFile::Load does. Throws
+    /// error 91 with the file's name if there is no Train or TrainCfg block; the tree is loaded
+    /// even then.
     void Load(const std::string &path);
-    /// Starts a new consist from the template and sets Changed. `path` is a file that does not
-    /// exist yet, under whose name the consist will be saved; "" when the name is still open.
+    /// Starts a new consist from the template and sets Changed. `path` is the file in which the
+    /// consist will be saved, which does not exist yet; "" if it has no name yet.
     void New(const std::string &path = {});
 
     bool Changed() const { return m_changed; }
     void SetChanged(bool changed) { m_changed = changed; }
 
     const std::vector<ConsistRow> &Rows() const { return m_rows; }
-    /// The file, the line and the fault of the first unit that cannot be listed; "" when the rows
-    /// show every unit.
+    /// Returns the file, the line and the fault of the first unit that cannot be listed; "" if the
+    /// rows show every unit.
     const std::string &WhyRowsEnd() const { return m_whyRowsEnd; }
-    /// The values of TrainCfg joined by single blanks, trimmed; "" when there is none.
+    /// Returns the values of TrainCfg, joined by single blanks and trimmed; "" if there are none.
     std::string Title() const;
-    /// Values of MaxVelocity (index 0 and 1) and Durability as the file's text; "" when absent.
+    /// Return values of MaxVelocity (index 0 and 1) and Durability as text from the file; "" if
+    /// absent.
     std::string MaxVelocity(int index) const;
     std::string Durability() const;
 
     /// Performs an editing operation and rebuilds the rows. Every call sets Changed, even one that
-    /// changes nothing. `stock` is the selected row of the stock list, needed by Add only (null for
-    /// none selected). Never throws on the file's content: an edit that cannot be done leaves the
-    /// tree as it is, and the result says why.
+    /// changes nothing. `stock` is the selected row of the stock list, or null for none; only Add
+    /// needs it. Never throws because of the file's content: if the edit is impossible, the tree
+    /// stays as it is, and the result states why.
     EditResult Edit(Move move, int selectedRow, const StockItem *stock = nullptr);
 
-    /// Sets the consist's name after the file name in TrainCfg and its name node, writes the
-    /// document to `path` and clears Changed. RuntimeError as StfFile::Save, or 91 with the file's
-    /// name when there is no TrainCfg to hold the name; the consist then keeps its old name, and
-    /// Changed stays as it was.
+    /// Sets the consist's name, in TrainCfg and its name node, to the file name; writes the
+    /// document to `path` and clears Changed. Throws RuntimeError as StfFile::Save does, or 91 with
+    /// the file's name if there is no TrainCfg to hold the name. After an error the consist keeps
+    /// its old name, and Changed stays as it was.
     void Save(const std::string &path);
 
-    /// True when `path` leads to the file that was loaded or saved last, and the file has another
-    /// content now: saving would overwrite what somebody else has written.
+    /// True if `path` leads to the file that was last loaded or saved, and the file now has other
+    /// content: saving would overwrite a change that somebody else has made.
     bool ChangedOnDisk(const std::string &path) const { return m_onDisk.HasChanged(m_files, path); }
 
-    /// Writes a copy as Save would; the document itself, its name and Changed stay as they are.
+    /// Writes a copy as Save would. The document, its name and Changed stay as they are.
     void SaveCopy(const std::string &path) const;
 
-    /// RuntimeError 91 with the file's name when Save could not write the name, so that nobody
-    /// deletes a file to make room for what cannot be written.
+    /// Throws RuntimeError 91 with the file's name if Save could not write the name. Call it before
+    /// deleting a file to make room for this one.
     void CheckSavable() const { trainCfg(); }
 
     const StfFile &Document() const { return m_file; }
@@ -113,13 +115,14 @@ private:
 
     host::GameFiles &m_files;
     StfFile m_file;
-    host::FileState m_onDisk; ///< what the document's file held when it was read or written here
+    host::FileState m_onDisk; ///< the file's content when last read or written here
     std::vector<ConsistRow> m_rows;
     std::string m_whyRowsEnd;
     bool m_changed = false;
 };
 
-/// The name that a consist gets from its file: the file name without folder and last extension.
+/// Returns the name that a consist gets from its file: the file name without folder and last
+/// extension.
 std::string ConsistName(std::string_view path);
 
 } // namespace document

@@ -21,10 +21,11 @@ constexpr char kFilter[] = "Consist Files (*.con)|*.con|All Files (*.*)|*.*";
 struct Place
 {
     std::string name;
-    bool replaces = false; ///< a file of this name is to be deleted first
+    bool replaces = false; ///< an existing file of this name is deleted first
 };
 
-/// The file name that the user chooses, "" for none. Lists show only names that end in ".con".
+/// Returns the file name that the user chooses, "" for none. Lists show only names that end in
+/// ".con".
 std::string chosenName(const SaveQuestions &questions)
 {
     const std::string name =
@@ -40,8 +41,8 @@ host::DialogAnswer askToReplace(const std::string &name, host::Dialogs &dialogs)
                            host::DialogIcon::Question, host::DialogButtons::YesNoCancel);
 }
 
-/// The file to save to. Asks for names until one is free or may be overwritten; `fileName` is
-/// cleared when the user does not want to overwrite that file.
+/// Returns the file to save to. Asks for names until one is free or may be overwritten. Clears
+/// `fileName` if the user does not want to overwrite that file.
 Place placeToSave(const ConsistTree &tree, std::string &fileName, const SaveQuestions &questions)
 {
     for (;;) {

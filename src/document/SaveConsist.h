@@ -33,7 +33,7 @@ struct SaveOutcome
 /// - Without a file name, asks for one. A name chosen in the dialog always ends in ".con".
 /// - Asks before overwriting a change that somebody else has made; any answer but Yes stops.
 /// - Asks before overwriting any file. Yes deletes the file and writes the consist. No drops the
-///   file name and asks for another one. Cancel says so and stops.
+///   file name and asks for another one. Cancel reports that and stops.
 ///
 /// A failure is reported with the whole path and the reason, and the consist keeps its file name.
 /// If the old file is deleted by then, the tree counts as changed. A `quiet` save keeps the
@@ -41,7 +41,7 @@ struct SaveOutcome
 SaveOutcome SaveConsist(ConsistTree &tree, const std::string &fileName,
                         const SaveQuestions &questions, bool quiet);
 
-/// Saves a consist under a name that is asked for. The consist keeps `fileName` unless it was
+/// Asks for a name and saves a consist under it. The consist keeps `fileName` unless it was
 /// written.
 SaveOutcome SaveConsistAs(ConsistTree &tree, const std::string &fileName,
                           const SaveQuestions &questions);

@@ -24,7 +24,7 @@ const std::string &columnOf(const StockItem &item, int column)
 StockScan::Found StockScan::stockOfFolder(host::Snapshot &files, const std::string &trainset,
                                           const std::string &folder)
 {
-    constexpr std::size_t kExtension = 4; // ".eng", ".wag" and whatever else has three letters
+    constexpr std::size_t kExtension = 4; // ".eng", ".wag" and others of three letters
     Found found;
     for (std::string &name : install::StockFiles(files, trainset, folder)) {
         const bool engine = name.ends_with("eng");

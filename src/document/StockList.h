@@ -20,23 +20,23 @@ class Installation;
 
 namespace document {
 
-/// Reads the installed stock folder by folder, ahead on worker threads, delivering in listing
-/// order: every file of the trainset folders without a dot that match the filter whose extension
-/// has three characters and ends in g. "Engine" is decided by the exact letters "eng", all else is
-/// "Wagon".
+/// Reads the installed stock folder by folder, ahead on worker threads, and delivers it in listing
+/// order. Reads the trainset folders whose names have no dot and match the filter, and lists the
+/// files whose extension has three characters and ends in g. A file is an "Engine" if its extension
+/// is exactly "eng", otherwise a "Wagon".
 class StockScan
 {
 public:
     StockScan(const install::Installation &installation, host::GameFiles &files,
               std::string_view filter, std::size_t workers = host::DefaultWorkers());
 
-    /// The items of the next folder when they are ready, at once; nothing when they are not or when
-    /// all folders are done.
+    /// Returns the items of the next folder without waiting; nothing if they are not ready or all
+    /// folders are done.
     std::optional<std::vector<StockItem>> TryTakeFolder() { return itemsOf(m_ahead->TryTake()); }
-    /// The same, waiting for them.
+    /// Returns the items of the next folder, and waits for them; nothing if all folders are done.
     std::optional<std::vector<StockItem>> TakeFolder() { return itemsOf(m_ahead->Take()); }
-    /// The paths of those folders taken so far whose names could not be read; the trainset folder
-    /// first when it is one.
+    /// Returns the paths of the folders taken so far that could not be read; an unreadable trainset
+    /// folder comes first.
     const std::vector<std::string> &ClosedFolders() const { return m_closed; }
     bool Done() const { return m_ahead->Done(); }
     std::size_t FoldersDone() const { return m_ahead->Taken(); }
@@ -47,7 +47,7 @@ private:
     struct Found
     {
         std::vector<StockItem> items;
-        std::string closed; ///< the folder's path when it could not be read
+        std::string closed; ///< the folder's path if it could not be read
     };
     static Found stockOfFolder(host::Snapshot &files, const std::string &trainset,
                                const std::string &folder);
@@ -57,18 +57,19 @@ private:
     std::vector<std::string> m_closed;
 };
 
-/// How the stock list is sorted: not at all (listing order) until a column header is clicked.
+/// The order of the stock list: listing order until the user clicks a column header.
 struct StockOrder
 {
     int column = -1; ///< 0 Type, 1 Folder, 2 Shape; -1 not sorted
     bool ascending = true;
 
-    /// A click on a column header: another column sorts ascending, the same one turns round.
+    /// Handles a click on a column header: another column sorts ascending, the same one reverses
+    /// the order.
     void Click(int clicked);
 };
 
-/// The order in which to show the items: indexes into `items`, letter case ignored, items that
-/// compare equal in their given order (also when descending).
+/// Returns the order in which to show the items, as indexes into `items`. Ignores letter case.
+/// Items that compare equal keep their given order, also in descending order.
 std::vector<int> SortedIndexes(const std::vector<StockItem> &items, const StockOrder &order);
 
 } // namespace document

@@ -14,8 +14,8 @@ namespace {
 
 constexpr const char *kCounter = "NextWagonUID";
 
-/// A number with as many decimals as the text that it replaces; in the shortest form when that text
-/// has an exponent.
+/// Formats a number with as many decimals as the text that it replaces, or in the shortest form if
+/// that text has an exponent.
 std::string written(double value, const std::string &like)
 {
     std::array<char, 400> text{}; // the longest double has 309 digits before the point
@@ -29,7 +29,7 @@ std::string written(double value, const std::string &like)
     return {begin, stop};
 }
 
-/// The number in the text less `units`, as text; nothing when the text is not a number.
+/// Returns the number in the text minus `units`, as text; nothing if the text is not a number.
 std::optional<std::string> lessened(const std::string &text, int units)
 {
     constexpr auto least = std::numeric_limits<std::int64_t>::min();
@@ -39,7 +39,7 @@ std::optional<std::string> lessened(const std::string &text, int units)
     if (!value)
         return std::nullopt;
     const double less = *value - units;
-    return less == *value ? text : written(less, text); // large numbers have gaps
+    return less == *value ? text : written(less, text); // large numbers have gaps: no change then
 }
 
 } // namespace

@@ -16,7 +16,7 @@ constexpr std::string_view kSetupKey =
 constexpr std::string_view kViewer = "QView.exe";
 constexpr int kSetupEntries = 9;
 
-/// The viewer beside the log file that its setup entry names in double quotes.
+/// Returns the viewer beside the log file that its setup entry names in double quotes.
 std::string viewerBeside(std::string_view uninstallString)
 {
     const std::size_t quote = uninstallString.find('"');

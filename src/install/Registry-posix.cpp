@@ -34,8 +34,8 @@ Answer findInIni(std::string_view text, std::string_view key, std::string_view v
     return host::IniFile::FromText(text).Value(key, value);
 }
 
-/// Remembers what was found in a file as long as the file stays the same: the folder of Train
-/// Simulator is asked for with every path that is built.
+/// Remembers the answers from a file while the file is unchanged. Each path that the program builds
+/// asks for the folder of Train Simulator.
 class AnswerCache
 {
 public:
@@ -70,7 +70,7 @@ private:
     std::map<std::string, Known> m_files;
 };
 
-/// The key in the 32-bit view, then in the 64-bit one (or in that of a machine with one view).
+/// Returns the key in the 32-bit view, then in the 64-bit view (or the only view of a machine).
 std::vector<std::string> viewsOf(std::string_view key)
 {
     std::vector<std::string> views = {std::string(key)};
@@ -99,7 +99,7 @@ std::string winePrefix()
     return prefix.empty() ? path::Join(host::HomeFolder(), ".wine") : prefix;
 }
 
-/// The first answer that is not empty, cut at its first NUL; "" when there is none.
+/// Returns the first answer that is not empty, cut at its first NUL; "" if there is none.
 std::string ask(const std::string &file, Finder finder, std::string_view key,
                 std::string_view value)
 {
@@ -119,7 +119,7 @@ bool isOnDrive(std::string_view text)
            (text.size() == 2 || text[2] == '\\' || text[2] == '/');
 }
 
-/// The folder of a drive of the prefix, or "".
+/// Returns the folder of a drive of the prefix, or "".
 std::string driveFolder(char letter)
 {
     const std::string drives = path::Join(winePrefix(), "dosdevices");
@@ -142,7 +142,7 @@ std::string QueryValue(std::string_view key, std::string_view value)
             return text;
     const std::string wine = path::Join(winePrefix(), "system.reg");
     const std::string text = ask(wine, install::ValueInWineRegistry, key, value);
-    // A command line with quoted paths in it is no path.
+    // A command line with quoted paths is not a path.
     return text.find('"') == std::string::npos ? PathOnThisMachine(text) : text;
 }
 

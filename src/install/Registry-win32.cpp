@@ -34,7 +34,7 @@ private:
     HKEY m_key = nullptr;
 };
 
-/// Variables in a value of the kind that has some, as in "%ProgramFiles%\x", take their values.
+/// Expands the variables in a value of an expandable type, as in "%ProgramFiles%\x".
 std::wstring expanded(const std::wstring &text)
 {
     std::wstring out;
@@ -46,7 +46,8 @@ std::wstring expanded(const std::wstring &text)
     return out.substr(0, out.find(L'\0'));
 }
 
-/// The text of a value, cut at its first NUL. It need not end in one, nor be of whole characters.
+/// Returns the text of a value, cut at its first NUL. The value may lack a NUL, and its size may be
+/// odd.
 std::wstring textOf(HKEY key, const std::wstring &value)
 {
     std::wstring text;

@@ -20,7 +20,7 @@ std::string nameIn(host::GameFiles &files, const std::string &routeFile)
         const StfNode block = StfFile::Read(files, routeFile).FindNode("Tr_RouteFile");
         name = stavfile::JoinedValues(stavfile::ChildOf(block, "Name"));
     } catch (const host::RuntimeError &) {
-        return {}; // a route that cannot be read is still one to choose, by its folder
+        return {}; // a route with an unreadable file can still be chosen by its folder
     }
     std::replace(name.begin(), name.end(), '|', ' ');
     return name;

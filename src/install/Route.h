@@ -13,28 +13,28 @@ namespace install {
 
 class Installation;
 
-/// Where routes are, below the installation folder.
+/// The folder of the routes, below the installation folder.
 inline constexpr std::string_view kRoutes = "Routes";
 
 /// An installed route.
 struct Route
 {
     std::string folder; ///< its name below Routes, which identifies it
-    /// From its route file, with blanks in place of "|", which separates routes in a list text. ""
-    /// when the file is missing, unreadable or names nothing.
+    /// The name in its route file, with blanks in place of "|", which separates routes in a list
+    /// text. "" if the file is missing, unreadable or nameless.
     std::string name;
 
     friend bool operator==(const Route &, const Route &) = default;
 };
 
-/// The installed routes in listing order: the folders below Routes whose names have no ".". Without
-/// names, no route file is read and all names are "".
+/// Returns the installed routes in listing order: the folders below Routes whose names have no ".".
+/// Without names, reads no route file and leaves all names "".
 std::vector<Route> InstalledRoutes(const Installation &installation, host::GameFiles &files,
                                    bool withNames);
 
-/// How a list shows a route: "folder(name)", or the folder of a route without a name.
+/// Returns how a list shows a route: "folder(name)", or the folder if the route has no name.
 std::string ListText(const Route &route);
-/// All of them, separated by "|".
+/// Returns the list texts of the routes, separated by "|".
 std::string ListText(const std::vector<Route> &routes);
 
 } // namespace install

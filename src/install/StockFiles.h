@@ -11,10 +11,10 @@
 
 namespace install {
 
-/// Where stock folders lie, below the installation folder.
+/// The folder of the stock folders, below the installation folder.
 inline constexpr std::string_view kTrainset = "Trains/Trainset";
 
-/// The stock folders, in listing order: those of the trainset folder without a dot that match the
+/// Lists the stock folders: those in the trainset folder whose names have no dot and match the
 /// user's filter. `Files` is host::GameFiles or host::Snapshot.
 template <typename Files>
 std::vector<std::string> StockFolders(Files &files, const std::string &trainset,
@@ -26,7 +26,8 @@ std::vector<std::string> StockFolders(Files &files, const std::string &trainset,
     return folders;
 }
 
-/// The stock files of one of them: those whose extension has three characters and ends in g.
+/// Lists the stock files of a stock folder: those whose extension has three characters and ends in
+/// g.
 template <typename Files>
 std::vector<std::string> StockFiles(Files &files, const std::string &trainset,
                                     const std::string &folder)

@@ -16,11 +16,11 @@ namespace install {
 /// The kinds of stock, as types of a StockItem and as names of units.
 inline constexpr const char *kEngine = "Engine", *kWagon = "Wagon";
 
-/// The block of a train in a consist file and in a loose consist, and the block around it in each.
+/// The block of a train, and the block around it in a consist file and in a loose consist.
 inline constexpr const char *kTrainCfg = "TrainCfg", *kTrain = "Train",
                             *kTrainConfig = "Train_Config";
 
-/// A stock item by its three list columns.
+/// A stock item with the texts of its three list columns.
 struct StockItem
 {
     std::string type; ///< "Engine" or "Wagon"; in a list of a consist "*" is appended when flipped
@@ -30,13 +30,13 @@ struct StockItem
     friend bool operator==(const StockItem &, const StockItem &) = default;
 };
 
-/// The name of a stock file without its folder. The extension is the first three letters of the
-/// type in lower case.
+/// Returns the name of a stock file without its folder. The extension is the first three letters of
+/// the type in lower case.
 std::string StockFileName(std::string_view type, std::string_view baseName);
-/// The path of a stock item's file below an installation folder.
+/// Returns the path of a stock item's file below an installation folder.
 std::string StockPath(std::string_view installFolder, const StockItem &item);
 
-/// A stock file as units name it, whatever their kind.
+/// A stock file, as a unit of any kind names it.
 struct StockName
 {
     std::string base;   ///< the file name less its last four characters
@@ -57,20 +57,21 @@ public:
     {
     }
 
-    /// "Engine" or "Wagon".
+    /// Returns "Engine" or "Wagon".
     std::string Kind() const { return m_block.Name(); }
     bool IsFlipped() const;
-    /// The stock item as lists and views show it. A folder name with a blank that was not quoted
-    /// comes as two values, which are joined. Values that are missing are "". Error 91 with file
-    /// and line when there is no data block.
+    /// Returns the stock item as lists and views show it. An unquoted folder name with a blank is
+    /// read as two values, which are joined. Missing values are "". Throws error 91 with file and
+    /// line if there is no data block.
     StockItem Item() const;
-    /// The first two values of the data block, no others, which is what checks look at. Error 91
-    /// without a data block, 9 when a value is missing.
+    /// Returns the first two values of the data block and ignores all others, as checks do. Throws
+    /// error 91 without a data block, 9 if a value is missing.
     StockName Stock() const;
-    /// True when the first two values of the data block are this name, letter case included.
+    /// True if the first two values of the data block are this name, letter case included.
     bool Names(const StockName &stock) const;
 
-    /// The 1-based place among the children of the train, when a walk through Units led here.
+    /// Returns the 1-based position among the children of the train; 0 for a unit that does not
+    /// come from Units.
     std::int16_t Position() const { return m_position; }
 
 private:
@@ -80,12 +81,13 @@ private:
     std::int16_t m_position;
 };
 
-/// The units of a train in file order, for `for (const Unit &unit : Units(trainCfg))`. Going to a
-/// unit whose position is beyond 16 bits is error 6. The tree must not change on the way.
+/// The units of a train in file order, for `for (const Unit &unit : Units(trainCfg))`. Throws error
+/// 6 on the step to a unit whose position is beyond 16 bits. The tree must not change during the
+/// walk.
 class Units
 {
 public:
-    /// No object has no units.
+    /// If `trainCfg` is no object, there are no units.
     explicit Units(StfNode trainCfg)
         : m_train(std::move(trainCfg))
     {
@@ -119,21 +121,21 @@ private:
     StfNode m_train;
 };
 
-/// The train of a consist file, or no object.
+/// Returns the train of a consist file, or no object.
 StfNode FindTrain(const StfFile &consist);
-/// Like FindTrain, but error 91 when there is none: with the file's name and the block that is
-/// missing, or why the file is not text.
+/// Like FindTrain, but throws error 91 if there is none: with the file's name and the missing
+/// block, or the reason why the file is not text.
 StfNode RequireTrain(const StfFile &consist);
-/// The values of the block, joined by single blanks and trimmed; "" for no object.
+/// Returns the values of the block, joined by single blanks and trimmed; "" for no object.
 std::string TrainTitle(const StfNode &trainCfg);
 
-/// The block of an engine or wagon file that describes the vehicle, or no object. Engines have one,
-/// too.
+/// Returns the block of an engine or wagon file that describes the vehicle, or no object. Engines
+/// have this block, too.
 StfNode FindVehicle(const StfFile &stockFile);
-/// Like FindVehicle, but error 91 with the file's name when there is none.
+/// Like FindVehicle, but throws error 91 with the file's name if there is none.
 StfNode RequireVehicle(const StfFile &stockFile);
-/// The entry of a vehicle whose first value is the shape file, relative to the folder of the stock
-/// file; no object when there is none. Error 91 without a vehicle.
+/// Returns the entry of a vehicle whose first value is the shape file, relative to the folder of
+/// the stock file; no object if there is none. Throws error 91 without a vehicle.
 StfNode FindShape(const StfNode &vehicle);
 
 } // namespace install

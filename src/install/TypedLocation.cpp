@@ -16,7 +16,7 @@ bool holds(host::GameFiles &files, std::string_view folder, const char *name)
     return files.FolderExists(host::path::Join(folder, name));
 }
 
-/// The folder that a text means once it is set as the location.
+/// Returns the folder that a text would select as the location.
 std::string folderMeant(std::string_view typed)
 {
     Installation installation;

@@ -10,14 +10,14 @@ class GameFiles;
 
 namespace install {
 
-/// The folder that a typed text means: "~" at its beginning is the user's home folder, and
-/// separators at its end are dropped (except those of a root). Other text is taken as it is.
+/// Returns the folder that a typed text means. A leading "~" is the user's home folder. Separators
+/// at the end are dropped (except those of a root). Other text stays as it is.
 std::string FolderTyped(std::string_view typed);
 
-/// True for an installation folder: it holds a folder "Trains".
+/// True for an installation folder, which contains a folder "Trains".
 bool HoldsTrains(host::GameFiles &files, std::string_view folder);
 
-/// One sentence for the user: what is wrong with a typed location, or that nothing is.
+/// Returns one sentence for the user: what is wrong with a typed location, or that it is correct.
 std::string LocationHint(host::GameFiles &files, std::string_view typed);
 
 } // namespace install

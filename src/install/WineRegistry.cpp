@@ -10,7 +10,7 @@
 namespace install {
 namespace {
 
-/// Text from UTF-16 units that come one by one; lone surrogates become U+FFFD.
+/// Text built from single UTF-16 units; lone surrogates become U+FFFD.
 class Utf16Text
 {
 public:
@@ -63,7 +63,7 @@ std::string_view takeLine(std::string_view &text)
     return line;
 }
 
-/// A number of at most `places` digits at the beginning of the text, taken off it.
+/// Removes a number of at most `places` digits from the beginning of the text, and returns it.
 std::optional<char32_t> takeNumber(std::string_view &text, std::size_t places, int base)
 {
     unsigned number = 0;
@@ -76,7 +76,8 @@ std::optional<char32_t> takeNumber(std::string_view &text, std::size_t places, i
     return number;
 }
 
-/// What stands after a backslash, taken off the text: \n, \x20AC, \033, or the character itself.
+/// Removes the escape after a backslash from the text and adds its character: \n, \x20AC, \033, or
+/// the character itself.
 void takeEscape(std::string_view &text, Utf16Text &out)
 {
     static constexpr std::string_view kLetters = "abefnrtv";
@@ -97,7 +98,8 @@ void takeEscape(std::string_view &text, Utf16Text &out)
     out.AddByte(letter == std::string_view::npos ? c : kMeanings[letter]);
 }
 
-/// The text up to an unescaped delimiter, both taken off; nothing when there is no delimiter.
+/// Removes the text up to and including an unescaped delimiter. Returns it without the delimiter,
+/// or nothing if there is no delimiter.
 std::optional<std::string> takeUntil(std::string_view &text, char delimiter)
 {
     Utf16Text out;
@@ -122,7 +124,7 @@ bool takePrefix(std::string_view &text, std::string_view prefix)
     return true;
 }
 
-/// Bytes as "25,00,..." over lines that end in a backslash, two to a UTF-16 unit.
+/// Decodes bytes such as "25,00,...", two for each UTF-16 unit. A backslash continues the line.
 std::string hexText(std::string_view line, std::string_view following)
 {
     Utf16Text out;
@@ -145,14 +147,14 @@ std::string hexText(std::string_view line, std::string_view following)
     }
 }
 
-/// A text as it is stored. One that is expandable has variables in it, as in "%windir%\x".
+/// A text as the file stores it. An expandable text contains variables, as in "%windir%\x".
 struct StoredText
 {
     std::string text;
     bool isExpandable = false;
 };
 
-/// What stands after the "=" of an entry.
+/// Reads the value after the "=" of an entry.
 std::optional<StoredText> textValue(std::string_view line, std::string_view following)
 {
     const bool isExpandable = line.starts_with("str(2):") || line.starts_with("hex(2):");
@@ -192,8 +194,8 @@ std::optional<StoredText> find(std::string_view text, std::string_view key, std:
     return std::nullopt;
 }
 
-/// Where the values of variables stand that the system sets for every program, for one of 32 bits
-/// first. The others stand in the last key under their own names.
+/// The places of the values of system variables; the first place for a name is that of a 32-bit
+/// program. Other variables have their own names in the last key.
 struct Variable
 {
     std::string_view name, key, value;
@@ -227,7 +229,7 @@ std::optional<std::string> variableValue(std::string_view registry, std::string_
     return found ? std::optional(found->text) : std::nullopt;
 }
 
-/// The text with the values of the variables in it; one that is unknown stays as it stands.
+/// Replaces the variables in the text by their values; an unknown variable stays as it is.
 std::string expanded(std::string_view registry, std::string_view text)
 {
     std::string out;

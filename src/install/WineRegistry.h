@@ -7,11 +7,11 @@
 
 namespace install {
 
-/// A text value in the registry file of a Wine prefix (system.reg), by key path and value name,
-/// letter case ignored; nothing when it is missing or no text. Reads "text", str(n):"text" and
-/// hex(1): and hex(2): bytes, which are UTF-16LE. Bytes that make no sense are passed over. In what
-/// is expandable, str(2) and hex(2), the variables that the registry knows have their values, those
-/// that a program of 32 bits sees ("%ProgramFiles%\x" is "C:\Program Files (x86)\x").
+/// Reads a text value from the registry file of a Wine prefix (system.reg), by key path and value
+/// name, letter case ignored. Returns nothing if the value is missing or not text. Reads "text",
+/// str(n):"text", and the bytes of hex(1): and hex(2): as UTF-16LE, up to the first invalid byte.
+/// In the expandable types str(2) and hex(2), replaces the variables that the registry defines,
+/// with the values for a 32-bit program ("%ProgramFiles%\x" is "C:\Program Files (x86)\x").
 std::optional<std::string> ValueInWineRegistry(std::string_view text, std::string_view key,
                                                std::string_view value);
 

@@ -32,7 +32,7 @@ void NewDocumentTemplate(StfFile &file, std::string_view extension)
     const StfNode config = AddNode(train.Children(), install::kTrainCfg);
     AddNode(config.Children(), "Name", {"Unknown"});
     AddNode(config.Children(), "MaxVelocity", {"40.00000", "1.00000"});
-    // Not the name under which the editor keeps its counter: it has always been spelled so here.
+    // Differs from the name of the editor's counter (NextWagonUID), and always has.
     AddNode(config.Children(), "NextWagonId", {"1"});
     AddNode(config.Children(), "Durability", {"1.0"});
 }

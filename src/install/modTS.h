@@ -18,14 +18,14 @@ namespace modTS {
 
 /// Creates a block of this name, appends it to the list and returns it.
 StfNode AddNode(StfNodes nodes, std::string_view name);
-/// The same, with values.
+/// Creates a block of this name with values, appends it to the list and returns it.
 StfNode AddNode(StfNodes nodes, std::string_view name, const std::vector<std::string> &values);
 
 /// Fills an empty document with the tree of a new file of this extension (letter case ignored).
-/// Only "con" has one; for any other the document stays empty.
+/// Only "con" has such a tree; for other extensions the document stays empty.
 void NewDocumentTemplate(StfFile &file, std::string_view extension);
 
-/// The list text (install/Route.h) of the installed routes: the folders or, with names,
+/// Returns the list text (install/Route.h) of the installed routes: the folders or, with names,
 /// "folder(name)", separated by "|".
 std::string RoutesList(const install::Installation &installation, host::GameFiles &files,
                        bool withNames);

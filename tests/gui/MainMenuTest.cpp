@@ -8,104 +8,11 @@
 
 namespace {
 
-/// Returns a menu and its items, one per line: name [caption], with "-" before items that are
-/// disabled at the start and ">" before submenus.
-std::string treeOf(const QList<QAction *> &actions, const std::string &indent)
-{
-    std::string tree;
-    for (const QAction *action : actions) {
-        if (action->isSeparator())
-            continue;
-        tree += indent +
-                (action->menu()        ? ">"
-                 : action->isEnabled() ? ""
-                                       : "-") +
-                action->objectName().toStdString() + " [" + action->text().toStdString() + "]\n";
-        if (action->menu())
-            tree += treeOf(action->menu()->actions(), indent + " ");
-    }
-    return tree;
-}
-
-constexpr char kTree[] = R"(>mnuFile [&File]
- >mnuFileNew [&New]
-  mnuFileNewConsist [&Consist]
-  mnuFileNewConsistList [Consist &List Window]
- mnuFileOpen [&Open...]
- mnuFileClose [&Close]
- -mnuFileSave [&Save]
- -mnuFileSaveAs [Save &As...]
- -mnuFileSaveAll [Save A&ll]
- mnuFilePageSetup [Page Set&up...]
- mnuFilePrint [&Print...]
- mnuFilePrintPreview [Print Pre&view...]
- mnuFileProperties [Propert&ies]
- mnuFileSetMSTSLoc [Set &MSTS Location...]
- -mnuFileMRU0 [Recent File 1]
- -mnuFileMRU1 [Recent File 2]
- -mnuFileMRU2 [Recent File 3]
- mnuFileExit [E&xit]
->mnuEdit [&Edit]
- mnuEditUndo [&Undo]
- mnuEditCut [Cu&t]
- mnuEditCopy [&Copy]
- mnuEditPaste [&Paste]
- mnuEditPasteSpecial [Paste &Special...]
- mnuEditSetAssoc [Set &File Association...]
->mnuConsist [&Consist]
- mnuConsistEdit [&Edit]
- mnuConsistView [&View Consist]
- -mnuConsistViewShape [View &Shape]
- mnuConsistCheckStock [&Check Stock...]
- mnuFileCheckDep [Chec&k Dependencies...]
->mnuStock [&Stock]
- -mnuStockViewShape [View &Shape]
- mnuStockCheckDep [Check &Dependencies...]
- mnuStockCheckAll [Check &All Stock...]
- mnuStockCheckTextures [Check &Textures...]
->mnuView [&View]
- mnuViewToolbar [&Toolbar]
- mnuViewStatusBar [Status &Bar]
- mnuViewRefresh [&Refresh]
- -mnuViewReset [Reset &View]
- mnuViewFilter [&Filter...]
- mnuViewOptions [&Options...]
- mnuViewTS [&MSTS]
- mnuViewTSE [MSTS &Tools]
- mnuViewShapeViewer [&Shape Viewer]
- mnuViewPictures [Open &Pictures Folder]
->mnuWindow [&Window]
- mnuWindowNewWindow [&New Window]
- mnuWindowCloseAll [Cl&ose All]
- mnuWindowCascade [&Cascade]
- mnuWindowTileHorizontal [Tile &Horizontal]
- mnuWindowTileVertical [Tile &Vertical]
- mnuWindowArrangeIcons [&Arrange Icons]
- mnuWindowLockTiling [&Lock Tiling]
->mnuHelp [&Help]
- mnuHelpContents [&Contents]
- mnuHelpSearchForHelpOn [&Search For Help On...]
- mnuHelpWeb [Train Simulator on the &Web]
- mnuHelpAbout [&About ]
-)";
-
 class MainMenuTest : public GuiTest
 {
 };
 
 } // namespace
-
-TEST_F(MainMenuTest, HasExactlyTheseMenus)
-{
-    Start();
-    EXPECT_EQ(treeOf(window->menuBar()->actions(), ""), kTree);
-    for (const QAction *action :
-         window->findChildren<QAction *>(QString(), Qt::FindDirectChildrenOnly)) {
-        const std::string name = action->objectName().toStdString();
-        EXPECT_TRUE(action->toolTip() != action->iconText() || name.starts_with("mnuFileMRU"))
-            << name << " has no hint";
-    }
-}
 
 TEST_F(MainMenuTest, ToolBarFollowsTheMenu)
 {

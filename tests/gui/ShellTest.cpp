@@ -108,7 +108,7 @@ TEST_F(ShellTest, EachKindOfWindowPrintsUnderItsOwnName)
     OpenEditor("GP38 Local");
     printers.file = game.At("consist.pdf");
     Trigger("mnuFilePrint");
-    window->ShowResults("Stock check of x", "ERROR: x\r\n");
+    window->ShowTextWindow("#Stock check of x", "ERROR: x\r\n");
     printers.file = game.At("results.pdf");
     Find<QPushButton>(*window, "cmdPrint").click();
     EXPECT_EQ(printers.log, "print|Print Consist List|Print Consist List\n"

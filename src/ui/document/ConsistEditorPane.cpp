@@ -98,7 +98,7 @@ void ConsistEditorPane::focusWhenRestored(Qt::WindowStates before, Qt::WindowSta
     QMetaObject::invokeMethod(m_controls, focusActiveList, Qt::QueuedConnection);
 }
 
-/// The window gives the focus to this list when the user returns to it.
+/// Remembers the list that gets the focus when the user returns to the window.
 void ConsistEditorPane::enterList(bool consist)
 {
     m_consistIsActiveList = consist;
@@ -184,7 +184,7 @@ void ConsistEditorPane::ReloadStock()
     rereadStock();
 }
 
-/// The note about the file just read is shown again when the stock is loaded.
+/// Keeps the note about the file just read, so that it is shown again when the stock is loaded.
 void ConsistEditorPane::rereadStock()
 {
     m_stockLoaded = false;
@@ -231,7 +231,7 @@ void ConsistEditorPane::readAgain()
     showTitle();
 }
 
-/// A new consist has no title before it is saved: its window keeps the caption that it has.
+/// A new consist has no title until it is saved, so its window keeps its caption.
 void ConsistEditorPane::showTitle()
 {
     if (const std::string title = m_consist.Title(); !title.empty())
@@ -304,7 +304,7 @@ void ConsistEditorPane::saveAndClose()
         m_window.close();
 }
 
-/// False when writing failed, or when the user keeps the change that somebody else has made.
+/// Returns false if writing failed, or if the user keeps the change that somebody else has made.
 bool ConsistEditorPane::saveInPlace()
 {
     return MayOverwrite(m_consist, m_window.FileName(), m_host.Dialogs()) &&

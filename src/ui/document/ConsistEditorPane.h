@@ -31,7 +31,8 @@ public:
     QSize MinimumWindowSize() const override { return {200, 120}; }
     /// Reads the window's file; starts a new consist if there is none.
     void Load() override;
-    /// Reads consist and stock again. Keeps the consist, as changed, if its file is gone.
+    /// Reads consist and stock again. If the file is gone, keeps the consist and marks it as
+    /// changed.
     void Refresh() override;
     bool Changed() const override { return m_consist.Changed(); }
     void StopWork() override;
@@ -86,7 +87,7 @@ private:
     bool m_stockLoaded = false;
     bool m_consistIsActiveList = false;
     std::string m_note; ///< about the file just loaded, for the status bar
-    int m_dragRow = -1; ///< row of lvStock on which a left-button press began, -1 for none
+    int m_dragRow = -1; ///< row of lvStock where a left-button press began, -1 for none
 };
 
 } // namespace document

@@ -8,7 +8,7 @@
 
 namespace document {
 
-/// The rows of lvConsists: names of consists in their listing order.
+/// The rows of lvConsists: consist names in listing order.
 class ConsistListModel : public QAbstractTableModel
 {
     Q_OBJECT

@@ -19,7 +19,7 @@ class ModelSource;
 
 namespace document {
 
-/// What a document window needs of the program around it; the main window implements it.
+/// The program around a document window; the main window implements it.
 class DocumentHost
 {
 public:
@@ -28,23 +28,25 @@ public:
     virtual host::Dialogs &Dialogs() = 0;
     virtual host::GameFiles &Files() = 0;
     virtual const install::Installation &Installation() = 0;
-    /// Shapes and textures for 3D windows.
+    /// Returns the source of shapes and textures for 3D windows.
     virtual korvat::ModelSource &Shapes() = 0;
 
-    /// The opener of document windows: a window in this mode, with this caption, shown.
+    /// Opens and shows a document window in this mode, with this caption.
     virtual void OpenDocumentWindow(const std::string &fileName, WindowMode mode,
                                     const std::string &caption, const StfNode &node) = 0;
-    /// Saves the active document window (the flag: no caption change, no " saved" message).
+    /// Saves the active document window. `quiet` suppresses the caption change and the " saved"
+    /// message.
     virtual void SaveDocument(bool quiet) = 0;
-    /// Opens a window with a text to read; its caption is "Properties of " and the title.
+    /// Opens a window with a text to read. The caption is "Properties of " and the title.
     virtual void ShowTextWindow(const std::string &title, const std::string &text) = 0;
-    /// Opens a file or folder with the program that the desktop has for it, or says why not.
+    /// Opens a file or folder with the desktop's program for it, or shows a message with the reason
+    /// why not.
     virtual void OpenOutside(const std::string &path) = 0;
-    /// Text of the first panel of the status bar.
+    /// Sets the text of the first panel of the status bar.
     virtual void SetStatus(const std::string &text) = 0;
-    /// Shows how far a long command is, 0 to `total`; total 0 takes the bar away.
+    /// Shows the progress of a long command, 0 to `total`; a `total` of 0 hides the bar.
     virtual void SetProgress(int done, int total) = 0;
-    /// One line for the trace log.
+    /// Writes one line to the trace log.
     virtual void WriteLog(const std::string &text) = 0;
 };
 

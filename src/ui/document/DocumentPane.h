@@ -17,42 +17,44 @@ namespace document {
 class ConsistTree;
 
 /// The content of a document window: a consist list, a consist editor or a 3D view. The window
-/// passes its operations on to its pane; one that a kind of pane does not have does nothing.
+/// passes operations on to its pane. An operation that does not apply to a kind of pane does
+/// nothing.
 class DocumentPane
 {
 public:
     virtual ~DocumentPane() = default;
 
-    /// The pane itself. It belongs to its window.
+    /// Returns the pane itself, which belongs to its window.
     virtual QWidget &Widget() = 0;
     virtual QSize MinimumWindowSize() const = 0;
 
     /// Reads and shows the window's file. Throws host::RuntimeError.
     virtual void Load() = 0;
-    /// Reads everything again that the pane shows. Throws host::RuntimeError.
+    /// Reads again everything that the pane shows. Throws host::RuntimeError.
     virtual void Refresh() { Load(); }
     /// True if the pane holds changes that no file has.
     virtual bool Changed() const { return false; }
     virtual void ShowProperties() {}
     /// Ends a running scan or load and keeps what it has found.
     virtual void StopWork() {}
-    /// The pane as a print job. RuntimeError 5 if it has no picture to print.
+    /// Returns the pane as a print job. Throws RuntimeError 5 if it has no picture to print.
     virtual app::PrintJob Print() = 0;
     /// Repeats a remark in the status text that reports the end of the load under way.
     virtual void AddRemark(const std::string & /*remark*/) {}
 
-    /// Consist list: the names of the selected consists, from the first to the last.
+    /// Consist list: returns the names of the selected consists, in row order.
     virtual std::vector<std::string> SelectedConsists() const { return {}; }
-    /// Consist list: the selected consist, the current one if there are several; "" for none.
+    /// Consist list: returns the selected consist, the current one if there are several; "" for
+    /// none.
     virtual std::string SelectedConsist() const { return {}; }
 
-    /// Consist editor: the consist as it is now. RuntimeError 5 in other panes.
+    /// Consist editor: returns the consist as it is now. Throws RuntimeError 5 in other panes.
     virtual const ConsistTree &Consist() const
     {
         throw host::RuntimeError(host::ErrorNumber::InvalidCall, "this window edits no consist");
     }
-    /// Consist editor: the path of the stock item selected in the list that was last entered; ""
-    /// for none.
+    /// Consist editor: returns the path of the stock item selected in the list that was last
+    /// entered; "" for none.
     virtual std::string SelectedItem() const { return {}; }
     /// Consist editor: runs an action button.
     virtual void Act(EditorAction /*action*/) {}
@@ -71,8 +73,8 @@ public:
 
     /// 3D view: returns to the first view.
     virtual void ResetView() {}
-    /// 3D view: saves a picture in the folder, under the first free number. RuntimeError as
-    /// GameFiles::WriteFile, or 5 if there is no 3D on this machine.
+    /// 3D view: saves a screenshot in the folder, under the first free number. Throws RuntimeError
+    /// as GameFiles::WriteFile does, or 5 if there is no 3D on this machine.
     virtual void SaveSnapshot(const std::string & /*folder*/) {}
 };
 

@@ -33,7 +33,8 @@ constexpr MoveButton kMoveButtons[] = {
     {"Flip stock in consist", "flip", true},
 };
 
-/// Alt+C and Alt+S open the menus Consist and Stock: a key that several answer does nothing.
+/// The action buttons. Alt+C and Alt+S already open the menus Consist and Stock, and an ambiguous
+/// key does nothing.
 struct ActionButton
 {
     const char *caption, *toolTip;
@@ -211,7 +212,7 @@ QLayout *EditorControls::actionRow()
         command->setAccessibleDescription(command->objectName());
         command->setToolTip(QString::fromLatin1(row.toolTip));
         command->setAutoDefault(false);
-        command->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the list
+        command->setFocusPolicy(Qt::TabFocus); // a click keeps the focus in the list
         if (row.keyIsTaken)
             command->setShortcut({});
         connect(command, &QPushButton::clicked, this,
@@ -274,7 +275,7 @@ void EditorControls::showStockOrder()
     lvStock->SetSearchColumn(order.column == 0 ? 2 : order.column);
 }
 
-/// Begins as the layout says, and notes in it what the user changes.
+/// Applies the layout, and stores the user's changes in it.
 void EditorControls::followLayout(EditorLayout &layout)
 {
     lvConsist->SizeColumns(layout.consistWidths);
@@ -306,7 +307,7 @@ void EditorControls::ShowConsistAgain(const ConsistTree &consist)
     const int row = SelectedConsistRow(), scrolled = lvConsist->verticalScrollBar()->value();
     ShowConsist(consist);
     SelectConsistRow(row);
-    lvConsist->doItemsLayout(); // the scroll bar has no range before that
+    lvConsist->doItemsLayout(); // the scroll bar has no range before this call
     lvConsist->verticalScrollBar()->setValue(scrolled);
 }
 
@@ -316,14 +317,14 @@ void EditorControls::showConsistHeading()
                              .arg(QLocale().toString(m_consist->rowCount()))
                              .arg(QLatin1String(m_changed ? ", changed" : ""));
     m_consistHeading->setText(text);
-    m_consistHeading->setToolTip(text); // the list may be too narrow for the whole text
+    m_consistHeading->setToolTip(text); // the list may be too narrow for the text
 }
 
 void EditorControls::ShowChanged(bool changed)
 {
     m_changed = changed;
     showConsistHeading();
-    // A disabled button passes the focus to the next control; the list that was active gets it.
+    // A disabled button passes the focus to the next control; give it to the active list instead.
     QPushButton *apply = actionButton(EditorAction::Apply), *ok = actionButton(EditorAction::Ok);
     if (!changed && (apply->hasFocus() || ok->hasFocus()))
         setFocus();

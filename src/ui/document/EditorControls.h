@@ -22,7 +22,7 @@ class QLayout;
 
 namespace document {
 
-/// The controls of a consist editor: the train at the left, the installed stock at the right, the
+/// The controls of a consist editor: the train on the left, the installed stock on the right, the
 /// editing buttons between them, the consist's figures above and the window's buttons below.
 class EditorControls : public QWidget
 {
@@ -34,22 +34,22 @@ public:
     void ShowConsist(const ConsistTree &consist);
     /// Like ShowConsist, but keeps selection and scroll position as far as the train allows.
     void ShowConsistAgain(const ConsistTree &consist);
-    /// Enables Apply and OK, and marks the heading of the train, while the consist differs from its
-    /// file.
+    /// Enables Apply and OK, and marks the heading of the train as changed, while the consist
+    /// differs from its file.
     void ShowChanged(bool changed);
-    /// Brings the heading of the stock list up to date.
+    /// Updates the heading of the stock list.
     void ShowStockHeading(const std::string &filter);
 
-    /// Rows count from 1, 0 is "none selected".
+    /// Rows count from 1; 0 means "none selected".
     int SelectedConsistRow() const { return lvConsist->SelectedRow() + 1; }
     void SelectConsistRow(int row) { lvConsist->SelectRow(row - 1); }
-    /// The selected installed stock item, or null.
+    /// Returns the selected installed stock item, or null.
     const StockItem *SelectedStock() const;
-    /// The selected unit of the train, or null.
+    /// Returns the selected unit of the train, or null.
     const StockItem *SelectedUnit() const;
     StockListModel &Stock() { return *m_stock; }
 
-    /// The least height for a width: the rows of controls fold in a narrow window.
+    /// Returns the least height for a width: in a narrow window the rows of controls fold.
     int heightForWidth(int width) const override;
 
     ListView *lvConsist;

@@ -7,11 +7,11 @@
 
 namespace document {
 
-/// How the user has laid out the lists of consist editors. All editors share it: a new one begins
-/// as the last one was left.
+/// The user's layout of the lists in consist editors. All editors share it: a new one starts with
+/// the last layout.
 struct EditorLayout
 {
-    /// Column widths in logical pixels; empty until the user has sized a column.
+    /// Column widths in logical pixels; empty until the user has resized a column.
     std::vector<int> consistWidths, stockWidths;
     StockOrder stockOrder;
 };

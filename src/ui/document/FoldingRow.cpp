@@ -22,7 +22,7 @@ FoldingRow::~FoldingRow()
         delete m_groups.takeLast();
 }
 
-/// The row has its two groups from the beginning, and no place for more.
+/// Must not be called: the constructor takes both groups, and there are no others.
 void FoldingRow::addItem(QLayoutItem *item)
 {
     Q_ASSERT_X(false, "FoldingRow", "a row holds two groups");

@@ -5,8 +5,8 @@
 
 namespace document {
 
-/// A row of two groups of controls. Where the width does not suffice for both, the second group
-/// goes below the first.
+/// A row of two groups of controls. If the width is too small for both, the second group is placed
+/// below the first.
 class FoldingRow : public QLayout
 {
 public:
@@ -16,8 +16,8 @@ public:
         AtRight ///< at the right edge, in both arrangements
     };
 
-    /// Takes ownership of the groups. Their controls become children of the widget that this layout
-    /// is set on. `gap` is the least distance between the groups when they are side by side.
+    /// Takes ownership of the groups. Their controls become children of this layout's widget. `gap`
+    /// is the least distance between the groups when they are side by side.
     FoldingRow(QLayout *first, QLayout *second, Second place, int gap);
     ~FoldingRow() override;
 

@@ -10,13 +10,13 @@ namespace document {
 
 struct EditorLayout;
 
-/// What the main window lends to the windows in it: its icons, its menus and the editors' layout.
+/// The parts of the main window that document windows use: icons, menus and the editors' layout.
 struct Furnishing
 {
     std::function<QIcon(const char *name)> icon;
     std::function<void(const QPoint &globalPosition)> popUpConsistMenu;
     std::function<void(const QPoint &globalPosition)> popUpStockMenu;
-    EditorLayout *layout = nullptr; ///< outlives the windows
+    EditorLayout *layout = nullptr; ///< must outlive the windows
 };
 
 } // namespace document

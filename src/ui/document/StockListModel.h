@@ -9,7 +9,8 @@
 
 namespace document {
 
-/// What the columns "Type", "Folder" and "Shape" show of a stock item, here and in the consist.
+/// Return the content of the columns "Type", "Folder" and "Shape", in the stock list and in the
+/// consist.
 QVariant StockColumn(const StockItem &item, int column, int role);
 QVariant StockHeader(int column, Qt::Orientation orientation, int role);
 inline constexpr int kStockColumns = 3;
@@ -23,15 +24,15 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     void Clear();
-    /// Appends in listing order; what is sorted already stays where it is until Resort.
+    /// Appends items in listing order. Rows that are already sorted keep their places until Resort.
     void Append(std::vector<StockItem> items);
 
     const StockOrder &Order() const { return m_order; }
     /// Sorts by this order; column -1 keeps the rows as they are.
     void SetOrder(const StockOrder &order);
-    /// Sorts by a column, or turns the order round when it is sorted by that column already.
+    /// Sorts by a column, or reverses the order if it is already sorted by that column.
     void ClickHeader(int column);
-    /// Brings rows that were appended meanwhile into the order.
+    /// Sorts the rows again, including those appended since the last sort.
     void Resort();
 
     const StockItem &Item(int row) const;
@@ -43,7 +44,7 @@ public:
 
 private:
     std::vector<StockItem> m_items;
-    std::vector<int> m_shown; ///< row to place in m_items
+    std::vector<int> m_shown; ///< for each row, its index in m_items
     StockOrder m_order;
 };
 

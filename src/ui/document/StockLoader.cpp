@@ -12,12 +12,12 @@ namespace document {
 namespace {
 
 constexpr int kSliceMilliseconds = 8;
-/// The view lays itself out anew after every append, which costs more than the rows themselves.
+/// The view repeats its layout after every append, which costs more than the rows themselves.
 constexpr int kFlushMilliseconds = 100;
-/// How long to leave the workers alone when they have nothing ready.
+/// The pause before asking again when the workers have nothing ready.
 constexpr int kPauseMilliseconds = 3;
 
-/// What the list lacks, for the end of a sentence.
+/// Returns what the list lacks, as the end of a sentence.
 std::string without(const std::vector<std::string> &closed)
 {
     if (closed.empty())

@@ -16,8 +16,8 @@ namespace document {
 class DocumentHost;
 class StockListModel;
 
-/// Fills the installed stock list in slices of a few milliseconds, so that the window stays alive.
-/// Folders are read on worker threads; rows arrive in listing order.
+/// Fills the list of installed stock in slices of a few milliseconds, so that the window stays
+/// responsive. Worker threads read the folders; rows arrive in listing order.
 class StockLoader : public QObject
 {
     Q_OBJECT
@@ -27,10 +27,10 @@ public:
     StockLoader(DocumentHost &host, StockListModel &model, QObject *parent = nullptr);
     ~StockLoader() override;
 
-    /// Empties the list and starts reading; a running scan is dropped.
+    /// Empties the list, drops a running scan, and starts to read.
     void Start(const std::string &filter);
     bool Running() const { return m_scan != nullptr; }
-    /// Ends a running scan; what was found stays in the list. Finished follows.
+    /// Ends a running scan. The list keeps what was found, and Finished follows.
     void Stop();
 
 Q_SIGNALS:

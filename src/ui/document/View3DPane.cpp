@@ -57,7 +57,7 @@ void View3DPane::Load()
         RenderLooseConsist(m_window.Node(), folder, file);
     else
         RenderConsist(file, folder);
-    // The opener's caption says more; refreshing must not change it.
+    // The opener's caption is more specific; a refresh must not change it.
     if (m_window.Caption().empty())
         m_window.SetCaption(Caption());
 }

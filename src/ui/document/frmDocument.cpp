@@ -25,7 +25,7 @@ frmDocument::frmDocument(document::DocumentHost &host, document::Furnishing furn
 {
     setObjectName("frmDocument");
     setAttribute(Qt::WA_DeleteOnClose);
-    // The menu of the window's own frame would take Ctrl+F4 from the File menu.
+    // Otherwise the frame's own menu would take Ctrl+F4 from the File menu.
     if (systemMenu())
         for (QAction *action : systemMenu()->actions())
             action->setShortcuts({});
@@ -131,6 +131,6 @@ void frmDocument::closeEvent(QCloseEvent *event)
     }
     m_unloadAllowed = true;
     Q_EMIT Closing();
-    m_host.SetStatus({}); // it may be about this window
+    m_host.SetStatus({}); // the status may be about this window
     QMdiSubWindow::closeEvent(event);
 }

@@ -31,7 +31,7 @@ public:
     ~frmDocument() override;
 
     document::WindowMode Mode() const { return m_mode; }
-    /// Makes the pane of the mode. To be called once, before LoadForm and what follows below.
+    /// Creates the pane of the mode. Call it once, before LoadForm and the functions below it.
     void SetMode(document::WindowMode mode);
     const std::string &Filter() const { return m_filter; }
     void SetFilter(std::string filter) { m_filter = std::move(filter); }
@@ -79,7 +79,7 @@ public:
     bool OfferToSave(const char *title, const char *question);
     /// Asks whether to save changes before closing; false if the window must stay open.
     bool QueryUnload();
-    /// From now on the window closes without asking.
+    /// Lets the window close without asking from now on.
     void AllowUnload() { m_unloadAllowed = true; }
 
 Q_SIGNALS:

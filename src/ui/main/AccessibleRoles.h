@@ -3,8 +3,8 @@
 
 namespace app {
 
-/// Tells screen readers what the controls are that the toolkit does not know. Once, before windows
-/// are made.
+/// Registers the accessible roles of the controls that Qt does not know. Call it once, before any
+/// window exists.
 void NameAccessibleRoles();
 
 } // namespace app

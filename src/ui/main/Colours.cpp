@@ -59,8 +59,8 @@ constexpr RoleColours kRoles[] = {
 constexpr std::array<QPalette::ColorRole, 3> kTextRoles = {QPalette::WindowText, QPalette::Text,
                                                            QPalette::ButtonText};
 
-/// Fusion, with dialog buttons that bear no pictures; on dark check boxes are seen and tool bars
-/// have quiet edges.
+/// The Fusion style, without icons on dialog buttons. In the dark scheme it adds visible outlines
+/// to check boxes and draws plain edges on toolbars.
 class Look : public QProxyStyle
 {
 public:
@@ -74,7 +74,7 @@ public:
     {
         if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
             return 0;
-        // A letter is underlined where its key works.
+        // Underline a letter only where its key works.
         if (const auto *button = qobject_cast<const QAbstractButton *>(widget);
             button && hint == SH_UnderlineShortcut && button->shortcut().isEmpty())
             return 0;
@@ -86,7 +86,7 @@ public:
     {
         if (element != CE_ToolBar || !isDark(option->palette))
             return QProxyStyle::drawControl(element, option, painter, widget);
-        // The style draws lines of half white above and below, which are glaring on dark.
+        // Fusion draws half-white lines above and below, which are glaring on dark.
         painter->fillRect(option->rect, option->palette.color(QPalette::Window));
         painter->setPen(option->palette.color(QPalette::Shadow));
         painter->drawLine(option->rect.bottomLeft(), option->rect.bottomRight());
@@ -98,7 +98,7 @@ public:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         if (element != PE_IndicatorCheckBox || !isDark(option->palette))
             return;
-        // The style outlines boxes darker than what is around them, which nobody sees on dark.
+        // Fusion outlines check boxes darker than their surroundings, which is invisible on dark.
         QColor outline = option->palette.color(QPalette::WindowText);
         outline.setAlphaF(0.45F);
         painter->save();
@@ -133,7 +133,7 @@ QPalette PaletteOf(ColourScheme scheme)
         palette.setColor(QPalette::Disabled, role, faded);
     palette.setColor(QPalette::Disabled, QPalette::Highlight,
                      palette.color(QPalette::Active, QPalette::Mid));
-    // Selections of lists that do not have the focus.
+    // The selection in a list without the focus.
     palette.setColor(QPalette::Inactive, QPalette::Highlight,
                      QColor::fromRgba(dark ? 0xff4b4e54 : 0xffccd1d6));
     palette.setColor(QPalette::Inactive, QPalette::HighlightedText,

@@ -12,15 +12,16 @@ enum class ColourScheme
     Dark
 };
 
-/// The scheme that the user's desktop asks for: $ZELK_COLORS ("light" or "dark") wins, then a
-/// platform palette that is dark, then what the settings of KDE or GTK say, else light.
+/// Returns the scheme that the user's desktop asks for. $ZELK_COLORS ("light" or "dark") comes
+/// first, then a dark platform palette, then the settings of the desktop (see SchemeOfDesktop). The
+/// default is Light.
 ColourScheme DesktopScheme(const QPalette &platform);
 
-/// A whole palette for a scheme, every role set.
+/// Returns the palette of a scheme, with every role set.
 QPalette PaletteOf(ColourScheme scheme);
 
-/// Gives the program its look: one style on every platform, in the desktop's scheme. To be called
-/// before there are windows.
+/// Sets the style of the program, which is the same on every platform, in the desktop's scheme.
+/// Call it before there are windows.
 void DressApplication(QApplication &application);
 
 } // namespace app

@@ -16,8 +16,8 @@ namespace {
 constexpr int kMilliseconds = 100;
 constexpr unsigned kPrefersDark = 1, kPrefersLight = 2;
 
-/// The address of the user's session bus, "" for none. A library that looks for it by itself would
-/// start a bus where there is none.
+/// Returns the address of the user's session bus, "" for none. If the D-Bus library searched for
+/// the address itself, it would start a missing bus.
 std::string busAddress()
 {
     const std::string address = host::Environment("DBUS_SESSION_BUS_ADDRESS");
@@ -40,7 +40,7 @@ QDBusMessage ask(const QDBusConnection &bus, const char *method)
     return bus.call(call, QDBus::Block, kMilliseconds);
 }
 
-/// The value in as many variants as it comes wrapped in.
+/// Removes all variants around a value.
 QVariant unwrapped(QVariant value)
 {
     while (value.canConvert<QDBusVariant>())
@@ -52,7 +52,7 @@ std::optional<ColourScheme> askBus(const QDBusConnection &bus)
 {
     QDBusMessage answer = ask(bus, "ReadOne");
     if (answer.errorName() == QLatin1String("org.freedesktop.DBus.Error.UnknownMethod"))
-        answer = ask(bus, "Read"); // what older portals call it
+        answer = ask(bus, "Read"); // the name in older portals
     if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty())
         return std::nullopt;
     switch (unwrapped(answer.arguments().constFirst()).toUInt()) {

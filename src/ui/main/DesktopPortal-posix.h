@@ -7,9 +7,9 @@
 
 namespace app {
 
-/// The colours that the desktop portal says the user prefers (GNOME and others keep them there
-/// alone). Nothing when the user has no preference, and where no portal runs. Asks only a running
-/// portal, for a tenth of a second at most.
+/// Returns the scheme that the user prefers, by the desktop portal (GNOME and others keep it only
+/// there). Returns nothing without a preference or without a running portal. Never starts a portal,
+/// and waits at most a tenth of a second for each answer.
 std::optional<ColourScheme> SchemeOfPortal();
 
 } // namespace app

@@ -29,7 +29,7 @@ bool namesDark(const std::string &text)
     return host::ToUpper(text).find("DARK") != std::string::npos;
 }
 
-/// KDE: the window background as "red,green,blue".
+/// KDE stores the window background as "red,green,blue".
 std::optional<ColourScheme> kdeScheme()
 {
     const auto text = entry("kdeglobals", "Colors:Window", "BackgroundNormal");

@@ -7,8 +7,8 @@
 
 namespace app {
 
-/// The colours set for the desktop: by its portal, else by KDE or GTK; on Windows by the user.
-/// Nothing when they are not set.
+/// Returns the scheme set for the desktop: in its portal, else in KDE's or GTK's settings; on
+/// Windows in the user's settings. Returns nothing if none is set.
 std::optional<ColourScheme> SchemeOfDesktop();
 
 } // namespace app

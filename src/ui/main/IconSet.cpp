@@ -7,7 +7,7 @@
 #include <QPalette>
 #include <QPixmapCache>
 
-// Outside every namespace, as the resource macro demands.
+// Outside every namespace, as the resource macro requires.
 static void loadIcons()
 {
     Q_INIT_RESOURCE(icons);
@@ -17,7 +17,7 @@ namespace app {
 
 namespace {
 
-/// The smallest drawing that need not be enlarged.
+/// Returns the smallest drawing that need not be enlarged.
 QString fileFor(const QString &name, int side)
 {
     for (const int size : {16, 24, 32, 48})
@@ -67,7 +67,8 @@ private:
 
     QPixmap draw(int side, const QColor &colour) const
     {
-        // Converted first: scaling an image with a colour table gives colours that it has not.
+        // Converted first: scaling an image with a colour table would keep to the colours in the
+        // table.
         QImage image = QImage(fileFor(m_name, side))
                            .convertToFormat(QImage::Format_ARGB32_Premultiplied)
                            .scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);

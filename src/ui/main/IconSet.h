@@ -5,11 +5,11 @@
 
 namespace app {
 
-/// The icon of this name (packaging/icons). It is a drawing in one colour that takes the text
-/// colour of the application's palette when it is painted, so that it reads on light and dark.
+/// Returns the icon of this name (packaging/icons). It is drawn in the text colour of the
+/// application's current palette, so that it is readable on light and on dark.
 QIcon TintedIcon(const char *name);
 
-/// The program's own icon, in its own colours.
+/// Returns the program's own icon, in colour.
 QIcon ProgramIcon();
 
 } // namespace app

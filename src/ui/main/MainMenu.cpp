@@ -1,96 +1,140 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/MainMenu.h"
 
+#include "ui/main/CommandTable.h"
 #include "ui/main/IconSet.h"
 
+#include <QAction>
+#include <QMenu>
 #include <QMenuBar>
+#include <QToolBar>
 #include <QToolButton>
 
 namespace app {
 
 namespace {
 
-QMenu *addMenu(QMenu *menu, const MenuEntry &entry)
+template <typename Id> constexpr std::size_t placeOf(Id id)
 {
-    menu->setObjectName(entry.name);
-    menu->menuAction()->setObjectName(entry.name);
-    menu->menuAction()->setToolTip(QString::fromLatin1(entry.hint));
-    menu->setToolTipsVisible(true);
-    return menu;
+    return static_cast<std::size_t>(id);
 }
 
-void addCommand(QMenu &menu, const MenuEntry &entry, QWidget *window)
+QList<QKeySequence> keysOf(const CommandRow &row)
 {
-    auto *action = new QAction(QString::fromLatin1(entry.caption), window);
-    action->setObjectName(entry.name);
-    if (*entry.hint)
-        action->setToolTip(QString::fromLatin1(entry.hint));
-    action->setCheckable(entry.kind == MenuEntry::Check);
-    // A caption that quits or opens preferences elsewhere must not be moved out of its menu.
-    action->setMenuRole(QAction::NoRole);
-    if (*entry.shortcut)
-        action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(entry.shortcut)));
-    if (*entry.icon)
-        action->setIcon(TintedIcon(entry.icon));
-    if (entry.run)
-        QObject::connect(action, &QAction::triggered, window, entry.run);
-    menu.addAction(action);
+    // For "", listFromString would return a list with one empty key.
+    return *row.keys ? QKeySequence::listFromString(QString::fromLatin1(row.keys))
+                     : QList<QKeySequence>();
 }
 
 } // namespace
 
-void BuildMenus(QMenuBar &bar, const std::vector<MenuEntry> &entries)
+MainMenu::MainMenu(QMenuBar &bar, const Runner &run)
+    : m_menus(placeOf(Menu::End))
 {
-    QMenu *menu = nullptr, *subMenu = nullptr;
-    for (const MenuEntry &entry : entries) {
-        const QString caption = QString::fromLatin1(entry.caption);
-        QMenu *here = entry.depth > 1 ? subMenu : menu;
-        switch (entry.kind) {
-        case MenuEntry::Menu:
-            menu = addMenu(bar.addMenu(caption), entry);
-            break;
-        case MenuEntry::SubMenu:
-            subMenu = addMenu(menu->addMenu(caption), entry);
-            break;
-        case MenuEntry::Separator:
-            here->addSeparator();
-            break;
-        default:
-            addCommand(*here, entry, bar.window());
-        }
+    std::array<const CommandRow *, placeOf(Menu::End)> last{};
+    for (const CommandRow &row : kCommands) {
+        QMenu &menu = built(bar, row.menu);
+        const CommandRow *&before = last[placeOf(row.menu)];
+        if (before && before->group != row.group)
+            menu.addSeparator();
+        before = &row;
+        addCommand(menu, row, *bar.window(), run);
     }
 }
 
-void BuildToolBar(QToolBar &bar, const QWidget &window, const std::vector<ToolEntry> &entries)
+/// Returns a menu. Builds it for its first command.
+QMenu &MainMenu::built(QMenuBar &bar, Menu menu)
 {
-    if (auto *more = bar.findChild<QToolButton *>(QStringLiteral("qt_toolbar_ext_button")))
-        more->setAccessibleName(QStringLiteral("More buttons"));
-    for (const ToolEntry &entry : entries) {
-        if (!*entry.key) {
-            bar.addSeparator();
-            continue;
-        }
-        const QString name = QString::fromLatin1(entry.toolTip);
-        QAction *button = bar.addAction(TintedIcon(entry.icon),
-                                        *entry.caption ? QString::fromLatin1(entry.caption) : name);
-        button->setObjectName(entry.key);
-        QWidget *widget = bar.widgetForAction(button);
-        widget->setObjectName(entry.key);
-        widget->setAccessibleName(name);
-        widget->setAccessibleDescription(QStringLiteral("tbToolBar ") +
-                                         QString::fromLatin1(entry.key));
-        if (*entry.caption)
-            qobject_cast<QToolButton *>(widget)->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-        const QString commandName = QString::fromLatin1(entry.command);
-        // An empty name would find just any action.
-        auto *command = commandName.isEmpty() ? nullptr : window.findChild<QAction *>(commandName);
-        button->setToolTip(name);
-        button->setEnabled(command && command->isEnabled());
-        if (!command)
-            continue;
-        QObject::connect(button, &QAction::triggered, command, &QAction::trigger);
-        QObject::connect(command, &QAction::enabledChanged, button, &QAction::setEnabled);
+    QMenu *&place = m_menus[placeOf(menu)];
+    if (place)
+        return *place;
+    const MenuRow &row = kMenus[placeOf(menu)];
+    const QString caption = QString::fromLatin1(row.caption);
+    place = row.parent ? built(bar, *row.parent).addMenu(caption) : bar.addMenu(caption);
+    place->setObjectName(row.name);
+    place->menuAction()->setObjectName(row.name);
+    place->menuAction()->setToolTip(QString::fromLatin1(row.hint));
+    place->setToolTipsVisible(true);
+    return *place;
+}
+
+void MainMenu::addCommand(QMenu &menu, const CommandRow &row, QWidget &window, const Runner &run)
+{
+    auto *action = new QAction(QString::fromLatin1(row.caption), &window);
+    m_actions.push_back(action);
+    action->setObjectName(row.name);
+    if (*row.hint)
+        action->setToolTip(QString::fromLatin1(row.hint));
+    action->setCheckable(row.look == Look::Checked || row.look == Look::Unchecked);
+    action->setChecked(row.look == Look::Checked);
+    action->setVisible(row.look != Look::Hidden);
+    // Keep the command in its menu: some platforms move captions such as "Exit" or "Options".
+    action->setMenuRole(QAction::NoRole);
+    action->setShortcuts(keysOf(row));
+    if (*row.icon)
+        action->setIcon(TintedIcon(row.icon));
+    if (row.run)
+        QObject::connect(action, &QAction::triggered, &window, [run, &row] { run(row); });
+    menu.addAction(action);
+}
+
+QAction &MainMenu::ActionOf(Command command) const
+{
+    return *m_actions[placeOf(command)];
+}
+
+QMenu &MainMenu::MenuOf(Menu menu) const
+{
+    return *m_menus[placeOf(menu)];
+}
+
+bool MainMenu::IsChecked(Command command) const
+{
+    return ActionOf(command).isChecked();
+}
+
+void MainMenu::Update(const WindowFacts &facts) const
+{
+    for (const CommandRow &row : kCommands) {
+        QAction &action = ActionOf(row.id);
+        action.setEnabled(row.enabled(facts));
+        action.setShortcuts(row.keysApply(facts) ? keysOf(row) : QList<QKeySequence>());
     }
+}
+
+void MainMenu::FillToolBar(QToolBar &bar) const
+{
+    // Even an empty toolbar has one button, for the tools that do not fit.
+    for (QToolButton *more : bar.findChildren<QToolButton *>())
+        more->setAccessibleName(QStringLiteral("More buttons"));
+    for (const ToolRow &row : kTools) {
+        if (*row.key)
+            addButton(bar, row);
+        else
+            bar.addSeparator();
+    }
+}
+
+void MainMenu::addButton(QToolBar &bar, const ToolRow &row) const
+{
+    const QString name = QString::fromLatin1(row.toolTip), key = QString::fromLatin1(row.key);
+    const QString caption = QString::fromLatin1(row.caption);
+    QAction *button = bar.addAction(TintedIcon(row.icon), caption.isEmpty() ? name : caption);
+    button->setObjectName(key);
+    QWidget *widget = bar.widgetForAction(button);
+    widget->setObjectName(key);
+    widget->setAccessibleName(name);
+    widget->setAccessibleDescription(QStringLiteral("tbToolBar ") + key);
+    if (!caption.isEmpty())
+        qobject_cast<QToolButton *>(widget)->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setToolTip(name);
+    button->setEnabled(false);
+    if (row.command == Command::End)
+        return;
+    QAction &command = ActionOf(row.command);
+    button->setEnabled(command.isEnabled());
+    QObject::connect(button, &QAction::triggered, &command, &QAction::trigger);
+    QObject::connect(&command, &QAction::enabledChanged, button, &QAction::setEnabled);
 }
 
 } // namespace app

@@ -1,57 +1,48 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QAction>
-#include <QMenu>
-#include <QToolBar>
-
 #include <functional>
 #include <vector>
 
+class QAction;
+class QMenu;
 class QMenuBar;
+class QToolBar;
+class QWidget;
 
 namespace app {
 
-/// One line of the menu tree, in the order of the menus.
-struct MenuEntry
+enum class Command;
+enum class Menu;
+struct CommandRow;
+struct ToolRow;
+struct WindowFacts;
+
+/// The menus and the toolbar, built from the tables of CommandTable.h.
+class MainMenu
 {
-    /// How the line is meant: a menu of the menu bar, a menu inside it (its commands follow at
-    /// depth 2), a command, a command that shows a check mark, or a separator.
-    enum Kind
-    {
-        Menu,
-        SubMenu,
-        Command,
-        Check,
-        Separator
-    };
+public:
+    using Runner = std::function<void(const CommandRow &row)>;
 
-    Kind kind = Separator;
-    const char *name = "";
-    const char *caption = "";
-    const char *shortcut = "";
-    const char *icon = "";
-    const char *hint = "";
-    std::function<void()> run = {};
-    int depth = 1; ///< 2 inside a submenu
+    /// Fills the menu bar. Each menu and each command has its name as object name and its hint as
+    /// tooltip. The actions are children of the bar's window. A triggered command calls `run`.
+    MainMenu(QMenuBar &bar, const Runner &run);
+
+    QAction &ActionOf(Command command) const;
+    QMenu &MenuOf(Menu menu) const;
+    bool IsChecked(Command command) const;
+    /// Enables the commands and keys that work with these windows, and disables the others.
+    void Update(const WindowFacts &facts) const;
+    /// Fills the toolbar. A button's key becomes the object name of its action and of its widget.
+    void FillToolBar(QToolBar &bar) const;
+
+private:
+    QMenu &built(QMenuBar &bar, Menu menu);
+    void addCommand(QMenu &menu, const CommandRow &row, QWidget &window, const Runner &run);
+    void addButton(QToolBar &bar, const ToolRow &row) const;
+
+    std::vector<QAction *> m_actions; ///< by Command
+    std::vector<QMenu *> m_menus;     ///< by Menu; null before the menu is built
 };
-
-/// Builds the menus in the menu bar. Every menu and every command has its name as object name and
-/// its hint as tooltip; the actions are children of the menu bar's window.
-void BuildMenus(QMenuBar &bar, const std::vector<MenuEntry> &entries);
-
-/// One button of the toolbar. It looks and behaves as the menu command of that name, with a tooltip
-/// of its own.
-struct ToolEntry
-{
-    const char *key;     ///< "" for a gap
-    const char *toolTip; ///< also what a screen reader calls it
-    const char *icon;
-    const char *command; ///< object name of a menu command; "" for a button that runs nothing
-    const char *caption = "";
-};
-
-/// Fills the toolbar; every button's action has its key as object name.
-void BuildToolBar(QToolBar &bar, const QWidget &window, const std::vector<ToolEntry> &entries);
 
 } // namespace app

@@ -75,7 +75,7 @@ void MainStatusBar::tick()
     m_time->setText(locale.toString(now.time(), QLocale::ShortFormat));
     const bool seconds = locale.timeFormat(QLocale::ShortFormat).contains(QLatin1Char('s'));
     const int passed = now.time().msec() + (seconds ? 0 : now.time().second() * 1000);
-    // A little late rather than a little early: an early tick would show the old time again.
+    // Slightly late rather than slightly early: an early tick would show the old time again.
     m_clock.start((seconds ? 1000 : 60000) - passed + 5);
 }
 

@@ -9,8 +9,8 @@ class QProgressBar;
 
 namespace app {
 
-/// The status bar: the status text, the current date and the current time in the locale's short
-/// format, and a bar that is there only while a long command runs.
+/// The status bar. It shows the status text, the current date and time in the locale's short
+/// formats, and a progress bar while a long command runs.
 class MainStatusBar : public QStatusBar
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
 
     void SetStatus(const QString &text);
     QString Status() const;
-    /// Shows how far a command is; a total of 0 takes the bar away.
+    /// Shows the progress of a command; a `total` of 0 hides the bar.
     void SetProgress(int done, int total);
 
 private:

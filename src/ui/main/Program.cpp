@@ -90,7 +90,7 @@ int RunProgram(int argc, char **argv)
     QtPrinters printers;
     host::GameFiles files;
     const std::unique_ptr<host::SettingsStore> settings = host::UserSettings();
-    // A message about the file on the command line may be the first window to close.
+    // The first window to close may be a message about the file on the command line.
     QApplication::setQuitOnLastWindowClosed(false);
     const auto window = StartMainWindow({dialogs, files, *settings, desktop, printers},
                                         CommandLineAfterToolkit(givenArguments, argc, argv));

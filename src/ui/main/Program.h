@@ -10,14 +10,15 @@
 
 namespace app {
 
-/// What `--version` and `--help`, as the sole argument, print; nothing for any other command line.
+/// Returns the text that `--version` or `--help` prints as the only argument; nothing for any other
+/// command line.
 std::optional<std::string> AnswerTo(std::string_view commandLine);
 
-/// The start-up order: makes the main window, titles it, opens the file named on the command line
-/// (app/GivenFile.h) and shows the window. The services must outlive it.
+/// Starts the program: creates the main window, sets its title, opens the file named on the command
+/// line (app/GivenFile.h) and shows the window. The services must outlive the window.
 std::unique_ptr<frmMain> StartMainWindow(const Services &services, const std::string &commandLine);
 
-/// The whole program; the result is its exit code.
+/// Runs the whole program; returns its exit code.
 int RunProgram(int argc, char **argv);
 
 } // namespace app

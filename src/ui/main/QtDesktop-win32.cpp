@@ -7,7 +7,7 @@ namespace app {
 
 bool QtDesktop::MoveToWastebasket(const std::string &file)
 {
-    // Qt refuses where the system would delete the file for good, and does not say why.
+    // Qt refuses if the system would delete the file for good, and does not report why.
     return QFile::moveToTrash(QString::fromStdString(file));
 }
 

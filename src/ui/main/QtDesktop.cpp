@@ -31,7 +31,7 @@ void QtDesktop::Start(const ProgramStart &start)
         environment.insert(QStringLiteral("WINEPREFIX"), QString::fromStdString(start.winePrefix));
         process.setProcessEnvironment(environment);
     }
-    // What it has to say must not keep those waiting who read what this program says.
+    // Discard its output. Otherwise a reader of our output would wait until that program ends.
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     if (!process.startDetached())
@@ -57,7 +57,7 @@ void QtDesktop::AssociateConsistFiles()
 
 bool QtPrinters::Choose(QPrinter &printer, const QString &job)
 {
-    // Another job is another file, in the folder of the one before.
+    // Each job prints to a new file, in the folder of the job before.
     if (const QString before = printer.outputFileName(); !before.isEmpty())
         printer.setOutputFileName(QFileInfo(before).dir().filePath(job + QStringLiteral(".pdf")));
     QPrintDialog dialog(&printer, QApplication::activeWindow());

@@ -17,7 +17,7 @@ public:
     bool MoveToWastebasket(const std::string &file) override;
 };
 
-/// The system's own dialogs for printers, over the active window.
+/// The system's own printer dialogs, over the active window.
 class QtPrinters : public Printers
 {
 public:

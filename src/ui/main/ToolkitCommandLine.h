@@ -5,8 +5,8 @@
 
 namespace app {
 
-/// Returns the command line without the options that the toolkit has taken out of argv. `given` is
-/// the number of arguments that the program was started with.
+/// Returns the command line without the options that the toolkit has removed from argv. `given` is
+/// the number of arguments with which the program was started.
 std::string CommandLineAfterToolkit(int given, int argc, char **argv);
 
 } // namespace app

@@ -27,12 +27,12 @@ int readPixels(host::SettingsStore &settings, const Setting &setting)
         if (const auto number = host::ParseSingle(*text);
             number && std::isfinite(*number) && (*number > 0 || !isSize))
             twips = *number;
-    // Far beyond any screen; keeps the sums below within an int.
+    // Far beyond any screen, but small enough that the sums below fit an int.
     constexpr float limit = 1000000;
     return static_cast<int>(std::lround(std::clamp(twips, -limit, limit) / kTwipsPerPixel));
 }
 
-/// The least of the title that must be on a screen to drag the window by.
+/// True if enough of the title is on the screen to drag the window by it.
 bool titleCanBeReached(const QRect &bounds, const QRect &screen)
 {
     const QRect title(bounds.topLeft(), QSize(bounds.width(), 24));
@@ -40,7 +40,7 @@ bool titleCanBeReached(const QRect &bounds, const QRect &screen)
     return seen.width() >= std::min(64, bounds.width()) && seen.height() >= 16;
 }
 
-/// How far the window's corner is from the screen, 0 inside it; both ways added.
+/// Returns the distance of the window's corner from the screen: horizontal plus vertical, 0 inside.
 long long distance(const QRect &bounds, const QRect &screen)
 {
     const auto outside = [](long long at, long long start, long long length) {

@@ -10,20 +10,20 @@ class SettingsStore;
 
 namespace app {
 
-/// Settings hold window bounds in twips, 15 to a logical pixel.
+/// The settings hold window bounds in twips, 15 to a logical pixel.
 inline constexpr int kTwipsPerPixel = 15;
 
-/// The stored bounds of the main window in pixels. What is missing or no number has its default:
-/// left and top 1000 twips, width and height 6500 twips.
+/// Returns the stored bounds of the main window in pixels. Defaults replace values that are missing
+/// or not numbers: 1000 twips for left and top, 6500 twips for width and height.
 QRect ReadMainBounds(host::SettingsStore &settings);
-/// Stores them. RuntimeError as the store.
+/// Stores the bounds. Throws RuntimeError as the store does.
 void WriteMainBounds(host::SettingsStore &settings, const QRect &bounds);
 
-/// The bounds as they can be used on screens with these free areas: no larger than the screen, and
-/// moved onto the nearest one when nobody could get hold of the window's title.
+/// Fits bounds to screens with these free areas. The result is no larger than a screen. It is on
+/// the nearest screen if the title of the window would otherwise be out of reach.
 QRect FitToScreens(const QRect &bounds, const QList<QRect> &screens);
 
-/// The bounds, made no larger than a screen's free area and moved until all of them is in it.
+/// Makes bounds no larger than a screen's free area, and moves them completely into it.
 QRect WithinScreen(const QRect &bounds, const QRect &screen);
 
 } // namespace app

@@ -21,8 +21,7 @@ constexpr int kFarthest = 100000; ///< beyond any screen
 
 using Numbers = std::vector<int>;
 
-/// The numbers of a setting; none when one of them is none, or is beyond any
-/// screen.
+/// Returns the numbers of a setting; none if any word is not a number or is beyond any screen.
 Numbers read(host::SettingsStore &settings, std::string_view key)
 {
     Numbers numbers;

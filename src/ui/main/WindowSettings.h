@@ -11,18 +11,18 @@ class SettingsStore;
 
 namespace app {
 
-/// The section "Windows" of the settings: what the next run restores besides the bounds of the main
-/// window. Values are whole numbers with blanks between them, in logical pixels.
+/// The section "Windows" of the settings, which the next run restores together with the bounds of
+/// the main window. The values are whole numbers separated by blanks, in logical pixels.
 struct WindowSettings
 {
     bool maximised = false; ///< the main window
-    QRect normal;           ///< its bounds before it was maximised; empty when unknown
+    QRect normal;           ///< its bounds before it was maximised; empty if unknown
     document::EditorLayout editors;
 };
 
-/// A missing or useless value takes its default.
+/// Reads the section. A missing or invalid value takes its default.
 WindowSettings ReadWindowSettings(host::SettingsStore &settings);
-/// Writes what the store does not hold yet. RuntimeError as the store.
+/// Writes the values that differ from those in the store. Throws RuntimeError as the store does.
 void WriteWindowSettings(host::SettingsStore &settings, const WindowSettings &windows);
 
 } // namespace app

@@ -11,7 +11,7 @@ namespace app {
 WindowSwitcher::WindowSwitcher(QMdiArea &area)
     : m_area(area)
 {
-    // The area itself would go from the active window to the one used longest ago.
+    // Without this filter, the area would activate the window used longest ago.
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -67,7 +67,7 @@ void WindowSwitcher::step(int by)
     m_area.setActiveSubWindow(m_windows[m_at]);
 }
 
-/// Puts the order of use back for the windows passed on the way: activates all of them again, the
+/// Restores the order of use of the windows passed on the way: activates all of them again, the
 /// chosen one last.
 void WindowSwitcher::settle()
 {

@@ -9,17 +9,17 @@
 
 namespace app {
 
-/// Goes from one document window to another in the order of their last use. Ctrl+Tab leads to the
-/// window used before the active one, further presses to older ones as long as Ctrl is held;
-/// Ctrl+Shift+Tab goes the other way. The windows passed on the way do not count as used.
+/// Switches between document windows in the order of their last use. Ctrl+Tab activates the window
+/// used before the active one, and further presses activate older ones while Ctrl is held.
+/// Ctrl+Shift+Tab goes the other way. Windows passed on the way do not count as used.
 class WindowSwitcher : public QObject
 {
 public:
-    /// `area` must outlive the object, which acts while the area's main window is the active one.
+    /// `area` must outlive the object, which acts only while the area's main window is active.
     explicit WindowSwitcher(QMdiArea &area);
 
-    /// Call this when `window` is about to close: if it is the active one, the window used before
-    /// becomes active, a minimised one only when there is no other.
+    /// Call this when `window` is about to close. If it is the active one, the window used before
+    /// becomes active; a minimised one only if there is no other.
     void Leave(const QMdiSubWindow &window);
 
 protected:
@@ -33,7 +33,7 @@ private:
     void settle();
 
     QMdiArea &m_area;
-    Windows m_windows; ///< while Ctrl is held: those to go through, the one used last first
+    Windows m_windows; ///< while Ctrl is held: the windows to step through, last used first
     std::size_t m_at = 0;
 };
 

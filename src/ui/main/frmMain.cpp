@@ -1,63 +1,51 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/frmMain.h"
 
-#include "app/OpenRules.h"
 #include "app/modZELK.h"
 #include "document/ConsistList.h"
+#include "document/WindowMode.h"
 #include "host/Folders.h"
 #include "host/Guard.h"
-#include "host/Path.h"
 #include "host/Product.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
-#include "ui/dialogs/frmResults.h"
+#include "ui/main/CommandTable.h"
 #include "ui/main/IconSet.h"
+#include "ui/main/MainMenu.h"
 #include "ui/main/MainStatusBar.h"
+#include "ui/main/WindowArranger.h"
 #include "ui/main/WindowBounds.h"
 #include "validation/TSValidation.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QMdiArea>
+#include <QMenu>
 #include <QMenuBar>
-#include <QPrinter>
 #include <QScreen>
 #include <QShortcut>
-#include <QStyle>
+#include <QToolBar>
 
 #include <algorithm>
-#include <initializer_list>
 
-using app::Arrangement;
 using document::Guarded;
 using document::WindowMode;
-using host::DialogIcon;
-
-namespace {
-
-constexpr QSize kListSize(340, 400), kEditorSize(660, 440), kViewSize(880, 520);
-
-void place(QMdiSubWindow &window, const QRect &bounds)
-{
-    if (window.isMaximized())
-        window.showNormal();
-    window.setGeometry(bounds);
-}
-
-} // namespace
 
 frmMain::frmMain(const app::Services &services, const std::string &file)
     : m_services(services)
     , m_shapes(services.files)
-    , m_shell(services.dialogs, services.files, services.desktop, m_installation)
     , m_area(new QMdiArea(this))
     , m_switcher(*m_area)
-    , m_checks(*this)
 {
     buildFrame();
     buildStatusBar();
     buildMenus();
     buildToolBar();
+    m_arranger = std::make_unique<app::WindowArranger>(
+        *m_area, std::vector<const QWidget *>{menuBar(), tbToolBar, sbStatusBar}, m_documents);
+    m_handlers = std::make_unique<app::Handlers>(
+        *this, app::HandlerParts{m_services, m_installation, *m_menus, *tbToolBar, *sbStatusBar,
+                                 m_screenShotFolder});
     loadSettings();
     updateActions();
     if (file.empty())
@@ -75,7 +63,6 @@ void frmMain::buildFrame()
 {
     setObjectName("frmMain");
     setWindowTitle(QString::fromLatin1(host::product::kName.data()));
-    setAcceptDrops(true);
     m_area->setObjectName("mdiArea");
     m_area->setAccessibleName(QStringLiteral("Document windows"));
     m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder);
@@ -93,7 +80,7 @@ void frmMain::buildStatusBar()
     m_stopKey = new QShortcut(QKeySequence(Qt::Key_Escape), this);
     m_stopKey->setEnabled(false);
     connect(m_stopKey, &QShortcut::activated, this, &frmMain::stopWork);
-    // The menu of a window's frame: to move, resize, minimise and restore it.
+    // Opens the menu of a window's frame, to move, resize, minimise and restore it.
     auto *frameKey = new QShortcut(Qt::ALT | Qt::Key_Minus, this);
     connect(frameKey, &QShortcut::activated, this, [this] {
         if (frmDocument *window = ActiveDocument())
@@ -104,12 +91,11 @@ void frmMain::buildStatusBar()
 void frmMain::buildMenus()
 {
     menuBar()->setAccessibleName(QStringLiteral("Menus"));
-    app::BuildMenus(*menuBar(), menuTable());
-    for (const char *name : {"mnuFileMRU0", "mnuFileMRU1", "mnuFileMRU2"})
-        command(name)->setVisible(false);
-    command("mnuViewToolbar")->setChecked(true);
-    command("mnuViewStatusBar")->setChecked(true);
-    connect(menu("mnuWindow"), &QMenu::aboutToShow, this, &frmMain::listWindows);
+    m_menus = std::make_unique<app::MainMenu>(
+        *menuBar(), [this](const app::CommandRow &command) { run(command); });
+    QMenu &menu = m_menus->MenuOf(app::Menu::Window);
+    menu.addSeparator();
+    connect(&menu, &QMenu::aboutToShow, this, [this, &menu] { m_handlers->windowList.Fill(menu); });
 }
 
 void frmMain::buildToolBar()
@@ -120,20 +106,7 @@ void frmMain::buildToolBar()
     tbToolBar->setMovable(false);
     tbToolBar->setContextMenuPolicy(Qt::PreventContextMenu);
     tbToolBar->setIconSize({24, 24});
-    app::BuildToolBar(*tbToolBar, *this,
-                      {{"New", "New Consist", "consist-new", "mnuFileNewConsist"},
-                       {"Open", "Open File", "open", "mnuFileOpen"},
-                       {"Save", "Save Consist", "save", "mnuFileSave"},
-                       {"Print", "Print", "print", "mnuFilePrint"},
-                       {"", "", "", ""},
-                       {"Cut", "Cut", "cut", "mnuEditCut"},
-                       {"Copy", "Copy", "copy", "mnuEditCopy"},
-                       {"Paste", "Paste", "paste", "mnuEditPaste"},
-                       {"", "", "", ""},
-                       {"Properties", "View Consist Properties", "edit", "mnuConsistEdit"},
-                       {"Render", "View Consist in 3D", "render", "mnuConsistView"},
-                       {"Filter", "Filter Consist List", "filter", "mnuViewFilter", "Filter"},
-                       {"Options", "View Options", "options", ""}});
+    m_menus->FillToolBar(*tbToolBar);
 }
 
 void frmMain::loadSettings()
@@ -149,7 +122,7 @@ void frmMain::loadSettings()
     move(bounds.topLeft());
     if (m_windowSettings.maximised)
         setWindowState(Qt::WindowMaximized);
-    // Installed programs lie where users cannot write.
+    // Users cannot write to the folders of installed programs.
     const std::optional<std::string> pictures =
         m_services.settings.Read(host::setting::kScreenshots);
     m_screenShotFolder = pictures ? *pictures : host::ProgramFolder();
@@ -163,7 +136,7 @@ void frmMain::saveSettings()
         if (!isMinimized()) {
             app::WriteMainBounds(m_services.settings, QRect(pos(), size()));
             m_windowSettings.maximised = isMaximized();
-            // Moving a window places its frame.
+            // QWidget::move places the frame of a window, not its content.
             m_windowSettings.normal = normalGeometry().translated(pos() - geometry().topLeft());
         }
         app::WriteWindowSettings(m_services.settings, m_windowSettings);
@@ -172,22 +145,40 @@ void frmMain::saveSettings()
     });
 }
 
-void frmMain::OpenFile(const std::string &path)
+/// Runs a command of the menus. The status bar shows only its outcome, or nothing after a failure.
+void frmMain::run(const app::CommandRow &command)
 {
     SetStatus({});
-    const app::OpenKind kind = app::KindOf(path);
-    if (const std::string refusal = app::RefusalOf(kind); !refusal.empty()) {
-        m_services.dialogs.Message(refusal, "Open File", DialogIcon::Critical);
-        return;
+    if (!Guarded(m_services.dialogs, windowTitle().toStdString(),
+                 [&] { command.run(*m_handlers); }))
+        SetStatus({});
+}
+
+void frmMain::updateActions()
+{
+    app::WindowFacts facts;
+    if (const frmDocument *active = ActiveDocument()) {
+        facts.window = true;
+        facts.list = active->Mode() == WindowMode::ConsistList;
+        facts.editor = active->Mode() == WindowMode::ConsistEditor;
+        facts.view = document::Is3D(active->Mode());
     }
-    m_lastFolder = host::path::FolderWithSeparator(path);
-    if (kind == app::OpenKind::Consist)
-        OpenDocumentWindow(path, WindowMode::ConsistEditor, "Consist - " + path, {});
-    else if (kind == app::OpenKind::Shape)
-        OpenDocumentWindow(path, WindowMode::ShapeView, "Shape - " + path, {});
-    else
-        Guarded(m_services.dialogs, "Open File",
-                [&] { kind == app::OpenKind::Stock ? openStock(path) : openActivity(path); });
+    facts.saves = std::any_of(m_documents.begin(), m_documents.end(), [](const auto *window) {
+        return window->Mode() != WindowMode::ConsistList;
+    });
+    m_menus->Update(facts);
+}
+
+void frmMain::stopWork()
+{
+    m_handlers->checking.Stop();
+    for (frmDocument *window : Documents())
+        window->StopWork();
+}
+
+void frmMain::OpenFile(const std::string &path)
+{
+    m_handlers->opener.Open(path);
 }
 
 frmDocument *frmMain::NewDocumentWindow(WindowMode mode, const std::string &fileName)
@@ -223,7 +214,7 @@ frmDocument *frmMain::openWindow(const std::string &fileName, WindowMode mode,
     }
     window->SetCaption(caption);
     window->show();
-    keepInside(*window);
+    m_arranger->KeepInside(*window);
     return window;
 }
 
@@ -232,7 +223,7 @@ void frmMain::addWindow(frmDocument *window)
     m_documents.push_back(window);
     connect(window, &frmDocument::Unloading, this, [this, window] {
         std::erase(m_documents, window);
-        m_givenSizes.erase(window);
+        m_arranger->Forget(*window);
     });
     connect(window, &frmDocument::Closing, this, [this, window] { m_switcher.Leave(*window); });
     connect(window, &QObject::destroyed, this, &frmMain::updateActions);
@@ -242,51 +233,16 @@ void frmMain::addWindow(frmDocument *window)
                 other->ShowSavedElsewhere(path);
     });
     m_area->addSubWindow(window);
-    giveSize(*window);
+    m_arranger->Add(*window);
 }
 
-/// As large as a window of its kind likes to be, as far as there is room.
-void frmMain::giveSize(frmDocument &window)
+document::Furnishing frmMain::furnishing()
 {
-    const QSize wanted = window.Mode() == WindowMode::ConsistList     ? kListSize
-                         : window.Mode() == WindowMode::ConsistEditor ? kEditorSize
-                                                                      : kViewSize;
-    window.resize(wanted.boundedTo(areaSize()).expandedTo({320, 260}));
-    m_givenSizes[&window] = window.size();
-}
-
-/// Windows that had to do with less room take what there is now, unless somebody has given them
-/// another size meanwhile.
-void frmMain::growWindows()
-{
-    const QSize room = areaSize();
-    for (frmDocument *window : documents(false)) {
-        const QSize size = window->size();
-        if (window->isMaximized() || size != m_givenSizes[window] || room != room.expandedTo(size))
-            continue;
-        giveSize(*window);
-        keepInside(*window);
-    }
-}
-
-/// The room for windows, also before the main window was laid out for the first time.
-QSize frmMain::areaSize() const
-{
-    if (isVisible())
-        return m_area->maximumViewportSize();
-    const int bars = menuBar()->sizeHint().height() + tbToolBar->sizeHint().height() +
-                     sbStatusBar->sizeHint().height();
-    return size() - QSize(4, bars + 4);
-}
-
-/// A new window may begin anywhere; as much of it as fits is brought into view.
-void frmMain::keepInside(frmDocument &window)
-{
-    const QSize area = areaSize();
-    if (window.isMaximized())
-        return;
-    window.move(std::clamp(window.x(), 0, std::max(0, area.width() - window.width())),
-                std::clamp(window.y(), 0, std::max(0, area.height() - window.height())));
+    const auto popUp = [this](app::Menu menu) {
+        return [this, menu](const QPoint &at) { m_menus->MenuOf(menu).popup(at); };
+    };
+    return {app::TintedIcon, popUp(app::Menu::Consist), popUp(app::Menu::Stock),
+            &m_windowSettings.editors};
 }
 
 frmDocument *frmMain::ActiveDocument() const
@@ -299,50 +255,9 @@ std::vector<frmDocument *> frmMain::Documents() const
     return m_documents;
 }
 
-QAction *frmMain::command(const char *name) const
+void frmMain::Arrange(app::Arrangement how)
 {
-    return findChild<QAction *>(QLatin1String(name), Qt::FindDirectChildrenOnly);
-}
-
-QMenu *frmMain::menu(const char *name) const
-{
-    return menuBar()->findChild<QMenu *>(QLatin1String(name));
-}
-
-document::Furnishing frmMain::furnishing()
-{
-    const auto popUp = [this](const char *name) {
-        return [list = menu(name)](const QPoint &at) { list->popup(at); };
-    };
-    return {app::TintedIcon, popUp("mnuConsist"), popUp("mnuStock"), &m_windowSettings.editors};
-}
-
-void frmMain::updateActions()
-{
-    const frmDocument *active = ActiveDocument();
-    const auto is = [active](WindowMode mode) { return active && active->Mode() == mode; };
-    const bool list = is(WindowMode::ConsistList), editor = is(WindowMode::ConsistEditor),
-               view = active && document::Is3D(active->Mode());
-    const auto enable = [this](bool enabled, std::initializer_list<const char *> names) {
-        for (const char *name : names)
-            command(name)->setEnabled(enabled);
-    };
-    enable(active != nullptr, {"mnuFileClose", "mnuFilePrint", "mnuViewRefresh", "mnuWindowCascade",
-                               "mnuWindowTileHorizontal", "mnuWindowTileVertical",
-                               "mnuWindowArrangeIcons", "mnuWindowCloseAll"});
-    enable(list || editor, {"mnuViewFilter", "mnuConsistView"});
-    enable(editor || view, {"mnuFileSave", "mnuFileSaveAs"});
-    enable(
-        std::any_of(m_documents.begin(), m_documents.end(),
-                    [](const auto *window) { return window->Mode() != WindowMode::ConsistList; }),
-        {"mnuFileSaveAll"});
-    enable(list, {"mnuConsistEdit", "mnuConsistCheckStock", "mnuEditCut", "mnuEditCopy"});
-    enable(editor, {"mnuConsistViewShape", "mnuStockViewShape"});
-    enable(view, {"mnuViewReset"});
-    enable(list || view, {"mnuFileProperties"});
-    // In the list of consists the key shows a consist in 3D.
-    command("mnuFileProperties")
-        ->setShortcut(view ? QKeySequence(Qt::ALT | Qt::Key_Return) : QKeySequence());
+    m_arranger->Arrange(how);
 }
 
 void frmMain::SaveDocument(bool quiet)
@@ -354,9 +269,40 @@ void frmMain::SaveDocument(bool quiet)
         window->SaveConsist(quiet);
 }
 
-std::string frmMain::consistFolder() const
+void frmMain::SaveDocumentAs()
+{
+    frmDocument *window = ActiveDocument();
+    if (window && window->Mode() == WindowMode::ConsistEditor)
+        window->SaveConsistAs();
+    else
+        SaveDocument(false); // a 3D window saves a picture
+}
+
+void frmMain::saveSnapshot(frmDocument &window)
+{
+    if (!Guarded(m_services.dialogs, "Save Snapshot",
+                 [&] { window.SaveSnapshot(m_screenShotFolder); }))
+        SetStatus("The picture was not saved.");
+}
+
+std::string frmMain::ConsistFolder() const
 {
     return document::ConsistFolder(m_installation, m_services.files);
+}
+
+void frmMain::SendFile()
+{
+    m_handlers->Say("File Send not yet implemented");
+}
+
+void frmMain::ShowTextWindow(const std::string &title, const std::string &text)
+{
+    modZELK::ShowTextWindow(m_handlers->checkView, title, text);
+}
+
+void frmMain::OpenOutside(const std::string &path)
+{
+    m_handlers->shell.Open(path, "Open");
 }
 
 void frmMain::SetStatus(const std::string &text)
@@ -367,7 +313,7 @@ void frmMain::SetStatus(const std::string &text)
 void frmMain::SetProgress(int done, int total)
 {
     sbStatusBar->SetProgress(done, total);
-    m_stopKey->setEnabled(total > 0 || m_checks.Running());
+    m_stopKey->setEnabled(total > 0 || m_handlers->checking.Running());
 }
 
 void frmMain::WriteLog(const std::string &text)
@@ -375,95 +321,26 @@ void frmMain::WriteLog(const std::string &text)
     modZELK::WriteLog(text);
 }
 
-void frmMain::stopWork()
+void frmMain::Validator_ErrorRaised(const std::string &, const std::string &,
+                                    std::int16_t errorCode)
 {
-    m_checks.Stop();
-    for (frmDocument *window : Documents())
-        window->StopWork();
+    m_handlers->checkView.CountError(errorCode);
 }
 
-void frmMain::Arrange(Arrangement how)
+void frmMain::Validator_MessageRaised(const std::string &message, std::int16_t)
 {
-    m_tiling = how;
-    const std::vector<frmDocument *> open = documents(false);
-    if (how == Arrangement::Cascade)
-        cascade();
-    else if (how != Arrangement::ArrangeIcons && !open.empty())
-        arrangeTiles(open, how);
-    arrangeIcons();
-}
-
-/// In stacking order, so that the active window stays in front.
-void frmMain::cascade()
-{
-    std::vector<QMdiSubWindow *> windows;
-    for (QMdiSubWindow *window : m_area->subWindowList(QMdiArea::StackingOrder))
-        if (window->isVisible() && !window->isMinimized())
-            windows.push_back(window);
-    if (windows.empty())
-        return;
-    const int titleHeight = style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    const std::vector<QRect> places =
-        app::Cascaded(roomForTiles(), static_cast<int>(windows.size()), kEditorSize, titleHeight);
-    for (std::size_t i = 0; i < windows.size(); ++i)
-        place(*windows[i], places[i]);
-}
-
-/// The area without the row of minimised windows.
-QRect frmMain::roomForTiles() const
-{
-    QRect area(QPoint(0, 0), m_area->maximumViewportSize());
-    if (const auto icons = documents(true); !icons.empty())
-        area.setHeight(area.height() - icons.front()->height());
-    return area;
-}
-
-void frmMain::arrangeTiles(const std::vector<frmDocument *> &windows, Arrangement how)
-{
-    QSize least(1, 1);
-    for (const frmDocument *window : windows)
-        least = least.expandedTo(window->minimumSize());
-    const int count = static_cast<int>(windows.size());
-    const std::vector<QRect> tiles = how == Arrangement::TileHorizontally
-                                         ? app::StackedTiles(roomForTiles(), count, least)
-                                         : app::SideBySideTiles(roomForTiles(), count, least);
-    for (std::size_t i = 0; i < windows.size(); ++i)
-        place(*windows[i], tiles[i]);
-}
-
-void frmMain::arrangeIcons()
-{
-    const std::vector<frmDocument *> icons = documents(true);
-    if (icons.empty())
-        return;
-    const std::vector<QRect> places = app::IconRow(
-        m_area->viewport()->rect(), icons.front()->size(), static_cast<int>(icons.size()));
-    for (std::size_t i = 0; i < icons.size(); ++i)
-        icons[i]->move(places[i].topLeft());
-}
-
-std::vector<frmDocument *> frmMain::documents(bool minimised) const
-{
-    std::vector<frmDocument *> found;
-    for (frmDocument *window : m_documents)
-        if (window->isVisible() && window->isMinimized() == minimised)
-            found.push_back(window);
-    return found;
+    m_handlers->checkView.ShowMessage(message);
 }
 
 void frmMain::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
-    if (command("mnuWindowLockTiling")->isChecked() &&
-        (m_tiling == Arrangement::TileHorizontally || m_tiling == Arrangement::TileVertically))
-        Arrange(m_tiling);
-    else
-        growWindows();
+    m_arranger->AreaResized(m_menus->IsChecked(app::Command::WindowLockTiling));
 }
 
 void frmMain::closeEvent(QCloseEvent *event)
 {
-    // Every window is asked before one of them goes, so that Cancel leaves all of them.
+    // Ask every window before one of them closes, so that Cancel keeps all of them.
     for (frmDocument *window : Documents())
         if (!window->QueryUnload()) {
             event->ignore();
@@ -472,9 +349,8 @@ void frmMain::closeEvent(QCloseEvent *event)
     if (!m_unloading)
         saveSettings();
     m_unloading = true;
-    m_checks.Abandon();
-    for (frmResults *results : resultWindows())
-        results->close();
+    m_handlers->checking.Abandon();
+    m_handlers->results.CloseAll();
     for (frmDocument *window : Documents()) {
         window->AllowUnload();
         delete window;

@@ -1,0 +1,340 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/main/MenuHandlers.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+
+namespace app {
+
+/// The menus of the menu bar and their submenus.
+enum class Menu
+{
+    File,
+    FileNew,
+    Edit,
+    Consist,
+    Stock,
+    View,
+    Window,
+    Help,
+    End ///< not a menu; the number of menus
+};
+
+/// The commands of the menus, in the order of kCommands.
+// clang-format off
+enum class Command
+{
+    FileNewConsist, FileNewConsistList, FileOpen, FileClose,
+    FileSave, FileSaveAs, FileSaveAll,
+    FilePageSetup, FilePrint, FilePrintPreview, FileProperties,
+    FileSetMSTSLoc, FileMRU0, FileMRU1, FileMRU2,
+    FileExit,
+
+    EditUndo,
+    EditCut, EditCopy, EditPaste, EditPasteSpecial,
+    EditSetAssoc,
+
+    ConsistEdit, ConsistView, ConsistViewShape,
+    ConsistCheckStock, FileCheckDep,
+
+    StockViewShape,
+    StockCheckDep, StockCheckAll, StockCheckTextures,
+
+    ViewToolbar, ViewStatusBar,
+    ViewRefresh, ViewReset, ViewFilter, ViewOptions,
+    ViewTS, ViewTSE, ViewShapeViewer,
+    ViewPictures,
+
+    WindowNewWindow, WindowCloseAll,
+    WindowCascade, WindowTileHorizontal, WindowTileVertical, WindowArrangeIcons, WindowLockTiling,
+
+    HelpContents, HelpSearchForHelpOn, HelpWeb,
+    HelpAbout,
+
+    End ///< not a command; the number of commands
+};
+// clang-format on
+
+/// Facts about the document windows that decide which commands are enabled.
+struct WindowFacts
+{
+    bool window = false; ///< there is an active window; it is one of the next three
+    bool list = false;   ///< a consist list
+    bool editor = false; ///< a consist editor
+    bool view = false;   ///< a 3D view
+    bool saves = false;  ///< any window, active or not, is an editor or a 3D view
+};
+
+using Condition = bool (*)(const WindowFacts &facts);
+
+/// The conditions that enable commands.
+namespace when {
+
+constexpr bool Always(const WindowFacts &)
+{
+    return true;
+}
+constexpr bool Never(const WindowFacts &)
+{
+    return false;
+}
+constexpr bool AnyWindow(const WindowFacts &facts)
+{
+    return facts.window;
+}
+constexpr bool List(const WindowFacts &facts)
+{
+    return facts.list;
+}
+constexpr bool Editor(const WindowFacts &facts)
+{
+    return facts.editor;
+}
+constexpr bool View(const WindowFacts &facts)
+{
+    return facts.view;
+}
+constexpr bool ListOrEditor(const WindowFacts &facts)
+{
+    return facts.list || facts.editor;
+}
+constexpr bool ListOrView(const WindowFacts &facts)
+{
+    return facts.list || facts.view;
+}
+constexpr bool EditorOrView(const WindowFacts &facts)
+{
+    return facts.editor || facts.view;
+}
+constexpr bool AnythingToSave(const WindowFacts &facts)
+{
+    return facts.saves;
+}
+
+} // namespace when
+
+/// The appearance of a command in its menu.
+enum class Look
+{
+    Plain,
+    Checked,   ///< has a check mark, set at the start
+    Unchecked, ///< has a check mark, clear at the start
+    Hidden
+};
+
+/// A command of the menus.
+struct CommandRow
+{
+    Command id;
+    Menu menu;
+    int group;        ///< within the menu; separators divide the groups
+    const char *name; ///< object name of the action
+    const char *caption;
+    const char *keys; ///< as QKeySequence::listFromString reads them, "" for none
+    const char *icon; ///< for TintedIcon, "" for none
+    const char *hint; ///< tooltip
+    Condition enabled;
+    void (*run)(Handlers &on) = nullptr; ///< null if only the check mark changes
+    Look look = Look::Plain;
+    Condition keysApply = when::Always; ///< the keys do nothing in other windows
+};
+
+// clang-format off
+inline constexpr CommandRow kCommands[] = {
+    {Command::FileNewConsist, Menu::FileNew, 1, "mnuFileNewConsist", "&Consist", "Ctrl+N", "consist-new",
+     "Start a new consist", when::Always, [](Handlers &on) { on.file.NewConsist(); }},
+    {Command::FileNewConsistList, Menu::FileNew, 1, "mnuFileNewConsistList", "Consist &List Window", "Ctrl+L", "list-new",
+     "Open another list of the installed consists", when::Always, [](Handlers &on) { on.file.NewConsistList(); }},
+    {Command::FileOpen, Menu::File, 1, "mnuFileOpen", "&Open...", "Ctrl+O", "open",
+     "Open a Train Simulator file", when::Always, [](Handlers &on) { on.file.Open(); }},
+    {Command::FileClose, Menu::File, 1, "mnuFileClose", "&Close", "Ctrl+F4; Ctrl+W", "close",
+     "Close the active window", when::AnyWindow, [](Handlers &on) { on.file.Close(); }},
+
+    {Command::FileSave, Menu::File, 2, "mnuFileSave", "&Save", "Ctrl+S", "save",
+     "Save the consist, or a picture of the 3D view", when::EditorOrView, [](Handlers &on) { on.file.Save(); }},
+    {Command::FileSaveAs, Menu::File, 2, "mnuFileSaveAs", "Save &As...", "Ctrl+Shift+S", "save-as",
+     "Save the consist under another name", when::EditorOrView, [](Handlers &on) { on.file.SaveAs(); }},
+    {Command::FileSaveAll, Menu::File, 2, "mnuFileSaveAll", "Save A&ll", "", "save-all",
+     "Save all open consists", when::AnythingToSave, [](Handlers &on) { on.file.SaveAll(); }},
+
+    {Command::FilePageSetup, Menu::File, 3, "mnuFilePageSetup", "Page Set&up...", "", "",
+     "Set the paper and its margins", when::Always, [](Handlers &on) { on.printing.SetUpPage(); }},
+    {Command::FilePrint, Menu::File, 3, "mnuFilePrint", "&Print...", "Ctrl+P", "print",
+     "Print the active window", when::AnyWindow, [](Handlers &on) { on.file.Print(); }},
+    {Command::FilePrintPreview, Menu::File, 3, "mnuFilePrintPreview", "Print Pre&view...", "", "print-preview",
+     "Show how the active window prints", when::Always,
+     [](Handlers &on) { on.Say("Print Preview not implemented"); }},
+    {Command::FileProperties, Menu::File, 3, "mnuFileProperties", "Propert&ies", "Alt+Return", "properties",
+     "Show the properties of the active window", when::ListOrView, [](Handlers &on) { on.file.ShowProperties(); },
+     Look::Plain, when::View}, // in a consist list the key shows the consist in 3D
+
+    {Command::FileSetMSTSLoc, Menu::File, 4, "mnuFileSetMSTSLoc", "Set &MSTS Location...", "", "location",
+     "Choose the Train Simulator folder to work on", when::Always, [](Handlers &on) { on.location.Ask(); }},
+    {Command::FileMRU0, Menu::File, 4, "mnuFileMRU0", "Recent File 1", "", "", "", when::Never, nullptr, Look::Hidden},
+    {Command::FileMRU1, Menu::File, 4, "mnuFileMRU1", "Recent File 2", "", "", "", when::Never, nullptr, Look::Hidden},
+    {Command::FileMRU2, Menu::File, 4, "mnuFileMRU2", "Recent File 3", "", "", "", when::Never, nullptr, Look::Hidden},
+
+    {Command::FileExit, Menu::File, 5, "mnuFileExit", "E&xit", "Ctrl+Q", "exit",
+     "End the program", when::Always, [](Handlers &on) { on.file.Exit(); }},
+
+    {Command::EditUndo, Menu::Edit, 1, "mnuEditUndo", "&Undo", "Ctrl+Z", "undo",
+     "Undo the last change", when::Always, [](Handlers &on) { on.Say("Edit Undo not yet implemented"); }},
+
+    {Command::EditCut, Menu::Edit, 2, "mnuEditCut", "Cu&t", "Ctrl+X", "cut",
+     "Delete the selected consist", when::List, [](Handlers &on) { on.edit.Cut(); }},
+    {Command::EditCopy, Menu::Edit, 2, "mnuEditCopy", "&Copy", "Ctrl+C", "copy",
+     "Copy the selected consist", when::List, [](Handlers &on) { on.edit.Copy(); }},
+    {Command::EditPaste, Menu::Edit, 2, "mnuEditPaste", "&Paste", "Ctrl+V", "paste",
+     "Paste a copy of the consist", when::Always, [](Handlers &on) { on.edit.Paste(); }},
+    {Command::EditPasteSpecial, Menu::Edit, 2, "mnuEditPasteSpecial", "Paste &Special...", "", "",
+     "Paste in another way", when::Always, [](Handlers &on) { on.Say("Edit PasteSpecial not yet implemented"); }},
+
+    {Command::EditSetAssoc, Menu::Edit, 3, "mnuEditSetAssoc", "Set &File Association...", "", "association",
+     "Open consist files with this program", when::Always, [](Handlers &on) { on.shell.SetFileAssociation(); }},
+
+    {Command::ConsistEdit, Menu::Consist, 1, "mnuConsistEdit", "&Edit", "Ctrl+E", "edit",
+     "Edit the selected consist", when::List, [](Handlers &on) { on.consist.Edit(); }},
+    {Command::ConsistView, Menu::Consist, 1, "mnuConsistView", "&View Consist", "", "render",
+     "Show the selected consist in 3D", when::ListOrEditor, [](Handlers &on) { on.consist.View(); }},
+    {Command::ConsistViewShape, Menu::Consist, 1, "mnuConsistViewShape", "View &Shape", "", "shape",
+     "Show the selected stock in 3D", when::Editor, [](Handlers &on) { on.consist.ViewShape(); }},
+
+    {Command::ConsistCheckStock, Menu::Consist, 2, "mnuConsistCheckStock", "&Check Stock...", "", "check-stock",
+     "Check that the stock of the selected consist is there", when::List,
+     [](Handlers &on) { on.checks.ConsistStock(); }},
+    {Command::FileCheckDep, Menu::Consist, 2, "mnuFileCheckDep", "Chec&k Dependencies...", "", "check-dependencies",
+     "Check where the selected consists or stock are used", when::Always,
+     [](Handlers &on) { on.checks.Dependencies(); }},
+
+    {Command::StockViewShape, Menu::Stock, 1, "mnuStockViewShape", "View &Shape", "", "shape",
+     "Show the selected stock in 3D", when::Editor, [](Handlers &on) { on.consist.ViewShape(); }},
+
+    {Command::StockCheckDep, Menu::Stock, 2, "mnuStockCheckDep", "Check &Dependencies...", "", "check-dependencies",
+     "Check what the selected stock needs and where it is used", when::Always,
+     [](Handlers &on) { on.checks.Dependencies(); }},
+    {Command::StockCheckAll, Menu::Stock, 2, "mnuStockCheckAll", "Check &All Stock...", "", "check-all",
+     "Check all installed stock", when::Always, [](Handlers &on) { on.checks.AllStock(); }},
+    {Command::StockCheckTextures, Menu::Stock, 2, "mnuStockCheckTextures", "Check &Textures...", "", "",
+     "Where the textures of stock are checked", when::Always, [](Handlers &on) { on.checks.StockTextures(); }},
+
+    {Command::ViewToolbar, Menu::View, 1, "mnuViewToolbar", "&Toolbar", "", "",
+     "Show or hide the toolbar", when::Always,
+     [](Handlers &on) { on.view.ShowToolBar(on.IsChecked(Command::ViewToolbar)); },
+     Look::Checked},
+    {Command::ViewStatusBar, Menu::View, 1, "mnuViewStatusBar", "Status &Bar", "", "",
+     "Show or hide the status bar", when::Always,
+     [](Handlers &on) { on.view.ShowStatusBar(on.IsChecked(Command::ViewStatusBar)); },
+     Look::Checked},
+
+    {Command::ViewRefresh, Menu::View, 2, "mnuViewRefresh", "&Refresh", "F5", "refresh",
+     "Read the window's content again", when::AnyWindow, [](Handlers &on) { on.view.Refresh(); }},
+    {Command::ViewReset, Menu::View, 2, "mnuViewReset", "Reset &View", "Home", "reset-view",
+     "Go back to the first view", when::View, [](Handlers &on) { on.view.Reset(); }},
+    {Command::ViewFilter, Menu::View, 2, "mnuViewFilter", "&Filter...", "Ctrl+F", "filter",
+     "Limit the list to names that match", when::ListOrEditor, [](Handlers &on) { on.view.Filter(); }},
+    {Command::ViewOptions, Menu::View, 2, "mnuViewOptions", "&Options...", "", "options",
+     "Set how windows look", when::Always, [](Handlers &on) { on.Say("View Options not yet implemented"); }},
+
+    {Command::ViewTS, Menu::View, 3, "mnuViewTS", "&MSTS", "", "simulator",
+     "Start Train Simulator", when::Always, [](Handlers &on) { on.tools.StartSimulator(); }},
+    {Command::ViewTSE, Menu::View, 3, "mnuViewTSE", "MSTS &Tools", "", "tools",
+     "Start the simulator's editors", when::Always, [](Handlers &on) { on.tools.StartEditors(); }},
+    {Command::ViewShapeViewer, Menu::View, 3, "mnuViewShapeViewer", "&Shape Viewer", "", "shape-viewer",
+     "Start the installed shape viewer", when::Always, [](Handlers &on) { on.tools.StartShapeViewer(); }},
+
+    {Command::ViewPictures, Menu::View, 4, "mnuViewPictures", "Open &Pictures Folder", "Ctrl+Shift+P", "",
+     "Open the folder of the saved pictures of 3D views", when::Always,
+     [](Handlers &on) { on.tools.OpenPicturesFolder(); }},
+
+    {Command::WindowNewWindow, Menu::Window, 1, "mnuWindowNewWindow", "&New Window", "", "new-window",
+     "Open another list of the installed consists", when::Always, [](Handlers &on) { on.file.NewConsistList(); }},
+    {Command::WindowCloseAll, Menu::Window, 1, "mnuWindowCloseAll", "Cl&ose All", "", "",
+     "Close all document windows", when::AnyWindow, [](Handlers &on) { on.windows.CloseAll(); }},
+
+    {Command::WindowCascade, Menu::Window, 2, "mnuWindowCascade", "&Cascade", "", "cascade",
+     "Arrange the windows one behind the other", when::AnyWindow, [](Handlers &on) { on.windows.Cascade(); }},
+    {Command::WindowTileHorizontal, Menu::Window, 2, "mnuWindowTileHorizontal", "Tile &Horizontal", "", "tile-horizontal",
+     "Arrange the windows one above the other", when::AnyWindow,
+     [](Handlers &on) { on.windows.TileHorizontally(); }},
+    {Command::WindowTileVertical, Menu::Window, 2, "mnuWindowTileVertical", "Tile &Vertical", "", "tile-vertical",
+     "Arrange the windows side by side", when::AnyWindow, [](Handlers &on) { on.windows.TileVertically(); }},
+    {Command::WindowArrangeIcons, Menu::Window, 2, "mnuWindowArrangeIcons", "&Arrange Icons", "", "arrange-icons",
+     "Put minimised windows in a row", when::AnyWindow, [](Handlers &on) { on.windows.ArrangeIcons(); }},
+    {Command::WindowLockTiling, Menu::Window, 2, "mnuWindowLockTiling", "&Lock Tiling", "", "",
+     "Tile again whenever the main window changes its size", when::Always, nullptr, Look::Unchecked},
+
+    {Command::HelpContents, Menu::Help, 1, "mnuHelpContents", "&Contents", "F1", "help",
+     "Show the help", when::Always, [](Handlers &on) { on.shell.ShowGuide(GuidePage::Contents); }},
+    {Command::HelpSearchForHelpOn, Menu::Help, 1, "mnuHelpSearchForHelpOn", "&Search For Help On...", "", "search",
+     "Look something up in the help", when::Always, [](Handlers &on) { on.shell.ShowGuide(GuidePage::Search); }},
+    {Command::HelpWeb, Menu::Help, 1, "mnuHelpWeb", "Train Simulator on the &Web", "", "",
+     "Open the web site of the community in the browser", when::Always,
+     [](Handlers &on) { on.shell.ShowWebSite(); }},
+
+    {Command::HelpAbout, Menu::Help, 2, "mnuHelpAbout", "&About ", "", "",
+     "About this program", when::Always, [](Handlers &on) { on.help.About(); }},
+};
+// clang-format on
+
+/// A menu. Its place is that of its first command.
+struct MenuRow
+{
+    Menu id;
+    const char *name; ///< object name of the menu and of its action
+    const char *caption;
+    const char *hint = "";
+    std::optional<Menu> parent = std::nullopt; ///< no value: in the menu bar
+};
+
+inline constexpr MenuRow kMenus[] = {
+    {Menu::File, "mnuFile", "&File"},
+    {Menu::FileNew, "mnuFileNew", "&New", "Open a new window", Menu::File},
+    {Menu::Edit, "mnuEdit", "&Edit"},
+    {Menu::Consist, "mnuConsist", "&Consist"},
+    {Menu::Stock, "mnuStock", "&Stock"},
+    {Menu::View, "mnuView", "&View"},
+    {Menu::Window, "mnuWindow", "&Window"},
+    {Menu::Help, "mnuHelp", "&Help"},
+};
+
+/// A button of the toolbar. It looks and behaves like its command, but has a separate tooltip.
+struct ToolRow
+{
+    const char *key;                ///< object name; "" for a gap
+    const char *toolTip = "";       ///< also the accessible name
+    const char *icon = "";          ///< for TintedIcon
+    Command command = Command::End; ///< End: the button does nothing
+    const char *caption = "";       ///< shown beside the icon, "" for the icon only
+};
+
+inline constexpr ToolRow kTools[] = {
+    {"New", "New Consist", "consist-new", Command::FileNewConsist},
+    {"Open", "Open File", "open", Command::FileOpen},
+    {"Save", "Save Consist", "save", Command::FileSave},
+    {"Print", "Print", "print", Command::FilePrint},
+    {""},
+    {"Cut", "Cut", "cut", Command::EditCut},
+    {"Copy", "Copy", "copy", Command::EditCopy},
+    {"Paste", "Paste", "paste", Command::EditPaste},
+    {""},
+    {"Properties", "View Consist Properties", "edit", Command::ConsistEdit},
+    {"Render", "View Consist in 3D", "render", Command::ConsistView},
+    {"Filter", "Filter Consist List", "filter", Command::ViewFilter, "Filter"},
+    {"Options", "View Options", "options"},
+};
+
+/// True if a table has exactly one row for each enumerator, in the order of the enumerators.
+template <typename Row, std::size_t Count> constexpr bool HasRowForEach(const Row (&rows)[Count])
+{
+    std::size_t place = 0;
+    for (const Row &row : rows)
+        if (static_cast<std::size_t>(row.id) != place++)
+            return false;
+    return place == static_cast<std::size_t>(decltype(Row::id)::End);
+}
+static_assert(HasRowForEach(kCommands) && HasRowForEach(kMenus));
+
+} // namespace app

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/MenuHandlers.h"
+
+#include "ui/main/MainMenu.h"
+#include "ui/main/frmMain.h"
+
+namespace app {
+
+Handlers::Handlers(frmMain &main, const HandlerParts &parts)
+    : window(main)
+    , menus(parts.menus)
+    , shell(main.Dialogs(), main.Files(), parts.services.desktop, parts.installation)
+    , printing(main, parts.services.printers)
+    , results(main, printing)
+    , checkView(main, results)
+    , checking(checkView)
+    , opener(main)
+    , location(main, parts.installation, checking)
+    , drop(main, opener, location)
+    , windowList(main, results)
+    , file(main, opener, printing)
+    , edit(main, parts.services.desktop)
+    , consist(main)
+    , checks(main, checking, parts.statusBar)
+    , view(main, parts.toolBar, parts.statusBar)
+    , tools(main, shell, parts.picturesFolder)
+    , windows(main)
+    , help(main, shell)
+{
+}
+
+void Handlers::Say(const std::string &text) const
+{
+    window.Dialogs().Message(text, window.windowTitle().toStdString(), host::DialogIcon::None);
+}
+
+bool Handlers::IsChecked(Command command) const
+{
+    return menus.IsChecked(command);
+}
+
+} // namespace app

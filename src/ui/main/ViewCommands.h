@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "document/WindowMode.h"
+#include "host/GameFiles.h"
+#include "ui/main/MainStatusBar.h"
+#include "ui/main/frmMain.h"
+
+#include <QToolBar>
+
+namespace app {
+
+/// The View menu, except for the programs and the folder that it opens.
+class ViewCommands
+{
+public:
+    ViewCommands(frmMain &window, QToolBar &toolBar, MainStatusBar &statusBar)
+        : m_window(window)
+        , m_toolBar(toolBar)
+        , m_statusBar(statusBar)
+    {
+    }
+
+    void ShowToolBar(bool shown) { m_toolBar.setVisible(shown); }
+
+    void ShowStatusBar(bool shown) { m_statusBar.setVisible(shown); }
+
+    void Refresh()
+    {
+        frmDocument *active = m_window.ActiveDocument();
+        m_window.Files().Refresh();
+        if (!active)
+            return;
+        const bool drops = active->Changed() && m_window.Files().FileExists(active->FileName());
+        if (!drops || mayDropChanges())
+            active->RefreshForm();
+    }
+
+    void Reset()
+    {
+        if (frmDocument *active = m_window.ActiveDocument())
+            active->ResetView();
+    }
+
+    void Filter()
+    {
+        frmDocument *active = m_window.ActiveDocument();
+        if (!active || document::Is3D(active->Mode()))
+            return;
+        const bool list = active->Mode() == document::WindowMode::ConsistList;
+        const std::optional<std::string> answer = m_window.Dialogs().Input(
+            list ? "Enter a filter string for consists:" : "Enter a filter string for stock:",
+            list ? "Filter Consist List" : "Filter Stock List", active->Filter());
+        if (!answer)
+            return;
+        active->SetFilter(*answer);
+        if (list)
+            active->LoadForm();
+        else
+            active->ReloadAllStock();
+    }
+
+private:
+    bool mayDropChanges()
+    {
+        return m_window.Dialogs().Message("Consist has changed.  Reading it again drops all "
+                                          "changes.  Do you want to continue?",
+                                          "Refresh", host::DialogIcon::Question,
+                                          host::DialogButtons::YesNoDefaultNo) ==
+               host::DialogAnswer::Yes;
+    }
+
+    frmMain &m_window;
+    QToolBar &m_toolBar;
+    MainStatusBar &m_statusBar;
+};
+
+} // namespace app
