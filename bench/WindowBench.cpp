@@ -8,8 +8,10 @@
 #include "document/ConsistList.h"
 #include "document/StockList.h"
 #include "host/GameFiles.h"
+#include "host/Product.h"
 #include "host/Settings.h"
 #include "install/Installation.h"
+#include "korvat/model/ModelLibrary.h"
 #include "ui/dialogs/QtDialogs.h"
 #include "ui/main/Colours.h"
 #include "ui/main/Program.h"
@@ -50,9 +52,8 @@ public:
     }
     std::optional<std::string> ReadFrom(std::string_view section, std::string_view key) override
     {
-        return section == kSettings && key == host::setting::kInstallation
-                   ? std::optional(m_folder)
-                   : std::nullopt;
+        return section == kSettings && key == host::setting::kInstallation ? std::optional(m_folder)
+                                                                           : std::nullopt;
     }
     void WriteTo(std::string_view, std::string_view, std::string_view) override {}
 
@@ -79,7 +80,8 @@ struct Program
         : settings(folder)
     {
         app::DressApplication(*qApp);
-        window = app::StartMainWindow({dialogs, files, settings, desktop, printers}, "");
+        window = app::StartMainWindow({dialogs, files, settings, installation, shapes}, desktop,
+                                      printers, "");
     }
     QTreeView *List(const char *name) const
     {
@@ -90,6 +92,8 @@ struct Program
     app::QtPrinters printers;
     host::GameFiles files;
     FixedSettings settings;
+    install::Installation installation;
+    korvat::ModelLibrary shapes{files};
     std::unique_ptr<frmMain> window;
 };
 

@@ -70,17 +70,19 @@ std::vector<install::Route> chosenRoutes(const std::vector<std::string> &answer,
 
 } // namespace
 
-CheckCommands::CheckCommands(CheckHost &host)
-    : m_host(host)
+CheckCommands::CheckCommands(const install::Environment &environment, CheckHost &host)
+    : m_environment(environment)
+    , m_host(host)
 {
 }
 
 void CheckCommands::run(const std::string &title, const std::function<void()> &check)
 {
     if (m_running) {
-        m_host.Dialogs().Message("A check is running.  Wait until it has ended, or press Esc in "
-                                 "the main window to stop it.",
-                                 title, host::DialogIcon::Information);
+        m_environment.dialogs.Message(
+            "A check is running.  Wait until it has ended, or press Esc in "
+            "the main window to stop it.",
+            title, host::DialogIcon::Information);
         return;
     }
     m_stopped = m_abandoned = false;
@@ -99,7 +101,7 @@ void CheckCommands::run(const std::string &title, const std::function<void()> &c
     else if (!failure.empty())
         m_host.SetStatus("The check failed");
     if (!failure.empty() && !m_abandoned)
-        m_host.Dialogs().Message(failure, title, host::DialogIcon::Critical);
+        m_environment.dialogs.Message(failure, title, host::DialogIcon::Critical);
 }
 
 void CheckCommands::CheckDependencies(const std::optional<CheckTarget> &target)
@@ -107,7 +109,7 @@ void CheckCommands::CheckDependencies(const std::optional<CheckTarget> &target)
     const bool list = target && target->mode == WindowMode::ConsistList;
     run(kDependencies, [&] {
         if (!target || (list && target->consists.empty())) {
-            m_host.Dialogs().Message(kNothing, kDependencies, host::DialogIcon::Critical);
+            m_environment.dialogs.Message(kNothing, kDependencies, host::DialogIcon::Critical);
             return;
         }
         if (!list && target->path.empty())
@@ -126,8 +128,8 @@ void CheckCommands::CheckDependencies(const std::optional<CheckTarget> &target)
 std::string CheckCommands::stockReport(const std::string &path, const std::string &name)
 {
     const std::string header = "Check Time  : " + m_host.Now() + kLineEnd +
-                               "MSTS Path   : " + m_host.Installation().CurrentFolder() + kLineEnd +
-                               "Stock Name  : " + path + kLineEnd + kLineEnd;
+                               "MSTS Path   : " + m_environment.installation.CurrentFolder() +
+                               kLineEnd + "Stock Name  : " + path + kLineEnd + kLineEnd;
     TSValidation &validator = newValidator();
     validator.CheckStock(path);
     validator.CheckStockInConsists(path);
@@ -167,7 +169,7 @@ void CheckCommands::CheckConsistStock(const std::optional<CheckTarget> &target)
         if (!target || target->mode != WindowMode::ConsistList || target->consist.empty())
             return;
         m_host.SetStatus("Checking " + target->consist + "...");
-        newValidator().CheckConsist(m_host.Installation().ConsistPath(target->consist));
+        newValidator().CheckConsist(m_environment.installation.ConsistPath(target->consist));
         m_host.SetStatus(kDone);
         std::string report;
         for (const validation::Finding &finding : m_validator->Findings())
@@ -181,11 +183,11 @@ void CheckCommands::CheckConsistStock(const std::optional<CheckTarget> &target)
 void CheckCommands::CheckAllStock()
 {
     run(kAllStock, [&] {
-        if (m_host.Dialogs().Message("About to check all stock file dependencies in your TS "
-                                     "installtion.  This may take some time.  Do you want to "
-                                     "continue?",
-                                     kAllStock, host::DialogIcon::Question,
-                                     host::DialogButtons::YesNo) != host::DialogAnswer::Yes)
+        if (m_environment.dialogs.Message("About to check all stock file dependencies in your TS "
+                                          "installtion.  This may take some time.  Do you want to "
+                                          "continue?",
+                                          kAllStock, host::DialogIcon::Question,
+                                          host::DialogButtons::YesNo) != host::DialogAnswer::Yes)
             return;
         newValidator().CheckAllStock();
         const std::string when =
@@ -200,7 +202,7 @@ void CheckCommands::CheckStockTextures(const std::optional<CheckTarget> &target)
 {
     if (!target ||
         (target->mode != WindowMode::ConsistEditor && target->mode != WindowMode::ShapeView))
-        m_host.Dialogs().Message(kNothing, kTextures, host::DialogIcon::Critical);
+        m_environment.dialogs.Message(kNothing, kTextures, host::DialogIcon::Critical);
     else
         m_host.SetStatus("Textures are checked with the shape: choose Check Dependencies there.");
 }
@@ -240,9 +242,9 @@ std::vector<install::Route> CheckCommands::askForRoutes()
         return {};
     m_host.SetStatus("Choose the routes to check...");
     const std::vector<install::Route> routes =
-        install::InstalledRoutes(m_host.Installation(), m_host.Files(), true);
+        install::InstalledRoutes(m_environment.installation, m_environment.files, true);
     const std::string answer =
-        m_host.Dialogs().SelectFromList("Select Routes to Check", ListText(routes));
+        m_environment.dialogs.SelectFromList("Select Routes to Check", ListText(routes));
     m_host.SetStatus({});
     return chosenRoutes(host::Split(answer, '|'), routes);
 }

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "document/WindowMode.h"
+#include "install/Environment.h"
+#include "install/Route.h"
 
 #include <cstddef>
 #include <functional>
@@ -10,15 +12,6 @@
 #include <vector>
 
 class TSValidation;
-
-namespace host {
-class Dialogs;
-class GameFiles;
-} // namespace host
-namespace install {
-class Installation;
-struct Route;
-} // namespace install
 
 namespace app {
 
@@ -38,9 +31,6 @@ class CheckHost
 public:
     virtual ~CheckHost() = default;
 
-    virtual host::Dialogs &Dialogs() = 0;
-    virtual host::GameFiles &Files() = 0;
-    virtual const install::Installation &Installation() = 0;
     /// Creates a validator in place of the last one; it lives until the next call.
     virtual TSValidation &NewValidator() = 0;
     /// Sets the text of the status bar.
@@ -61,7 +51,8 @@ public:
 class CheckCommands
 {
 public:
-    explicit CheckCommands(CheckHost &host);
+    /// `host` must outlive the object.
+    CheckCommands(const install::Environment &environment, CheckHost &host);
 
     /// Checks what uses the target, and whether the target finds all that it needs. No target means
     /// no window.
@@ -96,6 +87,7 @@ private:
     std::string stoppedLine(const std::string &when = {}) const;
     void showProgress(std::size_t done, std::size_t total);
 
+    install::Environment m_environment;
     CheckHost &m_host;
     TSValidation *m_validator = nullptr; ///< of the running or the last check
     bool m_running = false, m_stopped = false, m_abandoned = false;

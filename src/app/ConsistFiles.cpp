@@ -33,9 +33,9 @@ bool canBeName(const std::string &text)
 
 } // namespace
 
-void PasteConsist(const std::string &source, host::Dialogs &dialogs, host::GameFiles &files,
-                  const install::Installation &installation)
+void PasteConsist(const std::string &source, const install::Environment &environment)
 {
+    host::Dialogs &dialogs = environment.dialogs;
     if (source.empty())
         return;
     if (!canBeName(source)) {
@@ -47,10 +47,11 @@ void PasteConsist(const std::string &source, host::Dialogs &dialogs, host::GameF
         dialogs.Input("Enter new consist name:", "Copy Consist", "Copy of " + source).value_or("");
     if (name.empty())
         return;
-    const std::string target = installation.ConsistPath(name);
+    const std::string target = environment.installation.ConsistPath(name);
     try {
         document::CheckPortableConsistName(name, target);
-        files.WriteFile(target, files.ReadFile(installation.ConsistPath(source)));
+        environment.files.WriteFile(
+            target, environment.files.ReadFile(environment.installation.ConsistPath(source)));
     } catch (const host::RuntimeError &error) {
         dialogs.Message(host::Explained(error), kPaste, DialogIcon::Critical);
         return;
@@ -58,14 +59,15 @@ void PasteConsist(const std::string &source, host::Dialogs &dialogs, host::GameF
     dialogs.Message("Created " + target, kPaste, DialogIcon::Information);
 }
 
-std::string CutConsist(const std::string &name, host::Dialogs &dialogs, host::GameFiles &files,
-                       Desktop &desktop, const install::Installation &installation)
+std::string CutConsist(const std::string &name, const install::Environment &environment,
+                       Desktop &desktop)
 {
-    const auto agrees = [&dialogs](const std::string &question) {
+    const auto agrees = [&dialogs = environment.dialogs](const std::string &question) {
         return dialogs.Message(question, kDelete, DialogIcon::Question,
                                host::DialogButtons::YesNoDefaultNo) == host::DialogAnswer::Yes;
     };
-    const std::string path = installation.ConsistPath(name);
+    const std::string path = environment.installation.ConsistPath(name);
+    host::GameFiles &files = environment.files;
     const auto file = files.FindFile(path);
     if (name.empty() || !file || !agrees("Delete " + name + " ?"))
         return {};

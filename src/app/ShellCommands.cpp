@@ -33,27 +33,24 @@ std::string FindGuide(GuidePage page)
     return {};
 }
 
-ShellCommands::ShellCommands(host::Dialogs &dialogs, host::GameFiles &files, Desktop &desktop,
-                             const install::Installation &installation)
-    : m_dialogs(dialogs)
-    , m_files(files)
+ShellCommands::ShellCommands(const install::Environment &environment, Desktop &desktop)
+    : m_environment(environment)
     , m_desktop(desktop)
-    , m_installation(installation)
 {
 }
 
 bool ShellCommands::StartSimulator()
 {
-    if (m_installation.CurrentFolder().empty())
+    if (m_environment.installation.CurrentFolder().empty())
         return refuse(kViewSimulator);
-    return start(m_installation.PathOf("train.exe"), {}, kViewSimulator);
+    return start(m_environment.installation.PathOf("train.exe"), {}, kViewSimulator);
 }
 
 bool ShellCommands::StartEditors()
 {
-    if (m_installation.CurrentFolder().empty())
+    if (m_environment.installation.CurrentFolder().empty())
         return refuse(kViewEditors);
-    return start(m_installation.PathOf("launcher.exe"), {"-runeditor"}, kViewEditors);
+    return start(m_environment.installation.PathOf("launcher.exe"), {"-runeditor"}, kViewEditors);
 }
 
 bool ShellCommands::StartShapeViewer()
@@ -64,8 +61,8 @@ bool ShellCommands::StartShapeViewer()
 
 bool ShellCommands::refuse(const std::string &title)
 {
-    m_dialogs.Message("MSTS does not appear to be installed on this system!", title,
-                      DialogIcon::Critical);
+    m_environment.dialogs.Message("MSTS does not appear to be installed on this system!", title,
+                                  DialogIcon::Critical);
     return false;
 }
 
@@ -73,65 +70,70 @@ bool ShellCommands::start(const std::string &path, const std::vector<std::string
                           const std::string &title)
 {
     try {
-        const ProgramStart how = StartOf(m_files, path, arguments);
+        const ProgramStart how = StartOf(m_environment.files, path, arguments);
         if (!how.program.empty()) {
             m_desktop.Start(how);
             return true;
         }
-        m_dialogs.Message(path + " is a Windows program. It can be started here once Wine is "
-                                 "installed (the package \"wine\" of your distribution).",
-                          title, DialogIcon::Critical);
+        m_environment.dialogs.Message(
+            path + " is a Windows program. It can be started here once Wine is "
+                   "installed (the package \"wine\" of your distribution).",
+            title, DialogIcon::Critical);
     } catch (const host::RuntimeError &error) {
-        m_dialogs.Message(host::Explained(error), title, DialogIcon::Critical);
+        m_environment.dialogs.Message(host::Explained(error), title, DialogIcon::Critical);
     }
     return false;
 }
 
 void ShellCommands::SetFileAssociation()
 {
-    if (m_dialogs.Message("Do you want to associate .CON files with ZELK?\n\n(Doing this will make "
-                          "ZELK load when you double click on a consist file)",
-                          "Set File Association", DialogIcon::Question,
-                          host::DialogButtons::YesNo) != host::DialogAnswer::Yes)
+    if (m_environment.dialogs.Message(
+            "Do you want to associate .CON files with ZELK?\n\n(Doing this will make "
+            "ZELK load when you double click on a consist file)",
+            "Set File Association", DialogIcon::Question,
+            host::DialogButtons::YesNo) != host::DialogAnswer::Yes)
         return;
     try {
         m_desktop.AssociateConsistFiles();
     } catch (const host::RuntimeError &error) {
-        m_dialogs.Message(host::Explained(error), "Set File Association", DialogIcon::Critical);
+        m_environment.dialogs.Message(host::Explained(error), "Set File Association",
+                                      DialogIcon::Critical);
         return;
     }
-    m_dialogs.Message("Consist files now associations with ZELK.", "Set Association",
-                      DialogIcon::Information);
+    m_environment.dialogs.Message("Consist files now associations with ZELK.", "Set Association",
+                                  DialogIcon::Information);
 }
 
 void ShellCommands::ShowGuide(GuidePage page)
 {
     const std::string file = FindGuide(page);
     if (file.empty())
-        m_dialogs.Message("Unable to display Help Contents. There is no Help currently associated "
-                          "with this application.",
-                          "ZELK", DialogIcon::Information);
+        m_environment.dialogs.Message(
+            "Unable to display Help Contents. There is no Help currently associated "
+            "with this application.",
+            "ZELK", DialogIcon::Information);
     else if (!m_desktop.Open(file))
-        m_dialogs.Message(file + " cannot be shown: there is no browser for it.", "ZELK",
-                          DialogIcon::Critical);
+        m_environment.dialogs.Message(file + " cannot be shown: there is no browser for it.",
+                                      "ZELK", DialogIcon::Critical);
 }
 
 void ShellCommands::Open(const std::string &path, const std::string &title)
 {
-    const auto file = m_files.FindFile(path);
-    const auto found = file ? file : m_files.FindFolder(path);
+    const auto file = m_environment.files.FindFile(path);
+    const auto found = file ? file : m_environment.files.FindFolder(path);
     if (!found)
-        m_dialogs.Message(path + " does not exist!", title, DialogIcon::Critical);
+        m_environment.dialogs.Message(path + " does not exist!", title, DialogIcon::Critical);
     else if (!m_desktop.Open(host::path::FromDisk(*found)))
-        m_dialogs.Message(path + " cannot be opened: there is no program for it.", title,
-                          DialogIcon::Critical);
+        m_environment.dialogs.Message(path + " cannot be opened: there is no program for it.",
+                                      title, DialogIcon::Critical);
 }
 
 void ShellCommands::ShowWebSite()
 {
     if (!m_desktop.OpenWeb(kWebSite))
-        m_dialogs.Message(std::string(kWebSite) + " cannot be shown: there is no browser for it.",
-                          "ZELK", DialogIcon::Critical);
+        m_environment.dialogs.Message(std::string(kWebSite) +
+                                          " cannot be shown: there is no browser for it.",
+                                      "ZELK", DialogIcon::Critical);
 }
 
 } // namespace app

@@ -1,16 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "install/Environment.h"
+
 #include <string>
 #include <vector>
-
-namespace host {
-class Dialogs;
-class GameFiles;
-} // namespace host
-namespace install {
-class Installation;
-}
 
 namespace app {
 
@@ -33,8 +27,7 @@ class ShellCommands
 {
 public:
     /// All arguments must outlive the object.
-    ShellCommands(host::Dialogs &dialogs, host::GameFiles &files, Desktop &desktop,
-                  const install::Installation &installation);
+    ShellCommands(const install::Environment &environment, Desktop &desktop);
 
     /// The Start functions start a program without waiting for it; they return true if it was
     /// started.
@@ -57,10 +50,8 @@ private:
                const std::string &title);
     bool refuse(const std::string &title);
 
-    host::Dialogs &m_dialogs;
-    host::GameFiles &m_files;
+    install::Environment m_environment;
     Desktop &m_desktop;
-    const install::Installation &m_installation;
 };
 
 } // namespace app

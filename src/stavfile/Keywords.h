@@ -6,7 +6,7 @@
 namespace stavfile {
 
 /// The facts about a block's name by which the reader distinguishes values, labels and comments
-/// (docs/formats.md, "Labels" and "Comments").
+/// (docs/formats.md, "Blocks" and "Comments").
 struct Keyword
 {
     std::string_view name;

@@ -40,9 +40,9 @@ float lengthOf(const TSViewObject &object)
 
 } // namespace
 
-ConsistLayout::ConsistLayout(const Services &services, std::string installFolder,
+ConsistLayout::ConsistLayout(const install::Environment &environment, std::string installFolder,
                              const StfNode &trainCfg, TSView &view)
-    : m_services(services)
+    : m_environment(environment)
     , m_installFolder(std::move(installFolder))
     , m_view(view)
     , m_random(std::random_device()())
@@ -72,7 +72,7 @@ bool ConsistLayout::Step()
     try {
         place(unit);
     } catch (const std::exception &error) {
-        m_services.dialogs.Message(error.what(), kLoadError, host::DialogIcon::Critical);
+        m_environment.dialogs.Message(error.what(), kLoadError, host::DialogIcon::Critical);
     }
     return true;
 }
@@ -81,16 +81,16 @@ void ConsistLayout::place(const install::Unit &unit)
 {
     const install::StockItem item = unit.Item();
     const std::string stockFile = install::StockPath(m_installFolder, item);
-    if (m_services.files.FileExists(stockFile))
+    if (m_environment.files.FileExists(stockFile))
         placeStock(stockFile, item.shape, unit.IsFlipped());
     else
-        m_services.dialogs.Message(stockFile + " does not exist!", "LoadShape",
-                                   host::DialogIcon::Critical);
+        m_environment.dialogs.Message(stockFile + " does not exist!", "LoadShape",
+                                      host::DialogIcon::Critical);
 }
 
 void ConsistLayout::placeStock(const std::string &stockFile, const std::string &name, bool flipped)
 {
-    const StockShape stock = ReadStockShape(m_services.files, stockFile);
+    const StockShape stock = ReadStockShape(m_environment.files, stockFile);
     const std::optional<float> length = lengthOf(stock, stockFile);
     const float half = length.value_or(0) / 2;
     m_end = Finite(m_end - half);
@@ -103,7 +103,7 @@ void ConsistLayout::placeStock(const std::string &stockFile, const std::string &
     }
     m_end = Finite(m_end - half);
     if (!stock.whyNoShape.empty())
-        m_services.dialogs.Message(stock.whyNoShape, kLoadError, host::DialogIcon::Critical);
+        m_environment.dialogs.Message(stock.whyNoShape, kLoadError, host::DialogIcon::Critical);
 }
 
 bool ConsistLayout::load(const std::string &shapeFile, const std::string &name, float z,

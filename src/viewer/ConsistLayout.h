@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "install/Environment.h"
 #include "install/Train.h"
-#include "viewer/Services.h"
 
 #include <random>
 #include <string>
@@ -24,8 +24,8 @@ class ConsistLayout
 public:
     /// `installFolder` is the Train Simulator folder. `view` must outlive the layout; `trainCfg`
     /// and its file need not.
-    ConsistLayout(const Services &services, std::string installFolder, const StfNode &trainCfg,
-                  TSView &view);
+    ConsistLayout(const install::Environment &environment, std::string installFolder,
+                  const StfNode &trainCfg, TSView &view);
 
     /// Places the next vehicle; returns false if none is left.
     bool Step();
@@ -47,7 +47,7 @@ private:
     void collectProblems();
     std::string freshKey(const std::string &name);
 
-    Services m_services;
+    install::Environment m_environment;
     std::string m_installFolder;
     std::vector<install::Unit> m_units;
     TSView &m_view;

@@ -23,28 +23,29 @@ std::string shapeOf(host::GameFiles &files, const std::string &file)
 
 } // namespace
 
-ShapesAhead::ShapesAhead(const Services &services, std::vector<std::string> files)
+ShapesAhead::ShapesAhead(const install::Environment &environment, std::vector<std::string> files)
     : m_ahead(
           files.size(),
-          [services, files](std::size_t place) { return read(services, files[place]); }, kThreads,
-          kWaiting)
+          [environment, files](std::size_t place) { return read(environment, files[place]); },
+          kThreads, kWaiting)
 {
 }
 
-ShapesAhead::Held ShapesAhead::read(const Services &services, const std::string &file)
+ShapesAhead::Held ShapesAhead::read(const install::Environment &environment,
+                                    const std::string &file)
 {
     Held held;
     try {
-        const std::string shape = shapeOf(services.files, file);
+        const std::string shape = shapeOf(environment.files, file);
         if (shape.empty())
             return held;
-        held.model = services.shapes.LoadModel(shape).model;
+        held.model = environment.shapes.LoadModel(shape).model;
         if (!held.model)
             return held;
         const std::string folder(host::path::FolderWithSeparator(shape));
         for (const std::string &name : held.model->textures)
             held.pictures.push_back(
-                services.shapes.LoadTexture(folder, TSView::kTexturePath, name).texture);
+                environment.shapes.LoadTexture(folder, TSView::kTexturePath, name).texture);
     } catch (const std::exception &) {
         // Loading the vehicle meets the same fault and reports it.
     }

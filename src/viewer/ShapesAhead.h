@@ -2,8 +2,8 @@
 #pragma once
 
 #include "host/Ahead.h"
+#include "install/Environment.h"
 #include "korvat/model/ModelSource.h"
-#include "viewer/Services.h"
 
 #include <memory>
 #include <optional>
@@ -26,7 +26,7 @@ public:
     };
 
     /// `files` are engine, wagon or shape files, distinguished by extension; "" for none.
-    ShapesAhead(const Services &services, std::vector<std::string> files);
+    ShapesAhead(const install::Environment &environment, std::vector<std::string> files);
 
     /// True if Take would not wait.
     bool Ready();
@@ -34,7 +34,7 @@ public:
     Held Take();
 
 private:
-    static Held read(const Services &services, const std::string &file);
+    static Held read(const install::Environment &environment, const std::string &file);
 
     std::optional<Held> m_next;
     host::Ahead<Held> m_ahead;

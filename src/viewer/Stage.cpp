@@ -19,9 +19,10 @@ constexpr long kRangeNear = 50, kRangeFar = 600; ///< metres to the first and to
 
 } // namespace
 
-Stage::Stage(const Services &services, korvat::Canvas *canvas, SetStatus setStatus)
-    : m_messages(services.dialogs)
-    , m_services{services.files, m_messages, services.shapes}
+Stage::Stage(const install::Environment &environment, korvat::Canvas *canvas, SetStatus setStatus)
+    : m_messages(environment.dialogs)
+    , m_environment{m_messages, environment.files, environment.settings, environment.installation,
+                    environment.shapes}
     , m_canvas(canvas)
     , m_setStatus(std::move(setStatus))
 {
@@ -35,7 +36,7 @@ Stage::~Stage()
 void Stage::setUp()
 {
     Close();
-    m_view = std::make_unique<TSView>(m_services);
+    m_view = std::make_unique<TSView>(m_environment);
     m_view->Viewer = m_canvas;
     m_view->Initialise();
     OrbitCamera(*m_view).Reset(0);
@@ -53,7 +54,7 @@ void Stage::RenderConsist(const std::string &file, const std::string &installFol
 {
     m_setStatus("Loading " + file);
     try {
-        const StfNode trainCfg = install::RequireTrain(StfFile::Read(m_services.files, file));
+        const StfNode trainCfg = install::RequireTrain(StfFile::Read(m_environment.files, file));
         begin(trainCfg, installFolder, file);
         m_caption = "Consist - " + install::TrainTitle(trainCfg);
     } catch (const RuntimeError &error) {
@@ -80,8 +81,8 @@ void Stage::begin(const StfNode &trainCfg, const std::string &installFolder,
                                                          (title.empty() ? "" : " (" + title + ")"));
     }
     setUp();
-    m_layout.emplace(m_services, installFolder, trainCfg, *m_view);
-    m_ahead.emplace(m_services, m_layout->StockFiles());
+    m_layout.emplace(m_environment, installFolder, trainCfg, *m_view);
+    m_ahead.emplace(m_environment, m_layout->StockFiles());
 }
 
 void Stage::RenderShape(const std::string &file)
@@ -89,7 +90,7 @@ void Stage::RenderShape(const std::string &file)
     m_setStatus("Loading " + file);
     setUp();
     m_shapeFile = file;
-    m_ahead.emplace(m_services, std::vector{file});
+    m_ahead.emplace(m_environment, std::vector{file});
     m_caption.clear();
 }
 

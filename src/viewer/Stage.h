@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "install/Environment.h"
 #include "viewer/ConsistLayout.h"
 #include "viewer/LoadMessages.h"
-#include "viewer/Services.h"
 #include "viewer/ShapesAhead.h"
 #include "viewer/TSView.h"
 
@@ -32,7 +32,7 @@ public:
 
     /// `canvas` must outlive the stage. It is null in a window without 3D, which still loads scenes
     /// for their reports.
-    Stage(const Services &services, korvat::Canvas *canvas, SetStatus setStatus);
+    Stage(const install::Environment &environment, korvat::Canvas *canvas, SetStatus setStatus);
     ~Stage();
 
     /// Begins to show a consist file; its vehicles are in the Train Simulator folder
@@ -84,7 +84,7 @@ private:
     void reportEnd();
 
     LoadMessages m_messages;
-    Services m_services; ///< with m_messages as their dialogs
+    install::Environment m_environment; ///< with m_messages as their dialogs
     korvat::Canvas *m_canvas;
     SetStatus m_setStatus;
     std::unique_ptr<TSView> m_view;

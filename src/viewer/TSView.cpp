@@ -51,8 +51,8 @@ std::string identity(const TSView *view)
 
 } // namespace
 
-TSView::TSView(const viewer::Services &services)
-    : m_services(services)
+TSView::TSView(const install::Environment &environment)
+    : m_environment(environment)
 {
     host::AppendTraceLine("> tsview " + identity(this));
 }
@@ -75,14 +75,14 @@ void TSView::Initialise()
 bool TSView::LoadShapeInToViewer(const std::string &shapeId, const std::string &shapeFile, float x,
                                  float y, float z, float degrees)
 {
-    auto object = std::make_shared<TSViewObject>(m_services);
+    auto object = std::make_shared<TSViewObject>(m_environment);
     object->Model().SetRenderer(Viewer ? Viewer->Device() : nullptr);
     object->Model().SetTexturePath(kTexturePath);
     if (!object->LoadShape(shapeFile)) {
         // The object itself has reported a missing file, and leaves no error text.
         if (!object->LastError().empty())
-            m_services.dialogs.Message(object->LastError(), "Error Loading Shape",
-                                       host::DialogIcon::Critical);
+            m_environment.dialogs.Message(object->LastError(), "Error Loading Shape",
+                                          host::DialogIcon::Critical);
         return false;
     }
     object->MoveAndRotateTo(x, y, z, viewer::DegToRad(degrees));

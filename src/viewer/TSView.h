@@ -45,7 +45,7 @@ private:
 class TSView : public viewer::CameraPose
 {
 public:
-    explicit TSView(const viewer::Services &services);
+    explicit TSView(const install::Environment &environment);
     ~TSView();
     TSView(const TSView &) = delete;
     TSView &operator=(const TSView &) = delete;
@@ -76,5 +76,5 @@ public:
 private:
     void yield();
 
-    viewer::Services m_services;
+    install::Environment m_environment;
 };

@@ -22,9 +22,9 @@ std::string identity(const TSViewObject *object)
 
 } // namespace
 
-TSViewObject::TSViewObject(const viewer::Services &services)
-    : m_services(services)
-    , m_model(services.shapes)
+TSViewObject::TSViewObject(const install::Environment &environment)
+    : m_environment(environment)
+    , m_model(environment.shapes)
 {
     host::AppendTraceLine("> tsviewobject " + identity(this));
 }
@@ -54,9 +54,9 @@ std::string TSViewObject::Texture(int index) const
 
 bool TSViewObject::LoadShape(const std::string &shapeFile)
 {
-    if (!m_services.files.FileExists(shapeFile)) {
-        m_services.dialogs.Message(shapeFile + " does not exist!", "LoadShape",
-                                   host::DialogIcon::Critical);
+    if (!m_environment.files.FileExists(shapeFile)) {
+        m_environment.dialogs.Message(shapeFile + " does not exist!", "LoadShape",
+                                      host::DialogIcon::Critical);
         return false;
     }
     m_model.LoadShapeFile(shapeFile);

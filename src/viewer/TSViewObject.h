@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "install/Environment.h"
 #include "korvat/draw/ShapeModel.h"
-#include "viewer/Services.h"
 
 #include <cstdint>
 #include <string>
@@ -17,7 +17,7 @@
 class TSViewObject
 {
 public:
-    explicit TSViewObject(const viewer::Services &services);
+    explicit TSViewObject(const install::Environment &environment);
     ~TSViewObject();
     TSViewObject(const TSViewObject &) = delete;
     TSViewObject &operator=(const TSViewObject &) = delete;
@@ -75,7 +75,7 @@ private:
     void applyMoveThenRotate();
     void applyRotateThenMove();
 
-    viewer::Services m_services;
+    install::Environment m_environment;
     bool m_selected = false;
     ShapeModel m_model;
     float m_x = 0, m_y = 0, m_z = 0, m_r = 0;

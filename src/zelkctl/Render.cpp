@@ -5,7 +5,9 @@
 #include "host/Console.h"
 #include "host/Path.h"
 #include "host/RuntimeError.h"
+#include "host/Settings.h"
 #include "host/UnansweredDialogs.h"
+#include "install/Installation.h"
 #include "korvat/model/ModelLibrary.h"
 #include "viewer/LooseConsists.h"
 #include "viewer/OrbitCamera.h"
@@ -79,7 +81,9 @@ void Render(Session &session, const RenderRequest &request)
     QuietDialogs dialogs;
     korvat::ModelLibrary shapes(session.files);
     std::string status;
-    viewer::Stage stage({session.files, dialogs, shapes}, canvas.get(),
+    const auto settings = host::UserSettings();
+    install::Installation installation;
+    viewer::Stage stage({dialogs, session.files, *settings, installation, shapes}, canvas.get(),
                         [&status](const std::string &text) { status = text; });
     NamingFile(request.file, [&] {
         begin(stage, session, request);

@@ -4,6 +4,8 @@
 #include "host/GameFiles.h"
 #include "host/Path.h"
 #include "install/Installation.h"
+#include "support/MemorySettings.h"
+#include "support/NoShapes.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
 #include "validation/TSValidation.h"
@@ -25,9 +27,6 @@ class FakeHost : public app::CheckHost
 public:
     FakeHost() { m_installation.SetLocation(game.Path()); }
 
-    host::Dialogs &Dialogs() override { return dialogs; }
-    host::GameFiles &Files() override { return m_files; }
-    const install::Installation &Installation() override { return m_installation; }
     TSValidation &NewValidator() override
     {
         m_validator = std::make_unique<TSValidation>(m_installation, m_files, 2);
@@ -63,10 +62,13 @@ public:
     support::ScriptedDialogs dialogs;
     std::string statuses, results;
     std::function<void()> onEvents;
+    install::Environment environment{dialogs, m_files, m_settings, m_installation, m_shapes};
 
 private:
     host::GameFiles m_files;
+    support::MemorySettings m_settings;
     install::Installation m_installation;
+    support::NoShapes m_shapes;
     std::unique_ptr<TSValidation> m_validator;
     int m_done = 0;
 };
@@ -86,7 +88,7 @@ protected:
     }
 
     FakeHost host;
-    CheckCommands commands{host};
+    CheckCommands commands{host.environment, host};
 };
 
 const CheckTarget kList{WindowMode::ConsistList, {"A", "B"}, "B"};

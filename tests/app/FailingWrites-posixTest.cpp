@@ -14,6 +14,8 @@
 #include "install/Installation.h"
 #include "support/Environment.h"
 #include "support/FailingStep-posix.h"
+#include "support/MemorySettings.h"
+#include "support/NoShapes.h"
 #include "support/ScriptedDialogs.h"
 #include "validation/Report.h"
 
@@ -73,6 +75,9 @@ public:
     host::GameFiles files;
     install::Installation installation;
     support::ScriptedDialogs dialogs;
+    support::MemorySettings settings;
+    support::NoShapes shapes;
+    install::Environment environment{dialogs, files, settings, installation, shapes};
 };
 
 /// A desktop without a wastebasket.
@@ -126,7 +131,7 @@ const Command kCommands[] = {
      [](World &world) {
          world.folder.Write("game/Trains/Consists/a.con", "another consist");
          world.dialogs.AnswerInput("b");
-         app::PasteConsist("a", world.dialogs, world.files, world.installation);
+         app::PasteConsist("a", world.environment);
      },
      ".con"},
     {"delete a consist",
@@ -134,7 +139,7 @@ const Command kCommands[] = {
          BareDesktop desktop;
          world.dialogs.Answer(host::DialogAnswer::Yes);
          world.dialogs.Answer(host::DialogAnswer::Yes);
-         app::CutConsist("b", world.dialogs, world.files, desktop, world.installation);
+         app::CutConsist("b", world.environment, desktop);
      },
      "b.con", true},
     {"move a consist to the wastebasket",

@@ -9,6 +9,8 @@
 #include "install/Installation.h"
 #include "support/Environment.h"
 #include "support/KnownFolders.h"
+#include "support/MemorySettings.h"
+#include "support/NoShapes.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
 
@@ -60,8 +62,11 @@ protected:
     support::ScriptedDialogs dialogs;
     host::GameFiles files;
     RecordingDesktop desktop;
+    support::MemorySettings settings;
     install::Installation installation;
-    app::ShellCommands shell{dialogs, files, desktop, installation};
+    support::NoShapes shapes;
+    install::Environment environment{dialogs, files, settings, installation, shapes};
+    app::ShellCommands shell{environment, desktop};
 };
 
 class ConsistFilesTest : public ShellCommandsTest
@@ -73,10 +78,7 @@ protected:
         game.Write("Trains/Consists/Coal.con", std::string("\xFF\xFE\0c", 4));
         game.Write("Trains/Consists/Old.con", "old");
     }
-    void paste(const std::string &source)
-    {
-        app::PasteConsist(source, dialogs, files, installation);
-    }
+    void paste(const std::string &source) { app::PasteConsist(source, environment); }
     std::string question(const std::string &source) const
     {
         return "input|Copy Consist|Enter new consist name:|Copy of " + source + '\n';
@@ -150,7 +152,7 @@ TEST_F(ConsistFilesTest, FailedPasteReportsFileAndReason)
 TEST_F(ConsistFilesTest, CutAsksThenMovesToTheWastebasket)
 {
     const auto cut = [this](const char *name) {
-        const std::string outcome = app::CutConsist(name, dialogs, files, desktop, installation);
+        const std::string outcome = app::CutConsist(name, environment, desktop);
         return dialogs.TakeLog() + outcome;
     };
     const std::string question = "question (No)|Delete|Delete Coal ?\n";
@@ -177,7 +179,7 @@ TEST_F(ConsistFilesTest, CutAsksAgainBeforeDeletingPermanently)
         dialogs.Answer(host::DialogAnswer::Yes);
         dialogs.Answer(answer);
         const bool agrees = answer == host::DialogAnswer::Yes;
-        EXPECT_EQ(app::CutConsist("Old", dialogs, files, desktop, installation),
+        EXPECT_EQ(app::CutConsist("Old", environment, desktop),
                   agrees ? consist("Old.con") + " was deleted." : "");
         EXPECT_EQ(dialogs.TakeLog(), questions);
         EXPECT_EQ(game.Exists("Trains/Consists/Old.con"), !agrees);

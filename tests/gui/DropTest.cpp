@@ -55,11 +55,11 @@ TEST_F(DropTest, OffersAnInstallationFolderAsTheLocation)
     dialogs.Answer(host::DialogAnswer::No);
     drop({other.Path()});
     EXPECT_EQ(dialogs.TakeLog(), question);
-    EXPECT_EQ(window->Installation().CurrentFolder(), game.Path());
+    EXPECT_EQ(installation.CurrentFolder(), game.Path());
     dialogs.Answer(host::DialogAnswer::Yes);
     drop({other.Path() + "/"});
     EXPECT_EQ(dialogs.TakeLog(), question);
-    EXPECT_EQ(window->Installation().CurrentFolder(), own(other.Path()));
+    EXPECT_EQ(installation.CurrentFolder(), own(other.Path()));
     EXPECT_EQ(RowsOf(Find<QAbstractItemView>(*Active(), "lvConsists")), "Else");
     Trigger("mnuFileNewConsist");
     drop({game.Path()});

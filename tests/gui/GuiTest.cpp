@@ -18,20 +18,6 @@
 
 #include <filesystem>
 
-std::optional<std::string> MemorySettings::ReadFrom(std::string_view section, std::string_view key)
-{
-    const Section &all = section == kSettings ? values : windows;
-    const auto found = all.find(key);
-    return found == all.end() ? std::nullopt : std::optional(found->second);
-}
-
-void MemorySettings::WriteTo(std::string_view section, std::string_view key, std::string_view value)
-{
-    if (readOnly)
-        throw host::RuntimeError(host::ErrorNumber::PermissionDenied, "ZELK.ini");
-    (section == kSettings ? values : windows)[std::string(key)] = value;
-}
-
 void RecordingDesktop::Start(const app::ProgramStart &start)
 {
     if (refuses)
@@ -98,7 +84,8 @@ GuiTest::~GuiTest() = default;
 
 frmMain &GuiTest::StartOnly(const std::string &commandLine)
 {
-    window = app::StartMainWindow({dialogs, files, settings, desktop, printers}, commandLine);
+    window = app::StartMainWindow({dialogs, files, settings, installation, shapes}, desktop,
+                                  printers, commandLine);
     window->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
     return *window;

@@ -5,8 +5,10 @@
 #include "document/ConsistTree.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
-#include "host/Settings.h"
+#include "install/Installation.h"
+#include "korvat/model/ModelLibrary.h"
 #include "support/Environment.h"
+#include "support/MemorySettings.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
 #include "ui/main/frmMain.h"
@@ -26,18 +28,7 @@ class QAbstractItemView;
 class QDialog;
 class QMimeData;
 
-/// A settings store in memory, which can refuse writes.
-class MemorySettings : public host::SettingsStore
-{
-public:
-    std::optional<std::string> ReadFrom(std::string_view section, std::string_view key) override;
-    void WriteTo(std::string_view section, std::string_view key, std::string_view value) override;
-
-    using Section = std::map<std::string, std::string, std::less<>>;
-    Section values;  ///< the section "Settings"
-    Section windows; ///< the section "Windows"
-    bool readOnly = false;
-};
+using support::MemorySettings;
 
 /// A desktop that starts nothing and records each request on a line: "start|program
 /// arguments|folder|prefix", "open|file", "web|address", "associate". It deletes files for the
@@ -94,6 +85,8 @@ protected:
     support::ScriptedDialogs dialogs;
     host::GameFiles files;
     MemorySettings settings;
+    install::Installation installation;
+    korvat::ModelLibrary shapes{files};
     RecordingDesktop desktop;
     FilePrinters printers;
     std::unique_ptr<frmMain> window;

@@ -135,7 +135,8 @@ private:
         const std::string file = m_dice.OneIn(3) ? m_dice.Pick(m_files) : std::string();
         say("program started " + file);
         m_window =
-            app::StartMainWindow({m_dialogs, m_gameFiles, m_settings, m_desktop, m_printers}, file);
+            app::StartMainWindow({m_dialogs, m_gameFiles, m_settings, m_installation, m_shapes},
+                                 m_desktop, m_printers, file);
     }
     /// Each step has its own timer, because a step may stay in the event loop of a dialog.
     void next() { QTimer::singleShot(kPauseMilliseconds, this, &Monkey::step); }
@@ -302,6 +303,8 @@ private:
     MonkeyDialogs m_dialogs;
     host::GameFiles m_gameFiles;
     MemorySettings m_settings;
+    install::Installation m_installation;
+    korvat::ModelLibrary m_shapes{m_gameFiles};
     RecordingDesktop m_desktop;
     FilePrinters m_printers;
     std::unique_ptr<frmMain> m_window;

@@ -3,8 +3,11 @@
 
 #include "gl/OffscreenCanvas.h"
 #include "host/GameFiles.h"
+#include "install/Environment.h"
+#include "install/Installation.h"
 #include "korvat/model/ModelLibrary.h"
 #include "support/Environment.h"
+#include "support/MemorySettings.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
 #include "viewer/TSView.h"
@@ -50,5 +53,7 @@ protected:
     korvat::ModelLibrary shapes{files};
     std::string whyNone;
     std::unique_ptr<korvat::OffscreenCanvas> canvas; ///< null if there is no OpenGL
-    TSView view{viewer::Services{files, dialogs, shapes}};
+    install::Installation installation;
+    support::MemorySettings settings;
+    TSView view{install::Environment{dialogs, files, settings, installation, shapes}};
 };

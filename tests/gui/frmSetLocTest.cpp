@@ -48,7 +48,7 @@ TEST_F(frmSetLocTest, AcceptsATypedFolderAndRefreshesTheLists)
         dialog.OKButton->click();
     });
     EXPECT_EQ(listed(), "Else");
-    EXPECT_EQ(window->Installation().Override(), other.Path());
+    EXPECT_EQ(installation.Override(), other.Path());
     window->close();
     EXPECT_EQ(settings.values["MSTSDir"], other.Path());
 }
@@ -71,7 +71,7 @@ TEST_F(frmSetLocTest, HintFollowsTheTextAndIsAnnounced)
         EXPECT_EQ(dialog.lblHint->buddy(), dialog.txtLocation);
         dialog.OKButton->click();
     });
-    EXPECT_EQ(window->Installation().Override(), other.Path() + "/gone") << "never refused";
+    EXPECT_EQ(installation.Override(), other.Path() + "/gone") << "never refused";
 }
 
 TEST_F(frmSetLocTest, StartsInTheHomeFolderWithoutALocation)
@@ -84,7 +84,7 @@ TEST_F(frmSetLocTest, StartsInTheHomeFolderWithoutALocation)
         dialog.txtLocation->setText(QString::fromStdString(other.Path() + "/"));
         dialog.OKButton->click();
     });
-    EXPECT_EQ(window->Installation().Override(), other.Path());
+    EXPECT_EQ(installation.Override(), other.Path());
     EXPECT_EQ(listed(), "Else");
 }
 
@@ -108,7 +108,7 @@ TEST_F(frmSetLocTest, RegisteredFolderClearsTheChoice)
         dialog.OKButton->click();
         EXPECT_EQ(dialog.Location, "$MSTS");
     });
-    EXPECT_EQ(window->Installation().Override(), "");
+    EXPECT_EQ(installation.Override(), "");
     EXPECT_EQ(listed(), "Coal Freight North GP38 Local");
 }
 

@@ -2,13 +2,15 @@
 #pragma once
 
 #include "host/GameFiles.h"
+#include "install/Environment.h"
+#include "install/Installation.h"
 #include "korvat/draw/Canvas.h"
 #include "korvat/draw/Renderer.h"
 #include "korvat/model/ModelSource.h"
 #include "support/Environment.h"
+#include "support/MemorySettings.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
-#include "viewer/Services.h"
 
 #include <gtest/gtest.h>
 
@@ -83,5 +85,7 @@ protected:
     support::ScriptedDialogs dialogs;
     MadeUpShapes shapes;
     RecordingCanvas canvas;
-    viewer::Services services{files, dialogs, shapes};
+    install::Installation installation;
+    support::MemorySettings settings;
+    install::Environment environment{dialogs, files, settings, installation, shapes};
 };

@@ -74,7 +74,7 @@ protected:
     }
 
     std::string status;
-    viewer::Stage stage{services, &canvas, [this](const std::string &text) { status = text; }};
+    viewer::Stage stage{environment, &canvas, [this](const std::string &text) { status = text; }};
     StfFile file{files};
 };
 

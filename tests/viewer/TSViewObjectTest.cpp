@@ -84,11 +84,11 @@ TEST_F(TSViewObjectTest, MovesAndTurnsInTheOrderOfTheCalls)
          "0,0,-6 0,0,-5"},
     };
     for (const auto &row : rows) {
-        TSViewObject object(services);
+        TSViewObject object(environment);
         row.act(object);
         EXPECT_EQ(noseAndOrigin(object), row.noseAndOrigin) << row.name;
     }
-    TSViewObject object(services);
+    TSViewObject object(environment);
     object.MoveTo(0, 0, 7);
     EXPECT_THROW(object.MoveBy(std::numeric_limits<float>::infinity(), 0, 0), host::RuntimeError);
     EXPECT_EQ(object.Z(), 7);
@@ -96,7 +96,7 @@ TEST_F(TSViewObjectTest, MovesAndTurnsInTheOrderOfTheCalls)
 
 TEST_F(TSViewObjectTest, LoadingStoresTheNamesOfTheTextures)
 {
-    TSViewObject object(services);
+    TSViewObject object(environment);
     object.Model().SetTexturePath("..\\textures\\");
     ASSERT_TRUE(object.LoadShape(path));
     EXPECT_EQ(object.NumTextures(), 2);
@@ -110,7 +110,7 @@ TEST_F(TSViewObjectTest, LoadingStoresTheNamesOfTheTextures)
 
 TEST_F(TSViewObjectTest, ReportsEachFailureToLoadOnce)
 {
-    TSViewObject object(services);
+    TSViewObject object(environment);
     EXPECT_FALSE(object.LoadShape(game.At("none.s")));
     EXPECT_EQ(dialogs.TakeLog(), "critical|LoadShape|" + game.At("none.s") + " does not exist!\n");
     EXPECT_EQ(object.LastError(), "");
@@ -125,7 +125,7 @@ TEST_F(TSViewObjectTest, ReportsEachFailureToLoadOnce)
 
 TEST_F(TSViewObjectTest, FlashingHidesAndRestoresTheTextures)
 {
-    TSViewObject object(services);
+    TSViewObject object(environment);
     ASSERT_TRUE(object.LoadShape(path));
     const auto worn = [&object] {
         return (object.Model().GetTexture(0) != nullptr) +
@@ -150,7 +150,7 @@ TEST_F(TSViewObjectTest, FlashingHidesAndRestoresTheTextures)
 TEST_F(TSViewObjectTest, TracesCreationAndDestruction)
 {
     {
-        TSViewObject first(services), second(services);
+        TSViewObject first(environment), second(environment);
     }
     EXPECT_EQ(traceLines(), "> tsviewobject\n> tsviewobject\n< tsviewobject\n< tsviewobject\n");
 }

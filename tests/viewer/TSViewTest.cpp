@@ -20,7 +20,7 @@ protected:
 
 TEST_F(TSViewTest, StartsOnlyWithACanvasAndDrawsOnlyWhenStarted)
 {
-    TSView view(services);
+    TSView view(environment);
     view.Initialise();
     view.ShowModels();
     view.ResetCamera();
@@ -45,7 +45,7 @@ TEST_F(TSViewTest, StartsOnlyWithACanvasAndDrawsOnlyWhenStarted)
 
 TEST_F(TSViewTest, LoadsShapesUnderKeys)
 {
-    TSView view(services);
+    TSView view(environment);
     view.Viewer = &canvas;
     view.Initialise();
     ASSERT_TRUE(view.LoadShapeInToViewer("a", path, 1, 2, 3, -180));
@@ -71,7 +71,7 @@ TEST_F(TSViewTest, LoadsShapesUnderKeys)
 
 TEST_F(TSViewTest, ReportsAndLeavesOutWhatCannotBeLoaded)
 {
-    TSView view(services);
+    TSView view(environment);
     EXPECT_FALSE(view.LoadShapeInToViewer("a", game.Write("bad.s"), 0, 0, 0, 0));
     EXPECT_EQ(dialogs.TakeLog(), "critical|Error Loading Shape|bad.s: nothing but holes\n");
     EXPECT_FALSE(view.LoadShapeInToViewer("a", game.At("none.s"), 0, 0, 0, 0));
@@ -83,7 +83,7 @@ TEST_F(TSViewTest, ReportsAndLeavesOutWhatCannotBeLoaded)
 TEST_F(TSViewTest, TracesEveryCreationAndDestruction)
 {
     {
-        TSView view(services);
+        TSView view(environment);
         view.LoadShapeInToViewer("a", path, 0, 0, 0, 0);
         view.LoadShapeInToViewer("b", game.Write("bad.s"), 0, 0, 0, 0);
         view.LoadShapeInToViewer("c", game.Write("heavy.s"), 0, 0, 0, 0);

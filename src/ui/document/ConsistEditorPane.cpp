@@ -45,9 +45,9 @@ ConsistEditorPane::ConsistEditorPane(frmDocument &window, DocumentHost &host,
                                      const Furnishing &furnishing)
     : m_window(window)
     , m_host(host)
-    , m_consist(host.Files())
+    , m_consist(window.Environment().files)
     , m_controls(new EditorControls(furnishing))
-    , m_loader(new StockLoader(host, m_controls->Stock(), this))
+    , m_loader(new StockLoader(window.Environment(), host, m_controls->Stock(), this))
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
@@ -123,7 +123,8 @@ void ConsistEditorPane::endDrag()
 void ConsistEditorPane::Load()
 {
     m_note.clear();
-    if (!m_window.FileName().empty() && m_host.Files().FileExists(m_window.FileName()))
+    if (!m_window.FileName().empty() &&
+        m_window.Environment().files.FileExists(m_window.FileName()))
         loadConsist();
     else
         startConsist();
@@ -162,10 +163,10 @@ void ConsistEditorPane::reportHiddenUnits()
 {
     if (m_consist.WhyRowsEnd().empty())
         return;
-    m_host.Dialogs().Message(m_consist.WhyRowsEnd() +
-                                 ".\n\nThis unit and all units behind it are not shown.  Saving "
+    m_window.Environment().dialogs.Message(
+        m_consist.WhyRowsEnd() + ".\n\nThis unit and all units behind it are not shown.  Saving "
                                  "keeps them as they are.",
-                             kOpen, DialogIcon::Information);
+        kOpen, DialogIcon::Information);
 }
 
 void ConsistEditorPane::loadStock()
@@ -193,7 +194,7 @@ void ConsistEditorPane::rereadStock()
 
 void ConsistEditorPane::Refresh()
 {
-    if (m_host.Files().FileExists(m_window.FileName()))
+    if (m_window.Environment().files.FileExists(m_window.FileName()))
         Load();
     else
         keepConsist();
@@ -220,7 +221,7 @@ void ConsistEditorPane::FollowSave(const std::string &path)
     if (Changed())
         m_host.SetStatus(path + " was saved in one window and has unsaved changes in another.");
     else
-        Guarded(m_host.Dialogs(), kOpen, [this] { readAgain(); });
+        Guarded(m_window.Environment().dialogs, kOpen, [this] { readAgain(); });
 }
 
 void ConsistEditorPane::readAgain()
@@ -307,8 +308,8 @@ void ConsistEditorPane::saveAndClose()
 /// Returns false if writing failed, or if the user keeps the change that somebody else has made.
 bool ConsistEditorPane::saveInPlace()
 {
-    return MayOverwrite(m_consist, m_window.FileName(), m_host.Dialogs()) &&
-           Guarded(m_host.Dialogs(), kSave, [this] { Write(false); });
+    return MayOverwrite(m_consist, m_window.FileName(), m_window.Environment().dialogs) &&
+           Guarded(m_window.Environment().dialogs, kSave, [this] { Write(false); });
 }
 
 void ConsistEditorPane::Write(bool quiet)
@@ -331,7 +332,8 @@ void ConsistEditorPane::SaveAs()
 
 SaveQuestions ConsistEditorPane::saveQuestions()
 {
-    return {m_host.Dialogs(), m_host.Files(), ConsistFolder(m_host.Installation(), m_host.Files())};
+    return {m_window.Environment().dialogs, m_window.Environment().files,
+            ConsistFolder(m_window.Environment().installation, m_window.Environment().files)};
 }
 
 void ConsistEditorPane::finishSave(const SaveOutcome &outcome, bool quiet)
@@ -349,7 +351,8 @@ void ConsistEditorPane::showSaved(bool quiet)
 {
     m_note.clear();
     if (!quiet)
-        m_host.Dialogs().Message(m_window.FileName() + " saved", kSave, DialogIcon::Information);
+        m_window.Environment().dialogs.Message(m_window.FileName() + " saved", kSave,
+                                               DialogIcon::Information);
     showChanged();
     Q_EMIT m_window.Saved(m_window.FileName());
 }
@@ -362,14 +365,15 @@ const StockItem *ConsistEditorPane::selectedStockItem() const
 std::string ConsistEditorPane::SelectedItem() const
 {
     const StockItem *item = selectedStockItem();
-    return item ? StockPath(m_host.Installation().CurrentFolder(), *item) : std::string();
+    return item ? StockPath(m_window.Environment().installation.CurrentFolder(), *item)
+                : std::string();
 }
 
 void ConsistEditorPane::viewConsist()
 {
     std::string file = m_window.FileName();
     if (Changed()) {
-        const DialogAnswer answer = m_host.Dialogs().Message(
+        const DialogAnswer answer = m_window.Environment().dialogs.Message(
             "Consist has changed.  Do you want to save it before viewing the consist?",
             kViewConsist, DialogIcon::Question, host::DialogButtons::YesNoCancel);
         if (answer == DialogAnswer::Cancel ||
@@ -386,9 +390,9 @@ void ConsistEditorPane::viewConsist()
 std::string ConsistEditorPane::saveScratchCopy()
 {
     const std::string scratch = host::path::Join(host::ProgramFolder(), "Temporary Consist.con");
-    const bool written = Guarded(m_host.Dialogs(), kViewConsist, [&] {
-        if (m_host.Files().FileExists(scratch))
-            m_host.Files().RemoveFile(scratch);
+    const bool written = Guarded(m_window.Environment().dialogs, kViewConsist, [&] {
+        if (m_window.Environment().files.FileExists(scratch))
+            m_window.Environment().files.RemoveFile(scratch);
         m_consist.SaveCopy(scratch);
     });
     return written ? scratch : std::string();
@@ -398,12 +402,14 @@ void ConsistEditorPane::viewShape()
 {
     const StockItem *item = selectedStockItem();
     if (!item) {
-        m_host.Dialogs().Message("Nothing selected to view", kViewShape, DialogIcon::Critical);
+        m_window.Environment().dialogs.Message("Nothing selected to view", kViewShape,
+                                               DialogIcon::Critical);
         return;
     }
     const std::string caption = item->type + " - " + item->shape;
-    Guarded(m_host.Dialogs(), kViewShape, [&] {
-        const auto stock = viewer::ReadStockShapeToShow(m_host.Files(), SelectedItem());
+    Guarded(m_window.Environment().dialogs, kViewShape, [&] {
+        const auto stock =
+            viewer::ReadStockShapeToShow(m_window.Environment().files, SelectedItem());
         m_host.OpenDocumentWindow(stock.shapeFile, WindowMode::ShapeView, caption, {});
     });
 }

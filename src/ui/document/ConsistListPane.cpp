@@ -58,9 +58,10 @@ void ConsistListPane::Load()
 void ConsistListPane::showNames()
 {
     const std::string &filter = m_window.Filter();
-    lvConsists->SetHint(
-        QString::fromStdString(EmptyListHint(m_host.Installation(), m_host.Files(), filter)));
-    m_model->SetNames(ListConsists(m_host.Installation(), m_host.Files(), filter));
+    lvConsists->SetHint(QString::fromStdString(
+        EmptyListHint(m_window.Environment().installation, m_window.Environment().files, filter)));
+    m_model->SetNames(
+        ListConsists(m_window.Environment().installation, m_window.Environment().files, filter));
     lvConsists->ResetOnlyColumn();
     if (filter != m_listedFilter)
         lvConsists->scrollToTop();
@@ -69,19 +70,20 @@ void ConsistListPane::showNames()
 
 std::string ConsistListPane::status() const
 {
-    const std::string folder = m_host.Installation().PathOf(kConsists);
-    return m_host.Files().IsClosed(folder)
+    const std::string folder = m_window.Environment().installation.PathOf(kConsists);
+    return m_window.Environment().files.IsClosed(folder)
                ? folder + " cannot be read"
                : host::Counted(m_model->Names().size(), "consist", "consists");
 }
 
 void ConsistListPane::ShowProperties()
 {
-    std::string text = "Path:\t" + m_host.Installation().PathOf(kConsists) + "\r\n\r\nCount:\t" +
-                       std::to_string(m_model->rowCount());
+    std::string text = "Path:\t" + m_window.Environment().installation.PathOf(kConsists) +
+                       "\r\n\r\nCount:\t" + std::to_string(m_model->rowCount());
     if (!host::MatchesEverything(m_window.Filter()))
         text += " (Filtered on " + m_window.Filter() + ")";
-    m_host.Dialogs().Message(text, "All Consists Properties", host::DialogIcon::Information);
+    m_window.Environment().dialogs.Message(text, "All Consists Properties",
+                                           host::DialogIcon::Information);
 }
 
 app::PrintJob ConsistListPane::Print()
@@ -92,7 +94,7 @@ app::PrintJob ConsistListPane::Print()
     return {"Print Consist List",
             app::FrameOf(m_window.Caption(),
                          {host::Counted(m_model->Names().size(), "consist", "consists"),
-                          m_host.Installation().PathOf(kConsists)}),
+                          m_window.Environment().installation.PathOf(kConsists)}),
             app::PrintNames(std::move(names))};
 }
 

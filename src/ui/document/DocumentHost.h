@@ -6,17 +6,6 @@
 
 #include <string>
 
-namespace host {
-class Dialogs;
-class GameFiles;
-} // namespace host
-namespace install {
-class Installation;
-}
-namespace korvat {
-class ModelSource;
-}
-
 namespace document {
 
 /// The program around a document window; the main window implements it.
@@ -24,12 +13,6 @@ class DocumentHost
 {
 public:
     virtual ~DocumentHost() = default;
-
-    virtual host::Dialogs &Dialogs() = 0;
-    virtual host::GameFiles &Files() = 0;
-    virtual const install::Installation &Installation() = 0;
-    /// Returns the source of shapes and textures for 3D windows.
-    virtual korvat::ModelSource &Shapes() = 0;
 
     /// Opens and shows a document window in this mode, with this caption.
     virtual void OpenDocumentWindow(const std::string &fileName, WindowMode mode,

@@ -29,8 +29,10 @@ std::string without(const std::vector<std::string> &closed)
 
 } // namespace
 
-StockLoader::StockLoader(DocumentHost &host, StockListModel &model, QObject *parent)
+StockLoader::StockLoader(const install::Environment &environment, DocumentHost &host,
+                         StockListModel &model, QObject *parent)
     : QObject(parent)
+    , m_environment(environment)
     , m_host(host)
     , m_model(model)
 {
@@ -52,7 +54,7 @@ void StockLoader::Start(const std::string &filter)
 {
     m_found.clear();
     m_model.Clear();
-    m_scan = std::make_unique<StockScan>(m_host.Installation(), m_host.Files(), filter);
+    m_scan = std::make_unique<StockScan>(m_environment.installation, m_environment.files, filter);
     m_sinceFlush.invalidate();
     showProgress();
     m_timer.start(0);

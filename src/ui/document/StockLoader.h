@@ -24,7 +24,8 @@ class StockLoader : public QObject
 
 public:
     /// `host` and `model` must outlive the loader.
-    StockLoader(DocumentHost &host, StockListModel &model, QObject *parent = nullptr);
+    StockLoader(const install::Environment &environment, DocumentHost &host, StockListModel &model,
+                QObject *parent = nullptr);
     ~StockLoader() override;
 
     /// Empties the list, drops a running scan, and starts to read.
@@ -44,6 +45,7 @@ private:
     void showProgress();
     void finish(bool stopped);
 
+    install::Environment m_environment;
     DocumentHost &m_host;
     StockListModel &m_model;
     std::unique_ptr<StockScan> m_scan;

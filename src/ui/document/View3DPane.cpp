@@ -16,10 +16,9 @@ bool isActivity(const std::string &file)
     return host::ToUpper(file).ends_with(".ACT");
 }
 
-viewer::PaneHost paneHost(DocumentHost &host)
+viewer::PaneHost paneHost(const install::Environment &environment, DocumentHost &host)
 {
-    return {{host.Files(), host.Dialogs(), host.Shapes()},
-            [&host](const std::string &text) { host.SetStatus(text); },
+    return {environment, [&host](const std::string &text) { host.SetStatus(text); },
             [&host](int done, int total) { host.SetProgress(done, total); },
             [&host](const std::string &path) { host.OpenOutside(path); }};
 }
@@ -27,7 +26,7 @@ viewer::PaneHost paneHost(DocumentHost &host)
 } // namespace
 
 View3DPane::View3DPane(frmDocument &window, DocumentHost &host)
-    : ViewerPane(paneHost(host))
+    : ViewerPane(paneHost(window.Environment(), host))
     , m_window(window)
     , m_host(host)
 {
@@ -43,9 +42,9 @@ void View3DPane::Load()
     const std::string &file = m_window.FileName();
     if (file.empty())
         return;
-    const std::string folder = m_host.Installation().CurrentFolder();
+    const std::string folder = m_window.Environment().installation.CurrentFolder();
     const bool loose = showsConsist() && isActivity(file);
-    if (!loose && !m_host.Files().FileExists(file)) {
+    if (!loose && !m_window.Environment().files.FileExists(file)) {
         m_host.SetStatus(file + " does not exist!");
         return;
     }

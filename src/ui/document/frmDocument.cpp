@@ -17,9 +17,10 @@
 using document::WindowMode;
 using host::DialogAnswer;
 
-frmDocument::frmDocument(document::DocumentHost &host, document::Furnishing furnishing,
-                         int windowNumber)
-    : m_host(host)
+frmDocument::frmDocument(const install::Environment &environment, document::DocumentHost &host,
+                         document::Furnishing furnishing, int windowNumber)
+    : m_environment(environment)
+    , m_host(host)
     , m_furnishing(std::move(furnishing))
     , m_windowNumber(windowNumber)
 {
@@ -89,8 +90,8 @@ void frmDocument::ViewConsist(const std::string &name)
 void frmDocument::openConsist(const std::string &name, WindowMode mode)
 {
     m_host.SetStatus({});
-    m_host.OpenDocumentWindow(m_host.Installation().ConsistPath(name), mode, "Consist - " + name,
-                              {});
+    m_host.OpenDocumentWindow(m_environment.installation.ConsistPath(name), mode,
+                              "Consist - " + name, {});
 }
 
 bool frmDocument::SaveByHost(bool quiet)
@@ -107,7 +108,7 @@ bool frmDocument::OfferToSave(const char *title, const char *question)
         showNormal();
     if (mdiArea())
         mdiArea()->setActiveSubWindow(this);
-    const DialogAnswer answer = m_host.Dialogs().Message(
+    const DialogAnswer answer = m_environment.dialogs.Message(
         question, title, host::DialogIcon::Question, host::DialogButtons::YesNoCancel);
     return answer == DialogAnswer::Yes ? SaveByHost(false) : answer == DialogAnswer::No;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/WindowMode.h"
+#include "install/Environment.h"
 #include "stavfile/StfNode.h"
 #include "ui/document/DocumentPane.h"
 #include "ui/document/Furnishing.h"
@@ -27,9 +28,11 @@ class frmDocument : public QMdiSubWindow
 
 public:
     /// `host` must outlive the window. A consist list shows the number in its caption.
-    frmDocument(document::DocumentHost &host, document::Furnishing furnishing, int windowNumber);
+    frmDocument(const install::Environment &environment, document::DocumentHost &host,
+                document::Furnishing furnishing, int windowNumber);
     ~frmDocument() override;
 
+    const install::Environment &Environment() const { return m_environment; }
     document::WindowMode Mode() const { return m_mode; }
     /// Creates the pane of the mode. Call it once, before LoadForm and the functions below it.
     void SetMode(document::WindowMode mode);
@@ -98,6 +101,7 @@ private:
     document::DocumentPane &makePane();
     void openConsist(const std::string &name, document::WindowMode mode);
 
+    install::Environment m_environment;
     document::DocumentHost &m_host;
     document::Furnishing m_furnishing;
     int m_windowNumber;

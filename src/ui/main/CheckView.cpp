@@ -24,24 +24,10 @@ CheckView::CheckView(frmMain &window, ResultsWindows &results)
 {
 }
 
-host::Dialogs &CheckView::Dialogs()
-{
-    return m_window.Dialogs();
-}
-
-host::GameFiles &CheckView::Files()
-{
-    return m_window.Files();
-}
-
-const install::Installation &CheckView::Installation()
-{
-    return m_window.Installation();
-}
-
 TSValidation &CheckView::NewValidator()
 {
-    m_window.Validator = std::make_unique<TSValidation>(m_window.Installation(), m_window.Files());
+    m_window.Validator = std::make_unique<TSValidation>(m_window.Environment().installation,
+                                                        m_window.Environment().files);
     TSValidation &validator = *m_window.Validator;
     validator.ErrorRaised = [this](const std::string &dependentFile, const std::string &fileName,
                                    std::int16_t errorCode) {

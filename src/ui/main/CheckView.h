@@ -21,9 +21,6 @@ class CheckView : public CheckHost
 public:
     CheckView(frmMain &window, ResultsWindows &results);
 
-    host::Dialogs &Dialogs() override;
-    host::GameFiles &Files() override;
-    const install::Installation &Installation() override;
     /// Replaces the main window's Validator.
     TSValidation &NewValidator() override;
     void SetStatus(const std::string &text) override;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/WindowMode.h"
+#include "host/Dialogs.h"
 #include "ui/main/SelectionRemark.h"
 #include "ui/main/frmMain.h"
 
@@ -64,7 +65,8 @@ public:
 private:
     void sayNothingSelected(const std::string &title)
     {
-        m_window.Dialogs().Message("Nothing selected!", title, host::DialogIcon::Critical);
+        m_window.Environment().dialogs.Message("Nothing selected!", title,
+                                               host::DialogIcon::Critical);
     }
 
     /// Passes the remark to the window that has opened from `list`, if any.

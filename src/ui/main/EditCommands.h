@@ -29,9 +29,8 @@ public:
             return;
         const std::string name = list->SelectedConsist(),
                           only = OnlyOneRemark(*list, "was deleted");
-        document::Guarded(m_window.Dialogs(), "Delete", [&] {
-            const std::string result = CutConsist(name, m_window.Dialogs(), m_window.Files(),
-                                                  m_desktop, m_window.Installation());
+        document::Guarded(m_window.Environment().dialogs, "Delete", [&] {
+            const std::string result = CutConsist(name, m_window.Environment(), m_desktop);
             m_window.SetStatus(result.empty() || only.empty() ? result : result + "  " + only);
         });
     }
@@ -50,8 +49,7 @@ public:
 
     void Paste()
     {
-        PasteConsist(QGuiApplication::clipboard()->text().toStdString(), m_window.Dialogs(),
-                     m_window.Files(), m_window.Installation());
+        PasteConsist(QGuiApplication::clipboard()->text().toStdString(), m_window.Environment());
     }
 
 private:

@@ -3,6 +3,7 @@
 
 #include "app/OpenRules.h"
 #include "document/WindowMode.h"
+#include "host/Dialogs.h"
 #include "host/GameFiles.h"
 #include "host/Path.h"
 #include "ui/main/FileOpener.h"
@@ -31,8 +32,8 @@ public:
 
     void Open()
     {
-        const auto last = m_window.Files().FindFolder(m_opener.LastFolder());
-        const std::string path = m_window.Dialogs().OpenFile(
+        const auto last = m_window.Environment().files.FindFolder(m_opener.LastFolder());
+        const std::string path = m_window.Environment().dialogs.OpenFile(
             {"Open", kOpenFilter, "",
              last ? host::path::FromDisk(*last) : m_window.ConsistFolder()});
         if (!path.empty())

@@ -2,6 +2,7 @@
 #include "ui/main/FileDrop.h"
 
 #include "app/DropPlan.h"
+#include "host/Dialogs.h"
 #include "host/GameFiles.h"
 #include "ui/main/FileOpener.h"
 #include "ui/main/MstsLocation.h"
@@ -66,14 +67,14 @@ void FileDrop::take(QDropEvent &event)
     std::vector<std::string> paths;
     for (const QUrl &url : event.mimeData()->urls())
         if (url.isLocalFile())
-            paths.push_back(m_window.Files().TextOf(pathOf(url)));
+            paths.push_back(m_window.Environment().files.TextOf(pathOf(url)));
     // After the drop, so that a message box does not block the window that the drag came from.
     later([this, paths] { open(paths); });
 }
 
 void FileDrop::open(const std::vector<std::string> &paths)
 {
-    const DropPlan plan = PlanDrop(paths, m_window.Files());
+    const DropPlan plan = PlanDrop(paths, m_window.Environment().files);
     if (paths.size() == 1 && plan.location.empty()) {
         m_opener.Open(paths.front());
         return;
@@ -85,7 +86,8 @@ void FileDrop::open(const std::vector<std::string> &paths)
         later([this, file] { m_opener.Open(file); });
     if (!plan.refusal.empty())
         later([this, refusal = plan.refusal] {
-            m_window.Dialogs().Message(refusal, "Open File", host::DialogIcon::Critical);
+            m_window.Environment().dialogs.Message(refusal, "Open File",
+                                                   host::DialogIcon::Critical);
         });
 }
 

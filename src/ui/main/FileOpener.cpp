@@ -3,6 +3,7 @@
 
 #include "app/OpenRules.h"
 #include "document/WindowMode.h"
+#include "host/Dialogs.h"
 #include "host/Guard.h"
 #include "host/Path.h"
 #include "ui/document/DocumentHost.h"
@@ -20,8 +21,9 @@ constexpr int kBetweenWindows = 500; ///< milliseconds, so that each is drawn be
 
 } // namespace
 
-FileOpener::FileOpener(document::DocumentHost &host)
-    : m_host(host)
+FileOpener::FileOpener(const install::Environment &environment, document::DocumentHost &host)
+    : m_environment(environment)
+    , m_host(host)
 {
 }
 
@@ -30,7 +32,7 @@ void FileOpener::Open(const std::string &path)
     m_host.SetStatus({});
     const OpenKind kind = KindOf(path);
     if (const std::string refusal = RefusalOf(kind); !refusal.empty()) {
-        m_host.Dialogs().Message(refusal, "Open File", host::DialogIcon::Critical);
+        m_environment.dialogs.Message(refusal, "Open File", host::DialogIcon::Critical);
         return;
     }
     m_lastFolder = host::path::FolderWithSeparator(path);
@@ -40,13 +42,13 @@ void FileOpener::Open(const std::string &path)
     else if (kind == OpenKind::Shape)
         m_host.OpenDocumentWindow(path, document::WindowMode::ShapeView, "Shape - " + path, {});
     else
-        document::Guarded(m_host.Dialogs(), "Open File",
+        document::Guarded(m_environment.dialogs, "Open File",
                           [&] { kind == OpenKind::Stock ? openStock(path) : openActivity(path); });
 }
 
 void FileOpener::openStock(const std::string &path)
 {
-    const viewer::StockShape stock = viewer::ReadStockShapeToShow(m_host.Files(), path);
+    const viewer::StockShape stock = viewer::ReadStockShapeToShow(m_environment.files, path);
     const bool wagon = host::path::Extension(path) == "wag";
     m_host.OpenDocumentWindow(stock.shapeFile, document::WindowMode::ShapeView,
                               (wagon ? "Wagon - " : "Engine - ") + stock.name, {});
@@ -54,10 +56,10 @@ void FileOpener::openStock(const std::string &path)
 
 void FileOpener::openActivity(const std::string &path)
 {
-    const std::vector<StfNode> trains = viewer::ReadLooseConsists(m_host.Files(), path);
+    const std::vector<StfNode> trains = viewer::ReadLooseConsists(m_environment.files, path);
     const int total = static_cast<int>(trains.size());
     const std::string answer =
-        m_host.Dialogs()
+        m_environment.dialogs
             .Input("Found " + std::to_string(total) + " loose consist(s) in activity " + path +
                        "\n\nWhich do you want to load?",
                    "Activity Loose Consists", "*")
@@ -83,9 +85,9 @@ void FileOpener::openNextLooseConsist()
         m_host.OpenDocumentWindow(item.file, document::WindowMode::ConsistView,
                                   "Loose Consist " + number + " from " + item.file, item.trainCfg);
     else
-        m_host.Dialogs().Message(item.file + ": loose consist " + number +
-                                     " has no Train_Config with a train in it",
-                                 "Open File", host::DialogIcon::Critical);
+        m_environment.dialogs.Message(item.file + ": loose consist " + number +
+                                          " has no Train_Config with a train in it",
+                                      "Open File", host::DialogIcon::Critical);
     m_looseConsists.pop_front();
     if (!m_looseConsists.empty())
         QTimer::singleShot(kBetweenWindows, this, &FileOpener::openNextLooseConsist);

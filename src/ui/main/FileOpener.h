@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "install/Environment.h"
 #include "stavfile/StfNode.h"
 
 #include <QObject>
@@ -18,7 +19,8 @@ namespace app {
 class FileOpener : public QObject
 {
 public:
-    explicit FileOpener(document::DocumentHost &host);
+    /// `host` must outlive the object.
+    FileOpener(const install::Environment &environment, document::DocumentHost &host);
 
     /// Opens a file, or shows a message with the reason why not. The loose consists of an activity
     /// open one after the other, the later ones from the event loop.
@@ -39,6 +41,7 @@ private:
     void openActivity(const std::string &path);
     void openNextLooseConsist();
 
+    install::Environment m_environment;
     document::DocumentHost &m_host;
     std::string m_lastFolder;
     std::deque<LooseConsist> m_looseConsists;

@@ -30,11 +30,12 @@ public:
 private:
     void showSystemInfo(QWidget &parent)
     {
-        const std::string tool = about::FindSystemTool(m_window.Files());
+        const std::string tool = about::FindSystemTool(m_window.Environment().files);
         const bool started = !tool.empty() && m_shell.StartSystemTool(tool);
         if (started)
             return;
-        frmSystemInfo window(about::TextOf(about::SystemFacts(m_window.Installation())), &parent);
+        frmSystemInfo window(about::TextOf(about::SystemFacts(m_window.Environment().installation)),
+                             &parent);
         window.exec();
     }
 

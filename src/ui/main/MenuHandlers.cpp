@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/MenuHandlers.h"
 
+#include "host/Dialogs.h"
 #include "ui/main/MainMenu.h"
 #include "ui/main/frmMain.h"
 
@@ -9,17 +10,17 @@ namespace app {
 Handlers::Handlers(frmMain &main, const HandlerParts &parts)
     : window(main)
     , menus(parts.menus)
-    , shell(main.Dialogs(), main.Files(), parts.services.desktop, parts.installation)
-    , printing(main, parts.services.printers)
+    , shell(main.Environment(), parts.desktop)
+    , printing(main, parts.printers)
     , results(main, printing)
     , checkView(main, results)
-    , checking(checkView)
-    , opener(main)
-    , location(main, parts.installation, checking)
+    , checking(main.Environment(), checkView)
+    , opener(main.Environment(), main)
+    , location(main, checking)
     , drop(main, opener, location)
     , windowList(main, results)
     , file(main, opener, printing)
-    , edit(main, parts.services.desktop)
+    , edit(main, parts.desktop)
     , consist(main)
     , checks(main, checking, parts.statusBar)
     , view(main, parts.toolBar, parts.statusBar)
@@ -31,7 +32,8 @@ Handlers::Handlers(frmMain &main, const HandlerParts &parts)
 
 void Handlers::Say(const std::string &text) const
 {
-    window.Dialogs().Message(text, window.windowTitle().toStdString(), host::DialogIcon::None);
+    window.Environment().dialogs.Message(text, window.windowTitle().toStdString(),
+                                         host::DialogIcon::None);
 }
 
 bool Handlers::IsChecked(Command command) const

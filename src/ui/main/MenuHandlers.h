@@ -23,22 +23,20 @@
 
 class QToolBar;
 class frmMain;
-namespace install {
-class Installation;
-}
 
 namespace app {
 
+class Desktop;
 class MainMenu;
 class MainStatusBar;
+class Printers;
 enum class Command;
-struct Services;
 
 /// The parts of the main window that its commands use; all must outlive them.
 struct HandlerParts
 {
-    const Services &services;
-    install::Installation &installation;
+    Desktop &desktop;
+    Printers &printers;
     const MainMenu &menus;
     QToolBar &toolBar;
     MainStatusBar &statusBar;

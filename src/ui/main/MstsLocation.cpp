@@ -3,7 +3,9 @@
 
 #include "app/CheckCommands.h"
 #include "document/WindowMode.h"
+#include "host/Dialogs.h"
 #include "host/Folders.h"
+#include "install/Installation.h"
 #include "ui/dialogs/frmSetLoc.h"
 #include "ui/main/frmMain.h"
 
@@ -11,10 +13,8 @@
 
 namespace app {
 
-MstsLocation::MstsLocation(frmMain &window, install::Installation &installation,
-                           const CheckCommands &checking)
+MstsLocation::MstsLocation(frmMain &window, const CheckCommands &checking)
     : m_window(window)
-    , m_installation(installation)
     , m_checking(checking)
 {
 }
@@ -23,8 +23,8 @@ void MstsLocation::Ask()
 {
     if (!mayChange())
         return;
-    const std::string folder = m_installation.CurrentFolder();
-    frmSetLoc dialog(m_window.Files(), &m_window);
+    const std::string folder = m_window.Environment().installation.CurrentFolder();
+    frmSetLoc dialog(m_window.Environment().files, &m_window);
     dialog.SetLocation(folder.empty() ? host::HomeFolder() : folder);
     dialog.exec();
     if (!dialog.Cancelled)
@@ -34,7 +34,7 @@ void MstsLocation::Ask()
 void MstsLocation::Offer(const std::string &folder)
 {
     const bool isWanted =
-        mayChange() && m_window.Dialogs().Message(
+        mayChange() && m_window.Environment().dialogs.Message(
                            "Do you want to work on the Train Simulator folder " + folder + "?",
                            "Set MSTS Location", host::DialogIcon::Question,
                            host::DialogButtons::YesNo) == host::DialogAnswer::Yes;
@@ -51,15 +51,16 @@ bool MstsLocation::mayChange()
     });
     if (!editing && !m_checking.Running())
         return true;
-    m_window.Dialogs().Message(editing ? "Can't change MSTS location whilst editting a consist!"
-                                       : "Can't change MSTS location whilst a check is running!",
-                               "Set MSTS Location", host::DialogIcon::Critical);
+    m_window.Environment().dialogs.Message(
+        editing ? "Can't change MSTS location whilst editting a consist!"
+                : "Can't change MSTS location whilst a check is running!",
+        "Set MSTS Location", host::DialogIcon::Critical);
     return false;
 }
 
 void MstsLocation::change(const std::string &location)
 {
-    m_installation.SetLocation(location);
+    m_window.Environment().installation.SetLocation(location);
     for (frmDocument *document : m_window.Documents())
         if (document->Mode() == document::WindowMode::ConsistList)
             document->LoadForm();

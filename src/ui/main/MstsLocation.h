@@ -4,9 +4,6 @@
 #include <string>
 
 class frmMain;
-namespace install {
-class Installation;
-}
 
 namespace app {
 
@@ -16,8 +13,7 @@ class CheckCommands;
 class MstsLocation
 {
 public:
-    MstsLocation(frmMain &window, install::Installation &installation,
-                 const CheckCommands &checking);
+    MstsLocation(frmMain &window, const CheckCommands &checking);
 
     /// Shows the location dialog.
     void Ask();
@@ -29,7 +25,6 @@ private:
     void change(const std::string &location);
 
     frmMain &m_window;
-    install::Installation &m_installation;
     const CheckCommands &m_checking;
 };
 

@@ -2,6 +2,7 @@
 #include "ui/main/Printing.h"
 
 #include "app/modZELK.h"
+#include "host/Dialogs.h"
 #include "ui/main/frmMain.h"
 #include "ui/print/PrintJobs.h"
 #include "ui/print/Printers.h"
@@ -33,9 +34,10 @@ void Printing::Print(const PrintJob &job)
     if (app::Print(printer(), job.frame, *job.content))
         m_window.SetStatus(job.name + ": done");
     else
-        m_window.Dialogs().Message("Nothing could be printed: the printer, or the file to print "
-                                   "to, cannot be used.",
-                                   job.name, host::DialogIcon::Critical);
+        m_window.Environment().dialogs.Message(
+            "Nothing could be printed: the printer, or the file to print "
+            "to, cannot be used.",
+            job.name, host::DialogIcon::Critical);
 }
 
 void Printing::SetUpPage()

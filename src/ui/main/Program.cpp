@@ -10,6 +10,8 @@
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
 #include "host/Text.h"
+#include "install/Installation.h"
+#include "korvat/model/ModelLibrary.h"
 #include "ui/dialogs/QtDialogs.h"
 #include "ui/main/AccessibleRoles.h"
 #include "ui/main/Colours.h"
@@ -58,10 +60,11 @@ std::optional<std::string> AnswerTo(std::string_view commandLine)
     return std::nullopt;
 }
 
-std::unique_ptr<frmMain> StartMainWindow(const Services &services, const std::string &commandLine)
+std::unique_ptr<frmMain> StartMainWindow(const install::Environment &environment, Desktop &desktop,
+                                         Printers &printers, const std::string &commandLine)
 {
-    const std::string file = FileGivenBy(commandLine, services.files);
-    auto window = std::make_unique<frmMain>(services, file);
+    const std::string file = FileGivenBy(commandLine, environment.files);
+    auto window = std::make_unique<frmMain>(environment, desktop, printers, file);
     window->setWindowTitle(QString::fromStdString(modZELK::MainCaption()));
     if (!file.empty())
         window->OpenFile(file);
@@ -90,10 +93,13 @@ int RunProgram(int argc, char **argv)
     QtPrinters printers;
     host::GameFiles files;
     const std::unique_ptr<host::SettingsStore> settings = host::UserSettings();
+    install::Installation installation;
+    korvat::ModelLibrary shapes(files);
     // The first window to close may be a message about the file on the command line.
     QApplication::setQuitOnLastWindowClosed(false);
-    const auto window = StartMainWindow({dialogs, files, *settings, desktop, printers},
-                                        CommandLineAfterToolkit(givenArguments, argc, argv));
+    const auto window =
+        StartMainWindow({dialogs, files, *settings, installation, shapes}, desktop, printers,
+                        CommandLineAfterToolkit(givenArguments, argc, argv));
     QApplication::setQuitOnLastWindowClosed(true);
     return QApplication::exec();
 }

@@ -28,8 +28,8 @@ ResultsWindows::ResultsWindows(frmMain &window, Printing &printing)
 void ResultsWindows::Show(const std::string &caption, const std::string &text)
 {
     const auto others = static_cast<int>(Open().size()) % kCascadeLength;
-    auto *results =
-        new frmResults(m_window.Dialogs(), m_window.Files(), host::ProgramFolder(), &m_window);
+    auto *results = new frmResults(m_window.Environment().dialogs, m_window.Environment().files,
+                                   host::ProgramFolder(), &m_window);
     results->SetCaption(caption);
     results->SetText(text);
     QObject::connect(results, &frmResults::PrintRequested, &m_window, [this, results] {

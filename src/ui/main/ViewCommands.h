@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/WindowMode.h"
+#include "host/Dialogs.h"
 #include "host/GameFiles.h"
 #include "ui/main/MainStatusBar.h"
 #include "ui/main/frmMain.h"
@@ -28,10 +29,11 @@ public:
     void Refresh()
     {
         frmDocument *active = m_window.ActiveDocument();
-        m_window.Files().Refresh();
+        m_window.Environment().files.Refresh();
         if (!active)
             return;
-        const bool drops = active->Changed() && m_window.Files().FileExists(active->FileName());
+        const bool drops =
+            active->Changed() && m_window.Environment().files.FileExists(active->FileName());
         if (!drops || mayDropChanges())
             active->RefreshForm();
     }
@@ -48,7 +50,7 @@ public:
         if (!active || document::Is3D(active->Mode()))
             return;
         const bool list = active->Mode() == document::WindowMode::ConsistList;
-        const std::optional<std::string> answer = m_window.Dialogs().Input(
+        const std::optional<std::string> answer = m_window.Environment().dialogs.Input(
             list ? "Enter a filter string for consists:" : "Enter a filter string for stock:",
             list ? "Filter Consist List" : "Filter Stock List", active->Filter());
         if (!answer)
@@ -63,11 +65,11 @@ public:
 private:
     bool mayDropChanges()
     {
-        return m_window.Dialogs().Message("Consist has changed.  Reading it again drops all "
-                                          "changes.  Do you want to continue?",
-                                          "Refresh", host::DialogIcon::Question,
-                                          host::DialogButtons::YesNoDefaultNo) ==
-               host::DialogAnswer::Yes;
+        return m_window.Environment().dialogs.Message(
+                   "Consist has changed.  Reading it again drops all "
+                   "changes.  Do you want to continue?",
+                   "Refresh", host::DialogIcon::Question,
+                   host::DialogButtons::YesNoDefaultNo) == host::DialogAnswer::Yes;
     }
 
     frmMain &m_window;

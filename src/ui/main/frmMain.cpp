@@ -9,6 +9,7 @@
 #include "host/Product.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
+#include "install/Installation.h"
 #include "ui/main/CommandTable.h"
 #include "ui/main/IconSet.h"
 #include "ui/main/MainMenu.h"
@@ -31,9 +32,9 @@
 using document::Guarded;
 using document::WindowMode;
 
-frmMain::frmMain(const app::Services &services, const std::string &file)
-    : m_services(services)
-    , m_shapes(services.files)
+frmMain::frmMain(const install::Environment &environment, app::Desktop &desktop,
+                 app::Printers &printers, const std::string &file)
+    : m_environment(environment)
     , m_area(new QMdiArea(this))
     , m_switcher(*m_area)
 {
@@ -44,7 +45,7 @@ frmMain::frmMain(const app::Services &services, const std::string &file)
     m_arranger = std::make_unique<app::WindowArranger>(
         *m_area, std::vector<const QWidget *>{menuBar(), tbToolBar, sbStatusBar}, m_documents);
     m_handlers = std::make_unique<app::Handlers>(
-        *this, app::HandlerParts{m_services, m_installation, *m_menus, *tbToolBar, *sbStatusBar,
+        *this, app::HandlerParts{desktop, printers, *m_menus, *tbToolBar, *sbStatusBar,
                                  m_screenShotFolder});
     loadSettings();
     updateActions();
@@ -114,34 +115,35 @@ void frmMain::loadSettings()
     QList<QRect> screens;
     for (const QScreen *screen : QGuiApplication::screens())
         screens << screen->availableGeometry();
-    m_windowSettings = app::ReadWindowSettings(m_services.settings);
+    m_windowSettings = app::ReadWindowSettings(m_environment.settings);
     const bool restores = m_windowSettings.maximised && !m_windowSettings.normal.isEmpty();
     const QRect bounds = app::FitToScreens(
-        restores ? m_windowSettings.normal : app::ReadMainBounds(m_services.settings), screens);
+        restores ? m_windowSettings.normal : app::ReadMainBounds(m_environment.settings), screens);
     resize(bounds.size());
     move(bounds.topLeft());
     if (m_windowSettings.maximised)
         setWindowState(Qt::WindowMaximized);
     // Users cannot write to the folders of installed programs.
     const std::optional<std::string> pictures =
-        m_services.settings.Read(host::setting::kScreenshots);
+        m_environment.settings.Read(host::setting::kScreenshots);
     m_screenShotFolder = pictures ? *pictures : host::ProgramFolder();
-    m_installation.SetLocation(
-        m_services.settings.Read(host::setting::kInstallation).value_or(std::string()));
+    m_environment.installation.SetLocation(
+        m_environment.settings.Read(host::setting::kInstallation).value_or(std::string()));
 }
 
 void frmMain::saveSettings()
 {
-    Guarded(m_services.dialogs, "Save Settings", [this] {
+    Guarded(m_environment.dialogs, "Save Settings", [this] {
         if (!isMinimized()) {
-            app::WriteMainBounds(m_services.settings, QRect(pos(), size()));
+            app::WriteMainBounds(m_environment.settings, QRect(pos(), size()));
             m_windowSettings.maximised = isMaximized();
             // QWidget::move places the frame of a window, not its content.
             m_windowSettings.normal = normalGeometry().translated(pos() - geometry().topLeft());
         }
-        app::WriteWindowSettings(m_services.settings, m_windowSettings);
-        m_services.settings.Write(host::setting::kInstallation, m_installation.CurrentFolder());
-        m_services.settings.Write(host::setting::kScreenshots, m_screenShotFolder);
+        app::WriteWindowSettings(m_environment.settings, m_windowSettings);
+        m_environment.settings.Write(host::setting::kInstallation,
+                                     m_environment.installation.CurrentFolder());
+        m_environment.settings.Write(host::setting::kScreenshots, m_screenShotFolder);
     });
 }
 
@@ -149,7 +151,7 @@ void frmMain::saveSettings()
 void frmMain::run(const app::CommandRow &command)
 {
     SetStatus({});
-    if (!Guarded(m_services.dialogs, windowTitle().toStdString(),
+    if (!Guarded(m_environment.dialogs, windowTitle().toStdString(),
                  [&] { command.run(*m_handlers); }))
         SetStatus({});
 }
@@ -202,12 +204,12 @@ void frmMain::OpenDocumentWindow(const std::string &fileName, WindowMode mode,
 frmDocument *frmMain::openWindow(const std::string &fileName, WindowMode mode,
                                  const std::string &caption, const StfNode &node, int number)
 {
-    auto *window = new frmDocument(*this, furnishing(), number);
+    auto *window = new frmDocument(m_environment, *this, furnishing(), number);
     window->SetFileName(fileName);
     window->SetNode(node);
     window->SetMode(mode);
     addWindow(window);
-    if (!Guarded(m_services.dialogs, "Open File", [window] { window->LoadForm(); })) {
+    if (!Guarded(m_environment.dialogs, "Open File", [window] { window->LoadForm(); })) {
         delete window;
         SetStatus({});
         return nullptr;
@@ -280,14 +282,14 @@ void frmMain::SaveDocumentAs()
 
 void frmMain::saveSnapshot(frmDocument &window)
 {
-    if (!Guarded(m_services.dialogs, "Save Snapshot",
+    if (!Guarded(m_environment.dialogs, "Save Snapshot",
                  [&] { window.SaveSnapshot(m_screenShotFolder); }))
         SetStatus("The picture was not saved.");
 }
 
 std::string frmMain::ConsistFolder() const
 {
-    return document::ConsistFolder(m_installation, m_services.files);
+    return document::ConsistFolder(m_environment.installation, m_environment.files);
 }
 
 void frmMain::SendFile()

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "host/Dialogs.h"
+#include "install/Environment.h"
 #include "install/Installation.h"
-#include "korvat/model/ModelLibrary.h"
 #include "ui/document/DocumentHost.h"
 #include "ui/document/frmDocument.h"
 #include "ui/main/MdiLayout.h"
@@ -23,11 +23,6 @@ class QShortcut;
 class QToolBar;
 class TSValidation;
 
-namespace host {
-class GameFiles;
-class SettingsStore;
-} // namespace host
-
 namespace app {
 
 class Desktop;
@@ -37,16 +32,6 @@ class Printers;
 class WindowArranger;
 struct CommandRow;
 struct Handlers;
-
-/// The services that the main window uses; all must outlive it.
-struct Services
-{
-    host::Dialogs &dialogs;
-    host::GameFiles &files;
-    host::SettingsStore &settings;
-    Desktop &desktop;
-    Printers &printers;
-};
 
 } // namespace app
 
@@ -59,7 +44,8 @@ class frmMain : public QMainWindow, public document::DocumentHost
 
 public:
     /// Reads the settings. Without a file to open, starts with a list of the installed consists.
-    frmMain(const app::Services &services, const std::string &file);
+    frmMain(const install::Environment &environment, app::Desktop &desktop, app::Printers &printers,
+            const std::string &file);
     ~frmMain() override;
 
     /// Opens a file of any kind in a new window, or shows a message with the reason why not.
@@ -82,10 +68,7 @@ public:
     /// A command that is not in any menu: reports that it is not implemented.
     void SendFile();
 
-    host::Dialogs &Dialogs() override { return m_services.dialogs; }
-    host::GameFiles &Files() override { return m_services.files; }
-    const install::Installation &Installation() override { return m_installation; }
-    korvat::ModelSource &Shapes() override { return m_shapes; }
+    const install::Environment &Environment() const { return m_environment; }
     void OpenDocumentWindow(const std::string &fileName, document::WindowMode mode,
                             const std::string &caption, const StfNode &node) override;
     void SaveDocument(bool quiet) override;
@@ -123,9 +106,7 @@ private:
     document::Furnishing furnishing();
     void saveSnapshot(frmDocument &window);
 
-    app::Services m_services;
-    korvat::ModelLibrary m_shapes;
-    install::Installation m_installation;
+    install::Environment m_environment;
     std::string m_screenShotFolder;
     app::WindowSettings m_windowSettings; ///< read at the start; editors update their part
     QMdiArea *m_area;

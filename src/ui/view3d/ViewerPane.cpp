@@ -35,12 +35,12 @@ QString plain(float number)
 
 ViewerPane::ViewerPane(const PaneHost &host, QWidget *parent)
     : QWidget(parent)
-    , sfViewer(sfCanvas::WhyNot().empty() ? new sfCanvas(host.services.files, this) : nullptr)
+    , sfViewer(sfCanvas::WhyNot().empty() ? new sfCanvas(host.environment.files, this) : nullptr)
     , hscView(makeScrollBar(Qt::Horizontal, "hscView", "Place along the train"))
     , vscView(makeScrollBar(Qt::Vertical, "vscView", "Height of the camera"))
     , m_host(host)
     , m_grid(new QGridLayout(this))
-    , m_stage(host.services, sfViewer, [this](const std::string &text) { setStatus(text); })
+    , m_stage(host.environment, sfViewer, [this](const std::string &text) { setStatus(text); })
 {
     m_grid->setContentsMargins(0, 0, 0, 0);
     m_grid->setSpacing(0);
@@ -206,8 +206,8 @@ void ViewerPane::told(const std::function<void()> &piece)
         piece();
     } catch (const std::exception &error) {
         setStatus(error.what());
-        m_host.services.dialogs.Message(host::Explained(error), "View Consist",
-                                        host::DialogIcon::Critical);
+        m_host.environment.dialogs.Message(host::Explained(error), "View Consist",
+                                           host::DialogIcon::Critical);
     }
 }
 

@@ -23,7 +23,7 @@ class SavedPictureBar;
 /// The parts of the program that a 3D window uses; all of them must outlive the pane.
 struct PaneHost
 {
-    Services services;
+    install::Environment environment;
     std::function<void(const std::string &)> setStatus;
     /// Reports loading progress, 0 to `total`; a `total` of 0 means finished.
     std::function<void(int done, int total)> setProgress;
