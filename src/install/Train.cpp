@@ -39,11 +39,7 @@ StockName StockName::Of(std::string_view stockPath)
     constexpr std::size_t kExtension = 4; // ".eng", ".wag"
     std::string_view name = host::path::FileName(stockPath);
     name.remove_suffix(std::min(kExtension, name.size()));
-    const std::string_view folder = host::path::FolderWithSeparator(stockPath);
-    if (folder.empty())
-        return {std::string(name), "."};
-    return {std::string(name),
-            std::string(host::path::FileName(folder.substr(0, folder.size() - 1)))};
+    return {std::string(name), std::string(host::path::FileName(host::path::Folder(stockPath)))};
 }
 
 StfNode Unit::data() const

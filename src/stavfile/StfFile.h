@@ -19,7 +19,7 @@ class StfFile
 public:
     /// Reads and writes through `files`, which must outlive this object.
     explicit StfFile(host::GameFiles &files);
-    /// The file at `path`, read as by Load.
+    /// Returns the file at `path`. Throws as Load.
     static StfFile Read(host::GameFiles &files, std::string path);
 
     const std::string &FileName() const { return m_fileName; }
@@ -31,7 +31,7 @@ public:
     void Load();
     /// Resets this to an empty new document.
     void New();
-    /// Like Load, but from bytes in memory, which errors call FileName.
+    /// Like Load, but from bytes in memory. Errors name FileName as their file.
     void LoadBytes(std::string bytes);
 
     /// Writes the tree to the file named by FileName, whole or not at all (GameFiles::WriteFile).
@@ -47,7 +47,7 @@ public:
     StfNodes TopNodes() const { return Nodes(); }
     /// Returns the first top-level block of this name, ignoring letter case, or no object.
     StfNode FindNode(std::string_view name) const;
-    /// Like FindNode, but error 91 when there is none: "FILE: there is no Train block".
+    /// Like FindNode, but throws error 91 if there is none: "FILE: there is no Train block".
     StfNode Require(std::string_view name) const;
 
     stavfile::Form Form() const;

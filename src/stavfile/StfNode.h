@@ -47,14 +47,14 @@ public:
     StfNodes Children() const;
     /// Returns the first direct child of exactly this name, or no object.
     StfNode Child(std::string_view name) const;
-    /// Like Child, but error 91 when there is none: "FILE, line 7: Train has no block TrainCfg", as
-    /// far as file and line are known (a new block has neither, a file read from bytes may have no
-    /// name).
+    /// Like Child, but throws error 91 if there is none: "FILE, line 7: Train has no block
+    /// TrainCfg", as far as file and line are known. The file is the one that the block was read
+    /// from.
     StfNode Require(std::string_view name) const;
     /// Looks through the children after `position` (0 at the start) for one whose name is exactly
     /// one of the alternatives, which are separated by "|". True sets `position` to that child's
-    /// 1-based place in Children; false leaves it. Error 6, with file and line as in Require, when
-    /// the place is beyond 16 bits.
+    /// 1-based place in Children; false leaves it. Throws error 6, with file and line as in
+    /// Require, if the place is beyond 16 bits.
     bool FindChild(std::string_view names, std::int16_t &position) const;
 
     /// Returns the number of plain values. It is an int, since large files exceed 16 bits.
@@ -93,9 +93,9 @@ namespace stavfile {
 std::string QuotedValue(std::string_view text);
 /// Returns the value of a block at a 0-based index; "" if the block or the value is absent.
 std::string ValueAt(const StfNode &node, int index = 0);
-/// All values of a block, joined by single blanks; "" when the block is absent.
+/// Returns all values of a block, joined by single blanks; "" if the block is absent.
 std::string JoinedValues(const StfNode &node);
-/// Like StfNode::Child, but no object when the parent is absent, too.
+/// Like StfNode::Child, but also returns no object if the parent is absent.
 StfNode ChildOf(const StfNode &parent, std::string_view name);
 } // namespace stavfile
 
@@ -106,11 +106,10 @@ class StfNodes
 public:
     /// A place in the list, for `for (const StfNode block : node.Children())`.
     ///
-    /// Stays valid when the list changes: it then stands for the block that has its place now, and
-    /// the loop ends behind the block that is the last one by then. So a loop that removes its own
-    /// block passes over the next one. Usable as long as the StfNodes it came from, or another
-    /// handle on the same blocks. At the end it must not be dereferenced. Makes no copies of the
-    /// list.
+    /// Stays valid when the list changes: it then refers to the block that has its place now, and
+    /// the loop ends after the block that is the last one by then. So a loop that removes its
+    /// current block skips the next one. Must not outlive the StfNodes that it comes from, nor be
+    /// dereferenced at the end. Does not copy the list.
     class Iterator
     {
     public:

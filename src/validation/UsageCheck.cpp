@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "validation/UsageCheck.h"
 
-#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "validation/Content.h"
 
@@ -31,7 +30,7 @@ bool mayName(std::string_view bytes, std::string_view text)
            (!mustBeWide && bytes.find(text) != bytes.npos);
 }
 
-/// The first block of a consist's first block, whatever their names, or no object.
+/// Returns the first block of a consist's first block, with any names, or no object.
 StfNode firstTrain(const StfFile &consist)
 {
     const StfNode top = consist.TopNodes().First();
