@@ -138,7 +138,7 @@ Colour mix(const Colour &a, const Colour &b, int partsOfA, int partsOfB)
     return {one(a.red, b.red), one(a.green, b.green), one(a.blue, b.blue), 255};
 }
 
-/// The darkest and the brightest of the opaque colours, as 565.
+/// Returns the darkest and the brightest opaque colour, in 5-6-5 format.
 std::pair<std::uint32_t, std::uint32_t> endsOf(const Block &block)
 {
     const Colour black{0, 0, 0, 255};
@@ -161,7 +161,7 @@ std::pair<std::uint32_t, std::uint32_t> endsOf(const Block &block)
     return ends;
 }
 
-/// If the first colour is greater, the block has four colours, else index 3 is transparent.
+/// If the first end colour is greater, the block has four colours. Else index 3 is transparent.
 void appendBlock(std::string &out, const Block &block)
 {
     const bool holes = !std::all_of(block.begin(), block.end(), isOpaque);
@@ -203,7 +203,7 @@ std::string blocksOf(const Picture &picture)
     return out;
 }
 
-/// The data after the channel table: one piece per row, or per level if the data is raw.
+/// Returns the data after the channel table: one piece per row, or per level with DXT1.
 std::vector<std::string> piecesOf(const Picture &picture, const AceFormat &format)
 {
     std::vector<std::string> pieces;

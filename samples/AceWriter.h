@@ -15,7 +15,7 @@ struct Colour
     std::uint8_t alpha = 255;
 };
 
-/// Rows from the top, pixels from the left.
+/// An image. Rows go from top to bottom, pixels from left to right.
 struct Picture
 {
     int width = 0;
@@ -27,23 +27,23 @@ enum class AceAlpha
 {
     None,
     Mask, ///< one bit: opaque from alpha 128
-    Full  ///< mask and 8 bits
+    Full  ///< the mask and an 8-bit channel
 };
 
 struct AceFormat
 {
     AceAlpha alpha = AceAlpha::None;
-    bool mipmaps = false;    ///< needs a square picture with a power of two as side
-    bool dxt1 = false;       ///< blocks of 4x4; needs sides that are multiples of 4
-    bool compressed = false; ///< the container
+    bool mipmaps = false;    ///< needs a square image whose side is a power of two
+    bool dxt1 = false;       ///< 4x4 blocks; width and height must be multiples of 4
+    bool compressed = false; ///< compresses the file's contents
 };
 
-/// Returns the bytes of a texture file. Throws std::invalid_argument for a picture that the format
+/// Returns the bytes of a texture file. Throws std::invalid_argument for an image that the format
 /// cannot hold.
 std::string AceBytes(const Picture &picture, const AceFormat &format);
 
-/// A square in `base` with a frame of `trim` except at its bottom, so that top, bottom and edges
-/// are recognisable.
+/// Returns a square in `base` with a frame in `trim` on all sides but the bottom, so that its
+/// orientation is visible.
 Picture PanelPicture(int side, Colour base, Colour trim);
 
 } // namespace samples

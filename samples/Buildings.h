@@ -24,7 +24,7 @@ enum class Building
     Bridge
 };
 
-/// The seasons with pictures. Only the picture of a building changes, not its shape.
+/// The seasons with separate textures. A building has the same shape in all of them.
 enum class Season
 {
     Summer,
@@ -38,7 +38,7 @@ enum class Season
     Night
 };
 
-/// Builds the building with its picture, which the shape names `image`.
+/// Returns the model and texture of a building. `image` is the texture's name in the shape.
 PaintedModel BuildScenery(Building building, Season season, const std::string &image);
 
 } // namespace samples

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-/// Little-endian values appended to a string of bytes, and the container of binary files.
+/// Little-endian values in strings of bytes, and the container of binary files.
 namespace samples {
 
 inline void AppendU16(std::string &out, std::uint16_t value)
@@ -34,7 +34,7 @@ inline void AppendF32(std::string &out, float value)
 
 // The container that binary shapes and textures share.
 
-/// Returns a mark of 16 characters and the unchanged payload.
+/// Returns a signature of 16 characters and the unchanged payload.
 std::string StorePayload(std::string_view payload);
 /// Returns "SIMISA@F", the size of the payload, "@@@@" and the payload as a zlib stream.
 std::string CompressPayload(std::string_view payload);

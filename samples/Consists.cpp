@@ -26,7 +26,7 @@ std::vector<Unit> coalDrag()
     return units;
 }
 
-/// The vehicle without a Wagon block is the last one: reading a consist for its shapes ends there.
+/// Puts the vehicle without a Wagon block last, because reading the shapes of a consist ends there.
 std::vector<Unit> repairTrain()
 {
     std::vector<Unit> units;
@@ -84,7 +84,7 @@ std::string headText(const Train &train, const std::string &tabs, int nextUid)
     return out;
 }
 
-/// Units with even and odd numbers have Flip in different places, both of which occur.
+/// Even and odd units have Flip in different places. Both places occur in real files.
 std::string unitText(const Unit &unit, const std::string &tabs, int uid)
 {
     const std::string kind = unit.engine ? "Engine" : "Wagon";

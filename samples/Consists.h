@@ -10,25 +10,25 @@
 
 namespace samples {
 
-/// One engine or wagon of a train.
+/// One entry of a consist: an engine or a wagon.
 struct Unit
 {
     std::string folder;
     std::string file;
     bool engine = false;
     bool flip = false;
-    int uid = -1;               ///< negative: the next number after that of the last unit
-    bool bare = false;          ///< the folder lacks the quotes that it needs
+    int uid = -1;               ///< negative: one more than that of the previous unit
+    bool bare = false;          ///< leaves out the quotes that the folder needs
     const char *variables = ""; ///< values of an EngineVariables block
-    const char *before = "";    ///< text in front of the unit
+    const char *before = "";    ///< text written before the unit
 };
 
-/// The order of the blocks at the head of a train. Real files have all of these.
+/// The order of the first blocks in a TrainCfg block. All of these occur in real files.
 enum class Head
 {
     NameFirst,
-    SerialFirst,  ///< no Name at all
-    VelocityFirst ///< no Name at all
+    SerialFirst,  ///< without Name
+    VelocityFirst ///< without Name
 };
 
 /// The contents of a TrainCfg block.
@@ -38,7 +38,7 @@ struct Train
     std::string name = {};
     Head head = Head::NameFirst;
     int firstUid = 0;
-    int nextUid = -1; ///< negative: one more than the last
+    int nextUid = -1; ///< negative: one more than the last UiD
     bool isDefault = false;
     std::vector<Unit> units = {};
     const char *tail = ""; ///< text before the end of the block
@@ -53,18 +53,18 @@ struct Consist
     bool cutShort = false; ///< the last bracket is missing
 };
 
-/// The consists of the sample.
+/// Returns the consists of the sample.
 std::vector<Consist> Consists();
 
-/// The unit for this vehicle, which faces forwards.
+/// Returns a unit for the vehicle, not flipped.
 Unit UnitOf(const Vehicle &vehicle);
-/// The units with these files from the table of stock; "<" in front of a name flips the unit.
+/// Returns units for these files from the stock table. A "<" before a name flips the unit.
 std::vector<Unit> Units(std::initializer_list<std::string_view> files);
 
-/// A TrainCfg block, indented by `depth` tabs.
+/// Returns a TrainCfg block, indented by `depth` tabs.
 std::string TrainText(const Train &train, int depth);
 
-/// The text of a whole consist file.
+/// Returns the text of a whole consist file.
 std::string ConsistText(const Train &train);
 
 SampleFiles ConsistFiles();

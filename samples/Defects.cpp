@@ -17,13 +17,13 @@ constexpr int kSubscriptOutOfRange = 9;
 constexpr int kTypeMismatch = 13;
 constexpr const char *kRepairOnDisk = "TRAINS/TRAINSET/Repair Sidings/";
 
-/// A file of the repair sidings as the checks of stock and consists spell it.
+/// Returns the path of a file in the repair sidings as the checks of stock and consists spell it.
 std::string repair(std::string_view file)
 {
     return R"(<MSTS>\Trains\Trainset\Repair Sidings\)" + std::string(file);
 }
 
-/// A file with the spelling of the disk.
+/// Returns the path of a file as it is spelled on disk.
 std::string onDisk(std::string path)
 {
     std::replace(path.begin(), path.end(), '/', '\\');
@@ -40,7 +40,7 @@ std::string referenced(std::string_view subject, const std::string &file, std::s
     return "ERROR: " + std::string(subject) + " referenced by " + file + ' ' + std::string(verdict);
 }
 
-/// A file in the repair sidings that names missing files.
+/// Returns the defect of a file in the repair sidings that names missing files.
 Defect stockMissing(const char *file, const char *what, const std::vector<std::string> &dependents)
 {
     Defect defect{Check::Stock, std::string(kRepairOnDisk) + file, what};
@@ -113,7 +113,7 @@ std::vector<Defect> stockShapeDefects()
 }
 // clang-format on
 
-/// A route shape whose pictures are missing from these texture folders.
+/// Returns the defect of a route shape whose texture is missing from these folders.
 Defect routeShape(const std::string &route, const std::string &name, const char *what,
                   const std::vector<const char *> &folders)
 {

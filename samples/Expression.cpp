@@ -23,7 +23,7 @@ List listOf(const Outline &points)
     return list;
 }
 
-/// Points of a roof from the left eaves over the top to the right ones.
+/// Returns the points of a roof from the left eaves over the top to the right eaves.
 Outline roofArc(float halfWidth, float eaves, float top, int pieces)
 {
     const float rise = top - eaves;
@@ -39,7 +39,7 @@ Outline roofArc(float halfWidth, float eaves, float top, int pieces)
     return points;
 }
 
-/// The outline on the other side of the middle, walked back.
+/// Returns the outline mirrored about the middle, with its points in reverse order.
 Outline mirrored(Outline outline)
 {
     std::reverse(outline.begin(), outline.end());
@@ -66,7 +66,7 @@ Value turned(const List &a)
     return Patch{p.u1, p.v1, p.u0, p.v0, p.look};
 }
 
-/// The points of an outline (x, y) at z.
+/// Returns the points (x, y) of an outline as points in space at z.
 Value upright(const List &a)
 {
     List points;
@@ -75,8 +75,8 @@ Value upright(const List &a)
     return points;
 }
 
-/// Reproducible random numbers: a hash of the first argument with the second as a variation, then
-/// the lowest of its bits to use, and the limit.
+/// Returns a reproducible random number. Arguments: the number to hash, a variation of the hash,
+/// the lowest bit of the hash to use, and the limit, which is exclusive.
 Value dice(const List &a)
 {
     const auto whole = [&](std::size_t i) { return static_cast<std::uint32_t>(a.at(i).Number()); };
@@ -121,7 +121,7 @@ const std::map<std::string_view, Function> kFunctions = {
 };
 // clang-format on
 
-/// Evaluates while it reads, by recursive descent. Both branches of a choice are evaluated.
+/// Evaluates while parsing, by recursive descent. Evaluates both branches of a choice.
 class Expression
 {
 public:
@@ -236,7 +236,7 @@ private:
         }
     }
 
-    /// Joins lists and texts.
+    /// Adds numbers; joins lists and texts.
     static Value added(const Value &left, const Value &right)
     {
         if (const auto *items = std::get_if<List>(&left)) {

@@ -23,7 +23,7 @@ public:
         : m_engine(seed)
     {
     }
-    /// 0 to below `limit`.
+    /// Returns a number from 0 to `limit` - 1.
     std::size_t Below(std::size_t limit) { return static_cast<std::size_t>(m_engine() % limit); }
 
 private:
@@ -48,7 +48,7 @@ std::string folderName(std::size_t number)
     return "Stock " + padded(number, 5) + endings[number % endings.size()];
 }
 
-/// Gives each folder one item while the stock lasts, then spreads the rest at random.
+/// Gives each folder one vehicle as long as there are enough, then spreads the rest at random.
 std::vector<GeneratedFolder> foldersOf(const Extra &extra, Dice &dice)
 {
     std::vector<GeneratedFolder> folders;
@@ -59,7 +59,7 @@ std::vector<GeneratedFolder> foldersOf(const Extra &extra, Dice &dice)
     return folders;
 }
 
-/// The text of one kind of file, in which only the names are replaced.
+/// The text of one kind of stock file, with placeholders for the names.
 class Template
 {
 public:
@@ -129,7 +129,7 @@ void writeFolders(Output &output, const std::vector<GeneratedFolder> &folders, D
     }
 }
 
-/// The stock of the default sample without faults, except the item that no consist uses.
+/// Returns the vehicles of the default sample, except faulty ones and the one that no consist uses.
 std::vector<Unit> defaultPool()
 {
     std::vector<Unit> pool;

@@ -7,7 +7,7 @@
 
 namespace samples {
 
-/// The amounts to generate in addition to the default sample.
+/// How much to generate in addition to the default sample.
 struct Extra
 {
     int folders = 0;
@@ -16,8 +16,8 @@ struct Extra
     std::uint64_t seed = 1;
 };
 
-/// Writes the generated part of a large sample. It is free of faults: its consists use existing
-/// stock of both parts.
+/// Writes the generated part of a large sample. It has no faults: its consists use only vehicles
+/// that exist, from the default sample and from the generated part.
 void WriteExtra(Output &output, const Extra &extra);
 
 } // namespace samples

@@ -7,7 +7,7 @@
 namespace samples {
 namespace {
 
-/// The lines of each letter through points "xy", separated by blanks.
+/// The lines of each letter, separated by blanks. Each line is a series of points "xy".
 constexpr std::array kLetters = std::to_array<std::pair<char, const char *>>({
     {'A', "0004264440 0343"},
     {'B', "00063645443303 3342413000"},
@@ -72,7 +72,7 @@ std::vector<Stroke> StrokesOf(std::string_view text)
         const std::string_view lines = linesOf(letter);
         for (std::size_t i = 0; i + 3 < lines.size(); i += 2) {
             if (lines[i + 2] == ' ') {
-                ++i; // with the step of the loop, skips the last point of the line
+                ++i; // together with the loop's step, skips the last point of the line
                 continue;
             }
             const auto unit = [&](std::size_t at) { return static_cast<float>(lines[at] - '0'); };

@@ -12,7 +12,7 @@ namespace {
 constexpr float kTurn = 2 * std::numbers::pi_v<float>;
 constexpr std::uint32_t kTurnFrames = 16;
 
-/// Rounds, so that equal points become identical, and removes the sign of zero.
+/// Rounds, so that nearly equal values become identical, and removes the sign of zero.
 float tidy(float value, float perUnit)
 {
     return std::round(value * perUnit) / perUnit + 0.0F;

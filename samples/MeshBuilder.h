@@ -13,8 +13,8 @@
 /// Solids for shapes: each primitive computes its normals, winding and texture coordinates.
 namespace samples {
 
-/// The patches on the faces of a box: one for all, or those on the sides (x), on the ends (z), on
-/// top (u along z) and below.
+/// The patches of a box: one for all faces, or four: for the sides (x), the ends (z), the top
+/// (u along z) and the bottom.
 using BoxSkin = std::vector<Patch>;
 
 enum class Axis
@@ -31,7 +31,7 @@ struct Vertex
     Uv uv;
 };
 
-/// A shape with its picture, and the bounds of all its levels in the rest pose.
+/// A shape with its texture, and the bounds of all its levels in the rest pose.
 struct PaintedModel
 {
     ShapeModel model;
@@ -47,41 +47,41 @@ public:
     explicit MeshBuilder(std::vector<std::string> images,
                          std::vector<Surface> looks = std::vector<Surface>(1));
 
-    /// Adds a node at `at` below its parent and returns its number. The first node, MAIN, exists
-    /// from the start. `turns`: a wheel that turns forwards once in the animation.
+    /// Adds a child node at `at`, relative to its parent, and returns its number. The first node,
+    /// MAIN, always exists. If `turns`, the node is a wheel: the animation turns it forwards once.
     std::uint32_t AddMatrix(std::string label, const Vec3 &at, int parent = 0, bool turns = false);
-    /// Starts a level of detail. Levels go from near to far.
+    /// Starts a level of detail. The nearest level comes first.
     void BeginLevel(float distance);
-    /// Adds the following triangles to this node, in its space.
+    /// Selects the node for the triangles that follow. Their points are in its space.
     void On(std::uint32_t matrix) { m_matrix = matrix; }
 
-    /// A flat quadrangle: top left, top right, bottom right, bottom left as seen from in front.
+    /// Adds a flat quad: top left, top right, bottom right, bottom left, seen from the front.
     void Quad(const Vec3 &a, const Vec3 &b, const Vec3 &c, const Vec3 &d, const Patch &patch);
-    /// A flat, convex polygon that faces along `normal`; the patch covers its bounds.
+    /// Adds a flat, convex polygon that faces along `normal`. The patch covers its bounds.
     void Polygon(const std::vector<Vec3> &points, const Vec3 &normal, const Patch &patch);
-    /// A box between two opposite corners.
+    /// Adds a box between two opposite corners.
     void Box(const Vec3 &a, const Vec3 &b, const BoxSkin &skin);
-    /// Extrudes the outline along z, which is also the direction of u. Walk the outline with the
-    /// outside on the left. Corners of less than about 40 degrees get smooth normals.
+    /// Extrudes the outline along z; u runs along z too. List the points so that the outside is on
+    /// the left. Bends of less than about 40 degrees get smooth normals.
     void Extrude(const Outline &outline, float z0, float z1, const Patch &patch);
-    /// Extrudes the polygon (z, y) along x between x0 and x1 and closes it with its faces.
+    /// Extrudes the polygon (z, y) along x from x0 to x1 and closes both ends.
     void Slab(const Outline &outline, float x0, float x1, const Patch &face, const Patch &edge);
-    /// Turns a profile about an axis through `centre`. The profile holds positions along the axis
-    /// with their radii, in ascending order or with the outside on the left.
+    /// Revolves a profile about an axis through `centre`. The profile holds positions along the
+    /// axis and their radii. List them in ascending order, or with the outside on the left.
     void Lathe(const Vec3 &centre, Axis axis, const Outline &profile, int sides,
                const Patch &patch);
-    /// A disc that faces along the axis, or against it; the patch covers it.
+    /// Adds a disc that faces along the axis, or against it. The patch covers the disc.
     void Disc(const Vec3 &centre, Axis axis, bool against, float radius, int sides,
               const Patch &patch);
-    /// A round bar between two points, without ends.
+    /// Adds a round bar between two points, with open ends.
     void Bar(const Vec3 &from, const Vec3 &to, float radius, int sides, const Patch &patch);
-    /// An upright wall with a row of windows. Corners: top left, top right, bottom right, bottom
-    /// left. The windows reach from `sill` to `lintel`, and from x to y along the wall. All
-    /// places are shares of the wall.
+    /// Adds an upright wall with a row of windows. Corners: top left, top right, bottom right,
+    /// bottom left. The windows reach from `sill` to `lintel`; each item of `windows` is the start
+    /// and end of one along the wall. All positions are fractions of the wall's size.
     void Wall(const std::vector<Vec3> &corners, const Patch &patch, float sill, float lintel,
               const Outline &windows);
 
-    /// Returns everything added so far, with the sphere around it and this picture.
+    /// Returns everything added so far, with its bounding sphere and this texture.
     PaintedModel Finish(const Picture &picture) const;
 
 private:

@@ -15,8 +15,8 @@ namespace samples {
 namespace {
 
 const std::map<std::string, Axis> kAxes = {{"x", Axis::X}, {"y", Axis::Y}, {"z", Axis::Z}};
-/// The factors for x and z of the copies of a solid. With four copies, the last named changes
-/// faster.
+/// The factors for x and z of each copy of a solid. With four copies, the factor for x
+/// changes first.
 const std::map<std::string, Outline> kCopies = {
     {"once", {{1, 1}}},
     {"sides", {{1, 1}, {-1, 1}}},
@@ -24,7 +24,7 @@ const std::map<std::string, Outline> kCopies = {
     {"turned", {{1, 1}, {-1, -1}}},
     {"endssides", {{1, 1}, {-1, 1}, {1, -1}, {-1, -1}}}};
 
-/// Moves points to their place in a copy.
+/// Mirrors a point as a copy needs it; returns other values unchanged.
 template <typename T> T copied(const T &value, Vec2 factors)
 {
     if constexpr (std::is_same_v<T, Vec3>)
@@ -42,7 +42,7 @@ std::vector<Vec3> pointsOf(const Value &value)
     return points;
 }
 
-/// Takes the next argument of a C++ function; `missing` replaces a missing number.
+/// Reads the next argument as a C++ type. `missing` is the default for a number that is not there.
 template <typename T> T take(Arguments &a, std::optional<float> missing = {})
 {
     if constexpr (std::is_arithmetic_v<T>)
@@ -178,8 +178,8 @@ Patch Modeller::paint(int wide, int high, const Window &window, const Arguments 
     });
 }
 
-/// Paints a side as rows below each other in the picture. A side is a list of stretches: from and
-/// to along the side, seen from outside, and the patch.
+/// Paints a side, cut into rows, one below the other in the texture. A side is a list of stretches:
+/// the start and end along the side, seen from outside, and the patch.
 void Modeller::paintSide(Arguments &a)
 {
     const std::string name = a.Word();
@@ -198,9 +198,9 @@ void Modeller::paintSide(Arguments &a)
     script.Set(name, stretches);
 }
 
-/// Adds a stretch of the right (1) or the left (-1) side wall, or its inner face. The shape is the
-/// distance from the middle below and above, and the heights. The windows are the heights of sills
-/// and lintels, and their places along the side.
+/// Adds a stretch of the right (1) or left (-1) side wall, or its inner face. `shape` holds the
+/// distances from the middle at the bottom and at the top, then the two heights. `windows` holds
+/// the heights of sill and lintel, then the start and end of each window along the side.
 void Modeller::wall(float side, const Value &stretch, const Value &shape, const Value &windows,
                     float middle, bool inside)
 {

@@ -9,17 +9,17 @@
 
 namespace samples {
 
-/// Builds the model that scripts describe, with its picture.
+/// Builds the model that scripts describe, with its texture.
 class Modeller : public MeshBuilder
 {
 public:
-    /// The picture is a square of this side in one colour.
+    /// The texture starts as a square of `side` pixels in the colour `ground`.
     Modeller(int side, Colour ground, std::vector<std::string> images = {},
              std::vector<Surface> looks = std::vector<Surface>(1));
     Modeller(const Modeller &) = delete;
     Modeller &operator=(const Modeller &) = delete;
 
-    /// Pictures painted from now on have this share of their size, and at least `least` pixels.
+    /// Scales all patches painted from now on by `share`, to at least `least` pixels a side.
     void Scale(float share, int least);
 
     Script script;
@@ -33,7 +33,7 @@ private:
     void wall(float side, const Value &stretch, const Value &shape, const Value &windows,
               float middle, bool inside);
 
-    Brush *m_brush = nullptr; ///< of the picture that is being painted
+    Brush *m_brush = nullptr; ///< of the patch that is being painted
     float m_scale = 1;
     int m_least = 1;
 };

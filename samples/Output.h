@@ -27,7 +27,7 @@ public:
     /// files but no marker file with this text.
     Output(std::filesystem::path root, std::string_view marker);
 
-    /// `path` is UTF-8 with "/", below the folder.
+    /// Writes a file. `path` is relative to the folder, in UTF-8, with "/".
     void Write(const std::string &path, std::string_view bytes);
     void MakeFolder(const std::string &path);
     int Count() const { return m_count; }

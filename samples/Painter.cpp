@@ -9,7 +9,7 @@
 namespace samples {
 namespace {
 
-constexpr int kMargin = 3; ///< pixels painted around an area, so that smaller levels stay clean
+constexpr int kMargin = 3; ///< pixels painted around an area, so that mipmaps do not blend areas
 constexpr int kNoiseSide = 128;
 
 std::uint8_t toByte(float value)
@@ -39,7 +39,7 @@ float octave(int x, int y, int cell)
     return std::lerp(upper, std::lerp(corner(0, 1), corner(1, 1), sx), sy);
 }
 
-/// Repeating, deterministic cloud noise, 0 to 1.
+/// Returns deterministic cloud noise that repeats, 0 to 1.
 float cloud(std::uint32_t x, std::uint32_t y)
 {
     static const std::vector<float> field = [] {
@@ -60,7 +60,7 @@ float coverage(float inside)
     return std::clamp(inside + 0.5F, 0.0F, 1.0F);
 }
 
-/// Returns the distance of a point from the middle of a line.
+/// Returns the distance from a point to the centre of a stroke.
 float distanceTo(const Stroke &line, float x, float y)
 {
     const float dx = line.x1 - line.x0;

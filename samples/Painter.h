@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-/// Procedural pictures: areas of a sheet, drawn in metres with soft edges.
+/// Procedural textures: areas of a sheet, painted in metres with soft edges.
 namespace samples {
 
 /// Part of a sheet in texture coordinates; v grows downwards.
@@ -20,9 +20,9 @@ struct Patch
     float v0 = 0;
     float u1 = 1;
     float v1 = 1;
-    std::size_t look = 0; ///< which surface of the mesh the patch belongs to
+    std::size_t look = 0; ///< index of the patch's surface in the mesh
 
-    /// The part from (x0, y0) to (x1, y1), each 0 to 1, y from the bottom.
+    /// Returns the part from (x0, y0) to (x1, y1), each 0 to 1, y from the bottom.
     Patch Part(float x0, float y0, float x1, float y1) const;
 };
 
@@ -48,7 +48,7 @@ using Outline = std::vector<Vec2>;
 
 class Brush;
 
-/// A square picture that is allocated area by area, with a margin around each.
+/// A square image that is allocated area by area, with a margin around each area.
 class Sheet
 {
 public:
@@ -93,17 +93,17 @@ public:
     void Disc(float x, float y, float radius, Colour colour, float opacity = 1);
     void Line(float x0, float y0, float x1, float y1, float width, Colour colour,
               float opacity = 1);
-    /// A frame along the inside of the box.
+    /// Draws a frame along the inside of the box.
     void Frame(const Box2 &box, float width, Colour colour, float opacity = 1);
-    /// A gradient from `low` opacity at the bottom of the box to `high` at its top.
+    /// Draws a gradient from `low` opacity at the bottom of the box to `high` at its top.
     void Fade(const Box2 &box, Colour colour, float low, float high);
-    /// The gap around a door or a plate: a dark line with light on its lower edge.
+    /// Draws the gap around a door or a plate: a dark line with light on its lower edge.
     void Joint(const Box2 &box, float width = 0.02F);
-    /// A row of small bolts.
+    /// Draws a row of rivets.
     void Rivets(float x0, float y0, float x1, float y1, float step);
-    /// Slats of a ventilation grille.
+    /// Draws the slats of a ventilation grille.
     void Louvres(const Box2 &box, float step, Colour colour);
-    /// A text with its middle at x and its foot at y.
+    /// Draws a text, centred at x, with its baseline at y.
     void Text(float x, float y, float height, std::string_view text, Colour colour,
               float weight = 0.15F);
     /// Adds stains, vertical streaks and grain; `strength` is about 0.1 to 0.5.
@@ -121,7 +121,7 @@ private:
     float yAt(int pixel) const;
     void blend(int x, int y, Colour colour, float opacity);
     Colour &pixel(int x, int y);
-    /// Calls `paint` with each pixel near the box and its place on the plane.
+    /// Calls `paint` with each pixel near the box and its position on the plane.
     template <typename PaintPixel> void eachPixel(const Box2 &box, const PaintPixel &paint);
 
     Picture &m_picture;
@@ -131,9 +131,9 @@ private:
     float m_perMetre;
 };
 
-/// Returns a colour between two; share 0 gives the first.
+/// Returns a mix of two colours; share 0 gives the first.
 Colour Mix(Colour a, Colour b, float share);
-/// Returns a darker colour for factors below 1, a lighter one above.
+/// Returns a darker colour for a factor below 1, a lighter one for a factor above 1.
 Colour Shade(Colour colour, float factor);
 
 /// A straight stroke of a letter: x from 0 to 4, y from 0 at the foot to 6.
@@ -148,11 +148,11 @@ struct Stroke
 inline constexpr float kLetterHeight = 6;
 inline constexpr float kLetterPitch = 5.4F;
 
-/// Returns the strokes of a text, with the letters side by side. Knows capitals, digits and
-/// "&.-#/". Draws small letters as capitals and leaves a gap for other characters.
+/// Returns the strokes of a text, with the letters side by side. Supports capitals, digits
+/// and "&.-#/". Draws small letters as capitals and leaves a gap for other characters.
 std::vector<Stroke> StrokesOf(std::string_view text);
 
-/// Returns the width of a text with this height.
+/// Returns the width of a text of this height.
 float TextWidth(std::string_view text, float height);
 
 } // namespace samples

@@ -62,7 +62,7 @@ constexpr std::array kShapes = std::to_array<RouteShape>({
 });
 // clang-format on
 
-/// An object of an activity, which may be a group of vehicles.
+/// An object of an activity, such as a loose consist.
 struct ActivityObject
 {
     const char *type;
@@ -209,7 +209,7 @@ constexpr std::array kSeasons = std::to_array<SeasonFolder>({
     {'W', Season::WinterSnow, "WinterSnow/"},
 });
 
-/// The base picture is compressed; those of the four seasons are in blocks.
+/// The base texture is compressed. Snow and Night are uncompressed, all others are DXT1.
 AceFormat formatOf(Season season)
 {
     const bool plain = season == Season::Snow || season == Season::Night;

@@ -9,22 +9,22 @@
 
 namespace samples {
 
-/// A shape of a route, with its pictures.
+/// A shape of a route, with its textures.
 struct RouteShape
 {
     const char *route;
-    const char *name; ///< without extension; also that of its picture
+    const char *name; ///< without extension; its texture has the same name
     ShapeForm form;
     Building building;
-    int alternative; ///< setting in the descriptor; negative: no descriptor
-    /// The folders that hold the picture: 'b' base folder, 's' Snow, 'n' Night, 'p' Spring,
-    /// 'a' Autumn, 'w' Winter; capitals for the snow of the last three.
+    int alternative; ///< alternative textures in the descriptor; negative: no descriptor
+    /// The folders that hold the texture: 'b' base folder, 's' Snow, 'n' Night, 'p' Spring,
+    /// 'a' Autumn, 'w' Winter; capitals are the snow variants of the last three.
     const char *pictures;
 };
 
 std::span<const RouteShape> RouteShapes();
 
-/// All files of the routes.
+/// Returns all files of the routes.
 SampleFiles RouteFiles();
 
 } // namespace samples

@@ -38,7 +38,7 @@ void requireRange(const char *option, std::optional<int> value, int least, int m
                                  std::to_string(most));
 }
 
-/// Generated folders are the only ones that hold generated stock.
+/// Returns what to generate. Only generated folders receive generated stock.
 Extra extraOf(const Options &options, const Totals &least)
 {
     requireRange("folders", options.folders, least.folders, kMostFolders);

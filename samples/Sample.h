@@ -9,13 +9,13 @@
 /// docs/sample-installation.md describes it.
 namespace samples {
 
-/// Totals. Missing ones follow from the others, or are those of the default sample.
+/// The requested totals. Totals not given follow from the others or from the default sample.
 struct Options
 {
     std::optional<int> folders = {};        ///< folders with stock
     std::optional<int> stock = {};          ///< .eng and .wag files
     std::optional<int> consists = {};       ///< .con files
-    std::optional<std::uint64_t> seed = {}; ///< of the generated part; 1
+    std::optional<std::uint64_t> seed = {}; ///< of the generated part; default 1
 };
 
 struct Totals
@@ -23,15 +23,16 @@ struct Totals
     int folders = 0;
     int stock = 0;
     int consists = 0;
-    int files = 0; ///< all files written, without the marker
+    int files = 0; ///< all files written, except the marker
 };
 
 /// The name of the file that marks a folder as a generated sample.
 inline constexpr const char *kMarkerFile = "zelk-sample.txt";
 
 /// Writes the sample into `out`, which must be new, empty, or hold a sample with the same options.
-/// Such a sample is overwritten, other files in the folder stay. Equal options give equal bytes.
-/// Throws std::runtime_error, which describes the fault of the options, the folder or a file.
+/// Overwrites such a sample but leaves other files in the folder alone. Equal options give equal
+/// bytes. Throws std::runtime_error with a description if an option, the folder or a file is at
+/// fault.
 Totals WriteSample(const std::filesystem::path &out, const Options &options = {});
 
 } // namespace samples

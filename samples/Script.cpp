@@ -8,13 +8,13 @@
 namespace samples {
 namespace {
 
-/// A fault whose message names the line.
+/// A script error whose message names the line.
 struct LineFault : std::logic_error
 {
     using std::logic_error::logic_error;
 };
 
-/// Cuts a line at blanks outside brackets and quotes.
+/// Splits a line at blanks outside brackets and quotes.
 std::vector<std::string> wordsOf(std::string_view text)
 {
     std::vector<std::string> words;
@@ -105,7 +105,7 @@ void Script::load(std::string_view name, std::string_view text)
         const std::string place = std::string(name) + ':' + std::to_string(number);
         m_lines.push_back({place, indent, {}});
         for (std::string &word : wordsOf(line.substr(indent))) {
-            const bool header = word.back() == ':'; // the rest is like an indented line
+            const bool header = word.back() == ':'; // the rest of the line acts as an indented line
             if (header)
                 word.pop_back();
             m_lines.back().words.push_back(std::move(word));
@@ -126,7 +126,7 @@ std::size_t Script::endOf(std::size_t line) const
 
 void Script::run(std::size_t first, std::size_t last)
 {
-    bool done = false; // the branch of an `if`
+    bool done = false; // whether the last `if` ran its lines
     for (std::size_t at = first, next = first; at < last; at = next) {
         next = endOf(at);
         const std::vector<std::string> &words = m_lines[at].words;
@@ -192,7 +192,7 @@ bool Script::control(const std::vector<std::string> &words, std::size_t first, s
     return true;
 }
 
-/// Sets the columns of a table from the row that begins with the key.
+/// Sets a variable for each column, from the row that begins with the key.
 void Script::pickRow(const std::vector<std::string> &columns, std::size_t first, std::size_t last)
 {
     const auto &key = std::get<std::string>(Get(columns.at(1)));
@@ -215,7 +215,7 @@ void Script::call(const Definition &definition, Arguments &arguments)
     m_scopes.pop_back();
 }
 
-/// Runs the lines for each item, or for as many numbers of lists as there are names.
+/// Runs the lines once for each item. With several names, each run takes one value per name.
 void Script::each(const std::vector<std::string> &words, std::size_t first, std::size_t last)
 {
     List items;
@@ -236,7 +236,7 @@ void Script::each(const std::vector<std::string> &words, std::size_t first, std:
     }
 }
 
-/// Assigns to one name, or to several that are separated by commas.
+/// Sets one variable, or several whose names are separated by commas.
 void Script::let(Scope &scope, std::string_view names, const List &values)
 {
     const auto *one = values.size() == 1 ? std::get_if<List>(&values[0]) : nullptr;

@@ -12,16 +12,16 @@
 #include <variant>
 #include <vector>
 
-/// The language that describes models and pictures. docs/model-scripts.md explains it.
+/// The language that describes models and textures. docs/model-scripts.md explains it.
 namespace samples {
 
-/// Returns the text of an embedded script; throws std::out_of_range.
+/// Returns the text of an embedded script. Throws std::out_of_range if there is none.
 std::string_view ScriptText(std::string_view name);
 
 struct Value;
 using List = std::vector<Value>;
 
-/// A number, a colour, a text, a patch or a list. Access with a wrong type throws
+/// A number, a colour, a text, a patch or a list. Access as a wrong type throws
 /// std::bad_variant_access.
 struct Value : std::variant<float, Colour, std::string, Patch, List>
 {
@@ -29,16 +29,16 @@ struct Value : std::variant<float, Colour, std::string, Patch, List>
 
     float Number() const { return std::get<float>(*this); }
     const List &Items() const { return std::get<List>(*this); }
-    /// Item of a list as a number.
+    /// Returns an item of a list as a number.
     float operator[](std::size_t item) const { return Items().at(item).Number(); }
-    /// The value, or all values in its lists and their lists.
+    /// Returns the value itself, or the values of a list and of all lists in it.
     List Flat() const;
     Outline Points() const;
 };
 
 class Script;
 
-/// The arguments of a verb, taken from left to right.
+/// The arguments of a verb, read from left to right.
 class Arguments
 {
 public:
@@ -49,13 +49,13 @@ public:
     {
     }
 
-    /// Whether the last word holds more values.
+    /// True if the word that was read last holds more values.
     bool Inside() const { return !m_values.empty(); }
     bool More() const { return !m_values.empty() || m_next < m_words.size(); }
-    /// The next word, not evaluated, or the text of the variable that "$" names.
+    /// Returns the next word without evaluating it, or for `$name` the text of that variable.
     std::string Word();
     Value Next();
-    /// The next number. Takes lists apart.
+    /// Returns the next number, which may be inside a list.
     float Number();
     /// Runs the indented lines below the verb.
     void RunBody() const { m_body(); }
@@ -65,10 +65,10 @@ private:
     std::vector<std::string> m_words;
     std::function<void()> m_body;
     std::size_t m_next = 1;
-    List m_values; ///< of a word with several values, the next one last
+    List m_values; ///< unread values of the last word, the next one last
 };
 
-/// Runs scripts. Faults throw std::logic_error, which names the line.
+/// Runs scripts. A fault in a script throws std::logic_error, which names the line.
 class Script
 {
 public:
@@ -78,16 +78,16 @@ public:
     /// Sets a variable that all lines see.
     void Set(const std::string &name, Value value) { m_scopes.front()[name] = std::move(value); }
     const Value &Get(std::string_view name) const;
-    /// Takes over the variables and definitions of another script.
+    /// Copies the variables and definitions of another script.
     void Import(const Script &other);
-    /// Runs the embedded script with this name. Its definitions stay.
+    /// Runs the embedded script with this name. Its definitions remain.
     void Run(std::string_view name) { RunText(name, ScriptText(name)); }
-    /// Runs a text; faults name the lines after `name`.
+    /// Runs a text. The messages of faults use `name` as the name of the script.
     void RunText(std::string_view name, std::string_view text);
-    /// Runs a definition without parameters.
+    /// Calls a definition that has no parameters.
     void Call(const std::string &name) { execute({name}, 0, 0); }
     Value Evaluate(std::string_view expression) const { return EvaluateAll(expression).at(0); }
-    /// The values of expressions that are separated by commas.
+    /// Returns the values of expressions that are separated by commas.
     List EvaluateAll(std::string_view expressions) const;
 
 private:
@@ -116,7 +116,7 @@ private:
     void each(const std::vector<std::string> &words, std::size_t first, std::size_t last);
     void pickRow(const std::vector<std::string> &columns, std::size_t first, std::size_t last);
 
-    std::deque<Line> m_lines; ///< of all scripts; growth keeps references valid
+    std::deque<Line> m_lines; ///< of all scripts; references stay valid when it grows
     std::map<std::string, Verb> m_verbs;
     std::map<std::string, Definition> m_definitions;
     std::vector<Scope> m_scopes = std::vector<Scope>(1);

@@ -11,7 +11,7 @@
 namespace samples {
 namespace {
 
-/// Block names with consecutive tokens.
+/// Block names whose tokens are consecutive numbers.
 struct Tokens
 {
     std::uint32_t first;
@@ -106,7 +106,7 @@ void TextShapeSink::Put(std::string_view value)
 void BinaryShapeSink::Begin(std::string_view name, std::string_view label)
 {
     AppendU32(m_out, tokenOf(name));
-    AppendU32(m_out, 0); // the length, known at the end
+    AppendU32(m_out, 0); // the length, which End fills in
     m_open.push_back(m_out.size());
     m_out += static_cast<char>(label.size());
     appendUnits(m_out, label);

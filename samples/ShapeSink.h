@@ -15,7 +15,7 @@ struct Hex
     std::uint32_t value = 0;
 };
 
-/// Receives a shape block by block, value by value, in the order of the file.
+/// Receives a shape block by block, value by value, in file order.
 class ShapeSink
 {
 public:
@@ -34,13 +34,13 @@ public:
         Begin(name);
         (Put(values), ...);
     }
-    /// A block that holds only these values.
+    /// Writes a block that holds only these values.
     template <typename... Values> void Block(std::string_view name, const Values &...values)
     {
         Open(name, values...);
         End();
     }
-    /// A block with the number of the items, then the items as `put` writes them.
+    /// Writes a block that holds the number of items, then each item by calling `put`.
     template <typename Items, typename PutItem>
     void List(std::string_view name, const Items &items, const PutItem &put)
     {
@@ -51,8 +51,8 @@ public:
     }
 };
 
-/// Writes the text form: one line for each block except short ones, indented with tabs, LF line
-/// ends.
+/// Writes the text form, with LF line ends and indented with tabs. Each block begins a line, except
+/// vertex_uvs and tex_idxs.
 class TextShapeSink : public ShapeSink
 {
 public:
@@ -70,8 +70,8 @@ private:
     std::size_t m_depth = 0;
 };
 
-/// Writes the binary form. Text is ASCII. Throws std::invalid_argument for a block name without
-/// a token.
+/// Writes the binary form. Texts must be ASCII. Throws std::invalid_argument for a block name
+/// without a token.
 class BinaryShapeSink : public ShapeSink
 {
 public:

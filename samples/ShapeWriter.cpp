@@ -11,10 +11,10 @@
 namespace samples {
 namespace {
 
-/// A matrix and a material that parts are drawn with.
+/// The matrix and the material of a part.
 using VertexState = std::pair<std::uint32_t, int>;
 
-/// The different values in a list, in the order of their first use.
+/// The distinct values in a list, in order of first use.
 template <typename T> class Pool
 {
 public:
@@ -40,7 +40,7 @@ std::size_t indicesOf(const std::vector<ShapePart> &parts)
     return indices;
 }
 
-/// Describes a shape to a sink, block by block.
+/// Writes a shape to a sink, block by block.
 class Description
 {
 public:
@@ -77,7 +77,7 @@ private:
             m_sink.End();
     }
 
-    /// Puts an item that is a block with a text or a point.
+    /// Returns a function that writes an item as a block with a text or a point.
     auto named(const char *block)
     {
         return [this, block](const std::string &value) { m_sink.Block(block, value); };
@@ -141,7 +141,7 @@ private:
         end(3);
     }
 
-    /// Vertex states, and one primitive state for each part, in the order of the levels.
+    /// Writes the vertex states, and one primitive state for each part, in the order of the levels.
     void states()
     {
         m_sink.List("vtx_states", m_states.All(), [&](const VertexState &state) {
@@ -204,7 +204,7 @@ private:
         end(1);
     }
 
-    /// Each matrix with parts has a geometry node; the map holds -1 for the others.
+    /// Each matrix with parts has a geometry node. In the map, all other matrices are -1.
     void geometryInfo(const std::vector<ShapePart> &parts)
     {
         std::vector<std::vector<ShapePart>> nodes;

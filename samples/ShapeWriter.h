@@ -11,14 +11,14 @@
 
 namespace samples {
 
-/// v = 0 is the top row of the picture.
+/// Texture coordinates; v = 0 is the top row of the texture.
 struct Uv
 {
     float u = 0;
     float v = 0;
 };
 
-/// A quaternion x, y, z, w, conjugated as the files have it.
+/// A quaternion x, y, z, w, conjugated as in shape files.
 struct RotationKey
 {
     std::uint32_t frame = 0;
@@ -56,7 +56,7 @@ struct Surface
     bool operator==(const Surface &) const = default;
 };
 
-/// Triangles that share a surface and a matrix. (b-a) x (c-a) points out of the front.
+/// Triangles that share a surface and a matrix. Each faces along (b-a) x (c-a).
 struct ShapePart : Surface
 {
     std::string name;
@@ -75,7 +75,7 @@ struct ShapeLevel
 /// A shape; its levels of detail go from near to far and share points, matrices and images.
 struct ShapeModel
 {
-    Vec3 centre; ///< of the sphere around it
+    Vec3 centre; ///< of the bounding sphere
     float radius = 1;
     std::vector<Vec3> points;
     std::vector<Uv> uvs;
@@ -83,12 +83,12 @@ struct ShapeModel
     std::vector<ShapeMatrix> matrices;
     std::vector<std::string> images;
     std::vector<ShapeLevel> levels;
-    std::uint32_t frames = 0; ///< of the animation at 30 a second; 0 for none
-    /// Written as the count of images instead of the true one.
+    std::uint32_t frames = 0; ///< of the animation, 30 per second; 0 for no animation
+    /// The number of images to declare, if not the true one.
     std::optional<std::uint32_t> imagesDeclared;
 };
 
-/// The forms of shape files.
+/// The file forms of a shape.
 enum class ShapeForm
 {
     TextUtf16,
@@ -96,8 +96,8 @@ enum class ShapeForm
     TextLateMark, ///< 8-bit, with a line end before the header line
     Binary,
     Compressed,
-    CompressedOddHeader,    ///< the inner header is a character short and ends in an odd byte
-    CompressedTrailingBytes ///< other bytes follow the compressed part
+    CompressedOddHeader,    ///< the inner header is one character short and ends in an odd byte
+    CompressedTrailingBytes ///< more bytes follow the compressed part
 };
 
 bool IsTextForm(ShapeForm form);
@@ -105,7 +105,8 @@ bool IsTextForm(ShapeForm form);
 /// Returns the bytes of a shape file.
 std::string ShapeBytes(const ShapeModel &model, ShapeForm form);
 
-/// One triangle with the first image, facing towards -Z. The shape lists all the images.
+/// Returns a shape with one triangle, which faces -Z and uses the first image. The shape names all
+/// images.
 ShapeModel SmallestShape(std::vector<std::string> images);
 
 } // namespace samples

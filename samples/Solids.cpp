@@ -13,7 +13,7 @@ namespace {
 constexpr float kTurn = 2 * std::numbers::pi_v<float>;
 constexpr float kRoundCorner = 0.76F; ///< cosine of the largest angle between smooth faces
 
-/// A line of a profile with the normals at its ends and their places along the whole, 0 to 1.
+/// A line of a profile, with the normals at its ends and its range along the profile, 0 to 1.
 struct Segment
 {
     Vec2 from, to;
@@ -52,8 +52,8 @@ std::vector<Segment> segmentsOf(const Outline &line)
     return all;
 }
 
-/// The face that a segment leaves behind when it moves from `a` to `b`. `place` puts a point of
-/// the profile into space.
+/// Returns the face that a segment sweeps from `a` to `b`. `place` maps a point of the profile
+/// to space.
 std::array<Vertex, 4> extruded(const Segment &s, const std::function<Vec3(Vec2, float)> &place,
                                float a, float b, const Patch &patch)
 {
@@ -65,7 +65,7 @@ std::array<Vertex, 4> extruded(const Segment &s, const std::function<Vec3(Vec2, 
              {place(s.to, a), to, {patch.u0, patch.v1}}}};
 }
 
-/// The direction of the axis and two directions across it.
+/// Returns the direction of the axis and two directions perpendicular to it.
 std::array<Vec3, 3> frameOf(Axis axis)
 {
     if (axis == Axis::X)
@@ -75,14 +75,14 @@ std::array<Vec3, 3> frameOf(Axis axis)
     return {{{0, 0, 1}, {1, 0, 0}, {0, 1, 0}}};
 }
 
-/// The direction of one of `sides` steps around a circle.
+/// Returns the direction of a step around a circle of `sides` steps.
 Vec3 around(int step, int sides, const Vec3 &across, const Vec3 &up)
 {
     const float angle = kTurn * static_cast<float>(step % sides) / static_cast<float>(sides);
     return across * std::cos(angle) + up * std::sin(angle);
 }
 
-/// The texture coordinate of a step around a circle.
+/// Returns the texture coordinate of a step around a circle.
 float uAt(const Patch &patch, int step, int sides)
 {
     return std::lerp(patch.u0, patch.u1, static_cast<float>(step) / static_cast<float>(sides));

@@ -108,7 +108,7 @@ std::string soundText(const Sound &sound)
     return out + "\t\t)\n\t)\n)\n";
 }
 
-/// A short square wave, 8 bits, mono.
+/// Returns a short square wave, 8-bit mono.
 std::string waveBytes()
 {
     constexpr std::uint32_t rate = 11025;

@@ -29,11 +29,11 @@ inline bool IsEngine(Kind kind)
     return kind == Kind::Diesel || kind == Kind::Electric || kind == Kind::Steam;
 }
 
-/// Irregular notations in real stock files that readers must accept.
+/// Irregular notations that occur in real stock files; readers must accept them.
 enum class Quirk
 {
     None,
-    DisabledSize,    ///< `#Size ( ... )` before the live one
+    DisabledSize,    ///< `#Size ( ... )` before the valid `Size`
     HashNote,        ///< `#( text )` between blocks
     LoneQuote,       ///< a comment with one quote, which extends to the end of the file
     SurplusBracket,  ///< one `)` too many at the end
@@ -41,11 +41,11 @@ enum class Quirk
     TightComment,    ///< `45t #est)`
     LineComment,     ///< `// text` at the end of a line
     SkippedProse,    ///< `_skip ( prose )`
-    Include,         ///< a file that only the successor of the simulator reads
-    BracketInComment ///< an unequal bracket within quotes within a comment
+    Include,         ///< a file that only Open Rails reads
+    BracketInComment ///< an unbalanced bracket in quotes in a comment
 };
 
-/// A fault in the blocks of a stock file. Faults that are missing files need no entry here.
+/// A fault in the blocks of a stock file. References to missing files need no entry here.
 enum class Fault
 {
     None,
@@ -57,7 +57,7 @@ enum class Fault
     NoEngineSound
 };
 
-/// One .eng or .wag. References have the spelling of the file, decoded.
+/// One .eng or .wag. References are spelled as in the file, after decoding.
 struct Vehicle
 {
     const char *folder;
@@ -75,15 +75,15 @@ struct Vehicle
     Fault fault = Fault::None;
 };
 
-/// One shape in a stock folder. It uses its own picture and those that the folder shares; in the
-/// repair sidings it uses only its own.
+/// One shape in a stock folder. It uses its own texture and those that the folder shares. In the
+/// repair sidings, it uses only its own.
 struct StockShape
 {
     const char *folder;
-    const char *name; ///< without extension; also that of its first picture
+    const char *name; ///< without extension; its first texture has the same name
     ShapeForm form;
     Design design;
-    const char *initials; ///< painted on, with the number
+    const char *initials; ///< painted on the sides, with the number
     const char *number;
     Colour base;
     Colour trim;
@@ -97,7 +97,8 @@ struct StockShape
 std::span<const Vehicle> Vehicles();
 std::span<const StockShape> StockShapes();
 
-/// Returns the vehicle with this file, which is unique; throws std::out_of_range.
+/// Returns the vehicle with this file name, which is unique. Throws std::out_of_range if there is
+/// none.
 const Vehicle &FindVehicle(std::string_view file);
 
 /// Width and height of a vehicle without a model, in metres.
@@ -112,11 +113,11 @@ std::string StockPath(const Vehicle &vehicle);
 std::string DescriptorBytes(std::string_view shapeFile, int alternative, const Vec3 &low,
                             const Vec3 &high);
 
-/// All stock files, shapes, descriptors and pictures.
+/// Returns all stock files, shapes, descriptors and textures.
 SampleFiles StockFiles();
-/// All sound files (.sms) with their waves.
+/// Returns all sound files (.sms) with their wave files.
 SampleFiles SoundFiles();
-/// All cab views with their pictures.
+/// Returns all cab views with their textures.
 SampleFiles CabFiles();
 
 } // namespace samples

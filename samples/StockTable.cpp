@@ -100,7 +100,7 @@ constexpr AceFormat kPlain{}, kLevels{.mipmaps = true}, kPacked{.mipmaps = true,
 constexpr AceFormat kMask{.alpha = AceAlpha::Mask}, kFull{.alpha = AceAlpha::Full, .compressed = true};
 constexpr AceFormat kDxt{.mipmaps = true, .dxt1 = true}, kDxtMask{.alpha = AceAlpha::Mask, .mipmaps = true, .dxt1 = true, .compressed = true};
 
-// One row per shape: folder, name, form, design, lettering, colours, picture, faults.
+// One row per shape: folder, name, form, design, lettering, colours, texture, faults.
 constexpr std::array kShapes = std::to_array<StockShape>({
     {kArdmoor, "avr_d401", S::TextUtf16, D::HoodDiesel, "ARDMOOR VALLEY", "D401", kBlue, kCream, kLevels},
     {kArdmoor, "avr_hopper_11", S::Binary, D::Hopper, "AVR", "11", kBlack, kWhite, kPacked},

@@ -43,8 +43,8 @@ std::string sizeLine(Vec2 section, float length)
     return line("Size", metres(section.x) + ' ' + metres(section.y) + ' ' + metres(length));
 }
 
-/// Lines at the end of the Wagon block. Checks need only the lines before them, so that it does
-/// not matter how a reader interprets them.
+/// Returns the irregular lines at the end of the Wagon block. Checks need only the lines before
+/// them, so it does not matter how a reader interprets these.
 std::string quirkLines(Quirk quirk)
 {
     switch (quirk) {
@@ -115,7 +115,8 @@ std::string folderPath(std::string_view folder)
     return std::string(kTrainset) + std::string(folder) + '/';
 }
 
-/// The length of the first vehicle with the shape. All vehicles with a shape have the same length.
+/// Returns the length of the vehicle that the shape is named after. All vehicles that share a shape
+/// have the same length.
 float lengthFor(const StockShape &shape)
 {
     for (const Vehicle &v : Vehicles())
@@ -165,7 +166,7 @@ void addShape(SampleFiles &files, const StockShape &shape, const PaintedModel &v
         files.push_back({path + ".ace", AceBytes(vehicle.picture, shape.picture)});
 }
 
-/// The pictures that the vehicles of a folder share. Every second folder has the gear in blocks.
+/// Adds the textures that the vehicles of a folder share. In every second folder, gear is DXT1.
 void addShared(SampleFiles &files)
 {
     std::set<std::string_view> folders;
@@ -190,7 +191,7 @@ std::string lower(std::string text)
     return text;
 }
 
-/// The key by which vehicles find a shape: folder and file, ignoring case.
+/// Returns the key by which vehicles find a shape: folder and file in lower case.
 std::string keyOf(std::string_view folder, std::string_view shapeFile)
 {
     return lower(std::string(folder) + '/' + std::string(shapeFile));

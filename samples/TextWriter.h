@@ -8,8 +8,8 @@ namespace samples {
 
 enum class Encoding
 {
-    Utf16Le,      ///< with BOM, as nearly all content
-    Utf16LeNoBom, ///< as some tools write
+    Utf16Le,      ///< with BOM, like nearly all content
+    Utf16LeNoBom, ///< some tools write it
     Utf16Be,      ///< with BOM
     Utf8,         ///< without BOM
     Utf8Bom,
@@ -41,7 +41,7 @@ struct TextFormat
 /// outside the encoding.
 std::string EncodeText(std::string_view kind, std::string_view body, const TextFormat &format = {});
 
-/// Returns the notation of a value in a file: bare if possible, else in quotes with escapes.
+/// Returns a value as files spell it: bare if possible, else in quotes with escapes.
 std::string Quoted(std::string_view value);
 
 /// Returns the shortest decimal notation that reads back as the same number, with a point.

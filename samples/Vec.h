@@ -11,7 +11,7 @@ struct Vec2
     float y = 0;
 };
 
-/// Metres; left-handed: X right, Y up, Z forward.
+/// A point or vector in metres. Left-handed: X is right, Y up, Z forward.
 struct Vec3
 {
     float x = 0;
@@ -36,7 +36,7 @@ inline Vec3 Cross(const Vec3 &a, const Vec3 &b)
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
 
-/// The vector with length 1; upwards for a vector without length.
+/// Returns the vector scaled to length 1; upwards for the zero vector.
 inline Vec3 Normalised(const Vec3 &a)
 {
     const float length = std::sqrt(Dot(a, a));

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::array kLevelDistances = {90.0F, 350.0F, 2000.0F};
 
-/// The name of each design in the scripts, and its script. In the order of Design.
+/// The name of each design in the scripts, and the script that draws it, in the order of Design.
 constexpr std::array kScripts = std::to_array<std::pair<const char *, const char *>>({
     {"BoxCar", "van"},
     {"IceVan", "van"},
@@ -35,9 +35,9 @@ constexpr std::array kScripts = std::to_array<std::pair<const char *, const char
     {"Tender", "tender"},
 });
 
-/// The surfaces that patches select with Patch::look: the vehicle's own picture, that of the gear,
-/// the same with its mask, the own one with its mask, and glass. A lone vehicle has only the first
-/// two, so that pieces with the others are left out.
+/// Returns the surfaces that Patch::look selects: the vehicle's own texture, the gear texture, the
+/// gear texture with its mask, the own texture with its mask, and glass. A vehicle that uses only
+/// its own texture has just the first two; faces with other surfaces are left out.
 std::vector<Surface> looksOf(const Plan &plan)
 {
     if (plan.alone)
@@ -53,7 +53,7 @@ std::vector<Surface> looksOf(const Plan &plan)
     };
 }
 
-/// The picture of running gear and small parts, with its patches.
+/// Returns the texture of running gear and small parts, with its patches.
 Modeller &gear()
 {
     static Modeller gear(256, {52, 50, 50});

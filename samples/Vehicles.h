@@ -8,7 +8,7 @@
 
 namespace samples {
 
-/// The kinds of vehicles with a model.
+/// The kinds of vehicle models.
 enum class Design
 {
     BoxCar,
@@ -36,23 +36,23 @@ enum class Design
 /// The appearance of a model.
 struct Plan
 {
-    float length = 12; ///< over couplings, in metres
+    float length = 12; ///< over the couplings, in metres
     Colour base;
     Colour trim;
     std::string initials;
     std::string number;
-    AceAlpha alpha = AceAlpha::None; ///< of the vehicle's own picture
-    bool alone = false;              ///< uses only its own, small picture; no gratings, no glass
+    AceAlpha alpha = AceAlpha::None; ///< of the vehicle's own texture
+    bool alone = false;              ///< uses only its own small texture; no gratings, no glass
     std::vector<std::string> images; ///< file names; the first is the vehicle's own
 };
 
-/// Builds the model with the vehicle's own picture.
+/// Returns the model with the vehicle's own texture.
 PaintedModel BuildVehicle(Design design, const Plan &plan);
 
 inline constexpr const char *kGearFile = "gear.ace";
 inline constexpr const char *kGlassFile = "glass.ace";
 
-/// The pictures that vehicles of a folder share: gear (with a mask) and window glass (8-bit alpha).
+/// The textures that the vehicles of a folder share: gear (mask) and window glass (8-bit alpha).
 const Picture &GearPicture();
 const Picture &GlassPicture();
 
