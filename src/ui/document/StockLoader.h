@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/StockList.h"
+#include "install/Environment.h"
 
 #include <QElapsedTimer>
 #include <QObject>
