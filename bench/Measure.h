@@ -18,15 +18,15 @@ struct Row
     double processor = 0; ///< ratio of the processor times; 0 if not measured
 };
 
-/// Prints a table of the rows to the standard output, with the ratios of the measured values and of
-/// the processor times.
+/// Prints a table of the rows to standard output, with the ratios of the measured values and of the
+/// processor times.
 void PrintTable(const std::vector<Row> &rows);
 
 /// Returns the duration of one call, in milliseconds.
 double Milliseconds(const std::function<void()> &work);
 
 /// Runs both alternately and stores the shortest time of each, because disturbances only add time.
-/// For the processor times, which are disturbed less and have a coarse clock, it uses the sums.
+/// For processor times it uses the sums, because they are disturbed less and their clock is coarse.
 Row Compare(std::string what, const std::function<void()> &work, std::string yardstick,
             const std::function<void()> &yardstickWork, int rounds = 7);
 

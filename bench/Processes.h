@@ -14,7 +14,7 @@ void RunQuietly(const std::vector<std::string> &command);
 /// Like RunQuietly, but returns what the program wrote to its standard output.
 std::string RunForOutput(const std::vector<std::string> &command);
 
-/// Returns the peak memory in MiB that `work` needs beyond the present memory of this process. The
+/// Returns the peak memory in MiB that `work` needs beyond the current memory of this process. The
 /// work is done in a child process.
 double PeakMebibytes(const std::function<void()> &work);
 

@@ -15,7 +15,7 @@ struct SampleTrain
     static constexpr std::size_t kVehicles = 100, kKinds = 20;
 
     std::string folder;  ///< of the installation
-    std::string name;    ///< in the list of consists, which it begins
+    std::string name;    ///< its name in the list of consists, where it comes first
     std::string consist; ///< its file
     std::vector<install::StockItem> kinds;
 

@@ -1,6 +1,6 @@
 # shellcheck shell=bash disable=SC2154
 # SPDX-License-Identifier: MIT
-# Sourced after lib.sh: drives the ZELK with the process id $zelk and the trace log $log, on an X
+# Sourced after lib.sh: drives the ZELK process with the id $zelk and the trace log $log, on an X
 # display that no other program uses. Pictures go into the folder $pictures.
 
 limit=30 # seconds that anything may take to appear
@@ -69,7 +69,7 @@ show_main_window() {
 # window, since without a window manager nothing else does.
 main_window_alone() { ! window_named "$1" && xdotool windowfocus --sync "$window"; }
 
-# leave KEY...: presses keys one after the other; ZELK must end then.
+# leave KEY...: presses keys one after the other; ZELK must then exit.
 leave() {
   local deadline=$((SECONDS + limit)) key
   for key in "$@"; do xdotool key "$key"; done

@@ -62,7 +62,7 @@ std::vector<install::Route> chosenRoutes(const std::vector<std::string> &answer,
                      [&](const install::Route &route) {
                          return validation::SelectorEntries(ListText(route)).front().text == *text;
                      });
-        if (routes.size() == before) // not a route shown: the check reports it missing
+        if (routes.size() == before) // not one of the routes shown: the check reports it as missing
             routes.push_back({*text, {}});
     }
     return routes;

@@ -37,7 +37,7 @@ public:
     virtual void SetStatus(const std::string &text) = 0;
     /// Shows the progress of the check, 0 to `total`; a `total` of 0 means that it has ended.
     virtual void SetProgress(int done, int total) = 0;
-    /// Processes pending window events. Anything may happen in it: windows close, commands start.
+    /// Processes pending window events. During this call, windows may close and commands may start.
     virtual void ProcessEvents() = 0;
     /// Returns the current date and time as reports show it.
     virtual std::string Now() = 0;
@@ -54,21 +54,21 @@ public:
     /// `host` must outlive the object.
     CheckCommands(const install::Environment &environment, CheckHost &host);
 
-    /// Checks what uses the target, and whether the target finds all that it needs. No target means
-    /// no window.
+    /// Checks what uses the target, and whether all files that the target needs exist. No target
+    /// means that there is no window.
     void CheckDependencies(const std::optional<CheckTarget> &target);
     /// Checks that every vehicle of the current consist exists, with its shape.
     void CheckConsistStock(const std::optional<CheckTarget> &target);
     /// Asks first, and then checks all installed stock.
     void CheckAllStock();
-    /// Checks nothing. Complains if no stock is shown; otherwise shows which commands check
+    /// Checks nothing. Shows an error if no stock is shown; otherwise shows which commands check
     /// textures.
     void CheckStockTextures(const std::optional<CheckTarget> &target);
 
     bool Running() const { return m_running; }
-    /// Ends a running check soon. Its report then states that it is not complete.
+    /// Asks a running check to end. Its report then states that it is not complete.
     void Stop();
-    /// Like Stop, but without a report: the program ends.
+    /// Like Stop, but without a report, because the program is ending.
     void Abandon();
 
 private:

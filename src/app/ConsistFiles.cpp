@@ -25,7 +25,7 @@ bool isControl(char c)
     return static_cast<unsigned char>(c) < 0x20;
 }
 
-/// Returns false for clipboard text from elsewhere, which cannot be the name of a file.
+/// Returns false for clipboard text from another program that cannot be a file name.
 bool canBeName(const std::string &text)
 {
     return text.size() <= kLongestName && std::none_of(text.begin(), text.end(), isControl);

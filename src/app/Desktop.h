@@ -7,7 +7,7 @@
 
 namespace app {
 
-/// The desktop around the program. The program uses Qt's, tests use a record.
+/// The desktop around the program. The program uses Qt for it; tests record the requests.
 class Desktop
 {
 public:
@@ -21,10 +21,10 @@ public:
     virtual bool OpenWeb(const std::string &address) = 0;
     /// Associates consist files with this program. Fails as app::AssociateConsistFiles does.
     virtual void AssociateConsistFiles() = 0;
-    /// Moves a file of the disk to the user's wastebasket, from which the desktop can restore it.
-    /// Returns false when the file's volume has no wastebasket, or it does not accept the file; the
-    /// file then stays. Throws RuntimeError 53, 70, 75 or 76, with the path and the reason, when
-    /// the file cannot be moved at all.
+    /// Moves a file on disk to the user's wastebasket, from which the desktop can restore it.
+    /// Returns false when the file's volume has no wastebasket, or the wastebasket does not accept
+    /// the file; the file then stays where it is. Throws RuntimeError 53, 70, 75 or 76, with the
+    /// path and the reason, when the file cannot be moved at all.
     virtual bool MoveToWastebasket(const std::string &file) = 0;
 };
 

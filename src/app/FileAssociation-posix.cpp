@@ -77,7 +77,7 @@ bool remove(const std::string &file)
     return true;
 }
 
-/// Runs a tool of the desktop, which may be missing, and waits for its end. Hides its output.
+/// Runs a tool of the desktop, which may be missing, and waits until it ends. Hides its output.
 void runTool(std::string tool, std::string argument)
 {
     posix_spawn_file_actions_t actions;
@@ -173,7 +173,7 @@ void setDefault(const std::string &entry)
     const std::string file = defaultsFile();
     std::string text;
     if (const auto unread = disk::Read(file, kLimit, text); !isMissing(unread))
-        check(file, unread); // so that the user's choices are not lost
+        check(file, unread); // so that the user's choices are kept
     host::IniFile defaults = host::IniFile::FromText(text);
     const std::string before = defaults.Value(kDefaults, kType).value_or("");
     std::vector<std::string> entries = host::Split(before, ';');

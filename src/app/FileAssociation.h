@@ -3,11 +3,11 @@
 
 #include <string>
 
-/// The desktop's reaction when the user opens a consist file (".con").
+/// The desktop's association of consist files (".con") with a program.
 namespace app {
 
 /// Associates this user's consist files with `program`, the full path of an executable. Calling it
-/// again renews the association.
+/// again repeats the association.
 ///
 /// On systems other than Windows, writes the file type (application/x-msts-consist) and a desktop
 /// entry into $XDG_DATA_HOME, unless the program is installed where the desktop finds both. Then
@@ -15,8 +15,8 @@ namespace app {
 /// file. Desktops ignore the entry once the program is gone.
 ///
 /// Throws RuntimeError 70, 75 or 76, with the file and the reason, if a file cannot be written.
-/// Throws 5 if a desktop cannot start a program of that name, or if a tool of the desktop fails
-/// (the detail names it). Skips tools that are missing: such systems do not need them.
+/// Throws 5 if desktops cannot start a program with that name, or if a desktop tool fails; the
+/// detail names the tool. Skips tools that are missing: such systems do not need them.
 void AssociateConsistFiles(const std::string &program);
 
 /// Removes what AssociateConsistFiles wrote for this user, and nothing else: a default that the

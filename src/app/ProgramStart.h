@@ -10,7 +10,7 @@ class GameFiles;
 
 namespace app {
 
-/// The way to start another program on this machine.
+/// How to start another program on this machine.
 struct ProgramStart
 {
     std::string program; ///< full path of the executable that the system runs

@@ -21,8 +21,8 @@ enum class GuidePage
 /// beside the program, or in share/zelk/guide under the folder where the program is installed.
 std::string FindGuide(GuidePage page);
 
-/// The commands that reach outside the program. They report what cannot be done, and throw
-/// RuntimeError only if the machine refuses.
+/// The commands that use other programs and the desktop. They report in a message what cannot be
+/// done, and throw RuntimeError only for failures of the machine.
 class ShellCommands
 {
 public:

@@ -5,8 +5,8 @@
 
 namespace app {
 
-/// Moves a file of the disk to the user's wastebasket. Returns and throws as
-/// Desktop::MoveToWastebasket does.
+/// Moves a file on disk to the user's wastebasket. Returns and throws as Desktop::MoveToWastebasket
+/// does.
 bool MoveToWastebasket(const std::string &file);
 
 } // namespace app

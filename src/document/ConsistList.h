@@ -14,7 +14,7 @@ class Installation;
 
 namespace document {
 
-/// The folder of the consists, below the installation folder.
+/// The folder that contains the consists, below the installation folder.
 inline constexpr std::string_view kConsists = "Trains/Consists";
 
 /// Returns the names of the installed consists that match the filter (host/Filter.h), in listing

@@ -5,8 +5,8 @@
 
 namespace document {
 
-/// Throws RuntimeError 75 for a name that no list could show: one of blanks only. The detail names
-/// `path`, the file of the consist.
+/// Throws RuntimeError 75 for a blank name, which no list could show. The detail names `path`, the
+/// file of the consist.
 void CheckConsistName(const std::string &name, const std::string &path);
 
 /// Like CheckConsistName, but also throws for a name that leads out of the consist folder or that

@@ -73,7 +73,7 @@ void ConsistTree::rebuildRows()
     }
 }
 
-/// Returns a value to show; "" if any block on the way to it is absent.
+/// Returns a value to show; "" if any of the blocks around it is absent.
 std::string ConsistTree::trainValue(std::string_view name, int index) const
 {
     return stavfile::ValueAt(stavfile::ChildOf(install::FindTrain(m_file), name), index);
@@ -203,7 +203,7 @@ EditResult ConsistTree::backwards(int row)
     const int below = m_rows[static_cast<std::size_t>(row)].position;
     const StfNode entry = children.Item(from);
     children.Remove(from);
-    children.Insert(entry, below); // behind the unit below, which has moved up by one
+    children.Insert(entry, below); // after the unit below, which has moved up by one
     rebuildRows();
     return {row + 1, {}};
 }

@@ -40,13 +40,13 @@ struct EditResult
 {
     int selectedRow = 0;  ///< 1-based row to select, 0 for none
     std::string message;  ///< a remark for the status bar, often ""
-    bool refused = false; ///< nothing was changed; the message states why
+    bool refused = false; ///< nothing was changed; the message gives the reason
 };
 
 /// A consist document and its edits. The tree is the data; the rows are a view of it, rebuilt after
 /// each edit. Rows count from 1; 0 means "none selected".
 ///
-/// The rows end before the first unit that cannot be listed. That unit and all units behind it stay
+/// The rows end before the first unit that cannot be listed. That unit and all units after it stay
 /// in the tree, and no edit changes them.
 class ConsistTree
 {
@@ -88,7 +88,7 @@ public:
     void Save(const std::string &path);
 
     /// True if `path` leads to the file that was last loaded or saved, and the file now has other
-    /// content: saving would overwrite a change that somebody else has made.
+    /// content: saving would overwrite another program's change.
     bool ChangedOnDisk(const std::string &path) const { return m_onDisk.HasChanged(m_files, path); }
 
     /// Writes a copy as Save would. The document, its name and Changed stay as they are.

@@ -12,7 +12,7 @@ namespace document {
 
 class ConsistTree;
 
-/// How saving asks for file names and confirmation.
+/// The dialogs and settings that saving uses to ask for file names and confirmation.
 struct SaveQuestions
 {
     host::Dialogs &dialogs;
@@ -31,12 +31,12 @@ struct SaveOutcome
 /// Saves a consist whose file is `fileName`:
 ///
 /// - Without a file name, asks for one. A name chosen in the dialog always ends in ".con".
-/// - Asks before overwriting a change that somebody else has made; any answer but Yes stops.
+/// - Asks before overwriting another program's change; any answer but Yes cancels the save.
 /// - Asks before overwriting any file. Yes deletes the file and writes the consist. No drops the
-///   file name and asks for another one. Cancel reports that and stops.
+///   file name and asks for another one. Cancel reports that the consist was not saved, and stops.
 ///
 /// A failure is reported with the whole path and the reason, and the consist keeps its file name.
-/// If the old file is deleted by then, the tree counts as changed. A `quiet` save keeps the
+/// If the old file has already been deleted, the tree counts as changed. A `quiet` save keeps the
 /// caption.
 SaveOutcome SaveConsist(ConsistTree &tree, const std::string &fileName,
                         const SaveQuestions &questions, bool quiet);
@@ -46,8 +46,8 @@ SaveOutcome SaveConsist(ConsistTree &tree, const std::string &fileName,
 SaveOutcome SaveConsistAs(ConsistTree &tree, const std::string &fileName,
                           const SaveQuestions &questions);
 
-/// Asks whether to overwrite the file if somebody else has changed it since it was read. True when
-/// it is unchanged, belongs to another consist, or the answer is Yes.
+/// Asks whether to overwrite the file if another program has changed it since it was read. True
+/// when it is unchanged, belongs to another consist, or the answer is Yes.
 bool MayOverwrite(const ConsistTree &tree, const std::string &fileName, host::Dialogs &dialogs);
 
 } // namespace document

@@ -39,7 +39,8 @@ std::optional<std::string> lessened(const std::string &text, int units)
     if (!value)
         return std::nullopt;
     const double less = *value - units;
-    return less == *value ? text : written(less, text); // large numbers have gaps: no change then
+    // A number can be too large for a double to show the difference; it then stays as it is.
+    return less == *value ? text : written(less, text);
 }
 
 } // namespace

@@ -7,8 +7,9 @@
 
 namespace document {
 
-/// The counter NextWagonUID of a consist: the identifier of the next unit, also used as the number
-/// of units. A consist without a counter gives every unit the identifier 0 and counts nothing.
+/// The counter NextWagonUID of a consist: the identifier of the next unit, which also serves as the
+/// number of units. A consist without a counter gives every unit the identifier 0 and counts
+/// nothing.
 class UnitCounter
 {
 public:

@@ -271,7 +271,7 @@ void GlDevice::BeginFrame(const FrameSetup &setup)
     glCullFace(GL_BACK);
     glFrontFace(GL_CW);
     glEnable(GL_MULTISAMPLE);
-    // The frame's own alpha stays 1; otherwise what is behind the window would show through.
+    // The frame's own alpha stays 1; otherwise the windows behind this one would show through.
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
     setFrame(setup);
     m_lastMesh = 0;

@@ -13,8 +13,8 @@
 
 namespace korvat {
 
-/// A device on OpenGL 3.3. The context that it was created with must be current in every call,
-/// including the destructor.
+/// A device that uses OpenGL 3.3. The context that it was created with must be current in every
+/// call, including the destructor.
 class GlDevice : public Device, private QOpenGLFunctions_3_3_Core
 {
 public:

@@ -142,7 +142,7 @@ private:
         }
     }
 
-    /// Least number of batches per worker, so that all workers have work until the end.
+    /// Minimum number of batches per worker, so that all workers have work until the end.
     static constexpr std::size_t kShares = 8;
     static constexpr std::size_t kLongest = 16;
 

@@ -10,13 +10,12 @@
 namespace host {
 
 /// Returns the arguments after the program's name: the bytes of argv. On Windows they are UTF-8
-/// from the command line that the system keeps, since argv loses what its code page does not
-/// contain.
+/// from the system's own command line, because argv loses characters that are not in its code page.
 std::vector<std::string> Arguments(int argc, char **argv);
 
-/// Returns the arguments as one text. On Windows this is everything that follows the program's
-/// name, byte for byte, since quotes and blanks have a meaning there that arguments have lost.
-/// Elsewhere it is the arguments, joined by one blank.
+/// Returns the arguments as one text. On Windows this is everything after the program's name, byte
+/// for byte, because split arguments no longer show the original quotes and blanks. Elsewhere it is
+/// the arguments, joined by single blanks.
 std::string CommandLine(int argc, char **argv);
 
 enum class Stream
@@ -33,11 +32,11 @@ struct WriteFailure
 };
 
 /// Writes UTF-8 text to a standard stream at once and byte for byte, without carriage returns. A
-/// Windows console gets characters, whatever its code page, so the text must not end within one.
-/// Returns the failure if not all could be written.
+/// Windows console gets whole characters, independent of its code page, so the text must not end
+/// inside a character. Returns the failure if not all could be written.
 std::optional<WriteFailure> WriteTo(Stream stream, std::string_view text);
 
-/// True if the stream is a terminal, so that somebody can watch what is written.
+/// True if the stream is a terminal, so that a user can watch the output.
 bool IsTerminal(Stream stream);
 
 } // namespace host

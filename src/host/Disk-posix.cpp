@@ -148,7 +148,8 @@ Failure WhyAbsent(const std::string &path)
 std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes)
 {
     bytes.clear();
-    // Does not block: a pipe of that name would stop the program until somebody writes into it.
+    // Does not block: a pipe of that name would stop the program until another program writes into
+    // it.
     Handle file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status = {};
     if (!file || fstat(file.Number(), &status) != 0)

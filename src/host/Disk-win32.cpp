@@ -18,7 +18,7 @@ const bool kIgnoresCase = true;
 
 namespace {
 
-/// Makes an empty drive an ordinary error, not a box of the system that waits for a disk.
+/// Makes an empty drive an ordinary error, instead of a system dialog that waits for a disk.
 [[maybe_unused]] const UINT kQuiet = SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -77,8 +77,8 @@ Kind kindOf(DWORD attributes)
     return attributes & FILE_ATTRIBUTE_DEVICE ? Kind::Other : Kind::File;
 }
 
-/// Only links count as links; other reparse points (files in a cloud, compressed files) are what
-/// they seem.
+/// Only links count as links; other reparse points (cloud files, compressed files) count as
+/// ordinary files.
 Kind kindOf(const WIN32_FIND_DATAW &entry)
 {
     const bool isLink = (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) &&
@@ -343,7 +343,7 @@ std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::s
     bytes.clear();
     const std::wstring system = SystemPath(path);
     DWORD attributes = 0;
-    if (IsDevice(system)) // opening one may wait for somebody to type
+    if (IsDevice(system)) // opening a console may wait for input
         return Failure{ErrorNumber::PathFileAccess, "it is not a file"};
     if (const DWORD error = attributesOf(system, attributes); error != ERROR_SUCCESS)
         return FailureOf(error, ErrorNumber::FileNotFound);
@@ -404,7 +404,8 @@ std::optional<Failure> MakeFolders(const std::string &folder)
 
 bool IsWritableFolder(const std::string &folder)
 {
-    // Only an attempt shows it: permissions, rights of the process and the disk itself all matter.
+    // Only an attempt to write can show this: permissions, privileges of the process and the disk
+    // itself all matter.
     const std::wstring probe =
         SystemPath(Join(folder, ".zelk-" + std::to_string(GetCurrentProcessId()) + '-' +
                                     std::to_string(GetCurrentThreadId()) + ".try"));

@@ -22,7 +22,7 @@ enum class Kind : std::uint8_t
     Absent,
     File,
     Folder,
-    Link, ///< only in listings: its target is looked up on use
+    Link, ///< only in listings; the target is looked up when the entry is used
     Other ///< pipes, sockets, devices: never a file of the game
 };
 
@@ -32,7 +32,7 @@ struct Failure
     std::string reason;
 };
 
-/// The reason of a failure, the same on every system.
+/// The reason for a failure, the same on every system.
 inline constexpr const char *kNameTooLong = "the name is too long: choose a shorter one";
 
 /// Identity and time stamps of a file or folder; any change to it changes the stamp.
@@ -76,7 +76,7 @@ Failure WhyAbsent(const std::string &path);
 
 /// Reads the whole content of a file; error 5 above `limit` bytes.
 std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes);
-/// Returns the failure of Read for a larger file.
+/// Returns the failure that Read reports for a file above its limit.
 Failure TooLarge(std::uint64_t limit);
 /// Deletes a file, or the link itself; refuses a file without any write permission.
 std::optional<Failure> Remove(const std::string &path);

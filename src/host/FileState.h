@@ -9,13 +9,13 @@ namespace host {
 
 class GameFiles;
 
-/// The state of a file at one moment, to detect later whether somebody else has changed it. Only
+/// The state of a file at one moment, to detect later whether another program has changed it. Only
 /// the content counts: a file that was touched, or written again with the same bytes, has not
 /// changed, and one that was changed within one tick of the file system's clock has.
 class FileState
 {
 public:
-    /// No file: nothing counts as a change of it.
+    /// No file; it never counts as changed.
     FileState() = default;
     /// A file with these bytes.
     FileState(std::string path, std::string_view bytes);

@@ -76,7 +76,7 @@ std::string Environment(const char *name)
     const std::wstring wide = disk::Wide(name);
     std::wstring value;
     DWORD length = GetEnvironmentVariableW(wide.c_str(), nullptr, 0);
-    while (length > value.size()) { // another thread may have made it longer
+    while (length > value.size()) { // another thread may have extended it
         value.resize(length);
         length = GetEnvironmentVariableW(wide.c_str(), value.data(), length);
     }
@@ -146,7 +146,7 @@ std::string TraceLogFile()
 
 void AppendTraceLine(std::string_view text)
 {
-    static std::mutex mutex; // not every file system appends in one piece
+    static std::mutex mutex; // not every file system appends atomically
     const std::lock_guard lock(mutex);
     const std::string line = timeOfDay().append(text) + "\r\n";
     if (const disk::Handle common(openLog(kCommonTraceLog)); common) {

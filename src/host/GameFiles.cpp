@@ -17,7 +17,7 @@ namespace {
     throw RuntimeError(failure.number, std::string(path) + ": " + failure.reason);
 }
 
-/// Throws the reason why nothing below a folder of this path can be reached.
+/// Throws the error that explains why nothing below this path's folder can be reached.
 [[noreturn]] void failWithoutFolder(std::string_view path)
 {
     const std::optional<GamePath> steps = GamePath::Of(path);

@@ -13,16 +13,16 @@ namespace host {
 
 struct GamePath;
 
-/// The only class that converts a game path to a path of the disk.
+/// The only class that converts a game path to a path on disk.
 ///
-/// A game path is UTF-8 text with "\" or "/" between its steps, in any letter case. On a
-/// case-sensitive disk every step is resolved ignoring case, the exact spelling first; two folders
-/// that differ only in case are both searched. ".." and "." are resolved in the text before the
-/// disk is asked. A name on the disk that is not UTF-8 is shown, and found, as Windows-1252. A
-/// search for a file ignores a folder of that name, and the other way round.
+/// A game path is UTF-8 text with "\" or "/" between its components, in any letter case. On a
+/// case-sensitive disk every component is resolved ignoring case, the exact spelling first; two
+/// folders that differ only in case are both searched. ".." and "." are resolved in the text before
+/// any disk access. A name on the disk that is not UTF-8 is shown, and found, as Windows-1252. A
+/// search for a file ignores a folder of that name, and a search for a folder ignores a file.
 ///
 /// Listings are kept and checked against the folder's time stamp at every use, so that they stay
-/// right while files come and go; Refresh drops them all. Thread-safe.
+/// correct when files appear or disappear; Refresh drops them all. Thread-safe.
 class GameFiles
 {
 public:
@@ -31,10 +31,10 @@ public:
     GameFiles(const GameFiles &) = delete;
     GameFiles &operator=(const GameFiles &) = delete;
 
-    /// Returns the disk's path of an existing file (not a folder), or nothing. It is spelled as on
+    /// Returns the disk path of an existing file (not a folder), or nothing. It is spelled as on
     /// the disk; on Windows, as requested.
     std::optional<std::filesystem::path> FindFile(std::string_view path);
-    /// Returns the disk's path of an existing folder, or nothing. Of several that differ in case,
+    /// Returns the disk path of an existing folder, or nothing. Of several that differ in case,
     /// prefers the exact spelling, else the first in listing order.
     std::optional<std::filesystem::path> FindFolder(std::string_view path);
     bool FileExists(std::string_view path) { return FindFile(path).has_value(); }
@@ -45,20 +45,20 @@ public:
     /// costs a listing for each folder of the path.
     std::optional<std::string> SpellingOf(std::string_view path);
 
-    /// Returns the text by which this object finds what the disk knows by these bytes
-    /// (path::ToText). Returns the bytes themselves if that text finds something else: for a name
+    /// Returns the text under which this object finds the file with this byte name on disk
+    /// (path::ToText). Returns the bytes themselves if that text finds another file, as with a name
     /// in an old encoding beside the same name in UTF-8.
     std::string TextOf(std::string_view bytes);
 
-    /// Returns where a file of this path is, or would have to be written: the existing file of that
-    /// name in any letter case, else the name as given in the resolved parent folder. Nothing if
-    /// there is no parent folder.
+    /// Returns the path on disk of an existing or new file: the existing file of that name in any
+    /// letter case, else the name as given in the resolved parent folder. Nothing if there is no
+    /// parent folder.
     std::optional<std::filesystem::path> TargetOf(std::string_view path);
 
     /// Return the names of the files (or folders) in a folder that match a DOS pattern
     /// (host/Filter.h), in listing order: by upper case, on every machine. Empty if there is no
     /// such folder. "." and ".." are never listed. Folders that differ only in case are listed
-    /// together, with a name that is in two of them once.
+    /// together; a name that is in several of them is listed once.
     std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern);
     std::vector<std::string> ListFolders(std::string_view folder, std::string_view pattern = "*");
     /// True for an existing folder whose names cannot be read, so that the lists above lack them.
@@ -90,7 +90,7 @@ private:
 
     /// Returns the files that a path leads to; sets `folders` to those that were searched.
     std::vector<std::string> filesAt(const GamePath &path, std::vector<std::string> &folders);
-    /// Returns the disk's path of a file that must exist; throws the errors of ReadFile.
+    /// Returns the disk path of a file that must exist; throws the errors of ReadFile.
     std::string existing(std::string_view path);
     std::vector<std::string> list(std::string_view folder, std::string_view pattern,
                                   bool wantFolders);

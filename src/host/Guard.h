@@ -9,8 +9,8 @@
 
 namespace document {
 
-/// The edge of a command: runs it, and shows a failure in one message box with this title. Returns
-/// true if there was none. Lets no exception pass.
+/// The top level of a command: runs it, and shows a failure in one message box with this title.
+/// Returns true if there was none. Lets no exception pass.
 template <typename Command>
 bool Guarded(host::Dialogs &dialogs, const std::string &title, Command &&command)
 {

@@ -9,9 +9,9 @@
 namespace host {
 
 /// A small text store: "[section]" lines, "key=value" lines, ";" and "#" comment lines. Sections
-/// and keys ignore letter case. A value is the UTF-8 text behind the "=", without the blanks around
-/// it; a value in double quotes keeps its blanks. A backslash has no special meaning. What the
-/// reader does not understand is kept when the text is written again.
+/// and keys ignore letter case. A value is the UTF-8 text after the "=", without the blanks around
+/// it; a value in double quotes keeps its blanks. A backslash has no special meaning. Text that the
+/// reader does not understand is kept on writing.
 class IniFile
 {
 public:

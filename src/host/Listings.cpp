@@ -115,7 +115,7 @@ std::vector<std::string> GameFiles::Listings::Folders(const std::string &root,
                                                       const std::vector<std::string> &names)
 {
     std::vector<std::string> folders = {root};
-    if (disk::kIgnoresCase) { // one query instead of one for each step
+    if (disk::kIgnoresCase) { // one query instead of one for each component
         for (const std::string &name : names)
             folders.front() = disk::Join(folders.front(), name);
         if (disk::KindOf(folders.front()) != disk::Kind::Folder)

@@ -14,8 +14,8 @@
 
 namespace host {
 
-/// The listings of folders, and look-ups in them that ignore letter case. Folders here are paths of
-/// the disk. The lock protects only the table; it is never held while the disk is asked.
+/// The listings of folders, and look-ups in them that ignore letter case. Folders here are paths on
+/// disk. The lock protects only the table; it is never held during disk access.
 class GameFiles::Listings
 {
 public:
@@ -23,7 +23,7 @@ public:
     {
         std::string name;   ///< as shown
         std::string key;    ///< in upper case
-        std::string onDisk; ///< the name's bytes, if `name` shows others
+        std::string onDisk; ///< the name's bytes, if they differ from `name`
         disk::Kind kind = disk::Kind::Absent;
 
         const std::string &DiskName() const { return onDisk.empty() ? name : onDisk; }
@@ -35,7 +35,7 @@ public:
         std::vector<Entry> entries; ///< in listing order
     };
 
-    /// Returns what is in a folder at this moment; nothing if it cannot be listed.
+    /// Returns the current content of a folder; nothing if it cannot be listed.
     std::shared_ptr<const Folder> Get(const std::string &folder);
     /// Returns the paths of everything of this kind with this name in any letter case, the exact
     /// spelling first, then in listing order.
@@ -58,7 +58,7 @@ public:
     void Forget(const std::string &folder);
     void Clear();
 
-    /// Returns what an entry of a folder is now, following links.
+    /// Returns the current kind of a folder's entry, following links.
     static disk::Kind KindOf(const std::string &folder, const Entry &entry);
 
 private:

@@ -11,9 +11,9 @@
 
 namespace host {
 
-/// Returns the number that a whole text is; blanks around it and a "+" in front are allowed. The
-/// decimal separator is "." in every locale. Returns nothing for other text, for words such as
-/// "inf" and for what the type cannot hold.
+/// Parses the whole text as a number; blanks around it and a leading "+" are allowed. The decimal
+/// separator is "." in every locale. Returns nothing for other text, for words such as "inf" and
+/// for numbers that the type cannot hold.
 template <typename Number> std::optional<Number> NumberIn(std::string_view text)
 {
     text = TrimBlanks(text);

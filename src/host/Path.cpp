@@ -25,8 +25,8 @@ std::size_t endOfFolder(std::string_view path)
     return end;
 }
 
-/// The names of a path after its root; a ".." that has nothing to take away stays in a relative
-/// path and is dropped at a root.
+/// The names of a path after its root; a ".." with no name before it stays in a relative path and
+/// is dropped at a root.
 std::vector<std::string_view> namesOf(std::string_view rest, bool hasRoot)
 {
     constexpr std::size_t kUsual = 12;

@@ -14,20 +14,20 @@ inline bool IsSeparator(char c)
     return c == '/' || c == '\\';
 }
 
-/// A game path split into its steps: absolute, with "." and ".." resolved in the text.
+/// A game path split into its components: absolute, with "." and ".." resolved in the text.
 struct GamePath
 {
     std::string text; ///< in the platform's own separators, spelled as given
     std::string root; ///< "/"
     std::vector<std::string> names;
-    bool endsInSeparator = false; ///< as given: only a folder can be meant
+    bool endsInSeparator = false; ///< true if the path as given can mean only a folder
 
     /// Returns nothing for an empty path, and for one with a NUL, where the system would end it.
     static std::optional<GamePath> Of(std::string_view path);
 };
 
-/// Text operations on game paths: UTF-8, with "\" or "/" between the steps. No function here asks
-/// the disk, except for the current folder.
+/// Text operations on game paths: UTF-8, with "\" or "/" between the components. No function here
+/// accesses the disk, except to get the current folder.
 namespace path {
 
 /// The separator that paths are shown with: "\" on Windows, "/" elsewhere.
@@ -40,7 +40,7 @@ enum class Leading : bool
 };
 /// Returns `folder`, a separator unless the folder ends in one, and `relative`, all in the
 /// platform's own separators. A separator at the front of `relative` is dropped unless Kept is
-/// asked for; the result then shows both.
+/// asked for; the result then contains both.
 std::string Join(std::string_view folder, std::string_view relative,
                  Leading leading = Leading::Dropped);
 
@@ -60,14 +60,14 @@ std::string BaseName(std::string_view path);
 /// Returns the path in the platform's own separators with "." and ".." resolved, for comparing.
 std::string Normalise(std::string_view path);
 /// Returns the absolute form of a path: against the current folder, with "." and ".." resolved.
-/// Returns a path that has none (GamePath::Of) unchanged.
+/// Returns a path without an absolute form (GamePath::Of) unchanged.
 std::string Absolute(std::string_view path);
-/// Returns the text by which GameFiles knows a path whose names may be in an old encoding: each
-/// name that is not UTF-8 is read as Windows-1252.
+/// Returns the text that GameFiles uses for a path whose names may be in an old encoding: each name
+/// that is not UTF-8 is read as Windows-1252.
 std::string ToText(std::string_view bytes);
-/// Returns the UTF-8 text of a path of the disk.
+/// Returns the UTF-8 text of a path on disk.
 std::string FromDisk(const std::filesystem::path &path);
-/// Returns the path of the disk with this UTF-8 text. Exact in both directions on Linux.
+/// Returns the path on disk with this UTF-8 text. Exact in both directions on Linux.
 std::filesystem::path ToDisk(std::string_view path);
 
 } // namespace path

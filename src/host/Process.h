@@ -6,7 +6,7 @@
 
 namespace host {
 
-/// Runs another program with exactly these arguments and waits for its end. It shares this
+/// Runs another program with exactly these arguments and waits until it ends. It shares this
 /// program's standard streams. Returns its exit code, which is 128 or more if a signal ended it.
 /// Throws RuntimeError 53 if it cannot be started.
 int RunAndWait(const std::string &program, const std::vector<std::string> &arguments);

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-/// Facts about the product, each in one place.
+/// Facts about the product, each defined once.
 namespace host::product {
 
 inline constexpr std::string_view kName = "ZELK";

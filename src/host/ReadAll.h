@@ -11,7 +11,8 @@
 
 namespace host::disk {
 
-/// Reads up to `count` bytes to a place and sets `got` to their number: 0 at the end of the file.
+/// Reads up to `count` bytes into a buffer and sets `got` to their number: 0 at the end of the
+/// file.
 using ReadSome =
     std::function<std::optional<Failure>(char *to, std::size_t count, std::size_t &got)>;
 

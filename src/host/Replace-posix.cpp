@@ -84,7 +84,7 @@ public:
     {
         static std::atomic<unsigned> counter = 0;
         const std::string start = folder + ".zelk-" + std::to_string(getpid()) + '-';
-        do { // an existing name is left over from another process of this number
+        do { // an existing name was left by an earlier process with the same number
             m_path = start + std::to_string(counter++) + ".tmp";
             m_file.emplace(open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
         } while (!*m_file && errno == EEXIST);

@@ -13,7 +13,7 @@ namespace {
 
 using MaybeFailure = std::optional<Failure>;
 
-/// Attributes that a replacing file must have itself: not every file system transfers them.
+/// Attributes that must be set on the replacing file, because not every file system transfers them.
 constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                                   FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
 
@@ -51,7 +51,7 @@ MaybeFailure inspect(const std::wstring &path, DWORD &attributes)
         return Failure{ErrorNumber::PathFileAccess, "it is not a file"};
     if (attributes & FILE_ATTRIBUTE_READONLY)
         return Failure{ErrorNumber::PermissionDenied, "the file is read-only"};
-    // If the user may not write to it, or it is in use, that must show before anything is written.
+    // If the user may not write to it, or it is in use, detect that before anything is written.
     const Handle file(CreateFileW(path.c_str(), GENERIC_WRITE,
                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                   OPEN_EXISTING, 0, nullptr));
@@ -77,7 +77,7 @@ public:
         static std::atomic<unsigned> counter = 0;
         const std::wstring start =
             folder + L".zelk-" + std::to_wstring(GetCurrentProcessId()) + L'-';
-        do { // an existing name is left over from another process of this number
+        do { // an existing name was left by an earlier process with the same number
             m_start = start + std::to_wstring(counter++);
             m_path = m_start + L".tmp";
             m_file.emplace(CreateFileW(m_path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,

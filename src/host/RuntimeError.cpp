@@ -34,7 +34,7 @@ const char *ClassicText(ErrorNumber number)
 
 namespace {
 
-/// Returns what is wrong if nothing more is known.
+/// Returns a plain description for the number, used when there is no detail.
 const char *plainText(ErrorNumber number)
 {
     switch (number) {

@@ -25,12 +25,12 @@ enum class ErrorNumber
 const char *ClassicText(ErrorNumber number);
 
 /// A failure of the machine, or a misuse that the product defines as an error. Thrown by the rooms
-/// without Qt, caught at the edge of each command and shown there; never leaves the program.
+/// without Qt, caught and shown at the top level of each command; never leaves the program.
 class RuntimeError : public std::exception
 {
 public:
-    /// `detail` holds all that the user needs to know: the file, the line, what is wrong there, as
-    /// "FILE, line 7: REASON". It may be empty.
+    /// `detail` holds everything that the user needs to know: the file, the line, what is wrong
+    /// there, as "FILE, line 7: REASON". It may be empty.
     explicit RuntimeError(ErrorNumber number, std::string detail = {});
 
     int Number() const { return static_cast<int>(m_number); }

@@ -16,7 +16,7 @@
 namespace host {
 namespace {
 
-constexpr std::uint64_t kSettingsLimit = 16u << 20; ///< far more than anybody has ever stored
+constexpr std::uint64_t kSettingsLimit = 16u << 20; ///< far larger than any real store
 
 [[noreturn]] void fail(const disk::Failure &failure, const std::string &file)
 {
@@ -42,7 +42,7 @@ void IniSettings::WriteTo(std::string_view section, std::string_view key, std::s
 {
     std::string text;
     const std::optional<disk::Failure> unread = disk::Read(m_file, kSettingsLimit, text);
-    // A store that exists but cannot be read must not be replaced by one value.
+    // An existing store that cannot be read must not be overwritten with a single value.
     if (unread && disk::KindOf(m_file) != disk::Kind::Absent)
         fail(*unread, m_file);
     if (const auto failure = disk::MakeFolders(std::string(path::FolderWithSeparator(m_file))))
@@ -60,7 +60,7 @@ std::optional<float> ParseSingle(std::string_view text)
 
 std::string FormatSingle(float value)
 {
-    char digits[128]; // the smallest number has 45 places before its first digit
+    char digits[128]; // the smallest number begins with 45 zeros
     const auto [end, error] =
         std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed);
     return error == std::errc() ? std::string(digits, end) : std::string("0");

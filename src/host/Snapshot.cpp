@@ -79,7 +79,7 @@ public:
         Hit hit;
         for (const auto &[folder, listing] : *leaf.place) {
             if (!listing)
-                return {}; // the file may be in there nevertheless
+                return {}; // the file may still be in it
             for (auto [entry, end] = Listings::Named(*listing, leaf.name); entry != end; ++entry)
                 if ((!hit || entry->DiskName() == leaf.name) &&
                     Listings::KindOf(folder, *entry) == disk::Kind::File)
@@ -91,7 +91,7 @@ public:
     }
 
 private:
-    /// Number of spellings of folders to remember; hostile files contain more.
+    /// Limit of remembered folder spellings; hostile files may contain more.
     static constexpr std::size_t kMaxAliases = 200000;
 
     struct Hash
@@ -103,7 +103,7 @@ private:
         }
     };
 
-    /// Walks from the root step by step, as far as there are folders.
+    /// Follows the path from the root as far as the folders exist.
     const Place *walk(const GamePath &path, std::size_t depth)
     {
         std::string text = path.root;
@@ -157,7 +157,7 @@ private:
 
     Listings &m_listings;
     std::mutex m_mutex;
-    std::deque<Place> m_made; ///< all places; they do not move
+    std::deque<Place> m_made; ///< all places; their addresses do not change
     Table m_places;           ///< by the text of a resolved path
     Table m_aliases;          ///< by the text of folders as given, with their separator
     std::unordered_map<std::string, std::shared_ptr<const Listings::Folder>> m_read;
@@ -174,7 +174,7 @@ Snapshot::~Snapshot() = default;
 namespace {
 
 /// A file that no listing shows may still exist: in a folder that cannot be listed, or under a
-/// short name of Windows.
+/// Windows short name.
 std::optional<std::string> unlisted(std::string_view path)
 {
     const std::optional<GamePath> steps = GamePath::Of(path);

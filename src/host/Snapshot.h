@@ -11,9 +11,9 @@
 
 namespace host {
 
-/// The folders as one long command sees them. Each is listed once, on the first search in it, and
-/// the listing remains in force as long as the snapshot lives. Finds what GameFiles finds, but does
-/// not ask the disk again about names that it has seen. Thread-safe.
+/// A consistent view of the folders for one long command. Each folder is listed once, on the first
+/// search in it, and the listing is used as long as the snapshot lives. Finds what GameFiles finds,
+/// but does not query the disk again for names that it has seen. Thread-safe.
 class Snapshot
 {
 public:
@@ -32,8 +32,8 @@ public:
     std::string ReadFile(std::string_view path);
     /// Like ReadFile, but returns nothing if there is no such file.
     std::optional<std::string> TryReadFile(std::string_view path);
-    /// Returns an identity by which files differ, however their paths are spelled, as long as the
-    /// snapshot lives; null for a file that does not exist or that no listing shows.
+    /// Returns the identity of a file, which is the same for every spelling of its path and valid
+    /// as long as the snapshot lives; null for a file that does not exist or that no listing shows.
     const void *IdentityOf(std::string_view path);
     std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern);
     std::vector<std::string> ListFolders(std::string_view folder, std::string_view pattern = "*");

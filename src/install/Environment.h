@@ -14,7 +14,7 @@ namespace install {
 
 class Installation;
 
-/// The services that commands, windows and scenes work with. The program owns them; they outlive
+/// The services that commands, windows and scenes use. The program owns them; they outlive
 /// everything that has a copy of this struct.
 struct Environment
 {

@@ -13,7 +13,7 @@ public:
     /// Returns the override if there is one, otherwise the registered folder (possibly ""), as
     /// stored.
     std::string CurrentFolder() const;
-    /// Returns the folder that Train Simulator registered, or "". Reads it at each call.
+    /// Returns the folder that Train Simulator registered, or "". Reads it again on each call.
     static std::string RegisteredFolder();
     /// Stores the location as the override. Clears the override if the text is empty or "$MSTS"
     /// (letter case and surrounding blanks ignored); stores other text as given.

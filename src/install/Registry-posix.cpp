@@ -34,8 +34,8 @@ Answer findInIni(std::string_view text, std::string_view key, std::string_view v
     return host::IniFile::FromText(text).Value(key, value);
 }
 
-/// Remembers the answers from a file while the file is unchanged. Each path that the program builds
-/// asks for the folder of Train Simulator.
+/// Caches the values read from a file until the file changes. Building any path needs the folder of
+/// Train Simulator.
 class AnswerCache
 {
 public:
@@ -99,7 +99,7 @@ std::string winePrefix()
     return prefix.empty() ? path::Join(host::HomeFolder(), ".wine") : prefix;
 }
 
-/// Returns the first answer that is not empty, cut at its first NUL; "" if there is none.
+/// Returns the first value that is not empty, cut at its first NUL; "" if there is none.
 std::string ask(const std::string &file, Finder finder, std::string_view key,
                 std::string_view value)
 {

@@ -13,7 +13,7 @@ namespace Registry {
 
 /// Returns the text of a value under a key such as "SOFTWARE\Microsoft\Microsoft Games\Train
 /// Simulator\1.0", cut at its first NUL; "" if the key or the value is missing or cannot be read.
-/// Reads it at each call.
+/// Reads it again on each call.
 std::string QueryValue(std::string_view key, std::string_view value);
 
 /// Translates a Windows path from the registry ("C:\Games\x") to a path on this machine. On

@@ -13,7 +13,7 @@ namespace install {
 
 class Installation;
 
-/// The folder of the routes, below the installation folder.
+/// The folder that contains the routes, below the installation folder.
 inline constexpr std::string_view kRoutes = "Routes";
 
 /// An installed route.

@@ -11,7 +11,7 @@
 
 namespace install {
 
-/// The folder of the stock folders, below the installation folder.
+/// The folder that contains the stock folders, below the installation folder.
 inline constexpr std::string_view kTrainset = "Trains/Trainset";
 
 /// Lists the stock folders: those in the trainset folder whose names have no dot and match the

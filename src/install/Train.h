@@ -13,7 +13,7 @@
 /// stock file in its block `EngineData` or `WagonData`, and the stock file names the shape.
 namespace install {
 
-/// The kinds of stock, as types of a StockItem and as names of units.
+/// The kinds of stock: the types of a StockItem, which are also the names of units.
 inline constexpr const char *kEngine = "Engine", *kWagon = "Wagon";
 
 /// The block of a train, and the block around it in a consist file and in a loose consist.
@@ -39,7 +39,7 @@ std::string StockPath(std::string_view installFolder, const StockItem &item);
 /// A stock file, as a unit of any kind names it.
 struct StockName
 {
-    std::string base;   ///< the file name less its last four characters
+    std::string base;   ///< the file name without its last four characters
     std::string folder; ///< the name of its folder, "." for a path without one
 
     static StockName Of(std::string_view stockPath);
@@ -135,7 +135,7 @@ StfNode FindVehicle(const StfFile &stockFile);
 /// Like FindVehicle, but throws error 91 with the file's name if there is none.
 StfNode RequireVehicle(const StfFile &stockFile);
 /// Returns the entry of a vehicle whose first value is the shape file, relative to the folder of
-/// the stock file; no object if there is none. Throws error 91 without a vehicle.
+/// the stock file; no object if there is none. Throws error 91 if there is no vehicle.
 StfNode FindShape(const StfNode &vehicle);
 
 } // namespace install

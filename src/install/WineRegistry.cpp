@@ -63,7 +63,7 @@ std::string_view takeLine(std::string_view &text)
     return line;
 }
 
-/// Removes a number of at most `places` digits from the beginning of the text, and returns it.
+/// Removes a number of at most `places` digits from the beginning of the text and returns it.
 std::optional<char32_t> takeNumber(std::string_view &text, std::size_t places, int base)
 {
     unsigned number = 0;

@@ -32,7 +32,8 @@ void NewDocumentTemplate(StfFile &file, std::string_view extension)
     const StfNode config = AddNode(train.Children(), install::kTrainCfg);
     AddNode(config.Children(), "Name", {"Unknown"});
     AddNode(config.Children(), "MaxVelocity", {"40.00000", "1.00000"});
-    // Differs from the name of the editor's counter (NextWagonUID), and always has.
+    // Deliberately not the name of the editor's counter (NextWagonUID): new files have always had
+    // this one.
     AddNode(config.Children(), "NextWagonId", {"1"});
     AddNode(config.Children(), "Durability", {"1.0"});
 }

@@ -24,15 +24,15 @@ enum class Form
     NulsOnly
 };
 
-/// Something that the reader repaired, or that other readers may fail on.
+/// A repair by the reader, or a fault on which other readers may fail.
 struct Note
 {
     int line = 0; ///< 1-based
     std::string text;
 };
 
-/// Blocks nested deeper than this are skipped with a note. No real file comes near it, and it
-/// bounds every walk over a tree.
+/// Blocks nested deeper than this are skipped with a note. No real file comes near this limit,
+/// which bounds every walk over a tree.
 inline constexpr int kMaxBlockDepth = 200;
 
 } // namespace stavfile

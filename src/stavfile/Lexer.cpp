@@ -8,7 +8,7 @@
 namespace stavfile::lexer {
 namespace {
 
-/// Returns the place one past the quote that closes the string at `at`, or npos.
+/// Returns the position one past the quote that closes the string at `at`, or npos.
 std::size_t stringEnd(std::string_view text, std::size_t at)
 {
     for (++at; at < text.size(); ++at) {
@@ -152,8 +152,8 @@ Skipped SkipCommentItem(std::string_view text, std::size_t wordEnd)
 
 namespace {
 
-/// Returns the comment at `at` in a form that remains a comment in any place: where a text is
-/// expected, only a word followed by a block is a comment. Sets `end` to the end of the comment.
+/// Returns the comment at `at` in a form that remains a comment anywhere: where a text is expected,
+/// only a word followed by a block is a comment. Sets `end` to the end of the comment.
 std::string movableComment(std::string_view gap, std::size_t at, std::size_t &end)
 {
     const std::size_t item = SkipBlanks(gap, end);

@@ -7,7 +7,7 @@
 #include <string_view>
 
 /// The lexical rules of structured files, for held text (TextCodec.h): docs/formats.md, "Tokens".
-/// All places are byte offsets into the text.
+/// All positions are byte offsets into the text.
 namespace stavfile::lexer {
 
 enum class CharClass : unsigned char
@@ -37,7 +37,8 @@ inline CharClass ClassOf(char c)
     return detail::kClasses[static_cast<unsigned char>(c)];
 }
 
-/// Returns the first place at or after `at` that is not a blank; the text's size if there is none.
+/// Returns the first position at or after `at` that is not a blank; the text's size if there is
+/// none.
 inline std::size_t SkipBlanks(std::string_view text, std::size_t at)
 {
     while (at < text.size() && ClassOf(text[at]) == CharClass::Blank)
@@ -45,7 +46,7 @@ inline std::size_t SkipBlanks(std::string_view text, std::size_t at)
     return at;
 }
 
-/// Returns the place one past the word that begins at `at`.
+/// Returns the position one past the word that begins at `at`.
 inline std::size_t WordEnd(std::string_view text, std::size_t at)
 {
     while (at < text.size() && ClassOf(text[at]) == CharClass::Word)
@@ -70,19 +71,19 @@ Extent ValueExtent(std::string_view text, std::size_t at);
 /// Returns the value at `at` with quotes, joins and escapes resolved, still in held form.
 std::string DecodedValue(std::string_view text, std::size_t at);
 
-/// Returns what closes a string that the text's end cut off: a quote, after another backslash if
-/// the last one would escape it.
+/// Returns the characters that close a string cut off by the end of the text: a quote, preceded by
+/// a backslash if the last one would escape it.
 std::string StringFix(std::string_view text);
 
 /// The end of something that is skipped unread.
 struct Skipped
 {
     std::size_t end = 0;
-    std::string fix; ///< what must follow the text to close it, if the text ended inside it
+    std::string fix; ///< what to append to close it, if the text ended inside it
 };
 /// Skips the block whose opening bracket is at `at`. Only brackets and quotes count.
 Skipped SkipBlock(std::string_view text, std::size_t at);
-/// Skips the one item behind a comment word that ends at `wordEnd`: a block, a string or a word;
+/// Skips the one item after a comment word that ends at `wordEnd`: a block, a string or a word;
 /// nothing before a closing bracket.
 Skipped SkipCommentItem(std::string_view text, std::size_t wordEnd);
 

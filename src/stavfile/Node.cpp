@@ -53,7 +53,7 @@ std::vector<std::shared_ptr<Node>> &Node::Children() const
 {
     if (!childrenLoaded) {
         const std::vector<std::uint32_t> records = ChildRecords();
-        const auto made = std::make_shared<Node[]>(records.size()); // one allocation for all
+        const auto made = std::make_shared<Node[]>(records.size()); // a single allocation
         children.reserve(records.size());
         for (std::size_t i = 0; i < records.size(); ++i) {
             made[i].source = source;

@@ -10,7 +10,7 @@
 
 namespace stavfile {
 
-/// One value of a node: a place in the node's source, or a text that was set.
+/// One value of a node: a position in the node's source, or a text that was set.
 struct Value
 {
     static constexpr std::uint32_t kSet = UINT32_MAX;

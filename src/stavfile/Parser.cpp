@@ -182,7 +182,7 @@ private:
     }
 
     /// A text that looks like a comment mark, with a comment between it and the bracket, is not a
-    /// name: written in another place, such a name would be a comment mark again.
+    /// name: written elsewhere, such a name would be a comment mark again.
     bool canBeName(std::uint32_t place) const
     {
         const std::size_t end = lexer::WordEnd(m_text, place);

@@ -34,8 +34,8 @@ Form formOf(const Source &source, std::size_t mark)
     return sub.starts_with(kTexture) ? Form::Binary : Form::Text;
 }
 
-/// Returns the place one past the header: behind its fixed 32 characters if the tree follows on the
-/// same line, else at the end of its line.
+/// Returns the position one past the header: after its fixed 32 characters if the tree follows on
+/// the same line, else at the end of its line.
 std::size_t headerEnd(std::string_view text, std::size_t mark)
 {
     const std::size_t fixed = mark + kMark.size() + kSubHeader;

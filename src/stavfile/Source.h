@@ -14,7 +14,7 @@
 namespace stavfile {
 
 /// One block as it was read. Records are in the order of their beginnings, so that the first child
-/// of a record is the next one, and `next` leads to the following sibling. All places are byte
+/// of a record is the next one, and `next` leads to the following sibling. All positions are byte
 /// offsets into the source's text.
 struct Record
 {
@@ -26,14 +26,14 @@ struct Record
     std::uint32_t label = 0;      ///< of the label, 0 for none
     std::uint32_t firstValue = 0; ///< index into the source's values
     std::uint32_t valueCount = 0;
-    std::uint32_t next = 0; ///< index of the first record behind this one's descendants
+    std::uint32_t next = 0; ///< index of the first record after this one's descendants
     std::uint32_t flags = 0;
 
     bool Unclosed() const { return flags & kUnclosed; }
 };
 
-/// A file as it was read: its text and the places of everything in it. Never changes after parsing;
-/// nodes point into it and keep it alive.
+/// A file as it was read: its text and the positions of everything in it. Never changes after
+/// parsing; nodes point into it and keep it alive.
 struct Source
 {
     std::string fileName; ///< named in errors; "" when unknown
@@ -43,11 +43,11 @@ struct Source
     std::string oddByte;
     Form form = Form::Text;
     std::string header;   ///< without line end and trailing blanks
-    std::size_t body = 0; ///< beginning of the tree, behind the header
+    std::size_t body = 0; ///< beginning of the tree, after the header
     std::string lineEnd = "\r\n";
-    std::string tailFix; ///< closes a string or a skipped block that the text's end cut off
+    std::string tailFix; ///< closes a string or a skipped block that the end of the text cut off
     PagedArray<Record> records;
-    PagedArray<std::uint32_t> values; ///< places of values; those of one record are contiguous
+    PagedArray<std::uint32_t> values; ///< positions of values; those of one record are contiguous
     std::vector<Note> notes;
 
     std::string_view Name(const Record &record) const;
@@ -58,8 +58,8 @@ struct Source
 /// Decodes and parses a file. Never fails: `form` reports what cannot be read as text.
 std::shared_ptr<const Source> ReadSource(std::string bytes, std::string fileName = {});
 
-/// True if 8-bit content without a header looks binary: near its start, a NUL has other characters
-/// behind it. Text with nothing but NULs behind it is padded text.
+/// True if 8-bit content without a header looks binary: near its start, a NUL is followed by other
+/// characters. Text followed only by NULs is padded text.
 bool LooksBinary(std::string_view text);
 
 } // namespace stavfile

@@ -52,7 +52,7 @@ std::string nameOf(const Node &node)
                : shown(node, std::string(node.source->Name(*node.Read())));
 }
 
-/// Returns "FILE, line 7: ", without what is not known.
+/// Returns "FILE, line 7: ", leaving out the parts that are not known.
 std::string placeOf(const Node &node)
 {
     std::string place = node.source ? node.source->fileName : std::string();

@@ -31,7 +31,7 @@ class StfNode
 public:
     /// No object.
     StfNode() = default;
-    /// Returns a new block without name, values and children, not yet in any list.
+    /// Returns a new block that has no name, values or children and is not in any list.
     static StfNode Create();
 
     explicit operator bool() const { return m_node != nullptr; }
@@ -52,9 +52,9 @@ public:
     /// from.
     StfNode Require(std::string_view name) const;
     /// Looks through the children after `position` (0 at the start) for one whose name is exactly
-    /// one of the alternatives, which are separated by "|". True sets `position` to that child's
-    /// 1-based place in Children; false leaves it. Throws error 6, with file and line as in
-    /// Require, if the place is beyond 16 bits.
+    /// one of the alternatives, which are separated by "|". If it returns true, `position` is that
+    /// child's 1-based position in Children; otherwise it is unchanged. Throws error 6, with file
+    /// and line as in Require, if the position is beyond 16 bits.
     bool FindChild(std::string_view names, std::int16_t &position) const;
 
     /// Returns the number of plain values. It is an int, since large files exceed 16 bits.
@@ -100,16 +100,16 @@ StfNode ChildOf(const StfNode &parent, std::string_view name);
 } // namespace stavfile
 
 /// A live, ordered, 1-based list of blocks: the children of a block or the top level of a file.
-/// Changing the list changes the document. Places outside the list are error 9.
+/// Changing the list changes the document. Positions outside the list cause error 9.
 class StfNodes
 {
 public:
-    /// A place in the list, for `for (const StfNode block : node.Children())`.
+    /// A position in the list, for `for (const StfNode block : node.Children())`.
     ///
-    /// Stays valid when the list changes: it then refers to the block that has its place now, and
-    /// the loop ends after the block that is the last one by then. So a loop that removes its
-    /// current block skips the next one. Must not outlive the StfNodes that it comes from, nor be
-    /// dereferenced at the end. Does not copy the list.
+    /// Stays valid when the list changes: it then refers to the block now at its position, and the
+    /// loop ends after the block that is then the last. So a loop that removes its current block
+    /// skips the next one. Must not outlive its StfNodes and must not be dereferenced at the end.
+    /// Does not copy the list.
     class Iterator
     {
     public:

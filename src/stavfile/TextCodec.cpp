@@ -30,8 +30,8 @@ bool isLowSurrogate(char16_t c)
     return c >= 0xDC00 && c < 0xE000;
 }
 
-/// Copies a run of ASCII characters of little-endian UTF-16, four at a time; returns the place
-/// behind them.
+/// Copies a run of ASCII characters of little-endian UTF-16, four at a time; returns the position
+/// after them.
 std::size_t copyAsciiRun(std::string_view bytes, std::size_t at, std::string &out)
 {
     if constexpr (std::endian::native != std::endian::little)
@@ -100,8 +100,8 @@ void appendUnit(std::string &out, char32_t unit, bool bigEndian)
     out += bigEndian ? low : high;
 }
 
-/// Appends the ASCII characters from `at` on, eight at a time where possible; returns the place
-/// behind them.
+/// Appends the ASCII characters from `at` on, eight at a time where possible; returns the position
+/// after them.
 std::size_t appendAsciiRun(std::string &out, std::string_view text, std::size_t at, bool bigEndian)
 {
     std::size_t end = at;
@@ -189,8 +189,7 @@ Zeros countZeros(std::string_view bytes)
     return zeros;
 }
 
-/// True for the container mark in one byte per character, behind which binary files are full of
-/// zeros.
+/// True for the container mark in 8-bit characters. Binary files contain many zeros after it.
 bool startsWithMark(std::string_view bytes)
 {
     const std::size_t start = bytes.find_first_not_of("\r\n");

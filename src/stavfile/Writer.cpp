@@ -143,7 +143,7 @@ std::string Writer::Run()
         return std::move(m_out);
     }
     m_out.reserve(source->text.size() + source->text.size() / 8);
-    // The blank lines behind the header belong to it, whatever happens to the first block.
+    // The blank lines after the header belong to it, whatever happens to the first block.
     const std::size_t begin = lexer::SkipBlanks(source->text, source->body);
     copy(*source, 0, begin);
     if (begin == source->text.size() && !source->header.empty())
@@ -153,7 +153,7 @@ std::string Writer::Run()
 }
 
 /// Writes a block without the blanks before it. `mustClose` is false if a block that was never
-/// closed in its file may stay open, because nothing is written behind it.
+/// closed in its file may stay open, because nothing is written after it.
 void Writer::writeNode(const Node &node, const Gap &gap, bool mustClose)
 {
     if (!node.Read()) {
@@ -273,7 +273,7 @@ void Writer::writePart(const Node &node, const Layout &layout, const std::vector
         separate();
     const bool isLast = index + 1 == order.size();
     if (part.child) {
-        // Behind a string, the "+" of such a name would be a joint.
+        // After a string, the "+" at the start of such a name would be read as joining the two.
         if (part.child->Read() && part.child->source->Name(*part.child->Read()).starts_with('+') &&
             lastCharacter() == '"')
             m_out += " comment ( ) ";
@@ -296,7 +296,7 @@ char Writer::lastCharacter() const
     return last != m_out.rend() ? *last : '(';
 }
 
-/// Quotes a word whose neighbours give it another meaning: one that begins with "+" behind a
+/// Quotes a word whose neighbours would give it another meaning: one that begins with "+" after a
 /// string, or a keyword before a block.
 Value Writer::respelled(const Node &node, std::size_t index, bool sameBehind) const
 {

@@ -10,8 +10,8 @@
 
 namespace stavfile {
 
-/// Writes a tree as text. Copies what is untouched from its source, with the comments and blanks
-/// around it; writes only what was changed in new form, laid out like its neighbours.
+/// Writes a tree as text. Copies untouched parts from their source, with the comments and blanks
+/// around them. Formats only changed parts, laid out like their neighbours.
 class Writer
 {
 public:

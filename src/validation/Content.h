@@ -32,7 +32,7 @@ struct References
         std::string value; ///< as spelled in the file
         bool exists = false;
     };
-    bool corrupt = false; ///< unreadable, or without the section that is its content
+    bool corrupt = false; ///< unreadable, or without the section that holds its content
     std::vector<File> files;
 };
 
@@ -41,7 +41,7 @@ struct References
 class Content
 {
 public:
-    /// `files` and `snapshot` must outlive this object. `folder` is that of the installation.
+    /// `files` and `snapshot` must outlive this object. `folder` is the installation folder.
     Content(host::GameFiles &files, host::Snapshot &snapshot, std::string folder)
         : m_files(files)
         , m_snapshot(snapshot)

@@ -13,7 +13,7 @@ namespace validation {
 struct Finding
 {
     Verdict verdict = Verdict::Valid;
-    std::string file;      ///< the file that was checked, or that refers to another
+    std::string file;      ///< the checked file, or the file that refers to another
     std::string dependent; ///< the other file or part concerned, "" if there is none
 
     friend bool operator==(const Finding &, const Finding &) = default;

@@ -29,7 +29,7 @@ using FileCheck = Verdict (*)(Content &content, const std::string &fileName, Fin
 } // namespace validation
 
 /// One check of a TSValidation from beginning to end: gives work to the workers, reports what they
-/// found, keeps the window responsive. Throws RuntimeError 5 if another one runs.
+/// found, keeps the window responsive. Throws RuntimeError 5 if another check is running.
 class TSValidation::Run
 {
 public:
@@ -42,7 +42,7 @@ public:
     /// Returns the installation folder & "\" & `relative`.
     std::string PathOf(std::string_view relative) const;
 
-    /// False if nobody listens to messages, so that none need be created.
+    /// Returns false if no handler receives messages, so that none need be created.
     bool WantsMessages() const { return m_wantsMessages; }
     void RaiseMessage(const std::string &message, std::int16_t level = 0) const;
     void RaiseProgress(std::size_t index, std::size_t total) const;

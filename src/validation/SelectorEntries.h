@@ -17,8 +17,8 @@ struct SelectorEntry
 };
 
 /// Returns the entries of a list text. They are separated by "|"; each is "name (detail)" or a bare
-/// name, whose detail is the entry & " route". The name ends at the first "("; every ")" behind
-/// that is dropped. Name and detail are trimmed of blanks. An empty text has no entries.
+/// name, whose detail is the entry & " route". The name ends at the first "("; every ")" after it
+/// is dropped. Name and detail are trimmed of blanks. An empty text has no entries.
 std::vector<SelectorEntry> SelectorEntries(std::string_view list);
 
 } // namespace validation

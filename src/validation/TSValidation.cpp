@@ -153,7 +153,7 @@ std::int16_t TSValidation::CheckStockInConsists(std::string_view stockPath)
             run.RaiseProgress(i, consists.size());
             if (run.WantsMessages())
                 run.RaiseMessage("Checking " + consists[i]);
-            // Once one is found, the others count only by their first vehicle.
+            // Once one is found, another counts only if the file is its first vehicle.
             if (found ? use.first : use.any) {
                 run.Record(Verdict::Referenced, Join(folder, consists[i]), stock);
                 found = true;

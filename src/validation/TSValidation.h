@@ -32,7 +32,8 @@ class Installation;
 /// files ahead, with the same results and events for any number of workers. A handler may process
 /// the events of the user interface. From there it may call Stop, and read everything here; a
 /// second check on the same object is refused with error 5. It must not destroy the object, and
-/// must not replace a handler. An exception of a handler ends the check and leaves it.
+/// must not replace a handler. An exception thrown by a handler ends the check and propagates to
+/// its caller.
 ///
 /// File names are game paths (host/GameFiles.h). Findings name files by the paths that the checks
 /// built, in the platform's own separators. Between checks only the content of Errors and the
@@ -66,7 +67,8 @@ public:
     /// Returns the result keys of all verdicts but IsValid since the last Reset, in the order
     /// recorded, including repeated ones.
     const std::vector<std::string> &Errors() const { return m_errors; }
-    /// Returns the findings whose keys Errors holds, in the same order. Reports are made of these.
+    /// Returns the findings whose keys Errors holds, in the same order. Reports are made from
+    /// these.
     const std::vector<validation::Finding> &Findings() const { return m_findings; }
     /// Always empty.
     const std::vector<std::string> &Messages() const { return m_messages; }
@@ -150,8 +152,8 @@ private:
     {
         std::string route;
         const char *folder, *pattern, *what;
-        std::string used;     ///< named if nothing uses it
-        std::string usedFile; ///< named with every use
+        std::string used;     ///< the subject of the finding if nothing uses it
+        std::string usedFile; ///< the subject of the finding for each use
     };
 
     void refuseWhileRunning() const;

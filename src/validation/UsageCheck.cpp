@@ -30,7 +30,8 @@ bool mayName(std::string_view bytes, std::string_view text)
            (!mustBeWide && bytes.find(text) != bytes.npos);
 }
 
-/// Returns the first block of a consist's first block, with any names, or no object.
+/// Returns the first block inside a consist's first block, whatever their names; no object if there
+/// is none.
 StfNode firstTrain(const StfFile &consist)
 {
     const StfNode top = consist.TopNodes().First();

@@ -6,7 +6,7 @@
 
 namespace validation {
 
-/// What a check says of one file. The values are those of TSValidation's constants.
+/// The result of a check for one file. The values are those of TSValidation's constants.
 enum class Verdict : std::int16_t
 {
     Ok = -1,

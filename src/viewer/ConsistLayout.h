@@ -14,8 +14,8 @@ namespace viewer {
 
 /// Places the vehicles of a train end to end in a scene, one per step, so that the window stays
 /// responsive. The front of the first vehicle is at Z = 0; the others follow towards negative Z. A
-/// vehicle is as long as its stock file says or, if the file gives no length, as long as its shape.
-/// A flipped vehicle is loaded at the mirrored place and turned by 180 degrees about the scene's
+/// vehicle has the length given in its stock file or, if there is none, the length of its shape. A
+/// flipped vehicle is loaded at the mirrored place and turned by 180 degrees about the scene's
 /// origin, which brings it to its place, facing the other way.
 ///
 /// Reports what cannot be loaded or placed in a message box, and leaves a gap of the known length.
@@ -37,7 +37,7 @@ public:
     int Done() const { return static_cast<int>(m_next); }
     /// Returns the Z of the far end of the vehicles placed so far: minus their length.
     float End() const { return m_end; }
-    /// Returns what does not look as it should (ShapeModel::Problems), without duplicates.
+    /// Returns the visible defects (ShapeModel::Problems), without duplicates.
     const std::vector<std::string> &Problems() const { return m_problems; }
 
 private:

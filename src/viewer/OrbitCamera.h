@@ -22,7 +22,7 @@ public:
     void Reset(float trainMiddle);
     /// Turns the camera about the target: 200 to the right is a radian about the vertical axis, 100
     /// down is a radian in the plane of Y and Z. A camera level with the target and beside it would
-    /// not move in that plane, so there vertical movement works as in OrbitOver.
+    /// not move in that plane, so in that position vertical movement works as in OrbitOver.
     void Orbit(float dx, float dy);
     /// Turns the camera about the target: 200 to the right is a radian about the vertical axis, 200
     /// up is a radian over the target. The camera stops just short of the point above or below the

@@ -47,7 +47,7 @@ ShapesAhead::Held ShapesAhead::read(const install::Environment &environment,
             held.pictures.push_back(
                 environment.shapes.LoadTexture(folder, TSView::kTexturePath, name).texture);
     } catch (const std::exception &) {
-        // Loading the vehicle meets the same fault and reports it.
+        // Loading the vehicle finds the same fault and reports it.
     }
     return held;
 }

@@ -112,7 +112,7 @@ bool Stage::Step()
     return true;
 }
 
-/// Draws only now and then: that takes longer than loading most vehicles.
+/// Draws only occasionally, because drawing takes longer than loading most vehicles.
 void Stage::showProgress()
 {
     const auto now = std::chrono::steady_clock::now();

@@ -49,7 +49,8 @@ public:
     /// Throws error 6 with the last piece of a train that is too long for the scroll bar; the train
     /// is shown nevertheless.
     bool Step();
-    /// Ends loading early; what is loaded stays, as if it were all. Throws error 6 like Step.
+    /// Ends loading early; keeps what is loaded, as if the scene were complete. Throws error 6 like
+    /// Step.
     void Stop();
     bool Loading() const { return m_loading; }
     int Total() const { return m_layout ? m_layout->Total() : 1; }

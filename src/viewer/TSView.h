@@ -14,14 +14,14 @@ class Canvas;
 
 namespace viewer {
 
-/// The objects of a scene in order of insertion, each under a unique key. Places count from 1.
+/// The objects of a scene in order of insertion, each under a unique key. Positions count from 1.
 class ViewObjects
 {
 public:
     /// Throws error 457 if the key is in use.
     void Add(std::shared_ptr<TSViewObject> object, const std::string &key);
     int Count() const { return static_cast<int>(m_entries.size()); }
-    /// Return an object. Throw error 9 for a place outside the list or an unknown key.
+    /// Return an object. Throw error 9 for a position outside the list or an unknown key.
     TSViewObject &Item(int place) const;
     TSViewObject &Item(const std::string &key) const;
     void Clear() { m_entries.clear(); }

@@ -117,7 +117,7 @@ public:
     }
 
 private:
-    /// Reports a filter that matches nothing: a mistyped one must not look like faultless content.
+    /// Reports a filter that matches nothing: a typing error must not look like faultless content.
     void tellIfNothingMatches()
     {
         const std::string trainset = m_installation.PathOf(install::kTrainset);
@@ -128,8 +128,8 @@ private:
             m_output.Remark("no stock folder matches \"" + m_options.filter +
                             "\": nothing was checked");
     }
-    /// Checks a file, which the user named `name`. Reports an error of the check and returns, so
-    /// that the next check runs.
+    /// Checks a file; `name` is its name as the user typed it. Reports an error of the check and
+    /// returns, so that the next check runs.
     void check(const std::string &name, const std::string &path,
                const std::function<void(const std::string &)> &work)
     {
@@ -164,7 +164,7 @@ private:
     TSValidation m_validation;
 };
 
-/// Whether a kind of check reads other files than those that it is given.
+/// What a kind of check needs: only the given files, or the installation.
 enum class Needs
 {
     Files,

@@ -15,8 +15,8 @@ namespace zelkctl {
 
 struct Session;
 
-/// One line on the standard error that shows the progress and is redrawn when it changes. Draws
-/// nothing if the standard error is not a terminal.
+/// One line on standard error that shows the progress and is redrawn when it changes. Draws nothing
+/// if standard error is not a terminal.
 class ProgressLine
 {
 public:
@@ -39,8 +39,8 @@ private:
     std::chrono::steady_clock::time_point m_drawn;
 };
 
-/// Writes the findings of one command to the standard output, as report lines or JSON, and its
-/// run-time errors to the standard error as well. Keeps the report and the exit code.
+/// Writes the findings of one command to standard output, as report lines or JSON. Also writes its
+/// run-time errors to standard error. Keeps the report and the exit code.
 class CheckOutput
 {
 public:

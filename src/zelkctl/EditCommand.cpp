@@ -19,7 +19,7 @@ struct EditOptions
     std::vector<std::string> operations;
 };
 
-/// Writes a line to stderr; the command goes on.
+/// Writes a line to stderr; the command continues.
 void remark(const std::string &text)
 {
     host::WriteTo(host::Stream::Error, "zelkctl: " + text + '\n');

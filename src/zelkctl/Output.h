@@ -8,8 +8,8 @@
 
 namespace zelkctl {
 
-/// Thrown when the program that reads the standard output has ended, as `head` does. The user has
-/// seen enough, so the command ends silently with the exit code kReaderGone.
+/// Thrown when the program that reads standard output has ended, as `head` does. The user has seen
+/// enough, so the command ends silently with the exit code kReaderGone.
 class ReaderGone : public std::exception
 {
 };
@@ -18,9 +18,8 @@ class ReaderGone : public std::exception
 /// system.
 inline constexpr int kReaderGone = 141;
 
-/// Text for the standard output, written in large pieces. Throws Failure with the reason if it
-/// cannot be written, ReaderGone if nobody reads it. The destructor discards text that was not
-/// flushed.
+/// Text for standard output, written in large pieces. Throws Failure with the reason if it cannot
+/// be written, ReaderGone if nobody reads it. The destructor discards text that was not flushed.
 class Output
 {
 public:
@@ -29,7 +28,7 @@ public:
     void WriteJson(std::string_view text);
     void Flush();
     /// From now on discards text that nobody reads instead of throwing ReaderGone, for a command
-    /// that has more to do than to print.
+    /// that does more than print.
     void OutliveReader() { m_outlivesReader = true; }
 
 private:

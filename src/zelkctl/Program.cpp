@@ -26,8 +26,8 @@
 namespace zelkctl {
 namespace {
 
-/// Returns the hint behind a message about wrong arguments: how to get help on the command, or on
-/// all if it is "".
+/// Returns the hint that follows a message about wrong arguments: how to get help on the command,
+/// or on all commands if it is "".
 std::string hint(const std::string &command)
 {
     return " (see zelkctl " + command + (command.empty() ? "" : " ") + "--help)";
@@ -72,8 +72,7 @@ void addValueOptions(const CLI::App &command, std::set<std::string> &names)
         addValueOptions(*below, names);
 }
 
-/// Moves the first argument at or behind `place` that is neither an option nor its value to
-/// `place`.
+/// Moves the first argument at or after `place` that is neither an option nor its value to `place`.
 void putCommandAt(std::ptrdiff_t place, std::vector<std::string> &arguments,
                   const std::set<std::string> &valueOptions)
 {
@@ -90,8 +89,8 @@ void putCommandAt(std::ptrdiff_t place, std::vector<std::string> &arguments,
 }
 
 /// Puts the names of the command in front of all options, so that a command's own options may
-/// precede it. Throws Failure for an unknown command: the parser would only report that there must
-/// be one.
+/// precede it. Throws Failure for an unknown command: the parser would only report that a command
+/// is missing.
 void putCommandFirst(std::vector<std::string> &arguments, CLI::App &app)
 {
     std::set<std::string> valueOptions;

@@ -175,7 +175,7 @@ std::string messageOf(const Command &command, World &world)
     return world.dialogs.Log();
 }
 
-/// Checks that every file is unchanged or as the command leaves it.
+/// Checks that every file is either unchanged or in its final state.
 void expectWhole(const Command &command, const Content &before, const Content &after,
                  const Content &now, const std::string &when)
 {

@@ -261,7 +261,7 @@ TEST_F(SaveConsistTest, FailedWriteLeavesTheWindowUnchanged)
             dialogs.AnswerFile(at(row.chosen));
         if (row.deletes)
             dialogs.Answer(DialogAnswer::Yes);
-        // The consist passes the check before the first question and then goes bad.
+        // The consist passes the check before the first question and is damaged after it.
         dialogs.onShown = [this] {
             dialogs.onShown = nullptr;
             readBroken();

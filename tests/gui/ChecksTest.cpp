@@ -46,7 +46,7 @@ protected:
         EXPECT_EQ(open.size(), 1u);
         return open.empty() ? "" : open.front()->txtResults->toPlainText().toStdString();
     }
-    /// Writes so many wagons that a check of all stock takes some time.
+    /// Writes enough wagons to make a check of all stock take some time.
     void writeManyWagons()
     {
         for (int folder = 0; folder < kFolders; ++folder)

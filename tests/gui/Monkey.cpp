@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Operates the real windows at random: menu commands, clicks, keys, windows closed and resized,
 // files that appear and disappear. Usage: zelk_monkey FOLDER SECONDS SEED, where FOLDER contains a
-// sample installation that may be damaged. It logs every step before it performs it, and ends with
-// 0 unless a sanitizer, a signal or its own time limit for a step ends it.
+// sample installation that may be damaged. It logs each step before performing it. The exit code is
+// 0 unless a sanitizer, a signal or the time limit of a step ends the program.
 #include "GuiTest.h"
 
 #include "host/Path.h"

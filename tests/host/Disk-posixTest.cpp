@@ -24,7 +24,7 @@ using Names = std::vector<std::string>;
 
 namespace {
 
-/// Limits the size of files, so that a write fails in the middle.
+/// Limits the size of files, so that a write fails partway through.
 class FileSizeLimit
 {
 public:

@@ -143,7 +143,7 @@ TEST_F(RendererTest, DrawsBlendedPartsLastFromFarToNear)
     EXPECT_EQ(paint(), "[ +m1 +t2 9/2 !3/2 #0/2 #6/2 #12/2 ~0/2 ~6/2 ~12/2 ]");
     renderer.SetCamera({-10, 0, 0}, {0, 0, 0});
     EXPECT_EQ(paint(), "[ 9/2 !3/2 #0/2 #6/2 #12/2 ~12/2 ~6/2 ~0/2 ]");
-    renderer.SetCamera({2, 0, -40}, {2, 0, 0}); // almost equally far: the order of the file decides
+    renderer.SetCamera({2, 0, -40}, {2, 0, 0}); // almost equally far: file order decides
     frameOf(modelOf({glass, glass}), pictureOf(8), Translation({1.5f, 0, 0}));
     EXPECT_NE(paint().find("~0/4 ~3/4 ]"), std::string::npos);
 }

@@ -281,7 +281,8 @@ TEST(VehiclesTest, TransparentPartsUseTheOwnAlpha)
     }
 }
 
-/// For the whole table of stock: the size in a vehicle's file equals that of its model.
+/// Checks for every row of the stock table that the size in the vehicle's file equals that of its
+/// model.
 TEST(VehiclesTest, StockFilesHaveTheSizesOfTheirShapes)
 {
     EXPECT_NE(samples::StockText(samples::FindVehicle("box_501"), {2.9F, 4.1F})

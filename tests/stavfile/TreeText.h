@@ -25,7 +25,7 @@ public:
 };
 
 /// Returns a tree on one line: `Name:label(value|value Child(...))`, values first. A single empty
-/// value looks like no value, because one that was never quoted is not written.
+/// value is shown like no value, because the writer omits one that was never quoted.
 std::string TreeText(const StfNodes &nodes);
 
 /// Return the tree of a text, and the reader's notes about it, one per line.

@@ -25,8 +25,9 @@ private:
 };
 
 /// A private home folder. HOME is the folder, the XDG variables, WINEPREFIX and ZELK_REGISTRY are
-/// unset, and the machine's configuration is only its subfolder "etc". On Windows the folder is the
-/// profile, with "Roaming" and "Local" in it, and "etc" is the folder of the machine's data.
+/// unset, and the only configuration folder of the machine is its subfolder "etc". On Windows the
+/// folder is the profile, with "Roaming" and "Local" in it, and "etc" is the folder of the
+/// machine's data.
 class ScopedHome
 {
 public:

@@ -7,7 +7,7 @@
 
 namespace support {
 
-/// Gives up root's rights during its life, so that file permissions apply.
+/// Gives up root's privileges during its life, so that file permissions apply.
 class OrdinaryUser
 {
 public:

@@ -44,7 +44,7 @@ struct Machine
 {
     std::filesystem::path home; ///< an existing folder, also the working folder
 
-    /// Runs a program and waits for its end.
+    /// Runs a program and waits until it ends.
     Outcome Run(const std::string &program, const std::vector<std::string> &arguments,
                 Stdout out = Stdout::Captured) const;
 };

@@ -49,7 +49,7 @@ TEST_F(RenderCommandTest, FilesThatCannotBeShownGiveNoPicture)
     for (const char *file : {"a.s", "a.txt"}) {
         const std::string picture = std::string(file) + ".png";
         const Outcome outcome = run({"render", file, "--out", picture});
-        const bool drawn = outcome.code == 0; // an empty shape is a picture of the track
+        const bool drawn = outcome.code == 0; // an empty shape gives a picture of the track
         EXPECT_EQ(m_folder.Exists(picture), drawn) << outcome.err;
         EXPECT_TRUE(drawn || outcome.code == 2) << outcome.code;
         EXPECT_EQ(outcome.err.empty(), drawn);

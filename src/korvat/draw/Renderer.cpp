@@ -12,10 +12,10 @@ namespace {
 // Of 255; chosen for real textures: lower limits make distant fences solid.
 constexpr float kTestLimit = 200 / 255.0f, kSolidLimit = 250 / 255.0f, kVisibleLimit = 10 / 255.0f;
 
-/// Factor of the haze's far limit at which drawing ends: farther out, only the sky shows.
+/// Multiple of the haze's far limit at which drawing ends: farther out, only the sky shows.
 constexpr float kBeyondHaze = 1.5f;
 
-/// Returns the mixing of a part, which its shader and its texture's alpha decide.
+/// Returns how a part is blended, which depends on its shader and its texture's alpha.
 Mixing mixingOf(const Surface &surface, const Texture *picture)
 {
     if (surface.blending == Blending::None || !picture || picture->alphaBits == 0)

@@ -29,10 +29,10 @@ public:
     /// Reads a shape and all its textures. Throws nothing, even if memory runs out: ErrorText holds
     /// the reason of a failure. After a failure the model is empty.
     void LoadShapeFile(const std::string &path);
-    /// Returns what was wrong in the last LoadShapeFile, "" if it succeeded.
+    /// Returns the error of the last LoadShapeFile, "" if it succeeded.
     const std::string &ErrorText() const { return m_error; }
-    /// Returns what does not look as it should after the last LoadShapeFile, one sentence each:
-    /// missing or broken textures, unknown shaders.
+    /// Returns the visible defects after the last LoadShapeFile, one sentence each: missing or
+    /// broken textures, unknown shaders.
     const std::vector<std::string> &Problems() const { return m_problems; }
 
     int TextureCount() const { return static_cast<int>(m_pictures.size()); }

@@ -43,7 +43,7 @@ public:
     {
         if (m_content.Left() == 0 || m_trouble->Met())
             return std::nullopt;
-        // Checks the whole head at once: a shape is mostly heads.
+        // Checks the whole head at once, because a shape consists mostly of heads.
         const std::size_t where = m_content.Where();
         const std::optional<Bytes> head = m_content.Take(kLeastBlock);
         if (head) {

@@ -19,7 +19,7 @@ constexpr std::size_t kZlibHeader = 2;
 constexpr int kLineEnds = 4; ///< number of line-end characters allowed before the mark
 
 /// The decompressor writes a stored block whole or not at all. A stream that is longer than
-/// announced therefore needs this much room behind the announced end, or the last bytes before it
+/// announced therefore needs this much room after the announced end, or the last bytes before it
 /// are lost.
 constexpr std::size_t kLongestStep = 65535 + 258;
 

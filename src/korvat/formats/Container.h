@@ -11,7 +11,8 @@
 
 namespace korvat {
 
-/// The wrapping that shapes and textures share. See docs/formats.md, "Container and header line".
+/// The container format that shapes and textures share. See docs/formats.md, "Container and header
+/// line".
 struct Container
 {
     enum class Content
@@ -24,7 +25,7 @@ struct Container
     Content content = Content::Raw;
     bool compressed = false;
     char kind = 0; ///< letter of the sub-header: 's' for a shape, 'w' for a world file; 0 for none
-    /// The bytes behind the mark, including the sub-header; for uncompressed text, the whole file.
+    /// The bytes after the mark, including the sub-header; for uncompressed text, the whole file.
     /// Points into the file's bytes or into `inflated`.
     Bytes payload;
     /// Offset of `payload` in the file; 0 if it was inflated.

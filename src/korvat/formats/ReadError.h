@@ -20,7 +20,7 @@ enum class Status
 struct ReadError
 {
     Status status = Status::Ok;
-    /// The place of the fault. In binary content, the byte offset in the file or, if it is
+    /// The position of the fault. In binary content, the byte offset in the file or, if it is
     /// compressed, in the inflated content. In text, the line, counted from 1.
     std::size_t where = 0;
     std::string text; ///< one sentence without full stop or file name

@@ -41,7 +41,7 @@ private:
             read(*section);
     }
 
-    /// Reads a counted list of blocks. `size` is the least size of an item's content.
+    /// Reads a counted list of blocks. `size` is the minimum size of an item's content.
     template <typename Item, typename Read>
     static void list(Block &block, Token token, std::size_t size, std::vector<Item> &items,
                      Read read)
@@ -373,7 +373,7 @@ void readText(std::string_view bytes, ShapeFile &file)
     file.error = trouble.Met() || found ? trouble.Error() : notAShape();
 }
 
-/// Returns compressed text as a text file. Behind its sub-header it has one byte per character,
+/// Returns compressed text as a text file. After its sub-header it has one byte per character,
 /// unless the inflated content is a complete file with its own header.
 std::string inflatedText(const Container &container)
 {

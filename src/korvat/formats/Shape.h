@@ -10,7 +10,7 @@
 #include <vector>
 
 /// The content of a shape file, unchanged: docs/formats.md, "Shapes". Indexes are not validated
-/// here; korvat/model/Geometry.h leaves out whatever refers to a missing item.
+/// here; korvat/model/Geometry.h leaves out anything that refers to a missing item.
 namespace korvat {
 
 /// Metres; left-handed: X right, Y up, Z forward.

@@ -39,7 +39,7 @@ bool readFloat(std::string_view word, float &value)
     return true;
 }
 
-/// Reads an integer; -1 gives 4294967295. Larger numbers become 4294967295 as well.
+/// Reads an integer; -1 gives 4294967295. Larger numbers also become 4294967295.
 bool readInteger(std::string_view word, std::uint32_t &value)
 {
     bool negative = false;

@@ -60,7 +60,7 @@ struct TextureFile
     ReadError error;
 };
 
-/// Reads a texture in either form, which its first bytes tell. Never throws on content; the texture
+/// Reads a texture in either form; its first bytes show which. Never throws on content; the texture
 /// is at most eight times as large as the file's data. Without an error it has at least one level.
 TextureFile ReadTexture(std::string_view bytes);
 

@@ -169,7 +169,7 @@ std::vector<Matrix> RestPose(const Shape &shape, const Level &level)
         for (auto parent = parentOf(i); parent && depth < kMaxHierarchyDepth;
              parent = parentOf(*parent), ++depth)
             world = Product(world, shape.matrices[*parent].matrix);
-        // The parents form a ring, or a chain longer than in any real shape.
+        // The parents form a cycle, or a chain longer than in any real shape.
         pose.push_back(depth < kMaxHierarchyDepth ? world : shape.matrices[i].matrix);
     }
     if (pose.empty())

@@ -18,7 +18,7 @@ Vec3 Transformed(const Vec3 &point, const Matrix &matrix);
 Vec3 Turned(const Vec3 &direction, const Matrix &matrix);
 
 /// Returns for each matrix the transformation of its points at rest: itself times its parents. A
-/// parent that is missing, out of range or part of a ring is ignored. Never empty: a shape without
+/// parent that is missing, out of range or part of a cycle is ignored. Never empty: a shape without
 /// matrices gets one identity.
 std::vector<Matrix> RestPose(const Shape &shape, const Level &level);
 
@@ -47,8 +47,8 @@ struct Geometry
     std::size_t skipped = 0;
 };
 
-/// Returns what one level of detail draws. A missing normal points up; missing texture coordinates
-/// are 0, 0.
+/// Returns the geometry that one level of detail draws. A missing normal points up; missing texture
+/// coordinates are 0, 0.
 Geometry MakeGeometry(const Shape &shape, const Level &level);
 
 struct Bounds

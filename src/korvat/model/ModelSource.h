@@ -26,7 +26,7 @@ struct LoadedTexture
 };
 
 /// A source of models and textures. While a file is in use, every request for it returns the same
-/// object, so that a hundred identical wagons cost one. Thread-safe.
+/// object, so that a hundred identical wagons cost as much as one. Thread-safe.
 class ModelSource
 {
 public:

@@ -35,7 +35,7 @@ QString orNone(const std::string &text)
     return text.empty() ? QStringLiteral("none") : textOf(text);
 }
 
-/// Asks a separate context, so that it works without an open 3D view.
+/// Queries a separate context, so that it works without an open 3D view.
 QString openGl()
 {
     QSurfaceFormat format;

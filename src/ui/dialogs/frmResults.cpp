@@ -50,7 +50,7 @@ frmResults::frmResults(host::Dialogs &dialogs, host::GameFiles &files, std::stri
     , m_findBar(new validation::FindBar(*txtResults, this))
 {
     setWindowTitle(QStringLiteral("Results"));
-    // A dialog stays above its owner; the buttons are those of a window to work in.
+    // As a dialog it stays above its owner, but it has the title buttons of an ordinary window.
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
     nameControls();
@@ -110,7 +110,7 @@ void frmResults::orderTabs()
 
 void frmResults::connectControls()
 {
-    // However the window was closed.
+    // Runs however the window is closed.
     connect(this, &QDialog::finished, this, &QObject::deleteLater);
     connect(cmdPrint, &QPushButton::clicked, this, &frmResults::PrintRequested);
     connect(cmdSave, &QPushButton::clicked, this, &frmResults::Save);
@@ -127,7 +127,7 @@ void frmResults::connectControls()
            &frmResults::ShowMessageProperties);
 }
 
-/// Adds a command of the whole window, which the text's menu offers too.
+/// Adds a command of the whole window; the context menu of the text contains it too.
 template <typename Receiver>
 void frmResults::addKey(const char *caption, const QKeySequence &keys, Receiver *receiver,
                         void (Receiver::*command)())
@@ -169,7 +169,7 @@ void frmResults::showSummary()
         parts << counted(errors, "error", "errors");
     if (infos > 0)
         parts << counted(infos, "note", "notes");
-    if (stopped) // the line that reports it may be far below
+    if (stopped) // the line that reports this may be far below
         parts << QStringLiteral("not complete");
     m_summary->setText(parts.join(QStringLiteral(", ")));
 }

@@ -28,7 +28,7 @@ namespace {
 constexpr char kSave[] = "Save Consist", kOpen[] = "Open File", kViewConsist[] = "View Consist",
                kViewShape[] = "View Shape";
 
-/// A flipped unit has "*" behind its type.
+/// A flipped unit has "*" after its type.
 QStringList vehicleRow(std::size_t number, StockItem item)
 {
     const bool flipped = item.type.ends_with('*');
@@ -80,7 +80,7 @@ void ConsistEditorPane::connectLoader()
                 m_controls->ShowStockHeading(m_window.Filter());
                 m_host.WriteLog(stopped ? "Stopped" : "Done");
                 m_host.SetStatus(m_note.empty() ? outcome : m_note + "  " + outcome);
-                // The next refresh completes a list that was cut short.
+                // The next refresh completes a list whose loading was stopped.
                 m_stockLoaded = !stopped;
             });
 }
@@ -185,7 +185,7 @@ void ConsistEditorPane::ReloadStock()
     rereadStock();
 }
 
-/// Keeps the note about the file just read, so that it is shown again when the stock is loaded.
+/// Keeps the note about the file just read, to show it again when the stock is loaded.
 void ConsistEditorPane::rereadStock()
 {
     m_stockLoaded = false;
@@ -305,7 +305,7 @@ void ConsistEditorPane::saveAndClose()
         m_window.close();
 }
 
-/// Returns false if writing failed, or if the user keeps the change that somebody else has made.
+/// Returns false if writing failed, or if the user keeps another program's change.
 bool ConsistEditorPane::saveInPlace()
 {
     return MayOverwrite(m_consist, m_window.FileName(), m_window.Environment().dialogs) &&

@@ -32,14 +32,14 @@ public:
     virtual void Load() = 0;
     /// Reads again everything that the pane shows. Throws host::RuntimeError.
     virtual void Refresh() { Load(); }
-    /// True if the pane holds changes that no file has.
+    /// True if the pane holds changes that have not been saved to any file.
     virtual bool Changed() const { return false; }
     virtual void ShowProperties() {}
     /// Ends a running scan or load and keeps what it has found.
     virtual void StopWork() {}
     /// Returns the pane as a print job. Throws RuntimeError 5 if it has no picture to print.
     virtual app::PrintJob Print() = 0;
-    /// Repeats a remark in the status text that reports the end of the load under way.
+    /// Adds a remark to the status text that reports the end of the current load.
     virtual void AddRemark(const std::string & /*remark*/) {}
 
     /// Consist list: returns the names of the selected consists, in row order.

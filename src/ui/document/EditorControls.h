@@ -49,7 +49,7 @@ public:
     const StockItem *SelectedUnit() const;
     StockListModel &Stock() { return *m_stock; }
 
-    /// Returns the least height for a width: in a narrow window the rows of controls fold.
+    /// Returns the minimum height for a width: in a narrow window the rows of controls fold.
     int heightForWidth(int width) const override;
 
     ListView *lvConsist;

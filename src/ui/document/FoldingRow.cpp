@@ -22,7 +22,7 @@ FoldingRow::~FoldingRow()
         delete m_groups.takeLast();
 }
 
-/// Must not be called: the constructor takes both groups, and there are no others.
+/// Must not be called: the constructor receives both groups, and no others can be added.
 void FoldingRow::addItem(QLayoutItem *item)
 {
     Q_ASSERT_X(false, "FoldingRow", "a row holds two groups");

@@ -12,12 +12,12 @@ class FoldingRow : public QLayout
 public:
     enum class Second
     {
-        Beside, ///< directly behind the first group
+        Beside, ///< directly after the first group
         AtRight ///< at the right edge, in both arrangements
     };
 
     /// Takes ownership of the groups. Their controls become children of this layout's widget. `gap`
-    /// is the least distance between the groups when they are side by side.
+    /// is the minimum distance between the groups when they are side by side.
     FoldingRow(QLayout *first, QLayout *second, Second place, int gap);
     ~FoldingRow() override;
 

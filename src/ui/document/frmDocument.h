@@ -67,29 +67,29 @@ public:
 
     /// Clears the status bar and runs an action button of an editor.
     void ActionClick(document::EditorAction action);
-    /// Shows a remark in the status bar, now and with the outcome of the load under way.
+    /// Shows a remark in the status bar, now and with the outcome of the current load.
     void Remark(const std::string &remark);
     /// Opens an installed consist, by its list name, in an editor window.
     void EditConsist(const std::string &name);
     /// Opens an installed consist, by its list name, in a 3D window.
     void ViewConsist(const std::string &name);
 
-    /// Activates the window and saves it through the main window. True if no changes remain: not
-    /// when the user cancelled or writing failed.
+    /// Activates the window and saves it through the main window. Returns true if no changes
+    /// remain; false if the user cancelled or writing failed.
     bool SaveByHost(bool quiet);
-    /// Brings the window to the front, asks the question, and saves if the answer is Yes. False if
-    /// the window must stay open: the user cancelled or did not save after all.
+    /// Brings the window to the front, asks the question, and saves if the answer is Yes. Returns
+    /// false if the window must stay open: the user cancelled, or nothing was saved.
     bool OfferToSave(const char *title, const char *question);
-    /// Asks whether to save changes before closing; false if the window must stay open.
+    /// Asks whether to save changes before closing; returns false if the window must stay open.
     bool QueryUnload();
     /// Lets the window close without asking from now on.
     void AllowUnload() { m_unloadAllowed = true; }
 
 Q_SIGNALS:
     void CaptionChanged();
-    /// An editor has written its consist to this file.
+    /// Emitted when an editor has written its consist to this file.
     void Saved(const std::string &path);
-    /// The window is about to close, and nothing can stop it.
+    /// Emitted when the window is about to close and nothing can stop it.
     void Closing();
     /// Emitted on destruction; the last point at which the window may be used.
     void Unloading();

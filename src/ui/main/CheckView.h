@@ -38,7 +38,7 @@ private:
     frmMain &m_window;
     ResultsWindows &m_results;
     int m_errorsFound = 0;       ///< of the running or the last check
-    QElapsedTimer m_sinceEvents; ///< since a check last processed events
+    QElapsedTimer m_sinceEvents; ///< since a check last processed window events
 };
 
 } // namespace app

@@ -133,7 +133,7 @@ QPalette PaletteOf(ColourScheme scheme)
         palette.setColor(QPalette::Disabled, role, faded);
     palette.setColor(QPalette::Disabled, QPalette::Highlight,
                      palette.color(QPalette::Active, QPalette::Mid));
-    // The selection in a list without the focus.
+    // The selection in a list without focus.
     palette.setColor(QPalette::Inactive, QPalette::Highlight,
                      QColor::fromRgba(dark ? 0xff4b4e54 : 0xffccd1d6));
     palette.setColor(QPalette::Inactive, QPalette::HighlightedText,

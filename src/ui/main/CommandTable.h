@@ -279,7 +279,7 @@ inline constexpr CommandRow kCommands[] = {
 };
 // clang-format on
 
-/// A menu. Its place is that of its first command.
+/// A menu. A submenu is placed where its first command is.
 struct MenuRow
 {
     Menu id;

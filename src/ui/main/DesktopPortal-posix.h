@@ -7,9 +7,9 @@
 
 namespace app {
 
-/// Returns the scheme that the user prefers, by the desktop portal (GNOME and others keep it only
-/// there). Returns nothing without a preference or without a running portal. Never starts a portal,
-/// and waits at most a tenth of a second for each answer.
+/// Returns the scheme that the user prefers, as stated by the desktop portal (some desktops, such
+/// as GNOME, store it only there). Returns nothing without a preference or without a running
+/// portal. Never starts a portal, and waits at most a tenth of a second for each answer.
 std::optional<ColourScheme> SchemeOfPortal();
 
 } // namespace app

@@ -81,7 +81,7 @@ void FileDrop::open(const std::vector<std::string> &paths)
     }
     if (!plan.location.empty())
         m_location.Offer(plan.location);
-    // One call each, since each may process window events.
+    // Calls each function separately, since each may process window events.
     for (const std::string &file : plan.files)
         later([this, file] { m_opener.Open(file); });
     if (!plan.refusal.empty())

@@ -67,7 +67,7 @@ private:
 
     QPixmap draw(int side, const QColor &colour) const
     {
-        // Converted first: scaling an image with a colour table would keep to the colours in the
+        // Converts it first: scaling an image with a colour table would use only the colours of the
         // table.
         QImage image = QImage(fileFor(m_name, side))
                            .convertToFormat(QImage::Format_ARGB32_Premultiplied)

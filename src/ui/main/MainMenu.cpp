@@ -42,7 +42,7 @@ MainMenu::MainMenu(QMenuBar &bar, const Runner &run)
     }
 }
 
-/// Returns a menu. Builds it for its first command.
+/// Returns a menu, and creates it for its first command.
 QMenu &MainMenu::built(QMenuBar &bar, Menu menu)
 {
     QMenu *&place = m_menus[placeOf(menu)];
@@ -68,7 +68,8 @@ void MainMenu::addCommand(QMenu &menu, const CommandRow &row, QWidget &window, c
     action->setCheckable(row.look == Look::Checked || row.look == Look::Unchecked);
     action->setChecked(row.look == Look::Checked);
     action->setVisible(row.look != Look::Hidden);
-    // Keep the command in its menu: some platforms move captions such as "Exit" or "Options".
+    // Keep the command in its menu: some platforms move commands with captions such as "Exit" or
+    // "Options".
     action->setMenuRole(QAction::NoRole);
     action->setShortcuts(keysOf(row));
     if (*row.icon)

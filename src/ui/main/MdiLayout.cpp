@@ -28,8 +28,8 @@ QRect transposed(const QRect &rect)
     return QRect(rect.y(), rect.x(), rect.height(), rect.width());
 }
 
-/// Returns the number of rows for `count` tiles. Rows are well above the least height, unless more
-/// rows are needed to keep the least width.
+/// Returns the number of rows for `count` tiles. Rows are much higher than the minimum height,
+/// unless the minimum width requires more rows.
 int rowsOf(const QSize &area, int count, const QSize &least)
 {
     const int inRow = std::max(1, area.width() / least.width());
@@ -70,7 +70,8 @@ std::vector<QRect> Cascaded(const QRect &area, int count, const QSize &wanted, i
     const int down = (area.height() - size.height()) / step + 1;
     std::vector<QRect> places;
     for (int i = 0; i < count; ++i) {
-        // Each round begins a step further to the right, so that earlier titles stay visible.
+        // Each new cascade begins one step further to the right, so that earlier titles stay
+        // visible.
         const QPoint steps((i % down + i / down) % across, i % down);
         places.emplace_back(area.topLeft() + steps * step, size);
     }

@@ -17,8 +17,8 @@ enum class Arrangement
 };
 
 /// Returns places for `count` windows, one above the other, each as wide as the area. Windows that
-/// would become hardly higher than `least` share rows instead. The tiles fill the area exactly.
-/// They extend below it only if tiles of the least size do not fit.
+/// would be little higher than `least` share rows instead. The tiles fill the area exactly. They
+/// extend below it only if tiles of the minimum size do not fit.
 std::vector<QRect> StackedTiles(const QRect &area, int count, const QSize &least = {1, 1});
 /// Returns places for `count` windows side by side, each as high as the area. Like StackedTiles,
 /// but with columns in place of rows.

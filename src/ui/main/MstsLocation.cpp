@@ -42,7 +42,7 @@ void MstsLocation::Offer(const std::string &folder)
         change(install::ChosenLocation(folder));
 }
 
-/// Returns false, and shows a message, while something works on the present location.
+/// Returns false, and shows a message, while an editor or a check uses the present location.
 bool MstsLocation::mayChange()
 {
     const std::vector<frmDocument *> open = m_window.Documents();

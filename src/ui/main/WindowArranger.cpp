@@ -92,7 +92,7 @@ QRect WindowArranger::roomForTiles() const
     return area;
 }
 
-/// Uses the stacking order, so that the active window stays in front.
+/// Cascades in stacking order, so that the active window stays in front.
 void WindowArranger::cascade()
 {
     std::vector<QMdiSubWindow *> windows;

@@ -30,7 +30,7 @@ public:
     void Forget(const frmDocument &window) { m_givenSizes.erase(&window); }
     /// Moves a window so that as much of it as fits is visible.
     void KeepInside(frmDocument &window) const;
-    /// Arranges the windows, and remembers how.
+    /// Arranges the windows and remembers the arrangement.
     void Arrange(Arrangement how);
     /// Adapts the windows to a new size of the area. Tiled windows are tiled again if the tiling is
     /// locked. Otherwise windows that had too little room grow, unless the user has resized them.

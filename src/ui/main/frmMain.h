@@ -57,7 +57,7 @@ public:
     frmDocument *ActiveDocument() const;
     /// Returns all document windows in the order in which they were opened.
     std::vector<frmDocument *> Documents() const;
-    /// Arranges the windows, and remembers how.
+    /// Arranges the windows and remembers the arrangement.
     void Arrange(app::Arrangement how);
     /// Asks for a name and saves the active document window under it. A 3D window saves a
     /// screenshot.

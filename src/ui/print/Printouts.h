@@ -50,7 +50,7 @@ std::unique_ptr<Printout> PrintPicture(const QImage &picture);
 struct PageFrame
 {
     QString title, subtitle; ///< above; an empty subtitle is left out
-    QString footer;          ///< below at the left; the page number is at the right
+    QString footer;          ///< bottom left; the page number is at the bottom right
 };
 
 /// Prints all pages that the printer is set to print; returns false if the printer refuses.

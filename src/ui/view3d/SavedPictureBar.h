@@ -30,7 +30,7 @@ public:
     QToolButton *cmdHidePicture;
 
 Q_SIGNALS:
-    /// The user wants to open this file or folder.
+    /// Emitted when the user wants to open this file or folder.
     void OpenWanted(const std::string &path);
 
 private:

@@ -58,7 +58,7 @@ public:
     TSView *View() { return m_stage.View(); }
     /// Stops loading; what is loaded stays.
     void Stop();
-    /// Appends a remark to the status texts of the load under way, up to the one that reports its
+    /// Appends a remark to the status texts of the current load, up to the one that reports its
     /// end.
     void AddRemark(const std::string &remark) { m_remark = "  " + remark; }
 

@@ -57,11 +57,11 @@ Q_SIGNALS:
     void MouseMove(int buttons, float x, float y);
     /// Notches of the wheel; positive away from the user.
     void WheelTurned(float notches);
-    /// A double click: the user wants the first view back.
+    /// Emitted on a double click, which restores the first view.
     void ResetWanted();
-    /// The OpenGL context was lost; redraw the scene.
+    /// Emitted when the OpenGL context was lost; redraw the scene.
     void DrawWanted();
-    /// No image can be shown after all.
+    /// Emitted when no image can be shown after all.
     void Failed(const std::string &reason);
 
 protected:

@@ -48,14 +48,14 @@ public:
 
 Q_SIGNALS:
     void Focused();
-    /// The user has resized a column.
+    /// Emitted when the user has resized a column.
     void ColumnSized();
     void ReturnPressed(Qt::KeyboardModifiers modifiers);
     void InsertPressed();
     void DeletePressed(Qt::KeyboardModifiers modifiers);
     void LeftPressed();
     void LeftReleased();
-    /// The right button was released, or the menu key pressed, at this position.
+    /// Emitted when the right button is released, or the menu key pressed, at this position.
     void MenuWanted(const QPoint &globalPosition);
 
 protected:
