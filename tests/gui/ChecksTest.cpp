@@ -87,8 +87,8 @@ TEST_F(ChecksTest, SearchesSelectedRoutesForConsistsOfTheList)
         game.Write(std::string("Routes/") + route + "/Services/run.srv",
                    "Service_Definition ( Train_Config ( Coal ) )");
     app::QtDialogs real;
-    window =
-        app::StartMainWindow({real, files, settings, installation, shapes}, desktop, printers, {});
+    window = app::StartMainWindow({real, files, settings, installation, shapeSource}, desktop,
+                                  printers, {});
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     Find<ListView>(*Active(), "lvConsists").selectAll();

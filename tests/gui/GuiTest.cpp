@@ -84,7 +84,7 @@ GuiTest::~GuiTest() = default;
 
 frmMain &GuiTest::StartOnly(const std::string &commandLine)
 {
-    window = app::StartMainWindow({dialogs, files, settings, installation, shapes}, desktop,
+    window = app::StartMainWindow({dialogs, files, settings, installation, shapeSource}, desktop,
                                   printers, commandLine);
     window->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));

@@ -86,7 +86,7 @@ protected:
     host::GameFiles files;
     MemorySettings settings;
     install::Installation installation;
-    korvat::ModelLibrary shapes{files};
+    korvat::ModelLibrary shapeSource{files};
     RecordingDesktop desktop;
     FilePrinters printers;
     std::unique_ptr<frmMain> window;
