@@ -95,7 +95,7 @@ struct Command
 {
     const char *name;
     void (*run)(World &world);
-    const char *tells; ///< text that the message must contain
+    const char *expectedText; ///< text that the message must contain
     bool mayRemove = false;
     bool isSilent = false; ///< failures are not reported
 };
@@ -246,7 +246,7 @@ TEST_P(FailingWritesTest, FailedStepLeavesWholeFilesAndIsReported)
                 EXPECT_TRUE(before.contains(name) || after.contains(name)) << name << " is left";
             if (now == after || GetParam().isSilent)
                 continue;
-            EXPECT_NE(message.find(GetParam().tells), std::string::npos);
+            EXPECT_NE(message.find(GetParam().expectedText), std::string::npos);
             EXPECT_NE(message.find(": "), std::string::npos);
         }
 }

@@ -318,8 +318,8 @@ TEST_F(CommandsTableTest, CoversEveryMenuCommand)
 {
     Start();
     std::set<std::string> known = {"mnuFileMRU0", "mnuFileMRU1", "mnuFileMRU2", // never used
-                                   "mnuViewReset",     // moves the camera: see ViewsTest
-                                   "mnuViewPictures"}; // opens a folder: see ViewsTest
+                                   "mnuViewReset",     // moves the camera: see ViewCameraTest
+                                   "mnuViewPictures"}; // opens a folder: see ViewPicturesTest
     for (const Row &row : kRows)
         known.insert(row.command);
     for (const QAction *action :
