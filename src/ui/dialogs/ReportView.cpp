@@ -15,7 +15,7 @@ namespace {
 
 constexpr qreal kMargin = 8; ///< pixels around the text
 
-/// Colours the first word of a report line, so that errors stand out from remarks.
+/// Colours the first word of a report line, to distinguish errors from remarks.
 class ReportColours : public QSyntaxHighlighter
 {
 public:
