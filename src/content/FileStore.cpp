@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "content/FileStore.h"
+
+#include "host/Disk.h"
+#include "host/Path.h"
+#include "host/RuntimeError.h"
+#include "korvat/formats/Container.h"
+#include "korvat/formats/Limits.h"
+
+namespace content {
+namespace {
+
+constexpr std::string_view kMark = "SIMISA@@@@@@@@@@";
+
+/// Returns the text inside a compressed file. If there is none, returns "" and sets `fault`.
+std::string inflated(const std::string &bytes, std::string &fault)
+{
+    korvat::Container container;
+    if (const auto error = korvat::OpenContainer(bytes, korvat::kMaxShapeBytes, container)) {
+        fault = error.text;
+        return {};
+    }
+    if (container.content != korvat::Container::Content::Text) {
+        fault = "the compressed content is not text";
+        return {};
+    }
+    const std::string_view text(reinterpret_cast<const char *>(container.payload.data()),
+                                container.payload.size());
+    return (text.starts_with("JINX0") ? std::string(kMark) : std::string()) + std::string(text);
+}
+
+} // namespace
+
+ReadResult ParseFile(std::string bytes)
+{
+    // Other files go to the parser without a copy.
+    const bool isCompressed = bytes.starts_with("SIMISA@F");
+    ReadResult result;
+    if (isCompressed) {
+        std::string text = inflated(bytes, result.fault);
+        if (!result.fault.empty())
+            return result;
+        bytes = std::move(text);
+    }
+    auto source = stavfile::ReadSource(std::move(bytes));
+    if (source->form == stavfile::Form::Text)
+        result.source = std::move(source);
+    else
+        result.fault = source->notes.empty() ? "it is not text" : source->notes.front().text;
+    return result;
+}
+
+bool FileStore::isAbsent(std::string_view folder)
+{
+    const std::string key(folder);
+    {
+        const std::shared_lock lock(m_absentMutex);
+        if (const auto known = m_absent.find(key); known != m_absent.end())
+            return known->second;
+    }
+    const bool absent = !m_folders.FolderExists(folder);
+    const std::unique_lock lock(m_absentMutex);
+    return m_absent.emplace(key, absent).first->second;
+}
+
+std::optional<std::string> FileStore::Find(const std::string &path)
+{
+    const std::string_view folder = host::path::FolderWithSeparator(path);
+    if (folder.empty() || isAbsent(folder))
+        return std::nullopt;
+    return m_folders.FindFile(path);
+}
+
+std::string FileStore::Bytes(const std::string &path, std::string &fault) const
+{
+    std::string bytes;
+    if (const auto failure = host::disk::Read(path, host::GameFiles::kReadLimit, bytes)) {
+        fault = failure->reason;
+        bytes.clear();
+    }
+    return bytes;
+}
+
+ReadResult FileStore::Read(const std::string &path) const
+{
+    ReadResult result;
+    std::string bytes = Bytes(path, result.fault);
+    return result.fault.empty() ? ParseFile(std::move(bytes)) : result;
+}
+
+std::shared_ptr<const ReadResult> FileStore::ReadShared(const std::string &path)
+{
+    std::shared_ptr<Kept> kept;
+    {
+        const std::lock_guard lock(m_mutex);
+        auto &place = m_kept[path];
+        if (!place)
+            place = std::make_shared<Kept>();
+        kept = place;
+    }
+    std::call_once(kept->once,
+                   [&] { kept->result = std::make_shared<const ReadResult>(Read(path)); });
+    return kept->result;
+}
+
+} // namespace content

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/Snapshot.h"
+#include "stavfile/Source.h"
+
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <shared_mutex>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace content {
+
+/// The content of a structured file, or the reason why it cannot be read.
+struct ReadResult
+{
+    std::shared_ptr<const stavfile::Source> source; ///< null if the file cannot be read
+    std::string fault; ///< a sentence without a full stop; "" if there is none
+};
+
+/// The files of an installation during one run. Each folder is listed once, and each file that
+/// others include is parsed once. Thread-safe.
+class FileStore
+{
+public:
+    /// `folders` must outlive this object.
+    explicit FileStore(host::Snapshot &folders)
+        : m_folders(folders)
+    {
+    }
+
+    host::Snapshot &Folders() const { return m_folders; }
+    /// Reads a structured file, which may be compressed. `path` is one that FindFile returned.
+    /// Never throws, even if the file has vanished since.
+    ReadResult Read(const std::string &path) const;
+    /// Like Read, but parses each file once and keeps the result.
+    std::shared_ptr<const ReadResult> ReadShared(const std::string &path);
+    /// Like Snapshot::FindFile, but remembers which folders do not exist: most stock folders have
+    /// no OpenRails folder, and many have no SOUND folder.
+    std::optional<std::string> Find(const std::string &path);
+    /// Returns the bytes of a file. If it cannot be read, returns "" and sets `fault`.
+    std::string Bytes(const std::string &path, std::string &fault) const;
+
+private:
+    struct Kept
+    {
+        std::once_flag once;
+        std::shared_ptr<const ReadResult> result;
+    };
+
+    bool isAbsent(std::string_view folder);
+
+    host::Snapshot &m_folders;
+    std::shared_mutex m_absentMutex;
+    std::unordered_map<std::string, bool> m_absent; ///< by folder; true if it does not exist
+    std::mutex m_mutex;
+    std::unordered_map<std::string, std::shared_ptr<Kept>> m_kept;
+};
+
+/// Reads a structured file from its bytes, which may be compressed.
+ReadResult ParseFile(std::string bytes);
+
+} // namespace content

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "content/Finding.h"
+#include "content/SharedFiles.h"
+#include "content/Vehicle.h"
+#include "host/Ahead.h"
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <shared_mutex>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+namespace host {
+class GameFiles;
+}
+
+namespace content {
+
+struct HealthOptions
+{
+    Profiles profiles = Profiles::Both();
+    std::string filter; ///< checks only stock in folders that match; "" for all content
+    /// Checks only these consists (paths) and what they need; empty for the whole installation.
+    std::vector<std::string> consists;
+    bool keepAll = false; ///< also reports references that are in order
+    std::size_t workers = host::DefaultWorkers();
+};
+
+/// Checks the references of an installation, or of some of its consists, by the rules of the
+/// simulators. Runs once. The report is the same for any number of workers. Files may appear and
+/// disappear during the run: each folder is listed once, on the first search in it.
+class HealthRun
+{
+public:
+    /// `files` must outlive this object. `folder` is the installation folder.
+    HealthRun(host::GameFiles &files, const std::string &folder, HealthOptions options);
+    ~HealthRun();
+    HealthRun(const HealthRun &) = delete;
+    HealthRun &operator=(const HealthRun &) = delete;
+
+    /// Called on the thread of Run after each piece of work; may call Stop. The total grows during
+    /// the run.
+    std::function<void(std::size_t done, std::size_t total)> Progress;
+
+    HealthReport Run();
+    /// Makes Run return soon with the findings so far. May be called from any thread.
+    void Stop() { m_stopped = true; }
+
+private:
+    /// The result of reading one user of other files, such as a vehicle or a consist.
+    struct Unit
+    {
+        std::string user;
+        std::vector<Draft> drafts;
+        struct Use
+        {
+            std::shared_ptr<const SharedFile> file;
+            Profiles profiles;
+        };
+        std::vector<Use> uses;
+        std::string name;                  ///< the name that a consist or service gives itself
+        std::vector<std::string> vehicles; ///< the stock files of a consist
+    };
+    using Units = std::vector<Unit>;
+
+    /// A draft and all files that need it.
+    struct Merged
+    {
+        Draft draft;
+        Profiles profiles;
+        std::vector<std::pair<std::uint32_t, Profiles>> users; ///< indexes into m_users
+    };
+
+    void readStock();
+    void readNamedVehicles(const std::vector<std::string> &vehicles);
+    void readConsists(const std::vector<std::string> &consists);
+    void readRoutes();
+    std::vector<std::string> allConsists() const;
+
+    Units stockFolder(const std::string &folder, bool isEot) const;
+    VehicleFiles filesOf(const std::string &folder, const std::string &name) const;
+    static std::string unitKey(const Reference &reference);
+    /// `known` are the simulators that support this kind of vehicle.
+    Unit vehicle(const VehicleFiles &files, Profiles known) const;
+    void addVehicle(const VehicleFiles &files, const Vehicle &vehicle, Profiles profiles,
+                    Unit &unit) const;
+    void addIncludes(const Vehicle &vehicle, Unit &unit) const;
+    void addCabOf3dCab(const Draft &cab, const std::string &stock, bool has2dCab, Unit &unit) const;
+    void addReference(Reference reference, const Context &context, Unit &unit,
+                      const NamedFiles *named = nullptr) const;
+    /// True for a unit whose vehicle was found earlier, so that it needs no look-up.
+    bool isKnownUnit(const Reference &reference) const;
+    void follow(const Draft &draft, const std::string &stock, Unit &unit) const;
+    Unit consist(const std::string &path) const;
+    Unit service(const std::string &path) const;
+    Unit activity(const std::string &path, const NamedFiles &services) const;
+    Units timetables(const std::string &path) const;
+
+    template <typename Work, typename Take>
+    void workOn(std::size_t count, const Work &work, const Take &take);
+    void take(Unit &&unit);
+    void merge(const Draft &draft, std::uint32_t user, Profiles profiles);
+    HealthReport report();
+    void addFindings(const Merged &merged, HealthReport &report) const;
+    Finding findingOf(const Merged &merged, Profiles profiles) const;
+    std::string idOf(const Finding &finding, const Draft &draft) const;
+    void findNearest(HealthReport &report) const;
+    void sortUsers(HealthReport &report);
+
+    HealthOptions m_options;
+    std::unique_ptr<host::Snapshot> m_snapshot;
+    mutable FileStore m_store; ///< mutable: reading fills its cache
+    InstallFolders m_folders;
+    Resolver m_resolver;
+    mutable SharedFiles m_shared;
+    mutable std::shared_mutex m_unitsMutex;
+    mutable std::unordered_set<std::string> m_units; ///< units whose vehicles were found
+    NamedFiles m_consistNames;
+    std::vector<std::string> m_users;
+    std::vector<Merged> m_merged;
+    std::unordered_map<std::string, std::size_t> m_byKey; ///< into m_merged
+    std::size_t m_done = 0, m_total = 0;
+    std::atomic<bool> m_stopped = false;
+};
+
+} // namespace content

@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+#include "content/SharedFiles.h"
+
+#include "host/GameFiles.h"
+#include "host/Path.h"
+#include "host/Text.h"
+#include "korvat/formats/ReadShape.h"
+
+namespace content {
+namespace {
+
+bool isShape(Kind kind)
+{
+    return kind == Kind::Shape || kind == Kind::FreightAnimation || kind == Kind::CouplerShape ||
+           kind == Kind::PassengerView || kind == Kind::Cab3d;
+}
+
+Reference descriptorOf(const std::string &shape)
+{
+    Reference reference;
+    reference.kind = Kind::Descriptor;
+    reference.wants = std::string(host::path::FileName(shape)) + 'd';
+    reference.name.file = reference.wants;
+    return reference;
+}
+
+/// True if the file names itself.
+bool isItself(const Draft &draft)
+{
+    for (const Resolution &resolution : draft.at)
+        if (!resolution.foundAt.empty() && resolution.foundAt == draft.file)
+            return true;
+    return false;
+}
+
+} // namespace
+
+Draft DamagedFile(Kind kind, std::string rule, const std::string &path, std::string fault,
+                  Severity severity, Profiles profiles)
+{
+    Draft draft;
+    draft.reference.kind = kind;
+    draft.reference.profiles = profiles;
+    draft.reference.wants = std::string(host::path::FileName(path));
+    draft.file = path;
+    draft.rule = std::move(rule);
+    draft.severity = severity;
+    draft.detail = std::move(fault);
+    for (Resolution &resolution : draft.at) {
+        resolution.answer = Answer::Here;
+        resolution.foundAt = path;
+        resolution.looked = {path};
+    }
+    return draft;
+}
+
+void SharedFiles::Add(Reference reference, const Context &context, std::vector<Draft> &drafts,
+                      const NamedFiles *named) const
+{
+    Draft draft;
+    draft.at = m_resolver.Resolve(reference, context, named);
+    if (!m_keepAll && !draft.IsProblem())
+        return;
+    draft.reference = std::move(reference);
+    draft.file = context.file;
+    drafts.push_back(std::move(draft));
+}
+
+template <typename Value, typename Make>
+std::shared_ptr<const Value> SharedFiles::once(Table<Value> &table, const std::string &key,
+                                               const Make &make)
+{
+    std::shared_ptr<Slot<Value>> slot;
+    {
+        const std::lock_guard lock(m_mutex);
+        auto &place = table[key];
+        if (!place)
+            place = std::make_shared<Slot<Value>>();
+        slot = place;
+    }
+    std::call_once(slot->once, [&] { slot->value = std::make_shared<const Value>(make()); });
+    return slot->value;
+}
+
+std::shared_ptr<const SharedFile> SharedFiles::Get(Kind kind, const std::string &path,
+                                                   const std::string &stock)
+{
+    if (kind == Kind::Sound)
+        return once(m_files, path, [&] { return readSound(path); });
+    if (kind == Kind::Cab)
+        return once(m_files, path, [&] { return readCabView(path); });
+    if (!isShape(kind))
+        return nullptr;
+    const std::string other = FolderOfPath(path) == stock ? std::string() : stock;
+    return once(m_files, path + '\n' + other, [&] { return readShape(path, other); });
+}
+
+SharedFile SharedFiles::readSound(const std::string &path) const
+{
+    SharedFile file{path, {}};
+    const ReadResult read = m_resolver.Store().Read(path);
+    if (!read.source || !IsSound(*read.source)) {
+        const std::string fault = read.source ? "there is no Tr_SMS block" : read.fault;
+        file.drafts.push_back(
+            DamagedFile(Kind::Sound, "damaged-sound", path, fault, Severity::Warning));
+        return file;
+    }
+    const Context context{path, {}, {}};
+    for (Reference &reference : ReferencesOfSound(*read.source)) {
+        Draft draft;
+        draft.at = m_resolver.Resolve(reference, context);
+        draft.reference = std::move(reference);
+        draft.file = path;
+        if (isItself(draft)) {
+            draft.rule = "self-reference";
+            draft.severity = Severity::Warning;
+            draft.detail = "a sound definition names itself as a sound";
+        }
+        if (m_keepAll || draft.IsProblem())
+            file.drafts.push_back(std::move(draft));
+    }
+    return file;
+}
+
+SharedFile SharedFiles::readCabView(const std::string &path) const
+{
+    SharedFile file{path, {}};
+    const ReadResult read = m_resolver.Store().Read(path);
+    if (!read.source || !IsCabView(*read.source)) {
+        const std::string fault = read.source ? "there is no Tr_CabViewFile block" : read.fault;
+        file.drafts.push_back(DamagedFile(Kind::Cab, "damaged-cab", path, fault, Severity::Error));
+        return file;
+    }
+    const Context context{path, {}, {}};
+    for (Reference &reference : ReferencesOfCabView(*read.source))
+        Add(std::move(reference), context, file.drafts);
+    return file;
+}
+
+SharedFiles::ShapeNeeds SharedFiles::readNeeds(const std::string &path) const
+{
+    ShapeNeeds needs;
+    const std::string bytes = m_resolver.Store().Bytes(path, needs.fault);
+    if (!needs.fault.empty())
+        return needs;
+    korvat::ShapeFile shape = korvat::ReadShape(bytes);
+    needs.images = std::move(shape.shape.images);
+    const bool isDamaged = shape.error && shape.error.status != korvat::Status::TooLarge;
+    if (isDamaged) {
+        needs.fault = shape.error.text;
+        needs.faultLine =
+            shape.form == korvat::ShapeForm::Text ? static_cast<int>(shape.error.where) : 0;
+    }
+    if (const auto descriptor = m_resolver.Store().Folders().FindFile(path + 'd'))
+        if (const ReadResult read = m_resolver.Store().Read(*descriptor); read.source)
+            needs.alternatives = AlternativeTextures(*read.source);
+    return needs;
+}
+
+SharedFile SharedFiles::readShape(const std::string &path, const std::string &stock)
+{
+    SharedFile file{path, {}};
+    const auto needs = once(m_shapes, path, [&] { return readNeeds(path); });
+    if (!needs->fault.empty()) {
+        Draft damaged =
+            DamagedFile(Kind::Shape, "damaged-shape", path, needs->fault, Severity::Error);
+        damaged.reference.line = needs->faultLine;
+        file.drafts.push_back(std::move(damaged));
+    }
+    const Context context{path, stock, {}};
+    Add(descriptorOf(path), {path, {}, {}}, file.drafts);
+    for (Reference &reference : ReferencesOfShape(needs->images, needs->alternatives)) {
+        const std::size_t before = file.drafts.size();
+        Add(std::move(reference), context, file.drafts);
+        if (file.drafts.size() > before)
+            file.drafts.back().stock = stock;
+    }
+    return file;
+}
+
+} // namespace content
