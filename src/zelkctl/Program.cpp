@@ -7,6 +7,7 @@
 #include "host/RuntimeError.h"
 #include "zelkctl/CheckCommand.h"
 #include "zelkctl/EditCommand.h"
+#include "zelkctl/HealthCommand.h"
 #include "zelkctl/ListCommand.h"
 #include "zelkctl/RenderCommand.h"
 #include "zelkctl/ResaveCommand.h"
@@ -54,6 +55,7 @@ void addCommands(CLI::App &app, Session &session)
         ->type_name("DIR");
     AddListCommand(app, session);
     AddCheckCommand(app, session);
+    AddHealthCommand(app, session);
     AddTreeCommand(app, session);
     AddResaveCommand(app, session);
     AddEditCommand(app, session);

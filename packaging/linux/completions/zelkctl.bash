@@ -24,7 +24,7 @@ _zelkctl_installed() {
 # Sets the options of the command and the kind of its arguments: words, names or files.
 _zelkctl_command() {
   case $1 in
-    '') words='list check tree resave edit shape texture render' options='--version' ;;
+    '') words='list check health tree resave edit shape texture render' options='--version' ;;
     list) words='stock consists routes' options='--filter --json' ;;
     check) words='stock consist shape all use' options=$checks ;;
     'check stock') files='eng|wag' options="--no-consists --route $checks" ;;
@@ -32,6 +32,10 @@ _zelkctl_command() {
     'check shape') files=s options=$checks ;;
     'check all') options="--filter $checks" ;;
     'check use') options="--stock --consist --route $checks" ;;
+    health)
+      options='--profile --filter --consist --format --json --out --fail-on --verbose --quiet'
+      options+=' --baseline --write-baseline'
+      ;;
     tree | resave) files='*' ;;
     edit)
       files=con options='--out'
@@ -59,10 +63,13 @@ _zelkctl() {
   _zelkctl_command "$command"
   case $before in
     --msts) compopt -o filenames; mapfile -t COMPREPLY < <(compgen -d -- "$word") ;;
-    --out | --report) _zelkctl_files '*' ;;
+    --out | --report | --baseline | --write-baseline) _zelkctl_files '*' ;;
     --stock) _zelkctl_files 'eng|wag' ;;
     --route) _zelkctl_installed routes ;;
     --consist) _zelkctl_installed consists ;;
+    --profile) mapfile -t COMPREPLY < <(compgen -W 'msts openrails both' -- "$word") ;;
+    --format) mapfile -t COMPREPLY < <(compgen -W 'text json sarif html csv junit' -- "$word") ;;
+    --fail-on) mapfile -t COMPREPLY < <(compgen -W 'error warning note never' -- "$word") ;;
     --filter | --level | --size | --loose | --camera) ;;
     *)
       if [[ $word == -* ]]; then

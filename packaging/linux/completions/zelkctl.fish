@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-set -l commands list check tree resave edit shape texture render
+set -l commands list check health tree resave edit shape texture render
 set -l checks stock consist shape all use
 complete -c zelkctl -s h -l help -d 'Print a short help'
 complete -c zelkctl -l version -d 'Print the version'
@@ -7,8 +7,8 @@ complete -c zelkctl -l msts -x -a '(__fish_complete_directories)' -d 'Train Simu
 complete -c zelkctl -n "not __fish_seen_subcommand_from $commands" -f -a "$commands"
 
 complete -c zelkctl -n '__fish_seen_subcommand_from list' -f -a 'stock consists routes'
-complete -c zelkctl -n '__fish_seen_subcommand_from list all' -x -l filter -d 'Only names that match'
-complete -c zelkctl -n '__fish_seen_subcommand_from list check' -l json -d 'Print a JSON array'
+complete -c zelkctl -n '__fish_seen_subcommand_from list all health' -x -l filter -d 'Only names that match'
+complete -c zelkctl -n '__fish_seen_subcommand_from list check health' -l json -d 'Print a JSON array'
 
 set -l checking '__fish_seen_subcommand_from check'
 complete -c zelkctl -n "$checking; and not __fish_seen_subcommand_from $checks" -f -a "$checks"
@@ -22,9 +22,21 @@ complete -c zelkctl -n $checking -r -l stock -d 'Stock files to look for (use)'
 complete -c zelkctl -n $checking -x -l consist -d 'Consists to look for (use)' \
   -a '(zelkctl list consists 2>/dev/null)'
 
+set -l health '__fish_seen_subcommand_from health'
+complete -c zelkctl -n $health -x -l profile -a 'msts openrails both' -d 'The simulator'
+complete -c zelkctl -n $health -x -l format -a 'text json sarif html csv junit' -d 'Format of the report'
+complete -c zelkctl -n $health -x -l fail-on -a 'error warning note never' \
+  -d 'Lowest severity that fails'
+complete -c zelkctl -n $health -x -l consist -d 'Only these consists' \
+  -a '(zelkctl list consists 2>/dev/null)'
+complete -c zelkctl -n $health -r -l baseline -d 'Report only changes since this baseline'
+complete -c zelkctl -n $health -r -l write-baseline -d 'Write a baseline to this file'
+complete -c zelkctl -n $health -l verbose -d 'Also report what is in order'
+complete -c zelkctl -n $health -l quiet -d 'Show no progress'
+
 complete -c zelkctl -n '__fish_seen_subcommand_from edit' \
   -a 'add=Wagon, add=Engine, remove= clear forwards= backwards= flip='
-complete -c zelkctl -n '__fish_seen_subcommand_from edit texture render' -r -l out -d 'The file to write'
+complete -c zelkctl -n '__fish_seen_subcommand_from edit texture render health' -r -l out -d 'The file to write'
 complete -c zelkctl -n '__fish_seen_subcommand_from texture' -x -l level -d 'Level to save'
 complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l size -d 'Width x height'
 complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l loose -d 'Number of the loose consist'
