@@ -36,18 +36,6 @@ bool agree(const Draft &draft)
            severityOf(draft, Profile::Msts) == severityOf(draft, Profile::OpenRails);
 }
 
-std::string hashOf(const std::string &text)
-{
-    constexpr std::uint64_t kOffset = 14695981039346656037u, kPrime = 1099511628211u;
-    std::uint64_t hash = kOffset;
-    for (const char c : text)
-        hash = (hash ^ static_cast<unsigned char>(c)) * kPrime;
-    std::string digits;
-    for (int shift = 60; shift >= 0; shift -= 4)
-        digits += "0123456789abcdef"[hash >> shift & 15];
-    return digits;
-}
-
 bool namesStock(Kind kind)
 {
     return kind == Kind::ConsistVehicle || kind == Kind::ActivityVehicle;
@@ -73,9 +61,9 @@ std::string HealthRun::idOf(const Finding &finding, const Draft &draft) const
         return host::ToUpper(text);
     };
     const std::string rule = IsProblem(finding.answer) ? std::string() : draft.rule;
-    return hashOf(std::string(ProfileName(finding.profiles)) + '\n' + relative(finding.file) +
-                  '\n' + KindName(finding.kind) + '\n' + finding.wants + '\n' +
-                  relative(draft.stock) + '\n' + rule);
+    return host::Fingerprint(std::string(ProfileName(finding.profiles)) + '\n' +
+                             relative(finding.file) + '\n' + KindName(finding.kind) + '\n' +
+                             finding.wants + '\n' + relative(draft.stock) + '\n' + rule);
 }
 
 Finding HealthRun::findingOf(const Merged &merged, Profiles profiles) const

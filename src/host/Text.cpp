@@ -246,6 +246,18 @@ std::string Counted(std::size_t count, std::string_view one, std::string_view ma
     return std::to_string(count).append(1, ' ').append(count == 1 ? one : many);
 }
 
+std::string Fingerprint(std::string_view text)
+{
+    constexpr std::uint64_t kOffset = 14695981039346656037u, kPrime = 1099511628211u;
+    std::uint64_t hash = kOffset;
+    for (const char c : text)
+        hash = (hash ^ static_cast<unsigned char>(c)) * kPrime;
+    std::string digits;
+    for (int shift = 60; shift >= 0; shift -= 4)
+        digits += "0123456789abcdef"[hash >> shift & 15];
+    return digits;
+}
+
 std::vector<std::string> Split(std::string_view text, char separator)
 {
     std::vector<std::string> parts;

@@ -42,6 +42,9 @@ void AppendUtf8(std::string &out, char32_t c);
 std::string_view TrimBlanks(std::string_view text);
 /// Returns a number with its noun: "1 consist", "3 consists".
 std::string Counted(std::size_t count, std::string_view one, std::string_view many);
+/// Returns 16 hexadecimal digits that depend on the bytes of the text alone (FNV-1a, 64 bits), for
+/// keys that are stored. Not secure against forgery.
+std::string Fingerprint(std::string_view text);
 /// Returns the parts between separators; an empty text has no parts.
 std::vector<std::string> Split(std::string_view text, char separator);
 

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "content/HealthSettings.h"
+
+#include "host/Path.h"
+#include "host/Settings.h"
+#include "host/Text.h"
+
+namespace content {
+namespace {
+
+constexpr std::string_view kSection = "Health";
+
+/// Paths contain characters that keys cannot, so that a fingerprint stands for the folder.
+std::string keyOf(const std::string &folder)
+{
+    return "Profile-" + host::Fingerprint(host::ToUpper(host::path::Normalise(folder)));
+}
+
+} // namespace
+
+Profiles KeptProfiles(host::SettingsStore &settings, const std::string &folder)
+{
+    const auto kept = settings.ReadFrom(kSection, keyOf(folder));
+    for (const Profile profile : kProfiles)
+        if (kept == ProfileName(profile))
+            return profile;
+    return Profiles::Both();
+}
+
+void KeepProfiles(host::SettingsStore &settings, const std::string &folder, Profiles profiles)
+{
+    settings.WriteTo(kSection, keyOf(folder), ProfileName(profiles));
+}
+
+} // namespace content

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "content/ReferenceRules.h"
+
+#include <string>
+
+namespace host {
+class SettingsStore;
+}
+
+/// What a user chose for the health reports of one installation, in the section "Health" of the
+/// settings. Folders that differ only in letter case count as one installation.
+namespace content {
+
+/// Returns the simulators that run the content of an installation folder; both if none were kept.
+Profiles KeptProfiles(host::SettingsStore &settings, const std::string &folder);
+/// Keeps them. Throws as SettingsStore::WriteTo does.
+void KeepProfiles(host::SettingsStore &settings, const std::string &folder, Profiles profiles);
+
+} // namespace content
