@@ -54,6 +54,20 @@ bool losesFirstLine(const stavfile::Source &source)
     return line.find_first_not_of(" \t") != line.npos;
 }
 
+/// True if the text has an include without brackets: simulators read it, but it is not a block.
+bool hasBareInclude(std::string_view text)
+{
+    constexpr std::string_view kInclude = "include", kBlanks = " \t\r\n";
+    for (std::size_t at = 0; (at = text.find_first_of("iI", at)) != text.npos; ++at) {
+        if (!Block::SameName(text.substr(at, kInclude.size()), kInclude))
+            continue;
+        const std::size_t next = text.find_first_not_of(kBlanks, at + kInclude.size());
+        if (next != text.npos && text[next] != '(')
+            return true;
+    }
+    return false;
+}
+
 bool isKeptFromBase(std::string_view path)
 {
     const std::string_view last = path.substr(path.rfind('/') + 1);
@@ -181,6 +195,14 @@ void Vehicle::followInclude(FileStore &store, const Block &block, std::size_t fi
         }
     }
     m_includes.push_back(std::move(include));
+}
+
+bool Vehicle::MayLackBlocks() const
+{
+    return std::any_of(m_includes.begin(), m_includes.end(),
+                       [](const Include &each) { return each.state != Include::State::Read; }) ||
+           std::any_of(m_files.begin(), m_files.end(),
+                       [](const File &file) { return hasBareInclude(file.source->text); });
 }
 
 bool Vehicle::isAt(const Entry &entry, std::string_view path) const

@@ -78,6 +78,9 @@ public:
     const std::vector<File> &Files() const { return m_files; }
     const std::string &Fault() const { return m_fault; }
     const std::vector<Include> &Includes() const { return m_includes; }
+    /// True if an included file could not be read, or an include has no brackets, so that blocks of
+    /// the vehicle may be unknown.
+    bool MayLackBlocks() const;
 
     static constexpr std::uint32_t kTop = UINT32_MAX;
     struct Entry

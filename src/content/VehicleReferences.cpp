@@ -19,8 +19,10 @@ enum class Part : std::uint8_t
     Coupling,
     FreightAnims,
     Cab3d,
+    OtherCab3d, ///< an alternative view point of a 3D cab
     Lights
 };
+constexpr std::size_t kParts = 9;
 
 /// Which of several entries of the same name count.
 enum class Repeats : std::uint8_t
@@ -50,9 +52,9 @@ constexpr std::array kKeys = {
     Key{Part::Wagon, Part::Engine, "ORTSTrainControlSystemSound", Kind::Sound, Repeats::Last,
         Profile::OpenRails},
     Key{Part::Inside, Part::Inside, "Sound", Kind::Sound},
-    Key{Part::Cab3d, Part::Cab3d, "Sound", Kind::Sound, Repeats::LastFile, Profile::OpenRails},
+    Key{Part::Cab3d, Part::OtherCab3d, "Sound", Kind::Sound, Repeats::LastFile, Profile::OpenRails},
     Key{Part::Wagon, Part::Engine, "CabView", Kind::Cab},
-    Key{Part::Cab3d, Part::Cab3d, "ORTS3DCabFile", Kind::Cab3d, Repeats::LastFile},
+    Key{Part::Cab3d, Part::OtherCab3d, "ORTS3DCabFile", Kind::Cab3d, Repeats::LastFile},
     Key{Part::Inside, Part::Inside, "PassengerCabinFile", Kind::PassengerView},
     Key{Part::Wagon, Part::Wagon, "Thumbnail", Kind::Thumbnail},
     Key{Part::Lights, Part::Lights, "ORTSGraphic", Kind::LightImage, Repeats::LastFile},
@@ -67,8 +69,10 @@ constexpr std::array kKeys = {
     Key{Part::Wagon, Part::Engine, "ORTSTrainControlSystem", Kind::Script},
     Key{Part::Wagon, Part::Engine, "ORTSTrainControlSystemParameters", Kind::Script},
     Key{Part::Wagon, Part::Engine, "ORTSCircuitBreaker", Kind::Script},
+    Key{Part::Wagon, Part::Engine, "ORTSCircuitBreakerParameters", Kind::Script},
     Key{Part::Wagon, Part::Engine, "ORTSTractionCutOffRelay", Kind::Script},
     Key{Part::Wagon, Part::Engine, "ORTSPowerSupply", Kind::Script},
+    Key{Part::Wagon, Part::Engine, "ORTSPowerSupplyParameters", Kind::Script},
     Key{Part::Wagon, Part::Engine, "ORTSTrainBrakeController", Kind::Script},
     Key{Part::Wagon, Part::Engine, "ORTSEngineBrakeController", Kind::Script},
 };
@@ -81,6 +85,7 @@ Part partBelow(Part parent, const Block &block)
         break;
     case Part::FreightAnims:
     case Part::Cab3d:
+    case Part::OtherCab3d:
     case Part::Lights:
         return parent;
     default:
@@ -94,9 +99,10 @@ Part partBelow(Part parent, const Block &block)
         return Part::FreightAnims;
     if (block.Is("Lights"))
         return Part::Lights;
-    if (block.Is("ORTS3DCab") || block.Is("ORTSAlternate3DCabViewPoints") ||
-        block.Is("ORTSAlternate3DCabViewPoint"))
+    if (block.Is("ORTS3DCab"))
         return Part::Cab3d;
+    if (block.Is("ORTSAlternate3DCabViewPoints") || block.Is("ORTSAlternate3DCabViewPoint"))
+        return Part::OtherCab3d;
     return Part::Other;
 }
 
@@ -142,7 +148,7 @@ std::vector<Hit> hitsOf(const Vehicle &vehicle)
 /// Removes entries that later ones replace.
 void dropReplaced(const Vehicle &vehicle, std::vector<Hit> &hits)
 {
-    std::array<std::array<std::uint32_t, 8>, kKeys.size()> last{};
+    std::array<std::array<std::uint32_t, kParts>, kKeys.size()> last{};
     const auto slot = [&](const Hit &hit) -> std::uint32_t & {
         return last[static_cast<std::size_t>(hit.key - kKeys.data())]
                    [static_cast<std::size_t>(hit.part)];
@@ -159,10 +165,19 @@ void dropReplaced(const Vehicle &vehicle, std::vector<Hit> &hits)
 
 bool isReservedScript(std::string_view value)
 {
-    for (const char *const word : {"MSTS", "Automatic", "Manual", "Default"})
+    for (const char *const word :
+         {"MSTS", "Automatic", "Manual", "Default", "PushButtons", "TwoStage"})
         if (Block::SameName(value, word))
             return true;
     return false;
+}
+
+/// True for a key whose value is a file with parameters, not a script.
+bool holdsParameters(std::string_view key)
+{
+    constexpr std::string_view kParameters = "Parameters";
+    return key.size() > kParameters.size() &&
+           Block::SameName(key.substr(key.size() - kParameters.size()), kParameters);
 }
 
 Reference referenceTo(Kind kind, const Block &block, std::size_t value, int line)
@@ -193,11 +208,14 @@ void addMeant(const Block &block, Reference &reference)
     }
 }
 
-void finishScript(Reference &reference)
+void finishScript(std::string_view key, Reference &reference)
 {
+    if (holdsParameters(key)) { // whether another value names a file is not documented
+        reference.notNeeded = !host::path::HasExtension(reference.wants, "ini");
+        return;
+    }
     reference.notNeeded = isReservedScript(reference.wants);
-    if (host::path::HasExtension(reference.wants, "cs") ||
-        host::path::HasExtension(reference.wants, "ini"))
+    if (host::path::HasExtension(reference.wants, "cs"))
         return;
     for (Reference::Name &other : reference.otherReadings)
         other.file += ".cs";
@@ -214,7 +232,7 @@ void addReferences(const Hit &hit, const Block &block, int line, Profiles profil
         return;
     addMeant(block, reference);
     if (reference.kind == Kind::Script)
-        finishScript(reference);
+        finishScript(hit.key->name, reference);
     const bool isWhole = reference.meant.empty();
     out.push_back(std::move(reference));
     if (hit.key->kind != Kind::Sound || !isWhole || !profiles.Has(Profile::OpenRails))

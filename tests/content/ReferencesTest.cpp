@@ -133,10 +133,21 @@ TEST_F(VehicleReferencesTest, OnlyOpenRailsReadsSeveralSounds)
 TEST_F(VehicleReferencesTest, ScriptsMayLackTheirExtensionAndReservedWordsNameNone)
 {
     EXPECT_EQ(of("\nWagon ( x ) Engine ( x ORTSTrainControlSystem ( \"..\\\\S\\\\t\" )\n"
-                 "ORTSPowerSupply ( DEFAULT ) ORTSTrainControlSystemParameters ( t.INI ) )"),
+                 "ORTSPowerSupply ( DEFAULT ) ORTSTrainControlSystemParameters ( t.INI )\n"
+                 "ORTSPowerSupplyParameters ( fast ) )"),
               (Lines{"2 script ..\\S\\t -> |..\\S\\t.cs or ..\\S\\t both",
                      "3 script DEFAULT -> |DEFAULT.cs or DEFAULT not needed both",
-                     "3 script t.INI -> |t.INI both"}));
+                     "3 script t.INI -> |t.INI both", "4 script fast -> |fast not needed both"}));
+}
+
+TEST_F(VehicleReferencesTest, AlternativeCabsDoNotReplaceTheCab)
+{
+    m_disk.Write("A/base.inc", "\nWagon ( x ORTS3DCab ( ORTS3DCabFile ( Cab.s ) ) )");
+    EXPECT_EQ(of("\ninclude ( base.inc ) Wagon ( ORTSAlternate3DCabViewPoints ( 2\n"
+                 "ORTSAlternate3DCabViewPoint ( ORTS3DCabFile ( a.s ) Sound ( s.sms ) )\n"
+                 "ORTSAlternate3DCabViewPoint ( ORTS3DCabFile ( b.s ) ) ) )"),
+              (Lines{"2 cab-3d Cab.s -> |Cab.s both", "3 cab-3d a.s -> |a.s both",
+                     "3 sound s.sms -> |s.sms openrails", "4 cab-3d b.s -> |b.s both"}));
 }
 
 TEST_F(VehicleReferencesTest, AnIncludeReplacesListsAsAWhole)
