@@ -74,6 +74,8 @@ std::optional<std::string> FileStore::Find(const std::string &path)
 std::string FileStore::Bytes(const std::string &path, std::string &fault) const
 {
     std::string bytes;
+    if (FileRead)
+        FileRead(path);
     if (const auto failure = host::disk::Read(path, host::GameFiles::kReadLimit, bytes)) {
         fault = failure->reason;
         bytes.clear();

@@ -4,6 +4,7 @@
 #include "host/Snapshot.h"
 #include "stavfile/Source.h"
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -31,6 +32,10 @@ public:
         : m_folders(folders)
     {
     }
+
+    /// Called on any thread with the path of each file before it is read. Set it before the first
+    /// read.
+    std::function<void(const std::string &path)> FileRead;
 
     host::Snapshot &Folders() const { return m_folders; }
     /// Reads a structured file, which may be compressed. `path` is one that FindFile returned.

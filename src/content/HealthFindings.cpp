@@ -52,6 +52,13 @@ const std::string &Finding::Expected() const
     return namesStock(kind) ? looked.back() : looked.front();
 }
 
+HealthRun::Identity HealthRun::identityOf(const Draft &draft)
+{
+    if (draft.reference.kind == Kind::RouteShape && draft.rule.empty())
+        return {"", host::ToUpper(draft.reference.wants)};
+    return {draft.file, draft.reference.wants};
+}
+
 std::string HealthRun::idOf(const Finding &finding, const Draft &draft) const
 {
     const auto relative = [this](const std::string &path) {
@@ -60,10 +67,11 @@ std::string HealthRun::idOf(const Finding &finding, const Draft &draft) const
         std::replace(text.begin(), text.end(), '\\', '/');
         return host::ToUpper(text);
     };
+    const auto [file, wants] = identityOf(draft);
     const std::string rule = IsProblem(finding.answer) ? std::string() : draft.rule;
-    return host::Fingerprint(std::string(ProfileName(finding.profiles)) + '\n' +
-                             relative(finding.file) + '\n' + KindName(finding.kind) + '\n' +
-                             finding.wants + '\n' + relative(draft.stock) + '\n' + rule);
+    return host::Fingerprint(std::string(ProfileName(finding.profiles)) + '\n' + relative(file) +
+                             '\n' + KindName(finding.kind) + '\n' + wants + '\n' +
+                             relative(draft.stock) + '\n' + rule);
 }
 
 Finding HealthRun::findingOf(const Merged &merged, Profiles profiles) const

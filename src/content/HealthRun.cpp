@@ -97,6 +97,7 @@ void HealthRun::workOn(std::size_t count, const Work &work, const Take &take)
 
 HealthReport HealthRun::Run()
 {
+    m_store.FileRead = FileRead;
     if (!m_options.consists.empty()) {
         readConsists(m_options.consists);
     } else {
@@ -105,6 +106,8 @@ HealthReport HealthRun::Run()
             readConsists(allConsists());
             readRoutes();
         }
+        if (m_options.routes)
+            readWorlds();
     }
     return report();
 }
@@ -182,11 +185,8 @@ HealthRun::Unit HealthRun::vehicle(const VehicleFiles &files, Profiles known) co
 void HealthRun::addVehicle(const VehicleFiles &files, const Vehicle &vehicle, Profiles profiles,
                            Unit &unit) const
 {
-    // A broken include could have contained the Wagon block.
-    const bool allRead =
-        std::all_of(vehicle.Includes().begin(), vehicle.Includes().end(),
-                    [](const auto &each) { return each.state == Include::State::Read; });
-    if (vehicle.Files().empty() || (allRead && !IsVehicle(vehicle))) {
+    // An include that was not read could have contained the Wagon block.
+    if (vehicle.Files().empty() || (!IsVehicle(vehicle) && !vehicle.MayLackBlocks())) {
         const std::string fault =
             vehicle.Files().empty() ? vehicle.Fault() : "there is no Wagon block";
         const Profile first = profiles.Has(Profile::OpenRails) ? Profile::OpenRails : Profile::Msts;
@@ -488,6 +488,14 @@ void HealthRun::readRoutes()
         });
 }
 
+void HealthRun::readWorlds()
+{
+    const std::vector<World> worlds = worldFiles();
+    workOn(
+        worlds.size(), [&](std::size_t i) { return world(worlds[i]); },
+        [this](Unit &&unit) { take(std::move(unit)); });
+}
+
 void HealthRun::take(Unit &&unit)
 {
     if (unit.drafts.empty() && unit.uses.empty())
@@ -505,9 +513,9 @@ void HealthRun::merge(const Draft &draft, std::uint32_t user, Profiles profiles)
 {
     if (profiles.Empty())
         return;
-    const std::string key = draft.file + '\n' + KindName(draft.reference.kind) + '\n' +
-                            draft.reference.wants + '\n' + draft.stock + '\n' +
-                            (IsProblem(draft.at[1].answer) ? "" : draft.rule);
+    const auto [file, wants] = identityOf(draft);
+    const std::string key = file + '\n' + KindName(draft.reference.kind) + '\n' + wants + '\n' +
+                            draft.stock + '\n' + (IsProblem(draft.at[1].answer) ? "" : draft.rule);
     const auto [place, isNew] = m_byKey.try_emplace(key, m_merged.size());
     if (isNew)
         m_merged.push_back({draft, profiles, {}});

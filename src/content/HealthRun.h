@@ -31,6 +31,7 @@ struct HealthOptions
     std::string filter; ///< checks only stock in folders that match; "" for all content
     /// Checks only these consists (paths) and what they need; empty for the whole installation.
     std::vector<std::string> consists;
+    bool routes = false;  ///< also checks the routes' own shapes and textures
     bool keepAll = false; ///< also reports references that are in order
     std::size_t workers = host::DefaultWorkers();
 };
@@ -50,6 +51,8 @@ public:
     /// Called on the thread of Run after each piece of work; may call Stop. The total grows during
     /// the run.
     std::function<void(std::size_t done, std::size_t total)> Progress;
+    /// Called on any thread with the path of each file before it is read.
+    std::function<void(const std::string &path)> FileRead;
 
     HealthReport Run();
     /// Makes Run return soon with the findings so far. May be called from any thread.
@@ -84,6 +87,7 @@ private:
     void readNamedVehicles(const std::vector<std::string> &vehicles);
     void readConsists(const std::vector<std::string> &consists);
     void readRoutes();
+    void readWorlds();
     std::vector<std::string> allConsists() const;
 
     Units stockFolder(const std::string &folder, bool isEot) const;
@@ -105,6 +109,16 @@ private:
     Unit activity(const std::string &path, const NamedFiles &services) const;
     Units timetables(const std::string &path) const;
 
+    /// A file of a route's world.
+    struct World
+    {
+        std::string path, route;
+        Profiles profiles; ///< the simulators that read it
+    };
+    std::vector<World> worldFiles() const;
+    Unit world(const World &world) const;
+    void addRouteShape(Reference reference, const World &world, Unit &unit) const;
+
     template <typename Work, typename Take>
     void workOn(std::size_t count, const Work &work, const Take &take);
     void take(Unit &&unit);
@@ -112,6 +126,14 @@ private:
     HealthReport report();
     void addFindings(const Merged &merged, HealthReport &report) const;
     Finding findingOf(const Merged &merged, Profiles profiles) const;
+    /// What identifies the entry of a draft, apart from its kind and folder.
+    struct Identity
+    {
+        std::string file, wants;
+    };
+    /// Returns the file and the value of the entry. The files of a route's world share their
+    /// shapes, in any letter case: a finding for each file would hide the other findings.
+    static Identity identityOf(const Draft &draft);
     std::string idOf(const Finding &finding, const Draft &draft) const;
     void findNearest(HealthReport &report) const;
     void sortUsers(HealthReport &report);
@@ -123,7 +145,8 @@ private:
     Resolver m_resolver;
     mutable SharedFiles m_shared;
     mutable std::shared_mutex m_unitsMutex;
-    mutable std::unordered_set<std::string> m_units; ///< units whose vehicles were found
+    mutable std::unordered_set<std::string>
+        m_units; ///< units and shapes of routes that are in order
     NamedFiles m_consistNames;
     std::vector<std::string> m_users;
     std::vector<Merged> m_merged;

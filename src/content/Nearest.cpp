@@ -40,6 +40,20 @@ std::vector<const char *> extensionsOf(Kind kind)
     }
 }
 
+bool isOfRoute(Kind kind)
+{
+    return kind == Kind::RouteShape || kind == Kind::RouteTexture;
+}
+
+/// Keeps the names of routes apart: a stock folder is no help for a route, nor a route for stock.
+constexpr const char *kRoutePrefix = "/";
+
+/// Returns the key of a name in upper case.
+std::string keyOf(Kind kind, const std::string &name)
+{
+    return (isOfRoute(kind) ? kRoutePrefix : "") + name;
+}
+
 std::string fileOf(const std::string &path)
 {
     return host::ToUpper(host::path::FileName(path));
@@ -96,14 +110,15 @@ void Nearest::Want(Kind kind, const std::string &path)
 {
     if (isOnlyBesideItsFile(kind))
         return;
-    for (std::string &name : namesOf(kind, path))
-        m_places.try_emplace(std::move(name));
+    for (const std::string &name : namesOf(kind, path))
+        m_places.try_emplace(keyOf(kind, name));
+    m_wantsRoutes = m_wantsRoutes || isOfRoute(kind);
 }
 
-void Nearest::addFolder(const std::string &folder)
+void Nearest::addFolder(const std::string &folder, const char *prefix)
 {
     for (const std::string &name : m_folders.ListFiles(folder, "*")) {
-        const auto wanted = m_places.find(host::ToUpper(name));
+        const auto wanted = m_places.find(prefix + host::ToUpper(name));
         if (wanted != m_places.end() && wanted->second.size() < kMaxPlaces)
             wanted->second.push_back(host::path::Join(folder, name));
     }
@@ -111,7 +126,7 @@ void Nearest::addFolder(const std::string &folder)
 
 void Nearest::addTree(const std::string &folder, int depth)
 {
-    addFolder(folder);
+    addFolder(folder, "");
     if (depth == 0)
         return;
     for (const std::string &name : m_folders.ListFolders(folder))
@@ -124,12 +139,24 @@ void Nearest::Search()
     if (m_places.empty())
         return;
     addTree(m_install.trainset, kStockDepth);
-    addFolder(m_install.sound);
+    addFolder(m_install.sound, "");
     addTree(m_install.consists, 1);
     addTree(m_install.eot, 1);
     for (const std::string &route : m_folders.ListFolders(m_install.routes))
         for (const char *const sub : {"SERVICES", "TRAFFIC"})
-            addFolder(host::path::Join(host::path::Join(m_install.routes, route), sub));
+            addFolder(host::path::Join(host::path::Join(m_install.routes, route), sub), "");
+    if (m_wantsRoutes)
+        searchRoutes();
+}
+
+void Nearest::searchRoutes()
+{
+    std::vector<std::string> owners = {PathIn(m_install.root, "GLOBAL")};
+    for (const std::string &route : m_folders.ListFolders(m_install.routes))
+        owners.push_back(host::path::Join(m_install.routes, route));
+    for (const std::string &owner : owners)
+        for (const char *const sub : {"SHAPES", "TEXTURES"})
+            addFolder(host::path::Join(owner, sub), kRoutePrefix);
 }
 
 std::vector<std::string> Nearest::similarNames(const std::string &path)
@@ -167,7 +194,7 @@ Nearest::Candidates Nearest::For(Kind kind, const std::string &path)
     const std::string stock = stockOf(path, m_install.trainset);
     std::vector<std::pair<int, std::string>> found;
     for (const std::string &name : namesOf(kind, path)) {
-        const auto places = m_places.find(name);
+        const auto places = m_places.find(keyOf(kind, name));
         if (places == m_places.end())
             continue;
         for (const std::string &place : places->second) {

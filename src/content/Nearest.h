@@ -35,13 +35,16 @@ public:
     Candidates For(Kind kind, const std::string &path);
 
 private:
-    void addFolder(const std::string &folder);
+    /// Remembers the announced names in a folder; `prefix` as in keyOf.
+    void addFolder(const std::string &folder, const char *prefix);
     void addTree(const std::string &folder, int depth);
+    void searchRoutes();
     std::vector<std::string> similarNames(const std::string &path);
 
+    bool m_wantsRoutes = false;
     host::Snapshot &m_folders;
     const InstallFolders &m_install;
-    std::unordered_map<std::string, std::vector<std::string>> m_places;  ///< by name in upper case
+    std::unordered_map<std::string, std::vector<std::string>> m_places;  ///< by keyOf
     std::unordered_map<std::string, std::vector<std::string>> m_similar; ///< by path
 };
 

@@ -15,7 +15,7 @@ constexpr Place at(Base base, Spelling spelling = Spelling::AsWritten)
     return {base, spelling};
 }
 
-using Places = std::array<Place, 6>;
+using Places = std::array<Place, 8>;
 
 /// The rule of a simulator whose documents describe the effect of a missing file.
 constexpr ProfileRule known(const Places &places, Severity severity)
@@ -49,11 +49,26 @@ constexpr Places kTexturesOr = {at(Base::NamingFile, Spelling::Dds),
                                 at(Base::Stock, Spelling::Dds),
                                 at(Base::Stock),
                                 at(Base::Stock, Spelling::OtherPicture)};
-constexpr Places kSeasons = {at(Base::NamingFile), at(Base::NamingFile, Spelling::FolderAbove),
-                             at(Base::Stock)};
-constexpr Places kSeasonsOr = {at(Base::NamingFile), at(Base::NamingFile, Spelling::OtherPicture),
-                               at(Base::NamingFile, Spelling::FolderAbove), at(Base::Stock),
-                               at(Base::NamingFile, Spelling::Plain)};
+constexpr Places kSeasons = {at(Base::ShapeTextures),
+                             at(Base::ShapeTextures, Spelling::FolderAbove), at(Base::Stock),
+                             at(Base::OtherTextures)};
+constexpr Places kSeasonsOr = {at(Base::ShapeTextures),
+                               at(Base::ShapeTextures, Spelling::OtherPicture),
+                               at(Base::ShapeTextures, Spelling::FolderAbove),
+                               at(Base::Stock),
+                               at(Base::OtherTextures),
+                               at(Base::OtherTextures, Spelling::OtherPicture),
+                               at(Base::ShapeTextures, Spelling::Plain),
+                               at(Base::OtherTextures, Spelling::Plain)};
+/// Whether the shapes of a route may use global textures, and the reverse, is documented only in
+/// part: either folder will do.
+constexpr Places kRouteTextures = {at(Base::ShapeTextures), at(Base::OtherTextures)};
+constexpr Places kRouteTexturesOr = {at(Base::ShapeTextures, Spelling::Dds),
+                                     at(Base::ShapeTextures),
+                                     at(Base::ShapeTextures, Spelling::OtherPicture),
+                                     at(Base::OtherTextures, Spelling::Dds),
+                                     at(Base::OtherTextures),
+                                     at(Base::OtherTextures, Spelling::OtherPicture)};
 
 constexpr const char *kLogged = "the file is logged and left out";
 constexpr const char *kCrashSeen = "the only report of a crash is about a player's engine";
@@ -124,11 +139,8 @@ constexpr std::array<ReferenceRule, kKinds> kRules = {{
              "perhaps only the object is not shown"),
      lenient({at(Base::RouteShapes), at(Base::GlobalShapes)}, kWarning, kLogged)},
     {Kind::RouteTexture, "route-texture", "missing-route-texture",
-     lenient({at(Base::RouteTextures), at(Base::GlobalTextures)}, kWarning,
-             "it is not known what is shown instead"),
-     known({at(Base::RouteTextures, Spelling::Dds), at(Base::RouteTextures),
-            at(Base::RouteTextures, Spelling::OtherPicture), at(Base::GlobalTextures)},
-           kError)},
+     lenient(kRouteTextures, kWarning, "it is not known what is shown instead"),
+     known(kRouteTexturesOr, kError)},
 }};
 
 constexpr bool isInOrder()

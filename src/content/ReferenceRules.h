@@ -133,10 +133,10 @@ enum class Base : std::uint8_t
     Services,      ///< SERVICES of the route
     ServiceByName, ///< the service of the route with this Name
     Traffic,       ///< TRAFFIC of the route
-    RouteShapes,
-    RouteTextures,
-    GlobalShapes,
-    GlobalTextures
+    RouteShapes,   ///< SHAPES of the route
+    GlobalShapes,  ///< GLOBAL\SHAPES
+    ShapeTextures, ///< TEXTURES beside the SHAPES folder; for stock, the shape's folder
+    OtherTextures  ///< the other one of TEXTURES of the route and GLOBAL\TEXTURES
 };
 
 /// How the name is changed for a place.
@@ -161,7 +161,7 @@ struct Place
 struct ProfileRule
 {
     bool known = false;                  ///< false if this simulator does not read the entry
-    std::array<Place, 6> places;         ///< in order; Base::None ends the list
+    std::array<Place, 8> places;         ///< in order; Base::None ends the list
     Answer missing = Answer::Nowhere;    ///< the answer if it is in none of the places
     Severity severity = Severity::Error; ///< of a finding
     const char *reason = "";             ///< for the severity, if no document states one

@@ -223,12 +223,12 @@ private:
             return below(m_context.route, "TRAFFIC");
         case Base::RouteShapes:
             return below(m_context.route, "SHAPES");
-        case Base::RouteTextures:
-            return below(m_context.route, "TEXTURES");
         case Base::GlobalShapes:
             return below(m_folders.root, "GLOBAL/SHAPES");
-        case Base::GlobalTextures:
-            return below(m_folders.root, "GLOBAL/TEXTURES");
+        case Base::ShapeTextures:
+            return m_context.textures.empty() ? FolderOfPath(m_context.file) : m_context.textures;
+        case Base::OtherTextures:
+            return m_context.otherTextures;
         default:
             return {};
         }

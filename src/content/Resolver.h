@@ -27,6 +27,8 @@ struct Context
     std::string file;  ///< the file with the entry
     std::string stock; ///< the vehicle's folder; "" if there is none
     std::string route; ///< the route's folder; "" if there is none
+    /// For a route's shape, the folder with its textures and another folder that may hold them.
+    std::string textures = {}, otherTextures = {};
 };
 
 /// Paths of files by the Name inside them, in upper case.

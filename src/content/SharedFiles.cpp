@@ -89,6 +89,8 @@ std::shared_ptr<const SharedFile> SharedFiles::Get(Kind kind, const std::string 
         return once(m_files, path, [&] { return readSound(path); });
     if (kind == Kind::Cab)
         return once(m_files, path, [&] { return readCabView(path); });
+    if (kind == Kind::RouteShape)
+        return once(m_files, path + '\n' + stock, [&] { return readRouteShape(path, stock); });
     if (!isShape(kind))
         return nullptr;
     const std::string other = FolderOfPath(path) == stock ? std::string() : stock;
@@ -174,6 +176,31 @@ SharedFile SharedFiles::readShape(const std::string &path, const std::string &st
         Add(std::move(reference), context, file.drafts);
         if (file.drafts.size() > before)
             file.drafts.back().stock = stock;
+    }
+    return file;
+}
+
+SharedFile SharedFiles::readRouteShape(const std::string &path, const std::string &route)
+{
+    SharedFile file{path, {}};
+    const auto needs = once(m_shapes, path, [&] { return readNeeds(path); });
+    if (!needs->fault.empty()) {
+        file.drafts.push_back(
+            DamagedFile(Kind::RouteShape, "damaged-shape", path, needs->fault, Severity::Warning));
+        file.drafts.back().reference.line = needs->faultLine;
+    }
+    const std::string global = PathIn(m_resolver.Folders().root, "GLOBAL/TEXTURES");
+    const std::string own = host::path::Join(route, "TEXTURES");
+    const bool isGlobal = host::ToUpper(path).starts_with(host::ToUpper(FolderOfPath(global)) +
+                                                          host::path::kSeparator);
+    const Context context{path, {}, route, isGlobal ? global : own, isGlobal ? own : global};
+    for (Reference &reference : ReferencesOfShape(needs->images, needs->alternatives)) {
+        if (reference.kind == Kind::Texture)
+            reference.kind = Kind::RouteTexture;
+        const std::size_t before = file.drafts.size();
+        Add(std::move(reference), context, file.drafts);
+        if (isGlobal && file.drafts.size() > before)
+            file.drafts.back().stock = route;
     }
     return file;
 }

@@ -56,7 +56,8 @@ public:
     }
 
     /// Returns the references of a file that was found for a reference of this kind; null for kinds
-    /// whose files have none. The textures of a shape are also looked for in `stock`.
+    /// whose files have none. The textures of a shape are also looked for in `stock`, which for a
+    /// route's shape is the route's folder.
     std::shared_ptr<const SharedFile> Get(Kind kind, const std::string &path,
                                           const std::string &stock);
     /// Resolves a reference of a file and appends the draft if it is to be kept.
@@ -87,12 +88,13 @@ private:
     SharedFile readSound(const std::string &path) const;
     SharedFile readCabView(const std::string &path) const;
     SharedFile readShape(const std::string &path, const std::string &stock);
+    SharedFile readRouteShape(const std::string &path, const std::string &route);
     ShapeNeeds readNeeds(const std::string &path) const;
 
     const Resolver &m_resolver;
     bool m_keepAll;
     std::mutex m_mutex;
-    Table<SharedFile> m_files; ///< by path, and for a shape in another folder by stock folder
+    Table<SharedFile> m_files; ///< by path, and for shapes of routes or other folders by `stock`
     Table<ShapeNeeds> m_shapes;
 };
 

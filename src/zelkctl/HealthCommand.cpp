@@ -4,9 +4,11 @@
 #include "content/Baseline.h"
 #include "content/HealthFormats.h"
 #include "content/HealthRun.h"
+#include "content/HealthSettings.h"
 #include "host/Console.h"
 #include "host/Path.h"
 #include "host/Product.h"
+#include "host/Settings.h"
 #include "host/Text.h"
 #include "zelkctl/CheckOutput.h"
 #include "zelkctl/Session.h"
@@ -21,14 +23,17 @@ namespace {
 
 struct HealthCommandOptions
 {
-    std::string profile = "both", format = "text", failOn = "error";
-    std::string filter, out, baseline, writeBaseline;
+    std::string format = "text", failOn = "error";
+    std::string profile, filter, out, baseline, writeBaseline;
     std::vector<std::string> consists;
-    bool json = false, verbose = false, quiet = false;
+    bool routes = false, json = false, verbose = false, quiet = false;
 };
 
-content::Profiles profilesOf(const std::string &name)
+/// Returns the simulators of this name; for "", those kept for the installation in `folder`.
+content::Profiles profilesOf(const std::string &name, const std::string &folder)
 {
+    if (name.empty())
+        return content::KeptProfiles(*host::UserSettings(), folder);
     if (name == "msts")
         return content::Profile::Msts;
     return name == "openrails" ? content::Profile::OpenRails : content::Profiles::Both();
@@ -117,15 +122,16 @@ void write(const content::HealthReport &report, const HealthCommandOptions &opti
 content::HealthReport check(Session &session, const HealthCommandOptions &options)
 {
     const install::Installation installation = OpenInstallation(session);
+    const auto absolute = host::GamePath::Of(installation.CurrentFolder());
+    const std::string folder = absolute ? absolute->text : installation.CurrentFolder();
     content::HealthOptions health;
-    health.profiles = profilesOf(options.profile);
+    health.profiles = profilesOf(options.profile, folder);
     health.filter = options.filter;
+    health.routes = options.routes;
     health.keepAll = options.verbose;
     for (const std::string &name : options.consists)
         health.consists.push_back(consistFile(session, installation, name));
-    const auto folder = host::GamePath::Of(installation.CurrentFolder());
-    content::HealthRun run(session.files, folder ? folder->text : installation.CurrentFolder(),
-                           std::move(health));
+    content::HealthRun run(session.files, folder, std::move(health));
     ProgressLine progress(!options.quiet);
     if (progress.IsWatched())
         run.Progress = [&progress](std::size_t done, std::size_t total) {
@@ -174,17 +180,21 @@ void AddHealthCommand(CLI::App &app, Session &session)
         app.add_subcommand("health", "Report faults of the content by the rules of the simulators");
     command->footer("Exit code 0: nothing is wrong; 1: there is a finding at or above --fail-on; "
                     "2: the command failed.");
-    addChoice(*command, "--profile", options->profile, "The simulator that runs the content",
+    addChoice(*command, "--profile", options->profile,
+              "The simulator that runs the content; otherwise the one kept for the installation",
               "msts|openrails|both", {"msts", "openrails", "both"});
     const auto filter =
         command->add_option("--filter", options->filter,
                             "Only stock folders that match: GP*, *freight or part of the name");
     filter->type_name("F");
+    const auto routes = command->add_flag("--routes", options->routes,
+                                          "Also the shapes and textures of the routes");
     command
         ->add_option("--consist", options->consists,
                      "Only these consists, by name or as files, and what they need")
         ->type_name("NAME")
-        ->excludes(filter);
+        ->excludes(filter)
+        ->excludes(routes);
     addChoice(*command, "--format", options->format, "The format of the report",
               "text|json|sarif|html|csv|junit", {"text", "json", "sarif", "html", "csv", "junit"});
     command->add_flag("--json", options->json, "Same as --format json");

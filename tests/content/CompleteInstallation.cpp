@@ -72,6 +72,17 @@ const std::map<std::string, std::string> &files()
          "Wagon ( WagonData ( w A ) ) ) ) ) ) ) )"},
         {"Routes/R/Activities/OpenRails/day.timetable-or",
          ";Train 1;#comment\n#consist;<c>$reverse + c;nobody\n#path;p;p\n"},
+        {"Routes/R/World/w-1.w",
+         "\nTr_Worldfile ( Static ( UiD ( 1 ) FileName ( House.s ) )\n"
+         "TrackObj ( FileName ( track.s ) ) Hazard ( FileName ( deer.haz ) ) )"},
+        {"Routes/R/World/OpenRails/w-1.w", "\nTr_Worldfile ( Static ( FileName ( extra.s ) ) )"},
+        {"Routes/R/Shapes/house.s", shape("house.ace")},
+        {"Routes/R/Shapes/house.sd", "\nshape ( ESD_Alternative_Texture ( 1 ) )"},
+        {"Routes/R/Shapes/extra.s", shape("house.ace")},
+        {"Routes/R/Textures/house.ace", ""},
+        {"Routes/R/Textures/SNOW/house.ace", ""},
+        {"Global/Shapes/track.s", shape("track.ace")},
+        {"Global/Textures/track.ace", ""},
     };
     return kFiles;
 }

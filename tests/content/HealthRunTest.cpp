@@ -33,7 +33,9 @@ TEST(HealthRunTest, CompleteInstallationHasNoFindings)
     for (const Profiles profiles :
          {Profiles::Both(), Profiles(Profile::Msts), Profiles(Profile::OpenRails)}) {
         CompleteInstallation installation;
-        EXPECT_EQ(installation.Problems(in(profiles)), Lines{});
+        HealthOptions options = in(profiles);
+        options.routes = true;
+        EXPECT_EQ(installation.Problems(options), Lines{});
     }
     CompleteInstallation empty;
     support::TempFolder nothing;
@@ -209,14 +211,15 @@ TEST(HealthRunTest, FindsExactlyWhatIsWrong)
 {
     for (const Planned &each : planned()) {
         SCOPED_TRACE(each.name);
-        EXPECT_EQ(CompleteInstallation(each.changes).Problems(), each.expected);
+        CompleteInstallation installation(each.changes);
+        EXPECT_EQ(installation.Problems(), each.expected);
         for (const Profile profile : kProfiles) {
             Lines own; // a run for one simulator has the findings that concern it
             for (const std::string &line : each.expected)
                 if (line.starts_with("both") || line.starts_with(ProfileName(profile)))
                     own.push_back(ProfileName(profile) + line.substr(line.find(' ')));
             std::sort(own.begin(), own.end());
-            EXPECT_EQ(CompleteInstallation(each.changes).Problems(in(profile)), own);
+            EXPECT_EQ(installation.Problems(in(profile)), own);
         }
     }
 }
@@ -306,16 +309,37 @@ std::string everythingOf(const HealthReport &report)
     return text;
 }
 
+FileChanges someChanges(std::mt19937 &random)
+{
+    FileChanges changes;
+    for (const Planned &each : planned())
+        if (random() % 4 == 0)
+            changes.insert(changes.end(), each.changes.begin(), each.changes.end());
+    return changes;
+}
+
 TEST(HealthRunTest, ReportIsTheSameForAnyNumberOfWorkers)
 {
-    CompleteInstallation installation(muchWrong());
-    HealthOptions options;
-    options.keepAll = true;
-    options.workers = 1;
-    const std::string alone = everythingOf(installation.Check(options));
-    for (const std::size_t workers : {2u, 7u}) {
-        options.workers = workers;
-        EXPECT_EQ(everythingOf(installation.Check(options)), alone);
+    std::mt19937 random(7);
+    for (int round = 0; round < 6; ++round) {
+        SCOPED_TRACE(round);
+        CompleteInstallation installation(round == 0 ? muchWrong() : someChanges(random));
+        HealthOptions options;
+        options.keepAll = round % 2 == 0;
+        options.routes = true;
+        options.workers = 1;
+        const HealthReport report = installation.Check(options);
+        const std::string alone = everythingOf(report);
+        for (const std::size_t workers : {2u, 7u}) {
+            options.workers = workers;
+            EXPECT_EQ(everythingOf(installation.Check(options)), alone);
+        }
+        std::set<std::size_t> grouped;
+        for (const Cause &cause : report.causes)
+            for (const std::size_t index : cause.findings)
+                EXPECT_TRUE(grouped.insert(index).second);
+        for (std::size_t i = 0; i < report.findings.size(); ++i)
+            EXPECT_EQ(grouped.contains(i), report.findings[i].IsProblem());
     }
 }
 
@@ -353,15 +377,6 @@ std::map<std::string, std::string> answersOf(const CompleteInstallation &install
                     ' ' + installation.Relative(finding.file) + ' ' + finding.wants + ' ' +
                     finding.detail] = AnswerName(finding.answer);
     return answers;
-}
-
-FileChanges someChanges(std::mt19937 &random)
-{
-    FileChanges changes;
-    for (const Planned &each : planned())
-        if (random() % 4 == 0)
-            changes.insert(changes.end(), each.changes.begin(), each.changes.end());
-    return changes;
 }
 
 TEST(HealthRunTest, BaselineLeavesExactlyTheNewAndChangedFindings)

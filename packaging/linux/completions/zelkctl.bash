@@ -33,7 +33,7 @@ _zelkctl_command() {
     'check all') options="--filter $checks" ;;
     'check use') options="--stock --consist --route $checks" ;;
     health)
-      options='--profile --filter --consist --format --json --out --fail-on --verbose --quiet'
+      options='--profile --filter --routes --consist --format --json --out --fail-on --verbose --quiet'
       options+=' --baseline --write-baseline'
       ;;
     tree | resave) files='*' ;;

@@ -27,6 +27,7 @@ complete -c zelkctl -n $health -x -l profile -a 'msts openrails both' -d 'The si
 complete -c zelkctl -n $health -x -l format -a 'text json sarif html csv junit' -d 'Format of the report'
 complete -c zelkctl -n $health -x -l fail-on -a 'error warning note never' \
   -d 'Lowest severity that fails'
+complete -c zelkctl -n $health -l routes -d 'Also the shapes and textures of the routes'
 complete -c zelkctl -n $health -x -l consist -d 'Only these consists' \
   -a '(zelkctl list consists 2>/dev/null)'
 complete -c zelkctl -n $health -r -l baseline -d 'Report only changes since this baseline'

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+// The part of HealthRun that reads the routes' worlds.
+#include "content/HealthRun.h"
+
+#include "content/WorldFile.h"
+#include "host/Path.h"
+#include "host/Text.h"
+
+#include <mutex>
+
+namespace content {
+
+std::vector<HealthRun::World> HealthRun::worldFiles() const
+{
+    std::vector<World> worlds;
+    for (const std::string &name : m_snapshot->ListFolders(m_folders.routes)) {
+        const std::string route = host::path::Join(m_folders.routes, name);
+        const std::string folder = host::path::Join(route, "WORLD");
+        const auto add = [&](const std::string &place, Profiles profiles) {
+            for (const std::string &file : m_snapshot->ListFiles(place, "*.w"))
+                if (auto found = m_snapshot->FindFile(host::path::Join(place, file)))
+                    worlds.push_back({std::move(*found), route, profiles});
+        };
+        add(folder, Profiles::Both());
+        add(host::path::Join(folder, "OpenRails"), Profile::OpenRails);
+    }
+    return worlds;
+}
+
+HealthRun::Unit HealthRun::world(const World &world) const
+{
+    Unit unit;
+    unit.user = world.path;
+    if ((world.profiles & m_options.profiles).Empty())
+        return unit;
+    std::string fault;
+    std::string bytes = m_store.Bytes(world.path, fault);
+    WorldFile file;
+    if (fault.empty())
+        file = ReadWorldFile(std::move(bytes));
+    else
+        file.fault = std::move(fault);
+    if (!file.fault.empty())
+        unit.drafts.push_back(DamagedFile(Kind::RouteShape, "unread-world", world.path,
+                                          "the shapes of the file are not checked: " + file.fault,
+                                          Severity::Note, world.profiles));
+    for (Reference &reference : file.shapes)
+        addRouteShape(std::move(reference), world, unit);
+    return unit;
+}
+
+/// Many files of a world name the same shapes, so a shape that is in order is looked up once.
+void HealthRun::addRouteShape(Reference reference, const World &world, Unit &unit) const
+{
+    const std::string key = world.route + '\n' + host::ToUpper(reference.wants);
+    if (!m_options.keepAll) {
+        const std::shared_lock lock(m_unitsMutex);
+        if (m_units.contains(key))
+            return;
+    }
+    Draft draft;
+    draft.reference = std::move(reference);
+    draft.reference.profiles = world.profiles;
+    draft.file = world.path;
+    draft.stock = world.route;
+    draft.at = m_resolver.Resolve(draft.reference, {world.path, {}, world.route});
+    const std::size_t uses = unit.uses.size();
+    follow(draft, world.route, unit);
+    if (m_options.keepAll || draft.IsProblem()) {
+        unit.drafts.push_back(std::move(draft));
+    } else if (unit.uses.size() == uses && world.profiles == Profiles::Both()) {
+        const std::unique_lock lock(m_unitsMutex);
+        m_units.insert(key);
+    }
+}
+
+} // namespace content
