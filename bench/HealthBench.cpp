@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+// Compares the health report of an installation with reading the files that it opens once.
+// Usage: zelk-health-bench INSTALLATION
+#include "Measure.h"
+#include "Processes.h"
+#include "content/HealthRun.h"
+#include "host/GameFiles.h"
+
+#include <cstdio>
+#include <memory>
+#include <mutex>
+#include <set>
+
+namespace {
+
+using Files = std::set<std::string>;
+
+void readOnce(const Files &files)
+{
+    static std::vector<char> buffer(1 << 20);
+    for (const std::string &name : files) {
+        const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::fopen(name.c_str(), "rb"),
+                                                                    std::fclose);
+        if (!file)
+            continue;
+        std::setvbuf(file.get(), nullptr, _IONBF, 0);
+        while (std::fread(buffer.data(), 1, buffer.size(), file.get()) == buffer.size())
+            continue;
+    }
+}
+
+content::HealthReport check(const std::string &folder, std::size_t workers,
+                            std::function<void(const std::string &)> fileRead = {})
+{
+    host::GameFiles files; // new in each round, so that no listings are cached
+    content::HealthOptions options;
+    options.workers = workers;
+    content::HealthRun run(files, folder, options);
+    run.FileRead = std::move(fileRead);
+    return run.Run();
+}
+
+Files filesOf(const std::string &folder)
+{
+    std::mutex mutex;
+    Files opened;
+    check(folder, 1, [&](const std::string &path) {
+        const std::lock_guard lock(mutex);
+        opened.insert(path);
+    });
+    return opened;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: zelk-health-bench INSTALLATION\n");
+        return 2;
+    }
+    const std::string folder = argv[1];
+    const auto withWorkers = [&](std::size_t workers) {
+        return [&folder, workers] { check(folder, workers); };
+    };
+    const double memory = bench::PeakMebibytes(withWorkers(2)); // first: no freed memory to reuse
+    const Files files = filesOf(folder);
+    const auto readAll = [&] { readOnce(files); };
+    const auto zelkctl = [&] {
+        bench::RunQuietly({ZELKCTL, "--msts", folder, "health", "--profile", "both", "--fail-on",
+                           "never", "--quiet"});
+    };
+    const char *const once = "reading the files once";
+    constexpr int kRounds = 5;
+    bench::PrintTable({
+        bench::Compare("health, one worker", withWorkers(1), once, readAll, kRounds),
+        bench::Compare("health, two workers", withWorkers(2), once, readAll, kRounds),
+        bench::Compare("zelkctl health", zelkctl, once, readAll, kRounds),
+        {"health, peak memory", "wanted", memory, 400, "MB"},
+    });
+    std::printf("%zu files read\n", files.size());
+    return 0;
+}
