@@ -8,12 +8,13 @@
 namespace content {
 namespace {
 
-/// The page must work without a network, on dark screens and on paper.
+/// The page must work without a network, on dark screens and on paper. It is well-formed XML, so
+/// that scripts can read it.
 constexpr std::string_view kHead = R"(<!DOCTYPE html>
 <html lang="en">
 <head>
-<meta charset="utf-8">
-<meta name="viewport" content="width=device-width, initial-scale=1">
+<meta charset="utf-8"/>
+<meta name="viewport" content="width=device-width, initial-scale=1"/>
 <title>Health report</title>
 <style>
 :root { color-scheme: light dark; }
@@ -67,7 +68,7 @@ std::string rowOf(const Finding &finding, const HealthReport &report)
         place += ", line " + std::to_string(finding.line);
     std::string what = XmlText(SentenceOf(finding));
     if (!finding.candidates.empty())
-        what += "<br>Perhaps:" + listOf(finding.candidates, self);
+        what += "<br/>Perhaps:" + listOf(finding.candidates, self);
     const std::string users =
         listOf(finding.neededBy,
                [&](std::uint32_t user) -> const std::string & { return report.users[user]; });
