@@ -147,11 +147,12 @@ SharedFiles::ShapeNeeds SharedFiles::readNeeds(const std::string &path) const
         return needs;
     korvat::ShapeFile shape = korvat::ReadShape(bytes);
     needs.images = std::move(shape.shape.images);
+    // Where a compressed file is damaged is not a line.
+    const bool hasLines = shape.form == korvat::ShapeForm::Text && !bytes.starts_with("SIMISA@F");
     const bool isDamaged = shape.error && shape.error.status != korvat::Status::TooLarge;
     if (isDamaged) {
         needs.fault = shape.error.text;
-        needs.faultLine =
-            shape.form == korvat::ShapeForm::Text ? static_cast<int>(shape.error.where) : 0;
+        needs.faultLine = hasLines ? static_cast<int>(shape.error.where) : 0;
     }
     if (const auto descriptor = m_resolver.Store().Folders().FindFile(path + 'd'))
         if (const ReadResult read = m_resolver.Store().Read(*descriptor); read.source)
