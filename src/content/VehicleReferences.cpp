@@ -124,6 +124,14 @@ struct Hit
     std::uint32_t entry;
 };
 
+/// The lights of an override replace those of its base as a whole, even if they name no image.
+void dropLightsOfOtherFiles(const Vehicle &vehicle, std::uint32_t file, std::vector<Hit> &hits)
+{
+    std::erase_if(hits, [&](const Hit &hit) {
+        return hit.part == Part::Lights && vehicle.Entries()[hit.entry].file != file;
+    });
+}
+
 std::vector<Hit> hitsOf(const Vehicle &vehicle)
 {
     std::vector<Hit> hits;
@@ -141,6 +149,8 @@ std::vector<Hit> hitsOf(const Vehicle &vehicle)
         if (const Key *key = keyOf(parent, block))
             hits.push_back({key, parent, static_cast<std::uint32_t>(parts.size())});
         parts.push_back(partBelow(parent, block));
+        if (parts.back() == Part::Lights && parent != Part::Lights)
+            dropLightsOfOtherFiles(vehicle, entry.file, hits);
     }
     return hits;
 }
