@@ -61,6 +61,14 @@ const char *detailOfInclude(Include::State state)
     }
 }
 
+Draft lostFirstLine(const std::string &path, const char *detail)
+{
+    Draft draft = DamagedFile(Kind::Include, "include-first-line", path, detail, Severity::Note,
+                              Profile::OpenRails);
+    draft.reference.line = 1;
+    return draft;
+}
+
 } // namespace
 
 HealthRun::HealthRun(host::GameFiles &files, const std::string &folder, HealthOptions options)
@@ -216,6 +224,9 @@ void HealthRun::addVehicle(const VehicleFiles &files, const Vehicle &vehicle, Pr
 
 void HealthRun::addIncludes(const Vehicle &vehicle, Unit &unit) const
 {
+    if (vehicle.LosesLine())
+        unit.drafts.push_back(lostFirstLine(vehicle.Files().front().path,
+                                            "the first line of a file with includes is not read"));
     for (const Include &include : vehicle.Includes()) {
         Draft draft;
         draft.reference.kind = Kind::Include;
@@ -236,12 +247,9 @@ void HealthRun::addIncludes(const Vehicle &vehicle, Unit &unit) const
         if (include.state == Include::State::Damaged)
             unit.drafts.push_back(DamagedFile(Kind::Include, "damaged-include", include.foundAt,
                                               include.fault, Severity::Error, Profile::OpenRails));
-        if (include.losesLine) {
-            unit.drafts.push_back(DamagedFile(Kind::Include, "include-first-line", include.foundAt,
-                                              "the first line of an included file is not read",
-                                              Severity::Note, Profile::OpenRails));
-            unit.drafts.back().reference.line = 1;
-        }
+        if (include.losesLine)
+            unit.drafts.push_back(
+                lostFirstLine(include.foundAt, "the first line of an included file is not read"));
     }
 }
 

@@ -105,6 +105,7 @@ Vehicle::Vehicle(FileStore &store, const VehicleFiles &files, Profile profile,
     m_entries.reserve(read.source->records.Size());
     m_stack.push_back({0, 0, static_cast<std::uint32_t>(read.source->records.Size()), kTop, true});
     this->read(store);
+    m_losesLine = !m_includes.empty() && losesFirstLine(*read.source);
 }
 
 void Vehicle::read(FileStore &store)

@@ -81,6 +81,9 @@ public:
     /// True if an included file could not be read, or an include has no brackets, so that blocks of
     /// the vehicle may be unknown.
     bool MayLackBlocks() const;
+    /// True if the first file includes others although its first line, which Open Rails skips, is
+    /// not blank.
+    bool LosesLine() const { return m_losesLine; }
 
     static constexpr std::uint32_t kTop = UINT32_MAX;
     struct Entry
@@ -125,6 +128,7 @@ private:
     std::vector<Include> m_includes;
     std::vector<Frame> m_stack; ///< while reading
     std::string m_fault;
+    bool m_losesLine = false;
 };
 
 /// Longer names are not looked up: no system opens such a path, and comparing them is slow.
