@@ -56,6 +56,8 @@ HealthRun::Identity HealthRun::identityOf(const Draft &draft)
 {
     if (draft.reference.kind == Kind::RouteShape && draft.rule.empty())
         return {"", host::ToUpper(draft.reference.wants)};
+    if (namesStock(draft.reference.kind)) // an engine and a wagon of one name are two entries
+        return {draft.file, draft.reference.wants + '\n' + draft.reference.name.file};
     return {draft.file, draft.reference.wants};
 }
 
