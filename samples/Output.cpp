@@ -32,12 +32,12 @@ std::string contentsOf(const fs::path &path)
 
 } // namespace
 
-Output::Output(fs::path root, std::string_view marker)
+Output::Output(fs::path root, std::string_view marker, std::string_view smaller)
     : m_root(std::move(root))
 {
     std::error_code error;
     if (fs::exists(m_root, error)) {
-        requireOwn(marker);
+        requireOwn(marker, smaller);
     } else if (!fs::create_directories(m_root, error)) {
         fail(m_root, "cannot be made: " + error.message());
     }
@@ -45,7 +45,7 @@ Output::Output(fs::path root, std::string_view marker)
     m_count = 0;
 }
 
-void Output::requireOwn(std::string_view marker) const
+void Output::requireOwn(std::string_view marker, std::string_view smaller) const
 {
     std::error_code error;
     if (!fs::is_directory(m_root, error))
@@ -59,7 +59,7 @@ void Output::requireOwn(std::string_view marker) const
     if (!fs::is_regular_file(fs::symlink_status(file, error)))
         fail(m_root, "is not empty and was not made by this program; name a new or empty folder");
     const std::string found = contentsOf(file);
-    if (found != marker)
+    if (found != marker && found != smaller)
         fail(m_root, "holds a sample made with other options; name a new or empty folder");
 }
 

@@ -24,8 +24,9 @@ class Output
 {
 public:
     /// `marker` is the text of the marker file. Throws std::runtime_error if the folder holds
-    /// files but no marker file with this text.
-    Output(std::filesystem::path root, std::string_view marker);
+    /// files but no marker file with this text or with `smaller`, that of a sample with fewer
+    /// files.
+    Output(std::filesystem::path root, std::string_view marker, std::string_view smaller);
 
     /// Writes a file. `path` is relative to the folder, in UTF-8, with "/".
     void Write(const std::string &path, std::string_view bytes);
@@ -33,7 +34,7 @@ public:
     int Count() const { return m_count; }
 
 private:
-    void requireOwn(std::string_view marker) const;
+    void requireOwn(std::string_view marker, std::string_view smaller) const;
     std::filesystem::path below(std::string_view path) const;
 
     std::filesystem::path m_root;

@@ -2,6 +2,7 @@
 #include "samples/Sample.h"
 
 #include "samples/Consists.h"
+#include "samples/HealthCases.h"
 #include "samples/Large.h"
 #include "samples/Output.h"
 #include "samples/Routes.h"
@@ -74,7 +75,25 @@ std::string markerText(const Options &options)
     text += optionText("consists", options.consists);
     if (options.seed)
         text += " --seed " + std::to_string(*options.seed);
+    if (options.health)
+        text += " --health";
     return text + '\n';
+}
+
+/// Adds what is in these files to the totals. Overrides are not counted.
+void count(const SampleFiles &files, Totals &totals)
+{
+    std::set<std::string> folders;
+    for (const SampleFile &file : files) {
+        const std::string folder = file.path.substr(0, file.path.rfind('/'));
+        const bool isStock = (file.path.ends_with(".eng") || file.path.ends_with(".wag")) &&
+                             !folder.ends_with("/OpenRails");
+        if (isStock)
+            folders.insert(folder);
+        totals.stock += isStock;
+        totals.consists += folder == "TRAINS/CONSISTS";
+    }
+    totals.folders += static_cast<int>(folders.size());
 }
 
 } // namespace
@@ -83,7 +102,9 @@ Totals WriteSample(const std::filesystem::path &out, const Options &options)
 {
     Totals totals = defaultTotals();
     const Extra extra = extraOf(options, totals);
-    Output output(out, markerText(options));
+    Options smaller = options;
+    smaller.health = false; // the health cases only add files
+    Output output(out, markerText(options), markerText(smaller));
     for (const auto &files : {StockFiles(), SoundFiles(), CabFiles(), ConsistFiles(), RouteFiles()})
         for (const SampleFile &file : files)
             output.Write(file.path, file.bytes);
@@ -91,6 +112,12 @@ Totals WriteSample(const std::filesystem::path &out, const Options &options)
     totals.folders += extra.folders;
     totals.stock += extra.stock;
     totals.consists += extra.consists;
+    if (options.health) {
+        const SampleFiles cases = HealthFiles();
+        for (const SampleFile &file : cases)
+            output.Write(file.path, file.bytes);
+        count(cases, totals);
+    }
     totals.files = output.Count();
     return totals;
 }

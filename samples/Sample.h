@@ -16,6 +16,7 @@ struct Options
     std::optional<int> stock = {};          ///< .eng and .wag files
     std::optional<int> consists = {};       ///< .con files
     std::optional<std::uint64_t> seed = {}; ///< of the generated part; default 1
+    bool health = false; ///< also the cases of HealthCases.h, on top of these totals
 };
 
 struct Totals
@@ -30,9 +31,9 @@ struct Totals
 inline constexpr const char *kMarkerFile = "zelk-sample.txt";
 
 /// Writes the sample into `out`, which must be new, empty, or hold a sample with the same options.
-/// Overwrites such a sample but leaves other files in the folder alone. Equal options give equal
-/// bytes. Throws std::runtime_error with a description if an option, the folder or a file is at
-/// fault.
+/// Overwrites such a sample but leaves other files in the folder alone. Adds health cases to a
+/// sample without them. Equal options give equal bytes. Throws std::runtime_error with a
+/// description if an option, the folder or a file is at fault.
 Totals WriteSample(const std::filesystem::path &out, const Options &options = {});
 
 } // namespace samples

@@ -108,28 +108,6 @@ std::string soundText(const Sound &sound)
     return out + "\t\t)\n\t)\n)\n";
 }
 
-/// Returns a short square wave, 8-bit mono.
-std::string waveBytes()
-{
-    constexpr std::uint32_t rate = 11025;
-    constexpr std::uint32_t samples = 64;
-    std::string out = "RIFF";
-    AppendU32(out, 36 + samples);
-    out += "WAVEfmt ";
-    AppendU32(out, 16);
-    AppendU16(out, 1);
-    AppendU16(out, 1);
-    AppendU32(out, rate);
-    AppendU32(out, rate);
-    AppendU16(out, 1);
-    AppendU16(out, 8);
-    out += "data";
-    AppendU32(out, samples);
-    for (std::uint32_t i = 0; i < samples; ++i)
-        out += static_cast<char>(i % 16 < 8 ? 0x90 : 0x70);
-    return out;
-}
-
 std::string cabText(const Cab &cab)
 {
     std::string out = "Tr_CabViewFile (\n\tCabViewType ( 1 )\n";
@@ -164,6 +142,27 @@ std::string inTrainset(const char *path)
 
 } // namespace
 
+std::string WaveBytes()
+{
+    constexpr std::uint32_t rate = 11025;
+    constexpr std::uint32_t samples = 64;
+    std::string out = "RIFF";
+    AppendU32(out, 36 + samples);
+    out += "WAVEfmt ";
+    AppendU32(out, 16);
+    AppendU16(out, 1);
+    AppendU16(out, 1);
+    AppendU32(out, rate);
+    AppendU32(out, rate);
+    AppendU16(out, 1);
+    AppendU16(out, 8);
+    out += "data";
+    AppendU32(out, samples);
+    for (std::uint32_t i = 0; i < samples; ++i)
+        out += static_cast<char>(i % 16 < 8 ? 0x90 : 0x70);
+    return out;
+}
+
 SampleFiles SoundFiles()
 {
     SampleFiles files;
@@ -171,7 +170,7 @@ SampleFiles SoundFiles()
         files.push_back({inTrainset(sound.path),
                          EncodeText("x1", soundText(sound), {.encoding = sound.encoding})});
     for (const char *wave : kWaves)
-        files.push_back({inTrainset(wave), waveBytes()});
+        files.push_back({inTrainset(wave), WaveBytes()});
     files.push_back({inTrainset("Repair Sidings/Sound/rs_broken.sms"),
                      EncodeText("x1", "Tr_Sound (\n\tVolume ( 1.0 )\n)\n")});
     return files;

@@ -113,6 +113,9 @@ std::string StockPath(const Vehicle &vehicle);
 std::string DescriptorBytes(std::string_view shapeFile, int alternative, const Vec3 &low,
                             const Vec3 &high);
 
+/// Returns the bytes of a wave file: a short square wave, 8-bit mono.
+std::string WaveBytes();
+
 /// Returns all stock files, shapes, descriptors and textures.
 SampleFiles StockFiles();
 /// Returns all sound files (.sms) with their wave files.

@@ -2,6 +2,7 @@
 #include "samples/Defects.h"
 
 #include "InstallationScan.h"
+#include "samples/HealthCases.h"
 #include "samples/Sample.h"
 #include "support/TempFolder.h"
 
@@ -157,6 +158,35 @@ TEST_F(DefectsTest, DocumentListsAllDefects)
                     defect.what + " |\n";
     const std::string text = document();
     const std::string head = "| Check | File | What is wrong |\n|---|---|---|\n";
+    const std::size_t start = text.find(head);
+    ASSERT_NE(start, std::string::npos);
+    const std::size_t first = start + head.size();
+    EXPECT_EQ(text.substr(first, text.find("\n\n", first) + 1 - first), expected);
+}
+
+/// Returns an answer as the table of health cases shows it.
+std::string shown(const samples::Judgement &judgement)
+{
+    if (judgement.answer.empty())
+        return "-";
+    const std::string answer = '*' + std::string(judgement.answer) + '*';
+    return judgement.rule.empty() ? answer
+                                  : answer + ": " + std::string(judgement.severity) + ", `" +
+                                        std::string(judgement.rule) + '`';
+}
+
+TEST_F(DefectsTest, DocumentListsTheHealthCases)
+{
+    std::string expected;
+    for (const samples::HealthCase &each : samples::HealthCases()) {
+        const std::string line = each.line > 0 ? ":" + std::to_string(each.line) : "";
+        expected += "| `" + std::string(each.file) + line + "` | " + std::string(each.kind) + " `" +
+                    std::string(each.wants) + "` | " + std::string(each.what) + " | " +
+                    shown(each.msts) + " | " + shown(each.openRails) + " |\n";
+    }
+    const std::string text = document();
+    const std::string head =
+        "| File | Entry | The case | MSTS | Open Rails |\n|---|---|---|---|---|\n";
     const std::size_t start = text.find(head);
     ASSERT_NE(start, std::string::npos);
     const std::size_t first = start + head.size();

@@ -3,6 +3,7 @@
 
 #include "InstallationScan.h"
 #include "samples/Consists.h"
+#include "samples/HealthCases.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -81,6 +82,34 @@ TEST(SampleTest, CanBeWrittenAgainInPlace)
     EXPECT_EQ(temp.Read("s/TRAINS/CONSISTS/Mine.con"), "mine");
     fs::remove(temp.At("s/TRAINS/CONSISTS/Mine.con"));
     EXPECT_EQ(allBytes(temp.At("s")), before);
+}
+
+TEST(SampleTest, HealthCasesOnlyAddFiles)
+{
+    const support::TempFolder temp;
+    WriteSample(temp.At("s"));
+    auto plain = allBytes(temp.At("s"));
+    const samples::Totals totals = WriteSample(temp.At("s"), {.health = true}); // adds them
+    WriteSample(temp.At("new"), {.health = true});
+    auto all = allBytes(temp.At("s"));
+    EXPECT_EQ(allBytes(temp.At("new")), all);
+    EXPECT_EQ(all.size(), static_cast<std::size_t>(totals.files) + 1);
+    EXPECT_EQ(std::vector({totals.folders, totals.stock, totals.consists}),
+              std::vector({12, 71, 20}));
+    EXPECT_EQ(refusal(temp.At("s")),
+              temp.At("s") +
+                  ": holds a sample made with other options; name a new or empty folder");
+    EXPECT_NE(plain.extract(samples::kMarkerFile).mapped(),
+              all.extract(samples::kMarkerFile).mapped());
+    for (const auto &[path, bytes] : plain)
+        EXPECT_EQ(all[path], bytes) << path;
+    for (const samples::HealthCase &each : samples::HealthCases()) {
+        const std::string file(each.file);
+        EXPECT_TRUE(all.contains(file)) << file;
+        const bool isInPlain =
+            each.in == samples::InSample::All || each.in == samples::InSample::DefaultOnly;
+        EXPECT_TRUE(plain.contains(file) || !isInPlain) << file;
+    }
 }
 
 TEST(SampleTest, RefusesFoldersThatItDidNotMake)
