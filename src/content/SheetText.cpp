@@ -174,6 +174,8 @@ std::vector<SheetLine> LinesOf(const TrainSheet &sheet, UnitSystem system)
         add(lines, "Brakes", brakesOf(sheet));
     addFigure("Weakest coupler", FigureId::CouplerBreak);
     addFigure("Axles", FigureId::Axles);
+    if (sheet[FigureId::Passengers].knownUnits > 0)
+        addFigure("Passengers", FigureId::Passengers);
     if (!sheet.Missing().empty())
         add(lines, "Missing", joined(sheet.Missing()));
     if (!sheet.Damaged().empty())

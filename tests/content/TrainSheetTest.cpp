@@ -123,7 +123,7 @@ TEST_F(TrainSheetTest, TextsHaveTheUnitsOfTheSystem)
 {
     stock("A/e.eng", kEngine);
     stock("B/full.wag", "Wagon ( f Mass ( 90t ) ORTSFreightAnims ( WagonEmptyWeight ( 10t )\n"
-                        "FreightAnimStatic ( FreightWeight ( 33t ) ) ) )");
+                        "FreightAnimStatic ( FreightWeight ( 33t ) ) ) PassengerCapacity ( 8 ) )");
     const TrainSheet one = sheet({"A/e.eng"});
     // 20 m = 65.6 ft; 100 t = 110.2 t-us = 98.4 t-uk; 2000 kW = 2682 hp; 300 kN = 67,443 lbf
     EXPECT_EQ(lines(one, UnitSystem::Us),
@@ -137,7 +137,9 @@ TEST_F(TrainSheetTest, TextsHaveTheUnitsOfTheSystem)
     EXPECT_EQ(FigureText(FigureId::Mass, 1234567890, UnitSystem::Metric), "1,234,568 t");
     const TrainSheet loaded = sheet({"B/full.wag"});
     EXPECT_EQ(FigureText(loaded, FigureId::Mass, UnitSystem::Metric), "43 t");
-    EXPECT_NE(lines(loaded, UnitSystem::Metric).find("Empty mass: 10 t\n"), std::string::npos);
+    const std::string text = lines(loaded, UnitSystem::Metric);
+    EXPECT_NE(text.find("Empty mass: 10 t\n"), text.npos) << text;
+    EXPECT_NE(text.find("Passengers: 8\n"), text.npos) << text;
 }
 
 TEST_F(TrainSheetTest, CacheKeepsVehiclesAndReadsNoneTwice)
