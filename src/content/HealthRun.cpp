@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "content/HealthRun.h"
 
+#include "content/HealthFigures.h"
 #include "content/Timetable.h"
 #include "host/Filter.h"
 #include "host/GameFiles.h"
@@ -140,12 +141,7 @@ void HealthRun::readStock()
 
 VehicleFiles HealthRun::filesOf(const std::string &folder, const std::string &name) const
 {
-    const std::string overrides = host::path::Join(folder, kOverrides);
-    VehicleFiles files;
-    files.folder = folder;
-    files.base = m_store.Find(host::path::Join(folder, name)).value_or("");
-    files.overrideFile = m_store.Find(host::path::Join(overrides, name)).value_or("");
-    return files;
+    return FindVehicle(m_store, folder, name);
 }
 
 HealthRun::Units HealthRun::stockFolder(const std::string &folder, bool isEot) const
@@ -202,6 +198,8 @@ void HealthRun::addVehicle(const VehicleFiles &files, const Vehicle &vehicle, Pr
                                           fault, Severity::Error, profiles));
         return;
     }
+    for (Draft &draft : UnreadableFigures(vehicle, profiles))
+        unit.drafts.push_back(std::move(draft));
     const std::vector<VehicleReference> references = ReferencesOf(vehicle, profiles);
     const bool has2dCab = std::any_of(references.begin(), references.end(), [](const auto &each) {
         return each.reference.kind == Kind::Cab;

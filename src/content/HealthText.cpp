@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "content/HealthText.h"
 
+#include "content/HealthFigures.h"
 #include "host/Text.h"
 
 #include <algorithm>
@@ -8,18 +9,6 @@
 
 namespace content {
 namespace {
-
-/// Like ShownText, but replaces control characters: names come from strangers, and a terminal would
-/// obey escape sequences in them.
-std::string plain(const std::string &text)
-{
-    constexpr char kDelete = 0x7F;
-    std::string out = ShownText(text);
-    std::replace_if(
-        out.begin(), out.end(),
-        [](char c) { return static_cast<unsigned char>(c) < ' ' || c == kDelete; }, '?');
-    return out;
-}
 
 std::string inColour(Severity severity, Colours colours, const std::string &text)
 {
@@ -56,7 +45,7 @@ public:
     {
         for (const Cause &cause : m_report.causes) {
             m_out(inColour(cause.severity, m_colours, severityWord(cause.severity)) + ": " +
-                  plain(cause.title) + '\n');
+                  PlainText(cause.title) + '\n');
             if (cause.isSingles || everything)
                 for (const std::size_t index : cause.findings)
                     writeFinding(m_report.findings[index]);
@@ -74,12 +63,12 @@ private:
         std::string line = "  ";
         if (finding.IsProblem())
             line += inColour(finding.severity, m_colours, SeverityName(finding.severity)) + ": ";
-        line += plain(finding.file);
+        line += PlainText(finding.file);
         if (finding.line > 0)
             line += ':' + std::to_string(finding.line);
         line += ": " + SentenceOf(finding) + simulatorsOf(finding.profiles) + '\n';
         for (const std::string &candidate : finding.candidates)
-            line += "      perhaps " + plain(candidate) + '\n';
+            line += "      perhaps " + PlainText(candidate) + '\n';
         m_out(line);
     }
 
@@ -128,6 +117,16 @@ std::string ShownText(const std::string &text)
     return host::IsValidUtf8(text) ? text : host::FromWindows1252(text);
 }
 
+std::string PlainText(const std::string &text)
+{
+    constexpr char kDelete = 0x7F;
+    std::string out = ShownText(text);
+    std::replace_if(
+        out.begin(), out.end(),
+        [](char c) { return static_cast<unsigned char>(c) < ' ' || c == kDelete; }, '?');
+    return out;
+}
+
 std::string XmlText(const std::string &raw)
 {
     std::string out;
@@ -171,11 +170,14 @@ std::string JsonText(const std::string &raw)
 
 std::string SentenceOf(const Finding &finding)
 {
-    std::string subject = std::string(KindName(finding.kind)) + " \"" + plain(finding.wants) + '"';
+    std::string subject =
+        std::string(KindName(finding.kind)) + " \"" + PlainText(finding.wants) + '"';
     if (finding.rule.starts_with("damaged-"))
-        return "the file is damaged: " + plain(finding.detail);
+        return "the file is damaged: " + PlainText(finding.detail);
+    if (finding.rule == kUnreadableFigure)
+        return PlainText(finding.detail);
     if (!finding.detail.empty())
-        return subject + ": " + plain(finding.detail);
+        return subject + ": " + PlainText(finding.detail);
     if (finding.rule == "unquoted-name")
         return subject + " is a name with blanks but without quotes";
     switch (finding.answer) {
@@ -183,7 +185,7 @@ std::string SentenceOf(const Finding &finding)
         return subject + " is in place";
     case Answer::Elsewhere:
         return finding.foundAt.empty() ? subject + " is found by the simulator"
-                                       : subject + " is found at " + plain(finding.foundAt);
+                                       : subject + " is found at " + PlainText(finding.foundAt);
     case Answer::NotNeeded:
         return subject + " is not needed";
     case Answer::Misplaced:

@@ -20,6 +20,9 @@ enum class Colours
 
 /// Returns a text as valid UTF-8: names that are not UTF-8 are read as Windows-1252.
 std::string ShownText(const std::string &text);
+/// Like ShownText, but replaces control characters: names come from strangers, and a terminal would
+/// obey escape sequences in them.
+std::string PlainText(const std::string &text);
 /// Returns the text as a JSON string with its quotes.
 std::string JsonText(const std::string &text);
 /// Escapes a text for XML and HTML. Characters that XML cannot contain become "?".

@@ -89,6 +89,16 @@ std::string FolderOfPath(std::string_view path)
     return std::string(folder.substr(0, folder.empty() ? 0 : folder.size() - 1));
 }
 
+VehicleFiles FindVehicle(FileStore &store, const std::string &folder, const std::string &name)
+{
+    VehicleFiles files;
+    files.folder = folder;
+    files.base = store.Find(host::path::Join(folder, name)).value_or("");
+    files.overrideFile =
+        store.Find(host::path::Join(host::path::Join(folder, "OpenRails"), name)).value_or("");
+    return files;
+}
+
 Vehicle::Vehicle(FileStore &store, const VehicleFiles &files, Profile profile,
                  std::shared_ptr<const ReadResult> base)
     : m_profile(profile)

@@ -29,6 +29,9 @@ struct VehicleFiles
     }
 };
 
+/// Finds the files of a vehicle: `name` is "x.wag", `folder` the path of its stock folder.
+VehicleFiles FindVehicle(FileStore &store, const std::string &folder, const std::string &name);
+
 /// An include entry and its outcome.
 struct Include
 {
@@ -67,6 +70,9 @@ public:
     /// `base` is the content of `files.base` if the caller has already read it, else null.
     Vehicle(FileStore &store, const VehicleFiles &files, Profile profile,
             std::shared_ptr<const ReadResult> base = nullptr);
+
+    /// Returns the simulator for which the vehicle was read.
+    Profile Simulator() const { return m_profile; }
 
     struct File
     {

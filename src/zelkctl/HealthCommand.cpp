@@ -39,21 +39,6 @@ content::Profiles profilesOf(const std::string &name, const std::string &folder)
     return name == "openrails" ? content::Profile::OpenRails : content::Profiles::Both();
 }
 
-/// Returns the path of a consist, given by its list name or as a file. Throws Failure if there is
-/// none.
-std::string consistFile(Session &session, const install::Installation &installation,
-                        const std::string &name)
-{
-    const bool isFile = host::path::HasExtension(name, "con");
-    const std::string listed = isFile ? host::path::BaseName(name) : name;
-    const auto here = host::GamePath::Of(isFile ? name : "");
-    for (const std::string &path :
-         {here ? here->text : std::string(), installation.ConsistPath(listed)})
-        if (const auto found = session.files.FindFile(path))
-            return host::path::FromDisk(*found);
-    throw Failure(name + ": error 53: File not found");
-}
-
 bool wantsColours(const HealthCommandOptions &options)
 {
     const char *const refused = std::getenv("NO_COLOR");
@@ -130,7 +115,7 @@ content::HealthReport check(Session &session, const HealthCommandOptions &option
     health.routes = options.routes;
     health.keepAll = options.verbose;
     for (const std::string &name : options.consists)
-        health.consists.push_back(consistFile(session, installation, name));
+        health.consists.push_back(ConsistFile(session, installation, name));
     content::HealthRun run(session.files, folder, std::move(health));
     ProgressLine progress(!options.quiet);
     if (progress.IsWatched())

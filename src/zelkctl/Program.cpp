@@ -7,12 +7,14 @@
 #include "host/RuntimeError.h"
 #include "zelkctl/CheckCommand.h"
 #include "zelkctl/EditCommand.h"
+#include "zelkctl/FiguresCommand.h"
 #include "zelkctl/HealthCommand.h"
 #include "zelkctl/ListCommand.h"
 #include "zelkctl/RenderCommand.h"
 #include "zelkctl/ResaveCommand.h"
 #include "zelkctl/Session.h"
 #include "zelkctl/ShapeCommand.h"
+#include "zelkctl/SheetCommand.h"
 #include "zelkctl/TextureCommand.h"
 #include "zelkctl/TreeCommand.h"
 
@@ -56,6 +58,8 @@ void addCommands(CLI::App &app, Session &session)
     AddListCommand(app, session);
     AddCheckCommand(app, session);
     AddHealthCommand(app, session);
+    AddSheetCommand(app, session);
+    AddFiguresCommand(app, session);
     AddTreeCommand(app, session);
     AddResaveCommand(app, session);
     AddEditCommand(app, session);

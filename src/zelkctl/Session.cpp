@@ -47,6 +47,19 @@ install::Installation OpenInstallation(Session &session)
     return installation;
 }
 
+std::string ConsistFile(Session &session, const install::Installation &installation,
+                        const std::string &name)
+{
+    const bool isFile = host::path::HasExtension(name, "con");
+    const std::string listed = isFile ? host::path::BaseName(name) : name;
+    const auto here = host::GamePath::Of(isFile ? name : "");
+    for (const std::string &path :
+         {here ? here->text : std::string(), installation.ConsistPath(listed)})
+        if (const auto found = session.files.FindFile(path))
+            return host::path::FromDisk(*found);
+    throw Failure(name + ": error 53: File not found");
+}
+
 void TellClosed(Session &session, const std::string &folder)
 {
     session.out.Flush();

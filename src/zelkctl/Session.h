@@ -36,6 +36,11 @@ inline constexpr int kCouldNotRun = 2;
 /// line, else the one set in ZELK, else the registered one. Throws Failure if there is none.
 install::Installation OpenInstallation(Session &session);
 
+/// Returns the path of a consist, given by its list name or as a file. Throws Failure if there is
+/// none.
+std::string ConsistFile(Session &session, const install::Installation &installation,
+                        const std::string &name);
+
 /// Reports that a folder cannot be listed; the command continues and ends with kCouldNotRun.
 void TellClosed(Session &session, const std::string &folder);
 

@@ -75,6 +75,19 @@ const std::vector<Planned> &planned()
           {"Trains/Trainset/B C/w.wag", "\nWagon ( w )"},
           {"Trains/Trainset/B/note.txt", ""}},
          {"both error unquoted-name misplaced Trains/Consists/d.con:w B"}},
+        {"figures cannot be read",
+         {{kA + "v.wag", "\nWagon ( v WagonShape ( w.s ) Mass ( abc ) Size ( 1m 2m -3m )\n"
+                         "NumWheels ( 8x ) MaxBrakeForce ( \"2.5 * 28.4t\" ) )\n"
+                         "Engine ( v MaxForce ( 1e400 ) MaxPower ( - ) MaxVelocity ( 0 ) )"}},
+         {"both note unreadable-figure here Trains/Trainset/A/v.wag:NumWheels ( 8x )",
+          "both warning unreadable-figure here Trains/Trainset/A/v.wag:Mass ( abc )",
+          "both warning unreadable-figure here Trains/Trainset/A/v.wag:MaxForce ( 1e400 )",
+          "both warning unreadable-figure here Trains/Trainset/A/v.wag:Size ( -3m )"}},
+        {"figures of loads concern Open Rails only",
+         {{kA + "v.wag", "\nWagon ( v WagonShape ( w.s ) ORTSFreightAnims (\n"
+                         "WagonEmptyWeight ( 2x ) ) )"}},
+         {"openrails warning unreadable-figure here Trains/Trainset/A/v.wag:"
+          "WagonEmptyWeight ( 2x )"}},
         {"2: an end-of-train device is missing",
          {{"Trains/ORTS_EOT/Eots/tail.eot", kGone}},
          {"openrails warning missing-eot nowhere Trains/Consists/c.con:tail Eots"}},

@@ -24,7 +24,7 @@ _zelkctl_installed() {
 # Sets the options of the command and the kind of its arguments: words, names or files.
 _zelkctl_command() {
   case $1 in
-    '') words='list check health tree resave edit shape texture render' options='--version' ;;
+    '') words='list check health sheet figures tree resave edit shape texture render' options='--version' ;;
     list) words='stock consists routes' options='--filter --json' ;;
     check) words='stock consist shape all use' options=$checks ;;
     'check stock') files='eng|wag' options="--no-consists --route $checks" ;;
@@ -36,6 +36,8 @@ _zelkctl_command() {
       options='--profile --filter --routes --consist --format --json --out --fail-on --verbose --quiet'
       options+=' --baseline --write-baseline'
       ;;
+    sheet) files=con names=consists options='--units --json' ;;
+    figures) files='eng|wag' options='--json' ;;
     tree | resave) files='*' ;;
     edit)
       files=con options='--out'
@@ -69,6 +71,7 @@ _zelkctl() {
     --consist) _zelkctl_installed consists ;;
     --profile) mapfile -t COMPREPLY < <(compgen -W 'msts openrails both' -- "$word") ;;
     --format) mapfile -t COMPREPLY < <(compgen -W 'text json sarif html csv junit' -- "$word") ;;
+    --units) mapfile -t COMPREPLY < <(compgen -W 'metric us uk' -- "$word") ;;
     --fail-on) mapfile -t COMPREPLY < <(compgen -W 'error warning note never' -- "$word") ;;
     --filter | --level | --size | --loose | --camera) ;;
     *)

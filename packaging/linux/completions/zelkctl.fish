@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-set -l commands list check health tree resave edit shape texture render
+set -l commands list check health sheet figures tree resave edit shape texture render
 set -l checks stock consist shape all use
 complete -c zelkctl -s h -l help -d 'Print a short help'
 complete -c zelkctl -l version -d 'Print the version'
@@ -8,7 +8,7 @@ complete -c zelkctl -n "not __fish_seen_subcommand_from $commands" -f -a "$comma
 
 complete -c zelkctl -n '__fish_seen_subcommand_from list' -f -a 'stock consists routes'
 complete -c zelkctl -n '__fish_seen_subcommand_from list all health' -x -l filter -d 'Only names that match'
-complete -c zelkctl -n '__fish_seen_subcommand_from list check health' -l json -d 'Print a JSON array'
+complete -c zelkctl -n '__fish_seen_subcommand_from list check health sheet figures' -l json -d 'Print a JSON array'
 
 set -l checking '__fish_seen_subcommand_from check'
 complete -c zelkctl -n "$checking; and not __fish_seen_subcommand_from $checks" -f -a "$checks"
@@ -34,6 +34,9 @@ complete -c zelkctl -n $health -r -l baseline -d 'Report only changes since this
 complete -c zelkctl -n $health -r -l write-baseline -d 'Write a baseline to this file'
 complete -c zelkctl -n $health -l verbose -d 'Also report what is in order'
 complete -c zelkctl -n $health -l quiet -d 'Show no progress'
+
+complete -c zelkctl -n '__fish_seen_subcommand_from sheet' -a '(zelkctl list consists 2>/dev/null)'
+complete -c zelkctl -n '__fish_seen_subcommand_from sheet' -x -l units -a 'metric us uk' -d 'Units of the text'
 
 complete -c zelkctl -n '__fish_seen_subcommand_from edit' \
   -a 'add=Wagon, add=Engine, remove= clear forwards= backwards= flip='
