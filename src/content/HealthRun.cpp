@@ -129,12 +129,7 @@ void HealthRun::readStock()
 
 VehicleFiles HealthRun::filesOf(const std::string &folder, const std::string &name) const
 {
-    const std::string overrides = host::path::Join(folder, kOverrides);
-    VehicleFiles files;
-    files.folder = folder;
-    files.base = m_store.Find(host::path::Join(folder, name)).value_or("");
-    files.overrideFile = m_store.Find(host::path::Join(overrides, name)).value_or("");
-    return files;
+    return VehicleFilesIn(m_store, folder, name);
 }
 
 HealthRun::Units HealthRun::stockFolder(const std::string &folder, bool isEot) const

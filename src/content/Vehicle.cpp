@@ -10,7 +10,7 @@
 namespace content {
 namespace {
 
-constexpr std::string_view kSameName = "[[SameName]]";
+constexpr std::string_view kSameName = "[[SameName]]", kOverrides = "OpenRails";
 
 /// Replaces every [[SameName]], in any letter case.
 std::string withSameName(std::string name, std::string_view replacement)
@@ -73,6 +73,16 @@ std::string FolderOfPath(std::string_view path)
 {
     const std::string_view folder = host::path::FolderWithSeparator(path);
     return std::string(folder.substr(0, folder.empty() ? 0 : folder.size() - 1));
+}
+
+VehicleFiles VehicleFilesIn(FileStore &store, const std::string &folder, const std::string &name)
+{
+    const std::string overrides = host::path::Join(folder, kOverrides);
+    VehicleFiles files;
+    files.folder = folder;
+    files.base = store.Find(host::path::Join(folder, name)).value_or("");
+    files.overrideFile = store.Find(host::path::Join(overrides, name)).value_or("");
+    return files;
 }
 
 Vehicle::Vehicle(FileStore &store, const VehicleFiles &files, Profile profile,

@@ -29,6 +29,9 @@ struct VehicleFiles
     }
 };
 
+/// Returns the files of a vehicle by the path of its stock folder and the name of its file.
+VehicleFiles VehicleFilesIn(FileStore &store, const std::string &folder, const std::string &name);
+
 /// An include entry and its outcome.
 struct Include
 {
