@@ -13,6 +13,7 @@
 #include "install/Installation.h"
 #include "korvat/model/ModelLibrary.h"
 #include "ui/dialogs/QtDialogs.h"
+#include "ui/document/MissingLookUp.h"
 #include "ui/main/Colours.h"
 #include "ui/main/Program.h"
 #include "ui/main/QtDesktop.h"
@@ -244,6 +245,21 @@ int viewTrain(const std::string &folder)
     watch.End();
 }
 
+/// Measures while the missing vehicles of all consists are looked up, after the list was painted.
+int markConsists(const std::string &folder)
+{
+    const Program program(folder);
+    const auto *lookUp = program.window->findChild<document::MissingLookUp *>();
+    if (!lookUp)
+        giveUp("nothing looks for missing vehicles");
+    while (!lookUp->Running())
+        QCoreApplication::processEvents();
+    GapWatch watch;
+    while (lookUp->Running())
+        QCoreApplication::processEvents();
+    watch.End();
+}
+
 /// Returns the shortest of several runs of this program with these arguments, each preceded by its
 /// start time.
 double bestOf(const std::vector<std::string> &command)
@@ -291,6 +307,7 @@ int measure(const std::string &program, const std::string &folder)
            {program, "--stock", folder, installation.ConsistPath(consists.front()),
             std::to_string(stock)});
     addGap("longest gap, checking all stock", {program, "--check", folder});
+    addGap("longest gap, marking consists with missing vehicles", {program, "--mark", folder});
     addGap("longest gap, laying out a train in 3D", {program, "--train", train.folder});
     bench::PrintTable(rows);
     std::printf("%zu consists, %zu stock rows\n", consists.size(), stock);
@@ -315,6 +332,8 @@ int main(int argc, char **argv)
         return fillStockList(arguments[2], arguments[3], std::stoi(arguments[4]));
     if (arguments[1] == "--check")
         return checkAll(arguments[2]);
+    if (arguments[1] == "--mark")
+        return markConsists(arguments[2]);
     if (arguments[1] == "--train")
         return viewTrain(arguments[2]);
     return showEmptyWindow(std::stoll(arguments[2]));

@@ -267,6 +267,15 @@ std::string NameOfService(const stavfile::Source &source)
     return valueAt(source, "Service_Definition", "Name");
 }
 
+Reference ReferenceToDescriptor(const std::string &shape)
+{
+    Reference reference;
+    reference.kind = Kind::Descriptor;
+    reference.wants = std::string(host::path::FileName(shape)) + 'd';
+    reference.name.file = reference.wants;
+    return reference;
+}
+
 std::uint32_t AlternativeTextures(const stavfile::Source &descriptor)
 {
     const std::string value = valueAt(descriptor, "shape", "ESD_Alternative_Texture");

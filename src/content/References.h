@@ -70,6 +70,8 @@ bool IsActivity(const stavfile::Source &source);
 std::string NameOfConsist(const stavfile::Source &source);
 std::string NameOfService(const stavfile::Source &source);
 
+/// Returns the reference of a shape to the descriptor beside it.
+Reference ReferenceToDescriptor(const std::string &shape);
 /// Returns ESD_Alternative_Texture of a shape descriptor; 0 if there is none.
 std::uint32_t AlternativeTextures(const stavfile::Source &descriptor);
 /// Returns the textures of a shape: each image once, with its seasons by the descriptor's bits.

@@ -15,15 +15,6 @@ bool isShape(Kind kind)
            kind == Kind::PassengerView || kind == Kind::Cab3d;
 }
 
-Reference descriptorOf(const std::string &shape)
-{
-    Reference reference;
-    reference.kind = Kind::Descriptor;
-    reference.wants = std::string(host::path::FileName(shape)) + 'd';
-    reference.name.file = reference.wants;
-    return reference;
-}
-
 /// True if the file names itself.
 bool isItself(const Draft &draft)
 {
@@ -171,7 +162,7 @@ SharedFile SharedFiles::readShape(const std::string &path, const std::string &st
         file.drafts.push_back(std::move(damaged));
     }
     const Context context{path, stock, {}};
-    Add(descriptorOf(path), {path, {}, {}}, file.drafts);
+    Add(ReferenceToDescriptor(path), {path, {}, {}}, file.drafts);
     for (Reference &reference : ReferencesOfShape(needs->images, needs->alternatives)) {
         const std::size_t before = file.drafts.size();
         Add(std::move(reference), context, file.drafts);

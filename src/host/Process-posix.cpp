@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
@@ -30,6 +31,15 @@ int RunAndWait(const std::string &program, const std::vector<std::string> &argum
     while (waitpid(child, &status, 0) < 0 && errno == EINTR)
         continue;
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+void LowerThreadPriority()
+{
+#ifdef __linux__
+    // On Linux each thread has its own priority; elsewhere this would slow the whole program down.
+    constexpr int kLow = 10;
+    setpriority(PRIO_PROCESS, 0, kLow);
+#endif
 }
 
 std::string ProgramBeside(const std::string &name)

@@ -47,6 +47,11 @@ int RunAndWait(const std::string &program, const std::vector<std::string> &argum
     return static_cast<int>(code);
 }
 
+void LowerThreadPriority()
+{
+    SetThreadPriority(GetCurrentThread(), THREAD_PRIORITY_BELOW_NORMAL);
+}
+
 std::string ProgramBeside(const std::string &name)
 {
     return path::Join(ExecutableFolder(), name + ".exe");

@@ -11,6 +11,9 @@ namespace host {
 /// Throws RuntimeError 53 if it cannot be started.
 int RunAndWait(const std::string &program, const std::vector<std::string> &arguments);
 
+/// Lowers the priority of the calling thread for good, so that its work slows no other down.
+void LowerThreadPriority();
+
 /// Returns the path of one of our programs that is beside the running one.
 std::string ProgramBeside(const std::string &name);
 

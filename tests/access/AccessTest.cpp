@@ -223,6 +223,25 @@ push button View Shape
     Quit();
 }
 
+TEST_F(AccessTest, RowsOfMissingVehiclesHaveADescription)
+{
+    Start();
+    const auto described = [](const Accessible &rows) {
+        for (int row = rows.Rows() - 1; row >= 0; --row)
+            if (rows.CellDescription(row, 0).find(" is missing: ") != std::string::npos)
+                return rows.Cell(row, 0);
+        return std::string();
+    };
+    const Accessible consists = Find(window, "tree", "Installed consists");
+    EXPECT_TRUE(WaitFor([&] { return !described(consists).empty(); }));
+    choose(consists, 0, "Harbour Transfer");
+    Command("Consist", "Edit");
+    const Accessible editor = Find(window, "frame", "Consist - Harbour Transfer");
+    const Accessible train = Find(editor, "tree", "Current consist items");
+    EXPECT_TRUE(WaitFor([&] { return described(train) == "Wagon"; }));
+    Quit();
+}
+
 TEST_F(AccessTest, OpensEditsAndSavesAConsist)
 {
     ASSERT_EQ(UnitsIn(kQuarry), "Engine avr_d402, Wagon avr_hopper_11, Wagon avr_hopper_12, ");

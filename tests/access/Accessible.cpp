@@ -150,13 +150,23 @@ int Accessible::Rows() const
     return property(kTable, "NRows").toInt();
 }
 
-std::string Accessible::Cell(int row, int column) const
+Accessible Accessible::cellAt(int row, int column) const
 {
     const QVariantList reply = ask(kTable, "GetAccessibleAt", {row, column});
     if (reply.isEmpty())
         return {};
     const Reference cell = readReference(reply[0].value<QDBusArgument>());
-    return Accessible(m_bus, cell.service, cell.path).Name();
+    return {m_bus, cell.service, cell.path};
+}
+
+std::string Accessible::Cell(int row, int column) const
+{
+    return cellAt(row, column).Name();
+}
+
+std::string Accessible::CellDescription(int row, int column) const
+{
+    return cellAt(row, column).property(kAccessible, "Description").toString().toStdString();
 }
 
 void Accessible::SelectRow(int row) const

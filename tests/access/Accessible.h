@@ -32,9 +32,10 @@ public:
     void SetText(const std::string &text) const;
     std::string Text() const;
 
-    /// For lists: the number of rows, the text in a row, and selecting a row.
+    /// For lists: the number of rows, the text and the description in a row, and selecting a row.
     int Rows() const;
     std::string Cell(int row, int column) const;
+    std::string CellDescription(int row, int column) const;
     void SelectRow(int row) const;
 
 private:
@@ -43,6 +44,7 @@ private:
     QVariant property(const char *interface, const char *name) const;
     bool hasState(unsigned bit) const;
     int actionIndex(const char *action) const;
+    Accessible cellAt(int row, int column) const;
 
     QDBusConnection m_bus{QString()};
     QString m_service, m_path;

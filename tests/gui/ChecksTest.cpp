@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Tests the check commands through the main window.
 #include "GuiTest.h"
+#include "content/HealthSettings.h"
 #include "host/Path.h"
 #include "ui/dialogs/QtDialogs.h"
 #include "ui/dialogs/frmResults.h"
@@ -10,6 +11,7 @@
 #include "validation/TSValidation.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
@@ -155,6 +157,43 @@ TEST_F(ChecksTest, ResultsWindowsAreSeparateAndCloseWithTheMainWindow)
     EXPECT_FALSE(Find<QAction>(*window, "mnuConsistCheckStock").isEnabled());
     window->close();
     EXPECT_TRUE(results().empty());
+}
+
+TEST_F(ChecksTest, LabelCountsFilesThatTheSimulatorFindsElsewhere)
+{
+    game.Write("Sound/common.sms", "\nTr_SMS ( )");
+    game.Write("Trains/Trainset/Boxcars/box.s");
+    game.Write("Trains/Trainset/Boxcars/box.sd");
+    for (const char *name : {"box", "hopper"})
+        game.Write(std::string("Trains/Trainset/Boxcars/") + name + ".wag",
+                   "\nWagon ( x WagonShape ( box.s ) Sound ( common.sms ) Thumbnail ( x.ace ) )");
+    const struct
+    {
+        content::Profiles kept;
+        const char *label;
+    } rows[] = {
+        {content::Profiles::Both(), "1 of these files is found elsewhere by the simulator: see "
+                                    "Stock > Health Report."},
+        {content::Profile::OpenRails, "2 of these files are found elsewhere by the simulator: see "
+                                      "Stock > Health Report."},
+    };
+    Start();
+    for (const auto &row : rows) {
+        content::KeepProfiles(settings, game.Path(), row.kept);
+        dialogs.Answer(host::DialogAnswer::Yes);
+        Trigger("mnuStockCheckAll");
+        ASSERT_EQ(results().size(), 1u);
+        const auto &label = Find<QLabel>(*results().front(), "lblElsewhere");
+        EXPECT_TRUE(Wait([&] { return label.isVisible(); }));
+        EXPECT_EQ(label.text(), QString::fromLatin1(row.label));
+        EXPECT_EQ(report().find("elsewhere"), std::string::npos);
+        EXPECT_EQ(results().front()->Text().find("elsewhere"), std::string::npos);
+        results().front()->close();
+    }
+    window->ShowTextWindow("box", "another text");
+    QTest::qWait(200);
+    EXPECT_TRUE(Find<QLabel>(*results().front(), "lblElsewhere").isHidden())
+        << "not the report of a check";
 }
 
 TEST_F(ChecksTest, EscStopsTheCheckOfAllStock)

@@ -3,6 +3,7 @@
 #include "GuiTest.h"
 
 #include "app/ShellCommands.h"
+#include "content/ReferenceRules.h"
 
 #include <QDir>
 #include <QFile>
@@ -93,6 +94,14 @@ TEST_F(GuideTest, CommandsInTheTextExist)
     addCommands(window->menuBar()->actions(), QString(), commands, keys);
     for (const std::string &named : allOf(guide(), "<b>(\\w+ &gt; [^<]*)</b>"))
         EXPECT_EQ(commands.count(named), 1U) << named;
+}
+
+TEST_F(GuideTest, ExplainsTheRulesOfTheHealthReport)
+{
+    const Texts rules =
+        allOf(section(guide(), "health-rules"), "<code>([a-z]+(?:-[a-z0-9]+)+)</code>");
+    for (const content::ReferenceRule &rule : content::ReferenceRules())
+        EXPECT_EQ(rules.count(rule.missing), 1U) << rule.missing;
 }
 
 TEST_F(GuideTest, LinksHaveTargets)

@@ -144,3 +144,41 @@ TEST(ListViewTest, ShowsTenThousandNames)
     EXPECT_EQ(list.SelectedRow(), 9999);
     EXPECT_TRUE(list.viewport()->rect().intersects(list.visualRect(list.currentIndex())));
 }
+
+TEST(ListViewTest, IconsHaveTheColourOfTheText)
+{
+    ListView list("lvConsists", QStringLiteral("Consists"));
+    document::ConsistListModel model;
+    QPixmap black(64, 64);
+    black.fill(Qt::black);
+    model.SetRemarkIcon(QIcon(black));
+    model.SetNames({"a", "b"});
+    list.setModel(&model);
+    list.resize(300, 200);
+    QPalette colours = list.palette();
+    colours.setColor(QPalette::Active, QPalette::Text, Qt::red);
+    colours.setColor(QPalette::Inactive, QPalette::Text, Qt::red);
+    colours.setColor(QPalette::Active, QPalette::HighlightedText, Qt::green);
+    colours.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::blue);
+    list.setPalette(colours);
+    list.show();
+    list.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    const QRect plain = list.visualRect(model.index(0, 0));
+    model.SetRemarks(0, {QStringLiteral("gone"), QStringLiteral("gone")});
+    EXPECT_EQ(list.visualRect(model.index(0, 0)), plain) << "rows keep their height";
+    const auto colourOf = [&](int row) {
+        const QRect cell = list.visualRect(model.index(row, 0));
+        const QImage drawn = list.viewport()->grab().toImage();
+        return drawn.pixelColor(cell.right() - 8, cell.center().y()).name();
+    };
+    list.SelectRow(0);
+    list.setFocus();
+    EXPECT_EQ(colourOf(0), QColor(Qt::green).name());
+    EXPECT_EQ(colourOf(1), QColor(Qt::red).name());
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_EQ(colourOf(0), QColor(Qt::blue).name());
+}

@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPointer>
@@ -138,4 +139,44 @@ TEST_F(frmResultsTest, EscClosesTheFindBarAndThenTheWindow)
     EXPECT_TRUE(form->txtResults->hasFocus());
     press(Qt::Key_Escape);
     EXPECT_TRUE(Wait([this] { return form.isNull(); })) << "a closed window is gone";
+}
+
+TEST_F(frmResultsTest, NumberBelowTheTextIsGroupedInEveryLocale)
+{
+    constexpr int kWaves = 1725;
+    std::string sound = "\nTr_SMS (";
+    std::vector<content::MissedFile> missed;
+    const std::string naming = folder.At("Trains/Trainset/A/SOUND/a.sms");
+    for (int i = 0; i < kWaves; ++i) {
+        const std::string wave = "w" + std::to_string(i) + ".wav";
+        folder.Write("Sound/" + wave);
+        sound += " File ( " + wave + " )";
+        missed.push_back({naming, folder.At("Trains/Trainset/A/SOUND/" + wave)});
+    }
+    folder.Write("Trains/Trainset/A/SOUND/a.sms", sound + " )");
+    const auto &label = Find<QLabel>(*form, "lblElsewhere");
+    EXPECT_TRUE(label.isHidden());
+    QLocale::setDefault(QLocale(QLocale::German));
+    form->CountElsewhere({folder.Path(), content::Profiles::Both(), missed});
+    EXPECT_TRUE(Wait([&] { return label.isVisible(); }));
+    QLocale::setDefault(QLocale::system());
+    EXPECT_EQ(label.text(), QStringLiteral("1,725 of these files are found elsewhere by the "
+                                           "simulator: see Stock > Health Report."));
+    EXPECT_GE(label.y(), form->txtResults->geometry().bottom());
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), form->txtResults->toPlainText());
+    dialogs.AnswerInput("box.log");
+    form->Save();
+    EXPECT_EQ(folder.Read("box.log").find("elsewhere"), std::string::npos);
+}
+
+TEST_F(frmResultsTest, ClosingStopsTheCount)
+{
+    std::vector<content::MissedFile> missed;
+    for (int i = 0; i < 20000; ++i)
+        missed.push_back({folder.At("a" + std::to_string(i) + ".wag"), folder.At("a.s")});
+    form->CountElsewhere({folder.Path(), content::Profiles::Both(), missed});
+    form->close();
+    EXPECT_TRUE(Wait([this] { return form.isNull(); }));
 }

@@ -3,6 +3,7 @@
 
 #include "host/Dialogs.h"
 #include "host/Path.h"
+#include "host/Process.h"
 #include "host/RuntimeError.h"
 #include "ui/dialogs/FindBar.h"
 #include "ui/dialogs/ReportView.h"
@@ -24,6 +25,9 @@
 
 #include <initializer_list>
 #include <memory>
+#include <new>
+#include <system_error>
+#include <utility>
 
 namespace {
 
@@ -47,6 +51,7 @@ frmResults::frmResults(host::Dialogs &dialogs, host::GameFiles &files, std::stri
     , m_files(files)
     , m_folder(std::move(folder))
     , m_summary(new QLabel(this))
+    , m_elsewhere(new QLabel(this))
     , m_findBar(new validation::FindBar(*txtResults, this))
 {
     setWindowTitle(QStringLiteral("Results"));
@@ -69,6 +74,7 @@ void frmResults::nameControls()
         {cmdSave, "cmdSave", "Save", "Append the report to a file (Ctrl+S)"},
         {cmdClose, "cmdClose", "Close", "Close this window (Esc)"},
         {m_summary, "lblSummary", "", ""},
+        {m_elsewhere, "lblElsewhere", "", ""},
     };
     install::NameControls(controls);
 }
@@ -90,6 +96,10 @@ void frmResults::arrangeControls()
     layout->setContentsMargins(10, 10, 10, 10);
     layout->setSpacing(8);
     layout->addWidget(txtResults, 1);
+    m_elsewhere->setTextFormat(Qt::PlainText);
+    m_elsewhere->setWordWrap(true);
+    m_elsewhere->hide();
+    layout->addWidget(m_elsewhere);
     layout->addWidget(m_findBar);
     layout->addLayout(buttons);
     resize(880, 480);
@@ -111,6 +121,7 @@ void frmResults::orderTabs()
 void frmResults::connectControls()
 {
     // Runs however the window is closed.
+    connect(this, &QDialog::finished, this, [this] { m_counting.request_stop(); });
     connect(this, &QDialog::finished, this, &QObject::deleteLater);
     connect(cmdPrint, &QPushButton::clicked, this, &frmResults::PrintRequested);
     connect(cmdSave, &QPushButton::clicked, this, &frmResults::Save);
@@ -172,6 +183,38 @@ void frmResults::showSummary()
     if (stopped) // the line that reports this may be far below
         parts << QStringLiteral("not complete");
     m_summary->setText(parts.join(QStringLiteral(", ")));
+}
+
+void frmResults::CountElsewhere(content::FoundElsewhere files)
+{
+    auto count = [this, files = std::move(files)](const std::stop_token &stop) {
+        host::LowerThreadPriority();
+        try {
+            if (const auto found = files.Count(stop); found && *found > 0)
+                QMetaObject::invokeMethod(
+                    this, [this, found] { showElsewhere(*found); }, Qt::QueuedConnection);
+        } catch (const std::bad_alloc &) {
+            return; // the report is complete without the line
+        }
+    };
+    try {
+        m_counting = std::jthread(std::move(count));
+    } catch (const std::system_error &) {
+        return;
+    }
+}
+
+void frmResults::showElsewhere(std::size_t count)
+{
+    // The texts of the program are in English, whatever the user's locale is.
+    const QString number =
+        QLocale(QLocale::English, QLocale::UnitedStates).toString(static_cast<qulonglong>(count));
+    const char *text = count == 1 ? "%1 of these files is found elsewhere by the simulator: see "
+                                    "Stock > Health Report."
+                                  : "%1 of these files are found elsewhere by the simulator: see "
+                                    "Stock > Health Report.";
+    m_elsewhere->setText(QString::fromLatin1(text).arg(number));
+    m_elsewhere->show();
 }
 
 void frmResults::showTextMenu(const QPoint &position)

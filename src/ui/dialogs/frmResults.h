@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "content/FoundElsewhere.h"
+
 #include <QDialog>
 
+#include <cstddef>
 #include <string>
+#include <thread>
 
 class QLabel;
 class QPlainTextEdit;
@@ -37,6 +41,10 @@ public:
     /// The text, with line ends of any kind; Save writes those of the report file.
     const std::string &Text() const { return m_text; }
     void SetText(std::string text);
+    /// Counts the files that the text calls missing although the simulators do without them, on a
+    /// thread of low priority, and then shows a line about them below the text. Closing the window
+    /// stops the count. Call it only once.
+    void CountElsewhere(content::FoundElsewhere files);
 
     /// Shows the length of the text, as it was set, in a message box.
     void ShowMessageProperties();
@@ -63,6 +71,7 @@ private:
     void addKey(const char *caption, const QKeySequence &keys, Receiver *receiver,
                 void (Receiver::*command)());
     void showSummary();
+    void showElsewhere(std::size_t count);
     void showTextMenu(const QPoint &position);
     std::string defaultName() const;
 
@@ -71,5 +80,7 @@ private:
     std::string m_folder;
     std::string m_text;
     QLabel *m_summary;
+    QLabel *m_elsewhere; ///< hidden if the simulators agree with the text
     validation::FindBar *m_findBar;
+    std::jthread m_counting; ///< posts its result to this window, so it ends first
 };

@@ -12,6 +12,7 @@
 #include "ui/document/DocumentHost.h"
 #include "ui/document/EditorControls.h"
 #include "ui/document/Furnishing.h"
+#include "ui/document/MissingMarks.h"
 #include "ui/document/StockLoader.h"
 #include "ui/document/frmDocument.h"
 #include "viewer/StockShape.h"
@@ -48,6 +49,7 @@ ConsistEditorPane::ConsistEditorPane(frmDocument &window, DocumentHost &host,
     , m_consist(window.Environment().files)
     , m_controls(new EditorControls(furnishing))
     , m_loader(new StockLoader(window.Environment(), host, m_controls->Stock(), this))
+    , m_marks(new TrainMarks(window.Environment(), m_controls->Train(), this))
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
@@ -199,6 +201,7 @@ void ConsistEditorPane::Refresh()
     else
         keepConsist();
     rereadStock();
+    m_marks->Refresh();
 }
 
 /// The window may hold the only remaining copy.

@@ -16,6 +16,7 @@ namespace document {
 class DocumentHost;
 class EditorControls;
 class StockLoader;
+class TrainMarks;
 struct Furnishing;
 
 /// The editor of one consist: holds the consist, and connects it to the controls and to its file.
@@ -84,6 +85,7 @@ private:
     ConsistTree m_consist;
     EditorControls *m_controls;
     StockLoader *m_loader;
+    TrainMarks *m_marks;
     bool m_stockLoaded = false;
     bool m_consistIsActiveList = false;
     std::string m_note; ///< about the file just loaded, for the status bar

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/document/RowRemarks.h"
+
 #include <QAbstractTableModel>
 
 #include <string>
@@ -16,9 +18,14 @@ class ConsistListModel : public QAbstractTableModel
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
+    /// Removes all remarks.
     void SetNames(std::vector<std::string> names);
     const std::vector<std::string> &Names() const { return m_names; }
     const std::string &Name(int row) const { return m_names[static_cast<std::size_t>(row)]; }
+
+    void SetRemarkIcon(const QIcon &icon) { m_remarks.SetIcon(icon); }
+    /// Sets the remarks of consecutive rows.
+    void SetRemarks(int first, const std::vector<QString> &remarks);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
@@ -27,6 +34,7 @@ public:
 
 private:
     std::vector<std::string> m_names;
+    RowRemarks m_remarks;
 };
 
 } // namespace document

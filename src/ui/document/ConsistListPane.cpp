@@ -9,6 +9,7 @@
 #include "install/Installation.h"
 #include "ui/document/DocumentHost.h"
 #include "ui/document/Furnishing.h"
+#include "ui/document/MissingMarks.h"
 #include "ui/document/frmDocument.h"
 
 #include <QVBoxLayout>
@@ -21,7 +22,9 @@ ConsistListPane::ConsistListPane(frmDocument &window, DocumentHost &host,
     , m_window(window)
     , m_host(host)
     , m_model(new ConsistListModel(this))
+    , m_marks(new ConsistMarks(window.Environment(), *m_model, *lvConsists->viewport(), this))
 {
+    m_model->SetRemarkIcon(furnishing.icon("missing"));
     lvConsists->setModel(m_model);
     lvConsists->setSelectionMode(QAbstractItemView::ExtendedSelection);
     lvConsists->setFrameShape(QFrame::NoFrame);
@@ -74,6 +77,11 @@ std::string ConsistListPane::status() const
     return m_window.Environment().files.IsClosed(folder)
                ? folder + " cannot be read"
                : host::Counted(m_model->Names().size(), "consist", "consists");
+}
+
+void ConsistListPane::FollowSave(const std::string &path)
+{
+    m_marks->Update(path);
 }
 
 void ConsistListPane::ShowProperties()

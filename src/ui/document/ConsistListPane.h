@@ -14,6 +14,7 @@ class frmDocument;
 
 namespace document {
 
+class ConsistMarks;
 class DocumentHost;
 struct Furnishing;
 
@@ -34,6 +35,7 @@ public:
     app::PrintJob Print() override;
     std::vector<std::string> SelectedConsists() const override;
     std::string SelectedConsist() const override;
+    void FollowSave(const std::string &path) override;
 
     ListView *lvConsists;
 
@@ -45,6 +47,7 @@ private:
     frmDocument &m_window;
     DocumentHost &m_host;
     ConsistListModel *m_model;
+    ConsistMarks *m_marks;
     std::string m_listedFilter; ///< the filter of the names shown
 };
 

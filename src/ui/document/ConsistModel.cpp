@@ -9,7 +9,14 @@ void ConsistModel::SetRows(std::vector<ConsistRow> rows)
 {
     beginResetModel();
     m_rows = std::move(rows);
+    m_remarks.Clear(m_rows.size());
     endResetModel();
+}
+
+void ConsistModel::SetRemark(int row, const QString &remark)
+{
+    if (m_remarks.Set(row, remark))
+        Q_EMIT dataChanged(index(row, 0), index(row, kStockColumns - 1));
 }
 
 int ConsistModel::rowCount(const QModelIndex &parent) const
@@ -24,7 +31,12 @@ int ConsistModel::columnCount(const QModelIndex &parent) const
 
 QVariant ConsistModel::data(const QModelIndex &index, int role) const
 {
-    return index.isValid() ? StockColumn(Item(index.row()), index.column(), role) : QVariant();
+    if (!index.isValid())
+        return {};
+    if (role == Qt::DisplayRole)
+        return StockColumn(Item(index.row()), index.column(), role);
+    // The first column is too narrow for an icon.
+    return m_remarks.Data(index.row(), role, index.column() == kStockColumns - 1);
 }
 
 QVariant ConsistModel::headerData(int section, Qt::Orientation orientation, int role) const

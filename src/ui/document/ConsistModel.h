@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/ConsistTree.h"
+#include "ui/document/RowRemarks.h"
 
 #include <QAbstractTableModel>
 
@@ -17,8 +18,12 @@ class ConsistModel : public QAbstractTableModel
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
+    /// Removes all remarks.
     void SetRows(std::vector<ConsistRow> rows);
     const StockItem &Item(int row) const { return m_rows[static_cast<std::size_t>(row)].item; }
+
+    void SetRemarkIcon(const QIcon &icon) { m_remarks.SetIcon(icon); }
+    void SetRemark(int row, const QString &remark);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
@@ -27,6 +32,7 @@ public:
 
 private:
     std::vector<ConsistRow> m_rows;
+    RowRemarks m_remarks;
 };
 
 } // namespace document

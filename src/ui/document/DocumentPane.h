@@ -66,7 +66,8 @@ public:
     /// Consist editor: saves as document::SaveConsistAs does, and reports failures.
     virtual void SaveAs() {}
     /// Consist editor: reads a file that another window has saved, if it is the file of this
-    /// window. Keeps unsaved changes and reports the conflict.
+    /// window. Keeps unsaved changes and reports the conflict. Consist list: updates the mark of
+    /// the consist.
     virtual void FollowSave(const std::string & /*path*/) {}
     /// Consist editor: reads the installed stock again, by the window's filter.
     virtual void ReloadStock() {}

@@ -89,6 +89,7 @@ EditorControls::EditorControls(const Furnishing &furnishing, QWidget *parent)
     , m_consistHeading(heading(this))
     , m_stockHeading(heading(this))
 {
+    m_consist->SetRemarkIcon(furnishing.icon("missing"));
     connectLists();
     if (m_layout)
         followLayout(*m_layout);

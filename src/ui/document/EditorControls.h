@@ -48,6 +48,7 @@ public:
     /// Returns the selected unit of the train, or null.
     const StockItem *SelectedUnit() const;
     StockListModel &Stock() { return *m_stock; }
+    ConsistModel &Train() { return *m_consist; }
 
     /// Returns the minimum height for a width: in a narrow window the rows of controls fold.
     int heightForWidth(int width) const override;

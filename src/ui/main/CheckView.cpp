@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/CheckView.h"
 
+#include "app/MissedFiles.h"
+#include "ui/dialogs/frmResults.h"
 #include "ui/main/ResultsWindows.h"
 #include "ui/main/frmMain.h"
 #include "validation/TSValidation.h"
@@ -69,7 +71,8 @@ std::string CheckView::Now()
 
 void CheckView::ShowResults(const std::string &caption, const std::string &text)
 {
-    m_results.Show(caption, text);
+    frmResults &results = m_results.Show(caption, text);
+    results.CountElsewhere(MissedFilesOf(m_window.Environment(), m_window.Validator->Findings()));
 }
 
 void CheckView::CountError(std::int16_t errorCode)

@@ -25,7 +25,7 @@ ResultsWindows::ResultsWindows(frmMain &window, Printing &printing)
 {
 }
 
-void ResultsWindows::Show(const std::string &caption, const std::string &text)
+frmResults &ResultsWindows::Show(const std::string &caption, const std::string &text)
 {
     const auto others = static_cast<int>(Open().size()) % kCascadeLength;
     auto *results = new frmResults(m_window.Environment().dialogs, m_window.Environment().files,
@@ -42,6 +42,7 @@ void ResultsWindows::Show(const std::string &caption, const std::string &text)
     results->resize(bounds.size());
     results->show();
     results->activateWindow();
+    return *results;
 }
 
 std::vector<frmResults *> ResultsWindows::Open() const

@@ -17,8 +17,8 @@ class ResultsWindows
 public:
     ResultsWindows(frmMain &window, Printing &printing);
 
-    /// Opens a window. Several windows form a cascade.
-    void Show(const std::string &caption, const std::string &text);
+    /// Opens a window and returns it. Several windows form a cascade.
+    frmResults &Show(const std::string &caption, const std::string &text);
     /// Returns the open windows, in the order of opening.
     std::vector<frmResults *> Open() const;
     void CloseAll();

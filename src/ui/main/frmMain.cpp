@@ -299,7 +299,7 @@ void frmMain::SendFile()
 
 void frmMain::ShowTextWindow(const std::string &title, const std::string &text)
 {
-    modZELK::ShowTextWindow(m_handlers->checkView, title, text);
+    m_handlers->results.Show(modZELK::TextWindowCaption(title), text);
 }
 
 void frmMain::OpenOutside(const std::string &path)

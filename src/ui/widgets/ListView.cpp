@@ -4,11 +4,14 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPixmap>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
+#include <QTextDocument>
 #include <QTextOption>
 #include <QToolTip>
 
@@ -18,8 +21,22 @@ namespace document {
 
 namespace {
 
-/// Draws rows with some space above and below the text. A tool tip shows a text that its column
-/// cuts off.
+/// Returns the icon in one colour, whatever the state of the row is.
+QIcon inColour(const QIcon &icon, const QSize &size, const QColor &colour, qreal pixelRatio)
+{
+    QPixmap drawn = icon.pixmap(size, pixelRatio);
+    QPainter painter(&drawn);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(QRect(QPoint(), size), colour);
+    painter.end();
+    QIcon coloured;
+    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Disabled, QIcon::Active, QIcon::Selected})
+        coloured.addPixmap(drawn, mode);
+    return coloured;
+}
+
+/// Draws rows with some space above and below the text, and icons on the right in the colour of the
+/// text. A tool tip shows a text that its column cuts off, and the remark about the row.
 class RowDelegate : public QStyledItemDelegate
 {
 public:
@@ -33,11 +50,36 @@ public:
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override
     {
-        if (event->type() != QEvent::ToolTip ||
-            sizeHint(option, index).width() <= view->visualRect(index).width())
+        const QString text = index.data().toString(),
+                      remark = index.data(Qt::ToolTipRole).toString();
+        const bool isCut = sizeHint(option, index).width() > view->visualRect(index).width();
+        if (event->type() != QEvent::ToolTip || (!isCut && remark.isEmpty()))
             return QStyledItemDelegate::helpEvent(event, view, option, index);
-        QToolTip::showText(event->globalPos(), index.data().toString(), view);
+        // As rich text, a long remark is wrapped, and no name in it is taken for markup.
+        const QString shown = isCut ? text + QStringLiteral("\n\n") + remark : remark;
+        QToolTip::showText(
+            event->globalPos(),
+            remark.isEmpty() ? text : Qt::convertFromPlainText(shown, Qt::WhiteSpaceNormal), view);
         return true;
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (option->icon.isNull())
+            return;
+        const int side = std::min(16, option->fontMetrics.height()); // rows keep their height
+        const auto group = !(option->state & QStyle::State_Enabled) ? QPalette::Disabled
+                           : (option->state & QStyle::State_Active) ? QPalette::Active
+                                                                    : QPalette::Inactive;
+        const auto role =
+            option->state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::Text;
+        option->decorationPosition = QStyleOptionViewItem::Right;
+        option->decorationSize = {side, side};
+        option->icon =
+            inColour(option->icon, option->decorationSize, option->palette.color(group, role),
+                     option->widget ? option->widget->devicePixelRatioF() : 1);
     }
 };
 
