@@ -491,9 +491,19 @@ void HealthRun::readRoutes()
 void HealthRun::readWorlds()
 {
     const std::vector<World> worlds = worldFiles();
+    std::map<std::string, Unit> routes; // by folder
+    std::size_t next = 0;
     workOn(
         worlds.size(), [&](std::size_t i) { return world(worlds[i]); },
-        [this](Unit &&unit) { take(std::move(unit)); });
+        [&](Unit &&unit) {
+            moveUses(unit, routes[worlds[next++].route]);
+            take(std::move(unit));
+        });
+    for (auto &[folder, unit] : routes) {
+        unit.user = folder;
+        sortUses(unit);
+        take(std::move(unit));
+    }
 }
 
 void HealthRun::take(Unit &&unit)

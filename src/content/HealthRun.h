@@ -117,6 +117,10 @@ private:
     };
     std::vector<World> worldFiles() const;
     Unit world(const World &world) const;
+    /// Moves the shapes that a world file uses to the unit of its route.
+    static void moveUses(Unit &world, Unit &route);
+    /// Removes repeated uses and sorts the rest, since their order depends on the workers.
+    static void sortUses(Unit &route);
     void addRouteShape(Reference reference, const World &world, Unit &unit) const;
 
     template <typename Work, typename Take>
