@@ -6,7 +6,11 @@
 #include "host/Path.h"
 #include "host/Text.h"
 
+#include <algorithm>
+#include <iterator>
 #include <mutex>
+#include <string_view>
+#include <tuple>
 
 namespace content {
 
@@ -49,7 +53,26 @@ HealthRun::Unit HealthRun::world(const World &world) const
     return unit;
 }
 
-/// Many files of a world name the same shapes, so a shape that is in order is looked up once.
+void HealthRun::moveUses(Unit &world, Unit &route)
+{
+    std::move(world.uses.begin(), world.uses.end(), std::back_inserter(route.uses));
+    world.uses.clear();
+}
+
+void HealthRun::sortUses(Unit &route)
+{
+    const auto keyOf = [](const Unit::Use &use) {
+        return std::tuple(std::string_view(use.file->path), use.profiles.Has(Profile::Msts));
+    };
+    std::sort(route.uses.begin(), route.uses.end(),
+              [&](const auto &a, const auto &b) { return keyOf(a) < keyOf(b); });
+    const auto end =
+        std::unique(route.uses.begin(), route.uses.end(),
+                    [&](const auto &a, const auto &b) { return keyOf(a) == keyOf(b); });
+    route.uses.erase(end, route.uses.end());
+}
+
+/// Many files of a world name the same shapes, so a shape that is found is looked up once.
 void HealthRun::addRouteShape(Reference reference, const World &world, Unit &unit) const
 {
     const std::string key = world.route + '\n' + host::ToUpper(reference.wants);
@@ -64,11 +87,10 @@ void HealthRun::addRouteShape(Reference reference, const World &world, Unit &uni
     draft.file = world.path;
     draft.stock = world.route;
     draft.at = m_resolver.Resolve(draft.reference, {world.path, {}, world.route});
-    const std::size_t uses = unit.uses.size();
     follow(draft, world.route, unit);
     if (m_options.keepAll || draft.IsProblem()) {
         unit.drafts.push_back(std::move(draft));
-    } else if (unit.uses.size() == uses && world.profiles == Profiles::Both()) {
+    } else if (world.profiles == Profiles::Both()) {
         const std::unique_lock lock(m_unitsMutex);
         m_units.insert(key);
     }

@@ -101,6 +101,7 @@ void HealthRun::workOn(std::size_t count, const Work &work, const Take &take)
         ++m_done;
         if (Progress)
             Progress(m_done, m_total);
+        handOutPartial();
     }
 }
 
@@ -130,6 +131,7 @@ void HealthRun::readStock()
             if (host::MatchesFilter(name, m_options.filter))
                 folders.emplace_back(host::path::Join(parent, name), isEot);
     }
+    m_checked.stockFolders = folders.size();
     workOn(
         folders.size(),
         [&](std::size_t i) { return stockFolder(folders[i].first, folders[i].second); },
@@ -337,6 +339,7 @@ std::vector<std::string> HealthRun::allConsists() const
 void HealthRun::readConsists(const std::vector<std::string> &consists)
 {
     std::vector<std::string> vehicles;
+    m_checked.consists = consists.size();
     workOn(
         consists.size(), [&](std::size_t i) { return consist(consists[i]); },
         [&](Unit &&unit) {
@@ -469,6 +472,9 @@ void HealthRun::readRoutes()
                                {"*.timetable-or", "*.timetable_or", "*.timetablelist-or",
                                 "*.timetablelist_or"}));
     }
+    m_checked.services = services.size();
+    m_checked.activities = activities.size();
+    m_checked.timetables = tables.size();
     std::map<std::string, NamedFiles> named; // by route
     workOn(
         services.size(), [&](std::size_t i) { return service(services[i]); },
@@ -497,9 +503,19 @@ void HealthRun::readRoutes()
 void HealthRun::readWorlds()
 {
     const std::vector<World> worlds = worldFiles();
+    std::map<std::string, Unit> routes; // by folder
+    std::size_t next = 0;
     workOn(
         worlds.size(), [&](std::size_t i) { return world(worlds[i]); },
-        [this](Unit &&unit) { take(std::move(unit)); });
+        [&](Unit &&unit) {
+            moveUses(unit, routes[worlds[next++].route]);
+            take(std::move(unit));
+        });
+    for (auto &[folder, unit] : routes) {
+        unit.user = folder;
+        sortUses(unit);
+        take(std::move(unit));
+    }
 }
 
 void HealthRun::take(Unit &&unit)

@@ -7,6 +7,7 @@
 #include "host/Ahead.h"
 
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -53,6 +54,11 @@ public:
     std::function<void(std::size_t done, std::size_t total)> Progress;
     /// Called on any thread with the path of each file before it is read.
     std::function<void(const std::string &path)> FileRead;
+
+    /// Called on the thread of Run with the findings so far, first after about half a second and
+    /// then at growing intervals. These reports lack candidates, and their answers do not
+    /// distinguish misplaced files from missing ones.
+    std::function<void(HealthReport report)> Partial;
 
     HealthReport Run();
     /// Makes Run return soon with the findings so far. May be called from any thread.
@@ -117,6 +123,10 @@ private:
     };
     std::vector<World> worldFiles() const;
     Unit world(const World &world) const;
+    /// Moves the shapes that a world file uses to the unit of its route.
+    static void moveUses(Unit &world, Unit &route);
+    /// Removes repeated uses and sorts the rest, since their order depends on the workers.
+    static void sortUses(Unit &route);
     void addRouteShape(Reference reference, const World &world, Unit &unit) const;
 
     template <typename Work, typename Take>
@@ -124,6 +134,8 @@ private:
     void take(Unit &&unit);
     void merge(const Draft &draft, std::uint32_t user, Profiles profiles);
     HealthReport report();
+    HealthReport reportSoFar();
+    void handOutPartial();
     void addFindings(const Merged &merged, HealthReport &report) const;
     Finding findingOf(const Merged &merged, Profiles profiles) const;
     /// What identifies the entry of a draft, apart from its kind and folder.
@@ -152,6 +164,9 @@ private:
     std::vector<Merged> m_merged;
     std::unordered_map<std::string, std::size_t> m_byKey; ///< into m_merged
     std::size_t m_done = 0, m_total = 0;
+    HealthCounts m_checked;
+    std::chrono::steady_clock::time_point m_nextPartial;
+    std::chrono::steady_clock::duration m_partialInterval{};
     std::atomic<bool> m_stopped = false;
 };
 

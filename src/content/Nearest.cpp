@@ -117,6 +117,8 @@ void Nearest::Want(Kind kind, const std::string &path)
 
 void Nearest::addFolder(const std::string &folder, const char *prefix)
 {
+    if (m_stopped && *m_stopped)
+        return;
     for (const std::string &name : m_folders.ListFiles(folder, "*")) {
         const auto wanted = m_places.find(prefix + host::ToUpper(name));
         if (wanted != m_places.end() && wanted->second.size() < kMaxPlaces)
@@ -127,7 +129,7 @@ void Nearest::addFolder(const std::string &folder, const char *prefix)
 void Nearest::addTree(const std::string &folder, int depth)
 {
     addFolder(folder, "");
-    if (depth == 0)
+    if (depth == 0 || (m_stopped && *m_stopped))
         return;
     for (const std::string &name : m_folders.ListFolders(folder))
         addTree(host::path::Join(folder, name), depth - 1);

@@ -90,7 +90,7 @@ constexpr std::array<ReferenceRule, kKinds> kRules = {{
      known(kTexturesOr, kError)},
     {Kind::SeasonTexture, "season-texture", "missing-season-texture",
      lenient(kSeasons, kNote, "perhaps the plain texture is shown instead"),
-     known(kSeasonsOr, kNote)},
+     notNeeded(kSeasonsOr, "the plain texture is shown, and has its own finding")},
     {Kind::FreightAnimation, "freight-animation", "missing-freight-animation",
      lenient(kStock, kWarning, "perhaps only the load is not shown"),
      lenient(kStock, kWarning, kLogged)},

@@ -143,12 +143,17 @@ void addSeasons(const std::string &image, std::uint32_t alternatives,
 
 } // namespace
 
+bool NamesNothing(std::string_view value)
+{
+    return value.find_first_not_of(" \t") == value.npos;
+}
+
 std::vector<Reference> ReferencesOfSound(const stavfile::Source &source)
 {
     std::vector<Reference> found;
     LineCounter lines(source);
     everyBlock(source, [&](const Block &block) {
-        if (!block.Is("File") || block.Value().empty())
+        if (!block.Is("File") || NamesNothing(block.Value()))
             return;
         Reference reference = toFile(Kind::SoundFile, block, lines);
         reference.meant.clear(); // the values after the name are numbers
@@ -169,7 +174,7 @@ std::vector<Reference> ReferencesOfCabView(const stavfile::Source &source)
             digitalEnd = source.records[block.Record()].next;
         const bool isImage = block.Is("CabViewFile") || block.Is("CabViewWindowFile") ||
                              block.Is("Graphic") || block.Is("FuelCoal");
-        if (!isImage || block.Value().empty())
+        if (!isImage || NamesNothing(block.Value()))
             return;
         found.push_back(toFile(Kind::CabImage, block, lines));
         found.back().notNeeded = block.Record() < digitalEnd;
@@ -193,7 +198,7 @@ std::vector<Reference> ReferencesOfService(const stavfile::Source &source)
     for (const Block top : TopBlocks(source)) {
         Block config = top;
         if (top.Is("Service_Definition") && top.Find("Train_Config", config) &&
-            !config.Value().empty())
+            !NamesNothing(config.Value()))
             found.push_back(toFile(Kind::ServiceConsist, config, lines, 0, "con"));
     }
     return found;
@@ -209,7 +214,7 @@ std::vector<Reference> ReferencesOfActivity(const stavfile::Source &source)
         if (block.Is("Traffic_Definition"))
             trafficEnd = source.records[block.Record()].next;
         addUnit(Kind::ActivityVehicle, block, lines, found);
-        if (block.Value().empty())
+        if (NamesNothing(block.Value()))
             return;
         if (block.Is("Traffic_Definition"))
             found.push_back(toFile(Kind::ActivityTraffic, block, lines, 0, "trf"));
@@ -292,7 +297,7 @@ std::vector<Reference> ReferencesOfShape(const std::vector<std::string> &images,
     std::vector<Reference> references;
     std::set<std::string> seen;
     for (const std::string &image : images) {
-        if (image.empty() || !seen.insert(host::ToUpper(image)).second)
+        if (NamesNothing(image) || !seen.insert(host::ToUpper(image)).second)
             continue;
         Reference reference;
         reference.kind = Kind::Texture;

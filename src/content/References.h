@@ -37,6 +37,9 @@ struct Reference
     const ReferenceRule &Rule() const { return RuleOf(kind); }
 };
 
+/// True for a value that names nothing: it is empty or holds only blanks.
+bool NamesNothing(std::string_view value);
+
 /// A reference of a vehicle. `file` is an index into Vehicle::Files.
 struct VehicleReference
 {

@@ -80,7 +80,17 @@ std::string PathIn(std::string_view folder, std::string_view name)
 {
     while (!name.empty() && (name.back() == ' ' || name.back() == '\t'))
         name.remove_suffix(1);
-    return host::path::Normalise(host::path::Join(folder, name));
+    const bool isPlain = std::none_of(name.begin(), name.end(), host::IsSeparator) &&
+                         !name.empty() && name != "." && name != "..";
+    if (!isPlain || folder.empty())
+        return host::path::Normalise(host::path::Join(folder, name));
+    std::string path;
+    path.reserve(folder.size() + 1 + name.size());
+    path = folder;
+    if (!host::IsSeparator(path.back()))
+        path += host::path::kSeparator;
+    path += name;
+    return path;
 }
 
 std::string FolderOfPath(std::string_view path)

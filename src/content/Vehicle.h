@@ -141,7 +141,8 @@ private:
 inline constexpr std::size_t kMaxNameLength = 4096;
 
 /// Returns the path of a name that a file gives, relative to a folder. Accepts both separators,
-/// repeated separators and blanks at the end, as Windows does. `folder` may end in a separator.
+/// repeated separators and blanks at the end, as Windows does. `folder` is normalised, but may end
+/// in a separator.
 std::string PathIn(std::string_view folder, std::string_view name);
 /// Returns the text before the last separator; "" if there is none.
 std::string FolderOfPath(std::string_view path);

@@ -112,7 +112,8 @@ const Key *keyOf(Part parent, const Block &block)
         return nullptr;
     const std::string_view name = block.Name();
     for (const Key &key : kKeys)
-        if ((key.part == parent || key.alsoIn == parent) && Block::SameName(key.name, name))
+        if (key.name.size() == name.size() && (key.part == parent || key.alsoIn == parent) &&
+            Block::SameName(key.name, name))
             return &key;
     return nullptr;
 }
@@ -238,7 +239,7 @@ void addReferences(const Hit &hit, const Block &block, int line, Profiles profil
 {
     Reference reference = referenceTo(hit.key->kind, block, 0, line);
     reference.profiles = profiles & hit.key->readers;
-    if (reference.wants.empty() || reference.profiles.Empty())
+    if (NamesNothing(reference.wants) || reference.profiles.Empty())
         return;
     addMeant(block, reference);
     if (reference.kind == Kind::Script)

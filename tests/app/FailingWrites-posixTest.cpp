@@ -266,7 +266,25 @@ TEST_P(FailingWritesTest, ProcessExitAtAStepLeavesWholeFiles)
         ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == FailingStep::kExitCode) << step;
         expectWhole(GetParam(), before, after, withoutTimes(world.Files()),
                     "ended at step " + std::to_string(step));
+
+        messageOf(GetParam(), world);
+        for (const auto &[name, unused] : world.Files())
+            EXPECT_EQ(name.find(".zelk-"), name.npos)
+                << name << " is left after the next write; the first one ended at step " << step;
     }
+}
+
+TEST_P(FailingWritesTest, FileSystemThatRefusesPermissionsCanBeWrittenTo)
+{
+    for (const int error : {EPERM, ENOSYS, EOPNOTSUPP, EACCES, EINVAL})
+        for (int step = 0; step < steps; ++step) {
+            World world;
+            const FailingStep failing(step, error);
+            const std::string message = messageOf(GetParam(), world);
+            if (failing.Refused() == std::string("fchmod")) {
+                EXPECT_EQ(withoutTimes(world.Files()), after) << message;
+            }
+        }
 }
 
 std::string nameOf(const testing::TestParamInfo<Command> &info)

@@ -137,7 +137,8 @@ TEST(HealthBadInputTest, NamesThatLeadNowhereAreMissingOnce)
         {{kA + "x.wag", "\nWagon ( x WagonShape ( \"../../../../../../../../../../no.s\" ) Sound ( "
                         "\"" +
                             longName + ".sms\" ) FreightAnim ( \"a|b?*.s\" ) )"},
-         {kA + "y.wag", "\nWagon ( y WagonShape ( \"w.s  \" ) Sound ( \"\" ) CabView ( \"\" ) )"},
+         {kA + "y.wag", "\nWagon ( y WagonShape ( \"w.s  \" ) Sound ( \"  \" ) CabView ( \"\" ) )"},
+         {kA + "SOUND/inside.sms", "\nTr_SMS ( File ( \" \" -1 ) )"},
          {"Trains/Consists/d.con", "\nTrain ( TrainCfg ( d Wagon ( WagonData ( w \"a \" ) ) Wagon "
                                    "( WagonData ( \"\" \"\" ) ) "
                                    "Wagon ( WagonData ( ) ) Wagon ( WagonData ( .. .. ) ) ) )"}});

@@ -19,6 +19,7 @@ protected:
         write("msts/TRAINS/CONSISTS/c.con",
               "\nTrain ( TrainCfg ( c Wagon ( WagonData ( w A ) ) ) )");
         write("msts/TRAINS/CONSISTS/d.con", "\nTrain ( TrainCfg ( d ) )");
+        write("msts/ROUTES/R/WORLD/w-1.w", "\nTr_Worldfile ( Static ( FileName ( lost.s ) ) )");
     }
     Outcome health(Arguments arguments) const
     {
@@ -85,6 +86,8 @@ TEST_F(HealthCommandTest, OptionsChooseWhatIsReported)
         {"another folder", {"--filter", "B*"}, 0, 0},
         {"a consist", {"--consist", "c"}, 1, 2},
         {"a consist without vehicles", {"--consist", "D.CON"}, 0, 0},
+        {"the routes, too", {"--routes"}, 1, 3},
+        {"a filter is for stock only", {"--routes", "--filter", "B*"}, 0, 1},
         {"what is in order, too", {"--verbose"}, 1, 3},
     };
     for (const auto &each : kCases) {
@@ -168,7 +171,8 @@ TEST_F(HealthCommandTest, ReportsWhyItCannotRun)
     EXPECT_EQ(health({"--consist", "gone"}).err, "zelkctl: gone: error 53: File not found\n");
     for (const Arguments &wrong :
          {Arguments{"--profile", "other"}, Arguments{"--format", "xml"},
-          Arguments{"--fail-on", "all"}, Arguments{"--consist", "c", "--filter", "A"}})
+          Arguments{"--fail-on", "all"}, Arguments{"--consist", "c", "--filter", "A"},
+          Arguments{"--consist", "c", "--routes"}})
         EXPECT_EQ(health(wrong).code, 2) << wrong.front();
 }
 
