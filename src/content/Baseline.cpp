@@ -4,7 +4,6 @@
 #include "content/Causes.h"
 
 #include <algorithm>
-#include <set>
 #include <utility>
 #include <vector>
 
@@ -40,7 +39,7 @@ Baseline Baseline::Of(const HealthReport &report)
     Baseline baseline;
     for (const Finding &finding : report.findings)
         if (finding.IsProblem())
-            baseline.m_answers[finding.id] = AnswerName(finding.answer);
+            baseline.Add(finding);
     return baseline;
 }
 
@@ -76,28 +75,45 @@ bool Baseline::Knows(const Finding &finding) const
     return known != m_answers.end() && known->second == AnswerName(finding.answer);
 }
 
-std::size_t Baseline::CountGone(const HealthReport &report) const
+void Baseline::Add(const Finding &finding)
 {
-    std::set<std::string> present;
+    m_answers[finding.id] = AnswerName(finding.answer);
+}
+
+std::set<std::string> Baseline::idsOf(const HealthReport &report)
+{
+    std::set<std::string> ids;
     for (const Finding &finding : report.findings)
         if (finding.IsProblem())
-            present.insert(finding.id);
+            ids.insert(finding.id);
+    return ids;
+}
+
+void Baseline::RemoveGone(const HealthReport &report)
+{
+    const std::set<std::string> present = idsOf(report);
+    std::erase_if(m_answers, [&](const auto &known) { return !present.contains(known.first); });
+}
+
+std::size_t Baseline::CountGone(const HealthReport &report) const
+{
+    const std::set<std::string> present = idsOf(report);
     return static_cast<std::size_t>(
         std::count_if(m_answers.begin(), m_answers.end(),
                       [&](const auto &known) { return !present.contains(known.first); }));
 }
 
-HealthReport WithoutKnown(HealthReport report, const Baseline &baseline)
+HealthReport OnlyFindings(HealthReport report, const std::function<bool(std::size_t)> &keep)
 {
     HealthReport left;
+    left.checked = report.checked;
     left.users = std::move(report.users);
     std::vector<std::size_t> placeOf(report.findings.size(), report.findings.size());
     for (std::size_t i = 0; i < report.findings.size(); ++i) {
-        Finding &finding = report.findings[i];
-        if (finding.IsProblem() && baseline.Knows(finding))
+        if (!keep(i))
             continue;
         placeOf[i] = left.findings.size();
-        left.findings.push_back(std::move(finding));
+        left.findings.push_back(std::move(report.findings[i]));
     }
     for (Cause &cause : report.causes) {
         std::vector<std::size_t> kept;
@@ -111,6 +127,14 @@ HealthReport WithoutKnown(HealthReport report, const Baseline &baseline)
     }
     CountCauses(left);
     return left;
+}
+
+HealthReport WithoutKnown(HealthReport report, const Baseline &baseline)
+{
+    std::vector<bool> keeps;
+    for (const Finding &finding : report.findings)
+        keeps.push_back(!finding.IsProblem() || !baseline.Knows(finding));
+    return OnlyFindings(std::move(report), [&keeps](std::size_t i) { return keeps[i]; });
 }
 
 } // namespace content

@@ -47,8 +47,15 @@ struct Cause
     bool isSingles = false;             ///< the group of findings without a common cause
 };
 
+/// How many files of each kind a run has read.
+struct HealthCounts
+{
+    std::size_t stockFolders = 0, consists = 0, services = 0, activities = 0, timetables = 0;
+};
+
 struct HealthReport
 {
+    HealthCounts checked;
     std::vector<std::string> users; ///< vehicles, consists, services, ... sorted by path
     std::vector<Finding> findings;
     std::vector<Cause> causes; ///< each problem is in exactly one; worst and largest first

@@ -116,7 +116,9 @@ void HealthRun::addFindings(const Merged &merged, HealthReport &report) const
 
 void HealthRun::findNearest(HealthReport &report) const
 {
-    Nearest nearest(*m_snapshot, m_folders);
+    if (m_stopped)
+        return;
+    Nearest nearest(*m_snapshot, m_folders, &m_stopped);
     const auto isOpen = [](const Finding &finding) {
         return finding.answer == Answer::Nowhere && !finding.looked.empty();
     };
@@ -159,13 +161,43 @@ void HealthRun::sortUsers(HealthReport &report)
 
 HealthReport HealthRun::report()
 {
-    HealthReport report;
-    for (const Merged &merged : m_merged)
-        addFindings(merged, report);
-    sortUsers(report);
+    HealthReport report = reportSoFar();
     findNearest(report);
     GroupByCause(report, *m_snapshot, m_folders);
     return report;
+}
+
+/// Returns the findings without candidates and causes.
+HealthReport HealthRun::reportSoFar()
+{
+    HealthReport report;
+    report.checked = m_checked;
+    for (const Merged &merged : m_merged)
+        addFindings(merged, report);
+    sortUsers(report);
+    return report;
+}
+
+void HealthRun::handOutPartial()
+{
+    using namespace std::chrono_literals;
+    using Clock = std::chrono::steady_clock;
+    if (!Partial)
+        return;
+    const Clock::time_point now = Clock::now();
+    if (m_partialInterval == Clock::duration::zero()) {
+        m_partialInterval = 500ms;
+        m_nextPartial = now + m_partialInterval;
+    }
+    if (now < m_nextPartial || m_stopped)
+        return;
+    HealthReport partial = reportSoFar();
+    GroupByCause(partial, *m_snapshot, m_folders);
+    Partial(std::move(partial));
+    // A report of many findings takes a while to make.
+    const Clock::duration cost = Clock::now() - now;
+    m_partialInterval = std::max(m_partialInterval * 2, cost * 10);
+    m_nextPartial = Clock::now() + m_partialInterval;
 }
 
 } // namespace content

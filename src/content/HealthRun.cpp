@@ -92,6 +92,7 @@ void HealthRun::workOn(std::size_t count, const Work &work, const Take &take)
         ++m_done;
         if (Progress)
             Progress(m_done, m_total);
+        handOutPartial();
     }
 }
 
@@ -118,6 +119,7 @@ void HealthRun::readStock()
             if (host::MatchesFilter(name, m_options.filter))
                 folders.emplace_back(host::path::Join(parent, name), isEot);
     }
+    m_checked.stockFolders = folders.size();
     workOn(
         folders.size(),
         [&](std::size_t i) { return stockFolder(folders[i].first, folders[i].second); },
@@ -331,6 +333,7 @@ std::vector<std::string> HealthRun::allConsists() const
 void HealthRun::readConsists(const std::vector<std::string> &consists)
 {
     std::vector<std::string> vehicles;
+    m_checked.consists = consists.size();
     workOn(
         consists.size(), [&](std::size_t i) { return consist(consists[i]); },
         [&](Unit &&unit) {
@@ -463,6 +466,9 @@ void HealthRun::readRoutes()
                                {"*.timetable-or", "*.timetable_or", "*.timetablelist-or",
                                 "*.timetablelist_or"}));
     }
+    m_checked.services = services.size();
+    m_checked.activities = activities.size();
+    m_checked.timetables = tables.size();
     std::map<std::string, NamedFiles> named; // by route
     workOn(
         services.size(), [&](std::size_t i) { return service(services[i]); },

@@ -7,6 +7,7 @@
 #include "host/Ahead.h"
 
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -50,6 +51,11 @@ public:
     /// Called on the thread of Run after each piece of work; may call Stop. The total grows during
     /// the run.
     std::function<void(std::size_t done, std::size_t total)> Progress;
+
+    /// Called on the thread of Run with the findings so far, first after about half a second and
+    /// then at growing intervals. These reports lack candidates, and their answers do not
+    /// distinguish misplaced files from missing ones.
+    std::function<void(HealthReport report)> Partial;
 
     HealthReport Run();
     /// Makes Run return soon with the findings so far. May be called from any thread.
@@ -110,6 +116,8 @@ private:
     void take(Unit &&unit);
     void merge(const Draft &draft, std::uint32_t user, Profiles profiles);
     HealthReport report();
+    HealthReport reportSoFar();
+    void handOutPartial();
     void addFindings(const Merged &merged, HealthReport &report) const;
     Finding findingOf(const Merged &merged, Profiles profiles) const;
     std::string idOf(const Finding &finding, const Draft &draft) const;
@@ -129,6 +137,9 @@ private:
     std::vector<Merged> m_merged;
     std::unordered_map<std::string, std::size_t> m_byKey; ///< into m_merged
     std::size_t m_done = 0, m_total = 0;
+    HealthCounts m_checked;
+    std::chrono::steady_clock::time_point m_nextPartial;
+    std::chrono::steady_clock::duration m_partialInterval{};
     std::atomic<bool> m_stopped = false;
 };
 

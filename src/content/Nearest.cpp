@@ -102,6 +102,8 @@ void Nearest::Want(Kind kind, const std::string &path)
 
 void Nearest::addFolder(const std::string &folder)
 {
+    if (m_stopped && *m_stopped)
+        return;
     for (const std::string &name : m_folders.ListFiles(folder, "*")) {
         const auto wanted = m_places.find(host::ToUpper(name));
         if (wanted != m_places.end() && wanted->second.size() < kMaxPlaces)
@@ -112,7 +114,7 @@ void Nearest::addFolder(const std::string &folder)
 void Nearest::addTree(const std::string &folder, int depth)
 {
     addFolder(folder);
-    if (depth == 0)
+    if (depth == 0 || (m_stopped && *m_stopped))
         return;
     for (const std::string &name : m_folders.ListFolders(folder))
         addTree(host::path::Join(folder, name), depth - 1);

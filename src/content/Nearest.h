@@ -3,6 +3,7 @@
 
 #include "content/Resolver.h"
 
+#include <atomic>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -14,9 +15,12 @@ namespace content {
 class Nearest
 {
 public:
-    Nearest(host::Snapshot &folders, const InstallFolders &install)
+    /// Search ends early, with some candidates, once `stopped` is true.
+    Nearest(host::Snapshot &folders, const InstallFolders &install,
+            const std::atomic<bool> *stopped = nullptr)
         : m_folders(folders)
         , m_install(install)
+        , m_stopped(stopped)
     {
     }
 
@@ -41,6 +45,7 @@ private:
 
     host::Snapshot &m_folders;
     const InstallFolders &m_install;
+    const std::atomic<bool> *m_stopped;
     std::unordered_map<std::string, std::vector<std::string>> m_places;  ///< by name in upper case
     std::unordered_map<std::string, std::vector<std::string>> m_similar; ///< by path
 };
