@@ -41,22 +41,25 @@ ShellCommands::ShellCommands(const install::Environment &environment, Desktop &d
 
 bool ShellCommands::StartSimulator()
 {
-    if (m_environment.installation.CurrentFolder().empty())
-        return refuse(kViewSimulator);
-    return start(m_environment.installation.PathOf("train.exe"), {}, kViewSimulator);
+    return HasInstallation(kViewSimulator) &&
+           start(m_environment.installation.PathOf("train.exe"), {}, kViewSimulator);
 }
 
 bool ShellCommands::StartEditors()
 {
-    if (m_environment.installation.CurrentFolder().empty())
-        return refuse(kViewEditors);
-    return start(m_environment.installation.PathOf("launcher.exe"), {"-runeditor"}, kViewEditors);
+    return HasInstallation(kViewEditors) &&
+           start(m_environment.installation.PathOf("launcher.exe"), {"-runeditor"}, kViewEditors);
 }
 
 bool ShellCommands::StartShapeViewer()
 {
     const std::string viewer = install::FindShapeViewer();
     return viewer.empty() ? refuse(kViewSimulator) : start(viewer, {}, kViewSimulator);
+}
+
+bool ShellCommands::HasInstallation(const std::string &title)
+{
+    return !m_environment.installation.CurrentFolder().empty() || refuse(title);
 }
 
 bool ShellCommands::refuse(const std::string &title)

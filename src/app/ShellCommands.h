@@ -36,6 +36,8 @@ public:
     bool StartShapeViewer();
     bool StartSystemTool(const std::string &path) { return start(path, {}, "System Info"); }
 
+    /// Returns false, after a message with this title, if no installation is known.
+    bool HasInstallation(const std::string &title);
     /// Asks, and associates consist files with this program.
     void SetFileAssociation();
     void ShowGuide(GuidePage page);

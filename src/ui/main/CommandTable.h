@@ -38,10 +38,10 @@ enum class Command
     EditSetAssoc,
 
     ConsistEdit, ConsistView, ConsistViewShape,
-    ConsistCheckStock, FileCheckDep,
+    ConsistCheckStock, FileCheckDep, ConsistHealth,
 
     StockViewShape,
-    StockCheckDep, StockCheckAll, StockCheckTextures,
+    StockCheckDep, StockCheckAll, StockCheckTextures, StockHealth,
 
     ViewToolbar, ViewStatusBar,
     ViewRefresh, ViewReset, ViewFilter, ViewOptions,
@@ -208,6 +208,9 @@ inline constexpr CommandRow kCommands[] = {
     {Command::FileCheckDep, Menu::Consist, 2, "mnuFileCheckDep", "Chec&k Dependencies...", "", "check-dependencies",
      "Check where the selected consists or stock are used", when::Always,
      [](Handlers &on) { on.checks.Dependencies(); }},
+    {Command::ConsistHealth, Menu::Consist, 2, "mnuConsistHealth", "&Health of Selected Consists", "", "health",
+     "Report everything that is wrong with what the selected consists need", when::List,
+     [](Handlers &on) { on.health.SelectedConsists(); }},
 
     {Command::StockViewShape, Menu::Stock, 1, "mnuStockViewShape", "View &Shape", "", "shape",
      "Show the selected stock in 3D", when::Editor, [](Handlers &on) { on.consist.ViewShape(); }},
@@ -219,6 +222,9 @@ inline constexpr CommandRow kCommands[] = {
      "Check all installed stock", when::Always, [](Handlers &on) { on.checks.AllStock(); }},
     {Command::StockCheckTextures, Menu::Stock, 2, "mnuStockCheckTextures", "Check &Textures...", "", "",
      "Where the textures of stock are checked", when::Always, [](Handlers &on) { on.checks.StockTextures(); }},
+    {Command::StockHealth, Menu::Stock, 2, "mnuStockHealth", "&Health Report", "Ctrl+H", "health",
+     "Report everything that is wrong with the installed content, by the simulators' own rules", when::Always,
+     [](Handlers &on) { on.health.WholeInstallation(); }},
 
     {Command::ViewToolbar, Menu::View, 1, "mnuViewToolbar", "&Toolbar", "", "",
      "Show or hide the toolbar", when::Always,

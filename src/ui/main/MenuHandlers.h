@@ -10,6 +10,8 @@
 #include "ui/main/FileCommands.h"
 #include "ui/main/FileDrop.h"
 #include "ui/main/FileOpener.h"
+#include "ui/main/HealthCommands.h"
+#include "ui/main/HealthWindows.h"
 #include "ui/main/HelpCommands.h"
 #include "ui/main/MstsLocation.h"
 #include "ui/main/Printing.h"
@@ -64,12 +66,14 @@ struct Handlers
     FileOpener opener;
     MstsLocation location;
     FileDrop drop;
+    HealthWindows healthWindows;
     WindowList windowList;
     // For one menu each.
     FileCommands file;
     EditCommands edit;
     ConsistCommands consist;
     CheckMenu checks;
+    HealthCommands health;
     ViewCommands view;
     ToolCommands tools;
     WindowCommands windows;

@@ -2,6 +2,8 @@
 #include "ui/main/WindowList.h"
 
 #include "ui/dialogs/frmResults.h"
+#include "ui/health/frmHealth.h"
+#include "ui/main/HealthWindows.h"
 #include "ui/main/ResultsWindows.h"
 #include "ui/main/frmMain.h"
 
@@ -10,9 +12,10 @@
 
 namespace app {
 
-WindowList::WindowList(frmMain &window, const ResultsWindows &results)
+WindowList::WindowList(frmMain &window, const ResultsWindows &results, const HealthWindows &health)
     : m_window(window)
     , m_results(results)
+    , m_health(health)
 {
 }
 
@@ -29,11 +32,18 @@ void WindowList::Fill(QMenu &menu)
         m_items.back()->setChecked(document == active);
     }
     for (frmResults *results : m_results.Open())
-        addItem(menu, *results, results->windowTitle(), [results] {
-            results->setWindowState(results->windowState() & ~Qt::WindowMinimized);
-            results->raise();
-            results->activateWindow();
-        });
+        addTopLevel(menu, *results);
+    for (frmHealth *health : m_health.Open())
+        addTopLevel(menu, *health);
+}
+
+void WindowList::addTopLevel(QMenu &menu, QWidget &window)
+{
+    addItem(menu, window, window.windowTitle(), [&window] {
+        window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+        window.raise();
+        window.activateWindow();
+    });
 }
 
 void WindowList::addItem(QMenu &menu, QWidget &window, QString caption,

@@ -56,6 +56,7 @@ frmMain::frmMain(const install::Environment &environment, app::Desktop &desktop,
 frmMain::~frmMain()
 {
     // The windows refer to this object; they must not outlive its members.
+    m_handlers->healthWindows.CloseAll();
     for (frmDocument *window : Documents())
         delete window;
 }
@@ -174,6 +175,7 @@ void frmMain::updateActions()
 void frmMain::stopWork()
 {
     m_handlers->checking.Stop();
+    m_handlers->healthWindows.Stop();
     for (frmDocument *window : Documents())
         window->StopWork();
 }
@@ -315,7 +317,8 @@ void frmMain::SetStatus(const std::string &text)
 void frmMain::SetProgress(int done, int total)
 {
     sbStatusBar->SetProgress(done, total);
-    m_stopKey->setEnabled(total > 0 || m_handlers->checking.Running());
+    m_stopKey->setEnabled(total > 0 || m_handlers->checking.Running() ||
+                          m_handlers->healthWindows.Running());
 }
 
 void frmMain::WriteLog(const std::string &text)
@@ -352,6 +355,7 @@ void frmMain::closeEvent(QCloseEvent *event)
         saveSettings();
     m_unloading = true;
     m_handlers->checking.Abandon();
+    m_handlers->healthWindows.CloseAll();
     m_handlers->results.CloseAll();
     for (frmDocument *window : Documents()) {
         window->AllowUnload();
