@@ -28,7 +28,7 @@ HealthIndex::HealthIndex(HealthReport report, std::string root, bool isComplete)
     m_texts.reserve(m_report.findings.size());
     for (const Finding &finding : m_report.findings)
         m_texts.push_back(host::ToUpper(Relative(finding.file) + '\n' + finding.wants + '\n' +
-                                        Relative(wantedPath(finding)) + '\n' + finding.rule + '\n' +
+                                        Relative(PathOf(finding)) + '\n' + finding.rule + '\n' +
                                         SentenceOf(finding)));
     m_users.reserve(m_report.users.size());
     for (const std::string &user : m_report.users)
@@ -48,9 +48,15 @@ std::string HealthIndex::Relative(const std::string &path) const
     return ShownText(out);
 }
 
-std::string HealthIndex::wantedPath(const Finding &finding) const
+std::string HealthIndex::PathOf(const Finding &finding)
 {
-    return IsProblem(finding.answer) ? finding.Expected() : finding.file;
+    if (!IsProblem(finding.answer))
+        return finding.file;
+    const std::string_view name = host::path::FileName(finding.wants);
+    for (const std::string &path : finding.looked)
+        if (host::EqualsNoCase(host::path::FileName(path), name))
+            return path;
+    return finding.Expected();
 }
 
 void HealthIndex::addWanted(std::size_t cause)
@@ -59,7 +65,7 @@ void HealthIndex::addWanted(std::size_t cause)
     std::unordered_map<std::string, std::size_t> places; // by path in upper case
     for (const std::size_t index : m_report.causes[cause].findings) {
         const Finding &finding = m_report.findings[index];
-        const std::string path = wantedPath(finding);
+        const std::string path = PathOf(finding);
         const std::string key =
             path.empty() ? '\n' + host::ToUpper(finding.wants) : host::ToUpper(path);
         const auto [place, isNew] = places.try_emplace(key, m_wanted.size());
@@ -110,7 +116,8 @@ void HealthTree::compare(const Baseline &known)
 {
     const std::vector<Finding> &findings = m_index->Report().findings;
     m_novelty.assign(findings.size(), Novelty::Plain);
-    if (known.Size() == 0)
+    m_hasKnown = known.Size() > 0;
+    if (!m_hasKnown)
         return;
     for (std::size_t i = 0; i < findings.size(); ++i) {
         if (!known.Has(findings[i]))

@@ -37,6 +37,9 @@ public:
     const std::vector<Wanted> &WantedFiles() const { return m_wanted; }
     /// Returns the path below the installation folder, with "/"; other paths whole.
     std::string Relative(const std::string &path) const;
+    /// Returns where the simulators look for the file under the name as written, or else where it
+    /// should be; the damaged file; or "".
+    static std::string PathOf(const Finding &finding);
     /// True if the finding's texts or the files that need it contain the text, which is in upper
     /// case. `users` is what UsersWith returns for it.
     bool Matches(std::size_t finding, const std::string &upper,
@@ -45,7 +48,6 @@ public:
 
 private:
     void addWanted(std::size_t cause);
-    std::string wantedPath(const Finding &finding) const;
 
     HealthReport m_report;
     std::string m_root;
@@ -118,6 +120,8 @@ public:
     std::size_t HiddenKnown() const { return m_hiddenKnown; }
     /// Returns how many findings each severity has, apart from the filter of severities.
     const std::array<std::size_t, 3> &Counts() const { return m_counts; }
+    /// True if the user has accepted any findings.
+    bool HasKnown() const { return m_hasKnown; }
     /// Returns how many findings for the simulators of the filter have this novelty.
     std::size_t Count(Novelty novelty) const
     {
@@ -140,6 +144,7 @@ private:
     std::array<std::size_t, 3> m_counts{};
     std::array<std::size_t, 4> m_novelties{};
     std::size_t m_shown = 0, m_hidden = 0, m_hiddenKnown = 0;
+    bool m_hasKnown = false;
 };
 
 } // namespace content

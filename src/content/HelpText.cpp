@@ -189,8 +189,8 @@ std::string HelpText(const HealthTree &tree, const HealthTree::UserRow &row)
     Parts parts;
     parts.title = titleOf(finding);
     parts.advice = AdviceFor(finding);
-    parts.wanted.Add(finding.Expected().empty() ? ShownText(finding.wants)
-                                                : tree.Index().Relative(finding.Expected()));
+    const std::string path = HealthIndex::PathOf(finding);
+    parts.wanted.Add(path.empty() ? ShownText(finding.wants) : tree.Index().Relative(path));
     parts.users.Add(PlaceText(tree, row));
     addFinding(tree, row.finding, parts);
     return textOf(parts, 1);

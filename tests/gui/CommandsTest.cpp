@@ -5,6 +5,7 @@
 #include "host/Folders.h"
 
 #include "ui/dialogs/frmResults.h"
+#include "ui/health/frmHealth.h"
 #include <QAbstractItemView>
 
 #include <QApplication>
@@ -79,11 +80,13 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  -mnuConsistViewShape [View &Shape]
  mnuConsistCheckStock [&Check Stock...]
  mnuFileCheckDep [Chec&k Dependencies...]
+ mnuConsistHealth [&Health of Selected Consists]
 >mnuStock [&Stock]
  -mnuStockViewShape [View &Shape]
  mnuStockCheckDep [Check &Dependencies...]
  mnuStockCheckAll [Check &All Stock...]
  mnuStockCheckTextures [Check &Textures...]
+ mnuStockHealth [&Health Report]
 >mnuView [&View]
  mnuViewToolbar [&Toolbar]
  mnuViewStatusBar [Status &Bar]
@@ -162,6 +165,8 @@ protected:
             windows += '|' + document->Caption();
         for (const frmResults *results : window->findChildren<frmResults *>())
             windows += '|' + results->Caption();
+        for (const frmHealth *health : window->findChildren<frmHealth *>())
+            windows += '|' + health->Caption();
         return {windows + '\n', rowsOfFirst(),
                 "clipboard|" + QGuiApplication::clipboard()->text().toStdString() + '\n',
                 Find<QAction>(*window, command).isChecked() ? "checked\n" : "unchecked\n"};
@@ -245,12 +250,14 @@ constexpr Row kRows[] = {
     {From::Editor, "mnuConsistViewShape", kNoShape},
     {From::List, "mnuConsistCheckStock", "windows|Consist List 1|Stock check of Coal\n"},
     {From::List, "mnuFileCheckDep", kRoutes},
+    {From::List, "mnuConsistHealth", "windows|Consist List 1|Health of Coal\n"},
     {From::Editor, "mnuStockViewShape", kNoShape},
     {From::Editor, "mnuStockCheckDep",
      "select|Select Routes to Check|\nwindows|Consist List 1|Consist - "
      "<M>/Trains/Consists/Coal.con|Usage check of box\n"},
     {From::List, "mnuStockCheckAll", kCheckAll},
     {From::List, "mnuStockCheckTextures", "critical|Stock Check Textures|Nothing selected!\n"},
+    {From::List, "mnuStockHealth", "windows|Consist List 1|Health Report\n"},
     {From::List, "mnuViewToolbar", "unchecked\n"},
     {From::List, "mnuViewStatusBar", "unchecked\n"},
     {From::List, "mnuViewRefresh", "list|Another Coal Freight North GP38 Local\n"},

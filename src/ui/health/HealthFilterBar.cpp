@@ -82,6 +82,9 @@ void HealthFilterBar::nameControls()
     txtSearch->setPlaceholderText(QStringLiteral("Search files, folders and rules"));
     txtSearch->setClearButtonEnabled(true);
     cmdShowAll->setAutoDefault(false);
+    QSizePolicy room = cmdShowAll->sizePolicy();
+    room.setRetainSizeWhenHidden(true); // so that the rows below stay where they are
+    cmdShowAll->setSizePolicy(room);
 }
 
 void HealthFilterBar::arrangeControls()

@@ -233,7 +233,7 @@ QVariant HealthModel::data(const QModelIndex &index, int role) const
 
 QVariant HealthModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    constexpr const char *kTitles[] = {"Cause, wanted file, wanted by", "Severity", "Findings",
+    constexpr const char *kTitles[] = {"Cause, wanted file, wanted by", "Findings", "Severity",
                                        "Simulator", "State"};
     if (orientation != Qt::Horizontal)
         return {};

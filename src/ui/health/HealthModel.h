@@ -25,8 +25,8 @@ public:
     enum Column
     {
         What,
-        SeverityColumn,
         Findings,
+        SeverityColumn,
         Simulator,
         State,
         Columns

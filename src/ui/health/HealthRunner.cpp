@@ -166,7 +166,7 @@ void HealthRunner::poll()
     m_timer.stop();
     m_thread.join();
     const std::unique_ptr<Work> finished = std::move(m_work);
-    Q_EMIT Finished(!finished->isComplete, finished->failure);
+    Q_EMIT Finished(finished->stopped || !finished->isComplete, finished->failure);
 }
 
 } // namespace health

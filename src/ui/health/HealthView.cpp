@@ -32,6 +32,13 @@ std::vector<int> pathOf(const QModelIndex &index)
     return path;
 }
 
+/// True if one of the rows with these keys is below the row with this key.
+bool hasBelow(const std::set<std::string> &keys, const std::string &key)
+{
+    const auto first = keys.lower_bound(key + '\n');
+    return first != keys.end() && first->starts_with(key + '\n');
+}
+
 } // namespace
 
 /// The keys of rows in some state.
@@ -86,6 +93,7 @@ void HealthView::SetTree(std::shared_ptr<const content::HealthTree> tree)
     const State before = state();
     m_model->SetTree(std::move(tree));
     restore(before);
+    setColumnHidden(HealthModel::State, !m_model->Tree()->HasKnown());
 }
 
 HealthView::State HealthView::state() const
@@ -123,7 +131,7 @@ void HealthView::restore(const State &state)
     verticalScrollBar()->setValue(state.scrolled);
 }
 
-/// Visits the rows whose parents are expanded, since only these can be expanded or selected.
+/// Visits the rows with kept rows below, since a large report has many others.
 void HealthView::restoreBelow(const QModelIndex &parent, const State &state,
                               QItemSelection &selection)
 {
@@ -137,7 +145,9 @@ void HealthView::restoreBelow(const QModelIndex &parent, const State &state,
         if (!state.expanded.contains(key))
             continue;
         expand(index);
-        restoreBelow(index, state, selection);
+        if (hasBelow(state.expanded, key) || hasBelow(state.selected, key) ||
+            hasBelow({state.current}, key))
+            restoreBelow(index, state, selection);
     }
 }
 

@@ -442,7 +442,7 @@ void frmHealth::showDetails()
 /// The answers of a part of a report are not final, so that they cannot be accepted.
 bool frmHealth::canAccept() const
 {
-    return !Running() && m_index && m_index->IsComplete();
+    return !Running() && !m_stopped && m_index && m_index->IsComplete();
 }
 
 void frmHealth::showButtons()

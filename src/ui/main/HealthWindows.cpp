@@ -43,23 +43,27 @@ void HealthWindows::Show(const std::string &caption, const std::vector<std::stri
         return;
     const std::string given = m_window.Environment().installation.CurrentFolder();
     const auto path = host::GamePath::Of(given);
-    frmHealth &health = windowFor(path ? path->text : given, consists);
-    health.SetCaption(caption);
-    health.setWindowState(health.windowState() & ~Qt::WindowMinimized);
-    health.show();
-    health.raise();
-    health.activateWindow();
-    if (!health.Running())
-        run(health);
+    const std::string folder = path ? path->text : given;
+    frmHealth *health = find(folder, consists);
+    if (frmHealth *busy = running(); busy && busy != health)
+        return refuse();
+    if (!health)
+        health = &newWindow(folder, consists);
+    health->SetCaption(caption);
+    health->setWindowState(health->windowState() & ~Qt::WindowMinimized);
+    health->show();
+    health->raise();
+    health->activateWindow();
+    health->Run();
 }
 
-frmHealth &HealthWindows::windowFor(const std::string &folder,
-                                    const std::vector<std::string> &consists)
+frmHealth *HealthWindows::find(const std::string &folder,
+                               const std::vector<std::string> &consists) const
 {
     for (frmHealth *open : Open())
         if (open->Folder() == folder && open->Consists() == consists)
-            return *open;
-    return newWindow(folder, consists);
+            return open;
+    return nullptr;
 }
 
 frmHealth &HealthWindows::newWindow(const std::string &folder,
@@ -74,7 +78,7 @@ frmHealth &HealthWindows::newWindow(const std::string &folder,
 void HealthWindows::connectWindow(frmHealth &health)
 {
     QObject::connect(&health, &frmHealth::RunRequested, &m_window,
-                     [this, &health] { run(health); });
+                     [this, &health] { Running() ? refuse() : health.Run(); });
     QObject::connect(&health, &frmHealth::StatusChanged, &m_window,
                      [this](const std::string &text) { m_window.SetStatus(text); });
     QObject::connect(&health, &frmHealth::Progressed, &m_window,
@@ -98,15 +102,12 @@ void HealthWindows::place(frmHealth &health) const
     health.resize(bounds.size());
 }
 
-void HealthWindows::run(frmHealth &health)
+void HealthWindows::refuse() const
 {
-    if (Running())
-        m_window.Environment().dialogs.Message(
-            "A health report is running.  Wait until it has ended, or press Esc in its window to "
-            "stop it.",
-            kTitle, host::DialogIcon::Information);
-    else
-        health.Run();
+    m_window.Environment().dialogs.Message(
+        "A health report is running.  Wait until it has ended, or press Esc in its window to "
+        "stop it.",
+        kTitle, host::DialogIcon::Information);
 }
 
 void HealthWindows::open(const std::string &path)

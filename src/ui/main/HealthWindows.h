@@ -34,11 +34,11 @@ public:
 
 private:
     frmHealth *running() const;
-    frmHealth &windowFor(const std::string &folder, const std::vector<std::string> &consists);
+    frmHealth *find(const std::string &folder, const std::vector<std::string> &consists) const;
     frmHealth &newWindow(const std::string &folder, const std::vector<std::string> &consists);
     void connectWindow(frmHealth &health);
     void place(frmHealth &health) const;
-    void run(frmHealth &health);
+    void refuse() const;
     void open(const std::string &path);
     void openFolder(const std::string &path);
     bool showsShape(const std::string &stockFile) const;
