@@ -231,16 +231,29 @@ EditResult ConsistTree::flip(int row)
 
 void ConsistTree::Save(const std::string &path)
 {
-    const std::string before = m_file.ToBytes(), nameBefore = m_file.FileName();
+    save(path, nullptr);
+}
+
+void ConsistTree::Save(const std::string &path, const host::FileState &before)
+{
+    save(path, &before);
+}
+
+void ConsistTree::save(const std::string &path, const host::FileState *before)
+{
+    const std::string treeBefore = m_file.ToBytes(), nameBefore = m_file.FileName();
     m_file.SetFileName(path);
     try {
         writeName(ConsistName(path));
         const std::string bytes = m_file.ToBytes();
-        m_files.WriteFile(path, bytes);
+        if (before)
+            m_files.WriteFile(path, bytes, *before);
+        else
+            m_files.WriteFile(path, bytes);
         m_onDisk = host::FileState(path, bytes);
     } catch (...) {
         m_file.SetFileName(nameBefore);
-        m_file.LoadBytes(before);
+        m_file.LoadBytes(treeBefore);
         throw;
     }
     m_changed = false;

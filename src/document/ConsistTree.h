@@ -86,6 +86,11 @@ public:
     /// the file's name if there is no TrainCfg to hold the name. After an error the consist keeps
     /// its old name, and Changed stays as it was.
     void Save(const std::string &path);
+    /// Like Save, but throws host::FileChanged instead of overwriting a file whose content is not
+    /// `before`.
+    void Save(const std::string &path, const host::FileState &before);
+    /// Returns the state of the file that was last loaded or saved, as it was then.
+    const host::FileState &OnDisk() const { return m_onDisk; }
 
     /// True if `path` leads to the file that was last loaded or saved, and the file now has other
     /// content: saving would overwrite another program's change.
@@ -111,6 +116,7 @@ private:
     EditResult forwards(int row);
     EditResult backwards(int row);
     EditResult flip(int row);
+    void save(const std::string &path, const host::FileState *before);
     void writeName(const std::string &name);
 
     host::GameFiles &m_files;

@@ -47,6 +47,7 @@ Place placeToSave(const ConsistTree &tree, std::string &fileName, const SaveQues
 {
     for (;;) {
         std::string name = fileName.empty() ? chosenName(questions) : fileName;
+        const bool changed = tree.ChangedOnDisk(name);
         if (name.empty() || !MayOverwrite(tree, name, questions.dialogs))
             return {};
         if (!questions.files.FileExists(name)) {
@@ -55,6 +56,8 @@ Place placeToSave(const ConsistTree &tree, std::string &fileName, const SaveQues
         }
         switch (askToReplace(name, questions.dialogs)) {
         case host::DialogAnswer::Yes:
+            if (!changed && tree.ChangedOnDisk(name))
+                break; // while the question was open: ask about that first
             return {name, true};
         case host::DialogAnswer::No:
             fileName.clear();
@@ -83,7 +86,7 @@ SaveOutcome SaveConsist(ConsistTree &tree, const std::string &fileName,
             questions.files.RemoveFile(place.name);
             deleted = true;
         }
-        tree.Save(place.name);
+        tree.Save(place.name, host::FileState::Absent(place.name));
         return {true, place.name, quiet ? std::string() : "Consist - " + place.name};
     } catch (const std::exception &error) {
         if (deleted)

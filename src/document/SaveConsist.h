@@ -34,6 +34,7 @@ struct SaveOutcome
 /// - Asks before overwriting another program's change; any answer but Yes cancels the save.
 /// - Asks before overwriting any file. Yes deletes the file and writes the consist. No drops the
 ///   file name and asks for another one. Cancel reports that the consist was not saved, and stops.
+/// - Never overwrites a file that another program creates or changes while a question is open.
 ///
 /// A failure is reported with the whole path and the reason, and the consist keeps its file name.
 /// If the old file has already been deleted, the tree counts as changed. A `quiet` save keeps the

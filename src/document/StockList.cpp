@@ -9,6 +9,7 @@
 #include "install/StockFiles.h"
 
 #include <algorithm>
+#include <new>
 #include <numeric>
 
 namespace document {
@@ -58,7 +59,11 @@ StockScan::StockScan(const install::Installation &installation, host::GameFiles 
     m_ahead = std::make_unique<host::Ahead<Found>>(
         count,
         [snapshot, trainset, folders = std::move(folders)](std::size_t i) {
-            return stockOfFolder(*snapshot, trainset, folders[i]);
+            try {
+                return stockOfFolder(*snapshot, trainset, folders[i]);
+            } catch (const std::bad_alloc &) { // must not leave the worker
+                return Found{{}, host::path::Join(trainset, folders[i])};
+            }
         },
         workers);
 }

@@ -74,4 +74,11 @@ bool FileState::holdsSameBytes(GameFiles &files) const
     }
 }
 
+FileChanged::FileChanged(std::string_view path)
+    : RuntimeError(ErrorNumber::PathFileAccess,
+                   std::string(path) + ": it was changed since it was read, and so was not "
+                                       "overwritten. Read it again and repeat the change.")
+{
+}
+
 } // namespace host

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/RuntimeError.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -32,6 +34,13 @@ private:
     std::string m_path;
     bool m_existed = false;
     std::size_t m_size = 0, m_hash = 0;
+};
+
+/// A file was not overwritten, because its content is no longer what was read. Error 75.
+class FileChanged : public RuntimeError
+{
+public:
+    explicit FileChanged(std::string_view path);
 };
 
 } // namespace host

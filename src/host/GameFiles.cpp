@@ -2,7 +2,9 @@
 #include "host/GameFiles.h"
 
 #include "host/Disk.h"
+#include "host/FileState.h"
 #include "host/Listings.h"
+#include "host/OutOfMemory.h"
 #include "host/Path.h"
 #include "host/Replace.h"
 #include "host/RuntimeError.h"
@@ -179,18 +181,41 @@ bool GameFiles::IsClosed(std::string_view folder)
 std::string GameFiles::ReadFile(std::string_view path, std::uint64_t limit)
 {
     const std::string file = existing(path);
-    std::string bytes;
-    if (const auto failure = disk::Read(file, limit, bytes))
-        fail(*failure, path);
-    return bytes;
+    return NamingIfOutOfMemory(path, [&] {
+        std::string bytes;
+        if (const auto failure = disk::Read(file, limit, bytes))
+            fail(*failure, path);
+        return bytes;
+    });
 }
 
 void GameFiles::WriteFile(std::string_view path, std::string_view bytes)
 {
+    write(path, bytes, {});
+}
+
+void GameFiles::WriteFile(std::string_view path, std::string_view bytes, const FileState &before)
+{
+    bool changed = false;
+    try {
+        write(path, bytes, [&] {
+            changed = before.HasChanged(*this, std::string(path));
+            return !changed;
+        });
+    } catch (const RuntimeError &) {
+        if (changed)
+            throw FileChanged(path);
+        throw;
+    }
+}
+
+void GameFiles::write(std::string_view path, std::string_view bytes,
+                      const std::function<bool()> &mayReplace)
+{
     const std::optional<std::filesystem::path> target = TargetOf(path);
     if (!target)
         failWithoutFolder(path);
-    const auto failure = disk::Replace(path::FromDisk(*target), bytes);
+    const auto failure = disk::Replace(path::FromDisk(*target), bytes, mayReplace);
     m_listings->Forget(path::FromDisk(target->parent_path()));
     if (failure)
         fail(*failure, path);

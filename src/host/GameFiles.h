@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,6 +12,7 @@
 
 namespace host {
 
+class FileState;
 struct GamePath;
 
 /// The only class that converts a game path to a path on disk.
@@ -75,6 +77,10 @@ public:
     /// only letter case differs; a read-only one is refused. Throws RuntimeError 70, 75 or 76 with
     /// the whole path and the reason; the old file is then unchanged and no temporary file is left.
     void WriteFile(std::string_view path, std::string_view bytes);
+    /// Like WriteFile, but throws FileChanged instead of overwriting the file if its content is no
+    /// longer `before`. Compares at the last moment: disk::Replace describes what can still happen
+    /// after that.
+    void WriteFile(std::string_view path, std::string_view bytes, const FileState &before);
 
     /// Deletes a file. Throws RuntimeError 53 if there is none, 70 or 75 if it cannot be deleted.
     void RemoveFile(std::string_view path);
@@ -88,6 +94,8 @@ private:
     class Listings;
     friend class Snapshot;
 
+    void write(std::string_view path, std::string_view bytes,
+               const std::function<bool()> &mayReplace);
     /// Returns the files that a path leads to; sets `folders` to those that were searched.
     std::vector<std::string> filesAt(const GamePath &path, std::vector<std::string> &folders);
     /// Returns the disk path of a file that must exist; throws the errors of ReadFile.

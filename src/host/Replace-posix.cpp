@@ -3,13 +3,17 @@
 
 #include "host/Disk-posix.h"
 #include "host/Disk.h"
+#include "host/Leftovers.h"
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <system_error>
+#include <thread>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -83,9 +87,9 @@ public:
     MaybeFailure Create(const std::string &folder, mode_t mode)
     {
         static std::atomic<unsigned> counter = 0;
-        const std::string start = folder + ".zelk-" + std::to_string(getpid()) + '-';
-        do { // an existing name was left by an earlier process with the same number
-            m_path = start + std::to_string(counter++) + ".tmp";
+        const Writer writer = ThisProcess();
+        do { // an existing name was left before the machine was restarted
+            m_path = folder + TemporaryName(writer, counter++) + ".tmp";
             m_file.emplace(open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
         } while (!*m_file && errno == EEXIST);
         if (*m_file)
@@ -109,12 +113,14 @@ public:
 
     /// Sets owner and permissions after writing, owner first: both writing and a new owner may
     /// clear permissions. An owner or group that cannot be set must not keep a user from saving.
+    /// Nor must permissions that the file system does not store: the file then keeps those with
+    /// which it was created.
     MaybeFailure TakeOwnerAndMode(const struct stat &status)
     {
         if (fchown(m_file->Number(), status.st_uid, status.st_gid) != 0 &&
             fchown(m_file->Number(), static_cast<uid_t>(-1), status.st_gid) != 0)
             errno = 0;
-        if (fchmod(m_file->Number(), status.st_mode & 07777) != 0)
+        if (fchmod(m_file->Number(), status.st_mode & 07777) != 0 && !isRefusal(errno))
             return failed(errno);
         return std::nullopt;
     }
@@ -136,22 +142,50 @@ public:
     }
 
 private:
+    /// True for the errors of file systems that do not store permissions.
+    static bool isRefusal(int error)
+    {
+        return error == EPERM || error == EACCES || error == ENOSYS || error == EOPNOTSUPP ||
+               error == EINVAL;
+    }
+
     std::string m_path;
     std::optional<Handle> m_file;
 };
 
-/// Makes the new name survive a power cut. The file is already replaced, so a failure leaves
-/// nothing to undo or report.
-void flushFolder(const std::string &folder)
+/// The folder of the target, locked: one writer after the other decides and renames. A folder that
+/// cannot be opened or locked must not keep a user from saving.
+class LockedFolder
 {
-    const Handle handle(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (handle)
-        fsync(handle.Number());
-}
+public:
+    explicit LockedFolder(const std::string &folder)
+        : m_folder(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {
+        using namespace std::chrono_literals;
+        const auto patience = std::chrono::steady_clock::now() + 3s;
+        while (m_folder && flock(m_folder.Number(), LOCK_EX | LOCK_NB) != 0 &&
+               errno == EWOULDBLOCK && std::chrono::steady_clock::now() < patience)
+            std::this_thread::sleep_for(1ms);
+    }
+
+    /// Ends the lock and makes the new name survive a power cut. The file is already replaced, so a
+    /// failure leaves nothing to undo or report.
+    void Flush()
+    {
+        if (!m_folder)
+            return;
+        flock(m_folder.Number(), LOCK_UN);
+        fsync(m_folder.Number());
+    }
+
+private:
+    const Handle m_folder;
+};
 
 } // namespace
 
-std::optional<Failure> Replace(const std::string &path, std::string_view bytes)
+std::optional<Failure> Replace(const std::string &path, std::string_view bytes,
+                               const std::function<bool()> &mayReplace)
 {
     const std::string target = endOfLinks(path);
     const std::string folder = folderOf(target);
@@ -159,6 +193,7 @@ std::optional<Failure> Replace(const std::string &path, std::string_view bytes)
     if (auto failure = inspect(target, before))
         return failure;
 
+    RemoveLeftovers(folder);
     TemporaryFile file;
     const mode_t mode = before.exists ? before.status.st_mode & 0777 : 0666;
     if (auto failure = file.Create(folder, mode))
@@ -170,9 +205,12 @@ std::optional<Failure> Replace(const std::string &path, std::string_view bytes)
             return failure;
     if (auto failure = file.Finish())
         return failure;
+    LockedFolder locked(folder);
+    if (mayReplace && !mayReplace())
+        return Failure{ErrorNumber::PathFileAccess, kNotReplaced};
     if (auto failure = file.Become(target))
         return failure;
-    flushFolder(folder);
+    locked.Flush();
     return std::nullopt;
 }
 

@@ -2,7 +2,8 @@
 #include "host/Replace.h"
 
 #include "host/Disk-win32.h"
-#include "host/GameFiles.h"
+#include "host/Leftovers.h"
+#include "host/Text.h"
 #include "host/Windows-win32.h"
 
 #include <algorithm>
@@ -75,10 +76,9 @@ public:
     MaybeFailure Create(const std::wstring &folder, DWORD attributes)
     {
         static std::atomic<unsigned> counter = 0;
-        const std::wstring start =
-            folder + L".zelk-" + std::to_wstring(GetCurrentProcessId()) + L'-';
-        do { // an existing name was left by an earlier process with the same number
-            m_start = start + std::to_wstring(counter++);
+        const Writer writer = ThisProcess();
+        do { // an existing name was left before the machine was restarted
+            m_start = folder + Wide(TemporaryName(writer, counter++));
             m_path = m_start + L".tmp";
             m_file.emplace(CreateFileW(m_path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                        attributes, nullptr));
@@ -152,9 +152,38 @@ private:
     std::optional<Handle> m_file;
 };
 
+/// The target's name, locked: one writer after the other decides and renames. A lock that cannot be
+/// created must not keep a user from saving.
+class LockedName
+{
+public:
+    explicit LockedName(const std::wstring &target)
+        : m_mutex(
+              CreateMutexW(nullptr, FALSE,
+                           (L"Local\\zelk-save-" + Wide(MarkOf(ToUpper(Narrow(target))))).c_str()))
+    {
+        constexpr DWORD kPatience = 3000; // milliseconds
+        const DWORD result =
+            m_mutex ? WaitForSingleObject(m_mutex.Get(), kPatience) : DWORD{WAIT_FAILED};
+        m_owned = result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
+    }
+    ~LockedName()
+    {
+        if (m_owned)
+            ReleaseMutex(m_mutex.Get());
+    }
+    LockedName(const LockedName &) = delete;
+    LockedName &operator=(const LockedName &) = delete;
+
+private:
+    const Handle m_mutex;
+    bool m_owned = false;
+};
+
 } // namespace
 
-std::optional<Failure> Replace(const std::string &path, std::string_view bytes)
+std::optional<Failure> Replace(const std::string &path, std::string_view bytes,
+                               const std::function<bool()> &mayReplace)
 {
     if (auto failure = WhyNoName(path))
         return failure;
@@ -167,11 +196,16 @@ std::optional<Failure> Replace(const std::string &path, std::string_view bytes)
     const bool exists = before != INVALID_FILE_ATTRIBUTES;
     const DWORD kept = exists ? before & kKeptAttributes : FILE_ATTRIBUTE_NORMAL;
 
+    const std::wstring folder = target.substr(0, target.rfind(L'\\') + 1);
+    RemoveLeftovers(Narrow(folder));
     TemporaryFile file;
-    if (auto failure = file.Create(target.substr(0, target.rfind(L'\\') + 1), kept))
+    if (auto failure = file.Create(folder, kept))
         return failure;
     if (auto failure = file.Write(bytes))
         return failure;
+    const LockedName locked(target);
+    if (mayReplace && !mayReplace())
+        return Failure{ErrorNumber::PathFileAccess, kNotReplaced};
     return exists ? file.BecomeExisting(target) : file.BecomeNew(target);
 }
 

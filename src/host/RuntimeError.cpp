@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/RuntimeError.h"
 
+#include "host/OutOfMemory.h"
+
+#include <new>
 #include <utility>
 
 namespace host {
@@ -85,7 +88,9 @@ RuntimeError::RuntimeError(ErrorNumber number, std::string detail)
 
 std::string Explained(const std::exception &error)
 {
-    std::string text = error.what();
+    const bool names =
+        !dynamic_cast<const std::bad_alloc *>(&error) || dynamic_cast<const OutOfMemory *>(&error);
+    std::string text = names ? error.what() : "There is not enough memory.";
     const auto *const known = dynamic_cast<const RuntimeError *>(&error);
     const std::string advice = known ? adviceFor(known->Code()) : "";
     return advice.empty() ? text : text + "\n\n" + advice;

@@ -23,6 +23,17 @@ constexpr std::uint64_t kSettingsLimit = 16u << 20; ///< far larger than any rea
     throw RuntimeError(failure.number, file + ": " + failure.reason);
 }
 
+/// Returns the text of a store; "" if there is none. An existing store that cannot be read must not
+/// be overwritten with a single value, so that is an error.
+std::string textOf(const std::string &file)
+{
+    std::string text;
+    const std::optional<disk::Failure> unread = disk::Read(file, kSettingsLimit, text);
+    if (unread && disk::KindOf(file) != disk::Kind::Absent)
+        fail(*unread, file);
+    return text;
+}
+
 } // namespace
 
 IniSettings::IniSettings()
@@ -40,17 +51,23 @@ std::optional<std::string> IniSettings::ReadFrom(std::string_view section, std::
 
 void IniSettings::WriteTo(std::string_view section, std::string_view key, std::string_view value)
 {
-    std::string text;
-    const std::optional<disk::Failure> unread = disk::Read(m_file, kSettingsLimit, text);
-    // An existing store that cannot be read must not be overwritten with a single value.
-    if (unread && disk::KindOf(m_file) != disk::Kind::Absent)
-        fail(*unread, m_file);
-    if (const auto failure = disk::MakeFolders(std::string(path::FolderWithSeparator(m_file))))
-        fail(*failure, m_file);
-    IniFile ini = IniFile::FromText(text);
-    ini.SetValue(section, key, value);
-    if (const auto failure = disk::Replace(m_file, ini.ToText()))
-        fail(*failure, m_file);
+    constexpr int kTimes = 100; // each failure is a value that another program has stored
+    for (int time = 1;; ++time) {
+        const std::string before = textOf(m_file);
+        if (const auto failure = disk::MakeFolders(std::string(path::FolderWithSeparator(m_file))))
+            fail(*failure, m_file);
+        IniFile ini = IniFile::FromText(before);
+        ini.SetValue(section, key, value);
+        bool changed = false;
+        const auto failure = disk::Replace(m_file, ini.ToText(), [&] {
+            changed = textOf(m_file) != before;
+            return !changed;
+        });
+        if (!failure)
+            return;
+        if (!changed || time == kTimes)
+            fail(*failure, m_file);
+    }
 }
 
 std::optional<float> ParseSingle(std::string_view text)

@@ -2,6 +2,7 @@
 #include "stavfile/StfFile.h"
 
 #include "host/GameFiles.h"
+#include "host/OutOfMemory.h"
 #include "host/Text.h"
 #include "stavfile/Node.h"
 #include "stavfile/Writer.h"
@@ -38,7 +39,9 @@ void StfFile::Load()
 
 void StfFile::LoadBytes(std::string bytes)
 {
-    m_root = Node::RootOf(stavfile::ReadSource(std::move(bytes), m_fileName));
+    m_root = host::NamingIfOutOfMemory(m_fileName, [&] {
+        return Node::RootOf(stavfile::ReadSource(std::move(bytes), m_fileName));
+    });
 }
 
 void StfFile::Save()

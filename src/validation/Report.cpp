@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "validation/Report.h"
 
+#include "host/FileState.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 
@@ -42,16 +43,35 @@ std::string FramedReport(std::string_view text)
     return frame + body + frame;
 }
 
-void AppendReport(host::GameFiles &files, std::string_view path, std::string_view text)
+namespace {
+
+void tryToAppend(host::GameFiles &files, std::string_view path, std::string_view text)
 {
     std::string log;
-    if (files.FileExists(path))
+    host::FileState before = host::FileState::Absent(std::string(path));
+    if (files.FileExists(path)) {
         log = files.ReadFile(path);
+        before = host::FileState(std::string(path), log);
+    }
     if (isUtf16(log))
         throw host::RuntimeError(host::ErrorNumber::InvalidCall,
                                  std::string(path) + ": it is UTF-16 text, not a log of reports");
     endLine(log);
-    files.WriteFile(path, log + FramedReport(text));
+    files.WriteFile(path, log + FramedReport(text), before);
+}
+
+} // namespace
+
+void AppendReport(host::GameFiles &files, std::string_view path, std::string_view text)
+{
+    constexpr int kTimes = 100; // each failure is a report of another program
+    for (int time = 1;; ++time)
+        try {
+            return tryToAppend(files, path, text);
+        } catch (const host::FileChanged &) {
+            if (time == kTimes)
+                throw;
+        }
 }
 
 } // namespace validation

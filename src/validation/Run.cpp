@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "validation/Run.h"
 
+#include "host/OutOfMemory.h"
 #include "host/Path.h"
 #include "install/Installation.h"
 #include "validation/Finding.h"
@@ -62,7 +63,8 @@ Outcome TSValidation::Run::OutcomeOf(validation::FileCheck check, const std::str
 {
     Outcome outcome{validation::Findings(m_verbose, m_wantsMessages && messages)};
     try {
-        outcome.verdict = check(m_content, fileName, outcome.findings);
+        outcome.verdict = host::NamingIfOutOfMemory(
+            fileName, [&] { return check(m_content, fileName, outcome.findings); });
     } catch (...) {
         outcome.error = std::current_exception();
     }

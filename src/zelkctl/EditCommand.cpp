@@ -52,7 +52,7 @@ void edit(Session &session, const EditOptions &options)
     for (const EditOperation &operation : operations)
         apply(operation, consist, options.file);
     const std::string &out = options.out.empty() ? options.file : options.out;
-    NamingFile(out, [&] { consist.Save(out); });
+    NamingFile(out, [&] { consist.Save(out, consist.OnDisk()); });
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "zelkctl/Program.h"
 
 #include "host/Console.h"
+#include "host/OutOfMemory.h"
 #include "host/Path.h"
 #include "host/Product.h"
 #include "host/RuntimeError.h"
@@ -162,8 +163,10 @@ int Run(std::vector<std::string> arguments)
         return session.exitCode;
     } catch (const ReaderGone &) {
         return kReaderGone;
+    } catch (const host::OutOfMemory &error) {
+        return fail(error.what());
     } catch (const std::bad_alloc &) {
-        return fail("out of memory");
+        return fail("there is not enough memory");
     } catch (const std::exception &error) {
         return fail(error.what());
     }

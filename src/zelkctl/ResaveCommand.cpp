@@ -2,6 +2,7 @@
 #include "zelkctl/ResaveCommand.h"
 
 #include "document/ConsistTree.h"
+#include "host/FileState.h"
 #include "host/Path.h"
 #include "zelkctl/Session.h"
 
@@ -23,15 +24,21 @@ bool isConsist(const StfFile &file)
 void resave(Session &session, const ResaveOptions &options)
 {
     StfFile file(session.files);
+    host::FileState before;
     file.SetFileName(options.file);
-    NamingFile(options.file, [&file] { file.Load(); });
+    NamingFile(options.file, [&] {
+        std::string bytes = session.files.ReadFile(options.file);
+        before = host::FileState(options.file, bytes);
+        file.LoadBytes(std::move(bytes));
+    });
     if (!isConsist(file)) {
         file.SetFileName(options.out);
-        return NamingFile(options.out, [&file] { file.Save(); });
+        return NamingFile(options.out,
+                          [&] { session.files.WriteFile(options.out, file.ToBytes(), before); });
     }
     document::ConsistTree consist(session.files);
     NamingFile(options.file, [&] { consist.Load(options.file); });
-    NamingFile(options.out, [&] { consist.Save(options.out); });
+    NamingFile(options.out, [&] { consist.Save(options.out, consist.OnDisk()); });
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "zelkctl/Session.h"
 
 #include "host/Console.h"
+#include "host/OutOfMemory.h"
 #include "host/Path.h"
 #include "host/Product.h"
 #include "host/Settings.h"
@@ -64,7 +65,7 @@ std::string NumberedReason(const std::string &file, const host::RuntimeError &er
 void NamingFile(const std::string &file, const std::function<void()> &work)
 {
     try {
-        work();
+        host::NamingIfOutOfMemory(file, work);
     } catch (const host::RuntimeError &error) {
         throw Failure((file.empty() ? "\"\"" : file) + ": " + NumberedReason(file, error));
     }

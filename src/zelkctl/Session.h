@@ -43,7 +43,8 @@ void TellClosed(Session &session, const std::string &folder);
 std::string NumberedReason(const std::string &file, const host::RuntimeError &error);
 
 /// Runs `work` and turns a run-time error in it into a Failure that names `file` and the reason:
-/// "x.con: error 91: there is no Train block".
+/// "x.con: error 91: there is no Train block". Throws host::OutOfMemory for `file` if the memory
+/// does not suffice.
 void NamingFile(const std::string &file, const std::function<void()> &work);
 
 } // namespace zelkctl

@@ -86,12 +86,12 @@ void writeShape(Output &out, const korvat::ShapeFile &file)
 
 void shape(Session &session, const std::string &path)
 {
-    std::string bytes;
-    NamingFile(path, [&] { bytes = session.files.ReadFile(path); });
-    const korvat::ShapeFile file = korvat::ReadShape(bytes);
-    if (file.error)
-        throw Failure(path + ": " + file.error.text);
-    writeShape(session.out, file);
+    NamingFile(path, [&] {
+        const korvat::ShapeFile file = korvat::ReadShape(session.files.ReadFile(path));
+        if (file.error)
+            throw Failure(path + ": " + file.error.text);
+        writeShape(session.out, file);
+    });
 }
 
 } // namespace

@@ -90,8 +90,10 @@ void tree(Session &session, const std::string &path)
 {
     StfFile file(session.files);
     file.SetFileName(path);
-    NamingFile(path, [&file] { file.Load(); });
-    TreeWriter(session.out).Write(file);
+    NamingFile(path, [&] {
+        file.Load();
+        TreeWriter(session.out).Write(file);
+    });
 }
 
 } // namespace

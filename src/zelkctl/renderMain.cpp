@@ -2,6 +2,7 @@
 // The program that draws for `zelkctl render`.
 #include "gl/Toolkit.h"
 #include "host/Console.h"
+#include "host/OutOfMemory.h"
 #include "zelkctl/RenderArguments.h"
 
 #include <exception>
@@ -17,7 +18,8 @@ void draw(int argc, char **argv)
     zelkctl::Session session;
     if (!arguments.msts.empty())
         session.msts = arguments.msts;
-    zelkctl::Render(session, zelkctl::RequestOf(arguments));
+    host::NamingIfOutOfMemory(arguments.file,
+                              [&] { zelkctl::Render(session, zelkctl::RequestOf(arguments)); });
 }
 
 } // namespace

@@ -217,11 +217,13 @@ protected:
         const FailingStep counted(FailingStep::kNone, 0);
         messageOf(GetParam(), world);
         steps = counted.Count();
+        calls = counted.Calls();
         after = withoutTimes(world.Files());
     }
 
     Content before, after;
     int steps = 0;
+    std::vector<std::string> calls; ///< of all steps
 };
 
 TEST_P(FailingWritesTest, FailedStepLeavesWholeFilesAndIsReported)
@@ -266,6 +268,25 @@ TEST_P(FailingWritesTest, ProcessExitAtAStepLeavesWholeFiles)
         ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == FailingStep::kExitCode) << step;
         expectWhole(GetParam(), before, after, withoutTimes(world.Files()),
                     "ended at step " + std::to_string(step));
+
+        messageOf(GetParam(), world);
+        for (const auto &[name, unused] : world.Files())
+            EXPECT_EQ(name.find(".zelk-"), name.npos)
+                << name << " is left after the next write; the first one ended at step " << step;
+    }
+}
+
+TEST_P(FailingWritesTest, FileSystemThatRefusesPermissionsCanBeWrittenTo)
+{
+    for (int step = 0; step < steps; ++step) {
+        if (calls[static_cast<std::size_t>(step)] != "fchmod")
+            continue;
+        for (const int error : {EPERM, ENOSYS, EOPNOTSUPP, EACCES, EINVAL}) {
+            World world;
+            const FailingStep failing(step, error);
+            const std::string message = messageOf(GetParam(), world);
+            EXPECT_EQ(withoutTimes(world.Files()), after) << message;
+        }
     }
 }
 

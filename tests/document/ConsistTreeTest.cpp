@@ -142,6 +142,7 @@ TEST_F(ConsistTreeTest, PerformsEveryOperationOnFourUnits)
 {
     const EditRow rows[] = {
         {"remove the first", Move::Remove, 1, "w1 w2 w3 3", 1},
+        {"remove the second", Move::Remove, 2, "e w2 w3 3", 1},
         {"remove in the middle", Move::Remove, 3, "e w1 w3 3", 2},
         {"remove the last", Move::Remove, 4, "e w1 w2 3", 3},
         {"remove nothing", Move::Remove, 0, "e w1 w2 w3 4", 0},
@@ -212,6 +213,8 @@ TEST_F(ConsistTreeTest, AddNeedsA16BitCounter)
         {"32766", "32767", ""},
         {"-32768", "-32767", ""},
         {"7.9", "8", ""},
+        {"32766.9", "32767", ""}, // only the whole part counts
+        {"-32768.9", "-32767", ""},
         {"1e3", "1001", ""},
         {"32767", "32767", "32767, and the new value would not fit into 16 bits."},
         {"380102", "380102", "380102, and the new value would not fit into 16 bits."},
@@ -228,6 +231,9 @@ TEST_F(ConsistTreeTest, AddNeedsA16BitCounter)
                   *row.message ? std::string("Nothing was changed: NextWagonUID is ") + row.message
                                : "");
         EXPECT_EQ(result.refused, before == tree.Document().ToBytes());
+        if (result.refused)
+            continue;
+        EXPECT_TRUE(uids().ends_with(' ' + std::to_string(std::stoi(row.after) - 1) + ' '));
     }
 }
 
@@ -412,6 +418,21 @@ TEST_F(ConsistTreeTest, ReportsAChangeOnDiskUntilTheNextLoadOrSave)
     EXPECT_FALSE(tree.ChangedOnDisk(folder.At("new.con")));
     folder.Write("new.con", "by others");
     EXPECT_TRUE(tree.ChangedOnDisk(folder.At("new.con")));
+}
+
+TEST_F(ConsistTreeTest, SavesOnlyOverTheContentThatItIsGiven)
+{
+    loadFour();
+    tree.Edit(Move::Flip, 1);
+    folder.Write("a.con", "by others");
+    EXPECT_THROW(tree.Save(path(), tree.OnDisk()), host::FileChanged);
+    EXPECT_EQ(folder.Read("a.con"), "by others");
+    EXPECT_TRUE(tree.Changed());
+    tree.Save(path(), host::FileState(path(), "by others"));
+    EXPECT_FALSE(tree.Changed());
+    tree.Edit(Move::Flip, 2);
+    tree.Save(path(), tree.OnDisk());
+    EXPECT_FALSE(tree.Changed());
 }
 
 TEST(StockPathTest, TypeDecidesTheExtension)

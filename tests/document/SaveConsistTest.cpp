@@ -241,6 +241,24 @@ TEST_F(SaveConsistTest, AsksFirstAboutAFileChangedByAnotherProgram)
     EXPECT_EQ(content("a.con"), "new");
 }
 
+TEST_F(SaveConsistTest, FileChangedWhileAQuestionIsOpenIsNotOverwritten)
+{
+    const auto changeAt = [this](const std::string &shown) {
+        dialogs.onShown = [this, shown] {
+            if (dialogs.Log().ends_with(shown + '\n'))
+                folder.Write("a.con", "by others");
+        };
+    };
+    read("a.con");
+    fileName = at("a.con");
+    changeAt(question("a.con"));
+    dialogs.Answer(DialogAnswer::Yes); // overwrite what was read
+    dialogs.Answer(DialogAnswer::No);  // but not the change
+    EXPECT_FALSE(save());
+    EXPECT_EQ(dialogs.TakeLog(), question("a.con") + '\n' + changedQuestion("a.con"));
+    EXPECT_EQ(folder.Read("a.con"), "by others");
+}
+
 TEST_F(SaveConsistTest, FailedWriteLeavesTheWindowUnchanged)
 {
     folder.Write("b.con", "old");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/Disk.h"
 
+#include "host/FileState.h"
 #include "host/GameFiles.h"
 #include "host/Path.h"
 #include "host/RuntimeError.h"
@@ -11,10 +12,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
+#include <thread>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -182,6 +188,56 @@ TEST_F(DiskTest, WritingKeepsOwnerAndPermissions)
     files.WriteFile(folder.At("new.con"), "x");
     umask(mask);
     EXPECT_EQ(modeOf(folder.At("new.con")), 0640u);
+}
+
+TEST_F(DiskTest, FlushesANewFileBeforeAndAfterItGetsItsName)
+{
+    folder.Write("old.con", "old");
+    for (const char *name : {"old.con", "new.con"}) {
+        const support::FailingStep watched(support::FailingStep::kNone, 0);
+        files.WriteFile(folder.At(name), "content");
+        const Names &calls = watched.Calls();
+        const auto renamed = std::find(calls.begin(), calls.end(), "rename");
+        const auto written = std::find(calls.begin(), renamed, "write");
+        ASSERT_NE(written, renamed);
+        EXPECT_NE(std::find(written, renamed, "fsync"), renamed) << "its content may get lost";
+        EXPECT_NE(std::find(renamed, calls.end(), "fsync"), calls.end()) << "its name may get lost";
+    }
+}
+
+TEST_F(DiskTest, WritersInOneFolderWaitForEachOther)
+{
+    const std::string path = folder.Write("count", "0");
+    constexpr int kThreads = 8, kTimes = 25;
+    std::atomic<int> saved = 0;
+    {
+        std::vector<std::jthread> threads;
+        for (int i = 0; i < kThreads; ++i)
+            threads.emplace_back([&] {
+                for (int time = 0; time < kTimes; ++time) {
+                    const std::string before = files.ReadFile(path);
+                    try {
+                        files.WriteFile(path, std::to_string(std::stoi(before) + 1),
+                                        host::FileState(path, before));
+                        ++saved;
+                    } catch (const host::FileChanged &) {
+                        --time;
+                    }
+                }
+            });
+    }
+    EXPECT_EQ(saved, kThreads * kTimes);
+    EXPECT_EQ(folder.Read("count"), std::to_string(kThreads * kTimes)) << "a change was lost";
+    EXPECT_EQ(folder.Names(), Names{"count"});
+}
+
+TEST_F(DiskTest, FolderLockedByAnotherProgramCanBeWrittenTo)
+{
+    const int locked = open(folder.Path().c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(flock(locked, LOCK_EX), 0);
+    files.WriteFile(folder.At("a.con"), "x");
+    close(locked);
+    EXPECT_EQ(folder.Read("a.con"), "x");
 }
 
 TEST_F(DiskTest, RefusesReadOnlyFilesAlsoForRoot)

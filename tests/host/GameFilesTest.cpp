@@ -3,6 +3,7 @@
 #include "host/Path.h"
 
 #include "host/Disk.h"
+#include "host/FileState.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 #include "support/TempFolder.h"
@@ -208,6 +209,28 @@ TEST_F(GameFilesTest, WritesWholeFilesAndKeepsTheirSpelling)
     EXPECT_EQ(files.ReadFile(folder.At("consists/empty.con")), "");
 }
 
+TEST_F(GameFilesTest, FileThatWasChangedSinceItWasReadIsNotOverwritten)
+{
+    const std::string path = folder.Write("c/a.con", "old");
+    const host::FileState before(path, "old");
+    folder.Write("c/a.con", "by others");
+    EXPECT_EQ(
+        errorOf([&] { files.WriteFile(folder.At("C\\A.CON"), "new", before); }),
+        "75 ~/C\\A.CON: it was changed since it was read, and so was not overwritten. Read it "
+        "again and repeat the change.");
+    EXPECT_EQ(folder.Read("c/a.con"), "by others");
+    EXPECT_EQ(folder.Names("c"), Names{"a.con"});
+
+    files.WriteFile(folder.At("c/b.con"), "another file", before);
+    files.WriteFile(path, "new", host::FileState(path, "by others"));
+    EXPECT_EQ(folder.Read("c/a.con"), "new");
+    files.RemoveFile(path);
+    files.WriteFile(path, "again", before); // nothing is lost
+    EXPECT_THROW(files.WriteFile(path, "x", host::FileState::Absent(path)), host::FileChanged);
+    EXPECT_EQ(folder.Read("c/a.con"), "again");
+    EXPECT_THROW(files.WriteFile(folder.At("missing/a.con"), "x", before), host::RuntimeError);
+}
+
 TEST_F(GameFilesTest, ErrorsNameTheFileAndTheReason)
 {
     folder.Write("c/a.con", "12345");
@@ -262,6 +285,7 @@ TEST_F(GameFilesTest, ThreadsMayLookUpWhileFilesChange)
     std::atomic<bool> done = false;
     std::atomic<int> wrong = 0;
     {
+        std::string failure;
         std::array<std::jthread, 4> threads;
         for (std::jthread &thread : threads)
             thread = std::jthread([&] {
@@ -272,13 +296,18 @@ TEST_F(GameFilesTest, ThreadsMayLookUpWhileFilesChange)
                         wrong += files.ListFiles(at, "stay.*").size() == 1 ? 0 : 1;
                     }
             });
-        for (int i = 0; i < 100; ++i) {
-            const std::string at = folder.At("set/f" + std::to_string(i % 20) + "/come.wag");
-            files.WriteFile(at, "x");
-            files.Refresh();
-            files.RemoveFile(at);
+        try {
+            for (int i = 0; i < 100; ++i) {
+                const std::string at = folder.At("set/f" + std::to_string(i % 20) + "/come.wag");
+                files.WriteFile(at, "x");
+                files.Refresh();
+                files.RemoveFile(at);
+            }
+        } catch (const std::exception &error) { // the threads must end before it is passed on
+            failure = error.what();
         }
         done = true;
+        EXPECT_EQ(failure, "");
     }
     EXPECT_EQ(wrong, 0);
 }

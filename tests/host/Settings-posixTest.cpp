@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <thread>
+#include <vector>
+
 namespace {
 
 TEST(UserSettingsTest, StoresInTheUsersConfigurationFolder)
@@ -27,6 +31,22 @@ TEST(UserSettingsTest, FollowsTheConfigurationVariable)
     const support::ScopedVariable config("XDG_CONFIG_HOME", home.Folder().At("elsewhere/"));
     host::IniSettings().Write("MainTop", "5");
     EXPECT_TRUE(home.Folder().Exists("elsewhere/ZELK/ZELK.ini"));
+}
+
+TEST(UserSettingsTest, ValuesThatSeveralProgramsStoreAreAllKept)
+{
+    const support::ScopedHome home;
+    constexpr int kThreads = 4, kTimes = 20;
+    {
+        std::vector<std::jthread> threads;
+        for (int i = 0; i < kThreads; ++i)
+            threads.emplace_back([i] {
+                for (int time = 1; time <= kTimes; ++time)
+                    host::IniSettings().Write("Key" + std::to_string(i), std::to_string(time));
+            });
+    }
+    for (int i = 0; i < kThreads; ++i)
+        EXPECT_EQ(host::IniSettings().Read("Key" + std::to_string(i)), std::to_string(kTimes));
 }
 
 } // namespace

@@ -18,12 +18,16 @@ struct State
     bool counting = false, ends = false;
     int step = 0, error = 0, count = 0, namesRead = 0;
     const char *refused = "";
+    std::vector<std::string> calls;
 };
 State state;
 
 bool isRefused(const char *call)
 {
-    if (!state.counting || state.count++ != state.step)
+    if (!state.counting)
+        return false;
+    state.calls.emplace_back(call);
+    if (state.count++ != state.step)
         return false;
     if (state.ends)
         _exit(support::FailingStep::kExitCode);
@@ -38,12 +42,12 @@ namespace support {
 
 FailingStep::FailingStep(int step, int error)
 {
-    state = {true, false, step, error};
+    state = {true, false, step, error, 0, 0, "", {}};
 }
 
 FailingStep::FailingStep(int step, EndsProcess)
 {
-    state = {true, true, step};
+    state = {true, true, step, 0, 0, 0, "", {}};
 }
 
 FailingStep::~FailingStep()
@@ -54,6 +58,11 @@ FailingStep::~FailingStep()
 int FailingStep::Count() const
 {
     return state.count;
+}
+
+const std::vector<std::string> &FailingStep::Calls() const
+{
+    return state.calls;
 }
 
 const char *FailingStep::Refused() const

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace support {
 
 /// Makes one system call of the program fail: opening, reading, writing, renaming, deleting,
@@ -29,6 +32,8 @@ public:
 
     /// Returns the number of steps so far.
     int Count() const;
+    /// Returns the names of the calls so far, in order.
+    const std::vector<std::string> &Calls() const;
     /// Returns the name of the call that failed, or "" if none did yet.
     const char *Refused() const;
 };

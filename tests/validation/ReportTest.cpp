@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+#include <vector>
+
 namespace {
 
 const std::string kFrame = std::string(80, '=') + '\n';
@@ -49,6 +52,23 @@ TEST_F(ReportTest, KeepsTheContentOfTheLog)
     m_folder.Write("a.log", "mine\n\n\xff my last line");
     append("a.log", "x");
     EXPECT_EQ(read("a.log"), "mine\n\n\xff my last line\n" + kFrame + "x\n" + kFrame);
+}
+
+TEST_F(ReportTest, ReportsOfSeveralProgramsAreAllKept)
+{
+    constexpr int kThreads = 4, kTimes = 10;
+    {
+        std::vector<std::jthread> threads;
+        for (int i = 0; i < kThreads; ++i)
+            threads.emplace_back([this] {
+                for (int time = 0; time < kTimes; ++time)
+                    append("a.log", "x");
+            });
+    }
+    std::string expected;
+    for (int i = 0; i < kThreads * kTimes; ++i)
+        expected += kFrame + "x\n" + kFrame;
+    EXPECT_EQ(read("a.log"), expected);
 }
 
 TEST_F(ReportTest, RefusesFilesThatAreNotLogs)

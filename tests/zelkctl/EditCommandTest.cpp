@@ -3,6 +3,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <thread>
+
 namespace {
 
 const std::string kHead = "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\n";
@@ -171,6 +173,38 @@ TEST_F(EditCommandTest, WarningsGoToStderrAndTheCommandContinues)
         EXPECT_EQ(edit({row.operation}), (Outcome{0, "", row.err}));
         EXPECT_EQ(read("local.con"), consist("local", "", row.after));
     }
+}
+
+TEST_F(EditCommandTest, EditsAtTheSameTimeLoseNothing)
+{
+    constexpr int kAtOnce = 8, kTimes = 5;
+    const std::string file = m_folder.At("local.con");
+    std::vector<Outcome> outcomes(kAtOnce);
+    std::size_t expected = 4; // the counter and three units
+    for (int i = 0; i < kTimes; ++i) {
+        {
+            std::vector<std::jthread> threads;
+            for (int j = 0; j < kAtOnce; ++j)
+                threads.emplace_back([&, j] {
+                    const support::Machine machine{m_folder.MakeFolder("home" + std::to_string(j))};
+                    outcomes[static_cast<std::size_t>(j)] =
+                        machine.Run(ZELKCTL, {"edit", file, "add=Wagon,My Stock,flat"});
+                });
+        }
+        for (const Outcome &outcome : outcomes) {
+            expected += outcome.code == 0 ? 1 : 0;
+            EXPECT_EQ(
+                outcome,
+                outcome.code == 0
+                    ? (Outcome{0, "", ""})
+                    : (Outcome{2, "",
+                               "zelkctl: " + file +
+                                   ": error 75: it was changed since it was read, and so was "
+                                   "not overwritten. Read it again and repeat the change.\n"}));
+        }
+        EXPECT_EQ(units("local.con").size(), expected) << "a change was overwritten";
+    }
+    EXPECT_GE(expected, 4u + kTimes);
 }
 
 TEST_F(EditCommandTest, NamesTheFileThatCannotBeWritten)

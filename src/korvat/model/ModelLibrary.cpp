@@ -79,6 +79,8 @@ LoadedModel ModelLibrary::LoadModel(const std::string &path)
         if (stamp)
             keep(m_models, place, model, *stamp);
         return {model, {}};
+    } catch (const std::bad_alloc &) {
+        return {nullptr, path + ": there is not enough memory to load the shape"};
     } catch (const host::RuntimeError &error) {
         return {nullptr, error.what()};
     }
