@@ -21,13 +21,32 @@ bool isPlain(std::string_view text)
                        [](char c) { return c >= ' ' && c < '\x7f' && c != '"' && c != '\\'; });
 }
 
+/// Returns the length of a text without the incomplete character at its end.
+std::size_t wholeCharacters(std::string_view text)
+{
+    for (std::size_t behind = 1; behind <= std::min<std::size_t>(3, text.size()); ++behind) {
+        const auto byte = static_cast<unsigned char>(text[text.size() - behind]);
+        if (byte < 0x80)
+            break;
+        if (byte < 0xC0)
+            continue; // not the first byte of a character
+        const std::size_t length = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : 2;
+        return length > behind ? text.size() - behind : text.size();
+    }
+    return text.size();
+}
+
 } // namespace
 
 void Output::Write(std::string_view text)
 {
     m_buffer += text;
-    if (m_buffer.size() >= kPiece)
-        writeOut(m_buffer.rfind('\n') + 1); // a console must get whole characters
+    if (m_buffer.size() < kPiece)
+        return;
+    // Whole lines if possible. Otherwise the line is longer than a piece: it must not be searched
+    // again and again while it grows. A console must get whole characters.
+    const std::size_t newLine = m_buffer.rfind('\n');
+    writeOut(newLine != m_buffer.npos ? newLine + 1 : wholeCharacters(m_buffer));
 }
 
 void Output::WriteJson(std::string_view text)

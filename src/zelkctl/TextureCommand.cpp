@@ -5,10 +5,15 @@
 #include "korvat/formats/Texture.h"
 #include "zelkctl/Session.h"
 
+#include <cstdint>
 #include <memory>
 
 namespace zelkctl {
 namespace {
+
+/// 8192 x 8192: 256 MB when decoded, and four times the largest texture in use. A compressed file
+/// of a few KB can hold more.
+constexpr std::uint64_t kMaxSavedPixels = 1u << 26;
 
 struct TextureOptions
 {
@@ -19,9 +24,8 @@ struct TextureOptions
 
 korvat::Texture read(Session &session, const std::string &path)
 {
-    std::string bytes;
-    NamingFile(path, [&] { bytes = session.files.ReadFile(path); });
-    korvat::TextureFile file = korvat::ReadTexture(bytes);
+    korvat::TextureFile file;
+    NamingFile(path, [&] { file = korvat::ReadTexture(session.files.ReadFile(path)); });
     if (file.error)
         throw Failure(path + ": " + file.error.text);
     return std::move(file.texture);
@@ -36,18 +40,36 @@ void writeFacts(Output &out, const korvat::Texture &texture)
               ",\"alpha\":" + std::to_string(texture.alphaBits) + "}\n");
 }
 
+void checkLevel(const korvat::Texture &texture, const TextureOptions &options)
+{
+    const std::string number = std::to_string(options.level);
+    const std::size_t count = texture.levels.size();
+    if (options.level >= count)
+        throw Failure(options.file + ": there is no level " + number + ", the last one is " +
+                      std::to_string(count - 1));
+    const korvat::TextureLevel &level = texture.levels[options.level];
+    if (std::uint64_t{level.width} * level.height > kMaxSavedPixels)
+        throw Failure(options.file + ": level " + number + " has " + std::to_string(level.width) +
+                      " x " + std::to_string(level.height) + " pixels, more than the " +
+                      std::to_string(kMaxSavedPixels) +
+                      " that can be saved: choose a smaller level with --level");
+}
+
+std::string pngOf(const korvat::Texture &texture, std::size_t level)
+{
+    korvat::PngRows rows(texture.levels[level].width, texture.levels[level].height);
+    texture.Decode(level, rows.FirstPixel(), rows.Stride());
+    return korvat::EncodePng(rows);
+}
+
 void texture(Session &session, const TextureOptions &options)
 {
-    const korvat::Texture picture = read(session, options.file);
+    const korvat::Texture texture = read(session, options.file);
     if (!options.out)
-        return writeFacts(session.out, picture);
-    const std::size_t count = picture.levels.size();
-    if (options.level >= count)
-        throw Failure(options.file + ": there is no level " + std::to_string(options.level) +
-                      ", the last one is " + std::to_string(count - 1));
-    const korvat::TextureLevel &level = picture.levels[options.level];
-    const std::string png =
-        korvat::EncodePng(level.width, level.height, picture.Decoded(options.level));
+        return writeFacts(session.out, texture);
+    checkLevel(texture, options);
+    std::string png;
+    NamingFile(options.file, [&] { png = pngOf(texture, options.level); });
     NamingFile(*options.out, [&] { session.files.WriteFile(*options.out, png); });
 }
 

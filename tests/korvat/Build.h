@@ -3,6 +3,8 @@
 
 #include "samples/Bytes.h"
 
+#include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
@@ -39,6 +41,23 @@ inline std::string Block(std::uint32_t id, std::string_view content, std::string
 inline std::string BinaryShape(std::string_view sections)
 {
     return samples::StorePayload("JINX0s1b______\r\n" + Block(0x47, sections));
+}
+
+/// A compressed texture whose pixels are all equal, with the given number of its largest levels.
+inline std::string CompressedBlocks(std::uint32_t width, std::uint32_t height, int levels = 1)
+{
+    const bool smaller = levels > 1;
+    std::string payload = U32s({1, smaller ? 0x15U : 0x14U, width, height, 0x12, 3, 0});
+    payload.resize(152, '\0');
+    for (const std::uint32_t channel : {3U, 4U, 5U})
+        payload += U32s({8, 0, channel, 0});
+    payload.append(std::size_t{4} * (smaller ? std::bit_width(width) : 1), '\0'); // the offsets
+    for (int level = 0; level < levels; ++level) {
+        const std::uint32_t size = (width >> level) / 4 * ((height >> level) / 4) * 8;
+        payload += U32s({size});
+        payload.append(size, '\0');
+    }
+    return samples::CompressPayload(payload);
 }
 
 /// Returns the text with the four bytes at `at` replaced by a number.

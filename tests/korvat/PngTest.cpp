@@ -3,15 +3,21 @@
 
 #include "Build.h"
 #include "korvat/formats/Container.h"
+#include "korvat/formats/Dxt.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 
 TEST(PngTest, ContainsThePixelsRowByRow)
 {
-    const std::string pixels = Bytes8({255, 0, 0, 255, 1, 2, 3, 4});
-    const std::string png = korvat::EncodePng(1, 2, korvat::BytesOf(pixels));
+    korvat::PngRows rows(1, 2);
+    const korvat::Pixel pixels[] = {{255, 0, 0, 255}, {1, 2, 3, 4}};
+    for (std::size_t y = 0; y < 2; ++y)
+        std::copy(pixels[y].begin(), pixels[y].end(), rows.FirstPixel() + y * rows.Stride());
+    const std::string png = korvat::EncodePng(rows);
     // The checksums that other programs compute for these chunks.
     EXPECT_EQ(png.substr(0, 33),
               Bytes8({0x89, 'P', 'N', 'G', 13, 10, 26, 10, 0, 0, 0, 13, 'I',  'H',  'D',  'R', 0,

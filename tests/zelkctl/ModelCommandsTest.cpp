@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ZelkctlTest.h"
+#include "korvat/Build.h"
 #include "samples/AceWriter.h"
 #include "samples/ShapeWriter.h"
 
@@ -51,6 +52,20 @@ TEST_F(ModelCommandsTest, PrintsAndSavesTextures)
     const std::string size("\0\0\0\x08\0\0\0\x08", 8), small("\0\0\0\x02\0\0\0\x02", 8);
     EXPECT_EQ(read("a.png").substr(16, 8), size);
     EXPECT_EQ(read("small.png").substr(16, 8), small);
+}
+
+TEST_F(ModelCommandsTest, DecodesNoMorePixelsThanFitIntoMemory)
+{
+    write("huge.ace", CompressedBlocks(16384, 8192, 2));
+    EXPECT_LT(m_folder.Read("huge.ace").size(), 500'000u);
+    EXPECT_EQ(run({"texture", "huge.ace"}).code, 0);
+    EXPECT_EQ(run({"texture", "huge.ace", "--out", "a.png"}),
+              (Outcome{2, "",
+                       "zelkctl: huge.ace: level 0 has 16384 x 8192 pixels, more than the 67108864 "
+                       "that can be saved: choose a smaller level with --level\n"}));
+    EXPECT_FALSE(m_folder.Exists("a.png"));
+    EXPECT_EQ(run({"texture", "huge.ace", "--out", "a.png", "--level", "1"}), (Outcome{0, "", ""}));
+    EXPECT_EQ(read("a.png").substr(16, 8), std::string("\0\0\x20\0\0\0\x10\0", 8));
 }
 
 TEST_F(ModelCommandsTest, ReportsWhyAFileCannotBeUsed)

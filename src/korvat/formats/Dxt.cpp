@@ -88,25 +88,21 @@ Pixel From565(std::uint16_t packed)
             byte(blue << 3U | blue >> 2U), 255};
 }
 
-std::vector<std::uint8_t> DecodeBlocks(PixelFormat format, Bytes blocks, std::uint32_t width,
-                                       std::uint32_t height, bool hasAlpha)
+void DecodeBlocks(PixelFormat format, Bytes blocks, const Canvas &to, bool hasAlpha)
 {
     const std::size_t blockSize = format == PixelFormat::Dxt1 ? 8 : 16;
-    std::vector<std::uint8_t> pixels(std::size_t{width} * height * 4);
     const std::uint8_t *at = blocks.data();
-    for (std::uint32_t top = 0; top < height; top += 4) {
-        for (std::uint32_t left = 0; left < width; left += 4, at += blockSize) {
+    for (std::uint32_t top = 0; top < to.height; top += 4)
+        for (std::uint32_t left = 0; left < to.width; left += 4, at += blockSize) {
             const Block block = decodeBlock(format, at);
-            for (std::uint32_t y = top; y < std::min(top + 4, height); ++y)
-                for (std::uint32_t x = left; x < std::min(left + 4, width); ++x) {
+            for (std::uint32_t y = top; y < std::min(top + 4, to.height); ++y)
+                for (std::uint32_t x = left; x < std::min(left + 4, to.width); ++x) {
                     Pixel pixel = block[4 * (y - top) + x - left];
                     pixel[3] = hasAlpha ? pixel[3] : std::uint8_t{255};
                     std::copy(pixel.begin(), pixel.end(),
-                              &pixels[(std::size_t{y} * width + x) * 4]);
+                              to.first + y * to.stride + std::size_t{x} * 4);
                 }
         }
-    }
-    return pixels;
 }
 
 bool HasHoles(Bytes blocks)

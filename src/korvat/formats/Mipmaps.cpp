@@ -74,11 +74,12 @@ Image halfOfBlocks(const Texture &texture, bool holes)
     const std::size_t rowSize = LevelSize(from.format, from.width, 4);
     Image half = halfOf(from.width, from.height);
     const std::size_t row = std::size_t{4} * from.width;
+    std::vector<std::uint8_t> pixels(4 * row);
     for (std::uint32_t top = 0; top < from.height; top += 4) {
         const std::uint32_t rows = std::min(4U, from.height - top);
         const Bytes blocks = texture.LevelBytes(0).subspan(top / 4 * rowSize, rowSize);
-        const std::vector<std::uint8_t> pixels =
-            DecodeBlocks(from.format, blocks, from.width, rows, texture.alphaBits != 0);
+        DecodeBlocks(from.format, blocks, {from.width, rows, pixels.data(), row},
+                     texture.alphaBits != 0);
         for (std::uint32_t y = 0; y < rows && (top + y) / 2 < half.height; y += 2)
             halveRows(&pixels[y * row], &pixels[std::min(y + 1, rows - 1) * row], from.width, holes,
                       half.Row((top + y) / 2));

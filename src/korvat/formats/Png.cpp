@@ -6,6 +6,7 @@
 #include <cassert>
 #include <memory>
 #include <new>
+#include <string_view>
 
 namespace korvat {
 namespace {
@@ -28,42 +29,55 @@ std::string bigEndian(std::uint32_t value)
     return out;
 }
 
-void appendChunk(std::string &out, const std::string &type, const std::string &content)
+/// Appends the length and the name of a chunk, its content and its checksum.
+void appendChunk(std::string &out, std::string_view type, std::string_view content)
 {
-    const std::string checked = type + content;
-    out += bigEndian(static_cast<std::uint32_t>(content.size())) + checked;
-    out += bigEndian(libdeflate_crc32(0, checked.data(), checked.size()));
+    out += bigEndian(static_cast<std::uint32_t>(content.size()));
+    const std::size_t checked = out.size();
+    out.append(type).append(content);
+    out += bigEndian(libdeflate_crc32(0, out.data() + checked, out.size() - checked));
 }
 
-std::string compressed(const std::string &bytes)
+/// Compressed bytes. Their buffer is larger, but the part behind them is never touched, so that it
+/// needs no memory.
+struct Compressed
+{
+    std::unique_ptr<char[]> buffer;
+    std::size_t size = 0;
+};
+
+Compressed compressed(const std::vector<std::uint8_t> &bytes)
 {
     const std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor(
         libdeflate_alloc_compressor(kLevel));
     if (!compressor)
         throw std::bad_alloc();
-    std::string out(libdeflate_zlib_compress_bound(compressor.get(), bytes.size()), '\0');
-    out.resize(libdeflate_zlib_compress(compressor.get(), bytes.data(), bytes.size(), out.data(),
-                                        out.size()));
+    const std::size_t bound = libdeflate_zlib_compress_bound(compressor.get(), bytes.size());
+    Compressed out{std::make_unique_for_overwrite<char[]>(bound), 0};
+    out.size = libdeflate_zlib_compress(compressor.get(), bytes.data(), bytes.size(),
+                                        out.buffer.get(), bound);
     return out;
 }
 
 } // namespace
 
-std::string EncodePng(std::uint32_t width, std::uint32_t height, Bytes rgba)
+PngRows::PngRows(std::uint32_t width, std::uint32_t height)
+    : m_width(width)
+    , m_height(height)
+    , m_bytes(Stride() * height)
 {
-    const std::size_t row = std::size_t{width} * 4;
-    assert(width && height && rgba.size() == row * height);
-    std::string rows;
-    rows.reserve((row + 1) * height);
-    for (std::size_t y = 0; y < height; ++y) {
-        rows += '\0'; // no filter
-        const Bytes pixels = rgba.subspan(y * row, row);
-        rows.append(reinterpret_cast<const char *>(pixels.data()), pixels.size());
-    }
+    assert(width && height);
+}
+
+std::string EncodePng(const PngRows &rows)
+{
+    const Compressed pixels = compressed(rows.Bytes());
     std::string out = "\x89PNG\r\n\x1A\n";
+    out.reserve(pixels.size + 100);
     const std::string eightBitsAndAlpha("\x08\x06\0\0\0", 5);
-    appendChunk(out, "IHDR", bigEndian(width) + bigEndian(height) + eightBitsAndAlpha);
-    appendChunk(out, "IDAT", compressed(rows));
+    appendChunk(out, "IHDR",
+                bigEndian(rows.Width()) + bigEndian(rows.Height()) + eightBitsAndAlpha);
+    appendChunk(out, "IDAT", {pixels.buffer.get(), pixels.size});
     appendChunk(out, "IEND", {});
     return out;
 }

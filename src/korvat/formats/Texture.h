@@ -48,6 +48,8 @@ struct Texture
     std::size_t UniformLevels() const;
     /// Returns a level as Rgba8. If there are no alpha bits, every pixel is opaque.
     std::vector<std::uint8_t> Decoded(std::size_t level) const;
+    /// Writes a level as Rgba8 to memory whose rows begin `stride` bytes after each other.
+    void Decode(std::size_t level, std::uint8_t *to, std::size_t stride) const;
 };
 
 /// Returns the number of bytes of a level of this size.
