@@ -12,6 +12,7 @@
 #include <QMenuBar>
 
 #include <filesystem>
+#include <utility>
 
 using document::ListView;
 using host::DialogAnswer;
@@ -250,6 +251,8 @@ TEST_F(frmDocumentTest, CloseAsksBeforeDroppingChanges)
         {"menu", [&] { Trigger("mnuFileClose"); }, "question|Close|" + kLost + "?\n"},
         {"window", [&] { Active()->close(); }, "question|Close|" + kLost + "?\n"},
     };
+    const std::string overwrite = "question|Save Consist|" + ConsistFile("Coal") +
+                                  " already exists.  Do you want to overwrite it?\n";
     for (const Road &road : roads) {
         SCOPED_TRACE(road.name);
         WriteConsist("Coal", {"box", "hopper"});
@@ -266,17 +269,28 @@ TEST_F(frmDocumentTest, CloseAsksBeforeDroppingChanges)
         dialogs.Answer(DialogAnswer::Yes);    // save it
         dialogs.Answer(DialogAnswer::Cancel); // but do not overwrite
         road.close();
-        EXPECT_NE(dialogs.TakeLog().find("cancelled by user!"), std::string::npos);
+        EXPECT_EQ(dialogs.TakeLog(), road.question + overwrite + "critical|Save Consist|Save of " +
+                                         ConsistFile("Coal") + " cancelled by user!\n")
+            << "asked once";
         ASSERT_EQ(window->Documents().size(), 2u) << "an unsaved consist stays open";
         EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "box hopper");
+
+        std::filesystem::permissions(ConsistFile("Coal"), std::filesystem::perms::owner_read);
+        dialogs.Answer(DialogAnswer::Yes); // save it
+        dialogs.Answer(DialogAnswer::Yes); // over the old file, which cannot be deleted
+        road.close();
+        const std::string log = dialogs.TakeLog();
+        const std::string failed = road.question + overwrite + "critical|Save Consist|";
+        EXPECT_EQ(log.substr(0, failed.size()), failed);
+        EXPECT_EQ(log.find("question|", failed.size()), log.npos) << "asked once: " << log;
+        ASSERT_EQ(window->Documents().size(), 2u) << "an unsaved consist stays open";
+        std::filesystem::permissions(ConsistFile("Coal"), std::filesystem::perms::owner_all);
 
         dialogs.Answer(DialogAnswer::Yes);
         dialogs.Answer(DialogAnswer::Yes);
         road.close();
-        EXPECT_EQ(dialogs.TakeLog(),
-                  road.question + "question|Save Consist|" + ConsistFile("Coal") +
-                      " already exists.  Do you want to overwrite it?\n" +
-                      "information|Save Consist|" + ConsistFile("Coal") + " saved\n");
+        EXPECT_EQ(dialogs.TakeLog(), road.question + overwrite + "information|Save Consist|" +
+                                         ConsistFile("Coal") + " saved\n");
         EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
         EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "hopper");
 
@@ -288,6 +302,25 @@ TEST_F(frmDocumentTest, CloseAsksBeforeDroppingChanges)
         EXPECT_TRUE(Wait([this] { return window->Documents().size() == 1; }));
         EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "hopper");
     }
+}
+
+TEST_F(frmDocumentTest, ClosingAgainWhileTheQuestionIsOpenDoesNothing)
+{
+    Start();
+    OpenEditor("Coal");
+    button("cmdMove5").click();
+    bool closedAgain = false;
+    dialogs.onShown = [&] {
+        if (!std::exchange(closedAgain, true)) {
+            EXPECT_FALSE(Active()->close());
+        }
+    };
+    dialogs.Answer(DialogAnswer::Cancel);
+    EXPECT_FALSE(Active()->QueryUnload()); // as when the program ends
+    dialogs.onShown = nullptr;
+    EXPECT_EQ(dialogs.TakeLog(), "question|Close|" + kLost + "?\n");
+    EXPECT_TRUE(Active()->Changed());
+    EXPECT_EQ(window->Documents().size(), 2u);
 }
 
 TEST_F(frmDocumentTest, UnchangedConsistClosesWithoutAQuestion)

@@ -240,7 +240,8 @@ TEST(AceTest, MissingPixelsAreBlack)
 {
     const std::string cut = masked2x2().substr(0, 255 - 3);
     const TextureFile file = ReadAce(cut);
-    EXPECT_EQ(file.error.text, "");
+    ASSERT_EQ(file.error.text, "");
+    ASSERT_EQ(file.texture.levels.size(), 1u);
     EXPECT_EQ(file.notes, std::vector<std::string>{"the last 1 rows of the picture are missing"});
     EXPECT_EQ(Pixels(file.texture), "FF0000FF 00FF0000\n000000FF 000000FF");
 

@@ -172,6 +172,42 @@ TEST(StfSaveTest, RepairsBrokenFilesOnlyWhereNeeded)
     }
 }
 
+TEST(StfSaveTest, NeighboursOfAChangeKeepTheirMeaning)
+{
+    const struct
+    {
+        const char *what, *text;
+        int value; ///< set to "a b" in the first block
+        const char *saved;
+    } rows[] = {
+        {"a plus behind the first value", "A ( 1 +x )", 0, "A ( \"a b\" \"+x\" )"},
+        {"a plus behind a later value", "A ( 1 2 +x 3 )", 1, "A ( 1 \"a b\" \"+x\" 3 )"},
+        {"a plus behind a value that was quoted", "A ( 1 \"q\" 2 )", 2, "A ( 1 \"q\" \"a b\" )"},
+        {"a plus further behind", "A ( 1 2 +x )", 0, "A ( \"a b\" 2 +x )"},
+        {"an unclosed block elsewhere", "A ( 1 ) B ( 2", 0, "A ( \"a b\" ) B ( 2"},
+        {"unclosed blocks elsewhere", "A ( 1 ) B ( 2 C ( \"x", 0, "A ( \"a b\" ) B ( 2 C ( \"x"},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.what);
+        MemoryFile memory(row.text);
+        memory.file.Nodes().Item(1).SetParameter(row.value, "a b");
+        EXPECT_EQ(memory.file.ToBytes(), row.saved);
+        EXPECT_EQ(TreeOf(memory.file.ToBytes()), TreeText(memory.file.Nodes()));
+    }
+}
+
+TEST(StfSaveTest, NewLinesEndAsInTheFile)
+{
+    for (const auto &[text, saved] :
+         {std::pair("A ( 1 )", "A ( 1 )\r\nN ( )"), std::pair("A ( 1 )\n", "A ( 1 )\nN ( )\n"),
+          std::pair("A ( 1 )\r\n", "A ( 1 )\r\nN ( )\r\n"),
+          std::pair("\nA ( 1 )", "\nA ( 1 )\nN ( )")}) {
+        MemoryFile memory(text);
+        added(memory.file.Nodes(), 2, "N", {});
+        EXPECT_EQ(memory.file.ToBytes(), saved);
+    }
+}
+
 const char *const kOddTexts[] = {
     kConsist,
     "A(x)B(y(z)w)\"q\"C()",
