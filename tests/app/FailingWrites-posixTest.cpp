@@ -217,11 +217,13 @@ protected:
         const FailingStep counted(FailingStep::kNone, 0);
         messageOf(GetParam(), world);
         steps = counted.Count();
+        calls = counted.Calls();
         after = withoutTimes(world.Files());
     }
 
     Content before, after;
     int steps = 0;
+    std::vector<std::string> calls; ///< of all steps
 };
 
 TEST_P(FailingWritesTest, FailedStepLeavesWholeFilesAndIsReported)
@@ -276,15 +278,16 @@ TEST_P(FailingWritesTest, ProcessExitAtAStepLeavesWholeFiles)
 
 TEST_P(FailingWritesTest, FileSystemThatRefusesPermissionsCanBeWrittenTo)
 {
-    for (const int error : {EPERM, ENOSYS, EOPNOTSUPP, EACCES, EINVAL})
-        for (int step = 0; step < steps; ++step) {
+    for (int step = 0; step < steps; ++step) {
+        if (calls[static_cast<std::size_t>(step)] != "fchmod")
+            continue;
+        for (const int error : {EPERM, ENOSYS, EOPNOTSUPP, EACCES, EINVAL}) {
             World world;
             const FailingStep failing(step, error);
             const std::string message = messageOf(GetParam(), world);
-            if (failing.Refused() == std::string("fchmod")) {
-                EXPECT_EQ(withoutTimes(world.Files()), after) << message;
-            }
+            EXPECT_EQ(withoutTimes(world.Files()), after) << message;
         }
+    }
 }
 
 std::string nameOf(const testing::TestParamInfo<Command> &info)
