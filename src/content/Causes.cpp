@@ -104,8 +104,9 @@ private:
     void add(std::size_t index)
     {
         Finding &finding = m_report.findings[index];
-        const std::string absent =
-            IsProblem(finding.answer) ? absentFolder(finding.Expected()) : std::string();
+        // A name without quotes leads to a folder that nobody meant.
+        const bool isMissing = IsProblem(finding.answer) && finding.rule != "unquoted-name";
+        const std::string absent = isMissing ? absentFolder(finding.Expected()) : std::string();
         Cause cause;
         cause.id = "single-files";
         cause.what = "Single files";

@@ -168,10 +168,36 @@ std::string JsonText(const std::string &raw)
     return out + '"';
 }
 
+std::string KindNoun(Kind kind)
+{
+    switch (kind) {
+    case Kind::ConsistVehicle:
+    case Kind::ActivityVehicle:
+        return "vehicle";
+    case Kind::ConsistEot:
+        return "end-of-train device";
+    case Kind::Cab3d:
+        return "3D cab";
+    case Kind::SoundFile:
+        return "wave file";
+    case Kind::ServiceConsist:
+    case Kind::TimetableConsist:
+        return "consist";
+    case Kind::ActivityService:
+        return "service";
+    case Kind::ActivityTraffic:
+        return "traffic";
+    default:
+        break;
+    }
+    std::string noun = KindName(kind); // "freight-animation"
+    std::replace(noun.begin(), noun.end(), '-', ' ');
+    return noun;
+}
+
 std::string SentenceOf(const Finding &finding)
 {
-    std::string subject =
-        std::string(KindName(finding.kind)) + " \"" + PlainText(finding.wants) + '"';
+    std::string subject = KindNoun(finding.kind) + " \"" + PlainText(finding.wants) + '"';
     if (finding.rule.starts_with("damaged-"))
         return "the file is damaged: " + PlainText(finding.detail);
     if (finding.rule == kUnreadableFigure)

@@ -27,6 +27,8 @@ std::string PlainText(const std::string &text);
 std::string JsonText(const std::string &text);
 /// Escapes a text for XML and HTML. Characters that XML cannot contain become "?".
 std::string XmlText(const std::string &text);
+/// Returns the kind in words: "freight animation".
+std::string KindNoun(Kind kind);
 /// Describes the finding in one sentence without a full stop: `sound "x.sms" is missing`.
 std::string SentenceOf(const Finding &finding);
 /// Returns the number of problems of each severity: "1 error, 2 warnings, 0 notes".

@@ -4,6 +4,7 @@
 #include "samples/Sample.h"
 
 #include <algorithm>
+#include <map>
 
 using samples::HealthCase;
 using samples::InSample;
@@ -76,9 +77,32 @@ std::string Difference(const Rows &expected, const Rows &found)
     return out;
 }
 
+namespace {
+
+std::string nounOf(const std::string &kind)
+{
+    static const std::map<std::string, std::string> kNouns = {
+        {"consist-vehicle", "vehicle"},
+        {"activity-vehicle", "vehicle"},
+        {"service-consist", "consist"},
+        {"timetable-consist", "consist"},
+        {"activity-service", "service"},
+        {"activity-traffic", "traffic"},
+        {"cab-3d", "3D cab"},
+        {"sound-file", "wave file"},
+        {"consist-eot", "end-of-train device"}};
+    const auto special = kNouns.find(kind);
+    std::string noun = special == kNouns.end() ? kind : special->second;
+    if (special == kNouns.end())
+        std::replace(noun.begin(), noun.end(), '-', ' ');
+    return noun;
+}
+
+} // namespace
+
 std::string SentenceOf(const PlannedFinding &finding)
 {
-    const std::string subject = finding.kind + " \"" + finding.wants + '"';
+    const std::string subject = nounOf(finding.kind) + " \"" + finding.wants + '"';
     if (finding.rule.starts_with("damaged-"))
         return "the file is damaged: ";
     if (finding.answer == "here")
