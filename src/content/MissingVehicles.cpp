@@ -79,7 +79,8 @@ std::string MissingVehicles::WhyMissingIn(const std::string &consist)
 {
     if (m_stopped || m_folder.empty())
         return {};
-    const auto path = disk().snapshot.FindFile(consist);
+    const auto given = host::GamePath::Of(consist);
+    const auto path = given ? disk().snapshot.FindFile(given->text) : std::nullopt;
     const ReadResult read = path ? disk().store.Read(*path) : ReadResult{};
     if (!read.source)
         return {};

@@ -166,11 +166,15 @@ TEST(ListViewTest, IconsHaveTheColourOfTheText)
     ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
     const QRect plain = list.visualRect(model.index(0, 0));
     model.SetRemarks(0, {QStringLiteral("gone"), QStringLiteral("gone")});
-    EXPECT_EQ(list.visualRect(model.index(0, 0)), plain) << "rows keep their height";
+    EXPECT_EQ(list.visualRect(model.index(0, 0)).height(), plain.height())
+        << "rows keep their height";
     const auto colourOf = [&](int row) {
         const QRect cell = list.visualRect(model.index(row, 0));
         const QImage drawn = list.viewport()->grab().toImage();
-        return drawn.pixelColor(cell.right() - 8, cell.center().y()).name();
+        const QColor colour = drawn.pixelColor(cell.right() - 8, cell.center().y());
+        // The frame around the current row tints it a little.
+        const auto isOn = [](int part) { return part > 200 ? 255 : part < 60 ? 0 : part; };
+        return QColor(isOn(colour.red()), isOn(colour.green()), isOn(colour.blue())).name();
     };
     list.SelectRow(0);
     list.setFocus();

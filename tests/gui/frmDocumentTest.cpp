@@ -316,7 +316,7 @@ TEST_F(frmDocumentTest, ClosingAgainWhileTheQuestionIsOpenDoesNothing)
         }
     };
     dialogs.Answer(DialogAnswer::Cancel);
-    EXPECT_FALSE(Active()->close());
+    EXPECT_FALSE(Active()->QueryUnload()); // as when the program ends
     dialogs.onShown = nullptr;
     EXPECT_EQ(dialogs.TakeLog(), "question|Close|" + kLost + "?\n");
     EXPECT_TRUE(Active()->Changed());

@@ -125,10 +125,11 @@ void ConsistMarks::lookUp(std::vector<int> rows)
     for (const int row : rows)
         paths.push_back(m_environment.installation.ConsistPath(m_model.Name(row)));
     m_rows = std::move(rows);
-    m_lookUp.Start(paths.size(), [paths = std::move(paths)](content::MissingVehicles &vehicles,
-                                                            std::size_t index) {
-        return vehicles.WhyMissingIn(paths[index]);
-    });
+    const std::size_t count = paths.size();
+    m_lookUp.Start(
+        count, [paths = std::move(paths)](content::MissingVehicles &vehicles, std::size_t index) {
+            return vehicles.WhyMissingIn(paths[index]);
+        });
 }
 
 void ConsistMarks::take(std::size_t first, const std::vector<std::string> &answers)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/widgets/ListView.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -41,10 +42,17 @@ class RowDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+    static constexpr int kIconGap = 6;
 
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 5);
+        QStyleOptionViewItem row = option;
+        initStyleOption(&row, index);
+        const int icon = row.icon.isNull() ? 0 : row.decorationSize.width() + kIconGap;
+        row.features &= ~QStyleOptionViewItem::HasDecoration; // rows keep their height
+        const QStyle *const style = row.widget ? row.widget->style() : QApplication::style();
+        return style->sizeFromContents(QStyle::CT_ItemViewItem, &row, QSize(), row.widget) +
+               QSize(icon, 5);
     }
 
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
@@ -69,7 +77,7 @@ protected:
         QStyledItemDelegate::initStyleOption(option, index);
         if (option->icon.isNull())
             return;
-        const int side = std::min(16, option->fontMetrics.height()); // rows keep their height
+        const int side = std::min(16, option->fontMetrics.height());
         const auto group = !(option->state & QStyle::State_Enabled) ? QPalette::Disabled
                            : (option->state & QStyle::State_Active) ? QPalette::Active
                                                                     : QPalette::Inactive;
