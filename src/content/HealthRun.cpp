@@ -31,8 +31,9 @@ std::vector<std::string> filesIn(host::Snapshot &folders, const std::string &fol
 
 bool isBelow(const std::string &path, const std::string &folder)
 {
-    return path.size() > folder.size() && host::ToUpper(path).starts_with(host::ToUpper(folder)) &&
-           path[folder.size()] == host::path::kSeparator;
+    if (path.size() <= folder.size() || path[folder.size()] != host::path::kSeparator)
+        return false;
+    return path.starts_with(folder) || host::ToUpper(path).starts_with(host::ToUpper(folder));
 }
 
 /// Returns the rule that an include in this state breaks; "" if none or if it has another finding.
@@ -136,9 +137,21 @@ void HealthRun::readStock()
         folders.size(),
         [&](std::size_t i) { return stockFolder(folders[i].first, folders[i].second); },
         [this](Units &&units) {
-            for (Unit &unit : units)
+            for (Unit &unit : units) {
+                addStock(unit.user);
                 take(std::move(unit));
+            }
         });
+}
+
+/// Remembers an engine or a wagon that both simulators find.
+void HealthRun::addStock(const std::string &path)
+{
+    const bool isStock =
+        host::path::HasExtension(path, "eng") || host::path::HasExtension(path, "wag");
+    const std::string folder = FolderOfPath(path);
+    if (isStock && FolderOfPath(folder) == m_folders.trainset)
+        m_stock.insert(host::ToUpper(path.substr(m_folders.trainset.size() + 1)));
 }
 
 VehicleFiles HealthRun::filesOf(const std::string &folder, const std::string &name) const
@@ -202,20 +215,20 @@ void HealthRun::addVehicle(const VehicleFiles &files, const Vehicle &vehicle, Pr
     }
     for (Draft &draft : UnreadableFigures(vehicle, profiles))
         unit.drafts.push_back(std::move(draft));
-    const std::vector<VehicleReference> references = ReferencesOf(vehicle, profiles);
+    std::vector<VehicleReference> references = ReferencesOf(vehicle, profiles);
     const bool has2dCab = std::any_of(references.begin(), references.end(), [](const auto &each) {
         return each.reference.kind == Kind::Cab;
     });
-    for (const VehicleReference &each : references) {
+    for (VehicleReference &each : references) {
         const Context context{vehicle.Files()[each.file].path, files.folder, {}};
         Draft draft;
-        draft.reference = each.reference;
+        draft.reference = std::move(each.reference);
         draft.file = context.file;
         if (!isBelow(context.file, files.folder))
             draft.stock = files.folder;
-        draft.at = m_resolver.Resolve(each.reference, context);
+        draft.at = m_resolver.Resolve(draft.reference, context);
         follow(draft, files.folder, unit);
-        if (each.reference.kind == Kind::Cab3d)
+        if (draft.reference.kind == Kind::Cab3d)
             addCabOf3dCab(draft, files.folder, has2dCab, unit);
         if (m_options.keepAll || draft.IsProblem())
             unit.drafts.push_back(std::move(draft));
@@ -296,7 +309,7 @@ void HealthRun::follow(const Draft &draft, const std::string &stock, Unit &unit)
 
 std::string HealthRun::unitKey(const Reference &reference)
 {
-    return reference.name.folder + '/' + reference.name.file;
+    return reference.name.folder + host::path::kSeparator + reference.name.file;
 }
 
 /// Large collections have several hundred thousand units, but most name the same vehicles.
@@ -304,8 +317,11 @@ bool HealthRun::isKnownUnit(const Reference &reference) const
 {
     if (m_options.keepAll || !m_options.consists.empty())
         return false;
+    const std::string key = unitKey(reference);
+    if (m_stock.contains(host::ToUpper(key)))
+        return true;
     const std::shared_lock lock(m_unitsMutex);
-    return m_units.contains(unitKey(reference));
+    return m_units.contains(key);
 }
 
 void HealthRun::addReference(Reference reference, const Context &context, Unit &unit,

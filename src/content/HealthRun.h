@@ -90,6 +90,7 @@ private:
     };
 
     void readStock();
+    void addStock(const std::string &path);
     void readNamedVehicles(const std::vector<std::string> &vehicles);
     void readConsists(const std::vector<std::string> &consists);
     void readRoutes();
@@ -156,6 +157,9 @@ private:
     InstallFolders m_folders;
     Resolver m_resolver;
     mutable SharedFiles m_shared;
+    /// Vehicles that both simulators find, as "FOLDER/NAME.WAG" in upper case. Complete and
+    /// constant before other threads read it.
+    std::unordered_set<std::string> m_stock;
     mutable std::shared_mutex m_unitsMutex;
     mutable std::unordered_set<std::string>
         m_units; ///< units and shapes of routes that are in order

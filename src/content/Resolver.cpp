@@ -250,11 +250,24 @@ private:
     std::vector<std::pair<std::string, std::optional<std::string>>> m_tried;
 };
 
+namespace {
+
+/// True if both simulators look in the same places and answer alike.
+bool isSameSearch(const Reference &reference)
+{
+    const ProfileRule &msts = reference.Rule().msts, &openRails = reference.Rule().openRails;
+    return reference.profiles == Profiles::Both() && msts.known == openRails.known &&
+           msts.places == openRails.places && msts.missing == openRails.missing;
+}
+
+} // namespace
+
 std::array<Resolution, 2> Resolver::Resolve(const Reference &reference, const Context &context,
                                             const NamedFiles *named) const
 {
     Search search(*this, reference, context, named);
-    return {search.For(Profile::Msts), search.For(Profile::OpenRails)};
+    const Resolution msts = search.For(Profile::Msts);
+    return {msts, isSameSearch(reference) ? msts : search.For(Profile::OpenRails)};
 }
 
 } // namespace content

@@ -173,6 +173,14 @@ Snapshot::~Snapshot() = default;
 
 namespace {
 
+/// True if the listings of a place show every file that the name can mean.
+bool listsAll(const std::vector<GameFiles::Listings::Listed> &place)
+{
+    return !disk::kIgnoresCase && !place.empty() &&
+           std::all_of(place.begin(), place.end(),
+                       [](const auto &listed) { return listed.second; });
+}
+
 /// A file that no listing shows may still exist: in a folder that cannot be listed, or under a
 /// Windows short name.
 std::optional<std::string> unlisted(std::string_view path)
@@ -198,7 +206,7 @@ std::optional<std::string> Snapshot::FindFile(std::string_view path)
         if (!matches.empty())
             return std::move(matches.front());
     }
-    return unlisted(path);
+    return listsAll(*leaf->place) ? std::nullopt : unlisted(path);
 }
 
 bool Snapshot::FileExists(std::string_view path)
