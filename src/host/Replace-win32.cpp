@@ -152,7 +152,8 @@ private:
     std::optional<Handle> m_file;
 };
 
-/// The target's name, locked: one writer after the other decides and renames. A lock that cannot be
+/// The target's name, locked: one writer after the other looks at the target, decides and renames,
+/// because no file has the name for a moment while ReplaceFile works. A lock that cannot be
 /// created must not keep a user from saving.
 class LockedName
 {
@@ -190,6 +191,7 @@ std::optional<Failure> Replace(const std::string &path, std::string_view bytes,
     const std::wstring target = endOfLinks(SystemPath(path));
     if (target.empty())
         return Failure{ErrorNumber::PathFileAccess, "the link does not lead to a file"};
+    const LockedName locked(target);
     DWORD before = 0;
     if (auto failure = inspect(target, before))
         return failure;
@@ -203,7 +205,6 @@ std::optional<Failure> Replace(const std::string &path, std::string_view bytes,
         return failure;
     if (auto failure = file.Write(bytes))
         return failure;
-    const LockedName locked(target);
     if (mayReplace && !mayReplace())
         return Failure{ErrorNumber::PathFileAccess, kNotReplaced};
     return exists ? file.BecomeExisting(target) : file.BecomeNew(target);

@@ -106,19 +106,12 @@ content::HealthReport CompleteInstallation::Check(content::HealthOptions options
     return content::HealthRun(m_files, m_folder.Path(), std::move(options)).Run();
 }
 
-std::string CompleteInstallation::Relative(std::string path) const
-{
-    if (path.starts_with(m_folder.Path()))
-        path.erase(0, m_folder.Path().size() + 1);
-    std::replace(path.begin(), path.end(), '\\', '/');
-    return path;
-}
-
 std::string CompleteInstallation::Line(const content::Finding &finding) const
 {
     return std::string(content::ProfileName(finding.profiles)) + ' ' +
            content::SeverityName(finding.severity) + ' ' + finding.rule + ' ' +
-           content::AnswerName(finding.answer) + ' ' + Relative(finding.file) + ':' + finding.wants;
+           content::AnswerName(finding.answer) + ' ' + m_folder.Relative(finding.file) + ':' +
+           finding.wants;
 }
 
 std::vector<std::string> CompleteInstallation::Problems(content::HealthOptions options)

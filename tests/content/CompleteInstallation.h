@@ -28,8 +28,6 @@ public:
     /// "PROFILE SEVERITY RULE ANSWER FILE:WANTS", with paths below the installation folder.
     std::vector<std::string> Problems(content::HealthOptions options = {});
     std::string Line(const content::Finding &finding) const;
-    /// Returns a path relative to the installation folder, with "/".
-    std::string Relative(std::string path) const;
 
 private:
     support::TempFolder m_folder;

@@ -106,8 +106,8 @@ TEST(HealthRoutesTest, OneFindingServesAllWorldFilesOfARoute)
     std::map<std::string, std::size_t> users;
     for (const Finding &finding : report.findings)
         if (finding.profiles.Has(Profile::OpenRails))
-            users[installation.Relative(finding.file) + ' ' + finding.wants + ' ' + finding.id] =
-                finding.neededBy.size();
+            users[installation.Folder().Relative(finding.file) + ' ' + finding.wants + ' ' +
+                  finding.id] = finding.neededBy.size();
     EXPECT_EQ(users.size(), 6u); // for each route two shapes and a texture
     std::size_t most = 0;
     for (const auto &[key, count] : users)
@@ -133,8 +133,8 @@ TEST(HealthRoutesTest, ReferencesInOrderNameTheirPlaces)
     options.profiles = Profile::OpenRails;
     std::map<std::string, std::string> found;
     for (const Finding &finding : installation.Check(options).findings)
-        found[finding.wants] =
-            std::string(AnswerName(finding.answer)) + ' ' + installation.Relative(finding.foundAt);
+        found[finding.wants] = std::string(AnswerName(finding.answer)) + ' ' +
+                               installation.Folder().Relative(finding.foundAt);
     EXPECT_EQ(found["House.s"], "here Routes/R/Shapes/house.s");
     EXPECT_EQ(found["track.s"], "elsewhere Global/Shapes/track.s");
     EXPECT_EQ(found["track.ace"], "here Global/Textures/track.ace");

@@ -255,7 +255,8 @@ TEST(HealthRunTest, SimulatorsFindFilesElsewhere)
     std::map<std::string, std::string> found;
     for (const Finding &finding : installation.Check(options).findings)
         found[std::string(KindName(finding.kind)) + ' ' + finding.wants] =
-            std::string(AnswerName(finding.answer)) + ' ' + installation.Relative(finding.foundAt);
+            std::string(AnswerName(finding.answer)) + ' ' +
+            installation.Folder().Relative(finding.foundAt);
     EXPECT_EQ(found["texture d.ace"], "elsewhere Trains/Trainset/A/d.dds");
     EXPECT_EQ(found["season-texture Snow/d.ace"], "elsewhere Trains/Trainset/A/d.dds");
     EXPECT_EQ(found["season-texture Night/w.ace"], "");
@@ -369,7 +370,7 @@ TEST(HealthRunTest, IdsDependOnlyOnTheEntry)
         std::map<std::string, std::string> ids;
         CompleteInstallation installation(changes);
         for (const Finding &finding : installation.Check().findings)
-            ids[installation.Relative(finding.file) + finding.wants +
+            ids[installation.Folder().Relative(finding.file) + finding.wants +
                 ProfileName(finding.profiles)] = finding.id;
         return ids;
     };
@@ -394,7 +395,7 @@ std::map<std::string, std::string> answersOf(const CompleteInstallation &install
     for (const Finding &finding : report.findings)
         if (finding.IsProblem())
             answers[std::string(ProfileName(finding.profiles)) + ' ' + KindName(finding.kind) +
-                    ' ' + installation.Relative(finding.file) + ' ' + finding.wants + ' ' +
+                    ' ' + installation.Folder().Relative(finding.file) + ' ' + finding.wants + ' ' +
                     finding.detail] = AnswerName(finding.answer);
     return answers;
 }

@@ -14,16 +14,6 @@ namespace {
 const std::string kA = "Trains/Trainset/A/";
 constexpr auto kGone = std::nullopt;
 
-/// Returns a sentence with "<M>" for the installation folder and "/" between names.
-std::string shortened(std::string text, const CompleteInstallation &installation)
-{
-    const std::string &folder = installation.Folder().Path();
-    for (auto at = text.find(folder); at != text.npos; at = text.find(folder, at))
-        text.replace(at, folder.size(), "<M>");
-    std::replace(text.begin(), text.end(), '\\', '/');
-    return text;
-}
-
 struct Case
 {
     const char *name;
@@ -35,7 +25,7 @@ struct Case
 
 std::string missing(const std::string &file, const std::string &reason)
 {
-    return "The file <M>/Trains/Trainset/" + file + " is missing: " + reason + ".";
+    return "The file Trains/Trainset/" + file + " is missing: " + reason + ".";
 }
 
 const std::string kMsts = "MSTS does not find ", kOpenRails = "Open Rails does not find ",
@@ -98,7 +88,8 @@ TEST(MissingVehiclesTest, VehiclesAreJudgedByTheRulesOfTheSimulators)
         const CompleteInstallation installation(each.changes);
         for (std::size_t i = 0; i < std::size(profiles); ++i) {
             MissingVehicles vehicles(installation.Folder().Path(), profiles[i]);
-            EXPECT_EQ(shortened(vehicles.WhyMissing(each.vehicle), installation), each.expected[i])
+            EXPECT_EQ(installation.Folder().Relative(vehicles.WhyMissing(each.vehicle)),
+                      each.expected[i])
                 << each.name << ", " << ProfileName(profiles[i]);
         }
     }
@@ -109,8 +100,8 @@ class ConsistsWithMissingVehicles : public testing::Test
 protected:
     std::string why(MissingVehicles &vehicles, const char *consist) const
     {
-        return shortened(vehicles.WhyMissingIn(m_installation.Folder().At(consist)),
-                         m_installation);
+        return m_installation.Folder().Relative(
+            vehicles.WhyMissingIn(m_installation.Folder().At(consist)));
     }
 
     CompleteInstallation m_installation{

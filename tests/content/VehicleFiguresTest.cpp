@@ -178,7 +178,7 @@ TEST_F(VehicleFiguresTest, OverrideReplacesValuesAndCouplers)
     EXPECT_EQ(openRails.couplers, std::vector<std::string>{"Bar"});
     EXPECT_EQ(openRails.name, "Old");
     const Figure &length = openRails[FigureId::Length];
-    EXPECT_EQ(openRails.files.at(length.file), m_disk.At("A/x.wag"));
+    EXPECT_EQ(openRails.files.at(length.file), m_disk.Shown("A/x.wag"));
 }
 
 } // namespace

@@ -55,7 +55,7 @@ TEST_F(VehicleTest, OverrideReplacesValuesButNotTheName)
     const Vehicle msts = read(Profile::Msts), openRails = read(Profile::OpenRails);
     EXPECT_EQ(found(msts, "Wagon/WagonShape"), "a.s in x.wag:2");
     EXPECT_EQ(found(openRails, "wagon/wagonshape"), "b.s in x.wag:3");
-    EXPECT_EQ(openRails.Find("Wagon/WagonShape")->file, m_disk.At("A/OpenRails/x.wag"));
+    EXPECT_EQ(openRails.Find("Wagon/WagonShape")->file, m_disk.Shown("A/OpenRails/x.wag"));
     EXPECT_EQ(found(openRails, "Wagon/Mass"), "10t in x.wag:3");
     EXPECT_EQ(found(openRails, "Wagon/Name"), "Old in x.wag:2");
     EXPECT_EQ(found(openRails, "WagonShape"), "none");
@@ -100,7 +100,7 @@ TEST_F(VehicleTest, BadIncludesAreRecorded)
     EXPECT_TRUE(vehicle.Includes()[1].losesLine);
     EXPECT_FALSE(vehicle.Includes()[2].losesLine);
     EXPECT_EQ(vehicle.Includes()[3].line, 2);
-    EXPECT_EQ(vehicle.Includes()[4].looked, (std::vector{m_disk.At("A/no.inc")}));
+    EXPECT_EQ(vehicle.Includes()[4].looked, (std::vector{m_disk.Shown("A/no.inc")}));
     EXPECT_EQ(found(vehicle, "Wagon/Mass"), "1t in a.inc:1");
 }
 

@@ -53,7 +53,7 @@ protected:
     void press(const char *button) { Find<QAbstractButton>(*Active(), button).click(); }
     std::string oilIsMissing() const
     {
-        return "The file " + game.At("Trains/Trainset/Boxcars/Oil.wag") +
+        return "The file " + game.Shown("Trains/Trainset/Boxcars/Oil.wag") +
                " is missing: MSTS and Open Rails do not find this vehicle.";
     }
 };

@@ -236,7 +236,7 @@ TEST_F(frmHealthTest, ReturnAndDoubleClickLeadThere)
     leaf(form, QStringLiteral("Oil.wag"));
     QTest::keyClick(form.tvFindings, Qt::Key_Return);
     ASSERT_EQ(window->Documents().size(), 2U);
-    EXPECT_EQ(Active()->Caption(), "Consist - " + ConsistFile("GP38 Local"));
+    EXPECT_EQ(Active()->Caption(), "Consist - " + game.Shown("Trains/Consists/GP38 Local.con"));
     const QModelIndex wagon = leaf(form, QStringLiteral("lost.s"));
     form.tvFindings->scrollTo(wagon);
     const QPoint place = form.tvFindings->visualRect(wagon).center();

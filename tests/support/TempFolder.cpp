@@ -57,6 +57,21 @@ std::string TempFolder::At(std::string_view name) const
     return name.empty() ? m_path : (m_path + '/').append(name);
 }
 
+std::string TempFolder::Shown(std::string_view name) const
+{
+    const std::u8string text = toDisk(At(name)).make_preferred().u8string();
+    return {text.begin(), text.end()};
+}
+
+std::string TempFolder::Relative(std::string text) const
+{
+    std::replace(text.begin(), text.end(), '\\', '/');
+    const std::string folder = m_path + '/';
+    for (auto at = text.find(folder); at != text.npos; at = text.find(folder, at))
+        text.erase(at, folder.size());
+    return text;
+}
+
 std::string TempFolder::Write(std::string_view name, std::string_view bytes) const
 {
     std::string path = At(name);

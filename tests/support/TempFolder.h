@@ -21,6 +21,11 @@ public:
     /// Returns the full path of a name inside.
     std::string At(std::string_view name) const;
 
+    /// Returns the full path of a name inside in the platform's own separators.
+    std::string Shown(std::string_view name) const;
+    /// Returns a text with "/" for every "\\", and without this folder in front of names inside.
+    std::string Relative(std::string text) const;
+
     /// Writes a file, creating its parent folders, and returns its full path.
     std::string Write(std::string_view name, std::string_view bytes = {}) const;
     /// Creates a folder and its parents, and returns its full path.

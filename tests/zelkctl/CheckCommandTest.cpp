@@ -20,7 +20,7 @@ protected:
         write("m/Routes/R/Shapes/bare.s", "shape ( images ( 0 ) )");
         write("m/Routes/Q/readme", "");
     }
-    std::string at(const std::string &name) const { return Shown(m_folder.At("m/" + name)); }
+    std::string at(const std::string &name) const { return m_folder.Shown("m/" + name); }
     Outcome check(std::vector<std::string> arguments) const
     {
         arguments.insert(arguments.begin(), {"--msts", "m", "check"});

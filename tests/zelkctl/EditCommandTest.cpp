@@ -179,6 +179,14 @@ TEST_F(EditCommandTest, EditsAtTheSameTimeLoseNothing)
 {
     constexpr int kAtOnce = 8, kTimes = 5;
     const std::string file = m_folder.At("local.con");
+    const Outcome changed{2, "",
+                          "zelkctl: " + file +
+                              ": error 75: it was changed since it was read, and so was not "
+                              "overwritten. Read it again and repeat the change.\n"};
+    // On Windows, no file has the name for a moment while another process replaces it.
+    const Outcome absent = host::path::kSeparator == '\\'
+                               ? Outcome{2, "", "zelkctl: " + file + ": error 53: File not found\n"}
+                               : changed;
     std::vector<Outcome> outcomes(kAtOnce);
     std::size_t expected = 4; // the counter and three units
     for (int i = 0; i < kTimes; ++i) {
@@ -193,14 +201,10 @@ TEST_F(EditCommandTest, EditsAtTheSameTimeLoseNothing)
         }
         for (const Outcome &outcome : outcomes) {
             expected += outcome.code == 0 ? 1 : 0;
-            EXPECT_EQ(
-                outcome,
-                outcome.code == 0
-                    ? (Outcome{0, "", ""})
-                    : (Outcome{2, "",
-                               "zelkctl: " + file +
-                                   ": error 75: it was changed since it was read, and so was "
-                                   "not overwritten. Read it again and repeat the change.\n"}));
+            if (outcome.code == 0)
+                EXPECT_EQ(outcome, (Outcome{0, "", ""}));
+            else if (outcome != absent)
+                EXPECT_EQ(outcome, changed);
         }
         EXPECT_EQ(units("local.con").size(), expected) << "a change was overwritten";
     }

@@ -157,7 +157,7 @@ TEST_F(FigureCommandsTest, ErrorsNameTheFileAndTheFault)
         {{"figures", "A/no.wag"}, "A/no.wag: there is no Wagon block"},
         {{"sheet", "c", "gone", "--json"}, "gone: error 53: File not found"},
         {{"sheet", "empty"},
-         Shown(m_folder.At("msts/TRAINS/CONSISTS/empty.con")) +
+         m_folder.Shown("msts/TRAINS/CONSISTS/empty.con") +
              ": error 91: line 2: Train has no block TrainCfg"},
     };
     for (const auto &[arguments, message] : kRows) {

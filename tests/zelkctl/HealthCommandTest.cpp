@@ -26,15 +26,15 @@ protected:
         arguments.insert(arguments.begin(), {"health", "--msts", m_folder.At("msts")});
         return run(arguments);
     }
-    std::string at(const std::string &name) const { return m_folder.At("msts/" + name); }
+    std::string at(const std::string &name) const { return m_folder.Shown("msts/" + name); }
 };
 
 TEST_F(HealthCommandTest, TextNamesCausesAndSingleFiles)
 {
     const Outcome expected = {1,
-                              Shown("ERROR: Single files: 1 finding\n"
-                                    "  error: " +
-                                    at("TRAINS/TRAINSET/A/w.wag") + ":3: ") +
+                              "ERROR: Single files: 1 finding\n"
+                              "  error: " +
+                                  at("TRAINS/TRAINSET/A/w.wag") + ":3: " +
                                   "shape \"lost.s\" is missing\n1 error, 1 warning, 0 notes\n",
                               ""};
     const Outcome text = health({});
