@@ -174,7 +174,7 @@ Snapshot::~Snapshot() = default;
 namespace {
 
 /// True if the listings of a place show every file that the name can mean.
-bool listsAll(const std::vector<GameFiles::Listings::Listed> &place)
+template <typename Place> bool listsAll(const Place &place)
 {
     return !disk::kIgnoresCase && !place.empty() &&
            std::all_of(place.begin(), place.end(),
