@@ -10,7 +10,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <set>
 
 namespace {
@@ -28,20 +27,6 @@ Files filesBelow(const fs::path &folder, const std::set<std::string> &extensions
     return found;
 }
 
-void readOnce(const Files &files)
-{
-    static std::vector<char> buffer(1 << 20);
-    for (const std::string &name : files) {
-        const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::fopen(name.c_str(), "rb"),
-                                                                    std::fclose);
-        if (!file)
-            continue;
-        std::setvbuf(file.get(), nullptr, _IONBF, 0);
-        while (std::fread(buffer.data(), 1, buffer.size(), file.get()) == buffer.size())
-            continue;
-    }
-}
-
 class Bench
 {
 public:
@@ -57,9 +42,9 @@ public:
     {
         const auto findAndRead = [this] {
             bench::RunQuietly({"find", m_folder});
-            readOnce(m_checked);
+            bench::ReadOnce(m_checked);
         };
-        const auto readConsists = [this] { readOnce(m_consists); };
+        const auto readConsists = [this] { bench::ReadOnce(m_consists); };
         const auto zelkctl = [this] {
             bench::RunQuietly(
                 {"sh", "-c", "\"$0\" --msts \"$1\" check all || test $? = 1", ZELKCTL, m_folder});

@@ -7,27 +7,10 @@
 #include "host/GameFiles.h"
 
 #include <cstdio>
-#include <memory>
 #include <mutex>
 #include <set>
 
 namespace {
-
-using Files = std::set<std::string>;
-
-void readOnce(const Files &files)
-{
-    static std::vector<char> buffer(1 << 20);
-    for (const std::string &name : files) {
-        const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::fopen(name.c_str(), "rb"),
-                                                                    std::fclose);
-        if (!file)
-            continue;
-        std::setvbuf(file.get(), nullptr, _IONBF, 0);
-        while (std::fread(buffer.data(), 1, buffer.size(), file.get()) == buffer.size())
-            continue;
-    }
-}
 
 content::HealthReport check(const std::string &folder, std::size_t workers,
                             std::function<void(const std::string &)> fileRead = {})
@@ -40,15 +23,15 @@ content::HealthReport check(const std::string &folder, std::size_t workers,
     return run.Run();
 }
 
-Files filesOf(const std::string &folder)
+std::vector<std::string> filesOf(const std::string &folder)
 {
     std::mutex mutex;
-    Files opened;
+    std::set<std::string> opened;
     check(folder, 1, [&](const std::string &path) {
         const std::lock_guard lock(mutex);
         opened.insert(path);
     });
-    return opened;
+    return {opened.begin(), opened.end()};
 }
 
 } // namespace
@@ -64,8 +47,8 @@ int main(int argc, char **argv)
         return [&folder, workers] { check(folder, workers); };
     };
     const double memory = bench::PeakMebibytes(withWorkers(2)); // first: no freed memory to reuse
-    const Files files = filesOf(folder);
-    const auto readAll = [&] { readOnce(files); };
+    const std::vector<std::string> files = filesOf(folder);
+    const auto readAll = [&] { bench::ReadOnce(files); };
     const auto zelkctl = [&] {
         bench::RunQuietly({ZELKCTL, "--msts", folder, "health", "--profile", "both", "--fail-on",
                            "never", "--quiet"});

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdio>
 #include <limits>
+#include <memory>
 #include <utility>
 
 namespace bench {
@@ -31,6 +32,20 @@ double Milliseconds(const std::function<void()> &work)
     const Clock::time_point start = Clock::now();
     work();
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+void ReadOnce(const std::vector<std::string> &files)
+{
+    static std::vector<char> buffer(1 << 20);
+    for (const std::string &name : files) {
+        const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::fopen(name.c_str(), "rb"),
+                                                                    std::fclose);
+        if (!file)
+            continue;
+        std::setvbuf(file.get(), nullptr, _IONBF, 0);
+        while (std::fread(buffer.data(), 1, buffer.size(), file.get()) == buffer.size())
+            continue;
+    }
 }
 
 Row Compare(std::string what, const std::function<void()> &work, std::string yardstick,

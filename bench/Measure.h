@@ -25,6 +25,9 @@ void PrintTable(const std::vector<Row> &rows);
 /// Returns the duration of one call, in milliseconds.
 double Milliseconds(const std::function<void()> &work);
 
+/// Reads files from start to end, in blocks of 1 MiB; skips those that cannot be opened.
+void ReadOnce(const std::vector<std::string> &files);
+
 /// Runs both alternately and stores the shortest time of each, because disturbances only add time.
 /// For processor times it uses the sums, because they are disturbed less and their clock is coarse.
 Row Compare(std::string what, const std::function<void()> &work, std::string yardstick,

@@ -190,16 +190,15 @@ HealthReport HealthRun::reportSoFar()
 
 void HealthRun::handOutPartial()
 {
-    using namespace std::chrono_literals;
     using Clock = std::chrono::steady_clock;
     if (!Partial)
         return;
     const Clock::time_point now = Clock::now();
-    if (m_partialInterval == Clock::duration::zero()) {
-        m_partialInterval = 500ms;
+    if (!m_nextPartial) {
+        m_partialInterval = m_options.firstPartial;
         m_nextPartial = now + m_partialInterval;
     }
-    if (now < m_nextPartial || m_stopped)
+    if (now < *m_nextPartial || m_stopped)
         return;
     HealthReport partial = reportSoFar();
     GroupByCause(partial, *m_snapshot, m_folders);

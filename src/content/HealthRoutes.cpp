@@ -2,6 +2,7 @@
 // The part of HealthRun that reads the routes' worlds.
 #include "content/HealthRun.h"
 
+#include "content/Timetable.h"
 #include "content/WorldFile.h"
 #include "host/Path.h"
 #include "host/Text.h"
@@ -13,6 +14,69 @@
 #include <tuple>
 
 namespace content {
+
+HealthRun::Unit HealthRun::service(const std::string &path) const
+{
+    Unit unit;
+    unit.user = path;
+    const ReadResult read = m_store.Read(path);
+    if (!read.source || !IsService(*read.source)) {
+        unit.drafts.push_back(DamagedFile(
+            Kind::ServiceConsist, "damaged-service", path,
+            read.source ? "there is no Service_Definition block" : read.fault, Severity::Error));
+        return unit;
+    }
+    unit.name = NameOfService(*read.source);
+    for (Reference &reference : ReferencesOfService(*read.source))
+        addReference(std::move(reference), {path, {}, {}}, unit, &m_consistNames);
+    return unit;
+}
+
+HealthRun::Unit HealthRun::activity(const std::string &path, const NamedFiles &services) const
+{
+    Unit unit;
+    unit.user = path;
+    const ReadResult read = m_store.Read(path);
+    if (!read.source || !IsActivity(*read.source)) {
+        unit.drafts.push_back(DamagedFile(
+            Kind::ActivityService, "damaged-activity", path,
+            read.source ? "there is no Tr_Activity block" : read.fault, Severity::Error));
+        return unit;
+    }
+    const Context context{path, {}, FolderOfPath(FolderOfPath(path))};
+    for (Reference &reference : ReferencesOfActivity(*read.source))
+        addReference(std::move(reference), context, unit, &services);
+    return unit;
+}
+
+HealthRun::Units HealthRun::timetables(const std::string &path) const
+{
+    std::vector<std::string> files = {path};
+    std::string fault;
+    std::string bytes = m_store.Bytes(path, fault);
+    const std::string extension = host::path::Extension(path);
+    if (fault.empty() && extension.starts_with("timetablelist")) {
+        files.clear(); // all timetables beside the list are read anyway
+        for (const std::string &name : TimetablesOfList(std::move(bytes)))
+            if (auto found = m_snapshot->FindFile(PathIn(FolderOfPath(path), name));
+                found && FolderOfPath(*found) != FolderOfPath(path))
+                files.push_back(std::move(*found));
+    }
+    Units units;
+    for (const std::string &file : files) {
+        Unit &unit = units.emplace_back();
+        unit.user = file;
+        if (file != path || bytes.empty())
+            bytes = m_store.Bytes(file, fault);
+        if (!fault.empty())
+            unit.drafts.push_back(DamagedFile(Kind::TimetableConsist, "damaged-timetable", file,
+                                              fault, Severity::Error, Profile::OpenRails));
+        for (Reference &reference : ReferencesOfTimetable(std::move(bytes)))
+            addReference(std::move(reference), {file, {}, {}}, unit);
+        bytes.clear();
+    }
+    return units;
+}
 
 std::vector<HealthRun::World> HealthRun::worldFiles() const
 {

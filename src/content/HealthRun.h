@@ -35,6 +35,7 @@ struct HealthOptions
     bool routes = false;  ///< also checks the routes' own shapes and textures
     bool keepAll = false; ///< also reports references that are in order
     std::size_t workers = host::DefaultWorkers();
+    std::chrono::milliseconds firstPartial{500}; ///< time before the first findings are handed out
 };
 
 /// Checks the references of an installation, or of some of its consists, by the rules of the
@@ -55,9 +56,9 @@ public:
     /// Called on any thread with the path of each file before it is read.
     std::function<void(const std::string &path)> FileRead;
 
-    /// Called on the thread of Run with the findings so far, first after about half a second and
-    /// then at growing intervals. These reports lack candidates, and their answers do not
-    /// distinguish misplaced files from missing ones.
+    /// Called on the thread of Run with the findings so far, first after about
+    /// HealthOptions::firstPartial and then at growing intervals. These reports lack candidates,
+    /// and their answers do not distinguish misplaced files from missing ones.
     std::function<void(HealthReport report)> Partial;
 
     HealthReport Run();
@@ -169,7 +170,7 @@ private:
     std::unordered_map<std::string, std::size_t> m_byKey; ///< into m_merged
     std::size_t m_done = 0, m_total = 0;
     HealthCounts m_checked;
-    std::chrono::steady_clock::time_point m_nextPartial;
+    std::optional<std::chrono::steady_clock::time_point> m_nextPartial;
     std::chrono::steady_clock::duration m_partialInterval{};
     std::atomic<bool> m_stopped = false;
 };

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kSection = "Health";
 
-/// Paths contain characters that keys cannot, so that a fingerprint stands for the folder.
+/// Keys hold a fingerprint of the folder, because paths contain characters that keys cannot.
 std::string keyOf(const std::string &folder)
 {
     return "Profile-" + host::Fingerprint(host::ToUpper(host::path::Normalise(folder)));

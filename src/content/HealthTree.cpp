@@ -110,8 +110,8 @@ HealthTree::HealthTree(std::shared_ptr<const HealthIndex> index, const HealthFil
     build(m_isShown);
 }
 
-/// A part of a report cannot tell a changed answer, because it does not distinguish misplaced files
-/// from missing ones.
+/// In a part of a report no answer counts as changed, because it does not distinguish misplaced
+/// files from missing ones.
 void HealthTree::compare(const Baseline &known)
 {
     const std::vector<Finding> &findings = m_index->Report().findings;

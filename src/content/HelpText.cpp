@@ -12,6 +12,9 @@
 namespace content {
 namespace {
 
+constexpr const char *kDamagedAdvice =
+    "Install the file again. If it is text, you can also correct it in a text editor.";
+
 constexpr std::size_t kListed = 3; ///< items of a list in a text for help
 
 /// A list of different texts that is cut when it is shown.
@@ -131,7 +134,7 @@ std::string AdviceFor(const Finding &finding)
         if (finding.rule == row.rule)
             return row.advice;
     if (finding.rule.starts_with("damaged-"))
-        return "Install the file again, or correct it in a text editor.";
+        return kDamagedAdvice;
     return adviceForMissing(finding);
 }
 
@@ -142,7 +145,7 @@ std::string AdviceFor(const Cause &cause)
     if (cause.id == "default-sounds")
         return "Copy the sounds of Train Simulator to the SOUND folder of the installation.";
     if (cause.id.starts_with("damaged:"))
-        return "Install the file again, or correct it in a text editor.";
+        return kDamagedAdvice;
     if (cause.id.starts_with("folder:"))
         return "Install the folder, or replace it in the files that name it.";
     return "Select a finding for details.";

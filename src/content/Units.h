@@ -62,7 +62,7 @@ struct Quantity
 ///     value  = product [ "#" remark ]
 ///     product = number [ unit ] { "*" number [ unit ] }
 ///
-/// Blanks may stand between all parts. At most one factor has a unit. A force may also be an
+/// Blanks are allowed between all parts. At most one factor has a unit. A force may also be an
 /// acceleration (without a unit, in N/kg or in m/s^2) times a mass; in such a product, "lb" is a
 /// mass. Numbers are read in the same way in every locale. Takes linear time.
 Quantity ReadQuantity(std::string_view text, Measure measure);

@@ -385,7 +385,7 @@ private:
             add(primeMovers, read(hit, "ORTSDieselEngines", Measure::Power));
         if (primeMovers.state == Figure::State::NotGiven)
             primeMovers = last(ShaftPower, "ORTSDieselEngineMaxPower", Measure::Power);
-        // A driving trailer has no traction of its own.
+        // A driving trailer does not pull.
         const bool hasTraction = m_out.isEngine && !Block::SameName(m_out.engineType, "Control");
         set(FigureId::Power, std::move(power), hasTraction);
         set(FigureId::PrimeMoverPower, std::move(primeMovers), hasTraction);

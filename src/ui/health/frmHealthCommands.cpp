@@ -28,7 +28,7 @@ namespace {
 
 constexpr char kSave[] = "Save Health Report", kAccept[] = "Accept as Known";
 
-/// Returns the report in the format that the extension of the file name stands for.
+/// Returns the report in the format that the extension of the file name selects.
 std::string textFor(const std::string &extension, const content::HealthReport &report)
 {
     std::string text;
@@ -114,7 +114,7 @@ void frmHealth::Copy() const
         QGuiApplication::clipboard()->setText(QString::fromStdString(text));
 }
 
-/// Returns the path that the current row stands for; "" if it stands for none.
+/// Returns the path of the current row's file or folder; "" if the row has none.
 std::string frmHealth::pathOfCurrent() const
 {
     const HealthModel::Node node = tvFindings->Current();
