@@ -86,8 +86,10 @@ int LineCounter::LineOf(std::size_t place)
         m_at = 0;
         m_line = 1;
     }
-    for (; m_at < place; ++m_at)
-        m_line += m_text[m_at] == '\n';
+    m_line += static_cast<int>(
+        std::count(m_text.begin() + static_cast<std::ptrdiff_t>(m_at),
+                   m_text.begin() + static_cast<std::ptrdiff_t>(place), '\n'));
+    m_at = place;
     return m_line;
 }
 
