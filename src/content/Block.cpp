@@ -86,9 +86,9 @@ int LineCounter::LineOf(std::size_t place)
         m_at = 0;
         m_line = 1;
     }
-    m_line += static_cast<int>(
-        std::count(m_text.begin() + static_cast<std::ptrdiff_t>(m_at),
-                   m_text.begin() + static_cast<std::ptrdiff_t>(place), '\n'));
+    m_line +=
+        static_cast<int>(std::count(m_text.begin() + static_cast<std::ptrdiff_t>(m_at),
+                                    m_text.begin() + static_cast<std::ptrdiff_t>(place), '\n'));
     m_at = place;
     return m_line;
 }

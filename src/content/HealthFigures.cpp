@@ -59,7 +59,7 @@ bool isOpenRailsOnly(std::string_view rule)
 std::vector<Draft> UnreadableFigures(const Vehicle &vehicle, Profiles profiles)
 {
     std::vector<Draft> drafts;
-    const VehicleFigures figures = FiguresOf(vehicle);
+    const VehicleFigures figures = FaultyFiguresOf(vehicle);
     // Two figures may come from the same entry.
     std::set<std::tuple<std::uint32_t, int, std::string_view>> reported;
     for (std::size_t i = 0; i < kFigures; ++i) {

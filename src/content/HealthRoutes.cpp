@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <mutex>
 #include <string_view>
 #include <tuple>
 
@@ -140,11 +139,8 @@ void HealthRun::sortUses(Unit &route)
 void HealthRun::addRouteShape(Reference reference, const World &world, Unit &unit) const
 {
     const std::string key = world.route + '\n' + host::ToUpper(reference.wants);
-    if (!m_options.keepAll) {
-        const std::shared_lock lock(m_unitsMutex);
-        if (m_units.contains(key))
-            return;
-    }
+    if (!m_options.keepAll && m_units.Has(key))
+        return;
     Draft draft;
     draft.reference = std::move(reference);
     draft.reference.profiles = world.profiles;
@@ -152,12 +148,10 @@ void HealthRun::addRouteShape(Reference reference, const World &world, Unit &uni
     draft.stock = world.route;
     draft.at = m_resolver.Resolve(draft.reference, {world.path, {}, world.route});
     follow(draft, world.route, unit);
-    if (m_options.keepAll || draft.IsProblem()) {
+    if (m_options.keepAll || draft.IsProblem())
         unit.drafts.push_back(std::move(draft));
-    } else if (world.profiles == Profiles::Both()) {
-        const std::unique_lock lock(m_unitsMutex);
-        m_units.insert(key);
-    }
+    else if (world.profiles == Profiles::Both())
+        m_units.Add(key);
 }
 
 } // namespace content

@@ -314,22 +314,26 @@ std::string HealthRun::unitKey(const Reference &reference)
 /// Large collections have several hundred thousand units, but most name the same vehicles.
 bool HealthRun::isKnownUnit(const Reference &reference) const
 {
-    if (m_options.keepAll || !m_options.consists.empty())
+    if (!skipsKnownUnits())
         return false;
     const std::string key = unitKey(reference);
-    if (m_stock.contains(host::ToUpper(key)))
-        return true;
-    const std::shared_lock lock(m_unitsMutex);
-    return m_units.contains(key);
+    return m_stock.contains(host::ToUpper(key)) || m_units.Has(key);
 }
 
-void HealthRun::addReference(Reference reference, const Context &context, Unit &unit,
+/// Returns the text of a unit's data block, which most consists share with others.
+std::string_view HealthRun::spellingOf(const Block &data)
+{
+    const stavfile::Record &record = data.Source().records[data.Record()];
+    return std::string_view(data.Source().text).substr(record.begin, record.end - record.begin);
+}
+
+bool HealthRun::addReference(Reference reference, const Context &context, Unit &unit,
                              const NamedFiles *named) const
 {
     const Kind kind = reference.kind;
     const bool isUnit = kind == Kind::ConsistVehicle || kind == Kind::ActivityVehicle;
     if (isUnit && isKnownUnit(reference))
-        return;
+        return true;
     Draft draft;
     draft.reference = std::move(reference);
     draft.file = context.file;
@@ -338,12 +342,12 @@ void HealthRun::addReference(Reference reference, const Context &context, Unit &
         for (const Resolution &resolution : draft.at)
             if (!m_options.consists.empty() && !resolution.foundAt.empty())
                 unit.vehicles.push_back(resolution.foundAt);
-    if (m_options.keepAll || draft.IsProblem()) {
+    const bool isProblem = draft.IsProblem();
+    if (m_options.keepAll || isProblem)
         unit.drafts.push_back(std::move(draft));
-    } else if (isUnit) {
-        const std::unique_lock lock(m_unitsMutex);
-        m_units.insert(unitKey(draft.reference));
-    }
+    else if (isUnit)
+        m_units.Add(unitKey(draft.reference));
+    return !isProblem;
 }
 
 std::vector<std::string> HealthRun::allConsists() const
@@ -404,8 +408,13 @@ HealthRun::Unit HealthRun::consist(const std::string &path) const
         return unit;
     }
     unit.name = NameOfConsist(*read.source);
-    for (Reference &reference : ReferencesOfConsist(*read.source))
-        addReference(std::move(reference), {path, {}, {}}, unit);
+    KnownTexts &spellings = m_spellings[static_cast<std::size_t>(read.source->encoding)];
+    const auto isKnown = [&](const Block &data) {
+        return skipsKnownUnits() && spellings.Has(spellingOf(data));
+    };
+    for (UnitReference &each : UnitsOfConsist(*read.source, isKnown))
+        if (addReference(std::move(each.reference), {path, {}, {}}, unit) && skipsKnownUnits())
+            spellings.Add(spellingOf(each.data));
     return unit;
 }
 

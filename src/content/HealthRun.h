@@ -2,10 +2,12 @@
 #pragma once
 
 #include "content/Finding.h"
+#include "content/KnownTexts.h"
 #include "content/SharedFiles.h"
 #include "content/Vehicle.h"
 #include "host/Ahead.h"
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <cstddef>
@@ -13,8 +15,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <shared_mutex>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -107,10 +109,14 @@ private:
                     Unit &unit) const;
     void addIncludes(const Vehicle &vehicle, Unit &unit) const;
     void addCabOf3dCab(const Draft &cab, const std::string &stock, bool has2dCab, Unit &unit) const;
-    void addReference(Reference reference, const Context &context, Unit &unit,
+    /// Returns false for a reference with a problem.
+    bool addReference(Reference reference, const Context &context, Unit &unit,
                       const NamedFiles *named = nullptr) const;
     /// True for a unit whose vehicle was found earlier, so that it needs no look-up.
     bool isKnownUnit(const Reference &reference) const;
+    static std::string_view spellingOf(const Block &data);
+    /// True if units in order need no draft.
+    bool skipsKnownUnits() const { return !m_options.keepAll && m_options.consists.empty(); }
     void follow(const Draft &draft, const std::string &stock, Unit &unit) const;
     Unit consist(const std::string &path) const;
     Unit service(const std::string &path) const;
@@ -161,9 +167,8 @@ private:
     /// Vehicles that both simulators find, as "FOLDER/NAME.WAG" in upper case. Complete and
     /// constant before other threads read it.
     std::unordered_set<std::string> m_stock;
-    mutable std::shared_mutex m_unitsMutex;
-    mutable std::unordered_set<std::string>
-        m_units; ///< units and shapes of routes that are in order
+    mutable KnownTexts m_units;                    ///< units and shapes of routes that are in order
+    mutable std::array<KnownTexts, 4> m_spellings; ///< data blocks of such units, by encoding
     NamedFiles m_consistNames;
     std::vector<std::string> m_users;
     std::vector<Merged> m_merged;

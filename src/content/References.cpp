@@ -13,6 +13,8 @@
 namespace content {
 namespace {
 
+constexpr std::string_view kEot = "Eot";
+
 constexpr std::size_t kMaxJoined = 6; ///< maximum words of a name without quotes
 
 /// Appends the extension if it is not "" and the name lacks it.
@@ -85,7 +87,7 @@ std::string valueAt(const stavfile::Source &source, std::string_view top, std::s
 Reference toUnit(Kind kind, const Block &data, std::string_view type, LineCounter &lines)
 {
     Reference reference;
-    reference.kind = kind;
+    reference.kind = type == kEot ? Kind::ConsistEot : kind;
     reference.line = lines.LineOf(data.Where());
     const std::string name = data.Value(0), folder = data.Value(1);
     reference.wants = data.ValueCount() > 1 ? name + ' ' + folder : name;
@@ -98,16 +100,14 @@ Reference toUnit(Kind kind, const Block &data, std::string_view type, LineCounte
     return reference;
 }
 
-void addUnit(Kind kind, const Block &block, LineCounter &lines, std::vector<Reference> &found)
+/// Returns the kind of stock that a data block names: Engine, Wagon or Eot; "" for other blocks.
+std::string_view typeOfUnit(const Block &block)
 {
-    if (block.ValueCount() == 0)
-        return;
     if (block.Is("EngineData"))
-        found.push_back(toUnit(kind, block, install::kEngine, lines));
-    else if (block.Is("WagonData"))
-        found.push_back(toUnit(kind, block, install::kWagon, lines));
-    else if (block.Is("EOTData"))
-        found.push_back(toUnit(Kind::ConsistEot, block, "Eot", lines));
+        return install::kEngine;
+    if (block.Is("WagonData"))
+        return install::kWagon;
+    return block.Is("EOTData") ? kEot : std::string_view();
 }
 
 bool isDigital(std::string_view control)
@@ -182,12 +182,24 @@ std::vector<Reference> ReferencesOfCabView(const stavfile::Source &source)
     return found;
 }
 
+std::vector<UnitReference> UnitsOfConsist(const stavfile::Source &source,
+                                          const std::function<bool(const Block &data)> &isKnown)
+{
+    std::vector<UnitReference> found;
+    LineCounter lines(source);
+    everyBlock(source, [&](const Block &block) {
+        const std::string_view type = typeOfUnit(block);
+        if (!type.empty() && block.ValueCount() > 0 && !(isKnown && isKnown(block)))
+            found.push_back({toUnit(Kind::ConsistVehicle, block, type, lines), block});
+    });
+    return found;
+}
+
 std::vector<Reference> ReferencesOfConsist(const stavfile::Source &source)
 {
     std::vector<Reference> found;
-    LineCounter lines(source);
-    everyBlock(source,
-               [&](const Block &block) { addUnit(Kind::ConsistVehicle, block, lines, found); });
+    for (UnitReference &unit : UnitsOfConsist(source, {}))
+        found.push_back(std::move(unit.reference));
     return found;
 }
 
@@ -213,14 +225,17 @@ std::vector<Reference> ReferencesOfActivity(const stavfile::Source &source)
         const bool inTraffic = block.Record() < trafficEnd;
         if (block.Is("Traffic_Definition"))
             trafficEnd = source.records[block.Record()].next;
-        addUnit(Kind::ActivityVehicle, block, lines, found);
-        if (NamesNothing(block.Value()))
+        if (const std::string_view type = typeOfUnit(block); !type.empty()) {
+            if (block.ValueCount() > 0)
+                found.push_back(toUnit(Kind::ActivityVehicle, block, type, lines));
             return;
-        if (block.Is("Traffic_Definition"))
-            found.push_back(toFile(Kind::ActivityTraffic, block, lines, 0, "trf"));
-        else if (block.Is("Player_Service_Definition") ||
-                 (inTraffic && block.Is("Service_Definition")))
-            found.push_back(toFile(Kind::ActivityService, block, lines, 0, "srv"));
+        }
+        const bool isTraffic = block.Is("Traffic_Definition");
+        const bool isService =
+            block.Is("Player_Service_Definition") || (inTraffic && block.Is("Service_Definition"));
+        if ((isTraffic || isService) && !NamesNothing(block.Value()))
+            found.push_back(isTraffic ? toFile(Kind::ActivityTraffic, block, lines, 0, "trf")
+                                      : toFile(Kind::ActivityService, block, lines, 0, "srv"));
     });
     return found;
 }

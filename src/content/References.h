@@ -5,6 +5,7 @@
 #include "content/Vehicle.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,8 +54,17 @@ std::vector<VehicleReference> ReferencesOf(const Vehicle &vehicle, Profiles prof
 std::vector<Reference> ReferencesOfSound(const stavfile::Source &source);
 /// Returns the images of a cab view. Those of digital displays are marked as not needed.
 std::vector<Reference> ReferencesOfCabView(const stavfile::Source &source);
+/// A unit of a consist.
+struct UnitReference
+{
+    Reference reference;
+    Block data; ///< EngineData, WagonData or EOTData
+};
 /// Returns the vehicles and end-of-train devices of a consist, including units outside the train
-/// block if that was closed too early.
+/// block if that was closed too early. Leaves out units whose data block `isKnown`.
+std::vector<UnitReference> UnitsOfConsist(const stavfile::Source &source,
+                                          const std::function<bool(const Block &data)> &isKnown);
+/// Like UnitsOfConsist, but returns only the references, of all units.
 std::vector<Reference> ReferencesOfConsist(const stavfile::Source &source);
 /// Returns the consist of a service.
 std::vector<Reference> ReferencesOfService(const stavfile::Source &source);

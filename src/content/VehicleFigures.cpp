@@ -132,16 +132,24 @@ const Key *keyOf(Part part, const Block &block)
 struct Hit
 {
     std::uint32_t entry = 0;
-    int line = 0;
 };
 using Hits = std::vector<Hit>;
+
+enum class Wanted : bool
+{
+    Everything,
+    Faults
+};
 
 class Reader
 {
 public:
-    explicit Reader(const Vehicle &vehicle)
+    Reader(const Vehicle &vehicle, Wanted wanted)
         : m_vehicle(vehicle)
+        , m_wanted(wanted)
     {
+        for (const Vehicle::File &file : vehicle.Files())
+            m_lines.emplace_back(*file.source);
         collect();
         for (const Slot slot : {CouplerType, Break})
             keepLastFile(slot);
@@ -164,9 +172,6 @@ public:
 private:
     void collect()
     {
-        std::vector<LineCounter> lines;
-        for (const Vehicle::File &file : m_vehicle.Files())
-            lines.emplace_back(*file.source);
         std::vector<Part> parts;
         parts.reserve(m_vehicle.Entries().size());
         for (const Vehicle::Entry &entry : m_vehicle.Entries()) {
@@ -177,8 +182,7 @@ private:
             }
             const Part parent = entry.parent == Vehicle::kTop ? Part::Top : parts[entry.parent];
             if (const Key *const key = keyOf(parent, block))
-                m_hits[key->slot].push_back({static_cast<std::uint32_t>(parts.size()),
-                                             lines[entry.file].LineOf(block.Where())});
+                m_hits[key->slot].push_back({static_cast<std::uint32_t>(parts.size())});
             parts.push_back(partBelow(parent, block));
             m_hasEngine = m_hasEngine || parts.back() == Part::Engine;
         }
@@ -217,13 +221,12 @@ private:
         return m_hits[slot].empty() ? std::string() : blockOf(m_hits[slot].back()).Value();
     }
 
-    Figure read(const Hit &hit, const char *rule, Measure measure, std::size_t index = 0) const
+    Figure read(const Hit &hit, const char *rule, Measure measure, std::size_t index = 0)
     {
         Figure figure;
         figure.rule = rule;
         figure.text = blockOf(hit).Value(index);
         figure.file = entryOf(hit).file;
-        figure.line = hit.line;
         const Quantity quantity = ReadQuantity(figure.text, measure);
         figure.value = quantity.value;
         switch (quantity.state) {
@@ -239,9 +242,11 @@ private:
             figure.state = Figure::State::NotFinite;
             break;
         }
+        if (m_wanted == Wanted::Everything || figure.IsFaulty())
+            figure.line = m_lines[figure.file].LineOf(blockOf(hit).Where());
         return figure;
     }
-    Figure last(Slot slot, const char *rule, Measure measure) const
+    Figure last(Slot slot, const char *rule, Measure measure)
     {
         return m_hits[slot].empty() ? Figure() : read(m_hits[slot].back(), rule, measure);
     }
@@ -279,13 +284,19 @@ private:
         const bool isEngineFile =
             !m_out.files.empty() && host::path::HasExtension(m_out.files.front(), "eng");
         m_out.isEngine = m_hasEngine || isEngineFile;
-        for (const char *const path : {"Engine/Name", "Wagon/Name"})
-            if (const auto name = m_vehicle.Find(path); name && m_out.name.empty())
-                m_out.name = name->text;
+        if (m_wanted == Wanted::Everything)
+            readName();
         m_out.wagonType = textOf(WagonType);
         m_out.engineType = textOf(EngineType);
         m_out.brakeSystem = textOf(BrakeSystem);
         m_out.hasEffortCurves = !m_hits[ForceCurves].empty();
+    }
+
+    void readName()
+    {
+        for (const char *const path : {"Engine/Name", "Wagon/Name"})
+            if (const auto name = m_vehicle.Find(path); name && m_out.name.empty())
+                m_out.name = name->text;
     }
 
     void readBody()
@@ -305,7 +316,7 @@ private:
         m_out[FigureId::Axles] = axles;
     }
 
-    Figure length() const
+    Figure length()
     {
         if (m_hits[Size].empty())
             return {};
@@ -394,7 +405,7 @@ private:
         set(FigureId::MaximumSpeed, positive(last(MaxVelocity, "MaxVelocity", Measure::Speed)),
             m_out.isEngine);
     }
-    Figure continuousEffort(const Figure &starting) const
+    Figure continuousEffort(const Figure &starting)
     {
         Figure own = positive(last(ContinuousForce, "MaxContinuousForce", Measure::Force));
         const bool isOwn = own.state != Figure::State::NotGiven;
@@ -413,6 +424,8 @@ private:
     static constexpr std::size_t kMostCouplers = 4;
     static constexpr std::size_t kLongestSum = 1000; ///< texts of more parts are cut off
     const Vehicle &m_vehicle;
+    const Wanted m_wanted;
+    std::vector<LineCounter> m_lines;
     std::array<Hits, Slots> m_hits;
     bool m_hasEngine = false;
     VehicleFigures m_out;
@@ -446,7 +459,12 @@ const char *Figure::Reason() const
 
 VehicleFigures FiguresOf(const Vehicle &vehicle)
 {
-    return Reader(vehicle).Read();
+    return Reader(vehicle, Wanted::Everything).Read();
+}
+
+VehicleFigures FaultyFiguresOf(const Vehicle &vehicle)
+{
+    return Reader(vehicle, Wanted::Faults).Read();
 }
 
 } // namespace content

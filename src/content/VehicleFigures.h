@@ -82,5 +82,8 @@ inline constexpr const char *kNumWheels = "NumWheels";
 
 /// Reads the figures of a vehicle. All are NotGiven if the vehicle could not be read.
 VehicleFigures FiguresOf(const Vehicle &vehicle);
+/// Like FiguresOf, but leaves out the name, and the lines of figures that are not faulty. Takes
+/// half the time.
+VehicleFigures FaultyFiguresOf(const Vehicle &vehicle);
 
 } // namespace content
