@@ -116,7 +116,7 @@ TEST_F(MissingMarksTest, TrainMarksFollowEditsAndF5)
     press("cmdMove0");
     ASSERT_TRUE(becomes(train(), "Oil,Oil"));
     EXPECT_EQ(dataOf(train(), 3, 2, Qt::ToolTipRole).toStdString(),
-              "The file " + game.At("Trains/Trainset/Tankers/gone.s") +
+              "The file " + game.Shown("Trains/Trainset/Tankers/gone.s") +
                   " is missing: MSTS and Open Rails do not find the shape of this vehicle.");
 
     writeOil();
