@@ -20,9 +20,13 @@ constexpr std::string_view kHead = R"(<!DOCTYPE html>
 :root { color-scheme: light dark; }
 body { font: 15px/1.4 sans-serif; margin: 1.5em auto; max-width: 75em; padding: 0 1em; }
 h2 { font-size: 1.1em; margin: 1.8em 0 .4em; }
-table { border-collapse: collapse; width: 100%; }
+table { border-collapse: collapse; table-layout: fixed; width: 100%; }
 th, td { border: 1px solid #8888; overflow-wrap: anywhere; padding: .25em .5em; text-align: left; vertical-align: top; }
-ul { margin: .2em 0; padding-left: 1.2em; }
+th:nth-child(1) { width: 5em; }
+th:nth-child(2) { width: 6em; }
+th:nth-child(1), th:nth-child(2), td:nth-child(1), td:nth-child(2) { overflow-wrap: normal; }
+ul { list-style: none; margin: 0; padding: 0; }
+li + li { margin-top: .2em; }
 .error { color: light-dark(#b00020, #ff8a95); }
 .warning { color: light-dark(#805000, #f0c060); }
 .note { color: light-dark(#005a8c, #7cc4f0); }
