@@ -14,6 +14,9 @@
 #include "korvat/model/ModelLibrary.h"
 #include "ui/dialogs/QtDialogs.h"
 #include "ui/document/MissingLookUp.h"
+#include "ui/health/HealthFilterBar.h"
+#include "ui/health/HealthView.h"
+#include "ui/health/frmHealth.h"
 #include "ui/main/Colours.h"
 #include "ui/main/Program.h"
 #include "ui/main/QtDesktop.h"
@@ -21,6 +24,8 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QTimer>
@@ -30,6 +35,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <functional>
 #include <limits>
 #include <memory>
@@ -260,6 +266,60 @@ int markConsists(const std::string &folder)
     watch.End();
 }
 
+/// Makes an installation whose health report has this many findings: half of the missing vehicles
+/// are of folders that do not exist.
+void makeUnhealthy(const std::filesystem::path &folder, int findings)
+{
+    constexpr int kUnits = 500, kFolders = 50;
+    namespace fs = std::filesystem;
+    const fs::path consists = folder / "TRAINS/CONSISTS";
+    fs::create_directories(consists);
+    fs::create_directories(folder / "TRAINS/TRAINSET/Here");
+    for (int first = 0; first < findings; first += kUnits) {
+        const std::string name = "c" + std::to_string(first);
+        std::ofstream out(consists / (name + ".con"), std::ios::binary);
+        out << "\nTrain ( TrainCfg ( " << name << '\n';
+        for (int unit = first; unit < first + kUnits; ++unit) {
+            const std::string away = "Away" + std::to_string(unit % kFolders);
+            out << "Wagon ( WagonData ( w" << unit << ' ' << (unit % 2 ? away : "Here") << " ) )\n";
+        }
+        out << ") )\n";
+    }
+}
+
+/// Measures while the health report is made, searched, filtered and unfolded.
+int reportHealth(const std::string &folder)
+{
+    const Program program(folder);
+    QCoreApplication::processEvents();
+    GapWatch watch;
+    trigger(program, "mnuStockHealth");
+    const auto *form = program.window->findChild<frmHealth *>();
+    if (!form)
+        giveUp("no health window");
+    while (form->Running())
+        QCoreApplication::processEvents();
+    const auto settle = [] {
+        for (int pass = 0; pass < 20; ++pass)
+            QCoreApplication::processEvents();
+    };
+    for (const char *const text : {"w", "w1", "w12", "w1", ""}) {
+        form->filterBar->txtSearch->setText(QLatin1String(text));
+        settle();
+    }
+    QCheckBox &errors = *form->filterBar->chkSeverities.front();
+    for (int i = 0; i < 2; ++i) {
+        errors.click();
+        settle();
+    }
+    const QAbstractItemModel &rows = *form->tvFindings->model();
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        form->tvFindings->expand(rows.index(row, 0));
+        settle();
+    }
+    watch.End();
+}
+
 /// Returns the shortest of several runs of this program with these arguments, each preceded by its
 /// start time.
 double bestOf(const std::vector<std::string> &command)
@@ -309,6 +369,9 @@ int measure(const std::string &program, const std::string &folder)
     addGap("longest gap, checking all stock", {program, "--check", folder});
     addGap("longest gap, marking consists with missing vehicles", {program, "--mark", folder});
     addGap("longest gap, laying out a train in 3D", {program, "--train", train.folder});
+    makeUnhealthy(sample / "unhealthy", 100'000);
+    addGap("longest gap, health of 100,000 findings",
+           {program, "--health", (sample / "unhealthy").string()});
     bench::PrintTable(rows);
     std::printf("%zu consists, %zu stock rows\n", consists.size(), stock);
     std::filesystem::remove_all(sample);
@@ -334,6 +397,8 @@ int main(int argc, char **argv)
         return checkAll(arguments[2]);
     if (arguments[1] == "--mark")
         return markConsists(arguments[2]);
+    if (arguments[1] == "--health")
+        return reportHealth(arguments[2]);
     if (arguments[1] == "--train")
         return viewTrain(arguments[2]);
     return showEmptyWindow(std::stoll(arguments[2]));
