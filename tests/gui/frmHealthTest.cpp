@@ -444,7 +444,10 @@ TEST_F(frmHealthTest, LargeReportIsShownLazily)
     auto &rows = *form->tvFindings->model();
     ASSERT_EQ(rows.rowCount(), 2);
     for (int row = 0; row < 2; ++row) {
-        form->tvFindings->expand(rows.index(row, 0));
+        makeCurrent(*form, rows.index(row, 0));
+        QTest::keyClick(form->tvFindings, Qt::Key_Asterisk);
+        EXPECT_TRUE(form->tvFindings->isExpanded(rows.index(row, 0)));
+        EXPECT_FALSE(form->tvFindings->isExpanded(rows.index(0, 0, rows.index(row, 0))));
         EXPECT_EQ(rows.rowCount(rows.index(row, 0)), kFindings / 2);
     }
     form->tvFindings->scrollToBottom();
