@@ -218,7 +218,7 @@ int searchStock(const std::string &folder, const std::string &consist, int rows)
     QCoreApplication::processEvents();
     program.window->OpenFile(consist);
     QTreeView *list = program.List("lvStock");
-    auto *field = program.window->findChild<QLineEdit *>(QStringLiteral("txtSearchStock"));
+    auto *field = program.window->findChild<QLineEdit *>(QStringLiteral("searchStock"));
     const auto *model = list ? qobject_cast<document::StockListModel *>(list->model()) : nullptr;
     if (!field || !model)
         giveUp("no editor came up");

@@ -56,11 +56,11 @@ protected:
     ListView &list() const { return Find<ListView>(*window->Documents().front(), "lvConsists"); }
     ListView &train() const { return Find<ListView>(*Active(), "lvConsist"); }
     ListView &stock() const { return Find<ListView>(*Active(), "lvStock"); }
-    SearchField &stockField() const { return Find<SearchField>(*Active(), "txtSearchStock"); }
-    SearchField &trainField() const { return Find<SearchField>(*Active(), "txtSearchTrain"); }
+    SearchField &stockField() const { return Find<SearchField>(*Active(), "searchStock"); }
+    SearchField &trainField() const { return Find<SearchField>(*Active(), "searchTrain"); }
     SearchField &listField() const
     {
-        return Find<SearchField>(*window->Documents().front(), "txtSearchConsists");
+        return Find<SearchField>(*window->Documents().front(), "searchConsists");
     }
     std::string stripText() const
     {

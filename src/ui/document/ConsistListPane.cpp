@@ -26,8 +26,7 @@ namespace document {
 ConsistListPane::ConsistListPane(frmDocument &window, DocumentHost &host,
                                  const Furnishing &furnishing)
     : lvConsists(new ListView("lvConsists", QStringLiteral("Installed consists"), this))
-    , txtSearchConsists(
-          new SearchField("txtSearchConsists", QStringLiteral("Search the consists"), this))
+    , searchConsists(new SearchField("searchConsists", QStringLiteral("Search the consists"), this))
     , strip(new TrainStrip(*furnishing.figures, this))
     , m_window(window)
     , m_host(host)
@@ -44,7 +43,7 @@ ConsistListPane::ConsistListPane(frmDocument &window, DocumentHost &host,
     layout->setSpacing(0);
     auto *top = new QHBoxLayout;
     top->setContentsMargins(6, 6, 6, 6);
-    top->addWidget(txtSearchConsists);
+    top->addWidget(searchConsists);
     layout->addLayout(top);
     layout->addWidget(lvConsists, 1);
     strip->setContentsMargins(8, 5, 6, 5);
@@ -57,12 +56,12 @@ ConsistListPane::ConsistListPane(frmDocument &window, DocumentHost &host,
 void ConsistListPane::addSearch()
 {
     m_search =
-        new ConsistSearch(*txtSearchConsists, *lvConsists, *m_model, m_window.Environment(), this);
+        new ConsistSearch(*searchConsists, *lvConsists, *m_model, m_window.Environment(), this);
     auto *key = new QShortcut(Qt::CTRL | Qt::Key_K, this);
     key->setContext(Qt::WidgetWithChildrenShortcut);
     connect(key, &QShortcut::activated, this, [this] {
-        txtSearchConsists->setFocus(Qt::ShortcutFocusReason);
-        txtSearchConsists->selectAll();
+        searchConsists->setFocus(Qt::ShortcutFocusReason);
+        searchConsists->selectAll();
     });
     // The arrow keys may pass many consists.
     constexpr int pause = 60;

@@ -45,7 +45,7 @@ public:
     void FollowSave(const std::string &path) override;
 
     ListView *lvConsists;
-    SearchField *txtSearchConsists;
+    SearchField *searchConsists;
     TrainStrip *strip;
 
 private:

@@ -95,8 +95,8 @@ EditorControls::EditorControls(const Furnishing &furnishing, QWidget *parent)
     : QWidget(parent)
     , lvConsist(new ListView("lvConsist", QStringLiteral("Current consist items"), this))
     , lvStock(new ListView("lvStock", QStringLiteral("Available installed stock"), this))
-    , txtSearchTrain(new SearchField("txtSearchTrain", QStringLiteral("Search the train"), this))
-    , txtSearchStock(new SearchField("txtSearchStock", QStringLiteral("Search the stock"), this))
+    , searchTrain(new SearchField("searchTrain", QStringLiteral("Search the train"), this))
+    , searchStock(new SearchField("searchStock", QStringLiteral("Search the stock"), this))
     , strip(new TrainStrip(*furnishing.figures, this))
     , lblMaxVelocity(new QLabel(QStringLiteral("Max Velocity"), this))
     , lblDurability(new QLabel(QStringLiteral("Durability"), this))
@@ -180,7 +180,7 @@ QLineEdit *EditorControls::figureBox(const char *name, const QString &title)
 QWidget *EditorControls::trainSide()
 {
     auto *side = new QWidget(this);
-    QBoxLayout *layout = listUnder(m_consistHeading, txtSearchTrain, lvConsist);
+    QBoxLayout *layout = listUnder(m_consistHeading, searchTrain, lvConsist);
     layout->setContentsMargins(0, 0, 2, 0);
     side->setLayout(layout);
     return side;
@@ -193,7 +193,7 @@ QWidget *EditorControls::stockSide(const Furnishing &furnishing)
     layout->setContentsMargins(2, 0, 0, 0);
     layout->setSpacing(8);
     layout->addLayout(moveColumn(furnishing));
-    layout->addLayout(listUnder(m_stockHeading, txtSearchStock, lvStock), 1);
+    layout->addLayout(listUnder(m_stockHeading, searchStock, lvStock), 1);
     return side;
 }
 
@@ -278,8 +278,8 @@ void EditorControls::connectLists()
 
 void EditorControls::addSearches()
 {
-    new TrainSearch(*txtSearchTrain, *lvConsist, *m_consist, m_figures, this);
-    m_stockSearch = new StockSearch(*txtSearchStock, *lvStock, *m_stock, m_figures, this);
+    new TrainSearch(*searchTrain, *lvConsist, *m_consist, m_figures, this);
+    m_stockSearch = new StockSearch(*searchStock, *lvStock, *m_stock, m_figures, this);
     auto *key = new QShortcut(Qt::CTRL | Qt::Key_K, this);
     key->setContext(Qt::WidgetWithChildrenShortcut);
     connect(key, &QShortcut::activated, this, &EditorControls::focusSearch);
@@ -288,10 +288,10 @@ void EditorControls::addSearches()
 /// Focuses the field of the list that was last entered. From a field, goes to the other one.
 void EditorControls::focusSearch()
 {
-    const bool stock = txtSearchStock->hasFocus()   ? false
-                       : txtSearchTrain->hasFocus() ? true
-                                                    : focusProxy() == lvStock;
-    SearchField *field = stock ? txtSearchStock : txtSearchTrain;
+    const bool stock = searchStock->hasFocus()   ? false
+                       : searchTrain->hasFocus() ? true
+                                                 : focusProxy() == lvStock;
+    SearchField *field = stock ? searchStock : searchTrain;
     field->setFocus(Qt::ShortcutFocusReason);
     field->selectAll();
 }

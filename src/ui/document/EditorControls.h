@@ -62,8 +62,8 @@ public:
 
     ListView *lvConsist;
     ListView *lvStock;
-    SearchField *txtSearchTrain;
-    SearchField *txtSearchStock;
+    SearchField *searchTrain;
+    SearchField *searchStock;
     TrainStrip *strip;
     std::array<QToolButton *, 6> cmdMove{};
     std::array<QPushButton *, 5> cmdAction{};
