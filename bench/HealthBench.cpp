@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: MIT
-// Compares the health report of an installation with reading the files that it opens once.
+// Compares the health report of an installation, and the figures of its stock, with reading the
+// files that they open once.
 // Usage: zelk-health-bench INSTALLATION
 #include "Measure.h"
 #include "Processes.h"
 #include "content/HealthRun.h"
+#include "content/StockReader.h"
 #include "host/GameFiles.h"
+#include "host/Path.h"
+#include "install/StockFiles.h"
 
+#include <chrono>
 #include <cstdio>
 #include <mutex>
 #include <set>
+#include <thread>
 
 namespace {
 
@@ -34,6 +40,34 @@ std::vector<std::string> filesOf(const std::string &folder)
     return {opened.begin(), opened.end()};
 }
 
+/// The vehicles of an installation and their files.
+struct Stock
+{
+    explicit Stock(const std::string &folder)
+    {
+        host::GameFiles game;
+        const std::string trainset = host::path::Join(folder, install::kTrainset);
+        for (const std::string &name : install::StockFolders(game, trainset, ""))
+            for (const std::string &file : install::StockFiles(game, trainset, name)) {
+                const bool engine = file.ends_with("eng");
+                items.push_back({engine ? install::kEngine : install::kWagon, name,
+                                 file.substr(0, file.size() - 4)});
+                files.push_back(host::path::Join(host::path::Join(trainset, name), file));
+            }
+    }
+
+    std::vector<install::StockItem> items;
+    std::vector<std::string> files;
+};
+
+void readFigures(const std::string &folder, const Stock &stock)
+{
+    content::StockReader reader(folder, 1);
+    reader.ReadFacts(stock.items);
+    while (reader.IsBusy())
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -49,6 +83,7 @@ int main(int argc, char **argv)
     const double memory = bench::PeakMebibytes(withWorkers(2)); // first: no freed memory to reuse
     const std::vector<std::string> files = filesOf(folder);
     const auto readAll = [&] { bench::ReadOnce(files); };
+    const Stock stock(folder);
     const auto zelkctl = [&] {
         bench::RunQuietly({ZELKCTL, "--msts", folder, "health", "--profile", "both", "--fail-on",
                            "never", "--quiet"});
@@ -59,6 +94,9 @@ int main(int argc, char **argv)
         bench::Compare("health, one worker", withWorkers(1), once, readAll, kRounds),
         bench::Compare("health, two workers", withWorkers(2), once, readAll, kRounds),
         bench::Compare("zelkctl health", zelkctl, once, readAll, kRounds),
+        bench::Compare(
+            "figures of all stock, one worker", [&] { readFigures(folder, stock); },
+            "reading the vehicles' files once", [&] { bench::ReadOnce(stock.files); }, kRounds),
         {"health, peak memory", "wanted", memory, 400, "MB"},
     });
     std::printf("%zu files read\n", files.size());

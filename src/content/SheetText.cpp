@@ -2,7 +2,6 @@
 #include "content/SheetText.h"
 
 #include "content/HealthText.h"
-#include "content/Units.h"
 #include "host/Text.h"
 
 #include <array>
@@ -121,11 +120,20 @@ std::optional<UnitSystem> UnitSystemOf(std::string_view name)
     return std::nullopt;
 }
 
+const char *UnitName(FigureId id, UnitSystem system)
+{
+    return unitOf(id).names[static_cast<std::size_t>(system)];
+}
+
+Measure MeasureOf(FigureId id)
+{
+    return unitOf(id).measure;
+}
+
 std::string FigureText(FigureId id, double value, UnitSystem system)
 {
-    const ShownUnit unit = unitOf(id);
-    const std::string_view name = unit.names[static_cast<std::size_t>(system)];
-    value /= factorOf(unit.measure, name);
+    const std::string_view name = UnitName(id, system);
+    value /= factorOf(MeasureOf(id), name);
     if (name == "hp")
         value = roundedToDigits(value, 3);
     return numberText(value) + (name.empty() ? "" : " ") + std::string(name);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "content/TrainSheet.h"
+#include "content/Units.h"
 
 #include <cstdint>
 #include <optional>
@@ -22,6 +23,11 @@ enum class UnitSystem : std::uint8_t
 const char *UnitSystemName(UnitSystem system);
 /// Returns the system of this name; nothing for other texts.
 std::optional<UnitSystem> UnitSystemOf(std::string_view name);
+
+/// Returns the unit in which a figure is shown, as content/Units reads it: "t-us"; "" for counts.
+const char *UnitName(FigureId id, UnitSystem system);
+/// Returns what a figure measures.
+Measure MeasureOf(FigureId id);
 
 /// Returns a value with its unit: "1,512 t". Horsepower is rounded to three digits, since the
 /// simulators do not document which horsepower they mean.

@@ -60,12 +60,12 @@ std::shared_ptr<const SheetVehicle> FigureCache::Get(const install::StockItem &i
 {
     if (auto known = Known(item))
         return known;
-    auto vehicle = std::make_shared<const SheetVehicle>(read(item));
+    auto vehicle = std::make_shared<const SheetVehicle>(Read(item));
     const std::unique_lock lock(m_mutex);
     return m_known.try_emplace(host::ToUpper(vehicle->name), std::move(vehicle)).first->second;
 }
 
-SheetVehicle FigureCache::read(const install::StockItem &item) const
+SheetVehicle FigureCache::Read(const install::StockItem &item) const
 {
     SheetVehicle vehicle;
     vehicle.name = nameOf(item);

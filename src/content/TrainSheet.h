@@ -46,10 +46,10 @@ public:
     std::shared_ptr<const SheetVehicle> Get(const install::StockItem &item);
     /// Returns the vehicle of a unit without access to the disk; null if it was not read yet.
     std::shared_ptr<const SheetVehicle> Known(const install::StockItem &item) const;
+    /// Reads the vehicle of a unit and does not keep it.
+    SheetVehicle Read(const install::StockItem &item) const;
 
 private:
-    SheetVehicle read(const install::StockItem &item) const;
-
     FileStore &m_store;
     const InstallFolders &m_folders;
     Profile m_profile;

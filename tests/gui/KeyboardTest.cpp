@@ -154,8 +154,8 @@ TEST_F(KeyboardTest, TabReachesAllControlsOfDocumentWindows)
     expectUniqueInMenus(*window->menuBar());
     frmDocument &editor = OpenEditor("Coal");
     const std::string order =
-        "lvConsist cmdMove0 cmdMove1 cmdMove2 cmdMove3 cmdMove4 cmdMove5 lvStock cmdAction3 "
-        "cmdAction4 ";
+        "lvConsist cmdMove0 cmdMove1 cmdMove2 cmdMove3 cmdMove4 cmdMove5 lvStock cmdUnits "
+        "cmdAction3 cmdAction4 ";
     EXPECT_EQ(tabOrder(editor), order + "cmdAction0");
     Find<QAbstractButton>(editor, "cmdMove5").click();
     EXPECT_EQ(tabOrder(editor), order + "cmdAction2 cmdAction0 cmdAction1");

@@ -13,6 +13,7 @@
 #include "ui/document/EditorControls.h"
 #include "ui/document/Furnishing.h"
 #include "ui/document/MissingMarks.h"
+#include "ui/document/StockFigures.h"
 #include "ui/document/StockLoader.h"
 #include "ui/document/frmDocument.h"
 #include "viewer/StockShape.h"
@@ -47,6 +48,7 @@ ConsistEditorPane::ConsistEditorPane(frmDocument &window, DocumentHost &host,
     : m_window(window)
     , m_host(host)
     , m_consist(window.Environment().files)
+    , m_figures(*furnishing.figures)
     , m_controls(new EditorControls(furnishing))
     , m_loader(new StockLoader(window.Environment(), host, m_controls->Stock(), this))
     , m_marks(new TrainMarks(window.Environment(), m_controls->Train(), this))
@@ -80,6 +82,7 @@ void ConsistEditorPane::connectLoader()
     connect(m_loader, &StockLoader::Finished, this,
             [this](bool stopped, const std::string &outcome) {
                 m_controls->ShowStockHeading(m_window.Filter());
+                m_controls->ReadStockFigures();
                 m_host.WriteLog(stopped ? "Stopped" : "Done");
                 m_host.SetStatus(m_note.empty() ? outcome : m_note + "  " + outcome);
                 // The next refresh completes a list whose loading was stopped.
@@ -201,6 +204,7 @@ void ConsistEditorPane::Refresh()
     else
         keepConsist();
     rereadStock();
+    m_figures.Forget();
     m_marks->Refresh();
 }
 

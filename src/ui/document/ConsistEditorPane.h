@@ -15,6 +15,7 @@ namespace document {
 
 class DocumentHost;
 class EditorControls;
+class StockFigures;
 class StockLoader;
 class TrainMarks;
 struct Furnishing;
@@ -83,6 +84,7 @@ private:
     frmDocument &m_window;
     DocumentHost &m_host;
     ConsistTree m_consist;
+    StockFigures &m_figures;
     EditorControls *m_controls;
     StockLoader *m_loader;
     TrainMarks *m_marks;

@@ -10,7 +10,7 @@
 
 namespace document {
 
-/// The rows of lvConsists: consist names in listing order.
+/// The rows of lvConsists: consist names in listing order. A search hides names: they have no row.
 class ConsistListModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -21,10 +21,18 @@ public:
     /// Removes all remarks.
     void SetNames(std::vector<std::string> names);
     const std::vector<std::string> &Names() const { return m_names; }
-    const std::string &Name(int row) const { return m_names[static_cast<std::size_t>(row)]; }
+    const std::string &Name(int row) const { return NameAt(IndexOfRow(row)); }
+    /// Return all names, hidden ones included.
+    int NameCount() const { return static_cast<int>(m_names.size()); }
+    const std::string &NameAt(int index) const { return m_names[static_cast<std::size_t>(index)]; }
+    int IndexOfRow(int row) const { return m_shown[static_cast<std::size_t>(row)]; }
+
+    /// Shows only these names, given by their indexes in ascending order. All names are shown again
+    /// when they are set.
+    void ShowOnly(std::vector<int> indexes);
 
     void SetRemarkIcon(const QIcon &icon) { m_remarks.SetIcon(icon); }
-    /// Sets the remarks of consecutive rows.
+    /// Sets the remarks of consecutive names.
     void SetRemarks(int first, const std::vector<QString> &remarks);
 
     int rowCount(const QModelIndex &parent = {}) const override;
@@ -34,6 +42,7 @@ public:
 
 private:
     std::vector<std::string> m_names;
+    std::vector<int> m_shown; ///< for each row, its index in m_names
     RowRemarks m_remarks;
 };
 

@@ -9,9 +9,16 @@
 #include "install/Installation.h"
 #include "ui/document/DocumentHost.h"
 #include "ui/document/Furnishing.h"
+#include "ui/document/ListSearch.h"
 #include "ui/document/MissingMarks.h"
+#include "ui/document/StockFigures.h"
+#include "ui/document/TrainStrip.h"
 #include "ui/document/frmDocument.h"
+#include "ui/widgets/SearchField.h"
 
+#include <QHBoxLayout>
+#include <QShortcut>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace document {
@@ -19,10 +26,13 @@ namespace document {
 ConsistListPane::ConsistListPane(frmDocument &window, DocumentHost &host,
                                  const Furnishing &furnishing)
     : lvConsists(new ListView("lvConsists", QStringLiteral("Installed consists"), this))
+    , searchConsists(new SearchField("searchConsists", QStringLiteral("Search the consists"), this))
+    , strip(new TrainStrip(*furnishing.figures, this))
     , m_window(window)
     , m_host(host)
     , m_model(new ConsistListModel(this))
     , m_marks(new ConsistMarks(window.Environment(), *m_model, *lvConsists->viewport(), this))
+    , m_figures(*furnishing.figures)
 {
     m_model->SetRemarkIcon(furnishing.icon("missing"));
     lvConsists->setModel(m_model);
@@ -30,9 +40,56 @@ ConsistListPane::ConsistListPane(frmDocument &window, DocumentHost &host,
     lvConsists->setFrameShape(QFrame::NoFrame);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(lvConsists);
+    layout->setSpacing(0);
+    auto *top = new QHBoxLayout;
+    top->setContentsMargins(6, 6, 6, 6);
+    top->addWidget(searchConsists);
+    layout->addLayout(top);
+    layout->addWidget(lvConsists, 1);
+    strip->setContentsMargins(8, 5, 6, 5);
+    layout->addWidget(strip);
     setFocusProxy(lvConsists);
     connectList(furnishing);
+    addSearch();
+}
+
+void ConsistListPane::addSearch()
+{
+    m_search =
+        new ConsistSearch(*searchConsists, *lvConsists, *m_model, m_window.Environment(), this);
+    auto *key = new QShortcut(Qt::CTRL | Qt::Key_K, this);
+    key->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(key, &QShortcut::activated, this, [this] {
+        searchConsists->setFocus(Qt::ShortcutFocusReason);
+        searchConsists->selectAll();
+    });
+    // The arrow keys may pass many consists.
+    constexpr int pause = 60;
+    m_showFigures.setSingleShot(true);
+    m_showFigures.setInterval(pause);
+    connect(&m_showFigures, &QTimer::timeout, this, &ConsistListPane::showFigures);
+    connect(lvConsists->selectionModel(), &QItemSelectionModel::selectionChanged, &m_showFigures,
+            qOverload<>(&QTimer::start));
+    connect(m_model, &QAbstractItemModel::modelReset, &m_showFigures, qOverload<>(&QTimer::start));
+    // The list is the only stop of Tab in its window. The strip of an editor has the same menu.
+    strip->cmdUnits->setFocusPolicy(Qt::ClickFocus);
+    strip->ShowConsist({});
+}
+
+void ConsistListPane::showFigures()
+{
+    const std::string name = SelectedConsist();
+    if (name == m_figuresOf)
+        return;
+    m_figuresOf = name;
+    strip->ShowConsist(name.empty() ? name : m_window.Environment().installation.ConsistPath(name));
+}
+
+void ConsistListPane::Refresh()
+{
+    Load();
+    m_figures.Forget();
+    m_search->Forget();
 }
 
 void ConsistListPane::connectList(const Furnishing &furnishing)
@@ -82,12 +139,15 @@ std::string ConsistListPane::status() const
 void ConsistListPane::FollowSave(const std::string &path)
 {
     m_marks->Update(path);
+    m_search->Forget();
+    m_figuresOf.clear();
+    m_showFigures.start();
 }
 
 void ConsistListPane::ShowProperties()
 {
     std::string text = "Path:\t" + m_window.Environment().installation.PathOf(kConsists) +
-                       "\r\n\r\nCount:\t" + std::to_string(m_model->rowCount());
+                       "\r\n\r\nCount:\t" + std::to_string(m_model->NameCount());
     if (!host::MatchesEverything(m_window.Filter()))
         text += " (Filtered on " + m_window.Filter() + ")";
     m_window.Environment().dialogs.Message(text, "All Consists Properties",

@@ -5,6 +5,7 @@
 #include "ui/document/DocumentPane.h"
 #include "ui/widgets/ListView.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <string>
@@ -15,7 +16,11 @@ class frmDocument;
 namespace document {
 
 class ConsistMarks;
+class ConsistSearch;
 class DocumentHost;
+class SearchField;
+class StockFigures;
+class TrainStrip;
 struct Furnishing;
 
 /// The list of the installed consists that match the window's filter.
@@ -30,6 +35,8 @@ public:
     QWidget &Widget() override { return *this; }
     QSize MinimumWindowSize() const override { return {180, 120}; }
     void Load() override;
+    /// Also reads the figures of vehicles again.
+    void Refresh() override;
     /// Shows the folder and the number of the consists in a message box.
     void ShowProperties() override;
     app::PrintJob Print() override;
@@ -38,8 +45,12 @@ public:
     void FollowSave(const std::string &path) override;
 
     ListView *lvConsists;
+    SearchField *searchConsists;
+    TrainStrip *strip;
 
 private:
+    void addSearch();
+    void showFigures();
     void connectList(const Furnishing &furnishing);
     void showNames();
     std::string status() const;
@@ -48,6 +59,10 @@ private:
     DocumentHost &m_host;
     ConsistListModel *m_model;
     ConsistMarks *m_marks;
+    StockFigures &m_figures;
+    ConsistSearch *m_search = nullptr;
+    QTimer m_showFigures;       ///< after the selection has changed
+    std::string m_figuresOf;    ///< the consist that the strip shows
     std::string m_listedFilter; ///< the filter of the names shown
 };
 

@@ -3,7 +3,12 @@
 
 #include "host/Filter.h"
 #include "ui/document/EditorLayout.h"
+#include "ui/document/FigureColumns.h"
 #include "ui/document/FoldingRow.h"
+#include "ui/document/ListSearch.h"
+#include "ui/document/StockFigures.h"
+#include "ui/document/TrainStrip.h"
+#include "ui/widgets/SearchField.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -66,13 +71,22 @@ QBoxLayout *group(std::initializer_list<QWidget *> controls)
     return layout;
 }
 
-QBoxLayout *listUnder(QLabel *title, ListView *list)
+QBoxLayout *listUnder(QLabel *title, SearchField *search, ListView *list)
 {
     auto *layout = new QVBoxLayout;
     layout->setSpacing(4);
     layout->addWidget(title);
+    layout->addWidget(search);
     layout->addWidget(list, 1);
     return layout;
+}
+
+/// Returns the widths of the columns without figures.
+std::vector<int> ownWidths(const ListView &list)
+{
+    std::vector<int> widths = list.ColumnWidths();
+    widths.resize(kStockColumns);
+    return widths;
 }
 
 } // namespace
@@ -81,11 +95,15 @@ EditorControls::EditorControls(const Furnishing &furnishing, QWidget *parent)
     : QWidget(parent)
     , lvConsist(new ListView("lvConsist", QStringLiteral("Current consist items"), this))
     , lvStock(new ListView("lvStock", QStringLiteral("Available installed stock"), this))
+    , searchTrain(new SearchField("searchTrain", QStringLiteral("Search the train"), this))
+    , searchStock(new SearchField("searchStock", QStringLiteral("Search the stock"), this))
+    , strip(new TrainStrip(*furnishing.figures, this))
     , lblMaxVelocity(new QLabel(QStringLiteral("Max Velocity"), this))
     , lblDurability(new QLabel(QStringLiteral("Durability"), this))
     , m_consist(new ConsistModel(this))
     , m_stock(new StockListModel(this))
     , m_layout(furnishing.layout)
+    , m_figures(*furnishing.figures)
     , m_consistHeading(heading(this))
     , m_stockHeading(heading(this))
 {
@@ -93,6 +111,8 @@ EditorControls::EditorControls(const Furnishing &furnishing, QWidget *parent)
     connectLists();
     if (m_layout)
         followLayout(*m_layout);
+    addSearches();
+    addFigureColumns();
     auto *splitter = new QSplitter(Qt::Horizontal, this);
     splitter->addWidget(trainSide());
     splitter->addWidget(stockSide(furnishing));
@@ -105,6 +125,7 @@ EditorControls::EditorControls(const Furnishing &furnishing, QWidget *parent)
     layout->setSpacing(8);
     layout->addLayout(figures());
     layout->addWidget(splitter, 1);
+    layout->addWidget(strip);
     layout->addLayout(actionRow());
     setFocusProxy(lvConsist);
     orderTabs();
@@ -123,6 +144,7 @@ void EditorControls::orderTabs()
     for (QToolButton *button : cmdMove)
         next(button);
     next(lvStock);
+    next(strip->cmdUnits);
     for (const EditorAction action : {EditorAction::ViewConsist, EditorAction::ViewShape,
                                       EditorAction::Ok, EditorAction::Cancel, EditorAction::Apply})
         next(actionButton(action));
@@ -158,7 +180,7 @@ QLineEdit *EditorControls::figureBox(const char *name, const QString &title)
 QWidget *EditorControls::trainSide()
 {
     auto *side = new QWidget(this);
-    QBoxLayout *layout = listUnder(m_consistHeading, lvConsist);
+    QBoxLayout *layout = listUnder(m_consistHeading, searchTrain, lvConsist);
     layout->setContentsMargins(0, 0, 2, 0);
     side->setLayout(layout);
     return side;
@@ -171,7 +193,7 @@ QWidget *EditorControls::stockSide(const Furnishing &furnishing)
     layout->setContentsMargins(2, 0, 0, 0);
     layout->setSpacing(8);
     layout->addLayout(moveColumn(furnishing));
-    layout->addLayout(listUnder(m_stockHeading, lvStock), 1);
+    layout->addLayout(listUnder(m_stockHeading, searchStock, lvStock), 1);
     return side;
 }
 
@@ -247,11 +269,55 @@ void EditorControls::connectLists()
     lvStock->header()->setToolTip(
         QStringLiteral("To sort, click a title, or press Ctrl+1, Ctrl+2 or Ctrl+3 in the list"));
     connect(lvStock->header(), &QHeaderView::sectionClicked, this, &EditorControls::sortStock);
-    for (int column = 0; column < kStockColumns; ++column) {
+    for (int column = 0; column < 9; ++column) {
         auto *key = new QShortcut(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + column), lvStock);
         key->setContext(Qt::WidgetShortcut);
         connect(key, &QShortcut::activated, this, [this, column] { sortStock(column); });
     }
+}
+
+void EditorControls::addSearches()
+{
+    new TrainSearch(*searchTrain, *lvConsist, *m_consist, m_figures, this);
+    m_stockSearch = new StockSearch(*searchStock, *lvStock, *m_stock, m_figures, this);
+    auto *key = new QShortcut(Qt::CTRL | Qt::Key_K, this);
+    key->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(key, &QShortcut::activated, this, &EditorControls::focusSearch);
+}
+
+/// Focuses the field of the list that was last entered. From a field, goes to the other one.
+void EditorControls::focusSearch()
+{
+    const bool stock = searchStock->hasFocus()   ? false
+                       : searchTrain->hasFocus() ? true
+                                                 : focusProxy() == lvStock;
+    SearchField *field = stock ? searchStock : searchTrain;
+    field->setFocus(Qt::ShortcutFocusReason);
+    field->selectAll();
+}
+
+void EditorControls::ReadStockFigures()
+{
+    m_stockSearch->ReadAll();
+}
+
+void EditorControls::addFigureColumns()
+{
+    auto *train = new FigureColumns(
+        *lvConsist, m_consist->Figures(),
+        [this](content::FactColumn column, bool show) { m_consist->ShowFigure(column, show); },
+        kStockColumns, m_layout ? &m_layout->consistFigures : nullptr, this);
+    auto *stock = new FigureColumns(
+        *lvStock, m_stock->Figures(),
+        [this](content::FactColumn column, bool show) { m_stock->ShowFigure(column, show); },
+        kStockColumns, m_layout ? &m_layout->stockFigures : nullptr, this);
+    connect(&m_figures, &StockFigures::Arrived, train, &FigureColumns::Refresh);
+    connect(m_stockSearch, &StockSearch::FactsTaken, stock, &FigureColumns::Refresh);
+    for (FigureColumns *columns : {train, stock})
+        connect(&m_figures, &StockFigures::UnitsChanged, columns, &FigureColumns::Refresh);
+    connect(stock, &FigureColumns::Changed, this, &EditorControls::showStockOrder);
+    if (m_stock->Order().column >= kStockColumns)
+        showStockOrder();
 }
 
 int EditorControls::heightForWidth(int width) const
@@ -261,6 +327,8 @@ int EditorControls::heightForWidth(int width) const
 
 void EditorControls::sortStock(int column)
 {
+    if (column >= m_stock->columnCount())
+        return;
     m_stock->ClickHeader(column);
     showStockOrder();
     if (m_layout)
@@ -270,10 +338,12 @@ void EditorControls::sortStock(int column)
 void EditorControls::showStockOrder()
 {
     const StockOrder &order = m_stock->Order();
-    lvStock->header()->setSortIndicatorShown(true);
-    lvStock->header()->setSortIndicator(order.column,
+    const int column = m_stock->ColumnOfOrder(order.column);
+    lvStock->header()->setSortIndicatorShown(column >= 0);
+    lvStock->header()->setSortIndicator(column,
                                         order.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
-    lvStock->SetSearchColumn(order.column == 0 ? 2 : order.column);
+    const bool isFigure = order.column > kStockColumns; // not the vehicle's own name
+    lvStock->SetSearchColumn(column <= 0 || isFigure ? 2 : column);
 }
 
 /// Applies the layout, and stores the user's changes in it.
@@ -282,10 +352,11 @@ void EditorControls::followLayout(EditorLayout &layout)
     lvConsist->SizeColumns(layout.consistWidths);
     lvStock->SizeColumns(layout.stockWidths);
     connect(lvConsist, &ListView::ColumnSized, this,
-            [this, &layout] { layout.consistWidths = lvConsist->ColumnWidths(); });
+            [this, &layout] { layout.consistWidths = ownWidths(*lvConsist); });
     connect(lvStock, &ListView::ColumnSized, this,
-            [this, &layout] { layout.stockWidths = lvStock->ColumnWidths(); });
-    if (layout.stockOrder.column < 0 || layout.stockOrder.column >= kStockColumns)
+            [this, &layout] { layout.stockWidths = ownWidths(*lvStock); });
+    if (layout.stockOrder.column < 0 ||
+        layout.stockOrder.column >= kStockColumns + content::kFactColumns)
         return;
     m_stock->SetOrder(layout.stockOrder);
     showStockOrder();
@@ -295,12 +366,22 @@ void EditorControls::ShowConsist(const ConsistTree &consist)
 {
     m_consist->SetRows(consist.Rows());
     showConsistHeading();
+    showFigures(consist);
     for (int i = 0; i < 2; ++i)
         txtMaxVelocity[static_cast<std::size_t>(i)]->setText(
             QString::fromStdString(consist.MaxVelocity(i)));
     txtDurability->setText(QString::fromStdString(consist.Durability()));
     for (QLineEdit *box : {txtMaxVelocity[0], txtMaxVelocity[1], txtDurability})
         box->setCursorPosition(0);
+}
+
+void EditorControls::showFigures(const ConsistTree &consist)
+{
+    std::vector<StockItem> units;
+    for (const ConsistRow &row : consist.Rows())
+        units.push_back(row.item);
+    strip->ShowUnits(std::move(units),
+                     content::OwnMaximumOf(install::FindTrain(consist.Document())));
 }
 
 void EditorControls::ShowConsistAgain(const ConsistTree &consist)
@@ -336,7 +417,7 @@ void EditorControls::ShowChanged(bool changed)
 void EditorControls::ShowStockHeading(const std::string &filter)
 {
     QString text = QStringLiteral("Available installed stock (%1)")
-                       .arg(QLocale().toString(m_stock->rowCount()));
+                       .arg(QLocale().toString(m_stock->ItemCount()));
     QString nothing = QStringLiteral("No stock found");
     if (!host::MatchesEverything(filter)) {
         const QString name = QString::fromStdString(filter);

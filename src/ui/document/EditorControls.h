@@ -22,6 +22,11 @@ class QLayout;
 
 namespace document {
 
+class FigureColumns;
+class SearchField;
+class StockSearch;
+class TrainStrip;
+
 /// The controls of a consist editor: the train on the left, the installed stock on the right, the
 /// editing buttons between them, the consist's figures above and the window's buttons below.
 class EditorControls : public QWidget
@@ -47,6 +52,8 @@ public:
     const StockItem *SelectedStock() const;
     /// Returns the selected unit of the train, or null.
     const StockItem *SelectedUnit() const;
+    /// Reads the figures of the stock list, which has been filled.
+    void ReadStockFigures();
     StockListModel &Stock() { return *m_stock; }
     ConsistModel &Train() { return *m_consist; }
 
@@ -55,6 +62,9 @@ public:
 
     ListView *lvConsist;
     ListView *lvStock;
+    SearchField *searchTrain;
+    SearchField *searchStock;
+    TrainStrip *strip;
     std::array<QToolButton *, 6> cmdMove{};
     std::array<QPushButton *, 5> cmdAction{};
     QLabel *lblMaxVelocity;
@@ -82,12 +92,18 @@ private:
     void orderTabs();
     void sortStock(int column);
     void showConsistHeading();
+    void showFigures(const ConsistTree &consist);
     void showStockOrder();
     void followLayout(EditorLayout &layout);
+    void addSearches();
+    void addFigureColumns();
+    void focusSearch();
 
     ConsistModel *m_consist;
     StockListModel *m_stock;
     EditorLayout *m_layout;
+    StockFigures &m_figures;
+    StockSearch *m_stockSearch = nullptr;
     QLabel *m_consistHeading;
     QLabel *m_stockHeading;
     bool m_changed = false;

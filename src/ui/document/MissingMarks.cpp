@@ -112,7 +112,7 @@ void ConsistMarks::lookUpAll()
 {
     if (m_waits) // the list has changed since
         return;
-    std::vector<int> rows(static_cast<std::size_t>(m_model.rowCount()));
+    std::vector<int> rows(static_cast<std::size_t>(m_model.NameCount()));
     std::iota(rows.begin(), rows.end(), 0);
     lookUp(std::move(rows));
 }
@@ -123,7 +123,7 @@ void ConsistMarks::lookUp(std::vector<int> rows)
         return;
     std::vector<std::string> paths;
     for (const int row : rows)
-        paths.push_back(m_environment.installation.ConsistPath(m_model.Name(row)));
+        paths.push_back(m_environment.installation.ConsistPath(m_model.NameAt(row)));
     m_rows = std::move(rows);
     const std::size_t count = paths.size();
     m_lookUp.Start(
@@ -144,8 +144,8 @@ void ConsistMarks::take(std::size_t first, const std::vector<std::string> &answe
 void ConsistMarks::Update(const std::string &path)
 {
     const std::string name = host::path::BaseName(path);
-    for (int row = 0; row < m_model.rowCount(); ++row) {
-        if (!host::EqualsNoCase(m_model.Name(row), name))
+    for (int row = 0; row < m_model.NameCount(); ++row) {
+        if (!host::EqualsNoCase(m_model.NameAt(row), name))
             continue;
         const auto listed =
             m_environment.files.FindFile(m_environment.installation.ConsistPath(name));

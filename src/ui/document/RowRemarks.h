@@ -19,6 +19,7 @@ public:
     void Clear(std::size_t rows) { m_remarks.assign(rows, {}); }
     /// Returns false if the row has this remark already. "" removes a remark.
     bool Set(int row, const QString &remark);
+    bool Has(int row) const { return !m_remarks[static_cast<std::size_t>(row)].isEmpty(); }
     /// Returns what a model returns for this role; nothing for roles that remarks do not concern.
     QVariant Data(int row, int role, bool showsIcon) const;
 

@@ -1,9 +1,41 @@
 // SPDX-License-Identifier: MIT
 #include "ui/document/StockListModel.h"
 
+#include "host/Text.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
 #include <iterator>
+#include <numeric>
+#include <utility>
 
 namespace document {
+
+namespace {
+
+struct FigureKey
+{
+    bool isKnown = false;
+    double number = 0;
+    std::string text;
+};
+
+/// `facts` may be null.
+FigureKey keyOf(const content::StockFacts *facts, content::FactColumn column)
+{
+    if (!facts)
+        return {};
+    if (const std::optional<content::FigureId> figure = content::FactFigure(column)) {
+        const content::StockFacts::Number &number = (*facts)[*figure];
+        return {number.state == content::Figure::State::Known, number.value, {}};
+    }
+    std::string text =
+        host::ToUpper(content::FactText(*facts, column, content::UnitSystem::Metric));
+    return {text != "?", 0, std::move(text)};
+}
+
+} // namespace
 
 QVariant StockColumn(const StockItem &item, int column, int role)
 {
@@ -26,6 +58,9 @@ void StockListModel::Clear()
 {
     beginResetModel();
     m_items.clear();
+    m_searched.clear();
+    m_factsTaken = 0;
+    m_sorted.clear();
     m_shown.clear();
     endResetModel();
 }
@@ -34,12 +69,20 @@ void StockListModel::Append(std::vector<StockItem> items)
 {
     if (items.empty())
         return;
-    const int first = rowCount();
-    const int count = static_cast<int>(items.size());
-    beginInsertRows({}, first, first + count - 1);
+    const auto first = static_cast<int>(m_items.size());
     std::move(items.begin(), items.end(), std::back_inserter(m_items));
-    for (int i = first; i < first + count; ++i)
-        m_shown.push_back(i);
+    if (!m_query.IsEmpty())
+        prepareAll();
+    std::vector<int> shown;
+    for (int index = first; index < ItemCount(); ++index) {
+        m_sorted.push_back(index);
+        if (isShown(index))
+            shown.push_back(index);
+    }
+    if (shown.empty())
+        return;
+    beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(shown.size()) - 1);
+    m_shown.insert(m_shown.end(), shown.begin(), shown.end());
     endInsertRows();
 }
 
@@ -51,54 +94,192 @@ void StockListModel::SetOrder(const StockOrder &order)
 
 void StockListModel::ClickHeader(int column)
 {
-    m_order.Click(column);
+    m_order.Click(OrderColumnOf(column));
     Resort();
+}
+
+int StockListModel::OrderColumnOf(int column) const
+{
+    if (column < kStockColumns)
+        return column;
+    const auto place = static_cast<std::size_t>(column - kStockColumns);
+    return kStockColumns + static_cast<int>(m_figures.Shown()[place]);
+}
+
+int StockListModel::ColumnOfOrder(int orderColumn) const
+{
+    if (orderColumn < kStockColumns)
+        return orderColumn;
+    const auto figure = static_cast<content::FactColumn>(orderColumn - kStockColumns);
+    return m_figures.IsShown(figure) ? kStockColumns + m_figures.PlaceOf(figure) : -1;
 }
 
 void StockListModel::Resort()
 {
     if (m_order.column < 0)
         return;
-    Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    m_sorted =
+        m_order.column < kStockColumns
+            ? SortedIndexes(m_items, m_order)
+            : sortedByFigure(static_cast<content::FactColumn>(m_order.column - kStockColumns));
+    showRows(matching(), QAbstractItemModel::VerticalSortHint);
+}
+
+/// Items without a value come last in both directions.
+std::vector<int> StockListModel::sortedByFigure(content::FactColumn column) const
+{
+    std::vector<FigureKey> keys;
+    keys.reserve(m_items.size());
+    for (const StockItem &item : m_items)
+        keys.push_back(keyOf(m_figures.FactsOf(item).get(), column));
+    const bool ascending = m_order.ascending, isText = !content::FactFigure(column);
+    std::vector<int> indexes(m_items.size());
+    std::iota(indexes.begin(), indexes.end(), 0);
+    std::stable_sort(indexes.begin(), indexes.end(), [&](int left, int right) {
+        const FigureKey &a = keys[static_cast<std::size_t>(left)];
+        const FigureKey &b = keys[static_cast<std::size_t>(right)];
+        if (!a.isKnown || !b.isKnown)
+            return a.isKnown && !b.isKnown;
+        const FigureKey &low = ascending ? a : b, &high = ascending ? b : a;
+        return isText ? low.text < high.text : low.number < high.number;
+    });
+    return indexes;
+}
+
+/// Selections and the current row follow their items.
+void StockListModel::showRows(std::vector<int> shown, LayoutChangeHint hint)
+{
+    Q_EMIT layoutAboutToBeChanged({}, hint);
     const QModelIndexList before = persistentIndexList();
     std::vector<int> items;
     for (const QModelIndex &index : before)
-        items.push_back(m_shown[static_cast<std::size_t>(index.row())]);
-    m_shown = SortedIndexes(m_items, m_order);
-    std::vector<int> rowOf(m_shown.size());
+        items.push_back(IndexOfRow(index.row()));
+    m_shown = std::move(shown);
+    std::vector<int> rowOf(m_items.size(), -1);
     for (std::size_t row = 0; row < m_shown.size(); ++row)
         rowOf[static_cast<std::size_t>(m_shown[row])] = static_cast<int>(row);
     QModelIndexList after;
     for (qsizetype i = 0; i < before.size(); ++i) {
-        const int item = items[static_cast<std::size_t>(i)];
-        after.push_back(createIndex(rowOf[static_cast<std::size_t>(item)], before[i].column()));
+        const int row = rowOf[static_cast<std::size_t>(items[static_cast<std::size_t>(i)])];
+        after.push_back(row < 0 ? QModelIndex() : createIndex(row, before[i].column()));
     }
     changePersistentIndexList(before, after);
-    Q_EMIT layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+    Q_EMIT layoutChanged({}, hint);
 }
 
-const StockItem &StockListModel::Item(int row) const
+void StockListModel::SetQuery(content::StockQuery query)
 {
-    return m_items[static_cast<std::size_t>(m_shown[static_cast<std::size_t>(row)])];
+    m_query = std::move(query);
+    if (!m_query.IsEmpty())
+        prepareAll();
+    Refilter();
+}
+
+void StockListModel::Refilter()
+{
+    std::vector<int> shown = matching();
+    if (shown != m_shown)
+        showRows(std::move(shown), QAbstractItemModel::NoLayoutChangeHint);
+}
+
+bool StockListModel::isShown(int index) const
+{
+    return m_query.IsEmpty() || m_query.Matches(m_searched[static_cast<std::size_t>(index)]);
+}
+
+std::vector<int> StockListModel::matching() const
+{
+    std::vector<int> shown;
+    shown.reserve(m_sorted.size());
+    std::copy_if(m_sorted.begin(), m_sorted.end(), std::back_inserter(shown),
+                 [this](int index) { return isShown(index); });
+    return shown;
+}
+
+void StockListModel::prepareAll()
+{
+    for (std::size_t i = m_searched.size(); i < m_items.size(); ++i)
+        m_searched.push_back(content::SearchedStockOf(m_items[i], nullptr));
+}
+
+int StockListModel::TakeFacts(int milliseconds)
+{
+    constexpr int kBetweenLooks = 32; // at the clock
+    QElapsedTimer spent;
+    spent.start();
+    int handled = 0;
+    const auto hasTime = [&] {
+        return ++handled % kBetweenLooks != 0 || spent.elapsed() < milliseconds;
+    };
+    while (m_searched.size() < m_items.size() && hasTime())
+        m_searched.push_back(content::SearchedStockOf(m_items[m_searched.size()], nullptr));
+    while (m_factsTaken < m_searched.size() && hasTime()) {
+        auto facts = m_figures.FactsOf(m_items[m_factsTaken]);
+        if (!facts)
+            return handled - 1;
+        content::SearchedStock &searched = m_searched[m_factsTaken];
+        const bool lacksFiles = searched.lacksFiles;
+        searched = content::SearchedStockOf(m_items[m_factsTaken++], std::move(facts));
+        searched.lacksFiles = lacksFiles;
+    }
+    return handled;
+}
+
+void StockListModel::DropFacts()
+{
+    m_searched.clear();
+    m_factsTaken = 0;
+    if (!m_query.IsEmpty())
+        prepareAll();
+}
+
+void StockListModel::SetLacksFiles(std::size_t first, const std::vector<bool> &lacks)
+{
+    prepareAll();
+    for (std::size_t i = 0; i < lacks.size() && first + i < m_searched.size(); ++i)
+        m_searched[first + i].lacksFiles = lacks[i];
+}
+
+void StockListModel::ShowFigure(content::FactColumn column, bool show)
+{
+    if (m_figures.IsShown(column) == show)
+        return;
+    const int at = kStockColumns + m_figures.PlaceOf(column);
+    if (show)
+        beginInsertColumns({}, at, at);
+    else
+        beginRemoveColumns({}, at, at);
+    m_figures.Show(column, show);
+    if (show)
+        endInsertColumns();
+    else
+        endRemoveColumns();
 }
 
 int StockListModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_items.size());
+    return parent.isValid() ? 0 : static_cast<int>(m_shown.size());
 }
 
 int StockListModel::columnCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : kStockColumns;
+    return parent.isValid() ? 0 : kStockColumns + static_cast<int>(m_figures.Shown().size());
 }
 
 QVariant StockListModel::data(const QModelIndex &index, int role) const
 {
-    return index.isValid() ? StockColumn(Item(index.row()), index.column(), role) : QVariant();
+    if (!index.isValid())
+        return {};
+    const StockItem &item = Item(index.row());
+    return index.column() < kStockColumns
+               ? StockColumn(item, index.column(), role)
+               : m_figures.Data(item, index.column() - kStockColumns, role);
 }
 
 QVariant StockListModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    if (section >= kStockColumns && section < columnCount() && orientation == Qt::Horizontal)
+        return m_figures.Header(section - kStockColumns, role);
     return StockHeader(section, orientation, role);
 }
 

@@ -113,7 +113,7 @@ void StockLoader::finish(bool stopped)
     m_host.SetProgress(0, 0);
     for (const std::string &folder : closed)
         m_host.WriteLog("Could not read " + folder);
-    const auto rows = static_cast<std::size_t>(m_model.rowCount());
+    const auto rows = static_cast<std::size_t>(m_model.ItemCount());
     const std::string items = host::Counted(rows, "item", "items") + without(closed);
     Q_EMIT Finished(stopped, stopped ? "Loading installed stock list stopped after " +
                                            std::to_string(done) + " of " +

@@ -16,7 +16,8 @@ namespace {
 constexpr std::string_view kSection = "Windows";
 constexpr std::string_view kMaximised = "MainMaximised", kNormal = "MainNormalBounds",
                            kConsist = "ConsistColumns", kStock = "StockColumns",
-                           kOrder = "StockOrder";
+                           kOrder = "StockOrder", kConsistFigures = "ConsistFigures",
+                           kStockFigures = "StockFigures", kUnits = "Units";
 constexpr int kFarthest = 100000; ///< beyond any screen
 
 using Numbers = std::vector<int>;
@@ -32,6 +33,26 @@ Numbers read(host::SettingsStore &settings, std::string_view key)
             return {};
         numbers.push_back(*number);
     }
+    return numbers;
+}
+
+using Figures = std::vector<document::ShownFigure>;
+
+/// Returns the columns of a setting, which holds each column and its width.
+Figures readFigures(host::SettingsStore &settings, std::string_view key)
+{
+    const Numbers numbers = read(settings, key);
+    Figures figures;
+    for (std::size_t i = 0; i + 1 < numbers.size(); i += 2)
+        figures.push_back({numbers[i], numbers[i + 1]});
+    return figures;
+}
+
+Numbers numbersOf(const Figures &figures)
+{
+    Numbers numbers;
+    for (const document::ShownFigure &figure : figures)
+        numbers.insert(numbers.end(), {figure.column, figure.width});
     return numbers;
 }
 
@@ -56,6 +77,10 @@ WindowSettings ReadWindowSettings(host::SettingsStore &settings)
     windows.editors.stockWidths = read(settings, kStock);
     if (const Numbers order = read(settings, kOrder); order.size() == 2)
         windows.editors.stockOrder = {order[0], order[1] != 0};
+    windows.editors.consistFigures = readFigures(settings, kConsistFigures);
+    windows.editors.stockFigures = readFigures(settings, kStockFigures);
+    if (const Numbers units = read(settings, kUnits); units.size() == 1)
+        windows.editors.units = units[0];
     return windows;
 }
 
@@ -71,6 +96,10 @@ void WriteWindowSettings(host::SettingsStore &settings, const WindowSettings &wi
     write(settings, kStock, windows.editors.stockWidths);
     write(settings, kOrder,
           order.column >= 0 ? Numbers{order.column, order.ascending ? 1 : 0} : Numbers{});
+    write(settings, kConsistFigures, numbersOf(windows.editors.consistFigures));
+    write(settings, kStockFigures, numbersOf(windows.editors.stockFigures));
+    write(settings, kUnits,
+          windows.editors.units >= 0 ? Numbers{windows.editors.units} : Numbers{});
 }
 
 } // namespace app

@@ -10,6 +10,7 @@
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
 #include "install/Installation.h"
+#include "ui/document/StockFigures.h"
 #include "ui/main/CommandTable.h"
 #include "ui/main/IconSet.h"
 #include "ui/main/MainMenu.h"
@@ -48,6 +49,7 @@ frmMain::frmMain(const install::Environment &environment, app::Desktop &desktop,
         *this, app::HandlerParts{desktop, printers, *m_menus, *tbToolBar, *sbStatusBar,
                                  m_screenShotFolder});
     loadSettings();
+    m_figures = std::make_unique<document::StockFigures>(m_environment, m_windowSettings.editors);
     updateActions();
     if (file.empty())
         NewDocumentWindow(WindowMode::ConsistList, {});
@@ -246,7 +248,7 @@ document::Furnishing frmMain::furnishing()
         return [this, menu](const QPoint &at) { m_menus->MenuOf(menu).popup(at); };
     };
     return {app::TintedIcon, popUp(app::Menu::Consist), popUp(app::Menu::Stock),
-            &m_windowSettings.editors};
+            &m_windowSettings.editors, m_figures.get()};
 }
 
 frmDocument *frmMain::ActiveDocument() const

@@ -23,6 +23,9 @@ class QShortcut;
 class QToolBar;
 class TSValidation;
 
+namespace document {
+class StockFigures;
+}
 namespace app {
 
 class Desktop;
@@ -109,6 +112,7 @@ private:
     install::Environment m_environment;
     std::string m_screenShotFolder;
     app::WindowSettings m_windowSettings; ///< read at the start; editors update their part
+    std::unique_ptr<document::StockFigures> m_figures;
     QMdiArea *m_area;
     app::WindowSwitcher m_switcher;
     QToolBar *tbToolBar = nullptr;

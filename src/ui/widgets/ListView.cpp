@@ -164,13 +164,13 @@ void ListView::SelectRow(int row)
 void ListView::ResetOnlyColumn()
 {
     if (header()->count() == 1)
-        shareWidth();
+        ShareWidth();
 }
 
 void ListView::FitFirstColumn(const QString &widest)
 {
     m_firstWidth = fontMetrics().horizontalAdvance(widest) + 16;
-    shareWidth();
+    ShareWidth();
 }
 
 void ListView::SizeColumns(const std::vector<int> &widths)
@@ -185,6 +185,15 @@ void ListView::SizeColumns(const std::vector<int> &widths)
     for (int column = 0; column < header()->count(); ++column)
         header()->resizeSection(column, widths[static_cast<std::size_t>(column)]);
     m_sizedByUser = true;
+}
+
+void ListView::SizeFixedColumn(int column, int width)
+{
+    {
+        const QScopedValueRollback<bool> sharing(m_sharing, true);
+        header()->resizeSection(column, width);
+    }
+    ShareWidth();
 }
 
 std::vector<int> ListView::ColumnWidths() const
@@ -272,7 +281,7 @@ void ListView::contextMenuEvent(QContextMenuEvent *event)
 void ListView::resizeEvent(QResizeEvent *event)
 {
     QTreeView::resizeEvent(event);
-    shareWidth();
+    ShareWidth();
 }
 
 void ListView::SetHint(const QString &hint)
@@ -281,29 +290,41 @@ void ListView::SetHint(const QString &hint)
     viewport()->update();
 }
 
+void ListView::SetNothingFoundHint(const QString &hint)
+{
+    m_nothingFoundHint = hint;
+    viewport()->update();
+}
+
 void ListView::paintEvent(QPaintEvent *event)
 {
     QTreeView::paintEvent(event);
-    if (m_hint.isEmpty() || !model() || model()->rowCount() > 0)
+    const QString &hint = m_nothingFoundHint.isEmpty() ? m_hint : m_nothingFoundHint;
+    if (hint.isEmpty() || !model() || model()->rowCount() > 0)
         return;
     constexpr int air = 16;
     QTextOption option(Qt::AlignCenter);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(viewport()->rect().adjusted(air, air, -air, -air), m_hint, option);
+    painter.drawText(viewport()->rect().adjusted(air, air, -air, -air), hint, option);
 }
 
-void ListView::shareWidth()
+void ListView::ShareWidth()
 {
     const int columns = header()->count();
     if (columns == 0 || (m_sizedByUser && columns > 1))
         return;
     const QScopedValueRollback<bool> sharing(m_sharing, true);
+    constexpr int narrowest = 90; // beside columns that keep their widths
+    const int shared = m_sharingColumns > 0 ? std::min(m_sharingColumns, columns) : columns;
     int left = viewport()->width();
-    for (int column = 0; column < columns; ++column) {
+    for (int column = shared; column < columns; ++column)
+        left -= header()->sectionSize(column);
+    for (int column = 0; column < shared; ++column) {
         const bool fitted = column == 0 && m_firstWidth > 0;
-        const int width = fitted ? m_firstWidth : left / (columns - column);
+        const int share = fitted ? m_firstWidth : left / (shared - column);
+        const int width = shared < columns && !fitted ? std::max(share, narrowest) : share;
         header()->resizeSection(column, width);
         left -= width;
     }

@@ -33,6 +33,14 @@ public:
     /// never called, all columns have the same width.
     void FitFirstColumn(const QString &widest);
 
+    /// Lets only the first columns share the list's width, each with a minimum; the columns behind
+    /// them keep their widths.
+    void ShareAmongFirst(int columns) { m_sharingColumns = columns; }
+    /// Gives the columns their shares of the list's width, unless the user has resized one.
+    void ShareWidth();
+    /// Sets the width of a column that does not share the list's width.
+    void SizeFixedColumn(int column, int width);
+
     /// Sets the columns to these widths, as if the user had dragged them. Does nothing unless there
     /// is a usable width for each column.
     void SizeColumns(const std::vector<int> &widths);
@@ -40,6 +48,8 @@ public:
 
     /// Sets a text for the user that is shown while the list is empty.
     void SetHint(const QString &hint);
+    /// Sets a text that is shown instead while a search hides all rows; "" if it does not.
+    void SetNothingFoundHint(const QString &hint);
     const QString &Hint() const { return m_hint; }
 
     QSize sizeHint() const override { return {260, 260}; }
@@ -69,10 +79,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    void shareWidth();
-
-    QString m_hint;
-    int m_firstWidth = 0, m_searchColumn = 0;
+    QString m_hint, m_nothingFoundHint;
+    int m_firstWidth = 0, m_searchColumn = 0, m_sharingColumns = 0;
     bool m_sharing = false, m_sizedByUser = false;
 };
 
