@@ -90,6 +90,26 @@ TEST_F(EditCommandTest, PerformsOperationsInOrder)
         {"backwards at the end", {"backwards=3"}, {"next 3", engine, box, tank}},
         {"flip on", {"flip=1"}, {"next 3", "Engine* 0 /loco/SD40", box, tank}},
         {"flip off", {"flip=2"}, {"next 3", engine, "Wagon 1 /box/Old/Stock", tank}},
+        {"insert behind a row",
+         {"insert=1,Wagon,My Stock,flat"},
+         {"next 4", engine, "Wagon 3 /flat/My Stock", box, tank}},
+        {"insert at the head",
+         {"insert=0,Engine,SD40,b"},
+         {"next 4", "Engine 3 /b/SD40", engine, box, tank}},
+        {"copy keeps the whole unit",
+         {"copy=2-3:1"},
+         {"next 5", engine, "Wagon* 3 /box/Old/Stock", "Wagon 4 /tank/Tank, long", box, tank}},
+        {"move a range", {"move=1-2:3"}, {"next 3", tank, engine, box}},
+        {"move apart units to the head", {"move=3,1:0"}, {"next 3", engine, tank, box}},
+        {"remove several", {"remove=1,3"}, {"next 1", box}},
+        {"forwards together", {"forwards=2-3"}, {"next 3", box, tank, engine}},
+        {"backwards together", {"backwards=1-2"}, {"next 3", tank, engine, box}},
+        {"flip all",
+         {"flip=1-3"},
+         {"next 3", "Engine* 0 /loco/SD40", "Wagon 1 /box/Old/Stock", "Wagon* 2 /tank/Tank, long"}},
+        {"reverse",
+         {"reverse"},
+         {"next 3", "Wagon* 2 /tank/Tank, long", "Wagon 1 /box/Old/Stock", "Engine* 0 /loco/SD40"}},
         {"rows are renumbered after each operation",
          {"remove=1", "add=Engine,SD40,loco", "forwards=3", "forwards=2"},
          {"next 3", "Engine 2 /loco/SD40", box, tank}},
@@ -126,6 +146,8 @@ TEST_F(EditCommandTest, WritesNothingIfAnOperationFails)
     const Row rows[] = {
         {"local.con", {"flip=1", "flip=4"}, "flip=4: no such row, there are 3"},
         {"local.con", {"clear", "remove=1"}, "remove=1: no such row, there are 0"},
+        {"local.con", {"flip=1", "remove=2-4"}, "remove=2-4: no such row, there are 3"},
+        {"local.con", {"copy=1:4"}, "copy=1:4: no such row, there are 3"},
         {"overflow.con",
          {"flip=1", "add=Wagon,a,b"},
          "add=Wagon,a,b: Nothing was changed: NextWagonUID is 32767, and the new value would not "
@@ -201,8 +223,9 @@ TEST_F(EditCommandTest, EditsAtTheSameTimeLoseNothing)
         }
         for (const Outcome &outcome : outcomes) {
             expected += outcome.code == 0 ? 1 : 0;
-            if (outcome != absent)
+            if (outcome != absent) {
                 EXPECT_EQ(outcome, outcome.code == 0 ? (Outcome{0, "", ""}) : changed);
+            }
         }
         EXPECT_EQ(units("local.con").size(), expected) << "a change was overwritten";
     }
