@@ -259,7 +259,8 @@ EditResult ConsistTree::step(const std::string &name, const std::vector<int> &ro
         std::vector<int> selected = std::move(result.selectedRows);
         keepExisting(selected); // units that are inserted behind the last row have none
         result = selecting(std::move(selected), std::move(result));
-        if (step.Finish(name, result.selectedRows))
+        result.isStep = step.Finish(name, result.selectedRows);
+        if (result.isStep)
             m_history.Add(std::move(step));
         return result;
     } catch (const RuntimeError &error) {

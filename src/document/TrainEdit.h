@@ -15,6 +15,7 @@ struct EditResult
     int selectedRow = 0;                ///< 1-based row to select, the last of several, 0 for none
     std::string message;                ///< a remark for the status bar, often ""
     bool refused = false;               ///< nothing was changed; the message gives the reason
+    bool isStep = false;                ///< it can be undone: something was changed
     std::vector<int> selectedRows = {}; ///< all rows to select, selectedRow among them
 };
 
