@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "document/ConsistTree.h"
 
-#include "document/UnitCounter.h"
+#include "document/UnitClipboard.h"
 #include "host/GameFiles.h"
 #include "host/Path.h"
+#include "host/Text.h"
 #include "install/modTS.h"
 
-#include <limits>
+#include <algorithm>
+#include <numeric>
 #include <utility>
 
 using host::RuntimeError;
@@ -17,6 +19,28 @@ namespace {
 EditResult refusal(std::string why)
 {
     return {0, std::move(why), true};
+}
+
+/// Returns "Flip Unit", or "Flip 3 Units".
+std::string titled(const std::string &verb, std::size_t units)
+{
+    return verb + ' ' + (units == 1 ? "Unit" : host::Counted(units, "Unit", "Units"));
+}
+
+/// Sets the rows to select; the last one is the selected row of those who show only one.
+EditResult selecting(std::vector<int> rows, EditResult result)
+{
+    result.selectedRow = rows.empty() ? 0 : rows.back();
+    result.selectedRows = std::move(rows);
+    return result;
+}
+
+std::vector<StfNode> newUnits(const std::vector<StockItem> &stock)
+{
+    std::vector<StfNode> units;
+    for (const StockItem &item : stock)
+        units.push_back(NewUnit(item.type, item.shape, item.folder));
+    return units;
 }
 
 ConsistRow rowOf(const install::Unit &unit)
@@ -47,6 +71,7 @@ void ConsistTree::Load(const std::string &path)
     m_onDisk = host::FileState(path, bytes);
     m_file.LoadBytes(std::move(bytes));
     m_changed = false;
+    m_history.Clear();
     rebuildRows();
 }
 
@@ -57,6 +82,7 @@ void ConsistTree::New(const std::string &path)
     m_onDisk = host::FileState::Absent(path);
     modTS::NewDocumentTemplate(m_file, "con");
     m_changed = true;
+    m_history.Clear();
     rebuildRows();
 }
 
@@ -96,137 +122,178 @@ std::string ConsistTree::Durability() const
 
 EditResult ConsistTree::Edit(Move move, int selectedRow, const StockItem *stock)
 {
-    m_changed = true;
-    if (selectedRow < 0 || selectedRow > static_cast<int>(m_rows.size()))
-        selectedRow = 0;
-    EditResult result;
-    try {
-        rebuildRows(); // throws if there is no train to edit
-        result = perform(move, selectedRow, stock);
-    } catch (const RuntimeError &error) {
-        result = refusal(error.Detail().empty() ? error.Text() : error.Detail());
-    }
-    if (result.refused)
-        result.selectedRow = selectedRow;
-    return result;
+    return Edit(move, selectedRow > 0 ? std::vector<int>{selectedRow} : std::vector<int>(),
+                stock ? std::vector<StockItem>{*stock} : std::vector<StockItem>());
 }
 
-EditResult ConsistTree::perform(Move move, int row, const StockItem *stock)
+EditResult ConsistTree::Edit(Move move, std::vector<int> rows, const std::vector<StockItem> &stock)
 {
+    keepExisting(rows);
     switch (move) {
     case Move::Add:
-        return stock ? add(*stock) : refusal("No installed stock is selected.");
+        return add(stock, rows);
     case Move::Remove:
-        return remove(row);
+        return remove(titled("Remove", rows.size()), rows);
     case Move::RemoveAll:
         return removeAll();
     case Move::Forwards:
-        return forwards(row);
+        return step(titled("Move", rows.size()) + " Forwards", rows,
+                    [&](TrainEdit &edit) { return edit.Forwards(rows); });
     case Move::Backwards:
-        return backwards(row);
+        return step(titled("Move", rows.size()) + " Backwards", rows,
+                    [&](TrainEdit &edit) { return edit.Backwards(rows); });
     case Move::Flip:
         break;
     }
-    return flip(row);
+    return flip(rows);
 }
 
-EditResult ConsistTree::add(const StockItem &stock)
+EditResult ConsistTree::add(const std::vector<StockItem> &stock, const std::vector<int> &rows)
 {
-    const StfNode cfg = trainCfg();
-    UnitCounter counter(cfg);
-    if (const std::string why = counter.WhyNoNext(); !why.empty())
-        return refusal("Nothing was changed: " + why);
-    if (cfg.Children().Count() >= std::numeric_limits<std::int16_t>::max())
-        return refusal("Nothing was changed: the consist is full, its positions have 16 bits.");
+    EditResult result = Insert(stock, 0);
+    return result.refused ? selecting(rows, std::move(result)) : result;
+}
 
-    StfNode entry = modTS::AddNode(cfg.Children(), stock.type);
-    modTS::AddNode(entry.Children(), "UiD", {std::to_string(counter.Take())});
-    modTS::AddNode(entry.Children(), stock.type + "Data", {stock.shape, stock.folder});
-    rebuildRows();
-    EditResult result{static_cast<int>(m_rows.size()), {}};
-    if (!m_whyRowsEnd.empty())
-        result.message = stock.shape +
-                         " was added at the end of the train, but is not shown: " + m_whyRowsEnd +
-                         '.';
+EditResult ConsistTree::Insert(const std::vector<StockItem> &stock, int place)
+{
+    return insert("Add", newUnits(stock), place, "No installed stock is selected.");
+}
+
+EditResult ConsistTree::Paste(const std::vector<StfNode> &units, int place)
+{
+    return insert("Paste", units, place, "There are no units to paste.");
+}
+
+EditResult ConsistTree::insert(const char *verb, const std::vector<StfNode> &units, int place,
+                               const char *whyNone)
+{
+    place = std::clamp(place, 0, static_cast<int>(m_rows.size()) + 1);
+    EditResult result = step(titled(verb, units.size()), {}, [&](TrainEdit &edit) {
+        return units.empty() ? refusal(whyNone) : edit.Insert(units, place);
+    });
+    if (result.refused || place != 0 || m_whyRowsEnd.empty())
+        return result;
+    if (!m_rows.empty())
+        result = selecting({static_cast<int>(m_rows.size())}, std::move(result));
+    const bool one = units.size() == 1;
+    result.message = (one ? install::Unit(units.front()).Item().shape
+                          : host::Counted(units.size(), "unit", "units")) +
+                     (one ? " was" : " were") + " added at the end of the train, but " +
+                     (one ? "is" : "are") + " not shown: " + m_whyRowsEnd + '.';
     return result;
 }
 
-EditResult ConsistTree::remove(int row)
+EditResult ConsistTree::Cut(std::vector<int> rows)
 {
-    if (row == 0)
-        return {};
-    const StfNode cfg = trainCfg();
-    cfg.Children().Remove(m_rows[static_cast<std::size_t>(row - 1)].position);
-    std::string remark = UnitCounter(cfg).Subtract(1);
-    rebuildRows();
-    const int next = row > 1 ? row - 1 : row;
-    return {next <= static_cast<int>(m_rows.size()) ? next : 0, std::move(remark)};
+    keepExisting(rows);
+    return remove(titled("Cut", rows.size()), rows);
 }
 
-/// One step for the whole train, because rebuilding the rows after each unit is slow.
+EditResult ConsistTree::remove(const std::string &name, const std::vector<int> &rows)
+{
+    return step(name, rows,
+                [&](TrainEdit &edit) { return rows.empty() ? EditResult() : edit.Remove(rows); });
+}
+
 EditResult ConsistTree::removeAll()
 {
-    if (m_rows.empty())
-        return {};
-    const StfNode cfg = trainCfg();
-    StfNodes children = cfg.Children();
-    for (auto row = m_rows.rbegin(); row != m_rows.rend(); ++row)
-        children.Remove(row->position);
-    std::string remark = UnitCounter(cfg).Subtract(static_cast<int>(m_rows.size()));
-    rebuildRows();
-    if (!m_whyRowsEnd.empty())
-        remark += (remark.empty() ? "" : "  ") +
-                  ("Only the units shown were removed: " + m_whyRowsEnd + '.');
-    return {0, std::move(remark)};
+    std::vector<int> rows(m_rows.size());
+    std::iota(rows.begin(), rows.end(), 1);
+    EditResult result = remove("Remove All Units", rows);
+    if (!result.refused && !rows.empty() && !m_whyRowsEnd.empty())
+        result.message += (result.message.empty() ? "" : "  ") +
+                          ("Only the units shown were removed: " + m_whyRowsEnd + '.');
+    return result;
 }
 
-EditResult ConsistTree::forwards(int row)
+/// Selects nothing. After Undo and Redo, the units are selected.
+EditResult ConsistTree::flip(const std::vector<int> &rows)
 {
-    if (row < 2)
-        return {row, {}};
-    StfNodes children = trainCfg().Children();
-    const int from = m_rows[static_cast<std::size_t>(row - 1)].position;
-    const int above = m_rows[static_cast<std::size_t>(row - 2)].position;
-    const StfNode entry = children.Item(from);
-    children.Remove(from);
-    children.Insert(entry, above);
-    rebuildRows();
-    return {row - 1, {}};
+    EditResult result = step(titled("Flip", rows.size()), rows, [&](TrainEdit &edit) {
+        edit.Flip(rows);
+        return selecting(rows, {});
+    });
+    return result.refused ? result : selecting({}, std::move(result));
 }
 
-EditResult ConsistTree::backwards(int row)
+EditResult ConsistTree::MoveTo(std::vector<int> rows, int place)
 {
-    if (row == 0 || row >= static_cast<int>(m_rows.size()))
-        return {row, {}};
-    StfNodes children = trainCfg().Children();
-    const int from = m_rows[static_cast<std::size_t>(row - 1)].position;
-    const int below = m_rows[static_cast<std::size_t>(row)].position;
-    const StfNode entry = children.Item(from);
-    children.Remove(from);
-    children.Insert(entry, below); // after the unit below, which has moved up by one
-    rebuildRows();
-    return {row + 1, {}};
+    keepExisting(rows);
+    place = std::clamp(place, 1, static_cast<int>(m_rows.size()) + 1);
+    return step(titled("Move", rows.size()), rows, [&](TrainEdit &edit) {
+        return rows.empty() ? EditResult() : edit.MoveTo(rows, place);
+    });
 }
 
-EditResult ConsistTree::flip(int row)
+EditResult ConsistTree::Reverse(std::vector<int> rows)
 {
-    if (row == 0)
-        return {};
-    const int position = m_rows[static_cast<std::size_t>(row - 1)].position;
-    StfNodes parts = trainCfg().Children().Item(position).Children();
-    int at = 1;
-    while (at <= parts.Count() && parts.Item(at).Name() != "Flip")
-        ++at;
-    if (at <= parts.Count()) {
-        parts.Remove(at);
-    } else {
-        StfNode mark = StfNode::Create();
-        mark.SetName("Flip");
-        mark.SetNumParameters(1);
-        parts.Insert(mark, 1);
+    keepExisting(rows);
+    return step("Reverse Train", rows, [&](TrainEdit &edit) { return edit.Reverse(rows); });
+}
+
+/// Sorts the rows, and drops those that do not exist and duplicates.
+void ConsistTree::keepExisting(std::vector<int> &rows) const
+{
+    const int last = static_cast<int>(m_rows.size());
+    std::erase_if(rows, [last](int row) { return row < 1 || row > last; });
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+}
+
+/// Performs one edit and records it.
+EditResult ConsistTree::step(const std::string &name, const std::vector<int> &rows,
+                             const std::function<EditResult(TrainEdit &)> &act)
+{
+    m_changed = true;
+    try {
+        rebuildRows(); // throws if there is no train to edit
+        std::vector<int> positions;
+        for (const ConsistRow &row : m_rows)
+            positions.push_back(row.position);
+        TrainStep step(trainCfg(), rows);
+        TrainEdit edit(step, trainCfg(), std::move(positions));
+        EditResult result = act(edit);
+        if (result.refused)
+            return selecting(rows, std::move(result));
+        rebuildRows();
+        std::vector<int> selected = std::move(result.selectedRows);
+        keepExisting(selected); // units that are inserted behind the last row have none
+        result = selecting(std::move(selected), std::move(result));
+        result.isStep = step.Finish(name, result.selectedRows);
+        if (result.isStep)
+            m_history.Add(std::move(step));
+        return result;
+    } catch (const RuntimeError &error) {
+        return selecting(rows, refusal(error.Detail().empty() ? error.Text() : error.Detail()));
     }
+}
+
+EditResult ConsistTree::Undo()
+{
+    return m_history.Undoable() ? restored(m_history.Undo()) : EditResult();
+}
+
+EditResult ConsistTree::Redo()
+{
+    return m_history.Redoable() ? restored(m_history.Redo()) : EditResult();
+}
+
+EditResult ConsistTree::restored(std::vector<int> rows)
+{
+    m_changed = true;
     rebuildRows();
-    return {};
+    keepExisting(rows);
+    return selecting(std::move(rows), {});
+}
+
+std::string ConsistTree::UndoName() const
+{
+    return m_history.Undoable() ? m_history.Undoable()->Name() : std::string();
+}
+
+std::string ConsistTree::RedoName() const
+{
+    return m_history.Redoable() ? m_history.Redoable()->Name() : std::string();
 }
 
 void ConsistTree::Save(const std::string &path)
@@ -241,10 +308,11 @@ void ConsistTree::Save(const std::string &path, const host::FileState &before)
 
 void ConsistTree::save(const std::string &path, const host::FileState *before)
 {
-    const std::string treeBefore = m_file.ToBytes(), nameBefore = m_file.FileName();
+    const std::string fileBefore = m_file.FileName();
     m_file.SetFileName(path);
+    std::function<void()> takeNameBack;
     try {
-        writeName(ConsistName(path));
+        takeNameBack = writeName(ConsistName(path));
         const std::string bytes = m_file.ToBytes();
         if (before)
             m_files.WriteFile(path, bytes, *before);
@@ -252,10 +320,12 @@ void ConsistTree::save(const std::string &path, const host::FileState *before)
             m_files.WriteFile(path, bytes);
         m_onDisk = host::FileState(path, bytes);
     } catch (...) {
-        m_file.SetFileName(nameBefore);
-        m_file.LoadBytes(treeBefore);
+        m_file.SetFileName(fileBefore);
+        if (takeNameBack)
+            takeNameBack();
         throw;
     }
+    rebuildRows(); // the name may be a new block in front of the units
     m_changed = false;
 }
 
@@ -268,21 +338,29 @@ void ConsistTree::SaveCopy(const std::string &path) const
 }
 
 /// A third of all real consists have no name block. They get one as the first child; all other
-/// blocks stay.
-void ConsistTree::writeName(const std::string &name)
+/// blocks stay. Returns what takes the name back.
+std::function<void()> ConsistTree::writeName(const std::string &name)
 {
     const std::string value = name.find(' ') == name.npos ? name : stavfile::QuotedValue(name);
     StfNode cfg = trainCfg();
+    StfNode nameNode = cfg.Child("Name");
+    const bool isNew = !nameNode;
+    SavedValues titleBefore(cfg), nameBefore(nameNode);
     cfg.SetNumParameters(1);
     cfg.SetParameter(0, value);
-    StfNode nameNode = cfg.Child("Name");
-    if (!nameNode) {
+    if (isNew) {
         nameNode = StfNode::Create();
         nameNode.SetName("Name");
         cfg.Children().Insert(nameNode, 1);
     }
     nameNode.SetNumParameters(1);
     nameNode.SetParameter(0, value);
+    return [cfg, isNew, titleBefore, nameBefore]() mutable {
+        titleBefore.Restore();
+        nameBefore.Restore();
+        if (isNew)
+            cfg.Children().Remove(1);
+    };
 }
 
 } // namespace document

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "document/EditHistory.h"
+#include "document/TrainEdit.h"
 #include "host/FileState.h"
 #include "install/Train.h"
 #include "stavfile/StfFile.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,16 +38,10 @@ enum class Move
     Flip = 5
 };
 
-/// The result of an edit, for the window to show.
-struct EditResult
-{
-    int selectedRow = 0;  ///< 1-based row to select, 0 for none
-    std::string message;  ///< a remark for the status bar, often ""
-    bool refused = false; ///< nothing was changed; the message gives the reason
-};
-
 /// A consist document and its edits. The tree is the data; the rows are a view of it, rebuilt after
 /// each edit. Rows count from 1; 0 means "none selected".
+///
+/// Every edit that changes something is a step that can be undone, however many units it changes.
 ///
 /// The rows end before the first unit that cannot be listed. That unit and all units after it stay
 /// in the tree, and no edit changes them.
@@ -80,6 +77,35 @@ public:
     /// needs it. Never throws because of the file's content: if the edit is impossible, the tree
     /// stays as it is, and the result states why.
     EditResult Edit(Move move, int selectedRow, const StockItem *stock = nullptr);
+    /// Performs an editing operation on several rows, in train order, as one step; Add adds all of
+    /// `stock`. With one row, or one item, the result is that of the function above. Units that
+    /// move keep their order. Ignores rows that do not exist; no rows are no selection.
+    EditResult Edit(Move move, std::vector<int> rows, const std::vector<StockItem> &stock = {});
+
+    // Each of these is one step too, and sets Changed like Edit.
+
+    /// Inserts stock so that the first item becomes row `place`; 0 appends it as Add does.
+    EditResult Insert(const std::vector<StockItem> &stock, int place);
+    /// Like Insert, for whole units that are not in any train (UnitClipboard.h).
+    EditResult Paste(const std::vector<StfNode> &units, int place);
+    /// Like Remove; the step is named Cut.
+    EditResult Cut(std::vector<int> rows);
+    /// Moves units together in front of the unit that is now row `place`; a row more than there are
+    /// means the end of the train.
+    EditResult MoveTo(std::vector<int> rows, int place);
+    /// Reverses the order of the units and turns each of them round. Selects the units that were in
+    /// these rows.
+    EditResult Reverse(std::vector<int> rows = {});
+
+    /// Undo the last step, or redo the one last undone, and set Changed. They restore the bytes of
+    /// all blocks, but not a name that a save has written. They do nothing if there is no step.
+    /// Load and New drop all steps.
+    EditResult Undo();
+    EditResult Redo();
+    /// Return the title of the step that Undo or Redo would take, as "Remove 3 Units"; "" if there
+    /// is none.
+    std::string UndoName() const;
+    std::string RedoName() const;
 
     /// Sets the consist's name, in TrainCfg and its name node, to the file name; writes the
     /// document to `path` and clears Changed. Throws RuntimeError as StfFile::Save does, or 91 with
@@ -109,20 +135,24 @@ private:
     StfNode trainCfg() const { return install::RequireTrain(m_file); }
     std::string trainValue(std::string_view name, int index) const;
     void rebuildRows();
-    EditResult perform(Move move, int row, const StockItem *stock);
-    EditResult add(const StockItem &stock);
-    EditResult remove(int row);
+    void keepExisting(std::vector<int> &rows) const;
+    EditResult step(const std::string &name, const std::vector<int> &rows,
+                    const std::function<EditResult(TrainEdit &)> &act);
+    EditResult add(const std::vector<StockItem> &stock, const std::vector<int> &rows);
+    EditResult insert(const char *verb, const std::vector<StfNode> &units, int place,
+                      const char *whyNone);
+    EditResult remove(const std::string &name, const std::vector<int> &rows);
     EditResult removeAll();
-    EditResult forwards(int row);
-    EditResult backwards(int row);
-    EditResult flip(int row);
+    EditResult flip(const std::vector<int> &rows);
+    EditResult restored(std::vector<int> rows);
     void save(const std::string &path, const host::FileState *before);
-    void writeName(const std::string &name);
+    std::function<void()> writeName(const std::string &name);
 
     host::GameFiles &m_files;
     StfFile m_file;
     host::FileState m_onDisk; ///< the file's content when last read or written here
     std::vector<ConsistRow> m_rows;
+    EditHistory m_history;
     std::string m_whyRowsEnd;
     bool m_changed = false;
 };

@@ -12,8 +12,6 @@
 namespace document {
 namespace {
 
-constexpr const char *kCounter = "NextWagonUID";
-
 /// Formats a number with as many decimals as the text that it replaces, or in the shortest form if
 /// that text has an exponent.
 std::string written(double value, const std::string &like)
@@ -46,22 +44,22 @@ std::optional<std::string> lessened(const std::string &text, int units)
 } // namespace
 
 UnitCounter::UnitCounter(const StfNode &trainCfg)
-    : m_node(trainCfg.Child(kCounter))
+    : m_node(trainCfg.Child(kUnitCounter))
     , m_text(stavfile::ValueAt(m_node))
 {
 }
 
-std::string UnitCounter::WhyNoNext() const
+std::string UnitCounter::WhyNoNext(int units) const
 {
     using Limits = std::numeric_limits<std::int16_t>;
     if (!m_node)
         return {};
     const std::optional<double> value = host::NumberIn<double>(m_text);
     if (!value)
-        return std::string(kCounter) + " is \"" + m_text + "\", which is not a number.";
+        return std::string(kUnitCounter) + " is \"" + m_text + "\", which is not a number.";
     const double whole = std::trunc(*value);
-    if (whole < Limits::min() || whole + 1 > Limits::max())
-        return std::string(kCounter) + " is " + m_text +
+    if (whole < Limits::min() || whole + units > Limits::max())
+        return std::string(kUnitCounter) + " is " + m_text +
                ", and the new value would not fit into 16 bits.";
     return {};
 }
@@ -69,8 +67,10 @@ std::string UnitCounter::WhyNoNext() const
 int UnitCounter::Take()
 {
     const auto next = static_cast<int>(host::NumberIn<double>(m_text).value_or(0));
-    if (m_node)
-        m_node.SetParameter(0, std::to_string(next + 1));
+    if (!m_node)
+        return next;
+    m_text = std::to_string(next + 1);
+    m_node.SetParameter(0, m_text);
     return next;
 }
 
@@ -80,7 +80,7 @@ std::string UnitCounter::Subtract(int units)
         return {};
     const std::optional<std::string> less = lessened(m_text, units);
     if (!less)
-        return std::string(kCounter) + " was not changed: \"" + m_text + "\" is not a number.";
+        return std::string(kUnitCounter) + " was not changed: \"" + m_text + "\" is not a number.";
     m_node.SetParameter(0, *less);
     return {};
 }

@@ -214,8 +214,17 @@ void StfNode::SetParameter(int index, std::string_view value)
 {
     const std::size_t at = checkedIndex(node(), index);
     const Value old = node().ValueAt(at);
-    if (old.FromSource() && decoded(node(), old) == stavfile::lexer::Unspelled(value))
+    const std::string text = stavfile::lexer::Unspelled(value);
+    if (old.FromSource() && decoded(node(), old) == text)
         return;
+    // A value that gets back the text that it has in the file also gets back its spelling there.
+    const stavfile::Record *record = node().Read();
+    if (record && at < record->valueCount)
+        if (const Value read{node().source->values[record->firstValue + at], {}};
+            decoded(node(), read) == text) {
+            node().OwnValues()[at] = read;
+            return;
+        }
     node().OwnValues()[at] = {Value::kSet, std::string(value)};
 }
 

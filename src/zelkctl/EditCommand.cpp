@@ -25,19 +25,19 @@ void remark(const std::string &text)
     host::WriteTo(host::Stream::Error, "zelkctl: " + text + '\n');
 }
 
-void apply(const EditOperation &operation, document::ConsistTree &consist, const std::string &file)
+void apply(const EditOperation &operation, document::ConsistTree &consist, host::GameFiles &files,
+           const std::string &file)
 {
-    const std::string where = file + ": " + operation.text + ": ";
-    const int rows = static_cast<int>(consist.Rows().size());
-    if (operation.row > rows)
-        throw Failure(where + "no such row, there are " + std::to_string(rows));
-    const document::StockItem *stock =
-        operation.move == document::Move::Add ? &operation.stock : nullptr;
-    const document::EditResult result = consist.Edit(operation.move, operation.row, stock);
-    if (result.refused)
-        throw Failure(where + result.message);
-    if (!result.message.empty())
-        remark(where + result.message);
+    const std::string where = file + ": ";
+    try {
+        const document::EditResult result = Perform(operation, consist, files);
+        if (result.refused)
+            throw Failure(operation.text + ": " + result.message);
+        if (!result.message.empty())
+            remark(where + operation.text + ": " + result.message);
+    } catch (const Failure &failure) {
+        throw Failure(where + failure.what());
+    }
 }
 
 void edit(Session &session, const EditOptions &options)
@@ -50,7 +50,7 @@ void edit(Session &session, const EditOptions &options)
     if (!consist.WhyRowsEnd().empty())
         remark(consist.WhyRowsEnd() + ". This unit and those behind it are kept and have no rows.");
     for (const EditOperation &operation : operations)
-        apply(operation, consist, options.file);
+        apply(operation, consist, session.files, options.file);
     const std::string &out = options.out.empty() ? options.file : options.out;
     NamingFile(out, [&] { consist.Save(out, consist.OnDisk()); });
 }
@@ -66,13 +66,18 @@ void AddEditCommand(CLI::App &app, Session &session)
         ->required()
         ->type_name("OP");
     command->add_option("--out", options->out, "Save under this name instead")->type_name("FILE");
-    command->footer("Operations; N is a row of the train, counted from 1 at its head:\n"
-                    "  add=Wagon,FOLDER,NAME   add stock at the end (add=Engine,FOLDER,NAME)\n"
-                    "  remove=N                take a unit out\n"
-                    "  clear                   take all units out\n"
-                    "  forwards=N backwards=N  move a unit by one place\n"
-                    "  flip=N                  turn a unit round\n"
-                    "Without --out the file itself is changed.");
+    command->footer(
+        "Operations; N is a row of the train, counted from 1 at its head; ROWS are rows\n"
+        "and ranges of rows (3 or 2,5-7), which keep their order and change together:\n"
+        "  add=Wagon,FOLDER,NAME       add stock at the end (add=Engine,FOLDER,NAME)\n"
+        "  insert=N,Wagon,FOLDER,NAME  insert stock behind row N, 0 for the head\n"
+        "  copy=ROWS:N move=ROWS:N     copy or move units behind row N, 0 for the head\n"
+        "  remove=ROWS                 take units out\n"
+        "  clear                       take all units out\n"
+        "  forwards=ROWS               move units by one place (backwards=ROWS)\n"
+        "  flip=ROWS                   turn units round\n"
+        "  reverse                     turn the whole train round\n"
+        "Without --out the file itself is changed.");
     command->callback([&session, options] { edit(session, *options); });
 }
 

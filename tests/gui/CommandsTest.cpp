@@ -69,6 +69,7 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  mnuFileExit [E&xit]
 >mnuEdit [&Edit]
  mnuEditUndo [&Undo]
+ -mnuEditRedo [&Redo]
  mnuEditCut [Cu&t]
  mnuEditCopy [&Copy]
  mnuEditPaste [&Paste]
@@ -81,6 +82,15 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  mnuConsistCheckStock [&Check Stock...]
  mnuFileCheckDep [Chec&k Dependencies...]
  mnuConsistHealth [&Health of Selected Consists]
+ >mnuUnits [&Units]
+  -mnuUnitsAddBehind [Add &Behind Selected Unit]
+  -mnuUnitsAddSeveral [Add &Several...]
+  -mnuUnitsRemove [&Remove]
+  -mnuUnitsFlip [&Flip]
+  -mnuUnitsMoveUp [Move &Up]
+  -mnuUnitsMoveDown [Move &Down]
+  -mnuUnitsReverse [Re&verse Train]
+  -mnuUnitsSelectKind [Select &All of This Kind]
 >mnuStock [&Stock]
  -mnuStockViewShape [View &Shape]
  mnuStockCheckDep [Check &Dependencies...]
@@ -167,7 +177,7 @@ protected:
             windows += '|' + results->Caption();
         for (const frmHealth *health : window->findChildren<frmHealth *>())
             windows += '|' + health->Caption();
-        return {windows + '\n', rowsOfFirst(),
+        return {windows + '\n', rowsOfFirst(), rowsOfTrain(),
                 "clipboard|" + QGuiApplication::clipboard()->text().toStdString() + '\n',
                 Find<QAction>(*window, command).isChecked() ? "checked\n" : "unchecked\n"};
     }
@@ -178,6 +188,13 @@ protected:
         if (all.empty() || all.front()->Mode() != WindowMode::ConsistList)
             return {};
         return "list|" + RowsOf(Find<QAbstractItemView>(*all.front(), "lvConsists")) + '\n';
+    }
+    /// The rows of the train in the active window; "" if it is not an editor.
+    std::string rowsOfTrain() const
+    {
+        if (!Active() || Active()->Mode() != WindowMode::ConsistEditor)
+            return {};
+        return "train|" + RowsOf(Find<QAbstractItemView>(*Active(), "lvConsist")) + '\n';
     }
     std::vector<QRect> places() const
     {
@@ -194,6 +211,10 @@ protected:
             Find<QAbstractItemView>(*Active(), from == From::Editor ? "lvConsist" : "lvConsists");
         list.setFocus();
         list.setCurrentIndex(list.model()->index(0, 0));
+        if (from == From::Editor) {
+            auto &stock = Find<QAbstractItemView>(*Active(), "lvStock");
+            stock.setCurrentIndex(stock.model()->index(2, 0));
+        }
         m_places = places();
     }
 
@@ -251,6 +272,21 @@ constexpr Row kRows[] = {
     {From::List, "mnuConsistCheckStock", "windows|Consist List 1|Stock check of Coal\n"},
     {From::List, "mnuFileCheckDep", kRoutes},
     {From::List, "mnuConsistHealth", "windows|Consist List 1|Health of Coal\n"},
+    {From::Editor, "mnuEditCut", "train|Wagon/Boxcars/hopper\nclipboard|Boxcars/box.wag\n"},
+    {From::Editor, "mnuEditCopy", "clipboard|Boxcars/box.wag\n"},
+    {From::Editor, "mnuEditPaste",
+     "critical|Paste|There are no units of a train on the clipboard.\n"},
+    {From::Editor, "mnuEditUndo", ""}, // nothing to undo yet
+    {From::Editor, "mnuEditRedo", ""},
+    {From::Editor, "mnuUnitsAddBehind",
+     "train|Wagon/Boxcars/box Engine/GP38 Pack/gp38a Wagon/Boxcars/hopper\n"},
+    {From::Editor, "mnuUnitsAddSeveral", "input|Add Several|How many of gp38a?|2\n"},
+    {From::Editor, "mnuUnitsRemove", "train|Wagon/Boxcars/hopper\n"},
+    {From::Editor, "mnuUnitsFlip", "train|Wagon*/Boxcars/box Wagon/Boxcars/hopper\n"},
+    {From::Editor, "mnuUnitsMoveUp", ""}, // it is the first one
+    {From::Editor, "mnuUnitsMoveDown", "train|Wagon/Boxcars/hopper Wagon/Boxcars/box\n"},
+    {From::Editor, "mnuUnitsReverse", "train|Wagon*/Boxcars/hopper Wagon*/Boxcars/box\n"},
+    {From::Editor, "mnuUnitsSelectKind", ""},
     {From::Editor, "mnuStockViewShape", kNoShape},
     {From::Editor, "mnuStockCheckDep",
      "select|Select Routes to Check|\nwindows|Consist List 1|Consist - "

@@ -49,8 +49,12 @@ TEST_F(CommandLineTest, RefusesMalformedOperationsBeforeReadingTheFile)
 {
     const std::string stock = "expected add=Engine,FOLDER,NAME or add=Wagon,FOLDER,NAME";
     const std::string number = "expected a row number, counted from 1";
+    const std::string place = "expected the number of a row to put them behind, 0 for the head";
     const Row rows[] = {
-        {"unknown", {"turn=1"}, "expected add=, remove=, clear, forwards=, backwards= or flip="},
+        {"unknown",
+         {"turn=1"},
+         "expected add=, insert=, copy=, move=, remove=, clear, forwards=, backwards=, flip= or "
+         "reverse"},
         {"add of two", {"add=Wagon,Box"}, stock},
         {"add of four", {"add=Wagon,Box,a,b"}, stock},
         {"add of another type", {"add=wagon,Box,a"}, stock},
@@ -61,6 +65,14 @@ TEST_F(CommandLineTest, RefusesMalformedOperationsBeforeReadingTheFile)
         {"row followed by text", {"backwards=1x"}, number},
         {"row too large for a number", {"flip=99999999999999999999"}, number},
         {"clear with a row", {"clear=1"}, "clear takes no row"},
+        {"range backwards", {"remove=1,5-3"}, "the range 5-3 ends before it begins"},
+        {"range without an end", {"remove=2-"}, number},
+        {"copy without a place", {"copy=1-2"}, place},
+        {"move to a negative row", {"move=1:-1"}, place},
+        {"insert of two",
+         {"insert=0,Wagon,Box"},
+         "expected insert=N,Engine,FOLDER,NAME or insert=N,Wagon,FOLDER,NAME"},
+        {"reverse with a row", {"reverse=1"}, "reverse takes no row"},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.name);

@@ -41,7 +41,7 @@ _zelkctl_command() {
     tree | resave) files='*' ;;
     edit)
       files=con options='--out'
-      words='add=Wagon, add=Engine, remove= clear forwards= backwards= flip='
+      words='add=Wagon, add=Engine, insert= copy= move= remove= clear forwards= backwards= flip= reverse'
       ;;
     shape) files=s ;;
     texture) files='ace|dds' options='--out --level' ;;

@@ -39,7 +39,7 @@ complete -c zelkctl -n '__fish_seen_subcommand_from sheet' -a '(zelkctl list con
 complete -c zelkctl -n '__fish_seen_subcommand_from sheet' -x -l units -a 'metric us uk' -d 'Units of the text'
 
 complete -c zelkctl -n '__fish_seen_subcommand_from edit' \
-  -a 'add=Wagon, add=Engine, remove= clear forwards= backwards= flip='
+  -a 'add=Wagon, add=Engine, insert= copy= move= remove= clear forwards= backwards= flip= reverse'
 complete -c zelkctl -n '__fish_seen_subcommand_from edit texture render health' -r -l out -d 'The file to write'
 complete -c zelkctl -n '__fish_seen_subcommand_from texture' -x -l level -d 'Level to save'
 complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l size -d 'Width x height'

@@ -15,9 +15,13 @@
 #include "ui/document/MissingMarks.h"
 #include "ui/document/StockFigures.h"
 #include "ui/document/StockLoader.h"
+#include "ui/document/TrainDrag.h"
+#include "ui/document/UnitCommands.h"
 #include "ui/document/frmDocument.h"
 #include "viewer/StockShape.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMdiArea>
 
 namespace document {
@@ -52,6 +56,7 @@ ConsistEditorPane::ConsistEditorPane(frmDocument &window, DocumentHost &host,
     , m_controls(new EditorControls(furnishing))
     , m_loader(new StockLoader(window.Environment(), host, m_controls->Stock(), this))
     , m_marks(new TrainMarks(window.Environment(), m_controls->Train(), this))
+    , m_units(new UnitCommands(window, host, m_consist, *m_controls, this))
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
@@ -59,6 +64,7 @@ ConsistEditorPane::ConsistEditorPane(frmDocument &window, DocumentHost &host,
     setFocusProxy(m_controls);
     connectControls(furnishing);
     connectLoader();
+    new TrainDrag(*m_controls->lvConsist, *m_units, this);
     connect(&window, &QMdiSubWindow::windowStateChanged, this,
             &ConsistEditorPane::focusWhenRestored);
 }
@@ -66,6 +72,12 @@ ConsistEditorPane::ConsistEditorPane(frmDocument &window, DocumentHost &host,
 void ConsistEditorPane::connectControls(const Furnishing &furnishing)
 {
     connect(m_controls, &EditorControls::MovePressed, this, &ConsistEditorPane::editTrain);
+    connect(m_controls, &EditorControls::StockChosen, this,
+            [this] { m_units->Run(UnitCommand::AddAtEnd); });
+    connect(m_units, &UnitCommands::Edited, this, [this] {
+        showChanged();
+        showTitle();
+    });
     connect(m_controls, &EditorControls::ActionPressed, &m_window, &frmDocument::ActionClick);
     connect(m_controls, &EditorControls::MenuWanted, this,
             [popUp = furnishing.popUpStockMenu](const QPoint &at) { popUp(at); });
@@ -249,19 +261,33 @@ void ConsistEditorPane::showTitle()
 void ConsistEditorPane::showChanged()
 {
     m_controls->ShowChanged(m_consist.Changed());
+    Q_EMIT m_window.StepsChanged();
 }
 
 void ConsistEditorPane::editTrain(Move move)
 {
-    const EditResult result =
-        m_consist.Edit(move, m_controls->SelectedConsistRow(), m_controls->SelectedStock());
-    m_controls->ShowConsist(m_consist);
-    showChanged();
-    m_controls->SelectConsistRow(result.selectedRow);
-    showTitle();
+    m_units->Press(move);
     m_controls->lvConsist->setFocus();
     enterList(true);
-    m_host.SetStatus(result.message);
+}
+
+void ConsistEditorPane::RunOnUnits(UnitCommand command)
+{
+    m_units->Run(command);
+}
+
+/// In a text field, Ctrl+Y must not change the train.
+bool ConsistEditorPane::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride &&
+        qobject_cast<QLineEdit *>(QApplication::focusWidget())) {
+        const auto &key = *static_cast<QKeyEvent *>(event);
+        if (key.key() == Qt::Key_Y && key.modifiers() == Qt::ControlModifier) {
+            event->accept();
+            return true;
+        }
+    }
+    return QScrollArea::event(event);
 }
 
 void ConsistEditorPane::Act(EditorAction action)

@@ -18,6 +18,7 @@ class EditorControls;
 class StockFigures;
 class StockLoader;
 class TrainMarks;
+class UnitCommands;
 struct Furnishing;
 
 /// The editor of one consist: holds the consist, and connects it to the controls and to its file.
@@ -43,11 +44,16 @@ public:
     const ConsistTree &Consist() const override { return m_consist; }
     std::string SelectedItem() const override;
     void Act(EditorAction action) override;
+    void RunOnUnits(UnitCommand command) override;
+    bool TrainIsActive() const override { return m_consistIsActiveList; }
     void Write(bool quiet) override;
     void Save(bool quiet) override;
     void SaveAs() override;
     void FollowSave(const std::string &path) override;
     void ReloadStock() override;
+
+protected:
+    bool event(QEvent *event) override;
 
 private:
     void connectControls(const Furnishing &furnishing);
@@ -88,6 +94,7 @@ private:
     EditorControls *m_controls;
     StockLoader *m_loader;
     TrainMarks *m_marks;
+    UnitCommands *m_units;
     bool m_stockLoaded = false;
     bool m_consistIsActiveList = false;
     std::string m_note; ///< about the file just loaded, for the status bar

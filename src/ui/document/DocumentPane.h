@@ -3,6 +3,7 @@
 
 #include "host/RuntimeError.h"
 #include "ui/document/EditorAction.h"
+#include "ui/document/UnitCommand.h"
 #include "ui/print/PrintJobs.h"
 
 #include <QSize>
@@ -58,6 +59,10 @@ public:
     virtual std::string SelectedItem() const { return {}; }
     /// Consist editor: runs an action button.
     virtual void Act(EditorAction /*action*/) {}
+    /// Consist editor: runs a command on units.
+    virtual void RunOnUnits(UnitCommand /*command*/) {}
+    /// Consist editor: true if the train is the list that was last entered.
+    virtual bool TrainIsActive() const { return false; }
     /// Consist editor with a file name: writes the consist, reports that unless `quiet`, and marks
     /// it as unchanged. Throws host::RuntimeError.
     virtual void Write(bool /*quiet*/) {}

@@ -256,9 +256,15 @@ void EditorControls::connectLists()
     for (ListView *list : {lvConsist, lvStock}) {
         list->FitFirstColumn(QStringLiteral("Engine*"));
         list->SetSearchColumn(2);
+        list->setSelectionMode(QAbstractItemView::ExtendedSelection);
         connect(list, &ListView::MenuWanted, this, &EditorControls::MenuWanted);
     }
     connect(lvStock, &ListView::InsertPressed, this, [this] { Q_EMIT MovePressed(Move::Add); });
+    connect(lvStock, &ListView::doubleClicked, this, &EditorControls::StockChosen);
+    connect(lvStock, &ListView::ReturnPressed, this, [this](Qt::KeyboardModifiers modifiers) {
+        if (modifiers == Qt::NoModifier)
+            Q_EMIT StockChosen();
+    });
     connect(lvConsist, &ListView::DeletePressed, this, [this](Qt::KeyboardModifiers modifiers) {
         Q_EMIT MovePressed(modifiers == Qt::ShiftModifier ? Move::RemoveAll : Move::Remove);
     });
@@ -433,6 +439,14 @@ const StockItem *EditorControls::SelectedStock() const
 {
     const int row = lvStock->SelectedRow();
     return row < 0 ? nullptr : &m_stock->Item(row);
+}
+
+std::vector<StockItem> EditorControls::SelectedStockItems() const
+{
+    std::vector<StockItem> items;
+    for (const int row : lvStock->SelectedRows())
+        items.push_back(m_stock->Item(row));
+    return items;
 }
 
 const StockItem *EditorControls::SelectedUnit() const

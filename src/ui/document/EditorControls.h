@@ -16,6 +16,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 class QBoxLayout;
 class QLayout;
@@ -50,6 +51,8 @@ public:
     void SelectConsistRow(int row) { lvConsist->SelectRow(row - 1); }
     /// Returns the selected installed stock item, or null.
     const StockItem *SelectedStock() const;
+    /// Returns all selected installed stock items, in the order of the list.
+    std::vector<StockItem> SelectedStockItems() const;
     /// Returns the selected unit of the train, or null.
     const StockItem *SelectedUnit() const;
     /// Reads the figures of the stock list, which has been filled.
@@ -75,6 +78,8 @@ public:
 Q_SIGNALS:
     void MovePressed(Move move);
     void ActionPressed(EditorAction action);
+    /// Emitted when the user double-clicks stock or presses Enter in its list.
+    void StockChosen();
     void MenuWanted(const QPoint &globalPosition);
 
 private:

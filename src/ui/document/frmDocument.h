@@ -56,6 +56,8 @@ public:
     std::vector<std::string> SelectedConsists() const { return m_pane->SelectedConsists(); }
     std::string SelectedConsist() const { return m_pane->SelectedConsist(); }
     const document::ConsistTree &Consist() const { return m_pane->Consist(); }
+    void RunOnUnits(document::UnitCommand command) { m_pane->RunOnUnits(command); }
+    bool TrainIsActive() const { return m_pane->TrainIsActive(); }
     std::string SelectedItem() const { return m_pane->SelectedItem(); }
     void SaveForm(bool quiet) { m_pane->Write(quiet); }
     void SaveConsist(bool quiet) { m_pane->Save(quiet); }
@@ -87,6 +89,8 @@ public:
 
 Q_SIGNALS:
     void CaptionChanged();
+    /// Emitted when the steps of an editor that can be undone or redone may have changed.
+    void StepsChanged();
     /// Emitted when an editor has written its consist to this file.
     void Saved(const std::string &path);
     /// Emitted when the window is about to close and nothing can stop it.

@@ -16,6 +16,7 @@ enum class Menu
     FileNew,
     Edit,
     Consist,
+    Units,
     Stock,
     View,
     Window,
@@ -33,12 +34,16 @@ enum class Command
     FileSetMSTSLoc, FileMRU0, FileMRU1, FileMRU2,
     FileExit,
 
-    EditUndo,
+    EditUndo, EditRedo,
     EditCut, EditCopy, EditPaste, EditPasteSpecial,
     EditSetAssoc,
 
     ConsistEdit, ConsistView, ConsistViewShape,
     ConsistCheckStock, FileCheckDep, ConsistHealth,
+
+    UnitsAddBehind, UnitsAddSeveral,
+    UnitsRemove, UnitsFlip, UnitsMoveUp, UnitsMoveDown, UnitsReverse,
+    UnitsSelectKind,
 
     StockViewShape,
     StockCheckDep, StockCheckAll, StockCheckTextures, StockHealth,
@@ -65,6 +70,8 @@ struct WindowFacts
     bool list = false;   ///< a consist list
     bool editor = false; ///< a consist editor
     bool view = false;   ///< a 3D view
+    bool undo = false;   ///< the active window has no undo, or has a step to undo
+    bool redo = false;   ///< the active window has a step to redo
     bool saves = false;  ///< any window, active or not, is an editor or a 3D view
 };
 
@@ -108,6 +115,14 @@ constexpr bool ListOrView(const WindowFacts &facts)
 constexpr bool EditorOrView(const WindowFacts &facts)
 {
     return facts.editor || facts.view;
+}
+constexpr bool Undo(const WindowFacts &facts)
+{
+    return facts.undo;
+}
+constexpr bool Redo(const WindowFacts &facts)
+{
+    return facts.redo;
 }
 constexpr bool AnythingToSave(const WindowFacts &facts)
 {
@@ -181,14 +196,20 @@ inline constexpr CommandRow kCommands[] = {
      "End the program", when::Always, [](Handlers &on) { on.file.Exit(); }},
 
     {Command::EditUndo, Menu::Edit, 1, "mnuEditUndo", "&Undo", "Ctrl+Z", "undo",
-     "Undo the last change", when::Always, [](Handlers &on) { on.Say("Edit Undo not yet implemented"); }},
+     "Undo the last change", when::Undo,
+     [](Handlers &on) {
+         if (!on.edit.Undo())
+             on.Say("Edit Undo not yet implemented");
+     }},
+    {Command::EditRedo, Menu::Edit, 1, "mnuEditRedo", "&Redo", "Ctrl+Shift+Z; Ctrl+Y", "",
+     "Repeat the change that was undone", when::Redo, [](Handlers &on) { on.edit.Redo(); }},
 
     {Command::EditCut, Menu::Edit, 2, "mnuEditCut", "Cu&t", "Ctrl+X", "cut",
-     "Delete the selected consist", when::List, [](Handlers &on) { on.edit.Cut(); }},
+     "Delete the selected consist, or cut the selected units", when::ListOrEditor, [](Handlers &on) { on.edit.Cut(); }},
     {Command::EditCopy, Menu::Edit, 2, "mnuEditCopy", "&Copy", "Ctrl+C", "copy",
-     "Copy the selected consist", when::List, [](Handlers &on) { on.edit.Copy(); }},
+     "Copy the selected consist or units", when::ListOrEditor, [](Handlers &on) { on.edit.Copy(); }},
     {Command::EditPaste, Menu::Edit, 2, "mnuEditPaste", "&Paste", "Ctrl+V", "paste",
-     "Paste a copy of the consist", when::Always, [](Handlers &on) { on.edit.Paste(); }},
+     "Paste a copy of the consist, or the copied units", when::Always, [](Handlers &on) { on.edit.Paste(); }},
     {Command::EditPasteSpecial, Menu::Edit, 2, "mnuEditPasteSpecial", "Paste &Special...", "", "",
      "Paste in another way", when::Always, [](Handlers &on) { on.Say("Edit PasteSpecial not yet implemented"); }},
 
@@ -211,6 +232,33 @@ inline constexpr CommandRow kCommands[] = {
     {Command::ConsistHealth, Menu::Consist, 2, "mnuConsistHealth", "&Health of Selected Consists", "", "health",
      "Report everything that is wrong with what the selected consists need", when::List,
      [](Handlers &on) { on.health.SelectedConsists(); }},
+
+    {Command::UnitsAddBehind, Menu::Units, 1, "mnuUnitsAddBehind", "Add &Behind Selected Unit", "Ctrl+Return; Ctrl+Enter", "add",
+     "Add the selected stock behind the selected unit of the train", when::Editor,
+     [](Handlers &on) { on.consist.RunOnUnits(document::UnitCommand::AddBehind); }},
+    {Command::UnitsAddSeveral, Menu::Units, 1, "mnuUnitsAddSeveral", "Add &Several...", "Ctrl+Shift+Return", "",
+     "Add the selected stock several times at the end of the train", when::Editor,
+     [](Handlers &on) { on.consist.RunOnUnits(document::UnitCommand::AddSeveral); }},
+
+    {Command::UnitsRemove, Menu::Units, 2, "mnuUnitsRemove", "&Remove", "Ctrl+D", "remove",
+     "Remove the selected units", when::Editor,
+     [](Handlers &on) { on.consist.RunOnUnits(document::UnitCommand::Remove); }},
+    {Command::UnitsFlip, Menu::Units, 2, "mnuUnitsFlip", "&Flip", "Ctrl+T", "flip",
+     "Turn each of the selected units round", when::Editor,
+     [](Handlers &on) { on.consist.RunOnUnits(document::UnitCommand::Flip); }},
+    {Command::UnitsMoveUp, Menu::Units, 2, "mnuUnitsMoveUp", "Move &Up", "Alt+Up", "forwards",
+     "Move the selected units towards the head of the train", when::Editor,
+     [](Handlers &on) { on.consist.RunOnUnits(document::UnitCommand::MoveUp); }},
+    {Command::UnitsMoveDown, Menu::Units, 2, "mnuUnitsMoveDown", "Move &Down", "Alt+Down", "backwards",
+     "Move the selected units towards the end of the train", when::Editor,
+     [](Handlers &on) { on.consist.RunOnUnits(document::UnitCommand::MoveDown); }},
+    {Command::UnitsReverse, Menu::Units, 2, "mnuUnitsReverse", "Re&verse Train", "Ctrl+Shift+T", "",
+     "Reverse the order of all units and turn each of them round", when::Editor,
+     [](Handlers &on) { on.consist.RunOnUnits(document::UnitCommand::Reverse); }},
+
+    {Command::UnitsSelectKind, Menu::Units, 3, "mnuUnitsSelectKind", "Select &All of This Kind", "Ctrl+Shift+A", "",
+     "Select all units of the train that are the same vehicle as a selected one", when::Editor,
+     [](Handlers &on) { on.consist.RunOnUnits(document::UnitCommand::SelectKind); }},
 
     {Command::StockViewShape, Menu::Stock, 1, "mnuStockViewShape", "View &Shape", "", "shape",
      "Show the selected stock in 3D", when::Editor, [](Handlers &on) { on.consist.ViewShape(); }},
@@ -300,6 +348,7 @@ inline constexpr MenuRow kMenus[] = {
     {Menu::FileNew, "mnuFileNew", "&New", "Open a new window", Menu::File},
     {Menu::Edit, "mnuEdit", "&Edit"},
     {Menu::Consist, "mnuConsist", "&Consist"},
+    {Menu::Units, "mnuUnits", "&Units", "Change the units of the train", Menu::Consist},
     {Menu::Stock, "mnuStock", "&Stock"},
     {Menu::View, "mnuView", "&View"},
     {Menu::Window, "mnuWindow", "&Window"},

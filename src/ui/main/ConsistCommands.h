@@ -62,6 +62,12 @@ public:
             active->ActionClick(document::EditorAction::ViewShape);
     }
 
+    void RunOnUnits(document::UnitCommand command)
+    {
+        if (frmDocument *active = m_window.ActiveDocument())
+            active->RunOnUnits(command);
+    }
+
 private:
     void sayNothingSelected(const std::string &title)
     {

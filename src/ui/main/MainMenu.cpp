@@ -94,6 +94,35 @@ bool MainMenu::IsChecked(Command command) const
     return ActionOf(command).isChecked();
 }
 
+void MainMenu::NameStep(Command command, const std::string &step) const
+{
+    QString caption = QString::fromLatin1(kCommands[placeOf(command)].caption);
+    if (!step.empty())
+        caption += QLatin1Char(' ') + QString::fromStdString(step);
+    ActionOf(command).setText(caption);
+}
+
+void MainMenu::PopUp(Menu menu, const QPoint &at, const std::vector<QAction *> &more) const
+{
+    QMenu &shown = MenuOf(menu);
+    QAction *const first = shown.actions().value(0);
+    std::vector<QAction *> added = more;
+    added.push_back(new QAction(&shown));
+    added.back()->setSeparator(true);
+    for (QAction *action : added)
+        shown.insertAction(first, action);
+    // The menu is hidden before the chosen command runs.
+    QObject::connect(
+        &shown, &QMenu::aboutToHide, &shown,
+        [&shown, added] {
+            for (QAction *action : added)
+                shown.removeAction(action);
+            delete added.back();
+        },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+    shown.popup(at);
+}
+
 void MainMenu::Update(const WindowFacts &facts) const
 {
     for (const CommandRow &row : kCommands) {

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <vector>
 
 class QAction;
 class QMenu;
 class QMenuBar;
+class QPoint;
 class QToolBar;
 class QWidget;
 
@@ -31,6 +33,11 @@ public:
     QAction &ActionOf(Command command) const;
     QMenu &MenuOf(Menu menu) const;
     bool IsChecked(Command command) const;
+    /// Adds the step that a command would undo or redo to its caption; "" for none.
+    void NameStep(Command command, const std::string &step) const;
+    /// Shows a menu as the context menu of a list, together with the submenu and the commands that
+    /// only this list has.
+    void PopUp(Menu menu, const QPoint &at, const std::vector<QAction *> &more) const;
     /// Enables the commands and keys that work with these windows, and disables the others.
     void Update(const WindowFacts &facts) const;
     /// Fills the toolbar. A button's key becomes the object name of its action and of its widget.

@@ -168,6 +168,16 @@ void frmMain::updateActions()
         facts.editor = active->Mode() == WindowMode::ConsistEditor;
         facts.view = document::Is3D(active->Mode());
     }
+    facts.undo = true;
+    std::string undo, redo;
+    if (facts.editor) {
+        undo = ActiveDocument()->Consist().UndoName();
+        redo = ActiveDocument()->Consist().RedoName();
+        facts.undo = !undo.empty();
+        facts.redo = !redo.empty();
+    }
+    m_menus->NameStep(app::Command::EditUndo, undo);
+    m_menus->NameStep(app::Command::EditRedo, redo);
     facts.saves = std::any_of(m_documents.begin(), m_documents.end(), [](const auto *window) {
         return window->Mode() != WindowMode::ConsistList;
     });
@@ -233,6 +243,7 @@ void frmMain::addWindow(frmDocument *window)
     });
     connect(window, &frmDocument::Closing, this, [this, window] { m_switcher.Leave(*window); });
     connect(window, &QObject::destroyed, this, &frmMain::updateActions);
+    connect(window, &frmDocument::StepsChanged, this, &frmMain::updateActions);
     connect(window, &frmDocument::Saved, this, [this, window](const std::string &path) {
         for (frmDocument *other : Documents())
             if (other != window)
@@ -247,8 +258,22 @@ document::Furnishing frmMain::furnishing()
     const auto popUp = [this](app::Menu menu) {
         return [this, menu](const QPoint &at) { m_menus->MenuOf(menu).popup(at); };
     };
-    return {app::TintedIcon, popUp(app::Menu::Consist), popUp(app::Menu::Stock),
-            &m_windowSettings.editors, m_figures.get()};
+    return {app::TintedIcon, popUp(app::Menu::Consist),
+            [this](const QPoint &at) { popUpEditorMenu(at); }, &m_windowSettings.editors,
+            m_figures.get()};
+}
+
+/// The menu of stock, with the commands on units in front; those of the clipboard only work in the
+/// train.
+void frmMain::popUpEditorMenu(const QPoint &at)
+{
+    std::vector<QAction *> more{m_menus->MenuOf(app::Menu::Units).menuAction()};
+    const frmDocument *active = ActiveDocument();
+    if (active && active->TrainIsActive())
+        for (const app::Command command :
+             {app::Command::EditCut, app::Command::EditCopy, app::Command::EditPaste})
+            more.push_back(&m_menus->ActionOf(command));
+    m_menus->PopUp(app::Menu::Stock, at, more);
 }
 
 frmDocument *frmMain::ActiveDocument() const

@@ -107,6 +107,7 @@ private:
                             const std::string &caption, const StfNode &node, int number);
     void addWindow(frmDocument *window);
     document::Furnishing furnishing();
+    void popUpEditorMenu(const QPoint &at);
     void saveSnapshot(frmDocument &window);
 
     install::Environment m_environment;
