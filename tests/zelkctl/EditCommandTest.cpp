@@ -201,8 +201,9 @@ TEST_F(EditCommandTest, EditsAtTheSameTimeLoseNothing)
         }
         for (const Outcome &outcome : outcomes) {
             expected += outcome.code == 0 ? 1 : 0;
-            if (outcome != absent)
+            if (outcome != absent) {
                 EXPECT_EQ(outcome, outcome.code == 0 ? (Outcome{0, "", ""}) : changed);
+            }
         }
         EXPECT_EQ(units("local.con").size(), expected) << "a change was overwritten";
     }
