@@ -18,19 +18,6 @@ std::string upperCase(std::string_view text)
     return result;
 }
 
-/// Returns the bytes of a text in UTF-16 without those before its first and behind its last
-/// character: they are the same in both byte orders.
-std::string inUtf16(std::string_view text)
-{
-    std::string wide;
-    for (const char c : text) {
-        if (!wide.empty())
-            wide += '\0';
-        wide += c;
-    }
-    return wide;
-}
-
 bool isPlain(char c)
 {
     return c > ' ' && c < '\x7f' && c != '"' && c != '\\';
@@ -38,39 +25,46 @@ bool isPlain(char c)
 
 } // namespace
 
-NameSearch::Pattern::Pattern(std::string upperCase)
-    : m_text(std::move(upperCase))
+/// Horspool's search: the last character of the window decides how far to move.
+NameSearch::NameSearch(std::string_view text)
+    : m_text(upperCase(text))
 {
     m_steps.fill(m_text.size());
     for (std::size_t i = 0; i + 1 < m_text.size(); ++i) {
         const char c = m_text[i];
-        m_steps[static_cast<unsigned char>(c)] = m_text.size() - 1 - i;
+        const std::size_t step = m_text.size() - 1 - i;
+        m_steps[static_cast<unsigned char>(c)] = step;
         if (c >= 'A' && c <= 'Z')
-            m_steps[static_cast<unsigned char>(c + 32)] = m_text.size() - 1 - i;
+            m_steps[static_cast<unsigned char>(c + 32)] = step;
     }
 }
 
-bool NameSearch::Pattern::IsIn(std::string_view bytes) const
+/// In UTF-16, the text is in every second byte. What the bytes between them are does not matter:
+/// that could only be a name too many. Text without a byte order mark is UTF-16 only if there are
+/// zeros near its start.
+bool NameSearch::IsIn(std::string_view bytes) const
 {
-    const std::size_t size = m_text.size();
-    if (size == 0)
+    constexpr std::size_t kStart = 64;
+    if (m_text.empty())
         return true;
-    for (std::size_t at = 0; at + size <= bytes.size();) {
-        const char last = bytes[at + size - 1];
-        if (upper(last) == m_text.back() &&
-            std::equal(m_text.begin(), m_text.end() - 1,
-                       bytes.begin() + static_cast<std::ptrdiff_t>(at),
-                       [](char wanted, char c) { return wanted == upper(c); }))
+    if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"))
+        return isIn(bytes, bytes[0] == '\xFF' ? 0 : 1, 2);
+    const bool mayBeWide = bytes.substr(0, kStart).find('\0') != bytes.npos;
+    return isIn(bytes, 0, 1) || (mayBeWide && (isIn(bytes, 0, 2) || isIn(bytes, 1, 2)));
+}
+
+bool NameSearch::isIn(std::string_view bytes, std::size_t first, std::size_t stride) const
+{
+    const std::size_t last = m_text.size() - 1;
+    for (std::size_t at = first; at + last * stride < bytes.size();) {
+        std::size_t left = m_text.size();
+        while (left > 0 && upper(bytes[at + (left - 1) * stride]) == m_text[left - 1])
+            --left;
+        if (left == 0)
             return true;
-        at += m_steps[static_cast<unsigned char>(last)];
+        at += m_steps[static_cast<unsigned char>(bytes[at + last * stride])] * stride;
     }
     return false;
-}
-
-NameSearch::NameSearch(std::string_view text)
-    : m_narrow(upperCase(text))
-    , m_wide(inUtf16(upperCase(text)))
-{
 }
 
 std::string_view PlainRun(std::string_view text)

@@ -16,22 +16,13 @@ class NameSearch
 public:
     /// An empty text is in every file.
     explicit NameSearch(std::string_view text);
-    bool IsIn(std::string_view bytes) const { return m_narrow.IsIn(bytes) || m_wide.IsIn(bytes); }
+    bool IsIn(std::string_view bytes) const;
 
 private:
-    /// Horspool's search: after a mismatch, the last byte of the window decides how far to move.
-    class Pattern
-    {
-    public:
-        explicit Pattern(std::string upperCase);
-        bool IsIn(std::string_view bytes) const;
+    bool isIn(std::string_view bytes, std::size_t first, std::size_t stride) const;
 
-    private:
-        std::string m_text;
-        std::array<std::size_t, 256> m_steps{};
-    };
-
-    Pattern m_narrow, m_wide;
+    std::string m_text; ///< in upper case
+    std::array<std::size_t, 256> m_steps{};
 };
 
 /// Returns the longest run of characters of a text that every spelling of it in a structured file

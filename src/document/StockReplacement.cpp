@@ -2,6 +2,7 @@
 #include "document/StockReplacement.h"
 
 #include "host/Ahead.h"
+#include "host/Disk.h"
 #include "host/GameFiles.h"
 #include "host/Path.h"
 #include "host/RuntimeError.h"
@@ -115,7 +116,10 @@ bool StockReplacement::isUsedBy(const StfNode &data) const
 
 std::optional<FileInUse> StockReplacement::Find(const std::string &path) const
 {
-    FileInUse found{path, m_files.ReadFile(path), {}};
+    FileInUse found{path, {}, {}};
+    // Most paths are spelled as on the disk, which saves the search for them.
+    if (host::disk::Read(path, host::GameFiles::kReadLimit, found.bytes))
+        found.bytes = m_files.ReadFile(path);
     if (!mayUse(found.bytes))
         return std::nullopt;
     StfFile file(m_files);

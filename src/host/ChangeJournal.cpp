@@ -11,14 +11,13 @@
 #include "host/Text.h"
 
 #include <algorithm>
-#include <atomic>
 #include <mutex>
 #include <set>
 
 namespace host {
 namespace {
 
-constexpr std::string_view kRunning = "running", kKept = "kept", kLast = "last.zelk-change";
+constexpr const char *kRunning = "running", *kKept = "kept", *kLast = "last.zelk-change";
 
 /// One change at a time in this process, so that Recover may take over what an earlier one left.
 std::mutex &oneAtATime()
@@ -30,26 +29,6 @@ std::mutex &oneAtATime()
 [[noreturn]] void fail(const disk::Failure &failure, const std::string &path)
 {
     throw RuntimeError(failure.number, path + ": " + failure.reason);
-}
-
-/// Returns the writer of a running change's journal; nothing for other names.
-std::optional<disk::Writer> writerOf(std::string_view name)
-{
-    if (!name.starts_with(kRunning))
-        return std::nullopt;
-    return disk::WriterOf(name.substr(kRunning.size()));
-}
-
-/// Returns the names of all journals of changes that have begun.
-std::vector<std::string> journalsIn(const std::string &folder)
-{
-    std::vector<std::string> names;
-    if (const auto listing = disk::List(folder))
-        for (const disk::ListedName &file : listing->names)
-            if (writerOf(file.name))
-                names.push_back(file.name);
-    std::sort(names.begin(), names.end());
-    return names;
 }
 
 std::optional<disk::Failure> contentOf(const std::string &path, std::string &bytes)
@@ -169,7 +148,7 @@ std::string allFiles(const ChangeRecord &record)
 } // namespace
 
 ChangeJournal::ChangeJournal(std::string folder)
-    : m_folder(std::move(folder))
+    : m_journals(std::move(folder), kRunning)
 {
 }
 
@@ -178,16 +157,9 @@ std::string ChangeJournal::DefaultFolder()
     return path::Join(StateFolder(), "zelk/changes");
 }
 
-std::string ChangeJournal::newJournal() const
-{
-    static std::atomic<unsigned> counter = 0;
-    const std::string name = disk::TemporaryName(disk::ThisProcess(), counter++);
-    return disk::Join(m_folder, std::string(kRunning).append(name).append(".tmp"));
-}
-
 std::string ChangeJournal::lastFile() const
 {
-    return disk::Join(m_folder, kLast);
+    return disk::Join(m_journals.Folder(), kLast);
 }
 
 void ChangeJournal::Apply(const std::string &title, const std::vector<FileChange> &changes)
@@ -199,9 +171,9 @@ void ChangeJournal::Apply(const std::string &title, const std::vector<FileChange
 
 void ChangeJournal::run(const ChangeRecord &record, const std::vector<FileChange> &changes)
 {
-    if (const auto failure = disk::MakeFolders(m_folder))
-        fail(*failure, m_folder);
-    const std::string journal = newJournal();
+    if (const auto failure = disk::MakeFolders(m_journals.Folder()))
+        fail(*failure, m_journals.Folder());
+    const std::string journal = m_journals.NewPath();
     if (const auto failure = disk::Replace(journal, record.ToBytes()))
         fail(*failure, journal);
     std::size_t replaced = 0;
@@ -238,13 +210,10 @@ std::string ChangeJournal::rollBack(const ChangeRecord &record, const std::strin
 /// same time at least one sees the other.
 void ChangeJournal::refuseBesideOthers() const
 {
-    const disk::Writer self = disk::ThisProcess();
-    for (const std::string &name : journalsIn(m_folder)) {
-        const disk::Writer writer = *writerOf(name);
-        if (writer.machine == self.machine && writer != self && disk::MayRun(writer))
+    for (const OwnedFiles::File &other : m_journals.List())
+        if (other.owner == OwnedFiles::Owner::Running)
             throw RuntimeError(ErrorNumber::PathFileAccess,
-                               m_folder + ": another ZELK changes files at this moment");
-    }
+                               other.path + ": another ZELK changes files at this moment");
 }
 
 /// Makes a change whose files are all replaced the last one; an undo leaves no last change.
@@ -261,7 +230,7 @@ void ChangeJournal::finish(const ChangeRecord &record, const std::string &journa
                  lastFile());
         disk::Remove(journal); // if this fails, Recover removes it
     }
-    disk::FlushNames(m_folder);
+    disk::FlushNames(m_journals.Folder());
 }
 
 std::optional<ChangeRecord> ChangeJournal::Last() const
@@ -306,17 +275,15 @@ ChangeRecord ChangeJournal::Undo()
 std::vector<std::string> ChangeJournal::Recover()
 {
     const std::lock_guard lock(oneAtATime());
-    const disk::Writer self = disk::ThisProcess();
     std::vector<std::string> messages;
-    for (const std::string &name : journalsIn(m_folder)) {
-        const disk::Writer writer = *writerOf(name);
-        if (writer.machine != self.machine || (writer != self && disk::MayRun(writer)))
+    for (const OwnedFiles::File &file : m_journals.List()) {
+        if (file.owner != OwnedFiles::Owner::Ended && file.owner != OwnedFiles::Owner::Self)
             continue;
-        const std::string journal = newJournal();
-        if (disk::Rename(disk::Join(m_folder, name), journal))
-            continue; // another ZELK has it
+        const auto journal = m_journals.TakeOver(file.path);
+        if (!journal)
+            continue;
         try {
-            messages.push_back(recover(journal));
+            messages.push_back(recover(*journal));
         } catch (const RuntimeError &error) {
             messages.push_back(error.Detail());
         }
@@ -327,8 +294,7 @@ std::vector<std::string> ChangeJournal::Recover()
 /// Returns the message for the user.
 std::string ChangeJournal::recover(const std::string &journal)
 {
-    const std::string kept =
-        disk::Join(m_folder, std::string(kKept).append(journal.substr(journal.rfind(".zelk-"))));
+    const std::string kept = m_journals.Retired(journal, kKept);
     std::string bytes;
     if (const auto failure = contentOf(journal, bytes))
         return journal + ": " + failure->reason + ". The change that it describes was interrupted.";

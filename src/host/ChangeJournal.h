@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/ChangeRecord.h"
+#include "host/OwnedFiles.h"
 
 #include <optional>
 #include <string>
@@ -13,10 +14,9 @@ namespace host {
 /// the user's own holds a journal of the running change, with the old content of its files, and the
 /// record of the last complete change, so that it can be taken back.
 ///
-/// A journal belongs to the process that wrote it. Recover takes over those of processes that have
-/// ended, each by renaming it, so that only one process gets it. While another process changes a
-/// set, Apply and Undo refuse to begin. Journals of other machines, in a shared home folder, are
-/// left alone. Thread-safe.
+/// A journal belongs to the process that wrote it (OwnedFiles.h). Recover takes over those of
+/// processes that have ended. While another process changes a set, Apply and Undo refuse to begin.
+/// Journals of other machines, in a shared home folder, are left alone. Thread-safe.
 class ChangeJournal
 {
 public:
@@ -50,12 +50,11 @@ private:
     static std::string rollBack(const ChangeRecord &record, const std::string &journal,
                                 std::size_t replaced);
     void refuseBesideOthers() const;
-    std::string newJournal() const;
     std::string lastFile() const;
     std::string recover(const std::string &journal);
     void finish(const ChangeRecord &record, const std::string &journal) const;
 
-    const std::string m_folder;
+    const OwnedFiles m_journals;
 };
 
 } // namespace host

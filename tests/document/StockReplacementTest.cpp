@@ -237,9 +237,10 @@ TEST(NameSearchTest, FindsNamesInEveryEncodingAndCase)
         for (const std::string before : {"", "b", "bo", "abcabc", "xxxxxxxxxxxxxxxxx"}) {
             const std::string text = before + host::ToUpper(name) + before;
             for (const Encoding encoding : {Encoding::Utf8, Encoding::Utf16Le, Encoding::Utf16Be})
-                EXPECT_TRUE(document::NameSearch(name).IsIn(
-                    stavfile::Encode(text, encoding, encoding != Encoding::Utf8, {})))
-                    << name << " in " << text;
+                for (const bool mark : {true, false})
+                    EXPECT_TRUE(document::NameSearch(name).IsIn(
+                        stavfile::Encode("Train " + text, encoding, mark, {})))
+                        << name << " in " << text;
             EXPECT_FALSE(document::NameSearch(name + '!').IsIn(text));
         }
     EXPECT_TRUE(document::NameSearch("").IsIn(""));

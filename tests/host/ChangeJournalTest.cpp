@@ -127,15 +127,17 @@ TEST(ChangeJournalTest, FileThatChangedSinceTheInterruptionIsKept)
 
 TEST(ChangeJournalTest, RecordCutAtAnyLengthLosesNothing)
 {
-    const std::string whole = ChangedFiles().JournalBytes();
+    const ChangedFiles files;
+    const std::string whole = files.JournalBytes();
     std::size_t restored = 0;
     for (std::size_t length = 0; length < whole.size(); ++length) {
-        ChangedFiles files;
-        const std::string cut = files.JournalBytes().substr(0, length);
+        const std::string cut = whole.substr(0, length);
         files.LeaveJournal(cut);
+        files.folder.Write("B/c.con", files.changes[2].before);
         files.folder.Write("A/a.con", files.changes[0].after);
         files.folder.Write("A/b.con", files.changes[1].after);
-        const auto messages = files.journal.Recover();
+        host::ChangeJournal journal(files.folder.At("state"));
+        const auto messages = journal.Recover();
         ASSERT_EQ(messages.size(), 1u) << length;
         ASSERT_TRUE(files.State() == "nno" || files.State() == "ono" || files.State() == "ooo")
             << length << files.State();
@@ -145,7 +147,8 @@ TEST(ChangeJournalTest, RecordCutAtAnyLengthLosesNothing)
         ASSERT_EQ(files.folder.Read("state/" + files.Others()[0]), cut);
 
         files.folder.Write("state/last.zelk-change", cut);
-        ASSERT_TRUE(contains(errorOf([&] { files.journal.Undo(); }), "is damaged")) << length;
+        ASSERT_TRUE(contains(errorOf([&] { journal.Undo(); }), "is damaged")) << length;
+        std::filesystem::remove_all(host::path::ToDisk(files.folder.At("state")));
     }
     EXPECT_GT(restored, 10u) << "only the content of the third file was missing";
 }
