@@ -144,6 +144,32 @@ TEST(ChangeJournalPosixTest, ProcessExitDuringRecoveryIsMadeGood)
         }
 }
 
+TEST(ChangeJournalPosixTest, NothingIsChangedWhileAnotherProcessChangesFiles)
+{
+    ChangedFiles files;
+    files.journal.Apply("x", files.changes);
+    files.folder.Write("A/a.con", files.changes[0].before);
+    files.WriteJournal(
+        {host::disk::ThisProcess().machine, static_cast<std::uint64_t>(getppid()), 0},
+        files.JournalBytes());
+    EXPECT_TRUE(files.journal.Recover().empty());
+    for (const bool undo : {true, false}) {
+        files.folder.Write("A/a.con", undo ? files.changes[0].after : files.changes[0].before);
+        const std::string before = files.State();
+        try {
+            if (undo)
+                files.journal.Undo();
+            else
+                files.journal.Apply("y", {{files.changes[0]}});
+            ADD_FAILURE();
+        } catch (const host::RuntimeError &error) {
+            EXPECT_NE(error.Detail().find("another ZELK"), std::string::npos) << error.Detail();
+        }
+        EXPECT_EQ(files.State(), before);
+    }
+    EXPECT_EQ(files.Others().size(), 1u) << "only the journal of the other process";
+}
+
 TEST(ChangeJournalPosixTest, OneOfSeveralProcessesRecovers)
 {
     for (int round = 0; round < 20; ++round) {

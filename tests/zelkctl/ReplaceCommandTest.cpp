@@ -97,7 +97,6 @@ TEST_F(ReplaceCommandTest, SearchesOnlyTheChosenConsistsAndActivitiesOnRequest)
 TEST_F(ReplaceCommandTest, RefusesWhatCannotBeReplaced)
 {
     write("msts/TRAINS/CONSISTS/packed.con", "SIMISA@F\x10\x20@@@@\x78\x9c");
-    const std::string packed = Shown("msts/Trains/Consists/packed.con");
     const struct
     {
         Arguments arguments;

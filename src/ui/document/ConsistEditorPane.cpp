@@ -9,6 +9,7 @@
 #include "host/Path.h"
 #include "host/Text.h"
 #include "install/Installation.h"
+#include "ui/document/ChangeKeeper.h"
 #include "ui/document/DocumentHost.h"
 #include "ui/document/EditorControls.h"
 #include "ui/document/Furnishing.h"
@@ -50,6 +51,7 @@ ConsistEditorPane::ConsistEditorPane(frmDocument &window, DocumentHost &host,
     , m_controls(new EditorControls(furnishing))
     , m_loader(new StockLoader(window.Environment(), host, m_controls->Stock(), this))
     , m_marks(new TrainMarks(window.Environment(), m_controls->Train(), this))
+    , m_keeper(new ChangeKeeper(this, [this] { return unsavedState(); }))
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
@@ -245,6 +247,23 @@ void ConsistEditorPane::showTitle()
 void ConsistEditorPane::showChanged()
 {
     m_controls->ShowChanged(m_consist.Changed());
+    m_keeper->Follow(m_consist.Changed());
+}
+
+/// A new consist without units holds nothing that could be lost.
+std::optional<UnsavedConsist> ConsistEditorPane::unsavedState() const
+{
+    if (!Changed() || (m_window.FileName().empty() && m_consist.Rows().empty()))
+        return std::nullopt;
+    return UnsavedStateOf(m_consist, m_window.FileName(), m_window.Caption());
+}
+
+void ConsistEditorPane::Restore(const UnsavedConsist &unsaved)
+{
+    m_consist.Restore(unsaved.path, unsaved.bytes, unsaved.changedOnDisk);
+    m_controls->ShowConsist(m_consist);
+    showChanged();
+    m_keeper->KeepNow();
 }
 
 void ConsistEditorPane::editTrain(Move move)
