@@ -253,7 +253,8 @@ void ConsistEditorPane::showChanged()
 /// A new consist without units holds nothing that could be lost.
 std::optional<UnsavedConsist> ConsistEditorPane::unsavedState() const
 {
-    if (!Changed() || (m_window.FileName().empty() && m_consist.Rows().empty()))
+    const bool isNew = !m_window.Environment().files.FileExists(m_window.FileName());
+    if (!Changed() || (isNew && m_consist.Rows().empty()))
         return std::nullopt;
     return UnsavedStateOf(m_consist, m_window.FileName(), m_window.Caption());
 }
