@@ -86,6 +86,18 @@ void ConsistTree::New(const std::string &path)
     rebuildRows();
 }
 
+void ConsistTree::Restore(const std::string &path, std::string bytes, bool changedOnDisk)
+{
+    m_file.SetFileName(path);
+    m_file.LoadBytes(std::move(bytes));
+    m_onDisk = host::FileState::Absent(path);
+    if (!changedOnDisk && !path.empty() && m_files.FileExists(path))
+        m_onDisk = host::FileState(path, m_files.ReadFile(path));
+    m_changed = true;
+    m_history.Clear();
+    rebuildRows();
+}
+
 void ConsistTree::rebuildRows()
 {
     m_rows.clear();

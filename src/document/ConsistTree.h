@@ -58,6 +58,10 @@ public:
     /// consist will be saved, which does not exist yet; "" if it has no name yet.
     void New(const std::string &path = {});
 
+    /// Takes up the unsaved state of a consist, whose file is `path` (there may be none), and sets
+    /// Changed. If `changedOnDisk`, the file counts as changed by another program. Throws as Load.
+    void Restore(const std::string &path, std::string bytes, bool changedOnDisk);
+
     bool Changed() const { return m_changed; }
     void SetChanged(bool changed) { m_changed = changed; }
 

@@ -55,7 +55,9 @@ std::string machineText()
 
 Writer ThisProcess()
 {
-    return {MarkOf(machineText()), static_cast<std::uint64_t>(getpid()), startOf("self")};
+    // Reading it again for each of a thousand files would take longer than writing some of them.
+    static const std::string machine = MarkOf(machineText());
+    return {machine, static_cast<std::uint64_t>(getpid()), startOf("self")};
 }
 
 bool MayRun(const Writer &writer)

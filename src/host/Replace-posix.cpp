@@ -167,16 +167,13 @@ public:
                errno == EWOULDBLOCK && std::chrono::steady_clock::now() < patience)
             std::this_thread::sleep_for(1ms);
     }
-
-    /// Ends the lock and makes the new name survive a power cut. The file is already replaced, so a
-    /// failure leaves nothing to undo or report.
-    void Flush()
+    ~LockedFolder()
     {
-        if (!m_folder)
-            return;
-        flock(m_folder.Number(), LOCK_UN);
-        fsync(m_folder.Number());
+        if (m_folder) // a child process may still have it open
+            flock(m_folder.Number(), LOCK_UN);
     }
+    LockedFolder(const LockedFolder &) = delete;
+    LockedFolder &operator=(const LockedFolder &) = delete;
 
 private:
     const Handle m_folder;
@@ -184,19 +181,27 @@ private:
 
 } // namespace
 
-std::optional<Failure> Replace(const std::string &path, std::string_view bytes,
-                               const std::function<bool()> &mayReplace)
+struct Replacement::Prepared
 {
-    const std::string target = endOfLinks(path);
-    const std::string folder = folderOf(target);
-    Target before;
-    if (auto failure = inspect(target, before))
-        return failure;
-
-    RemoveLeftovers(folder);
+    std::string target;
     TemporaryFile file;
+};
+
+Replacement::Replacement() = default;
+Replacement::~Replacement() = default;
+Replacement::Replacement(Replacement &&) noexcept = default;
+Replacement &Replacement::operator=(Replacement &&) noexcept = default;
+
+std::optional<Failure> Replacement::Prepare(const std::string &path, std::string_view bytes)
+{
+    auto prepared = std::make_unique<Prepared>();
+    prepared->target = endOfLinks(path);
+    Target before;
+    if (auto failure = inspect(prepared->target, before))
+        return failure;
+    TemporaryFile &file = prepared->file;
     const mode_t mode = before.exists ? before.status.st_mode & 0777 : 0666;
-    if (auto failure = file.Create(folder, mode))
+    if (auto failure = file.Create(folderOf(prepared->target), mode))
         return failure;
     if (auto failure = file.Write(bytes))
         return failure;
@@ -205,12 +210,47 @@ std::optional<Failure> Replace(const std::string &path, std::string_view bytes,
             return failure;
     if (auto failure = file.Finish())
         return failure;
-    LockedFolder locked(folder);
+    m_prepared = std::move(prepared);
+    return std::nullopt;
+}
+
+std::optional<Failure> Replacement::Commit(const std::function<bool()> &mayReplace)
+{
+    const LockedFolder locked(folderOf(m_prepared->target));
     if (mayReplace && !mayReplace())
         return Failure{ErrorNumber::PathFileAccess, kNotReplaced};
-    if (auto failure = file.Become(target))
+    return m_prepared->file.Become(m_prepared->target);
+}
+
+std::string FolderOfTarget(const std::string &path)
+{
+    return folderOf(endOfLinks(path));
+}
+
+/// The files already have their names, so a failure leaves nothing to undo or report.
+void FlushNames(const std::string &folder)
+{
+    const Handle opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (opened)
+        fsync(opened.Number());
+}
+
+std::optional<Failure> Rename(const std::string &from, const std::string &to)
+{
+    return rename(from.c_str(), to.c_str()) == 0 ? std::nullopt : failed(errno);
+}
+
+std::optional<Failure> Replace(const std::string &path, std::string_view bytes,
+                               const std::function<bool()> &mayReplace)
+{
+    const std::string folder = FolderOfTarget(path);
+    RemoveLeftovers(folder);
+    Replacement file;
+    if (auto failure = file.Prepare(path, bytes))
         return failure;
-    locked.Flush();
+    if (auto failure = file.Commit(mayReplace))
+        return failure;
+    FlushNames(folder);
     return std::nullopt;
 }
 

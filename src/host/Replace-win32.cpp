@@ -181,33 +181,85 @@ private:
     bool m_owned = false;
 };
 
+std::wstring folderOf(const std::wstring &path)
+{
+    return path.substr(0, path.rfind(L'\\') + 1);
+}
+
 } // namespace
+
+struct Replacement::Prepared
+{
+    std::wstring target;
+    TemporaryFile file;
+};
+
+Replacement::Replacement() = default;
+Replacement::~Replacement() = default;
+Replacement::Replacement(Replacement &&) noexcept = default;
+Replacement &Replacement::operator=(Replacement &&) noexcept = default;
+
+std::optional<Failure> Replacement::Prepare(const std::string &path, std::string_view bytes)
+{
+    if (auto failure = WhyNoName(path))
+        return failure;
+    auto prepared = std::make_unique<Prepared>();
+    prepared->target = endOfLinks(SystemPath(path));
+    if (prepared->target.empty())
+        return Failure{ErrorNumber::PathFileAccess, "the link does not lead to a file"};
+    DWORD before = 0;
+    {
+        const LockedName locked(prepared->target);
+        if (auto failure = inspect(prepared->target, before))
+            return failure;
+    }
+    const bool exists = before != INVALID_FILE_ATTRIBUTES;
+    const DWORD kept = exists ? before & kKeptAttributes : FILE_ATTRIBUTE_NORMAL;
+    if (auto failure = prepared->file.Create(folderOf(prepared->target), kept))
+        return failure;
+    if (auto failure = prepared->file.Write(bytes))
+        return failure;
+    m_prepared = std::move(prepared);
+    return std::nullopt;
+}
+
+std::optional<Failure> Replacement::Commit(const std::function<bool()> &mayReplace)
+{
+    const std::wstring &target = m_prepared->target;
+    const LockedName locked(target);
+    if (mayReplace && !mayReplace())
+        return Failure{ErrorNumber::PathFileAccess, kNotReplaced};
+    const bool exists = GetFileAttributesW(target.c_str()) != INVALID_FILE_ATTRIBUTES;
+    return exists ? m_prepared->file.BecomeExisting(target) : m_prepared->file.BecomeNew(target);
+}
+
+std::string FolderOfTarget(const std::string &path)
+{
+    return Narrow(folderOf(endOfLinks(SystemPath(path))));
+}
+
+/// Renaming with MOVEFILE_WRITE_THROUGH waits for the disk, and folders cannot be flushed.
+void FlushNames(const std::string &) {}
+
+std::optional<Failure> Rename(const std::string &from, const std::string &to)
+{
+    if (MoveFileExW(SystemPath(from).c_str(), SystemPath(to).c_str(),
+                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        return std::nullopt;
+    return failed(GetLastError());
+}
 
 std::optional<Failure> Replace(const std::string &path, std::string_view bytes,
                                const std::function<bool()> &mayReplace)
 {
-    if (auto failure = WhyNoName(path))
+    if (auto failure = WhyNoName(path)) // before a link of that name is followed
         return failure;
-    const std::wstring target = endOfLinks(SystemPath(path));
-    if (target.empty())
-        return Failure{ErrorNumber::PathFileAccess, "the link does not lead to a file"};
-    const LockedName locked(target);
-    DWORD before = 0;
-    if (auto failure = inspect(target, before))
+    if (const std::string folder = FolderOfTarget(path); !folder.empty())
+        RemoveLeftovers(folder);
+    Replacement file;
+    if (auto failure = file.Prepare(path, bytes))
         return failure;
-    const bool exists = before != INVALID_FILE_ATTRIBUTES;
-    const DWORD kept = exists ? before & kKeptAttributes : FILE_ATTRIBUTE_NORMAL;
-
-    const std::wstring folder = target.substr(0, target.rfind(L'\\') + 1);
-    RemoveLeftovers(Narrow(folder));
-    TemporaryFile file;
-    if (auto failure = file.Create(folder, kept))
-        return failure;
-    if (auto failure = file.Write(bytes))
-        return failure;
-    if (mayReplace && !mayReplace())
-        return Failure{ErrorNumber::PathFileAccess, kNotReplaced};
-    return exists ? file.BecomeExisting(target) : file.BecomeNew(target);
+    return file.Commit(mayReplace);
 }
 
 } // namespace host::disk

@@ -4,6 +4,7 @@
 #include "host/Disk.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,5 +27,36 @@ std::optional<Failure> Replace(const std::string &path, std::string_view bytes,
 
 /// The reason that Replace returns if the file may not be replaced.
 inline constexpr const char *kNotReplaced = "it was changed by another program";
+
+/// Replaces a file in two steps, so that a set of files can be written before the first of them is
+/// replaced: a full disk then changes none. Follows links and keeps owner and permissions as
+/// Replace does, but leaves the removal of old temporary files to the caller.
+class Replacement
+{
+public:
+    Replacement();
+    /// Deletes the temporary file unless it became the target.
+    ~Replacement();
+    Replacement(Replacement &&) noexcept;
+    Replacement &operator=(Replacement &&) noexcept;
+
+    /// Writes and flushes a temporary file beside the target.
+    std::optional<Failure> Prepare(const std::string &path, std::string_view bytes);
+    /// Gives it the target's name; call it once, after Prepare has succeeded. `mayReplace` as in
+    /// Replace. The new name survives a power cut only after FlushNames.
+    std::optional<Failure> Commit(const std::function<bool()> &mayReplace);
+
+private:
+    struct Prepared;
+    std::unique_ptr<Prepared> m_prepared;
+};
+
+/// Returns the folder that holds the temporary file of `path`: the folder of the file that the path
+/// leads to.
+std::string FolderOfTarget(const std::string &path);
+/// Makes changed names in a folder survive a power cut, where the system does not do that itself.
+void FlushNames(const std::string &folder);
+/// Renames a file, and replaces an existing file of the new name.
+std::optional<Failure> Rename(const std::string &from, const std::string &to);
 
 } // namespace host::disk

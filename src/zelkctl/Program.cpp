@@ -12,6 +12,7 @@
 #include "zelkctl/HealthCommand.h"
 #include "zelkctl/ListCommand.h"
 #include "zelkctl/RenderCommand.h"
+#include "zelkctl/ReplaceCommand.h"
 #include "zelkctl/ResaveCommand.h"
 #include "zelkctl/Session.h"
 #include "zelkctl/ShapeCommand.h"
@@ -64,6 +65,8 @@ void addCommands(CLI::App &app, Session &session)
     AddTreeCommand(app, session);
     AddResaveCommand(app, session);
     AddEditCommand(app, session);
+    AddReplaceCommand(app, session);
+    AddUndoCommand(app, session);
     AddRenderCommand(app, session);
     AddShapeCommand(app, session);
     AddTextureCommand(app, session);

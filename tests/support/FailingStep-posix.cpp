@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstddef>
+#include <string_view>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -15,7 +16,7 @@ namespace {
 
 struct State
 {
-    bool counting = false, ends = false;
+    bool counting = false, ends = false, fillsDisk = false;
     int step = 0, error = 0, count = 0, namesRead = 0;
     const char *refused = "";
     std::vector<std::string> calls;
@@ -27,7 +28,9 @@ bool isRefused(const char *call)
     if (!state.counting)
         return false;
     state.calls.emplace_back(call);
-    if (state.count++ != state.step)
+    const int step = state.count++;
+    if (state.fillsDisk ? step < state.step || call != std::string_view("write")
+                        : step != state.step)
         return false;
     if (state.ends)
         _exit(support::FailingStep::kExitCode);
@@ -42,12 +45,17 @@ namespace support {
 
 FailingStep::FailingStep(int step, int error)
 {
-    state = {true, false, step, error, 0, 0, "", {}};
+    state = {true, false, false, step, error, 0, 0, "", {}};
 }
 
 FailingStep::FailingStep(int step, EndsProcess)
 {
-    state = {true, true, step, 0, 0, 0, "", {}};
+    state = {true, true, false, step, 0, 0, 0, "", {}};
+}
+
+FailingStep::FailingStep(int step, FillsDisk)
+{
+    state = {true, false, true, step, ENOSPC, 0, 0, "", {}};
 }
 
 FailingStep::~FailingStep()

@@ -26,6 +26,11 @@ public:
     {
     };
     FailingStep(int step, EndsProcess);
+    /// Makes every write from step number `step` on fail with ENOSPC.
+    struct FillsDisk
+    {
+    };
+    FailingStep(int step, FillsDisk);
     ~FailingStep();
     FailingStep(const FailingStep &) = delete;
     FailingStep &operator=(const FailingStep &) = delete;

@@ -9,6 +9,7 @@
 #include "host/Path.h"
 #include "host/Text.h"
 #include "install/Installation.h"
+#include "ui/document/ChangeKeeper.h"
 #include "ui/document/DocumentHost.h"
 #include "ui/document/EditorControls.h"
 #include "ui/document/Furnishing.h"
@@ -57,6 +58,7 @@ ConsistEditorPane::ConsistEditorPane(frmDocument &window, DocumentHost &host,
     , m_loader(new StockLoader(window.Environment(), host, m_controls->Stock(), this))
     , m_marks(new TrainMarks(window.Environment(), m_controls->Train(), this))
     , m_units(new UnitCommands(window, host, m_consist, *m_controls, this))
+    , m_keeper(new ChangeKeeper(this, [this] { return unsavedState(); }))
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
@@ -262,6 +264,24 @@ void ConsistEditorPane::showChanged()
 {
     m_controls->ShowChanged(m_consist.Changed());
     Q_EMIT m_window.StepsChanged();
+    m_keeper->Follow(m_consist.Changed());
+}
+
+/// A new consist without units holds nothing that could be lost.
+std::optional<UnsavedConsist> ConsistEditorPane::unsavedState() const
+{
+    const bool isNew = !m_window.Environment().files.FileExists(m_window.FileName());
+    if (!Changed() || (isNew && m_consist.Rows().empty()))
+        return std::nullopt;
+    return UnsavedStateOf(m_consist, m_window.FileName(), m_window.Caption());
+}
+
+void ConsistEditorPane::Restore(const UnsavedConsist &unsaved)
+{
+    m_consist.Restore(unsaved.path, unsaved.bytes, unsaved.changedOnDisk);
+    m_controls->ShowConsist(m_consist);
+    showChanged();
+    m_keeper->KeepNow();
 }
 
 void ConsistEditorPane::editTrain(Move move)

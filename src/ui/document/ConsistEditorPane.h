@@ -3,10 +3,12 @@
 
 #include "document/ConsistTree.h"
 #include "document/SaveConsist.h"
+#include "document/UnsavedConsist.h"
 #include "ui/document/DocumentPane.h"
 
 #include <QScrollArea>
 
+#include <optional>
 #include <string>
 
 class frmDocument;
@@ -14,6 +16,7 @@ class frmDocument;
 namespace document {
 
 class DocumentHost;
+class ChangeKeeper;
 class EditorControls;
 class StockFigures;
 class StockLoader;
@@ -50,6 +53,7 @@ public:
     void Save(bool quiet) override;
     void SaveAs() override;
     void FollowSave(const std::string &path) override;
+    void Restore(const UnsavedConsist &unsaved) override;
     void ReloadStock() override;
 
 protected:
@@ -72,6 +76,7 @@ private:
     void rereadStock();
     void showTitle();
     void showChanged();
+    std::optional<UnsavedConsist> unsavedState() const;
     void editTrain(Move move);
 
     void cancel();
@@ -95,6 +100,7 @@ private:
     StockLoader *m_loader;
     TrainMarks *m_marks;
     UnitCommands *m_units;
+    ChangeKeeper *m_keeper;
     bool m_stockLoaded = false;
     bool m_consistIsActiveList = false;
     std::string m_note; ///< about the file just loaded, for the status bar

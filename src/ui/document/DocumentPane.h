@@ -16,6 +16,7 @@ class QWidget;
 namespace document {
 
 class ConsistTree;
+struct UnsavedConsist;
 
 /// The content of a document window: a consist list, a consist editor or a 3D view. The window
 /// passes operations on to its pane. An operation that does not apply to a kind of pane does
@@ -74,6 +75,9 @@ public:
     /// window. Keeps unsaved changes and reports the conflict. Consist list: updates the mark of
     /// the consist.
     virtual void FollowSave(const std::string & /*path*/) {}
+    /// Consist editor: takes up the unsaved state of the consist, and keeps it in a recovery file
+    /// before it returns. Throws host::RuntimeError.
+    virtual void Restore(const UnsavedConsist & /*unsaved*/) {}
     /// Consist editor: reads the installed stock again, by the window's filter.
     virtual void ReloadStock() {}
 

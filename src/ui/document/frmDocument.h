@@ -63,6 +63,7 @@ public:
     void SaveConsist(bool quiet) { m_pane->Save(quiet); }
     void SaveConsistAs() { m_pane->SaveAs(); }
     void ShowSavedElsewhere(const std::string &path) { m_pane->FollowSave(path); }
+    void Restore(const document::UnsavedConsist &unsaved) { m_pane->Restore(unsaved); }
     void ReloadAllStock() { m_pane->ReloadStock(); }
     void ResetView() { m_pane->ResetView(); }
     void SaveSnapshot(const std::string &folder) { m_pane->SaveSnapshot(folder); }

@@ -15,6 +15,7 @@
 #include "ui/dialogs/QtDialogs.h"
 #include "ui/main/AccessibleRoles.h"
 #include "ui/main/Colours.h"
+#include "ui/main/LostWork.h"
 #include "ui/main/QtDesktop.h"
 #include "ui/main/ToolkitCommandLine.h"
 
@@ -100,6 +101,7 @@ int RunProgram(int argc, char **argv)
     const auto window =
         StartMainWindow({dialogs, files, *settings, installation, shapes}, desktop, printers,
                         CommandLineAfterToolkit(givenArguments, argc, argv));
+    OfferLostWork(*window);
     QApplication::setQuitOnLastWindowClosed(true);
     return QApplication::exec();
 }
