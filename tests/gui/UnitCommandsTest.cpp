@@ -391,6 +391,6 @@ TEST_F(UnitCommandsTest, UnitsFromAnotherEditorAreDroppedWhereTheLineIs)
     EXPECT_EQ(Status(), "There are no units to paste.");
     Trigger("mnuEditUndo");
     Trigger("mnuEditUndo");
-    EXPECT_EQ(shown(), "box hopper");
+    EXPECT_EQ(shown(), "box< hopper") << "the unit before the first place";
     Active()->AllowUnload();
 }
