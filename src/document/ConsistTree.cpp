@@ -180,7 +180,8 @@ EditResult ConsistTree::insert(const char *verb, const std::vector<StfNode> &uni
                                const char *whyNone)
 {
     place = std::clamp(place, 0, static_cast<int>(m_rows.size()) + 1);
-    EditResult result = step(titled(verb, units.size()), {}, [&](TrainEdit &edit) {
+    const std::vector<int> before = place > 1 ? std::vector{place - 1} : std::vector<int>();
+    EditResult result = step(titled(verb, units.size()), before, [&](TrainEdit &edit) {
         return units.empty() ? refusal(whyNone) : edit.Insert(units, place);
     });
     if (result.refused || place != 0 || m_whyRowsEnd.empty())

@@ -210,8 +210,8 @@ TEST_F(EditHistoryTest, StepsHaveNamesAndRestoreTheSelection)
          },
          {6, 7},
          {}},
-        {"Add Unit", [&] { return tree.Insert({box}, 3); }, {3}, {}},
-        {"Paste 2 Units", [&] { return tree.Paste(pasted, 2); }, {2, 3}, {}},
+        {"Add Unit", [&] { return tree.Insert({box}, 3); }, {3}, {2}},
+        {"Paste 2 Units", [&] { return tree.Paste(pasted, 2); }, {2, 3}, {1}},
         {"Remove Unit", [&] { return tree.Edit(Move::Remove, 3); }, {2}, {3}},
         {"Remove 3 Units",
          [&] {

@@ -189,10 +189,11 @@ protected:
             return {};
         return "list|" + RowsOf(Find<QAbstractItemView>(*all.front(), "lvConsists")) + '\n';
     }
-    /// The rows of the train in the active window; "" if it is not an editor.
+    /// The rows of the train if the command is called from an editor.
     std::string rowsOfTrain() const
     {
-        if (!Active() || Active()->Mode() != WindowMode::ConsistEditor)
+        if (GetParam().from != From::Editor || !Active() ||
+            Active()->Mode() != WindowMode::ConsistEditor)
             return {};
         return "train|" + RowsOf(Find<QAbstractItemView>(*Active(), "lvConsist")) + '\n';
     }
@@ -240,6 +241,7 @@ constexpr char kNoSimulator[] = "critical|View MSTS|<M>/train.exe: there is no s
 constexpr char kNoEditors[] =
     "critical|View MSTS Tools|<M>/launcher.exe: there is no such file\n\nWas it moved, renamed or "
     "deleted? F5 reads the lists again.\n";
+#define EDITED "windows|Consist List 1|Consist - Coal\n" // the caption shows the consist's name
 constexpr char kRoutes[] = "select|Select Routes to Check|\n";
 
 constexpr Row kRows[] = {
@@ -272,20 +274,21 @@ constexpr Row kRows[] = {
     {From::List, "mnuConsistCheckStock", "windows|Consist List 1|Stock check of Coal\n"},
     {From::List, "mnuFileCheckDep", kRoutes},
     {From::List, "mnuConsistHealth", "windows|Consist List 1|Health of Coal\n"},
-    {From::Editor, "mnuEditCut", "train|Wagon/Boxcars/hopper\nclipboard|Boxcars/box.wag\n"},
-    {From::Editor, "mnuEditCopy", "clipboard|Boxcars/box.wag\n"},
+    {From::Editor, "mnuEditCut",
+     EDITED "train|Wagon/Boxcars/hopper\nclipboard|Boxcars/box.wag\n\n"},
+    {From::Editor, "mnuEditCopy", "clipboard|Boxcars/box.wag\n\n"},
     {From::Editor, "mnuEditPaste",
      "critical|Paste|There are no units of a train on the clipboard.\n"},
     {From::Editor, "mnuEditUndo", ""}, // nothing to undo yet
     {From::Editor, "mnuEditRedo", ""},
     {From::Editor, "mnuUnitsAddBehind",
-     "train|Wagon/Boxcars/box Engine/GP38 Pack/gp38a Wagon/Boxcars/hopper\n"},
+     EDITED "train|Wagon/Boxcars/box Engine/GP38 Pack/gp38a Wagon/Boxcars/hopper\n"},
     {From::Editor, "mnuUnitsAddSeveral", "input|Add Several|How many of gp38a?|2\n"},
-    {From::Editor, "mnuUnitsRemove", "train|Wagon/Boxcars/hopper\n"},
-    {From::Editor, "mnuUnitsFlip", "train|Wagon*/Boxcars/box Wagon/Boxcars/hopper\n"},
-    {From::Editor, "mnuUnitsMoveUp", ""}, // it is the first one
-    {From::Editor, "mnuUnitsMoveDown", "train|Wagon/Boxcars/hopper Wagon/Boxcars/box\n"},
-    {From::Editor, "mnuUnitsReverse", "train|Wagon*/Boxcars/hopper Wagon*/Boxcars/box\n"},
+    {From::Editor, "mnuUnitsRemove", EDITED "train|Wagon/Boxcars/hopper\n"},
+    {From::Editor, "mnuUnitsFlip", EDITED "train|Wagon*/Boxcars/box Wagon/Boxcars/hopper\n"},
+    {From::Editor, "mnuUnitsMoveUp", EDITED}, // it is the first one
+    {From::Editor, "mnuUnitsMoveDown", EDITED "train|Wagon/Boxcars/hopper Wagon/Boxcars/box\n"},
+    {From::Editor, "mnuUnitsReverse", EDITED "train|Wagon*/Boxcars/hopper Wagon*/Boxcars/box\n"},
     {From::Editor, "mnuUnitsSelectKind", ""},
     {From::Editor, "mnuStockViewShape", kNoShape},
     {From::Editor, "mnuStockCheckDep",

@@ -79,8 +79,11 @@ protected:
         QPoint at(5, target.height() - 2);
         if (place < train().model()->rowCount())
             at = train().visualRect(train().model()->index(place, 0)).topLeft() + QPoint(5, 2);
-        QDropEvent dropped(at, Qt::CopyAction | Qt::MoveAction, content.get(), Qt::LeftButton,
-                           Qt::NoModifier);
+        constexpr auto actions = Qt::CopyAction | Qt::MoveAction;
+        QDragEnterEvent enter(at, actions, content.get(), Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&target, &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent dropped(at, actions, content.get(), Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&target, &dropped);
     }
 };
@@ -385,8 +388,9 @@ TEST_F(UnitCommandsTest, UnitsFromAnotherEditorAreDroppedWhereTheLineIs)
     EXPECT_EQ(shown(), "box box Oil hopper box< Oil<");
     EXPECT_EQ(undo().text().toStdString(), "&Undo Paste 2 Units");
     drop("not units", 0);
+    EXPECT_EQ(Status(), "There are no units to paste.");
     Trigger("mnuEditUndo");
     Trigger("mnuEditUndo");
-    EXPECT_EQ(shown(), "box hopper");
+    EXPECT_EQ(shown(), "box< hopper") << "the unit before the first place";
     Active()->AllowUnload();
 }

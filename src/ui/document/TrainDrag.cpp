@@ -2,6 +2,7 @@
 #include "ui/document/TrainDrag.h"
 
 #include "document/UnitClipboard.h"
+#include "host/Text.h"
 #include "ui/document/UnitCommands.h"
 #include "ui/document/UnitMime.h"
 #include "ui/widgets/ListView.h"
@@ -9,15 +10,36 @@
 #include <QApplication>
 #include <QDrag>
 #include <QDropEvent>
+#include <QFontMetrics>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QPixmap>
 #include <QScrollBar>
+#include <QToolTip>
 
 namespace document {
 
 namespace {
 
 constexpr int kLine = 3, kScrollMargin = 20;
+
+/// Returns what the mouse drags: "3 units".
+QPixmap picture(std::size_t units)
+{
+    const QString text = QString::fromStdString(host::Counted(units, "unit", "units"));
+    const QPalette colours = QToolTip::palette();
+    constexpr int air = 5;
+    const QRect frame =
+        QFontMetrics(QApplication::font()).boundingRect(text).adjusted(-air, -air, air, air);
+    QPixmap drawn(frame.size());
+    drawn.fill(colours.color(QPalette::ToolTipBase));
+    QPainter painter(&drawn);
+    painter.setPen(colours.color(QPalette::ToolTipText));
+    painter.drawRect(drawn.rect().adjusted(0, 0, -1, -1));
+    painter.drawText(drawn.rect(), Qt::AlignCenter, text);
+    return drawn;
+}
 
 } // namespace
 
@@ -87,6 +109,8 @@ void TrainDrag::start()
     m_pressed.reset();
     auto *drag = new QDrag(m_train.viewport()); // Qt deletes it
     drag->setMimeData(UnitMime(m_commands.Selected()).release());
+    drag->setPixmap(picture(m_train.SelectedRows().size()));
+    drag->setHotSpot({-12, -12});
     drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
 }
 

@@ -36,9 +36,8 @@ bool isSameVehicle(const StockItem &a, const StockItem &b)
            host::EqualsNoCase(a.shape, b.shape);
 }
 
-} // namespace
-
-void SelectRows(ListView &list, const std::vector<int> &rows)
+/// Selects these rows, from 1, and scrolls to them.
+void selectRows(ListView &list, const std::vector<int> &rows)
 {
     list.SelectRow(rows.empty() ? -1 : rows.back() - 1);
     if (rows.size() < 2)
@@ -52,6 +51,8 @@ void SelectRows(ListView &list, const std::vector<int> &rows)
                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
     list.scrollTo(list.model()->index(rows.front() - 1, 0));
 }
+
+} // namespace
 
 UnitCommands::UnitCommands(frmDocument &window, DocumentHost &host, ConsistTree &consist,
                            EditorControls &controls, QObject *parent)
@@ -206,7 +207,7 @@ void UnitCommands::selectKind(const std::vector<int> &rows)
         return std::none_of(rows.begin(), rows.end(),
                             [&](int selected) { return isSameVehicle(item(row), item(selected)); });
     });
-    SelectRows(*m_controls.lvConsist, same);
+    selectRows(*m_controls.lvConsist, same);
     m_host.SetStatus(host::Counted(same.size(), "unit is", "units are") + " selected.");
 }
 
@@ -261,13 +262,18 @@ void UnitCommands::show(const EditResult &result, bool wasChanged)
 {
     if (!result.isStep && !wasChanged)
         m_consist.SetChanged(false);
+    if (result.refused) {
+        Q_EMIT Edited();
+        m_host.SetStatus(result.message);
+        return;
+    }
     ListView &list = *m_controls.lvConsist;
     const int scrolled = list.verticalScrollBar()->value();
     m_controls.ShowConsist(m_consist);
     Q_EMIT Edited();
     list.doItemsLayout(); // the scroll bar has no range before this call
     list.verticalScrollBar()->setValue(scrolled);
-    SelectRows(list, result.selectedRows);
+    selectRows(list, result.selectedRows);
     m_host.SetStatus(result.message);
 }
 

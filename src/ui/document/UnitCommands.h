@@ -16,7 +16,6 @@ namespace document {
 
 class DocumentHost;
 class EditorControls;
-class ListView;
 struct CopiedUnits;
 
 /// Carries out the edits of a consist editor on the selected units and stock, and shows the result.
@@ -64,8 +63,5 @@ private:
     ConsistTree &m_consist;
     EditorControls &m_controls;
 };
-
-/// Selects these rows of the train, from 1, and scrolls to them.
-void SelectRows(ListView &list, const std::vector<int> &rows);
 
 } // namespace document
