@@ -12,8 +12,8 @@ class SearchField : public QLineEdit
     Q_OBJECT
 
 public:
-    /// `name` is the control's fixed name, `title` its name for screen readers and, with the key, the text that it
-    /// shows while it is empty.
+    /// `name` is the control's fixed name, `title` its name for screen readers and, with the key,
+    /// the text that it shows while it is empty.
     SearchField(const char *name, const QString &title, QWidget *parent = nullptr);
 
     /// Shows a short remark at the right end of the field while it holds text: "12 of 880".
