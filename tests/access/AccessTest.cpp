@@ -140,6 +140,7 @@ TEST_F(AccessTest, EveryControlHasANameAndARole)
     Start();
     EXPECT_EQ(controlsIn(window), R"(frame Consist List 1
 tree Installed consists
+text Search the consists
 status bar Status bar
 menu bar Menus
 tool bar Toolbar
@@ -197,7 +198,9 @@ push button Remove all consist items
 push button Move stock forwards
 push button Move stock backwards
 push button Flip stock in consist
+text Search the stock
 tree Available installed stock
+text Search the train
 tree Current consist items
 text Max Velocity
 text Max Velocity, second value

@@ -114,7 +114,7 @@ void StripText::paintEvent(QPaintEvent *)
 }
 
 TrainStrip::TrainStrip(StockFigures &figures, QWidget *parent)
-    : QFrame(parent)
+    : QWidget(parent)
     , lblTrainSheet(new StripText(this))
     , cmdUnits(new QToolButton(this))
     , m_figures(figures)

@@ -4,8 +4,8 @@
 #include "content/SheetText.h"
 #include "content/StockReader.h"
 
-#include <QFrame>
 #include <QStringList>
+#include <QWidget>
 
 #include <memory>
 #include <optional>
@@ -43,7 +43,7 @@ private:
 
 /// A strip with the figures of a train, and a menu for their units. The figures are read in the
 /// background; until all of them are there, the strip says so.
-class TrainStrip : public QFrame
+class TrainStrip : public QWidget
 {
     Q_OBJECT
 

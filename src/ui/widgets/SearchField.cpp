@@ -3,6 +3,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QToolButton>
 
 namespace document {
 
@@ -27,6 +28,8 @@ SearchField::SearchField(const char *name, const QString &title, QWidget *parent
     setAccessibleDescription(QString::fromLatin1(name));
     setPlaceholderText(title + QStringLiteral(" (Ctrl+K)"));
     setClearButtonEnabled(true);
+    for (auto *clearButton : findChildren<QToolButton *>())
+        clearButton->setAccessibleName(QStringLiteral("Clear: ") + title);
     setFocusPolicy(Qt::ClickFocus);
     setMaxLength(1000);
     setMinimumWidth(60);
