@@ -93,7 +93,7 @@ bench::Row rowFor(int nth)
 {
     Consists consists(nth);
     return bench::Compare(
-        "replace, " + std::to_string(consists.changing.size()) + " of 10,000 consists change",
+        "replace, " + std::to_string(consists.changing.size()) + " of 10,000 consists",
         [&] { consists.Replace(); }, "reading all, writing those, flushed",
         [&] { consists.ReadAndWrite(); }, 5);
 }

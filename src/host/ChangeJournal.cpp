@@ -72,6 +72,9 @@ void replaceAll(const std::vector<FileChange> &changes, std::size_t &replaced)
     for (std::size_t i = 0; i < changes.size(); ++i)
         if (const auto failure = files[i].Prepare(changes[i].path, changes[i].after))
             fail(*failure, changes[i].path);
+    for (std::size_t i = 0; i < changes.size(); ++i)
+        if (const auto failure = files[i].Flush())
+            fail(*failure, changes[i].path);
     for (replaced = 0; replaced < changes.size(); ++replaced) {
         const FileChange &change = changes[replaced];
         const auto failure = files[replaced].Commit([&change] {
@@ -106,6 +109,8 @@ std::optional<disk::Failure> restore(const ChangeRecord::File &file)
         return disk::Failure{ErrorNumber::PathFileAccess, "its old content is lost"};
     disk::Replacement replacement;
     if (auto failure = replacement.Prepare(file.path, *file.old))
+        return failure;
+    if (auto failure = replacement.Flush())
         return failure;
     return replacement.Commit([&] { return markOf(file.path) == now; });
 }

@@ -125,10 +125,22 @@ public:
         return std::nullopt;
     }
 
-    MaybeFailure Finish()
+    /// Lets the system begin to write the content to the disk, and closes the file: a process may
+    /// not have thousands of them open.
+    MaybeFailure Close()
     {
+#ifdef SYNC_FILE_RANGE_WRITE
+        if (sync_file_range(m_file->Number(), 0, 0, SYNC_FILE_RANGE_WRITE) != 0)
+            errno = 0; // Flush does it all then
+#endif
+        return m_file->Close() == 0 ? std::nullopt : failed(errno);
+    }
+
+    MaybeFailure Flush() const
+    {
+        const Handle file(open(m_path.c_str(), O_WRONLY | O_CLOEXEC));
         // Some network file systems cannot flush and report that as EINVAL.
-        if ((fsync(m_file->Number()) != 0 && errno != EINVAL) || m_file->Close() != 0)
+        if (!file || (fsync(file.Number()) != 0 && errno != EINVAL))
             return failed(errno);
         return std::nullopt;
     }
@@ -208,10 +220,15 @@ std::optional<Failure> Replacement::Prepare(const std::string &path, std::string
     if (before.exists)
         if (auto failure = file.TakeOwnerAndMode(before.status))
             return failure;
-    if (auto failure = file.Finish())
+    if (auto failure = file.Close())
         return failure;
     m_prepared = std::move(prepared);
     return std::nullopt;
+}
+
+std::optional<Failure> Replacement::Flush()
+{
+    return m_prepared->file.Flush();
 }
 
 std::optional<Failure> Replacement::Commit(const std::function<bool()> &mayReplace)
@@ -247,6 +264,8 @@ std::optional<Failure> Replace(const std::string &path, std::string_view bytes,
     RemoveLeftovers(folder);
     Replacement file;
     if (auto failure = file.Prepare(path, bytes))
+        return failure;
+    if (auto failure = file.Flush())
         return failure;
     if (auto failure = file.Commit(mayReplace))
         return failure;

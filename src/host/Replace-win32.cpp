@@ -223,6 +223,12 @@ std::optional<Failure> Replacement::Prepare(const std::string &path, std::string
     return std::nullopt;
 }
 
+/// Prepare has flushed the file, because only its writer's handle can do that.
+std::optional<Failure> Replacement::Flush()
+{
+    return std::nullopt;
+}
+
 std::optional<Failure> Replacement::Commit(const std::function<bool()> &mayReplace)
 {
     const std::wstring &target = m_prepared->target;

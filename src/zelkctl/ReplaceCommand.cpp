@@ -129,7 +129,7 @@ void reportFaults(Session &session, const document::FoundInUse &found, bool dryR
     if (!dryRun)
         throw Failure("Nothing was changed, because " +
                       host::Counted(found.faults.size(), "file", "files") +
-                      " may use the vehicle and cannot be searched. --consist chooses others.");
+                      " may use the vehicle and cannot be searched. --consist limits the search.");
     session.exitCode = kCouldNotRun;
 }
 

@@ -74,8 +74,8 @@ TEST_F(LostWorkTest, UnsavedConsistIsOfferedAtTheNextStart)
 {
     WriteConsist("Coal", {"box", "hopper"});
     frmDocument &editor = OpenEditor("Coal");
-    const std::string caption = editor.Caption();
     change(editor);
+    const std::string caption = editor.Caption(), file = editor.FileName();
     const std::string rows = RowsOf(train(editor));
     ASSERT_TRUE(Wait([this] { return kept().size() == 1; }));
     crash();
@@ -84,7 +84,7 @@ TEST_F(LostWorkTest, UnsavedConsistIsOfferedAtTheNextStart)
 
     dialogs.Answer(DialogAnswer::Yes);
     app::OfferLostWork(*window);
-    EXPECT_TRUE(dialogs.Log().starts_with("question|Unsaved Consist|" + caption +
+    EXPECT_TRUE(dialogs.Log().starts_with("question|Unsaved Consist|" + file +
                                           " was not saved when ZELK ended unexpectedly."))
         << dialogs.Log();
     ASSERT_TRUE(Active());

@@ -77,6 +77,18 @@ void expectWholeIfItFails(const Operation &operation, int step, const How &how)
     EXPECT_EQ(files.journal.Last().has_value(), files.State() == "nnn");
 }
 
+TEST(ChangeJournalPosixTest, FlushesTheJournalAndAllNewFilesBeforeTheFirstIsReplaced)
+{
+    for (const Operation &operation : kOperations) {
+        const auto steps = stepsOf(operation);
+        const auto journal = std::find(steps.begin(), steps.end(), "rename");
+        ASSERT_NE(journal, steps.end());
+        const auto first = std::find(journal + 1, steps.end(), "rename");
+        EXPECT_GE(std::count(steps.begin(), journal, "fsync"), 1) << "the journal";
+        EXPECT_GE(std::count(journal, first, "fsync"), 4) << "its name and the new files";
+    }
+}
+
 TEST(ChangeJournalPosixTest, FailedStepLeavesAllFilesOldOrNew)
 {
     for (const Operation &operation : kOperations) {

@@ -21,17 +21,17 @@ constexpr char kTitle[] = "Unsaved Consist";
 
 DialogAnswer askAbout(const UnsavedConsist &consist, host::Dialogs &dialogs)
 {
-    constexpr std::int64_t kNanoseconds = 1'000'000;
+    constexpr std::int64_t kPerMillisecond = 1'000'000;
     const QString time = QLocale().toString(
-        QDateTime::fromMSecsSinceEpoch(consist.time / kNanoseconds), QLocale::ShortFormat);
-    return dialogs.Message(
-        consist.title +
-            " was not saved when ZELK ended unexpectedly.  Its last "
-            "change was on " +
-            time.toStdString() +
-            ".\n\nDo you want to open it with its changes?  No drops them, Cancel "
-            "asks again at the next start.",
-        kTitle, host::DialogIcon::Question, host::DialogButtons::YesNoCancel);
+        QDateTime::fromMSecsSinceEpoch(consist.time / kPerMillisecond), QLocale::ShortFormat);
+    std::string text = consist.path.empty() ? consist.title : consist.path;
+    text += " was not saved when ZELK ended unexpectedly.  Its last change was on ";
+    text += time.toStdString();
+    text +=
+        ".\n\nDo you want to open it with its changes?  No drops them, Cancel asks again at the "
+        "next start.";
+    return dialogs.Message(text, kTitle, host::DialogIcon::Question,
+                           host::DialogButtons::YesNoCancel);
 }
 
 /// Returns true once the changes are in a window, which keeps them itself.
