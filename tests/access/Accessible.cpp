@@ -172,6 +172,11 @@ std::string Accessible::CellDescription(int row, int column) const
 void Accessible::SelectRow(int row) const
 {
     ask(kTable, "AddRowSelection", {row});
+    const QVariantList selected = ask(kTable, "GetSelectedRows", {});
+    if (!selected.isEmpty())
+        for (const int other : qdbus_cast<QList<int>>(selected[0]))
+            if (other != row)
+                ask(kTable, "RemoveRowSelection", {other});
     const QVariantList reply = ask(kTable, "IsRowSelected", {row});
     if (reply.isEmpty() || !reply[0].toBool())
         throw std::runtime_error(Role() + " \"" + Name() + "\" did not select row " +

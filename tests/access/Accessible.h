@@ -36,6 +36,7 @@ public:
     int Rows() const;
     std::string Cell(int row, int column) const;
     std::string CellDescription(int row, int column) const;
+    /// Selects this row alone.
     void SelectRow(int row) const;
 
 private:
