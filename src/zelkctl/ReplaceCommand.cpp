@@ -5,6 +5,7 @@
 #include "document/StockReplacement.h"
 #include "host/ChangeJournal.h"
 #include "host/Console.h"
+#include "host/Disk.h"
 #include "host/Path.h"
 #include "host/Text.h"
 #include "install/Route.h"
@@ -58,6 +59,13 @@ void addFiles(Session &session, const std::string &folder, const std::string &pr
         throw Failure(folder + ": this folder cannot be listed");
 }
 
+/// Returns the same text for all spellings of a path.
+std::string keyOf(const std::string &path)
+{
+    std::string key = host::path::Absolute(path);
+    return host::disk::kIgnoresCase ? host::ToUpper(key) : key;
+}
+
 /// Throws Failure if a folder cannot be listed: its files may use the vehicle.
 std::vector<Target> targetsOf(Session &session, const install::Installation &installation,
                               const ReplaceOptions &options)
@@ -65,7 +73,8 @@ std::vector<Target> targetsOf(Session &session, const install::Installation &ins
     std::vector<Target> targets;
     std::set<std::string> seen;
     for (const std::string &name : options.consists)
-        if (std::string path = ConsistFile(session, installation, name); seen.insert(path).second)
+        if (std::string path = ConsistFile(session, installation, name);
+            seen.insert(keyOf(path)).second)
             targets.push_back({path, name});
     if (options.consists.empty())
         addFiles(session, installation.PathOf(document::kConsists), "", ".con", targets);

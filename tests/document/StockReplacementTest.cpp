@@ -41,7 +41,7 @@ protected:
             return "unused";
         const host::FileChange change = replacement.ChangeOf(*found, chosen);
         EXPECT_EQ(change.before, bytes);
-        EXPECT_EQ(change.path, folder.At("a.con"));
+        EXPECT_EQ(change.path, folder.Shown("a.con"));
         return change.after;
     }
     std::string changedUnit(const std::string &unit, const std::string &from, const std::string &to)

@@ -2,6 +2,7 @@
 #include "ui/main/Colours.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -29,6 +30,7 @@ int main(int argc, char **argv)
     if (GTEST_FLAG_GET(list_tests))
         return RUN_ALL_TESTS();
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QLocale::setDefault(QLocale::c()); // metric units, on every machine
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     app::DressApplication(application);
