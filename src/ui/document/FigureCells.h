@@ -12,8 +12,8 @@ namespace document {
 
 class StockFigures;
 
-/// The columns of figures of a list of vehicles, to the right of its own columns. A column that is
-/// not shown is not part of the list's model.
+/// The columns of figures of a list of vehicles, to the right of its other columns. A column that
+/// is not shown is not part of the list's model.
 class FigureCells
 {
 public:
