@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Compares the health report of an installation, and the figures of its stock, with reading the
 // files that they open once.
-// Usage: zelk-health-bench INSTALLATION
+// Usage: zelk-health-bench INSTALLATION [figures]
 #include "Measure.h"
 #include "Processes.h"
 #include "content/HealthRun.h"
@@ -46,7 +46,8 @@ struct Stock
     explicit Stock(const std::string &folder)
     {
         host::GameFiles game;
-        const std::string trainset = host::path::Join(folder, install::kTrainset);
+        const std::string trainset =
+            game.FindFolder(host::path::Join(folder, install::kTrainset)).value_or("").string();
         for (const std::string &name : install::StockFolders(game, trainset, ""))
             for (const std::string &file : install::StockFiles(game, trainset, name)) {
                 const bool engine = file.ends_with("eng");
@@ -68,35 +69,44 @@ void readFigures(const std::string &folder, const Stock &stock)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 
+bench::Row compareFigures(const std::string &folder, int rounds)
+{
+    const Stock stock(folder);
+    return bench::Compare(
+        "figures of all stock, one worker", [&] { readFigures(folder, stock); },
+        "reading the vehicles' files once", [&] { bench::ReadOnce(stock.files); }, rounds);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: zelk-health-bench INSTALLATION\n");
+    if (argc != 2 && !(argc == 3 && std::string_view(argv[2]) == "figures")) {
+        std::fprintf(stderr, "usage: zelk-health-bench INSTALLATION [figures]\n");
         return 2;
     }
     const std::string folder = argv[1];
+    constexpr int kRounds = 5;
+    if (argc == 3) {
+        bench::PrintTable({compareFigures(folder, kRounds)});
+        return 0;
+    }
     const auto withWorkers = [&](std::size_t workers) {
         return [&folder, workers] { check(folder, workers); };
     };
     const double memory = bench::PeakMebibytes(withWorkers(2)); // first: no freed memory to reuse
     const std::vector<std::string> files = filesOf(folder);
     const auto readAll = [&] { bench::ReadOnce(files); };
-    const Stock stock(folder);
     const auto zelkctl = [&] {
         bench::RunQuietly({ZELKCTL, "--msts", folder, "health", "--profile", "both", "--fail-on",
                            "never", "--quiet"});
     };
     const char *const once = "reading the files once";
-    constexpr int kRounds = 5;
     bench::PrintTable({
         bench::Compare("health, one worker", withWorkers(1), once, readAll, kRounds),
         bench::Compare("health, two workers", withWorkers(2), once, readAll, kRounds),
         bench::Compare("zelkctl health", zelkctl, once, readAll, kRounds),
-        bench::Compare(
-            "figures of all stock, one worker", [&] { readFigures(folder, stock); },
-            "reading the vehicles' files once", [&] { bench::ReadOnce(stock.files); }, kRounds),
+        compareFigures(folder, kRounds),
         {"health, peak memory", "wanted", memory, 400, "MB"},
     });
     std::printf("%zu files read\n", files.size());

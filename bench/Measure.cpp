@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <memory>
 #include <utility>
@@ -40,8 +41,10 @@ void ReadOnce(const std::vector<std::string> &files)
     for (const std::string &name : files) {
         const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::fopen(name.c_str(), "rb"),
                                                                     std::fclose);
-        if (!file)
-            continue;
+        if (!file) {
+            std::fprintf(stderr, "cannot read %s\n", name.c_str());
+            std::exit(1);
+        }
         std::setvbuf(file.get(), nullptr, _IONBF, 0);
         while (std::fread(buffer.data(), 1, buffer.size(), file.get()) == buffer.size())
             continue;

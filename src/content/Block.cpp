@@ -39,6 +39,13 @@ bool Block::SameName(std::string_view a, std::string_view b)
                                               [](char x, char y) { return lower(x) == lower(y); });
 }
 
+bool Block::Is(std::string_view name) const
+{
+    // Most names differ in their first letter, so the end of the name is looked for last.
+    const std::string_view text = m_source->text;
+    return SameName(text.substr(record().begin, name.size()), name) && Name().size() == name.size();
+}
+
 std::string Block::Value(std::size_t index) const
 {
     if (index >= ValueCount())

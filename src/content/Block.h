@@ -26,7 +26,7 @@ public:
     std::uint32_t Record() const { return m_record; }
     /// Returns the name in the spelling of the source.
     std::string_view Name() const { return m_source->Name(record()); }
-    bool Is(std::string_view name) const { return SameName(Name(), name); }
+    bool Is(std::string_view name) const;
 
     std::size_t ValueCount() const { return record().valueCount; }
     /// Returns a value in UTF-8 without quotes and escapes; "" if there is no such value.

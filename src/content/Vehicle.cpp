@@ -240,12 +240,12 @@ std::optional<Vehicle::Value> Vehicle::Find(std::string_view path) const
 {
     const Entry *found = nullptr;
     const bool fromBase = isKeptFromBase(path);
-    for (const Entry &entry : m_entries) {
-        const bool isBase = m_files[entry.file].path == m_basePath;
-        const bool foundBase = found && m_files[found->file].path == m_basePath;
-        if (isAt(entry, path) && !(fromBase && foundBase && !isBase))
+    const auto isInBase = [&](const Entry &entry) {
+        return m_files[entry.file].path == m_basePath;
+    };
+    for (const Entry &entry : m_entries)
+        if (isAt(entry, path) && !(fromBase && found && isInBase(*found) && !isInBase(entry)))
             found = &entry;
-    }
     if (!found)
         return std::nullopt;
     const Block block = BlockOf(*found);

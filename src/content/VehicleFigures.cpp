@@ -95,23 +95,23 @@ constexpr std::array kKeys = {
     Key{Part::DieselEngines, "MaximalPower", MaximalPower},
 };
 
-Part partBelow(Part parent, const Block &block)
+Part partBelow(Part parent, std::string_view name)
 {
+    const auto is = [&](std::string_view other) { return Block::SameName(name, other); };
     switch (parent) {
     case Part::Top:
-        return block.Is("Wagon") ? Part::Wagon : block.Is("Engine") ? Part::Engine : Part::Other;
+        return is("Wagon") ? Part::Wagon : is("Engine") ? Part::Engine : Part::Other;
     case Part::Wagon:
-        return block.Is("Coupling")           ? Part::Coupling
-               : block.Is("ORTSFreightAnims") ? Part::FreightAnims
-                                              : Part::Other;
+        return is("Coupling")           ? Part::Coupling
+               : is("ORTSFreightAnims") ? Part::FreightAnims
+                                        : Part::Other;
     case Part::Engine:
-        return block.Is("ORTSDieselEngines") ? Part::DieselEngines : Part::Other;
+        return is("ORTSDieselEngines") ? Part::DieselEngines : Part::Other;
     case Part::Coupling:
-        return block.Is("Spring") ? Part::Spring : Part::Other;
+        return is("Spring") ? Part::Spring : Part::Other;
     case Part::FreightAnims:
-        return block.Is("FreightAnimStatic") || block.Is("FreightAnimContinuous")
-                   ? Part::FreightAnim
-                   : Part::Other;
+        return is("FreightAnimStatic") || is("FreightAnimContinuous") ? Part::FreightAnim
+                                                                      : Part::Other;
     case Part::DieselEngines:
         return Part::DieselEngines;
     default:
@@ -119,12 +119,12 @@ Part partBelow(Part parent, const Block &block)
     }
 }
 
-const Key *keyOf(Part part, const Block &block)
+const Key *keyOf(Part part, std::string_view name)
 {
     if (part == Part::Other || part == Part::Top)
         return nullptr;
     const auto found = std::find_if(kKeys.begin(), kKeys.end(), [&](const Key &key) {
-        return key.part == part && block.Is(key.name);
+        return key.part == part && Block::SameName(name, key.name);
     });
     return found == kKeys.end() ? nullptr : &*found;
 }
@@ -175,24 +175,27 @@ private:
         std::vector<Part> parts;
         parts.reserve(m_vehicle.Entries().size());
         for (const Vehicle::Entry &entry : m_vehicle.Entries()) {
-            const Block block = m_vehicle.BlockOf(entry);
-            if (isIgnored(block)) {
+            const Part parent = entry.parent == Vehicle::kTop ? Part::Top : parts[entry.parent];
+            if (parent == Part::Other) {
                 parts.push_back(Part::Other);
                 continue;
             }
-            const Part parent = entry.parent == Vehicle::kTop ? Part::Top : parts[entry.parent];
-            if (const Key *const key = keyOf(parent, block))
+            const std::string_view name = m_vehicle.BlockOf(entry).Name();
+            if (isIgnored(name)) {
+                parts.push_back(Part::Other);
+                continue;
+            }
+            if (const Key *const key = keyOf(parent, name))
                 m_hits[key->slot].push_back({static_cast<std::uint32_t>(parts.size())});
-            parts.push_back(partBelow(parent, block));
+            parts.push_back(partBelow(parent, name));
             m_hasEngine = m_hasEngine || parts.back() == Part::Engine;
         }
     }
 
     /// MSTS does not read the entries of Open Rails.
-    bool isIgnored(const Block &block) const
+    bool isIgnored(std::string_view name) const
     {
-        return m_vehicle.Simulator() == Profile::Msts &&
-               Block::SameName(block.Name().substr(0, 4), "ORTS");
+        return m_vehicle.Simulator() == Profile::Msts && Block::SameName(name.substr(0, 4), "ORTS");
     }
 
     const Vehicle::Entry &entryOf(const Hit &hit) const { return m_vehicle.Entries()[hit.entry]; }
