@@ -74,7 +74,7 @@ std::string textureFile()
     std::mt19937 random(1);
     samples::Picture picture{kSide, kSide, {}};
     for (int i = 0; i < kSide * kSide; ++i) {
-        const unsigned noise = random() % 12;
+        const auto noise = static_cast<unsigned>(random() % 12);
         const auto part = [&](int value) {
             return static_cast<std::uint8_t>((static_cast<unsigned>(value) + noise) % 256);
         };

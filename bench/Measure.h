@@ -19,13 +19,13 @@ struct Row
 };
 
 /// Prints a table of the rows to standard output, with the ratios of the measured values and of the
-/// processor times.
+/// processor times. Adds them to the file named by ZELK_BENCH_ROWS, too, if it is set.
 void PrintTable(const std::vector<Row> &rows);
 
 /// Returns the duration of one call, in milliseconds.
 double Milliseconds(const std::function<void()> &work);
 
-/// Reads files from start to end, in blocks of 1 MiB; skips those that cannot be opened.
+/// Reads files from start to end, in blocks of 1 MiB. Ends the program if one cannot be opened.
 void ReadOnce(const std::vector<std::string> &files);
 
 /// Runs both alternately and stores the shortest time of each, because disturbances only add time.

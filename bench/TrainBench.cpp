@@ -5,7 +5,10 @@
 #include "Processes.h"
 #include "SampleTrain.h"
 #include "host/GameFiles.h"
+#include "host/Settings.h"
 #include "host/UnansweredDialogs.h"
+#include "install/Environment.h"
+#include "install/Installation.h"
 #include "korvat/draw/SceneCanvas.h"
 #include "korvat/formats/Container.h"
 #include "korvat/formats/Limits.h"
@@ -72,8 +75,10 @@ public:
 struct Window
 {
     explicit Window(const bench::SampleTrain &train)
-        : library(files)
-        , stage({files, dialogs, library}, &canvas, [](const std::string &) {})
+        : settings(train.folder + "/settings.ini")
+        , library(files)
+        , stage({dialogs, files, settings, installation, library}, &canvas,
+                [](const std::string &) {})
     {
         stage.RenderConsist(train.consist, train.folder);
         while (stage.Step())
@@ -83,6 +88,8 @@ struct Window
     NoDialogs dialogs;
     NoDevice device;
     host::GameFiles files;
+    host::IniSettings settings;
+    install::Installation installation;
     korvat::ModelLibrary library;
     Canvas canvas;
     viewer::Stage stage;
