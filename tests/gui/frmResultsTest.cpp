@@ -12,7 +12,10 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace {
 
@@ -68,6 +71,32 @@ TEST_F(frmResultsTest, ShowsReadOnlyTextToCopy)
     EXPECT_EQ(Find<QLabel>(*form, "lblSummary").text(), QStringLiteral("1 note, not complete"));
     form->SetText("");
     EXPECT_EQ(Find<QLabel>(*form, "lblSummary").text(), QString());
+}
+
+TEST_F(frmResultsTest, LongReportArrivesInSlicesWithoutMovingWhatTheUserSees)
+{
+    std::string text;
+    for (int line = 0; line < 20'000; ++line)
+        text += "ERROR: wagon" + std::to_string(line) + ".wag: a shape file is missing\r\n";
+    const auto lines = [&] { return form->txtResults->document()->blockCount(); };
+    form->SetText(text);
+    EXPECT_GT(lines(), 100);
+    EXPECT_LT(lines(), 5'000);
+    EXPECT_EQ(form->findChild<QLabel *>("lblSummary")->text().toStdString(),
+              QLocale().toString(20'000).toStdString() + " errors");
+    press(Qt::Key_Down);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    const std::string before = selected();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return lines() == 20'001; }));
+    EXPECT_EQ(selected(), before);
+    EXPECT_EQ(form->txtResults->verticalScrollBar()->value(), 0);
+
+    form->SetText(text);
+    form->txtResults->setFocus();
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_C, Qt::ControlModifier);
+    text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), text);
 }
 
 TEST_F(frmResultsTest, SavingTwiceAppendsTwoFramedReports)

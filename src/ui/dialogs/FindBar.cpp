@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/dialogs/FindBar.h"
 
+#include "ui/dialogs/ReportView.h"
 #include "ui/widgets/NamedControls.h"
 
 #include <QHBoxLayout>
@@ -8,12 +9,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
-#include <QPlainTextEdit>
 #include <QToolButton>
 
 namespace validation {
 
-FindBar::FindBar(QPlainTextEdit &text, QWidget *parent)
+FindBar::FindBar(ReportView &text, QWidget *parent)
     : QWidget(parent)
     , txtFind(new QLineEdit(this))
     , cmdFindPrevious(button("Pre&vious"))
@@ -68,6 +68,7 @@ void FindBar::nameControls()
 void FindBar::Open()
 {
     const QString selected = m_text.textCursor().selectedText();
+    m_text.Finish();
     show();
     if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator))
         txtFind->setText(selected);
@@ -113,6 +114,7 @@ void FindBar::find(QTextDocument::FindFlags direction)
     const QString wanted = txtFind->text();
     if (wanted.isEmpty() && !isVisible())
         Open();
+    m_text.Finish();
     if (wanted.isEmpty() || m_text.find(wanted, direction))
         return;
     const QTextCursor before = m_text.textCursor();

@@ -6,10 +6,11 @@
 
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
 class QToolButton;
 
 namespace validation {
+
+class ReportView;
 
 /// A bar that searches a text from the cursor and continues from the other end, ignoring letter
 /// case. Hidden until it is opened; Esc in it hides it again.
@@ -18,7 +19,7 @@ class FindBar : public QWidget
     Q_OBJECT
 
 public:
-    explicit FindBar(QPlainTextEdit &text, QWidget *parent = nullptr);
+    explicit FindBar(ReportView &text, QWidget *parent = nullptr);
 
     /// Shows the bar with the selected text as search text, ready to type.
     void Open();
@@ -43,7 +44,7 @@ private:
     void find(QTextDocument::FindFlags direction);
     void leave();
 
-    QPlainTextEdit &m_text;
+    ReportView &m_text;
 };
 
 } // namespace validation

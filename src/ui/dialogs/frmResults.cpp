@@ -6,7 +6,6 @@
 #include "host/Process.h"
 #include "host/RuntimeError.h"
 #include "ui/dialogs/FindBar.h"
-#include "ui/dialogs/ReportView.h"
 #include "ui/widgets/NamedControls.h"
 #include "validation/Report.h"
 
@@ -19,10 +18,10 @@
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
-#include <QTextBlock>
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <initializer_list>
 #include <memory>
 #include <new>
@@ -120,6 +119,7 @@ void frmResults::orderTabs()
 
 void frmResults::connectControls()
 {
+    connect(txtResults, &validation::ReportView::Filled, m_findBar, &validation::FindBar::Recount);
     // Runs however the window is closed.
     connect(this, &QDialog::finished, this, [this] { m_counting.request_stop(); });
     connect(this, &QDialog::finished, this, &QObject::deleteLater);
@@ -160,7 +160,7 @@ void frmResults::SetCaption(const std::string &caption)
 void frmResults::SetText(std::string text)
 {
     m_text = std::move(text);
-    txtResults->setPlainText(QString::fromStdString(m_text));
+    txtResults->SetReport(m_text);
     txtResults->moveCursor(QTextCursor::Start);
     m_findBar->Recount();
     showSummary();
@@ -170,10 +170,12 @@ void frmResults::showSummary()
 {
     qsizetype errors = 0, infos = 0;
     bool stopped = false;
-    for (QTextBlock line = txtResults->document()->begin(); line.isValid(); line = line.next()) {
-        errors += validation::BeginsWith(line.text(), validation::kErrorWord);
-        infos += validation::BeginsWith(line.text(), validation::kInfoWord);
-        stopped = stopped || validation::BeginsWith(line.text(), validation::kStoppedWord);
+    for (std::string_view rest = m_text; !rest.empty();) {
+        errors += rest.starts_with(validation::kErrorWord);
+        infos += rest.starts_with(validation::kInfoWord);
+        stopped = stopped || rest.starts_with(validation::kStoppedWord);
+        rest.remove_prefix(std::min(rest.size(), rest.find_first_of("\r\n")));
+        rest.remove_prefix(std::min(rest.size(), rest.find_first_not_of("\r\n")));
     }
     QStringList parts;
     if (errors > 0)
@@ -219,6 +221,7 @@ void frmResults::showElsewhere(std::size_t count)
 
 void frmResults::showTextMenu(const QPoint &position)
 {
+    txtResults->Finish(); // the menu has "Select All"
     const std::unique_ptr<QMenu> menu(txtResults->createStandardContextMenu());
     menu->addSeparator();
     menu->addActions(actions());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "content/FoundElsewhere.h"
+#include "ui/dialogs/ReportView.h"
 
 #include <QDialog>
 
@@ -10,7 +11,6 @@
 #include <thread>
 
 class QLabel;
-class QPlainTextEdit;
 class QPushButton;
 
 namespace host {
@@ -19,7 +19,7 @@ class GameFiles;
 } // namespace host
 namespace validation {
 class FindBar;
-}
+} // namespace validation
 
 /// A separate window with a text to read: what a check found, or the properties of something. It
 /// stays above the main window and closes with it. Users can search and copy the text; Save appends
@@ -51,7 +51,7 @@ public:
     /// Asks for a file name and appends the framed text to that file.
     void Save();
 
-    QPlainTextEdit *txtResults;
+    validation::ReportView *txtResults;
     QPushButton *cmdPrint;
     QPushButton *cmdSave;
     QPushButton *cmdClose;
