@@ -4,20 +4,29 @@
 #include "document/StockList.h"
 #include "host/GameFiles.h"
 #include "host/Path.h"
+#include "host/Text.h"
 #include "install/Installation.h"
 #include "korvat/formats/ReadShape.h"
 #include "korvat/formats/Shape.h"
 #include "korvat/model/FindTexture.h"
 #include "samples/Sample.h"
+#include "samples/Stock.h"
 #include "samples/TextWriter.h"
 #include "viewer/StockShape.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <set>
 
 namespace bench {
 namespace {
+
+[[noreturn]] void giveUp(const std::string &what)
+{
+    std::fprintf(stderr, "%s\n", what.c_str());
+    std::exit(1);
+}
 
 constexpr const char *kBrokenFolder = "Repair Sidings"; // there files are missing
 
@@ -51,6 +60,26 @@ std::string consistText(const std::vector<install::StockItem> &kinds)
     return samples::EncodeText("D0", text + "\t)\n)\n");
 }
 
+/// Rewrites the shapes of these vehicles.
+void writeShapes(host::GameFiles &files, const SampleTrain &train, Shapes shapes)
+{
+    samples::ShapeForm form = samples::ShapeForm::TextUtf16;
+    for (const install::StockItem &item : train.kinds) {
+        const std::string stock = install::StockPath(train.folder, item);
+        const std::string path = viewer::ReadStockShape(files, stock).shapeFile;
+        const std::string name(host::path::BaseName(path));
+        const auto all = samples::StockShapes();
+        const auto shape = std::find_if(all.begin(), all.end(), [&](const auto &each) {
+            return each.folder == item.folder && host::ToUpper(each.name) == host::ToUpper(name);
+        });
+        if (shape == all.end())
+            giveUp("there is no model for " + path);
+        files.WriteFile(path, samples::StockShapeBytes(*shape, form));
+        if (shapes == Shapes::MostlyCompressed)
+            form = samples::ShapeForm::Compressed;
+    }
+}
+
 } // namespace
 
 std::vector<std::string> SampleTrain::Files() const
@@ -73,7 +102,7 @@ std::vector<std::string> SampleTrain::Files() const
     return {paths.begin(), paths.end()};
 }
 
-SampleTrain MakeSampleTrain(const std::filesystem::path &folder)
+SampleTrain MakeSampleTrain(const std::filesystem::path &folder, Shapes shapes)
 {
     samples::WriteSample(folder);
     SampleTrain train{host::path::FromDisk(folder), "! bench", {}, {}};
@@ -81,10 +110,9 @@ SampleTrain MakeSampleTrain(const std::filesystem::path &folder)
     installation.SetLocation(train.folder);
     host::GameFiles files;
     train.kinds = differentVehicles(installation, files);
-    if (train.kinds.size() < SampleTrain::kKinds) {
-        std::fprintf(stderr, "the sample has too few vehicles\n");
-        std::exit(1);
-    }
+    if (train.kinds.size() < SampleTrain::kKinds)
+        giveUp("the sample has too few vehicles");
+    writeShapes(files, train, shapes);
     train.consist = installation.ConsistPath(train.name);
     files.WriteFile(train.consist, consistText(train.kinds));
     return train;

@@ -10,6 +10,13 @@
 namespace bench {
 
 /// A train of 100 vehicles of 20 kinds, each kind with its own model, in a sample installation.
+/// The form of a train's shape files.
+enum class Shapes : bool
+{
+    MostlyCompressed, ///< one of 20 is text, as in real collections
+    Text
+};
+
 struct SampleTrain
 {
     static constexpr std::size_t kVehicles = 100, kKinds = 20;
@@ -25,6 +32,7 @@ struct SampleTrain
 };
 
 /// Makes the installation in a new folder. Ends the program with a message on failure.
-SampleTrain MakeSampleTrain(const std::filesystem::path &folder);
+SampleTrain MakeSampleTrain(const std::filesystem::path &folder,
+                            Shapes shapes = Shapes::MostlyCompressed);
 
 } // namespace bench

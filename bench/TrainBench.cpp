@@ -119,15 +119,19 @@ bench::Row frameRow(Window &window)
     return {"a frame of the train, processor time", "limit", each, 1};
 }
 
-int run(const bench::SampleTrain &train)
+int run(const bench::SampleTrain &train, const bench::SampleTrain &textTrain)
 {
     const std::vector<std::string> paths = train.Files();
+    const std::vector<std::string> textPaths = textTrain.Files();
     const bench::Row open = bench::Compare(
         "open a train to its first frame, no card", [&] { Window window(train); },
         "read and inflate its files once", [&] { readAndInflate(paths); }, 15);
+    const bench::Row openText = bench::Compare(
+        "the same, all shapes text", [&] { Window window(textTrain); },
+        "read and inflate its files once", [&] { readAndInflate(textPaths); }, 15);
     Window window(train);
     const bench::Row frame = frameRow(window);
-    bench::PrintTable({open, frame});
+    bench::PrintTable({open, openText, frame});
     std::printf("%d vehicles, %zu files, %zu draw calls a frame\n", window.stage.Total(),
                 paths.size(), window.device.draws);
     return 0;
@@ -138,7 +142,8 @@ int run(const bench::SampleTrain &train)
 int main()
 {
     const std::filesystem::path folder = bench::MakeTemporaryFolder();
-    const int result = run(bench::MakeSampleTrain(folder));
+    const int result = run(bench::MakeSampleTrain(folder / "mixed"),
+                           bench::MakeSampleTrain(folder / "text", bench::Shapes::Text));
     std::filesystem::remove_all(folder);
     return result;
 }

@@ -116,6 +116,9 @@ std::string DescriptorBytes(std::string_view shapeFile, int alternative, const V
 /// Returns the bytes of a wave file: a short square wave, 8-bit mono.
 std::string WaveBytes();
 
+/// Returns the shape file of a shape, in another form than the sample's if so wanted.
+std::string StockShapeBytes(const StockShape &shape, ShapeForm form);
+
 /// Returns all stock files, shapes, descriptors and textures.
 SampleFiles StockFiles();
 /// Returns all sound files (.sms) with their wave files.

@@ -230,6 +230,11 @@ std::string DescriptorBytes(std::string_view shapeFile, int alternative, const V
     return EncodeText("t1", text + ")\n");
 }
 
+std::string StockShapeBytes(const StockShape &shape, ShapeForm form)
+{
+    return ShapeBytes(built(shape).model, form);
+}
+
 SampleFiles StockFiles()
 {
     SampleFiles shapes;
