@@ -43,11 +43,11 @@ void keepingSelection(ListView &list, const Model &model, int items, const Chang
     change();
     if (!hadSelection)
         return;
-    QItemSelection still;
+    std::vector<int> still;
     for (int row = 0; row < model.rowCount(); ++row)
         if (selected[static_cast<std::size_t>(model.IndexOfRow(row))])
-            still.select(model.index(row, 0), model.index(row, 0));
-    list.selectionModel()->select(still, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+            still.push_back(row);
+    list.SelectMore(still);
 }
 
 /// Moves the focus from the field into the list, to the selected row or else to the first one.
