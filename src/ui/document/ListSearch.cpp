@@ -58,6 +58,14 @@ void moveInto(ListView &list)
     list.setFocus(Qt::OtherFocusReason);
 }
 
+/// Connects the keys that lead from the field of a list into the list.
+void connectKeys(SearchField &field, ListView &list)
+{
+    QObject::connect(&field, &SearchField::DownPressed, &list, [&list] { moveInto(list); });
+    QObject::connect(&field, &SearchField::ReturnPressed, &list, [&list] { moveInto(list); });
+    QObject::connect(&field, &SearchField::Left, &list, [&list] { list.setFocus(); });
+}
+
 /// A name with blanks and without quotes also counts as the one that was meant.
 std::string keysOf(const content::Reference &vehicle)
 {
@@ -99,9 +107,7 @@ StockSearch::StockSearch(SearchField &field, ListView &list, StockListModel &mod
     connect(&m_pull, &QTimer::timeout, this, &StockSearch::pull);
     connect(&m_refilter, &QTimer::timeout, this, &StockSearch::refilter);
     connect(&m_field, &QLineEdit::textChanged, this, &StockSearch::search);
-    connect(&m_field, &SearchField::DownPressed, this, [this] { moveInto(m_list); });
-    connect(&m_field, &SearchField::ReturnPressed, this, [this] { moveInto(m_list); });
-    connect(&m_field, &SearchField::Left, this, [this] { m_list.setFocus(); });
+    connectKeys(m_field, m_list);
     connect(&m_missing, &MissingLookUp::Answered, this, &StockSearch::takeMissing);
     connect(&m_figures, &StockFigures::Arrived, this, [this] { m_pull.start(0); });
     connect(&m_figures, &StockFigures::UnitsChanged, this, &StockSearch::search);
@@ -282,9 +288,7 @@ ConsistSearch::ConsistSearch(SearchField &field, ListView &list, ConsistListMode
     m_apply.setSingleShot(true);
     connect(&m_apply, &QTimer::timeout, this, &ConsistSearch::apply);
     connect(&m_field, &QLineEdit::textChanged, this, &ConsistSearch::search);
-    connect(&m_field, &SearchField::DownPressed, this, [this] { moveInto(m_list); });
-    connect(&m_field, &SearchField::ReturnPressed, this, [this] { moveInto(m_list); });
-    connect(&m_field, &SearchField::Left, this, [this] { m_list.setFocus(); });
+    connectKeys(m_field, m_list);
     connect(&m_lookUp, &MissingLookUp::Answered, this, &ConsistSearch::take);
     connect(&m_lookUp, &MissingLookUp::Finished, this, [this] { m_apply.start(0); });
     connect(&m_model, &ConsistListModel::modelReset, this, [this] {
