@@ -10,11 +10,9 @@
 #include "host/Path.h"
 #include "install/StockFiles.h"
 
-#include <chrono>
 #include <cstdio>
 #include <mutex>
 #include <set>
-#include <thread>
 
 namespace {
 
@@ -65,8 +63,7 @@ void readFigures(const std::string &folder, const Stock &stock)
 {
     content::StockReader reader(folder, 1);
     reader.ReadFacts(stock.items);
-    while (reader.IsBusy())
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    reader.Wait();
 }
 
 bench::Row compareFigures(const std::string &folder, int rounds)

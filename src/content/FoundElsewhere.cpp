@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "content/FoundElsewhere.h"
 
+#include "content/OwnListings.h"
 #include "content/SharedFiles.h"
-#include "host/GameFiles.h"
-#include "host/Path.h"
 #include "host/Text.h"
 
 #include <algorithm>
@@ -28,7 +27,7 @@ class NamingFiles
 {
 public:
     explicit NamingFiles(const std::string &root)
-        : m_folders(m_snapshot, host::path::Absolute(root))
+        : m_disk(root)
     {
     }
 
@@ -36,7 +35,7 @@ public:
     /// this kind of file, or cannot read it.
     Drafts ReferencesOf(const std::string &file, Profile profile)
     {
-        const auto path = m_snapshot.FindFile(file);
+        const auto path = m_disk.snapshot.FindFile(file);
         if (!path)
             return {};
         const std::string extension = host::path::Extension(*path);
@@ -56,8 +55,8 @@ private:
     Drafts ofVehicle(const std::string &path, Profile profile)
     {
         const VehicleFiles files =
-            FindVehicle(m_store, FolderOfPath(path), std::string(host::path::FileName(path)));
-        const Vehicle vehicle(m_store, files, profile);
+            FindVehicle(m_disk.store, FolderOfPath(path), std::string(host::path::FileName(path)));
+        const Vehicle vehicle(m_disk.store, files, profile);
         Drafts drafts;
         for (VehicleReference &each : content::ReferencesOf(vehicle, profile)) {
             const bool isShape = each.reference.kind == Kind::Shape;
@@ -71,7 +70,7 @@ private:
     }
     Drafts ofConsist(const std::string &path)
     {
-        const ReadResult read = m_store.Read(path);
+        const ReadResult read = m_disk.store.Read(path);
         Drafts drafts;
         if (read.source)
             for (Reference &reference : ReferencesOfConsist(*read.source))
@@ -79,11 +78,8 @@ private:
         return drafts;
     }
 
-    host::GameFiles m_files;
-    host::Snapshot m_snapshot{m_files};
-    FileStore m_store{m_snapshot};
-    InstallFolders m_folders;
-    Resolver m_resolver{m_store, m_folders};
+    OwnListings m_disk;
+    Resolver m_resolver{m_disk.store, m_disk.folders};
     SharedFiles m_shared{m_resolver, true};
 };
 

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "content/MissingVehicles.h"
 
-#include "content/Resolver.h"
-#include "host/GameFiles.h"
-#include "host/Path.h"
+#include "content/OwnListings.h"
 #include "host/Text.h"
 
 #include <set>
@@ -36,18 +34,10 @@ std::string keyOf(const Reference &reference)
 
 } // namespace
 
-/// The folders have their own listings, so that the user interface never waits for this object.
-struct MissingVehicles::Disk
+struct MissingVehicles::Disk : OwnListings
 {
-    explicit Disk(const std::string &root)
-        : folders(snapshot, host::path::Absolute(root))
-    {
-    }
+    using OwnListings::OwnListings;
 
-    host::GameFiles files;
-    host::Snapshot snapshot{files};
-    FileStore store{snapshot};
-    InstallFolders folders;
     Resolver resolver{store, folders};
 };
 

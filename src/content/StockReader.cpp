@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "content/StockReader.h"
 
-#include "content/FileStore.h"
-#include "host/GameFiles.h"
-#include "host/Path.h"
+#include "content/OwnListings.h"
 #include "host/Process.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
@@ -33,18 +31,10 @@ SheetVehicle unreadVehicle(const install::StockItem &item)
 
 } // namespace
 
-/// The folders have their own listings, so that the user interface never waits for this object.
-struct StockReader::Disk
+struct StockReader::Disk : OwnListings
 {
-    explicit Disk(const std::string &root)
-        : folders(snapshot, host::path::Absolute(root))
-    {
-    }
+    using OwnListings::OwnListings;
 
-    host::GameFiles files;
-    host::Snapshot snapshot{files};
-    FileStore store{snapshot};
-    InstallFolders folders;
     FigureCache units{store, folders, Profile::OpenRails};
 };
 
@@ -160,7 +150,14 @@ void StockReader::work(const std::stop_token &stop)
         job();
         ++m_done;
         lock.lock();
+        m_idle.notify_all();
     }
+}
+
+void StockReader::Wait()
+{
+    std::unique_lock lock(m_mutex);
+    m_idle.wait(lock, [this] { return !IsBusy(); });
 }
 
 void StockReader::readFacts(const install::StockItem &item)

@@ -63,6 +63,8 @@ public:
     std::size_t Done() const { return m_done; }
     /// True while there are requests that have not been carried out.
     bool IsBusy() const { return m_requested != m_done; }
+    /// Waits until all requests have been carried out.
+    void Wait();
 
 private:
     struct Disk;
@@ -84,7 +86,7 @@ private:
     mutable std::shared_mutex m_factsMutex;
     std::unordered_map<std::string, std::shared_ptr<const StockFacts>> m_facts; ///< upper case
     std::mutex m_mutex;
-    std::condition_variable_any m_wake;
+    std::condition_variable_any m_wake, m_idle;
     std::deque<std::function<void()>> m_jobs;
     std::atomic<std::size_t> m_requested = 0, m_done = 0;
     std::atomic<bool> m_stopped = false;

@@ -27,23 +27,24 @@ std::string ConsistFolder(const install::Installation &installation, host::GameF
     return folder ? host::path::FromDisk(*folder) : std::string();
 }
 
-std::string EmptyListHint(const install::Installation &installation, host::GameFiles &files,
-                          std::string_view filter)
+EmptyListNote EmptyListHint(const install::Installation &installation, host::GameFiles &files,
+                            std::string_view filter)
 {
-    const std::string choose = "File > Set MSTS Location";
     if (installation.CurrentFolder().empty())
-        return "Where is Train Simulator?\n\nChoose its folder with " + choose +
-               ": the one that holds the folders Trains and Routes.";
+        return {"Where is Train Simulator?\n\nChoose the folder that holds its folders Trains and "
+                "Routes.",
+                true};
     const std::string folder = host::path::Normalise(installation.PathOf(kConsists));
     if (!files.FolderExists(folder))
-        return "There is no folder\n" + folder + "\n\n" + choose +
-               " chooses another installation of Train Simulator.";
+        return {"No installation of Train Simulator was found: there is no folder\n" + folder,
+                true};
     if (files.IsClosed(folder))
-        return "You may not read the folder\n" + folder;
+        return {"You may not read the folder\n" + folder, true};
     if (!host::MatchesEverything(filter))
-        return "No consist matches the filter " + std::string(filter) +
-               "\n\nView > Filter changes it.";
-    return "There are no consists in\n" + folder + "\n\nFile > New > Consist makes one.";
+        return {"No consist matches the filter " + std::string(filter) +
+                    "\n\nView > Filter changes it.",
+                false};
+    return {"There are no consists in\n" + folder + "\n\nFile > New > Consist makes one.", true};
 }
 
 std::string ConsistListCaption(int windowNumber, std::string_view filter)

@@ -26,9 +26,14 @@ std::vector<std::string> ListConsists(const install::Installation &installation,
 /// "" if there is none.
 std::string ConsistFolder(const install::Installation &installation, host::GameFiles &files);
 
-/// Returns the hint that an empty list shows: why it has no names, and what the user can do.
-std::string EmptyListHint(const install::Installation &installation, host::GameFiles &files,
-                          std::string_view filter);
+/// What an empty list shows: why it has no names, and what the user can do.
+struct EmptyListNote
+{
+    std::string text;
+    bool concernsLocation = false; ///< another installation folder may help
+};
+EmptyListNote EmptyListHint(const install::Installation &installation, host::GameFiles &files,
+                            std::string_view filter);
 
 /// Returns the caption "Consist List 2", or "Consist List 2 (Filtered on GP*)" if the filter limits
 /// the list.

@@ -85,10 +85,14 @@ CopiedUnits CopyUnits(const ConsistTree &consist, const std::vector<int> &rows,
     CopiedUnits copied;
     StfFile file(files);
     file.New();
+    // Two blocks around the units indent the lines of new units as deeply as a consist file does.
+    StfNodes units =
+        modTS::AddNode(modTS::AddNode(file.Nodes(), install::kTrain).Children(), install::kTrainCfg)
+            .Children();
     const StfNodes children = install::RequireTrain(consist.Document()).Children();
     for (const int row : rows) {
         const ConsistRow &shown = consist.Rows()[static_cast<std::size_t>(row - 1)];
-        file.Nodes().Add(children.Item(shown.position));
+        units.Add(children.Item(shown.position));
         copied.text += shown.item.folder + '/' +
                        install::StockFileName(shown.item.type, shown.item.shape) +
                        std::string(shown.item.type.ends_with('*') ? kFlipped : "") + '\n';
@@ -102,7 +106,10 @@ std::vector<StfNode> UnitsInBlocks(std::string bytes, host::GameFiles &files)
     StfFile file(files);
     file.LoadBytes(std::move(bytes));
     std::vector<StfNode> units;
-    for (const StfNode block : file.Nodes()) {
+    const StfNode train = install::FindTrain(file);
+    if (!train || file.Nodes().Count() != 1 || file.Nodes().First().Children().Count() != 1)
+        return {};
+    for (const StfNode block : train.Children()) {
         if (!isUnit(block))
             return {};
         units.push_back(block);

@@ -19,7 +19,7 @@ class ConsistTree;
 /// Copied units in both forms.
 struct CopiedUnits
 {
-    /// A structured file with the whole blocks of the units, for UnitsInBlocks.
+    /// A structured file with a train of the whole blocks of the units, for UnitsInBlocks.
     std::string blocks;
     /// A line for each unit, for people and for UnitsInText: "Boxcars/box.wag", with ", flipped" if
     /// it is turned round.

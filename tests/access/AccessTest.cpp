@@ -1,16 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Session.h"
-
-#include "document/ConsistTree.h"
-#include "host/GameFiles.h"
-#include "samples/Sample.h"
-#include "support/Environment.h"
-#include "support/KnownFolders.h"
-
-#include <gtest/gtest.h>
+#include "AccessFixture.h"
 
 #include <set>
-#include <stdexcept>
 
 namespace {
 
@@ -22,93 +13,6 @@ const std::set<std::string> kControls = {
     "radio button", "text",         "spin box", "combo box",   "list",
     "tree",         "table",        "canvas",   "scroll bar",  "status bar",
     "page tab",     "progress bar", "frame",    "dialog",      "alert message"};
-
-/// The program on a copy of the sample installation, operated only through its accessibility tree,
-/// without keys or mouse.
-class AccessTest : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        if (!session.WhyNot().empty())
-            GTEST_SKIP() << session.WhyNot();
-        samples::WriteSample(game.Path());
-        known.Set("MSTSDir", game.Path());
-    }
-
-    void Start(const QStringList &arguments = {})
-    {
-        program = session.StartProgram(arguments);
-        window = Find(program, "frame", "ZELK v1.0-75");
-    }
-    void Press(const Accessible &top, const std::string &button)
-    {
-        Find(top, "push button", button).Do("Press");
-    }
-    void Command(const std::string &menu, const std::string &name)
-    {
-        for (const Accessible &item : Find(window, "menu bar", "Menus").Children())
-            if (item.Name() == menu)
-                return Find(item, "menu item", name).Do("Press");
-        throw std::runtime_error("no menu " + menu);
-    }
-    /// Waits for the window with this title, other than the main window, and returns it.
-    Accessible Dialog(const std::string &title)
-    {
-        Accessible found;
-        const auto opened = [&] {
-            for (const Accessible &top : program.Children())
-                if (top.Name() == title && top.Showing())
-                    found = top;
-            return static_cast<bool>(found);
-        };
-        if (!WaitFor(opened))
-            throw std::runtime_error("no " + title + " in:\n" + Outline(program));
-        return found;
-    }
-    void Answer(const std::string &title, const std::string &button)
-    {
-        const Accessible dialog = Dialog(title);
-        Press(dialog, button);
-        EXPECT_TRUE(WaitFor([&] { return !dialog.Showing(); })) << title;
-    }
-    void Quit()
-    {
-        Command("File", "Exit");
-        EXPECT_TRUE(session.ProgramEnded());
-    }
-
-    std::string UnitsIn(const std::string &file)
-    {
-        host::GameFiles files;
-        document::ConsistTree consist(files);
-        consist.Load(game.At(file));
-        std::string units;
-        for (const document::ConsistRow &row : consist.Rows())
-            units += row.item.type + " " + row.item.shape + ", ";
-        return units;
-    }
-
-    support::ScopedHome home;
-    support::KnownFolders known{home.Folder().At(".config")};
-    support::TempFolder game;
-    Session session;
-    Accessible program, window;
-};
-
-/// Selects the row of a list that has this text in the column.
-void choose(const Accessible &list, int column, const std::string &text)
-{
-    int row = -1;
-    const auto listed = [&] {
-        for (row = list.Rows() - 1; row >= 0 && list.Cell(row, column) != text;)
-            --row;
-        return row >= 0;
-    };
-    if (!WaitFor(listed))
-        throw std::runtime_error("no " + text + " in the list " + list.Name());
-    list.SelectRow(row);
-}
 
 /// Lists the controls below `top`, one per line, without menus and without the names of combo
 /// boxes, which are their current choice. Fails the test for a control without a name and for an
@@ -211,7 +115,7 @@ push button OK
 push button View Consist
 push button View Shape
 )");
-    choose(Find(editor, "tree", "Available installed stock"), 2, "tank_21");
+    Choose(Find(editor, "tree", "Available installed stock"), 2, "tank_21");
     Command("Stock", "Check Dependencies...");
     EXPECT_EQ(controlsIn(Dialog("Select Routes to Check")),
               "list Entries\ncheck box Select All\npush button OK\npush button Cancel\n");
@@ -237,38 +141,12 @@ TEST_F(AccessTest, RowsOfMissingVehiclesHaveADescription)
     };
     const Accessible consists = Find(window, "tree", "Installed consists");
     EXPECT_TRUE(WaitFor([&] { return !described(consists).empty(); }));
-    choose(consists, 0, "Harbour Transfer");
+    Choose(consists, 0, "Harbour Transfer");
     Command("Consist", "Edit");
     const Accessible editor = Find(window, "frame", "Consist - Harbour Transfer");
     const Accessible train = Find(editor, "tree", "Current consist items");
     EXPECT_TRUE(WaitFor([&] { return described(train) == "Wagon"; }));
     Quit();
-}
-
-TEST_F(AccessTest, OpensEditsAndSavesAConsist)
-{
-    ASSERT_EQ(UnitsIn(kQuarry), "Engine avr_d402, Wagon avr_hopper_11, Wagon avr_hopper_12, ");
-    Start();
-    choose(Find(window, "tree", "Installed consists"), 0, "Quarry_Local");
-    Command("Consist", "Edit");
-    const Accessible editor = Find(window, "frame", "Consist - Quarry_Local");
-    const Accessible train = Find(editor, "tree", "Current consist items");
-    choose(Find(editor, "tree", "Available installed stock"), 2, "tank_21");
-    Press(editor, "Add stock to consist");
-    choose(train, 2, "tank_21");
-    Press(editor, "Move stock forwards");
-    EXPECT_TRUE(WaitFor([&] { return train.Cell(2, 2) == "tank_21"; }));
-    choose(train, 2, "avr_d402");
-    Press(editor, "Flip stock in consist");
-    EXPECT_TRUE(WaitFor([&] { return train.Cell(0, 0) == "Engine*"; }));
-    choose(train, 2, "avr_hopper_11");
-    Press(editor, "Remove stock from consist");
-    EXPECT_TRUE(WaitFor([&] { return train.Rows() == 3; }));
-    Command("File", "Save");
-    Answer("Save Consist", "Yes");
-    Answer("Save Consist", "OK");
-    Quit();
-    EXPECT_EQ(UnitsIn(kQuarry), "Engine* avr_d402, Wagon tank_21, Wagon avr_hopper_12, ");
 }
 
 TEST_F(AccessTest, DialogsAcceptText)

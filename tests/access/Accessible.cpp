@@ -9,6 +9,7 @@
 #include <QDeadlineTimer>
 #include <QThread>
 
+#include <set>
 #include <stdexcept>
 
 namespace {
@@ -169,18 +170,21 @@ std::string Accessible::CellDescription(int row, int column) const
     return cellAt(row, column).property(kAccessible, "Description").toString().toStdString();
 }
 
-void Accessible::SelectRow(int row) const
+void Accessible::SelectRows(const std::vector<int> &rows) const
 {
-    ask(kTable, "AddRowSelection", {row});
-    const QVariantList selected = ask(kTable, "GetSelectedRows", {});
-    if (!selected.isEmpty())
-        for (const int other : qdbus_cast<QList<int>>(selected[0]))
-            if (other != row)
-                ask(kTable, "RemoveRowSelection", {other});
-    const QVariantList reply = ask(kTable, "IsRowSelected", {row});
-    if (reply.isEmpty() || !reply[0].toBool())
-        throw std::runtime_error(Role() + " \"" + Name() + "\" did not select row " +
-                                 std::to_string(row));
+    for (const int row : rows)
+        ask(kTable, "AddRowSelection", {row});
+    const auto selected = [this] {
+        const QVariantList reply = ask(kTable, "GetSelectedRows", {});
+        const QList<int> all = reply.isEmpty() ? QList<int>() : qdbus_cast<QList<int>>(reply[0]);
+        return std::set<int>(all.begin(), all.end());
+    };
+    const std::set<int> wanted(rows.begin(), rows.end());
+    for (const int row : selected())
+        if (!wanted.contains(row))
+            ask(kTable, "RemoveRowSelection", {row});
+    if (selected() != wanted)
+        throw std::runtime_error(Role() + " \"" + Name() + "\" did not select its rows");
 }
 
 void Walk(const Accessible &top, const std::function<bool(const Accessible &, int depth)> &see,

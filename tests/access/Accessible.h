@@ -36,8 +36,9 @@ public:
     int Rows() const;
     std::string Cell(int row, int column) const;
     std::string CellDescription(int row, int column) const;
-    /// Selects this row alone.
-    void SelectRow(int row) const;
+    /// Select these rows alone.
+    void SelectRow(int row) const { SelectRows({row}); }
+    void SelectRows(const std::vector<int> &rows) const;
 
 private:
     QVariantList ask(const char *interface, const char *method,

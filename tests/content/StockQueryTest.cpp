@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <thread>
 
 namespace content {
@@ -189,13 +188,6 @@ protected:
     {
         m_disk.Write("TRAINS/TRAINSET/" + name, "\n" + text);
     }
-    static void wait(const StockReader &reader)
-    {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (reader.IsBusy() && std::chrono::steady_clock::now() < end)
-            std::this_thread::sleep_for(std::chrono::milliseconds(2));
-        ASSERT_FALSE(reader.IsBusy());
-    }
     static std::string row(const StockFacts &facts, UnitSystem system)
     {
         std::string text;
@@ -224,7 +216,7 @@ TEST_F(StockReaderTest, ReadsFactsOfAllKindsOfVehicles)
         damaged{"Wagon", "A", "not"}, missing{"Wagon", "A", "none"};
     EXPECT_EQ(reader.Facts(engine), nullptr);
     reader.ReadFacts({engine, wagon, damaged, missing});
-    wait(reader);
+    reader.Wait();
     EXPECT_EQ(row(*reader.Facts(engine), UnitSystem::Metric),
               "Big Blue|20 m|100 t|2,000 kW|120 km/h|Automatic, Bar|Air_single_pipe");
     EXPECT_EQ(row(*reader.Facts(engine), UnitSystem::Us),
@@ -237,7 +229,7 @@ TEST_F(StockReaderTest, ReadsFactsOfAllKindsOfVehicles)
     EXPECT_TRUE(reader.Facts(missing)->isMissing);
     EXPECT_EQ(reader.Unit(engine), nullptr) << "facts need less memory";
     reader.ReadUnits({engine});
-    wait(reader);
+    reader.Wait();
     EXPECT_EQ(reader.Unit(engine)->figures[FigureId::Power].text, "2000kW");
 }
 
@@ -253,7 +245,7 @@ TEST_F(StockReaderTest, MakesTheSheetOfAConsistUnlessItIsDropped)
     reader.ReadConsist(sheet);
     reader.ReadConsist(std::make_shared<ConsistSheet>("dropped"));
     reader.ReadConsist(gone);
-    wait(reader);
+    reader.Wait();
     ASSERT_TRUE(sheet->isDone);
     EXPECT_EQ(FigureText(sheet->sheet, FigureId::Mass, UnitSystem::Metric),
               "\u2265 40 t, 1 unknown");

@@ -105,6 +105,8 @@ TEST_F(VehicleFiguresTest, RulesChooseTheEntry)
         {"driving trailer with power", "", "Type ( Control ) MaxPower ( 1W )", FigureId::Power,
          "1000e-3 MaxPower [1W]:3"},
         {"speed of 0", "", "MaxVelocity ( 0 )", FigureId::MaximumSpeed, "not-given [0]:3"},
+        {"speed without a unit", "", "MaxVelocity ( 40 )", FigureId::MaximumSpeed,
+         "40000e-3 MaxVelocity [40]:3"},
         {"axles of a wagon", "NumWheels ( 8 ) ORTSNumberAxles ( 4 )", nullptr, FigureId::Axles,
          "4000e-3 ORTSNumberAxles [4]:2"},
         {"axles of an engine", "NumWheels ( 8 ) ORTSNumberAxles ( 2 )",

@@ -47,18 +47,20 @@ TEST(ConsistListTest, EmptyListShowsTheReason)
     const support::ScopedHome home;
     install::Installation installation;
     host::GameFiles files;
-    const auto expectWords = [&](const char *filter, const std::vector<std::string> &words) {
-        const std::string hint = document::EmptyListHint(installation, files, filter);
+    const auto expectWords = [&](const char *filter, bool concernsLocation,
+                                 const std::vector<std::string> &words) {
+        const document::EmptyListNote note = document::EmptyListHint(installation, files, filter);
         for (const std::string &word : words)
-            EXPECT_NE(hint.find(word), std::string::npos) << hint;
+            EXPECT_NE(note.text.find(word), std::string::npos) << note.text;
+        EXPECT_EQ(note.concernsLocation, concernsLocation) << note.text;
     };
     if (install::Installation::RegisteredFolder().empty()) // it may exist on Windows
-        expectWords("*", {"Where is Train Simulator?", "File > Set MSTS Location"});
+        expectWords("*", true, {"Where is Train Simulator?", "Trains and Routes"});
     installation.SetLocation(folder.At("bare"));
-    expectWords("x", {"There is no folder", "bare", "File > Set MSTS Location"});
+    expectWords("x", true, {"No installation", "there is no folder", "bare"});
     installation.SetLocation(folder.At("full"));
-    expectWords("gp*", {"No consist matches the filter gp*", "View > Filter"});
-    expectWords("*", {"There are no consists in\n" + consists, "File > New > Consist"});
+    expectWords("gp*", false, {"No consist matches the filter gp*", "View > Filter"});
+    expectWords("*", true, {"There are no consists in\n" + consists, "File > New > Consist"});
 }
 
 TEST(ConsistListTest, CaptionShowsTheFilter)

@@ -63,8 +63,8 @@ TEST_F(UnitClipboardTest, BlocksKeepEverythingButTheIdentifier)
 TEST_F(UnitClipboardTest, UnitsWithoutIdentifierGetOne)
 {
     load("");
-    tree.Paste(inBlocks("Wagon ( WagonData ( a f ) ) Wagon ( Flip ( ) UiD ( ) WagonData ( b f ) ) "
-                        "Wagon ( Flip ( ) WagonData ( c f ) )"),
+    tree.Paste(inBlocks("Train ( TrainCfg ( Wagon ( WagonData ( a f ) ) Wagon ( Flip ( ) UiD ( ) "
+                        "WagonData ( b f ) ) Wagon ( Flip ( ) WagonData ( c f ) ) ) )"),
                0);
     EXPECT_NE(std::string::npos, tree.Document().ToBytes().find(
                                      "  Wagon ( UiD ( 5 ) WagonData ( a f ) )\r\n"
@@ -105,9 +105,14 @@ TEST_F(UnitClipboardTest, ForeignContentIsNoUnits)
         EXPECT_TRUE(document::UnitsInText(text).empty());
         EXPECT_TRUE(inBlocks(text).empty());
     }
-    for (const char *text :
-         {"Train ( TrainCfg ( ) )", "Wagon ( )", "Wagon ( WagonData ( ) )",
-          "Engine ( WagonData ( a b ) )", "Wagon ( WagonData ( a b ) ) x ( )", "((((", "SIMISA@F"})
+    for (const char *text : {"", "Wagon ( )", "Wagon ( WagonData ( ) )",
+                             "Engine ( WagonData ( a b ) )", "Wagon ( WagonData ( a b ) ) x ( )"})
+        EXPECT_TRUE(inBlocks("Train ( TrainCfg ( " + std::string(text) + " ) )").empty()) << text;
+    const std::string wagons = "TrainCfg ( Wagon ( WagonData ( a b ) ) )";
+    EXPECT_EQ(inBlocks("Train ( " + wagons + " )").size(), 1u);
+    for (const std::string &text :
+         {"Train ( " + wagons + wagons + " )", "Train ( " + wagons + " ) x ( )", wagons,
+          std::string("Wagon ( WagonData ( a b ) )"), std::string("(((("), std::string("SIMISA@F")})
         EXPECT_TRUE(inBlocks(text).empty()) << text;
 
     load("");
@@ -115,6 +120,18 @@ TEST_F(UnitClipboardTest, ForeignContentIsNoUnits)
     const document::CopiedUnits copied = document::CopyUnits(tree, {1}, files);
     EXPECT_EQ(copied.text, letters + '/' + letters + ".wag\n");
     EXPECT_EQ(inBlocks(copied.blocks).size(), 1u);
+}
+
+TEST_F(UnitClipboardTest, CopiesOfNewUnitsAreIndentedLikeThem)
+{
+    folder.Write("a.con", "Train (\r\n\tTrainCfg ( a\r\n\t\tName ( a )\r\n\t)\r\n)\r\n");
+    tree.Load(folder.At("a.con"));
+    tree.Insert({{"Wagon", "f", "box"}}, 0);
+    tree.Paste(inBlocks(document::CopyUnits(tree, {1}, files).blocks), 0);
+    const std::string unit =
+        "\t\tWagon (\r\n\t\t\tUiD ( 0 )\r\n\t\t\tWagonData ( box f )\r\n\t\t)\r\n";
+    EXPECT_EQ(tree.Document().ToBytes(),
+              "Train (\r\n\tTrainCfg ( a\r\n\t\tName ( a )\r\n" + unit + unit + "\t)\r\n)\r\n");
 }
 
 TEST_F(UnitClipboardTest, DamagedBlocksAreRefusedOrGiveUnitsThatCanBeSaved)

@@ -11,6 +11,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -150,7 +151,7 @@ TEST_F(KeyboardTest, TabReachesAllControlsOfDialogsAndEnterAndEscCloseThem)
 TEST_F(KeyboardTest, TabReachesAllControlsOfDocumentWindows)
 {
     Start();
-    EXPECT_EQ(tabOrder(*window), "lvConsists");
+    EXPECT_EQ(tabOrder(*window), "lvConsists cmdUnits");
     expectUniqueInMenus(*window->menuBar());
     frmDocument &editor = OpenEditor("Coal");
     const std::string order =
@@ -160,6 +161,35 @@ TEST_F(KeyboardTest, TabReachesAllControlsOfDocumentWindows)
     Find<QAbstractButton>(editor, "cmdMove5").click();
     EXPECT_EQ(tabOrder(editor), order + "cmdAction2 cmdAction0 cmdAction1");
     expectUnique("editor", keysOf(window->menuBar()->actions()) + keysIn(editor));
+}
+
+TEST_F(KeyboardTest, EmptyListOffersTheLocation)
+{
+    const support::TempFolder empty;
+    settings.values["MSTSDir"] = empty.Path();
+    Start();
+    EXPECT_EQ(tabOrder(*window), "lvConsists cmdChooseInstallation cmdUnits");
+    auto &list = Find<QAbstractItemView>(*window, "lvConsists");
+    EXPECT_TRUE(list.accessibleDescription().contains(QLatin1String("No installation")));
+    auto &button = Find<QPushButton>(*window, "cmdChooseInstallation");
+    EXPECT_TRUE(list.geometry().contains(button.geometry()));
+    button.setFocus();
+    OnNextDialog([this](QDialog &dialog) {
+        auto &location = dynamic_cast<frmSetLoc &>(dialog);
+        location.txtLocation->setText(QString::fromStdString(game.Path()));
+        location.OKButton->click();
+    });
+    Press(Qt::Key_Return);
+    EXPECT_EQ(RowsOf(list), "Coal Freight North GP38 Local");
+    EXPECT_FALSE(button.isVisible());
+    EXPECT_EQ(list.accessibleDescription(), QStringLiteral("lvConsists"));
+    list.setFocus();
+    EXPECT_EQ(tabOrder(*window), "lvConsists cmdUnits");
+
+    dialogs.AnswerInput("nothing like this");
+    Trigger("mnuViewFilter");
+    EXPECT_EQ(RowsOf(list), "");
+    EXPECT_FALSE(button.isVisible()) << "the filter is the reason";
 }
 
 TEST_F(KeyboardTest, FindBarIsPartOfTheTabOrder)
@@ -173,28 +203,6 @@ TEST_F(KeyboardTest, FindBarIsPartOfTheTabOrder)
     EXPECT_EQ(tabOrder(*results), "txtFind cmdFindPrevious cmdFindNext cmdFindClose cmdPrint "
                                   "cmdSave cmdClose txtResults");
     expectUnique("results", keysIn(*results));
-}
-
-TEST_F(KeyboardTest, EditsAConsistWithKeysOnly)
-{
-    Start();
-    Press(Qt::Key_Home);
-    Press(Qt::Key_Return);
-    frmDocument &editor = *Active();
-    const auto &stock = Find<QAbstractItemView>(editor, "lvStock");
-    ASSERT_TRUE(Wait([&] { return stock.model()->rowCount() == 5; }));
-    for (int i = 0; i < 7; ++i)
-        Press(Qt::Key_Tab);
-    ASSERT_EQ(QApplication::focusWidget(), &stock);
-    for (int i = 0; i < 2; ++i) // by shape, in reverse order
-        Press(Qt::Key_3, Qt::ControlModifier);
-    Press(Qt::Key_Home);
-    Press(Qt::Key_Insert);
-    Press(Qt::Key_Home);
-    Press(Qt::Key_Delete);
-    Press(Qt::Key_A, Qt::AltModifier);
-    EXPECT_TRUE(Wait([&] { return ShapesIn(ConsistFile("Coal")) == "hopper Oil"; }))
-        << ShapesIn(ConsistFile("Coal"));
 }
 
 TEST_F(KeyboardTest, KeysReachMenusAndWindows)

@@ -453,6 +453,56 @@ TEST_F(SearchTest, StripNamesMissingVehiclesAndIsReadToTheUser)
     })) << stripText();
 }
 
+TEST_F(SearchTest, RowsAreDescribedToScreenReaders)
+{
+    WriteConsist("Mixed", {"hopper", "nowhere"});
+    Start();
+    OpenEditor("Mixed");
+    const auto described = [](const ListView &view, int row) {
+        return view.model()
+            ->index(row, 1)
+            .data(Qt::AccessibleDescriptionRole)
+            .toString()
+            .toStdString();
+    };
+    const std::string hopper = "hopper in Boxcars, Name Coal Hopper, Length 11 m, Mass not known, "
+                               "Coupling not known, Brakes not known";
+    EXPECT_TRUE(Wait([&] { return described(stock(), 1) == hopper; })) << described(stock(), 1);
+    EXPECT_TRUE(Wait([&] { return described(stock(), 2).find("Brakes") != std::string::npos; }));
+    EXPECT_EQ(
+        described(stock(), 2),
+        "gp38a in GP38 Pack, Name Big Blue, Length 20 m, Mass 100 t, Power 2,000 kW, Max speed "
+        "120 km/h, Coupling Automatic, Brakes Air_single_pipe");
+    EXPECT_TRUE(Wait([&] { return described(train(), 1).find("missing: ") != std::string::npos; }))
+        << described(train(), 1);
+    EXPECT_TRUE(described(train(), 1).starts_with("nowhere in Boxcars. ")) << described(train(), 1);
+    train().SelectRow(0);
+    press("cmdMove5");
+    trainField().setText(QStringLiteral("hop"));
+    chooseUnits(1);
+    const std::string flipped =
+        "hopper in Boxcars, flipped, Name Coal Hopper, Length 36.1 ft, Mass "
+        "not known, Coupling not known, Brakes not known, matches the search";
+    EXPECT_EQ(described(train(), 0), flipped);
+}
+
+TEST_F(SearchTest, SelectingFromOutsideEntersTheList)
+{
+    Start();
+    OpenEditor("Coal");
+    stock().setFocus();
+    EXPECT_FALSE(Active()->TrainIsActive());
+    train().selectionModel()->select(train().model()->index(1, 0),
+                                     QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    EXPECT_TRUE(Active()->TrainIsActive()) << "screen readers do not move the focus";
+    EXPECT_EQ(QApplication::focusWidget(), &train());
+    stock().setFocus();
+    stock().SelectRow(0);
+    key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(shapes(train()), "box hopper box");
+    EXPECT_EQ(QApplication::focusWidget(), &stock()) << "the program has selected the new unit";
+}
+
 TEST_F(SearchTest, ListShowsTheFiguresOfTheSelectedConsist)
 {
     Start();

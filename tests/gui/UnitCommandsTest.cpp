@@ -70,6 +70,25 @@ protected:
     static std::string clipboard() { return QGuiApplication::clipboard()->text().toStdString(); }
     bool isChanged() { return button("cmdAction1").isEnabled(); }
 
+    struct Step
+    {
+        const char *name;
+        std::vector<int> rows; ///< selected before
+        std::function<void()> act;
+        const char *shown;
+        bool changes = true; ///< the consist, since it was opened
+    };
+    void expectSteps(const std::vector<Step> &steps)
+    {
+        for (const Step &step : steps) {
+            select(train(), step.rows);
+            step.act();
+            EXPECT_EQ(shown(), step.shown) << step.name;
+            EXPECT_EQ(isChanged(), step.changes) << step.name;
+            EXPECT_EQ(QApplication::focusWidget(), &train());
+        }
+    }
+
     /// Drops content of another program on the train of the active window, above row `place`.
     void drop(const std::string &blocks, int place)
     {
@@ -95,25 +114,13 @@ TEST_F(UnitCommandsTest, ButtonsAndKeysActOnAllSelectedRows)
     WriteConsist("Long", {"a", "b", "c", "d", "e"});
     Start();
     edit("Long");
-    const struct
-    {
-        const char *name;
-        std::vector<int> rows;
-        std::function<void()> act;
-        const char *shown;
-    } steps[] = {
+    expectSteps({
         {"forwards", {1, 3}, [&] { button("cmdMove3").click(); }, "b< a d< c e"},
         {"backwards", {0, 1}, [&] { button("cmdMove4").click(); }, "d b< a< c e"},
         {"flip", {0, 4}, [&] { button("cmdMove5").click(); }, "d* b a c e*"},
         {"remove", {1, 3}, [&] { button("cmdMove1").click(); }, "d*< a e*"},
         {"delete key", {0, 1}, [&] { press(Qt::Key_Delete); }, "e*<"},
-    };
-    for (const auto &step : steps) {
-        select(train(), step.rows);
-        step.act();
-        EXPECT_EQ(shown(), step.shown) << step.name;
-        EXPECT_EQ(QApplication::focusWidget(), &train());
-    }
+    });
     EXPECT_EQ(undo().text().toStdString(), "&Undo Remove 2 Units");
     select(stock(), {0, 3, 4});
     button("cmdMove0").click();
@@ -189,14 +196,7 @@ TEST_F(UnitCommandsTest, CommandsKeepTheSelection)
     WriteConsist("Long", {"a", "b", "A", "d", "b"});
     Start();
     edit("Long");
-    const struct
-    {
-        const char *name;
-        std::vector<int> rows;
-        std::function<void()> act;
-        const char *shown;
-        bool changes = true;
-    } steps[] = {
+    expectSteps({
         {"up at the head",
          {0, 1},
          [&] { press(Qt::Key_Up, Qt::AltModifier); },
@@ -218,13 +218,7 @@ TEST_F(UnitCommandsTest, CommandsKeepTheSelection)
         {"remove", {1, 2}, [&] { press(Qt::Key_D, Qt::ControlModifier); }, "d a< b*"},
         {"remove the last", {2}, [&] { press(Qt::Key_D, Qt::ControlModifier); }, "d a<"},
         {"all", {0, 1}, [&] { press(Qt::Key_D, Qt::ControlModifier); }, ""},
-    };
-    for (const auto &step : steps) {
-        select(train(), step.rows);
-        step.act();
-        EXPECT_EQ(shown(), step.shown) << step.name;
-        EXPECT_EQ(isChanged(), step.changes) << step.name;
-    }
+    });
     Active()->AllowUnload();
 }
 

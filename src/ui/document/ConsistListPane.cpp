@@ -17,6 +17,7 @@
 #include "ui/widgets/SearchField.h"
 
 #include <QHBoxLayout>
+#include <QPushButton>
 #include <QShortcut>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -37,7 +38,6 @@ ConsistListPane::ConsistListPane(frmDocument &window, DocumentHost &host,
     m_model->SetRemarkIcon(furnishing.icon("missing"));
     lvConsists->setModel(m_model);
     lvConsists->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    lvConsists->setFrameShape(QFrame::NoFrame);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -51,6 +51,11 @@ ConsistListPane::ConsistListPane(frmDocument &window, DocumentHost &host,
     setFocusProxy(lvConsists);
     connectList(furnishing);
     addSearch();
+    QPushButton &choose = lvConsists->AddHintButton(
+        "cmdChooseInstallation", QStringLiteral("Choose the installation\u2026"));
+    connect(&choose, &QPushButton::clicked, this, [this] { m_host.ChooseInstallation(); });
+    setTabOrder(lvConsists, &choose);
+    setTabOrder(&choose, strip->cmdUnits);
 }
 
 void ConsistListPane::addSearch()
@@ -71,8 +76,6 @@ void ConsistListPane::addSearch()
     connect(lvConsists->selectionModel(), &QItemSelectionModel::selectionChanged, &m_showFigures,
             qOverload<>(&QTimer::start));
     connect(m_model, &QAbstractItemModel::modelReset, &m_showFigures, qOverload<>(&QTimer::start));
-    // The list is the only stop of Tab in its window. The strip of an editor has the same menu.
-    strip->cmdUnits->setFocusPolicy(Qt::ClickFocus);
     strip->ShowConsist({});
 }
 
@@ -118,8 +121,9 @@ void ConsistListPane::Load()
 void ConsistListPane::showNames()
 {
     const std::string &filter = m_window.Filter();
-    lvConsists->SetHint(QString::fromStdString(
-        EmptyListHint(m_window.Environment().installation, m_window.Environment().files, filter)));
+    const EmptyListNote note =
+        EmptyListHint(m_window.Environment().installation, m_window.Environment().files, filter);
+    lvConsists->SetHint(QString::fromStdString(note.text), note.concernsLocation);
     m_model->SetNames(
         ListConsists(m_window.Environment().installation, m_window.Environment().files, filter));
     lvConsists->ResetOnlyColumn();

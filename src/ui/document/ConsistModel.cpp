@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/document/ConsistModel.h"
 
-#include "ui/document/StockListModel.h"
-
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
@@ -51,30 +49,9 @@ void ConsistModel::SetFound(std::vector<bool> found)
                            {Qt::BackgroundRole, Qt::FontRole});
 }
 
-void ConsistModel::ShowFigure(content::FactColumn column, bool show)
-{
-    if (m_figures.IsShown(column) == show)
-        return;
-    const int at = kStockColumns + m_figures.PlaceOf(column);
-    if (show)
-        beginInsertColumns({}, at, at);
-    else
-        beginRemoveColumns({}, at, at);
-    m_figures.Show(column, show);
-    if (show)
-        endInsertColumns();
-    else
-        endRemoveColumns();
-}
-
 int ConsistModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
-}
-
-int ConsistModel::columnCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : kStockColumns + static_cast<int>(m_figures.Shown().size());
 }
 
 QVariant ConsistModel::data(const QModelIndex &index, int role) const
@@ -83,20 +60,23 @@ QVariant ConsistModel::data(const QModelIndex &index, int role) const
         return {};
     if (IsFound(index.row()) && (role == Qt::BackgroundRole || role == Qt::FontRole))
         return foundLook(role);
-    const bool isFigure = index.column() >= kStockColumns;
-    if (isFigure && (role != Qt::ToolTipRole || !HasRemark(index.row())))
-        return m_figures.Data(Item(index.row()), index.column() - kStockColumns, role);
-    if (role == Qt::DisplayRole)
-        return StockColumn(Item(index.row()), index.column(), role);
+    if (role == Qt::AccessibleDescriptionRole)
+        return description(index);
     // The first column is too narrow for an icon.
-    return m_remarks.Data(index.row(), role, index.column() == kStockColumns - 1);
+    const QVariant remark = m_remarks.Data(index.row(), role, index.column() == kStockColumns - 1);
+    return remark.isValid() ? remark : VehicleModel::data(index, role);
 }
 
-QVariant ConsistModel::headerData(int section, Qt::Orientation orientation, int role) const
+/// What the row shows by colour, icon and tool tip is part of its description.
+QString ConsistModel::description(const QModelIndex &index) const
 {
-    if (section >= kStockColumns && section < columnCount() && orientation == Qt::Horizontal)
-        return m_figures.Header(section - kStockColumns, role);
-    return StockHeader(section, orientation, role);
+    QString text = VehicleModel::data(index, Qt::AccessibleDescriptionRole).toString();
+    if (IsFound(index.row()))
+        text += QStringLiteral(", matches the search");
+    if (HasRemark(index.row()))
+        text +=
+            QStringLiteral(". ") + m_remarks.Data(index.row(), Qt::ToolTipRole, false).toString();
+    return text;
 }
 
 } // namespace document

@@ -25,6 +25,8 @@ public:
     /// Opens a file or folder with the desktop's program for it, or shows a message with the reason
     /// why not.
     virtual void OpenOutside(const std::string &path) = 0;
+    /// Lets the user choose the Train Simulator folder to work on.
+    virtual void ChooseInstallation() = 0;
     /// Sets the text of the first panel of the status bar.
     virtual void SetStatus(const std::string &text) = 0;
     /// Shows the progress of a long command, 0 to `total`; a `total` of 0 hides the bar.

@@ -257,6 +257,10 @@ void EditorControls::connectLists()
         list->FitFirstColumn(QStringLiteral("Engine*"));
         list->SetSearchColumn(2);
         list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+        connect(list, &ListView::SelectedFromOutside, list, [list] {
+            list->setFocus();
+            Q_EMIT list->Focused(); // also in a window that is not active
+        });
         connect(list, &ListView::MenuWanted, this, &EditorControls::MenuWanted);
     }
     connect(lvStock, &ListView::InsertPressed, this, [this] { Q_EMIT MovePressed(Move::Add); });
@@ -268,9 +272,9 @@ void EditorControls::connectLists()
     connect(lvConsist, &ListView::DeletePressed, this, [this](Qt::KeyboardModifiers modifiers) {
         Q_EMIT MovePressed(modifiers == Qt::ShiftModifier ? Move::RemoveAll : Move::Remove);
     });
-    lvConsist->SetHint(
-        QStringLiteral("An empty train.\n\nSelect stock on the right and press Insert "
-                       "or the button with the plus sign."));
+    lvConsist->SetHint(QStringLiteral(
+        "An empty train.\n\nDouble click stock in the list on the right to add it, or "
+        "select it and press Enter."));
     lvStock->header()->setSectionsClickable(true);
     lvStock->header()->setToolTip(
         QStringLiteral("To sort, click a title, or press Ctrl+1, Ctrl+2 or Ctrl+3 in the list"));

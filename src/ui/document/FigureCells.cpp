@@ -79,6 +79,22 @@ QVariant FigureCells::Data(const install::StockItem &item, int place, int role) 
                  : QStringLiteral("\u2026");
 }
 
+QString FigureCells::Description(const install::StockItem &item) const
+{
+    QStringList parts{QString::fromStdString(item.shape + " in " + item.folder)};
+    if (item.type.ends_with('*'))
+        parts << QStringLiteral("flipped");
+    const auto facts = FactsOf(item);
+    for (int i = 0; facts && facts->fault.empty() && i < content::kFactColumns; ++i) {
+        const auto column = static_cast<FactColumn>(i);
+        const std::string text = content::FactText(*facts, column, m_figures->Units());
+        if (!text.empty())
+            parts << QLatin1String(content::FactTitle(column)) + QLatin1Char(' ') +
+                         (text == "?" ? QStringLiteral("not known") : QString::fromStdString(text));
+    }
+    return parts.join(QStringLiteral(", "));
+}
+
 QVariant FigureCells::Header(int place, int role) const
 {
     const FactColumn column = m_shown[static_cast<std::size_t>(place)];

@@ -4,8 +4,10 @@
 #include "content/StockFacts.h"
 #include "install/Train.h"
 
+#include <QString>
 #include <QVariant>
 
+#include <memory>
 #include <vector>
 
 namespace document {
@@ -28,6 +30,9 @@ public:
     /// Return what a model returns for the column at this place.
     QVariant Data(const install::StockItem &item, int place, int role) const;
     QVariant Header(int place, int role) const;
+
+    /// Returns the vehicle and all that is known of it in a sentence, whatever columns are shown.
+    QString Description(const install::StockItem &item) const;
 
     /// Returns the vehicle's facts; null if they are not known yet.
     std::shared_ptr<const content::StockFacts> FactsOf(const install::StockItem &item) const;

@@ -85,10 +85,7 @@ void FigureColumns::set(FactColumn column, bool show, int width)
         m_list.SizeFixedColumn(m_ownColumns + m_cells.PlaceOf(column), width);
     else
         m_list.ShareWidth();
-    QItemSelection rows; // the selection does not extend to new columns by itself
-    for (const int row : selected)
-        rows.select(m_list.model()->index(row, 0), m_list.model()->index(row, 0));
-    m_list.selectionModel()->select(rows, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    m_list.SelectMore(selected); // the selection does not extend to new columns by itself
 }
 
 int FigureColumns::usualWidth(FactColumn column) const

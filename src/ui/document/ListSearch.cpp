@@ -43,11 +43,11 @@ void keepingSelection(ListView &list, const Model &model, int items, const Chang
     change();
     if (!hadSelection)
         return;
-    QItemSelection still;
+    std::vector<int> still;
     for (int row = 0; row < model.rowCount(); ++row)
         if (selected[static_cast<std::size_t>(model.IndexOfRow(row))])
-            still.select(model.index(row, 0), model.index(row, 0));
-    list.selectionModel()->select(still, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+            still.push_back(row);
+    list.SelectMore(still);
 }
 
 /// Moves the focus from the field into the list, to the selected row or else to the first one.
@@ -56,6 +56,14 @@ void moveInto(ListView &list)
     if (list.SelectedRow() < 0 && list.model()->rowCount() > 0)
         list.SelectRow(0);
     list.setFocus(Qt::OtherFocusReason);
+}
+
+/// Connects the keys that lead from the field of a list into the list.
+void connectKeys(SearchField &field, ListView &list)
+{
+    QObject::connect(&field, &SearchField::DownPressed, &list, [&list] { moveInto(list); });
+    QObject::connect(&field, &SearchField::ReturnPressed, &list, [&list] { moveInto(list); });
+    QObject::connect(&field, &SearchField::Left, &list, [&list] { list.setFocus(); });
 }
 
 /// A name with blanks and without quotes also counts as the one that was meant.
@@ -99,9 +107,7 @@ StockSearch::StockSearch(SearchField &field, ListView &list, StockListModel &mod
     connect(&m_pull, &QTimer::timeout, this, &StockSearch::pull);
     connect(&m_refilter, &QTimer::timeout, this, &StockSearch::refilter);
     connect(&m_field, &QLineEdit::textChanged, this, &StockSearch::search);
-    connect(&m_field, &SearchField::DownPressed, this, [this] { moveInto(m_list); });
-    connect(&m_field, &SearchField::ReturnPressed, this, [this] { moveInto(m_list); });
-    connect(&m_field, &SearchField::Left, this, [this] { m_list.setFocus(); });
+    connectKeys(m_field, m_list);
     connect(&m_missing, &MissingLookUp::Answered, this, &StockSearch::takeMissing);
     connect(&m_figures, &StockFigures::Arrived, this, [this] { m_pull.start(0); });
     connect(&m_figures, &StockFigures::UnitsChanged, this, &StockSearch::search);
@@ -282,9 +288,7 @@ ConsistSearch::ConsistSearch(SearchField &field, ListView &list, ConsistListMode
     m_apply.setSingleShot(true);
     connect(&m_apply, &QTimer::timeout, this, &ConsistSearch::apply);
     connect(&m_field, &QLineEdit::textChanged, this, &ConsistSearch::search);
-    connect(&m_field, &SearchField::DownPressed, this, [this] { moveInto(m_list); });
-    connect(&m_field, &SearchField::ReturnPressed, this, [this] { moveInto(m_list); });
-    connect(&m_field, &SearchField::Left, this, [this] { m_list.setFocus(); });
+    connectKeys(m_field, m_list);
     connect(&m_lookUp, &MissingLookUp::Answered, this, &ConsistSearch::take);
     connect(&m_lookUp, &MissingLookUp::Finished, this, [this] { m_apply.start(0); });
     connect(&m_model, &ConsistListModel::modelReset, this, [this] {

@@ -37,23 +37,6 @@ FigureKey keyOf(const content::StockFacts *facts, content::FactColumn column)
 
 } // namespace
 
-QVariant StockColumn(const StockItem &item, int column, int role)
-{
-    if (role != Qt::DisplayRole)
-        return {};
-    const std::string &text = column == 0 ? item.type : column == 1 ? item.folder : item.shape;
-    return QString::fromStdString(text);
-}
-
-QVariant StockHeader(int column, Qt::Orientation orientation, int role)
-{
-    static constexpr const char *titles[kStockColumns] = {"Type", "Folder", "Shape"};
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || column < 0 ||
-        column >= kStockColumns)
-        return {};
-    return QString::fromLatin1(titles[column]);
-}
-
 void StockListModel::Clear()
 {
     beginResetModel();
@@ -103,7 +86,7 @@ int StockListModel::OrderColumnOf(int column) const
     if (column < kStockColumns)
         return column;
     const auto place = static_cast<std::size_t>(column - kStockColumns);
-    return kStockColumns + static_cast<int>(m_figures.Shown()[place]);
+    return kStockColumns + static_cast<int>(Figures().Shown()[place]);
 }
 
 int StockListModel::ColumnOfOrder(int orderColumn) const
@@ -111,7 +94,7 @@ int StockListModel::ColumnOfOrder(int orderColumn) const
     if (orderColumn < kStockColumns)
         return orderColumn;
     const auto figure = static_cast<content::FactColumn>(orderColumn - kStockColumns);
-    return m_figures.IsShown(figure) ? kStockColumns + m_figures.PlaceOf(figure) : -1;
+    return Figures().IsShown(figure) ? kStockColumns + Figures().PlaceOf(figure) : -1;
 }
 
 void StockListModel::Resort()
@@ -131,7 +114,7 @@ std::vector<int> StockListModel::sortedByFigure(content::FactColumn column) cons
     std::vector<FigureKey> keys;
     keys.reserve(m_items.size());
     for (const StockItem &item : m_items)
-        keys.push_back(keyOf(m_figures.FactsOf(item).get(), column));
+        keys.push_back(keyOf(Figures().FactsOf(item).get(), column));
     const bool ascending = m_order.ascending, isText = !content::FactFigure(column);
     std::vector<int> indexes(m_items.size());
     std::iota(indexes.begin(), indexes.end(), 0);
@@ -214,7 +197,7 @@ int StockListModel::TakeFacts(int milliseconds)
     while (m_searched.size() < m_items.size() && hasTime())
         m_searched.push_back(content::SearchedStockOf(m_items[m_searched.size()], nullptr));
     while (m_factsTaken < m_searched.size() && hasTime()) {
-        auto facts = m_figures.FactsOf(m_items[m_factsTaken]);
+        auto facts = Figures().FactsOf(m_items[m_factsTaken]);
         if (!facts)
             return handled - 1;
         content::SearchedStock &searched = m_searched[m_factsTaken];
@@ -240,47 +223,14 @@ void StockListModel::SetLacksFiles(std::size_t first, const std::vector<bool> &l
         m_searched[first + i].lacksFiles = lacks[i];
 }
 
-void StockListModel::ShowFigure(content::FactColumn column, bool show)
-{
-    if (m_figures.IsShown(column) == show)
-        return;
-    const int at = kStockColumns + m_figures.PlaceOf(column);
-    if (show)
-        beginInsertColumns({}, at, at);
-    else
-        beginRemoveColumns({}, at, at);
-    m_figures.Show(column, show);
-    if (show)
-        endInsertColumns();
-    else
-        endRemoveColumns();
-}
-
 int StockListModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_shown.size());
 }
 
-int StockListModel::columnCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : kStockColumns + static_cast<int>(m_figures.Shown().size());
-}
-
 QVariant StockListModel::data(const QModelIndex &index, int role) const
 {
-    if (!index.isValid())
-        return {};
-    const StockItem &item = Item(index.row());
-    return index.column() < kStockColumns
-               ? StockColumn(item, index.column(), role)
-               : m_figures.Data(item, index.column() - kStockColumns, role);
-}
-
-QVariant StockListModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (section >= kStockColumns && section < columnCount() && orientation == Qt::Horizontal)
-        return m_figures.Header(section - kStockColumns, role);
-    return StockHeader(section, orientation, role);
+    return index.isValid() ? VehicleModel::data(index, role) : QVariant();
 }
 
 } // namespace document

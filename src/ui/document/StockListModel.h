@@ -3,29 +3,21 @@
 
 #include "content/StockQuery.h"
 #include "document/StockList.h"
-#include "ui/document/FigureCells.h"
-
-#include <QAbstractTableModel>
+#include "ui/document/VehicleModel.h"
 
 #include <string>
 #include <vector>
 
 namespace document {
 
-/// Return the content of the columns "Type", "Folder" and "Shape", in the stock list and in the
-/// consist.
-QVariant StockColumn(const StockItem &item, int column, int role);
-QVariant StockHeader(int column, Qt::Orientation orientation, int role);
-inline constexpr int kStockColumns = 3;
-
 /// The rows of lvStock: the installed stock in listing order until it is sorted. A search hides
 /// items: they have no row.
-class StockListModel : public QAbstractTableModel
+class StockListModel : public VehicleModel
 {
     Q_OBJECT
 
 public:
-    using QAbstractTableModel::QAbstractTableModel;
+    using VehicleModel::VehicleModel;
 
     void Clear();
     /// Appends items in listing order. Rows that are already sorted keep their places until Resort.
@@ -43,7 +35,7 @@ public:
     int OrderColumnOf(int column) const;
     int ColumnOfOrder(int orderColumn) const;
 
-    const StockItem &Item(int row) const { return ItemAt(IndexOfRow(row)); }
+    const StockItem &Item(int row) const override { return ItemAt(IndexOfRow(row)); }
     /// Return all items, hidden ones included, in listing order.
     int ItemCount() const { return static_cast<int>(m_items.size()); }
     const StockItem &ItemAt(int index) const { return m_items[static_cast<std::size_t>(index)]; }
@@ -63,14 +55,8 @@ public:
     /// Sets whether consecutive items lack their vehicle file or shape.
     void SetLacksFiles(std::size_t first, const std::vector<bool> &lacks);
 
-    const FigureCells &Figures() const { return m_figures; }
-    void SetFigureSource(const StockFigures *figures) { m_figures.SetSource(figures); }
-    void ShowFigure(content::FactColumn column, bool show);
-
     int rowCount(const QModelIndex &parent = {}) const override;
-    int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
     void prepareAll();
@@ -86,7 +72,6 @@ private:
     std::vector<int> m_shown;                       ///< for each row, its index in m_items
     StockOrder m_order;
     content::StockQuery m_query;
-    FigureCells m_figures;
 };
 
 } // namespace document

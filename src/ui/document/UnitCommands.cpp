@@ -42,13 +42,10 @@ void selectRows(ListView &list, const std::vector<int> &rows)
     list.SelectRow(rows.empty() ? -1 : rows.back() - 1);
     if (rows.size() < 2)
         return;
-    QItemSelection selection;
-    for (const int row : rows) {
-        const QModelIndex index = list.model()->index(row - 1, 0);
-        selection.select(index, index);
-    }
-    list.selectionModel()->select(selection,
-                                  QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    std::vector<int> more;
+    for (const int row : rows)
+        more.push_back(row - 1);
+    list.SelectMore(more);
     list.scrollTo(list.model()->index(rows.front() - 1, 0));
 }
 

@@ -201,7 +201,7 @@ inline constexpr CommandRow kCommands[] = {
          if (!on.edit.Undo())
              on.Say("Edit Undo not yet implemented");
      }},
-    {Command::EditRedo, Menu::Edit, 1, "mnuEditRedo", "&Redo", "Ctrl+Shift+Z; Ctrl+Y", "",
+    {Command::EditRedo, Menu::Edit, 1, "mnuEditRedo", "&Redo", "Ctrl+Shift+Z; Ctrl+Y", "redo",
      "Repeat the change that was undone", when::Redo, [](Handlers &on) { on.edit.Redo(); }},
 
     {Command::EditCut, Menu::Edit, 2, "mnuEditCut", "Cu&t", "Ctrl+X", "cut",

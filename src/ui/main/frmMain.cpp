@@ -331,6 +331,11 @@ void frmMain::ShowTextWindow(const std::string &title, const std::string &text)
     m_handlers->results.Show(modZELK::TextWindowCaption(title), text);
 }
 
+void frmMain::ChooseInstallation()
+{
+    m_menus->ActionOf(app::Command::FileSetMSTSLoc).trigger();
+}
+
 void frmMain::OpenOutside(const std::string &path)
 {
     m_handlers->shell.Open(path, "Open");

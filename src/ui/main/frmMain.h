@@ -77,6 +77,7 @@ public:
     void SaveDocument(bool quiet) override;
     void ShowTextWindow(const std::string &title, const std::string &text) override;
     void OpenOutside(const std::string &path) override;
+    void ChooseInstallation() override;
     void SetStatus(const std::string &text) override;
     void SetProgress(int done, int total) override;
     void WriteLog(const std::string &text) override;

@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <QTextDocument>
@@ -151,6 +152,7 @@ std::vector<int> ListView::SelectedRows() const
 
 void ListView::SelectRow(int row)
 {
+    const QScopedValueRollback<bool> selecting(m_selecting, true);
     if (row < 0 || row >= model()->rowCount()) {
         selectionModel()->clear();
         return;
@@ -159,6 +161,22 @@ void ListView::SelectRow(int row)
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
                                                  QItemSelectionModel::Rows);
     scrollTo(index);
+}
+
+void ListView::SelectMore(const std::vector<int> &rows)
+{
+    const QScopedValueRollback<bool> selecting(m_selecting, true);
+    QItemSelection selection;
+    for (const int row : rows)
+        selection.select(model()->index(row, 0), model()->index(row, 0));
+    selectionModel()->select(selection, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+void ListView::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
+{
+    QTreeView::selectionChanged(selected, deselected);
+    if (!m_selecting && !hasFocus() && !selected.isEmpty())
+        Q_EMIT SelectedFromOutside();
 }
 
 void ListView::ResetOnlyColumn()
@@ -243,7 +261,27 @@ void ListView::keyPressEvent(QKeyEvent *event)
 void ListView::focusInEvent(QFocusEvent *event)
 {
     QTreeView::focusInEvent(event);
+    update();
     Q_EMIT Focused();
+}
+
+void ListView::focusOutEvent(QFocusEvent *event)
+{
+    QTreeView::focusOutEvent(event);
+    update();
+}
+
+/// Draws the frame of a list with the focus in the colour of selections, as text fields do: a list
+/// without a selected row would hardly show its focus.
+bool ListView::event(QEvent *event)
+{
+    const bool isHandled = QTreeView::event(event);
+    if (event->type() == QEvent::Paint && hasFocus() && frameWidth() > 0) {
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+    return isHandled;
 }
 
 void ListView::mousePressEvent(QMouseEvent *event)
@@ -282,32 +320,99 @@ void ListView::resizeEvent(QResizeEvent *event)
 {
     QTreeView::resizeEvent(event);
     ShareWidth();
+    placeHintButton();
 }
 
-void ListView::SetHint(const QString &hint)
+void ListView::moveEvent(QMoveEvent *event)
+{
+    QTreeView::moveEvent(event);
+    placeHintButton();
+}
+
+void ListView::setModel(QAbstractItemModel *model)
+{
+    QTreeView::setModel(model);
+    connect(model, &QAbstractItemModel::modelReset, this, &ListView::showHint);
+    connect(model, &QAbstractItemModel::layoutChanged, this, &ListView::showHint);
+    connect(model, &QAbstractItemModel::rowsInserted, this, &ListView::showHint);
+    connect(model, &QAbstractItemModel::rowsRemoved, this, &ListView::showHint);
+}
+
+void ListView::SetHint(const QString &hint, bool withButton)
 {
     m_hint = hint;
-    viewport()->update();
+    m_hintHasButton = withButton;
+    showHint();
 }
 
 void ListView::SetNothingFoundHint(const QString &hint)
 {
     m_nothingFoundHint = hint;
+    showHint();
+}
+
+QString ListView::Hint() const
+{
+    if (!model() || model()->rowCount() > 0)
+        return {};
+    return m_nothingFoundHint.isEmpty() ? m_hint : m_nothingFoundHint;
+}
+
+QPushButton &ListView::AddHintButton(const char *name, const QString &caption)
+{
+    m_hintButton = new QPushButton(caption, parentWidget());
+    m_hintButton->setObjectName(name);
+    m_hintButton->setAutoDefault(true); // Enter presses it
+    showHint();
+    return *m_hintButton;
+}
+
+void ListView::showHint()
+{
+    const QString hint = Hint();
+    setAccessibleDescription(
+        hint.isEmpty() ? objectName() : objectName() + QStringLiteral(". ") + hint.simplified());
+    if (m_hintButton) {
+        const bool isShown = m_hintHasButton && !hint.isEmpty() && m_nothingFoundHint.isEmpty();
+        if (!isShown && m_hintButton->hasFocus())
+            setFocus();
+        m_hintButton->setVisible(isShown);
+        placeHintButton();
+    }
     viewport()->update();
+}
+
+/// Places the button below the middle of the list, or at its lower edge if there is little room.
+void ListView::placeHintButton()
+{
+    if (!m_hintButton)
+        return;
+    constexpr int belowMiddle = 24, margin = 8;
+    const QRect area(viewport()->mapTo(parentWidget(), QPoint()), viewport()->size());
+    const QSize size = m_hintButton->sizeHint().boundedTo(area.size());
+    const int top =
+        std::min(area.center().y() + belowMiddle, area.bottom() - margin - size.height());
+    m_hintButton->setGeometry(area.center().x() - size.width() / 2, top, size.width(),
+                              size.height());
+    m_hintButton->raise();
 }
 
 void ListView::paintEvent(QPaintEvent *event)
 {
     QTreeView::paintEvent(event);
-    const QString &hint = m_nothingFoundHint.isEmpty() ? m_hint : m_nothingFoundHint;
-    if (hint.isEmpty() || !model() || model()->rowCount() > 0)
+    const QString hint = Hint();
+    if (hint.isEmpty())
         return;
     constexpr int air = 16;
-    QTextOption option(Qt::AlignCenter);
+    QRect area = viewport()->rect().adjusted(air, air, -air, -air);
+    const bool hasButton = m_hintButton && m_hintButton->isVisible();
+    if (hasButton)
+        area.setBottom(viewport()->mapFrom(parentWidget(), m_hintButton->pos()).y() - air);
+    QTextOption option(hasButton ? Qt::AlignHCenter | Qt::AlignBottom : Qt::AlignCenter);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(viewport()->rect().adjusted(air, air, -air, -air), hint, option);
+    painter.drawText(area, hint, option);
 }
 
 void ListView::ShareWidth()

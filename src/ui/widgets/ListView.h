@@ -5,6 +5,8 @@
 
 #include <vector>
 
+class QPushButton;
+
 namespace document {
 
 /// A list in report style: whole rows of equal height, no tree lines. Columns share the list's
@@ -25,6 +27,8 @@ public:
     std::vector<int> SelectedRows() const;
     /// Selects only this row and scrolls to it; -1 selects nothing.
     void SelectRow(int row);
+    /// Selects these rows too. The current row stays.
+    void SelectMore(const std::vector<int> &rows);
 
     /// Gives a single column the width of the list again.
     void ResetOnlyColumn();
@@ -46,18 +50,27 @@ public:
     void SizeColumns(const std::vector<int> &widths);
     std::vector<int> ColumnWidths() const;
 
-    /// Sets a text for the user that is shown while the list is empty.
-    void SetHint(const QString &hint);
+    /// Sets a text for the user that is shown while the list is empty. `withButton` shows the hint
+    /// button below it.
+    void SetHint(const QString &hint, bool withButton = false);
+    /// Adds a button for SetHint. It is a child of the list's parent, since screen readers find
+    /// only rows in a list.
+    QPushButton &AddHintButton(const char *name, const QString &caption);
     /// Sets a text that is shown instead while a search hides all rows; "" if it does not.
     void SetNothingFoundHint(const QString &hint);
-    const QString &Hint() const { return m_hint; }
+    /// Returns the text that the list shows instead of rows; "" if there are rows.
+    QString Hint() const;
 
     QSize sizeHint() const override { return {260, 260}; }
     QSize minimumSizeHint() const override { return {140, 80}; }
     void keyboardSearch(const QString &search) override;
+    void setModel(QAbstractItemModel *model) override;
 
 Q_SIGNALS:
     void Focused();
+    /// Emitted when something other than keys, mouse and program has selected rows: a screen reader
+    /// or another assistive program, which does not move the focus into the list.
+    void SelectedFromOutside();
     /// Emitted when the user has resized a column.
     void ColumnSized();
     void ReturnPressed(Qt::KeyboardModifiers modifiers);
@@ -70,18 +83,27 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    bool event(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void moveEvent(QMoveEvent *event) override;
+    void selectionChanged(const QItemSelection &selected,
+                          const QItemSelection &deselected) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void showHint();
+    void placeHintButton();
+
+    QPushButton *m_hintButton = nullptr;
     QString m_hint, m_nothingFoundHint;
     int m_firstWidth = 0, m_searchColumn = 0, m_sharingColumns = 0;
-    bool m_sharing = false, m_sizedByUser = false;
+    bool m_sharing = false, m_sizedByUser = false, m_selecting = false, m_hintHasButton = false;
 };
 
 } // namespace document
