@@ -13,9 +13,10 @@ bool press(const QProcess &program, const char *title, const std::vector<const c
 {
     QProcess search, act;
     search.start(QStringLiteral("xdotool"),
-                 {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                  QStringLiteral("--pid"), QString::number(program.processId()),
-                  QStringLiteral("--name"), QLatin1String(title)});
+                 {QStringLiteral("search"), QStringLiteral("--all"),
+                  QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
+                  QString::number(program.processId()), QStringLiteral("--name"),
+                  QLatin1String(title)});
     search.waitForFinished(20000);
     const QString id = QString::fromUtf8(search.readAllStandardOutput())
                            .trimmed()
@@ -27,6 +28,14 @@ bool press(const QProcess &program, const char *title, const std::vector<const c
         arguments << QStringLiteral("key") << QLatin1String(key);
     act.start(QStringLiteral("xdotool"), arguments);
     return act.waitForFinished(20000) && act.exitCode() == 0;
+}
+
+/// Waits for a dialog and presses a key until it is gone: a dialog that has just appeared may not
+/// be ready for keys.
+bool answer(const QProcess &program, const char *title, const char *key)
+{
+    return Wait([&] { return press(program, title, {key}); }) &&
+           Wait([&] { return !press(program, title, {key}); });
 }
 
 class CrashTest : public testing::Test
@@ -92,11 +101,13 @@ TEST_F(CrashTest, ChangedTrainIsOfferedAndCanBeSaved)
     changeAndCrash();
     QProcess program;
     start(program);
-    ASSERT_TRUE(Wait([&] { return press(program, "Unsaved Consist", {"alt+y"}); }));
-    ASSERT_TRUE(Wait([&] { return press(program, kMain, {"ctrl+s"}); }));
-    ASSERT_TRUE(Wait([&] { return press(program, "Save Consist", {"alt+y"}); }));
-    EXPECT_TRUE(Wait([&] { return game.Exists("coal.con") && game.Read("coal.con") != before; }));
-    EXPECT_TRUE(Wait([&] { return press(program, "Save Consist", {"Return"}); }));
+    ASSERT_TRUE(answer(program, "Unsaved Consist", "alt+y"));
+    ASSERT_TRUE(Wait([&] {
+        press(program, kMain, {"ctrl+s"});
+        press(program, "Save Consist", {"alt+y"});
+        return game.Exists("coal.con") && game.Read("coal.con") != before;
+    }));
+    EXPECT_TRUE(answer(program, "Save Consist", "Return")) << "the message that it is saved";
     EXPECT_TRUE(Wait([this] { return kept() == 0; })) << "saved changes are not kept";
     host::GameFiles files;
     document::ConsistTree train(files);
@@ -114,7 +125,7 @@ TEST_F(CrashTest, RefusedChangesAreRemoved)
     changeAndCrash();
     QProcess program;
     start(program);
-    ASSERT_TRUE(Wait([&] { return press(program, "Unsaved Consist", {"alt+n"}); }));
+    ASSERT_TRUE(answer(program, "Unsaved Consist", "alt+n"));
     EXPECT_TRUE(Wait([this] { return kept() == 0; }));
     end(program);
     EXPECT_EQ(game.Read("coal.con"), before);

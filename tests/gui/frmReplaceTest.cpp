@@ -366,7 +366,6 @@ TEST_F(frmReplaceTest, EverythingWorksFromTheKeyboard)
     ASSERT_TRUE(idle());
     press(Qt::Key_Return);
     EXPECT_EQ(QApplication::focusWidget(), shown.to->list);
-    press(Qt::Key_Down);
     EXPECT_EQ(shown.to->PickedVehicle(), (StockItem{"Wagon", "Tankers", "Oil"}));
     press(Qt::Key_Return);
     EXPECT_EQ(QApplication::focusWidget(), shown.tvPlan);

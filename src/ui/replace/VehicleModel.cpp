@@ -17,6 +17,8 @@ enum Column
     Columns
 };
 
+constexpr char kKeyEnd = '\n'; // between the vehicle and its remark
+
 std::string fileOf(const install::StockItem &vehicle)
 {
     return install::StockFileName(vehicle.type, vehicle.shape);
@@ -51,7 +53,7 @@ void VehicleModel::SetVehicles(std::vector<VehicleRow> vehicles)
     m_vehicles = std::move(vehicles);
     m_keys.clear();
     for (const VehicleRow &row : m_vehicles)
-        m_keys.push_back(keyOf(row.vehicle) + '\n' + host::ToUpper(row.remark));
+        m_keys.push_back(keyOf(row.vehicle) + kKeyEnd + host::ToUpper(row.remark));
     filter();
     endResetModel();
 }
@@ -77,9 +79,9 @@ void VehicleModel::filter()
 
 int VehicleModel::RowOf(const install::StockItem &vehicle) const
 {
-    const std::string key = keyOf(vehicle);
+    const std::string key = keyOf(vehicle) + kKeyEnd;
     for (std::size_t row = 0; row < m_shown.size(); ++row)
-        if (keyOf(m_vehicles[m_shown[row]].vehicle) == key)
+        if (m_keys[m_shown[row]].starts_with(key))
             return static_cast<int>(row);
     return -1;
 }

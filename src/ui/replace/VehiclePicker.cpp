@@ -50,13 +50,8 @@ VehiclePicker::VehiclePicker(const Texts &texts, const QIcon &missing, QWidget *
 void VehiclePicker::connectControls()
 {
     connect(search, &QLineEdit::textChanged, this, &VehiclePicker::searchFor);
-    const auto enter = [this] {
-        if (m_model->rowCount() > 0 && list->SelectedRow() < 0)
-            list->SelectRow(0);
-        list->setFocus(Qt::TabFocusReason);
-    };
-    connect(search, &SearchField::DownPressed, this, enter);
-    connect(search, &SearchField::ReturnPressed, this, enter);
+    connect(search, &SearchField::DownPressed, this, &VehiclePicker::Enter);
+    connect(search, &SearchField::ReturnPressed, this, &VehiclePicker::Enter);
     connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &VehiclePicker::takeSelection);
     connect(list, &ListView::ReturnPressed, this, &VehiclePicker::Chosen);
@@ -97,6 +92,13 @@ void VehiclePicker::FocusSearch()
 {
     search->setFocus(Qt::ShortcutFocusReason);
     search->selectAll();
+}
+
+void VehiclePicker::Enter()
+{
+    if (m_model->rowCount() > 0 && list->SelectedRow() < 0)
+        list->SelectRow(0);
+    list->setFocus(Qt::TabFocusReason);
 }
 
 /// A vehicle that the search hides stays picked only if it is shown again at once.

@@ -46,6 +46,8 @@ public:
     /// Sets the text that is shown while there are no vehicles.
     void SetHint(const QString &hint);
     void FocusSearch();
+    /// Goes to the list, and picks the first vehicle if none is picked.
+    void Enter();
 
     document::ListView *list;
     document::SearchField *search;

@@ -23,6 +23,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QSplitter>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -50,6 +51,18 @@ std::string remarkOf(const content::CataloguedVehicle &entry)
         return units;
     return units.empty() ? "missing" : "missing, " + units;
 }
+
+/// Makes rows as high as those of the lists.
+class AiryRows : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 5);
+    }
+};
 
 /// What a change has written.
 struct Written
@@ -135,6 +148,8 @@ void frmReplace::arrangeControls()
     pickers->addWidget(from);
     pickers->addWidget(to);
     pickers->setChildrenCollapsible(false);
+    pickers->setStretchFactor(0, 2);
+    pickers->setStretchFactor(1, 3); // its remarks are longer
     auto *parts = new QSplitter(Qt::Vertical, this);
     parts->addWidget(pickers);
     parts->addWidget(planPane());
@@ -146,13 +161,14 @@ void frmReplace::arrangeControls()
     layout->addLayout(buttonRow());
     orderTabs();
     from->list->setFocus();
-    resize(760, 580);
+    resize(820, 600);
 }
 
 QWidget *frmReplace::planPane()
 {
     tvPlan->setModel(m_model);
     tvPlan->setUniformRowHeights(true);
+    tvPlan->setItemDelegate(new AiryRows(tvPlan));
     tvPlan->setAlternatingRowColors(true);
     tvPlan->header()->setStretchLastSection(true);
     tvPlan->setMinimumHeight(tvPlan->fontMetrics().height() * 5);
@@ -205,7 +221,7 @@ void frmReplace::connectControls()
         m_searchSoon.start();
         showPlan(nullptr);
     });
-    connect(from, &VehiclePicker::Chosen, this, [this] { to->list->setFocus(Qt::TabFocusReason); });
+    connect(from, &VehiclePicker::Chosen, to, &VehiclePicker::Enter);
     connect(to, &VehiclePicker::Picked, this, &frmReplace::showState);
     connect(to, &VehiclePicker::Chosen, this, [this] { tvPlan->setFocus(Qt::TabFocusReason); });
     connect(m_model, &replace::PlanModel::ChoiceChanged, this, &frmReplace::showChoice);
@@ -379,17 +395,15 @@ void frmReplace::showPlan(std::shared_ptr<ReplacementPlan> plan)
 /// An open editor with unsaved changes would ask later which of the two changes to keep.
 void frmReplace::blockUnsaved(ReplacementPlan &plan)
 {
-    std::vector<std::string> unsaved;
-    for (const std::string &path : m_unsaved)
-        if (const auto onDisk = m_environment.files.FindFile(path))
-            unsaved.push_back(host::path::FromDisk(*onDisk));
-    for (std::size_t i = 0; !unsaved.empty() && i < plan.Files().size(); ++i) {
-        const auto onDisk = m_environment.files.FindFile(plan.Files()[i].found.path);
-        const bool isUnsaved = onDisk && std::find(unsaved.begin(), unsaved.end(),
-                                                   host::path::FromDisk(*onDisk)) != unsaved.end();
-        if (isUnsaved)
-            plan.Block(i, kUnsaved);
-    }
+    host::GameFiles &files = m_environment.files;
+    const auto isSame = [&files](const std::string &one, const std::string &other) {
+        return host::EqualsNoCase(host::path::FileName(one), host::path::FileName(other)) &&
+               files.FindFile(one) == files.FindFile(other);
+    };
+    for (const std::string &unsaved : m_unsaved)
+        for (std::size_t i = 0; i < plan.Files().size(); ++i)
+            if (isSame(unsaved, plan.Files()[i].found.path))
+                plan.Block(i, kUnsaved);
 }
 
 void frmReplace::showChoice()
@@ -493,6 +507,7 @@ void frmReplace::changeEnded(const std::string &failure)
         m_environment.dialogs.Message(failure, kTitle, host::DialogIcon::Critical);
     }
     search();
+    from->list->setFocus(Qt::OtherFocusReason); // a disabled control loses the focus
 }
 
 void frmReplace::stopSearches()
