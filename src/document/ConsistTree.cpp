@@ -238,6 +238,13 @@ EditResult ConsistTree::MoveTo(std::vector<int> rows, int place)
     });
 }
 
+EditResult ConsistTree::Replace(std::vector<int> rows, const StockItem &vehicle)
+{
+    keepExisting(rows);
+    return step(titled("Replace", rows.size()), rows,
+                [&](TrainEdit &edit) { return edit.Replace(rows, vehicle); });
+}
+
 EditResult ConsistTree::Reverse(std::vector<int> rows)
 {
     keepExisting(rows);

@@ -94,6 +94,8 @@ public:
     EditResult Paste(const std::vector<StfNode> &units, int place);
     /// Like Remove; the step is named Cut.
     EditResult Cut(std::vector<int> rows);
+    /// Makes units name another vehicle of the same kind.
+    EditResult Replace(std::vector<int> rows, const StockItem &vehicle);
     /// Moves units together in front of the unit that is now row `place`; a row more than there are
     /// means the end of the train.
     EditResult MoveTo(std::vector<int> rows, int place);

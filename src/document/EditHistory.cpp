@@ -71,6 +71,7 @@ bool TrainStep::Finish(std::string name, std::vector<int> rows)
     m_name = std::move(name);
     m_rowsAfter = std::move(rows);
     m_turns.shrink_to_fit();
+    std::erase_if(m_values, [](const SavedValues &values) { return values.Hold(); });
     if (m_counter.Hold())
         m_counter = {};
     std::vector<StfNode> before = std::exchange(m_children, {});
@@ -82,7 +83,8 @@ bool TrainStep::Finish(std::string name, std::vector<int> rows)
     m_behind = static_cast<int>(lastNow - now.rbegin());
     m_length = static_cast<int>(lastNow.base() - firstNow);
     m_children.assign(std::make_move_iterator(first), std::make_move_iterator(last.base()));
-    return m_length > 0 || !m_children.empty() || !m_turns.empty() || !m_counter.Hold();
+    return m_length > 0 || !m_children.empty() || !m_turns.empty() || !m_values.empty() ||
+           !m_counter.Hold();
 }
 
 const std::vector<int> &TrainStep::Exchange()
@@ -91,6 +93,8 @@ const std::vector<int> &TrainStep::Exchange()
     for (auto turn = m_turns.rbegin(); turn != m_turns.rend(); ++turn)
         exchange(*turn);
     std::reverse(m_turns.begin(), m_turns.end());
+    for (SavedValues &values : m_values)
+        values.Exchange();
     m_counter.Exchange();
     m_undone = !m_undone;
     return m_undone ? m_rowsBefore : m_rowsAfter;

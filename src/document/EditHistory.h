@@ -24,6 +24,8 @@ public:
 
     /// Turns a unit round as part of the edit: removes its first Flip block, or inserts one.
     void Flip(const StfNode &unit);
+    /// Keeps the values of a block, which the edit is about to change.
+    void KeepValues(const StfNode &block) { m_values.emplace_back(block); }
     /// Ends recording. Returns false if the edit has changed nothing. `rows` are those to select
     /// after the edit.
     bool Finish(std::string name, std::vector<int> rows);
@@ -50,6 +52,7 @@ private:
     std::vector<StfNode> m_children; ///< all while recording, then the other content of the range
     int m_behind = 0, m_length = 0;  ///< the range: children behind it and in it
     std::vector<Turn> m_turns;
+    std::vector<SavedValues> m_values;
     SavedValues m_counter;
     StfNode m_newMark; ///< of all units that get one: a block for each would take much memory
     std::vector<int> m_rowsBefore, m_rowsAfter;

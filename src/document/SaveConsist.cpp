@@ -10,6 +10,7 @@
 #include "host/Text.h"
 
 #include <exception>
+#include <optional>
 
 namespace document {
 namespace {
@@ -70,6 +71,19 @@ Place placeToSave(const ConsistTree &tree, std::string &fileName, const SaveQues
     }
 }
 
+/// Returns the state that the file has now, for a save to replace; nothing if it cannot be read.
+std::optional<host::FileState> stateNow(const ConsistTree &tree, const std::string &fileName,
+                                        host::GameFiles &files)
+{
+    if (!tree.ChangedOnDisk(fileName))
+        return tree.OnDisk();
+    try {
+        return host::FileState(fileName, files.ReadFile(fileName));
+    } catch (const host::RuntimeError &) {
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 SaveOutcome SaveConsist(ConsistTree &tree, const std::string &fileName,
@@ -103,6 +117,25 @@ SaveOutcome SaveConsistAs(ConsistTree &tree, const std::string &fileName,
     if (!outcome.saved)
         outcome.fileName = fileName;
     return outcome;
+}
+
+bool SaveInPlace(ConsistTree &tree, const std::string &fileName, host::GameFiles &files,
+                 host::Dialogs &dialogs)
+{
+    for (;;) {
+        const std::optional<host::FileState> before = stateNow(tree, fileName, files);
+        if (!MayOverwrite(tree, fileName, dialogs))
+            return false;
+        try {
+            if (before)
+                tree.Save(fileName, *before);
+            else
+                tree.Save(fileName);
+            return true;
+        } catch (const host::FileChanged &) {
+            continue; // ask about that change
+        }
+    }
 }
 
 bool MayOverwrite(const ConsistTree &tree, const std::string &fileName, host::Dialogs &dialogs)

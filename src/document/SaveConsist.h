@@ -47,6 +47,12 @@ SaveOutcome SaveConsist(ConsistTree &tree, const std::string &fileName,
 SaveOutcome SaveConsistAs(ConsistTree &tree, const std::string &fileName,
                           const SaveQuestions &questions);
 
+/// Saves a consist in its own file. Asks before it overwrites another program's change, also one
+/// that is made while the question is open. Returns false if the answer was not Yes. Throws
+/// RuntimeError as ConsistTree::Save does.
+bool SaveInPlace(ConsistTree &tree, const std::string &fileName, host::GameFiles &files,
+                 host::Dialogs &dialogs);
+
 /// Asks whether to overwrite the file if another program has changed it since it was read. True
 /// when it is unchanged, belongs to another consist, or the answer is Yes.
 bool MayOverwrite(const ConsistTree &tree, const std::string &fileName, host::Dialogs &dialogs);

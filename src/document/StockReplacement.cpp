@@ -154,11 +154,8 @@ host::FileChange StockReplacement::ChangeOf(const FileInUse &found,
     DataBlocks blocks(m_from.type + "Data", [&](StfNode data, int, int) {
         if (!isUsedBy(data))
             return;
-        if (chosen.empty() || (place < chosen.size() && chosen[place])) {
-            data.SetNumParameters(2);
-            write(data, 0, m_to.shape);
-            write(data, 1, m_to.folder);
-        }
+        if (chosen.empty() || (place < chosen.size() && chosen[place]))
+            WriteVehicle(data, m_to);
         ++place;
     });
     blocks.Walk(file.Nodes());
@@ -186,7 +183,15 @@ std::string VehicleText(const install::StockItem &vehicle)
     return vehicle.folder + '/' + install::StockFileName(vehicle.type, vehicle.shape);
 }
 
-FoundInUse FindInUse(const StockReplacement &replacement, const std::vector<std::string> &paths)
+void WriteVehicle(StfNode data, const install::StockItem &vehicle)
+{
+    data.SetNumParameters(2);
+    write(data, 0, vehicle.shape);
+    write(data, 1, vehicle.folder);
+}
+
+FoundInUse FindInUse(const StockReplacement &replacement, const std::vector<std::string> &paths,
+                     const std::function<bool(std::size_t done)> &goOn)
 {
     struct Searched
     {
@@ -208,6 +213,8 @@ FoundInUse FindInUse(const StockReplacement &replacement, const std::vector<std:
             found.files.push_back(std::move(*searched->file));
         if (!searched->fault.empty())
             found.faults.push_back(std::move(searched->fault));
+        if (goOn && !goOn(searches.Taken()))
+            break;
     }
     return found;
 }

@@ -5,6 +5,7 @@
 #include "host/ChangeRecord.h"
 #include "install/Train.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -71,6 +72,8 @@ private:
 std::optional<install::StockItem> VehicleOf(std::string_view text);
 /// Returns "FOLDER/NAME.wag".
 std::string VehicleText(const install::StockItem &vehicle);
+/// Writes the vehicle into the data block of a unit, name and folder as given.
+void WriteVehicle(StfNode data, const install::StockItem &vehicle);
 
 /// The files of a search that use the vehicle, and those that could not be searched.
 struct FoundInUse
@@ -78,7 +81,9 @@ struct FoundInUse
     std::vector<FileInUse> files;
     std::vector<std::string> faults; ///< "FILE: REASON"
 };
-/// Searches files in order, on several threads.
-FoundInUse FindInUse(const StockReplacement &replacement, const std::vector<std::string> &paths);
+/// Searches files in order, on several threads. Calls `goOn` after each file with the number of
+/// files searched so far, and ends early if it returns false.
+FoundInUse FindInUse(const StockReplacement &replacement, const std::vector<std::string> &paths,
+                     const std::function<bool(std::size_t done)> &goOn = {});
 
 } // namespace document

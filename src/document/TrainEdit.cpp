@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "document/TrainEdit.h"
 
+#include "document/StockReplacement.h"
 #include "document/UnitCounter.h"
 
 #include <algorithm>
@@ -133,6 +134,19 @@ void TrainEdit::Flip(const std::vector<int> &rows)
 {
     for (const int row : rows)
         m_step.Flip(entry(row));
+}
+
+EditResult TrainEdit::Replace(const std::vector<int> &rows, const install::StockItem &vehicle)
+{
+    for (const int row : rows)
+        if (entry(row).Name() != vehicle.type)
+            return refusal("an engine can only be replaced by an engine, a wagon only by a wagon.");
+    for (const int row : rows) {
+        const StfNode data = entry(row).Require(vehicle.type + "Data");
+        m_step.KeepValues(data);
+        WriteVehicle(data, vehicle);
+    }
+    return selecting(rows);
 }
 
 /// Removes units and returns them. The positions are then those of the remaining units.

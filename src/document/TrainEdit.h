@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/EditHistory.h"
+#include "install/Train.h"
 #include "stavfile/StfNode.h"
 
 #include <string>
@@ -39,6 +40,9 @@ public:
     EditResult Backwards(const std::vector<int> &rows);
     /// Turns units round.
     void Flip(const std::vector<int> &rows);
+    /// Makes units name another vehicle; everything else in them stays. Refuses one of another kind
+    /// (engine, wagon).
+    EditResult Replace(const std::vector<int> &rows, const install::StockItem &vehicle);
     /// Moves units so that they follow each other in front of the unit that is now row `place`; a
     /// row more than there are means the end.
     EditResult MoveTo(const std::vector<int> &rows, int place);

@@ -78,10 +78,20 @@ std::string RecoveryFile::DefaultFolder()
     return host::path::Join(host::StateFolder(), "zelk/unsaved");
 }
 
-bool RecoveryFile::Keep(UnsavedConsist consist)
+bool RecoveryFile::IsWriting() const
 {
     using namespace std::chrono_literals;
-    if (m_writing.valid() && m_writing.wait_for(0s) != std::future_status::ready)
+    return m_writing.valid() && m_writing.wait_for(0s) != std::future_status::ready;
+}
+
+std::string RecoveryFile::TakeFailure()
+{
+    return IsWriting() ? std::string() : Finish();
+}
+
+bool RecoveryFile::Keep(UnsavedConsist consist)
+{
+    if (IsWriting())
         return false;
     if (m_path.empty())
         m_path = filesIn(m_folder).NewPath();

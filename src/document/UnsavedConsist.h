@@ -40,6 +40,11 @@ public:
     bool Keep(UnsavedConsist consist);
     /// Removes the file: the consist was saved or its changes were dropped.
     void Drop();
+    /// Returns the file and the reason if the last Keep has failed, once; "" otherwise. Never
+    /// waits.
+    std::string TakeFailure();
+    /// True while the last state is being written.
+    bool IsWriting() const;
     /// Waits for the last Keep. Returns the file and the reason if it failed, else "".
     std::string Finish();
 

@@ -162,7 +162,7 @@ std::string ChangeJournal::DefaultFolder()
     return path::Join(StateFolder(), "zelk/changes");
 }
 
-std::string ChangeJournal::lastFile() const
+std::string ChangeJournal::LastFile() const
 {
     return disk::Join(m_journals.Folder(), kLast);
 }
@@ -225,14 +225,14 @@ void ChangeJournal::refuseBesideOthers() const
 void ChangeJournal::finish(const ChangeRecord &record, const std::string &journal) const
 {
     if (record.undoes.empty()) {
-        if (const auto failure = disk::Rename(journal, lastFile()))
-            fail(*failure, lastFile());
+        if (const auto failure = disk::Rename(journal, LastFile()))
+            fail(*failure, LastFile());
     } else {
-        const std::string mark = markOf(lastFile());
-        const auto failure = mark == record.undoes ? disk::Remove(lastFile()) : std::nullopt;
+        const std::string mark = markOf(LastFile());
+        const auto failure = mark == record.undoes ? disk::Remove(LastFile()) : std::nullopt;
         if (failure || mark == kUnreadable)
             fail(failure.value_or(disk::Failure{ErrorNumber::PathFileAccess, "it cannot be read"}),
-                 lastFile());
+                 LastFile());
         disk::Remove(journal); // if this fails, Recover removes it
     }
     disk::FlushNames(m_journals.Folder());
@@ -241,15 +241,15 @@ void ChangeJournal::finish(const ChangeRecord &record, const std::string &journa
 std::optional<ChangeRecord> ChangeJournal::Last() const
 {
     std::string bytes;
-    if (const auto failure = contentOf(lastFile(), bytes)) {
-        if (disk::KindOf(lastFile()) == disk::Kind::Absent)
+    if (const auto failure = contentOf(LastFile(), bytes)) {
+        if (disk::KindOf(LastFile()) == disk::Kind::Absent)
             return std::nullopt;
-        fail(*failure, lastFile());
+        fail(*failure, LastFile());
     }
     std::optional<ChangeRecord> record = ChangeRecord::FromBytes(std::move(bytes));
     if (!record || !record->whole)
         throw RuntimeError(ErrorNumber::PathFileAccess,
-                           lastFile() + ": this record of the last change is damaged, so that the "
+                           LastFile() + ": this record of the last change is damaged, so that the "
                                         "change cannot be taken back");
     return record;
 }

@@ -31,6 +31,8 @@ public:
     /// old content back. `title` is for the user: "Replace A/x.wag by B/y.wag".
     void Apply(const std::string &title, const std::vector<FileChange> &changes);
 
+    /// Returns the path of the record of the last complete change, which need not exist.
+    std::string LastFile() const;
     /// Returns the record of the last complete change; nothing if there is none. Throws
     /// RuntimeError if it cannot be read.
     std::optional<ChangeRecord> Last() const;
@@ -50,7 +52,6 @@ private:
     static std::string rollBack(const ChangeRecord &record, const std::string &journal,
                                 std::size_t replaced);
     void refuseBesideOthers() const;
-    std::string lastFile() const;
     std::string recover(const std::string &journal);
     void finish(const ChangeRecord &record, const std::string &journal) const;
 

@@ -2,6 +2,7 @@
 #include "zelkctl/ReplaceCommand.h"
 
 #include "document/ConsistList.h"
+#include "document/ReplacementPlan.h"
 #include "document/StockReplacement.h"
 #include "host/ChangeJournal.h"
 #include "host/Console.h"
@@ -152,8 +153,6 @@ void recover(host::ChangeJournal &journal)
 void apply(host::ChangeJournal &journal, const document::StockReplacement &replacement,
            document::FoundInUse &found)
 {
-    const std::string title = "Replace " + document::VehicleText(replacement.From()) + " by " +
-                              document::VehicleText(replacement.To());
     try {
         std::vector<host::FileChange> changes;
         for (document::FileInUse &file : found.files) {
@@ -162,7 +161,7 @@ void apply(host::ChangeJournal &journal, const document::StockReplacement &repla
             if (change.after != change.before)
                 changes.push_back(std::move(change));
         }
-        journal.Apply(title, changes);
+        journal.Apply(document::ReplacementTitle(replacement.From(), replacement.To()), changes);
     } catch (const host::RuntimeError &error) {
         throw Failure(error.what());
     }

@@ -7,6 +7,7 @@
 #include "app/Wastebasket-posix.h"
 #include "document/ConsistTree.h"
 #include "document/SaveConsist.h"
+#include "document/UnsavedConsist.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
@@ -287,6 +288,28 @@ TEST_P(FailingWritesTest, FileSystemThatRefusesPermissionsCanBeWrittenTo)
             const std::string message = messageOf(GetParam(), world);
             EXPECT_EQ(withoutTimes(world.Files()), after) << message;
         }
+    }
+}
+
+TEST(FailingRecoveryFileTest, FullDiskIsReportedAndKeepsTheLastState)
+{
+    const support::TempFolder folder;
+    document::RecoveryFile file(folder.At("unsaved"));
+    const document::UnsavedConsist first{"a.con", "a", 1, false, "first"};
+    ASSERT_TRUE(file.Keep(first));
+    ASSERT_EQ(file.Finish(), "");
+    const std::string name = "unsaved/" + folder.Names("unsaved").front();
+    const std::string kept = folder.Read(name);
+    bool isFull = true;
+    for (int step = 0; isFull; ++step) {
+        ASSERT_LT(step, 100);
+        const FailingStep full(step, FailingStep::FillsDisk());
+        ASSERT_TRUE(file.Keep({"a.con", "a", 2, false, "second"}));
+        const std::string failure = file.Finish();
+        isFull = *full.Refused() != '\0';
+        EXPECT_EQ(failure.starts_with(folder.At(name) + ": "), isFull) << failure;
+        EXPECT_EQ(folder.Read(name) == kept, isFull) << step;
+        EXPECT_EQ(folder.Names("unsaved").size(), 1u) << "nothing is left over";
     }
 }
 

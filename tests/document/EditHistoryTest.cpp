@@ -98,7 +98,7 @@ public:
     void Act()
     {
         const std::vector<int> rows = someRows();
-        switch (Below(9)) {
+        switch (Below(10)) {
         case 0:
             m_tree.Edit(Move::Add, rows, {newStock("Wagon"), newStock("Engine")});
             break;
@@ -116,6 +116,9 @@ public:
             break;
         case 5:
             m_tree.Cut(rows);
+            break;
+        case 6: // refused if the rows are of both kinds
+            m_tree.Replace(rows, newStock(Below(3) == 0 ? "Engine" : "Wagon"));
             break;
         default:
             m_tree.Edit(static_cast<Move>(1 + Below(5)), Below(20) ? rows : std::vector<int>());
@@ -239,6 +242,12 @@ TEST_F(EditHistoryTest, StepsHaveNamesAndRestoreTheSelection)
          },
          {2, 3},
          {1, 5}},
+        {"Replace 2 Units",
+         [&] {
+             return tree.Replace({3, 2}, box);
+         },
+         {2, 3},
+         {2, 3}},
         {"Reverse Train",
          [&] {
              return tree.Reverse({1, 2});
@@ -260,6 +269,27 @@ TEST_F(EditHistoryTest, StepsHaveNamesAndRestoreTheSelection)
     EXPECT_TRUE(tree.Edit(Move::Flip, {2, 3}).selectedRows.empty());
     EXPECT_EQ(tree.UndoName(), "Flip 2 Units");
     EXPECT_EQ(tree.Undo().selectedRows, (std::vector<int>{2, 3})) << "to show what was undone";
+}
+
+TEST_F(EditHistoryTest, ReplaceChangesOnlyTheNamesOfUnits)
+{
+    load(oddConsist(5));
+    const std::string before = bytes();
+    EXPECT_FALSE(tree.Replace({2, 4, 5}, box).refused);
+    std::string expected = before;
+    for (const auto &[from, to] :
+         {std::pair{"WagonData(w1 f)", "WagonData(box \"My Stock\")"},
+          std::pair{"WagonData ( w3 \"f \" + \"g\" )", "WagonData ( box \"My Stock\" )"},
+          std::pair{"WagonData ( w4 f )", "WagonData ( box \"My Stock\" )"}})
+        expected.replace(expected.find(from), std::string(from).size(), to);
+    EXPECT_EQ(bytes(), expected);
+    const EditResult refused = tree.Replace({1, 2}, box);
+    EXPECT_TRUE(refused.refused);
+    EXPECT_EQ(refused.message, "Nothing was changed: an engine can only be replaced by an engine, "
+                               "a wagon only by a wagon.");
+    EXPECT_EQ(bytes(), expected);
+    tree.Undo();
+    EXPECT_EQ(bytes(), before) << "odd spellings come back";
 }
 
 TEST_F(EditHistoryTest, EditsWithoutEffectAreNoSteps)

@@ -6,6 +6,7 @@
 
 #include "ui/dialogs/frmResults.h"
 #include "ui/health/frmHealth.h"
+#include "ui/replace/frmReplace.h"
 #include <QAbstractItemView>
 
 #include <QApplication>
@@ -91,12 +92,16 @@ constexpr char kTree[] = R"(>mnuFile [&File]
   -mnuUnitsMoveDown [Move &Down]
   -mnuUnitsReverse [Re&verse Train]
   -mnuUnitsSelectKind [Select &All of This Kind]
+  -mnuUnitsReplace [R&eplace...]
+  -mnuUnitsFindCandidates [Find Cand&idates...]
 >mnuStock [&Stock]
  -mnuStockViewShape [View &Shape]
  mnuStockCheckDep [Check &Dependencies...]
  mnuStockCheckAll [Check &All Stock...]
  mnuStockCheckTextures [Check &Textures...]
  mnuStockHealth [&Health Report]
+ mnuStockReplace [&Replace in Consists...]
+ -mnuStockUndoReplace [Undo Rep&lace]
 >mnuView [&View]
  mnuViewToolbar [&Toolbar]
  mnuViewStatusBar [Status &Bar]
@@ -177,6 +182,8 @@ protected:
             windows += '|' + results->Caption();
         for (const frmHealth *health : window->findChildren<frmHealth *>())
             windows += '|' + health->Caption();
+        for (const frmReplace *replace : window->findChildren<frmReplace *>())
+            windows += '|' + replace->windowTitle().toStdString();
         return {windows + '\n', rowsOfFirst(), rowsOfTrain(),
                 "clipboard|" + QGuiApplication::clipboard()->text().toStdString() + '\n',
                 Find<QAction>(*window, command).isChecked() ? "checked\n" : "unchecked\n"};
@@ -290,6 +297,9 @@ constexpr Row kRows[] = {
     {From::Editor, "mnuUnitsMoveDown", EDITED "train|Wagon/Boxcars/hopper Wagon/Boxcars/box\n"},
     {From::Editor, "mnuUnitsReverse", EDITED "train|Wagon*/Boxcars/hopper Wagon*/Boxcars/box\n"},
     {From::Editor, "mnuUnitsSelectKind", ""},
+    {From::Editor, "mnuUnitsReplace",
+     "windows|Consist List 1|Consist - <M>/Trains/Consists/Coal.con|Replace in Consists\n"},
+    {From::Editor, "mnuUnitsFindCandidates", "dialog|frmCandidates\n"},
     {From::Editor, "mnuStockViewShape", kNoShape},
     {From::Editor, "mnuStockCheckDep",
      "select|Select Routes to Check|\nwindows|Consist List 1|Consist - "
@@ -297,6 +307,8 @@ constexpr Row kRows[] = {
     {From::List, "mnuStockCheckAll", kCheckAll},
     {From::List, "mnuStockCheckTextures", "critical|Stock Check Textures|Nothing selected!\n"},
     {From::List, "mnuStockHealth", "windows|Consist List 1|Health Report\n"},
+    {From::List, "mnuStockReplace", "windows|Consist List 1|Replace in Consists\n"},
+    {From::List, "mnuStockUndoReplace", ""}, // nothing to undo yet
     {From::List, "mnuViewToolbar", "unchecked\n"},
     {From::List, "mnuViewStatusBar", "unchecked\n"},
     {From::List, "mnuViewRefresh", "list|Another Coal Freight North GP38 Local\n"},

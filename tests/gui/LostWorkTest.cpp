@@ -3,10 +3,14 @@
 #include "ui/main/LostWork.h"
 #include "GuiTest.h"
 #include "document/UnsavedConsist.h"
+#include "host/Folders.h"
 #include "host/Leftovers.h"
+#include "ui/document/ChangeKeeper.h"
 #include "ui/widgets/ListView.h"
 
 #include <QAbstractButton>
+
+#include <filesystem>
 
 using document::ListView;
 using host::DialogAnswer;
@@ -94,6 +98,37 @@ TEST_F(LostWorkTest, UnsavedConsistIsOfferedAtTheNextStart)
     EXPECT_EQ(kept().size(), 1u) << "the new window keeps the changes, the old record is gone";
     Active()->SaveForm(true);
     EXPECT_TRUE(kept().empty());
+}
+
+TEST_F(LostWorkTest, ReportsOnceThatChangesCannotBeKept)
+{
+    const std::string report = "Unsaved changes would not survive a crash: ";
+    home.Folder().Write(unsaved); // a file in place of the folder
+    WriteConsist("Coal", {"box", "hopper"});
+    frmDocument &editor = OpenEditor("Coal");
+    change(editor);
+    EXPECT_TRUE(Wait([&] { return Status().starts_with(report); })) << Status();
+    EXPECT_NE(Status().find("unsaved"), std::string::npos) << "names the file";
+    EXPECT_NE(host::GameFiles().ReadFile(host::TraceLogFile()).find(report), std::string::npos);
+    EXPECT_EQ(dialogs.TakeLog(), "") << "interrupts nothing";
+
+    int states = 0, failures = 0;
+    document::ChangeKeeper keeper(nullptr, [&states] {
+        ++states;
+        return document::UnsavedConsist{"a.con", "a", 1, false, "bytes"};
+    });
+    QObject::connect(&keeper, &document::ChangeKeeper::Failed, [&failures] { ++failures; });
+    for (int change = 1; change <= 3; ++change) {
+        keeper.Follow(true);
+        ASSERT_TRUE(Wait([&] { return states == change; }));
+    }
+    EXPECT_EQ(failures, 1);
+    keeper.Follow(false);
+
+    std::filesystem::remove(home.Folder().At(unsaved));
+    change(editor);
+    EXPECT_TRUE(Wait([this] { return kept().size() == 1; })) << "can be kept again";
+    drop(editor);
 }
 
 TEST_F(LostWorkTest, NoDropsTheChangesAndCancelKeepsThem)

@@ -68,6 +68,32 @@ const std::string kCloseQuestion =
 
 } // namespace
 
+TEST_F(SavingTest, ChangeOfAnotherProgramDuringTheQuestionIsNotOverwritten)
+{
+    for (const char *button : {"cmdAction1", "cmdAction2"}) {
+        WriteConsist("Coal", {"box", "hopper"});
+        Start();
+        frmDocument &editor = OpenEditor("Coal");
+        removeFirst(editor);
+        WriteConsist("Coal", {"other"});
+        dialogs.onShown = [this] {
+            dialogs.onShown = {};
+            WriteConsist("Coal", {"another"});
+        };
+        dialogs.Answer(DialogAnswer::Yes);
+        dialogs.Answer(DialogAnswer::No);
+        press(editor, button);
+        EXPECT_EQ(dialogs.TakeLog(), changedQuestion("Coal") + changedQuestion("Coal"));
+        EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "another");
+        EXPECT_TRUE(editor.Changed());
+        dialogs.Answer(DialogAnswer::Yes);
+        press(editor, "cmdAction1");
+        EXPECT_EQ(dialogs.TakeLog(), changedQuestion("Coal") + savedMessage("Coal"));
+        EXPECT_EQ(ShapesIn(ConsistFile("Coal")), "hopper");
+        window.reset();
+    }
+}
+
 TEST_F(SavingTest, AsksBeforeOverwritingAFileChangedByAnotherProgram)
 {
     const struct

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 
 namespace document {
 
@@ -18,7 +19,7 @@ class ChangeKeeper : public QObject
     Q_OBJECT
 
 public:
-    /// `state` returns what to keep, nothing if it is not worth keeping.
+    /// `state` returns what to keep, nothing if it is not worth keeping. It may throw.
     using State = std::function<std::optional<UnsavedConsist>()>;
     ChangeKeeper(QObject *parent, State state);
 
@@ -27,12 +28,21 @@ public:
     /// Keeps the state now and waits until it is written.
     void KeepNow();
 
+Q_SIGNALS:
+    /// The changes could not be kept. Emitted once until they can be kept again. `reason` names the
+    /// file.
+    void Failed(const std::string &reason);
+
 private:
     void keep();
+    void look();
+    void report(const std::string &failure);
 
     const State m_state;
     QTimer m_timer;
+    QTimer m_look; ///< runs while a state is being written
     RecoveryFile m_file;
+    bool m_hasFailed = false;
 };
 
 } // namespace document

@@ -25,6 +25,8 @@
 #include <QKeyEvent>
 #include <QMdiArea>
 
+#include <algorithm>
+
 namespace document {
 
 using host::DialogAnswer;
@@ -80,6 +82,7 @@ void ConsistEditorPane::connectControls(const Furnishing &furnishing)
         showChanged();
         showTitle();
     });
+    connect(m_keeper, &ChangeKeeper::Failed, this, &ConsistEditorPane::reportNotKept);
     connect(m_controls, &EditorControls::ActionPressed, &m_window, &frmDocument::ActionClick);
     connect(m_controls, &EditorControls::MenuWanted, this,
             [popUp = furnishing.popUpStockMenu](const QPoint &at) { popUp(at); });
@@ -245,6 +248,14 @@ void ConsistEditorPane::FollowSave(const std::string &path)
         Guarded(m_window.Environment().dialogs, kOpen, [this] { readAgain(); });
 }
 
+void ConsistEditorPane::FollowChanges(const std::vector<std::string> &paths)
+{
+    const auto onDisk = m_window.Environment().files.FindFile(m_window.FileName());
+    if (onDisk &&
+        std::find(paths.begin(), paths.end(), host::path::FromDisk(*onDisk)) != paths.end())
+        FollowSave(m_window.FileName());
+}
+
 void ConsistEditorPane::readAgain()
 {
     m_consist.Load(m_window.FileName());
@@ -265,6 +276,14 @@ void ConsistEditorPane::showChanged()
     m_controls->ShowChanged(m_consist.Changed());
     Q_EMIT m_window.StepsChanged();
     m_keeper->Follow(m_consist.Changed());
+}
+
+/// Does not interrupt the work: the changes are in the window and can be saved.
+void ConsistEditorPane::reportNotKept(const std::string &reason)
+{
+    const std::string text = "Unsaved changes would not survive a crash: " + reason;
+    m_host.WriteLog(text);
+    m_host.SetStatus(text);
 }
 
 /// A new consist without units holds nothing that could be lost.
@@ -361,8 +380,16 @@ void ConsistEditorPane::saveAndClose()
 /// Returns false if writing failed, or if the user keeps another program's change.
 bool ConsistEditorPane::saveInPlace()
 {
-    return MayOverwrite(m_consist, m_window.FileName(), m_window.Environment().dialogs) &&
-           Guarded(m_window.Environment().dialogs, kSave, [this] { Write(false); });
+    if (m_window.FileName().empty())
+        return true;
+    const install::Environment &environment = m_window.Environment();
+    bool saved = false;
+    Guarded(environment.dialogs, kSave, [&] {
+        saved = SaveInPlace(m_consist, m_window.FileName(), environment.files, environment.dialogs);
+        if (saved)
+            showSaved(false);
+    });
+    return saved;
 }
 
 void ConsistEditorPane::Write(bool quiet)
@@ -420,6 +447,33 @@ std::string ConsistEditorPane::SelectedItem() const
     const StockItem *item = selectedStockItem();
     return item ? StockPath(m_window.Environment().installation.CurrentFolder(), *item)
                 : std::string();
+}
+
+std::optional<StockItem> ConsistEditorPane::SelectedVehicle() const
+{
+    const StockItem *item = selectedStockItem();
+    if (!item)
+        return std::nullopt;
+    StockItem vehicle = *item;
+    if (vehicle.type.ends_with('*'))
+        vehicle.type.pop_back();
+    return vehicle;
+}
+
+std::optional<StockItem> ConsistEditorPane::SelectedUnit() const
+{
+    return m_consistIsActiveList ? SelectedVehicle() : std::nullopt;
+}
+
+bool ConsistEditorPane::UnitIsMissing() const
+{
+    const int row = m_controls->lvConsist->SelectedRow();
+    return m_consistIsActiveList && row >= 0 && m_controls->Train().HasRemark(row);
+}
+
+void ConsistEditorPane::ReplaceUnit(const StockItem &vehicle)
+{
+    m_units->Replace(vehicle);
 }
 
 void ConsistEditorPane::viewConsist()

@@ -46,6 +46,10 @@ public:
     void AddRemark(const std::string &remark) override;
     const ConsistTree &Consist() const override { return m_consist; }
     std::string SelectedItem() const override;
+    std::optional<StockItem> SelectedVehicle() const override;
+    std::optional<StockItem> SelectedUnit() const override;
+    bool UnitIsMissing() const override;
+    void ReplaceUnit(const StockItem &vehicle) override;
     void Act(EditorAction action) override;
     void RunOnUnits(UnitCommand command) override;
     bool TrainIsActive() const override { return m_consistIsActiveList; }
@@ -53,6 +57,7 @@ public:
     void Save(bool quiet) override;
     void SaveAs() override;
     void FollowSave(const std::string &path) override;
+    void FollowChanges(const std::vector<std::string> &paths) override;
     void Restore(const UnsavedConsist &unsaved) override;
     void ReloadStock() override;
 
@@ -76,6 +81,7 @@ private:
     void rereadStock();
     void showTitle();
     void showChanged();
+    void reportNotKept(const std::string &reason);
     std::optional<UnsavedConsist> unsavedState() const;
     void editTrain(Move move);
 

@@ -142,7 +142,12 @@ std::string ConsistListPane::status() const
 
 void ConsistListPane::FollowSave(const std::string &path)
 {
-    m_marks->Update(path);
+    FollowChanges({path});
+}
+
+void ConsistListPane::FollowChanges(const std::vector<std::string> &paths)
+{
+    m_marks->Update(paths);
     m_search->Forget();
     m_figuresOf.clear();
     m_showFigures.start();

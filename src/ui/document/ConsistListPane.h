@@ -43,6 +43,7 @@ public:
     std::vector<std::string> SelectedConsists() const override;
     std::string SelectedConsist() const override;
     void FollowSave(const std::string &path) override;
+    void FollowChanges(const std::vector<std::string> &paths) override;
 
     ListView *lvConsists;
     SearchField *searchConsists;

@@ -2,12 +2,14 @@
 #pragma once
 
 #include "host/RuntimeError.h"
+#include "install/Train.h"
 #include "ui/document/EditorAction.h"
 #include "ui/document/UnitCommand.h"
 #include "ui/print/PrintJobs.h"
 
 #include <QSize>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -58,6 +60,15 @@ public:
     /// Consist editor: returns the path of the stock item selected in the list that was last
     /// entered; "" for none.
     virtual std::string SelectedItem() const { return {}; }
+    /// Consist editor: return the vehicle selected in the list that was last entered, and that of
+    /// the selected unit, if the train is that list; nothing for none.
+    virtual std::optional<install::StockItem> SelectedVehicle() const { return std::nullopt; }
+    virtual std::optional<install::StockItem> SelectedUnit() const { return std::nullopt; }
+    /// Consist editor: true if the train is the list that was last entered, and the vehicle of the
+    /// selected unit, or its shape, is missing.
+    virtual bool UnitIsMissing() const { return false; }
+    /// Consist editor: makes the selected unit name another vehicle of the same kind.
+    virtual void ReplaceUnit(const install::StockItem & /*vehicle*/) {}
     /// Consist editor: runs an action button.
     virtual void Act(EditorAction /*action*/) {}
     /// Consist editor: runs a command on units.
@@ -75,6 +86,9 @@ public:
     /// window. Keeps unsaved changes and reports the conflict. Consist list: updates the mark of
     /// the consist.
     virtual void FollowSave(const std::string & /*path*/) {}
+    /// Like FollowSave, for several files that were changed at once. Their paths are spelled as on
+    /// the disk.
+    virtual void FollowChanges(const std::vector<std::string> & /*paths*/) {}
     /// Consist editor: takes up the unsaved state of the consist, and keeps it in a recovery file
     /// before it returns. Throws host::RuntimeError.
     virtual void Restore(const UnsavedConsist & /*unsaved*/) {}

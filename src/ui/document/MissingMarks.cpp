@@ -141,17 +141,14 @@ void ConsistMarks::take(std::size_t first, const std::vector<std::string> &answe
     m_model.SetRemarks(m_rows[first], remarks);
 }
 
-void ConsistMarks::Update(const std::string &path)
+void ConsistMarks::Update(const std::vector<std::string> &paths)
 {
-    const std::string name = host::path::BaseName(path);
-    for (int row = 0; row < m_model.NameCount(); ++row) {
-        if (!host::EqualsNoCase(m_model.NameAt(row), name))
-            continue;
-        const auto listed =
-            m_environment.files.FindFile(m_environment.installation.ConsistPath(name));
-        if (listed && listed == m_environment.files.FindFile(path))
+    std::set<std::string> written; // names in upper case
+    for (const std::string &path : paths)
+        written.insert(host::ToUpper(host::path::BaseName(path)));
+    for (int row = 0; row < m_model.NameCount(); ++row)
+        if (written.contains(host::ToUpper(m_model.NameAt(row))))
             m_updated.push_back(row);
-    }
     if (!m_lookUp.Running() && !m_waits)
         lookUpUpdated();
 }
@@ -162,6 +159,12 @@ void ConsistMarks::lookUpUpdated()
     if (m_updated.empty())
         return;
     m_lookUp.Forget();
+    constexpr std::size_t kFew = 20;
+    if (m_updated.size() > kFew) {
+        m_updated.clear();
+        lookUpAll();
+        return;
+    }
     const int row = m_updated.back();
     m_updated.pop_back();
     lookUp({row});

@@ -57,8 +57,8 @@ public:
     ConsistMarks(const install::Environment &environment, ConsistListModel &model,
                  QWidget &viewport, QObject *parent = nullptr);
 
-    /// Looks up again the consist in this file, which was written, if it is in the list.
-    void Update(const std::string &path);
+    /// Looks up again the consists in these files, which were written, if they are in the list.
+    void Update(const std::vector<std::string> &paths);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -244,6 +244,16 @@ void UnitCommands::MoveTo(int place)
     show(m_consist.MoveTo(selectedRows(), place), wasChanged);
 }
 
+void UnitCommands::Replace(const StockItem &vehicle)
+{
+    const int row = m_controls.SelectedConsistRow();
+    const bool wasChanged = m_consist.Changed();
+    EditResult result = m_consist.Replace({row}, vehicle);
+    if (result.isStep)
+        result.message = "The unit is " + vehicle.folder + '/' + vehicle.shape + " now.";
+    show(result, wasChanged);
+}
+
 void UnitCommands::step(bool redo)
 {
     const std::string name = redo ? m_consist.RedoName() : m_consist.UndoName();

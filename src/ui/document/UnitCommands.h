@@ -33,6 +33,9 @@ public:
     /// Runs a command. The consist counts as changed only if it did change.
     void Run(UnitCommand command);
 
+    /// Makes the selected unit name another vehicle of the same kind.
+    void Replace(const StockItem &vehicle);
+
     /// Copies the selected units for the clipboard or a drag.
     CopiedUnits Selected() const;
     /// Moves the selected units in front of the unit in row `place`, from 1.

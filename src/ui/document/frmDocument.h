@@ -9,6 +9,7 @@
 
 #include <QMdiSubWindow>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -59,10 +60,18 @@ public:
     void RunOnUnits(document::UnitCommand command) { m_pane->RunOnUnits(command); }
     bool TrainIsActive() const { return m_pane->TrainIsActive(); }
     std::string SelectedItem() const { return m_pane->SelectedItem(); }
+    std::optional<install::StockItem> SelectedVehicle() const { return m_pane->SelectedVehicle(); }
+    std::optional<install::StockItem> SelectedUnit() const { return m_pane->SelectedUnit(); }
+    bool UnitIsMissing() const { return m_pane->UnitIsMissing(); }
+    void ReplaceUnit(const install::StockItem &vehicle) { m_pane->ReplaceUnit(vehicle); }
     void SaveForm(bool quiet) { m_pane->Write(quiet); }
     void SaveConsist(bool quiet) { m_pane->Save(quiet); }
     void SaveConsistAs() { m_pane->SaveAs(); }
     void ShowSavedElsewhere(const std::string &path) { m_pane->FollowSave(path); }
+    void ShowChangedElsewhere(const std::vector<std::string> &paths)
+    {
+        m_pane->FollowChanges(paths);
+    }
     void Restore(const document::UnsavedConsist &unsaved) { m_pane->Restore(unsaved); }
     void ReloadAllStock() { m_pane->ReloadStock(); }
     void ResetView() { m_pane->ResetView(); }

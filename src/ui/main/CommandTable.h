@@ -45,8 +45,11 @@ enum class Command
     UnitsRemove, UnitsFlip, UnitsMoveUp, UnitsMoveDown, UnitsReverse,
     UnitsSelectKind,
 
+    UnitsReplace, UnitsFindCandidates,
+
     StockViewShape,
     StockCheckDep, StockCheckAll, StockCheckTextures, StockHealth,
+    StockReplace, StockUndoReplace,
 
     ViewToolbar, ViewStatusBar,
     ViewRefresh, ViewReset, ViewFilter, ViewOptions,
@@ -73,6 +76,8 @@ struct WindowFacts
     bool undo = false;   ///< the active window has no undo, or has a step to undo
     bool redo = false;   ///< the active window has a step to redo
     bool saves = false;  ///< any window, active or not, is an editor or a 3D view
+    /// The last replacement of a vehicle can be taken back.
+    bool undoReplace = false;
 };
 
 using Condition = bool (*)(const WindowFacts &facts);
@@ -123,6 +128,10 @@ constexpr bool Undo(const WindowFacts &facts)
 constexpr bool Redo(const WindowFacts &facts)
 {
     return facts.redo;
+}
+constexpr bool UndoReplace(const WindowFacts &facts)
+{
+    return facts.undoReplace;
 }
 constexpr bool AnythingToSave(const WindowFacts &facts)
 {
@@ -260,6 +269,13 @@ inline constexpr CommandRow kCommands[] = {
      "Select all units of the train that are the same vehicle as a selected one", when::Editor,
      [](Handlers &on) { on.consist.RunOnUnits(document::UnitCommand::SelectKind); }},
 
+    {Command::UnitsReplace, Menu::Units, 4, "mnuUnitsReplace", "R&eplace...", "", "",
+     "Replace the vehicle of the selected unit in all consists", when::Editor,
+     [](Handlers &on) { on.stock.ReplaceUnit(); }},
+    {Command::UnitsFindCandidates, Menu::Units, 4, "mnuUnitsFindCandidates", "Find Cand&idates...", "", "search",
+     "List the installed vehicles that may take the place of the selected unit", when::Editor,
+     [](Handlers &on) { on.stock.FindCandidates(); }},
+
     {Command::StockViewShape, Menu::Stock, 1, "mnuStockViewShape", "View &Shape", "", "shape",
      "Show the selected stock in 3D", when::Editor, [](Handlers &on) { on.consist.ViewShape(); }},
 
@@ -273,6 +289,13 @@ inline constexpr CommandRow kCommands[] = {
     {Command::StockHealth, Menu::Stock, 2, "mnuStockHealth", "&Health Report", "Ctrl+H", "health",
      "Report everything that is wrong with the installed content, by the simulators' own rules", when::Always,
      [](Handlers &on) { on.health.WholeInstallation(); }},
+
+    {Command::StockReplace, Menu::Stock, 3, "mnuStockReplace", "&Replace in Consists...", "", "",
+     "Replace a vehicle by another one in all consists", when::Always,
+     [](Handlers &on) { on.stock.ReplaceInConsists(); }},
+    {Command::StockUndoReplace, Menu::Stock, 3, "mnuStockUndoReplace", "Undo Rep&lace", "", "",
+     "Take back the last replacement in consists", when::UndoReplace,
+     [](Handlers &on) { on.stock.UndoReplace(); }},
 
     {Command::ViewToolbar, Menu::View, 1, "mnuViewToolbar", "&Toolbar", "", "",
      "Show or hide the toolbar", when::Always,

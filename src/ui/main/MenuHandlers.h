@@ -15,7 +15,9 @@
 #include "ui/main/HelpCommands.h"
 #include "ui/main/MstsLocation.h"
 #include "ui/main/Printing.h"
+#include "ui/main/ReplaceWindows.h"
 #include "ui/main/ResultsWindows.h"
+#include "ui/main/StockCommands.h"
 #include "ui/main/ToolCommands.h"
 #include "ui/main/ViewCommands.h"
 #include "ui/main/WindowCommands.h"
@@ -67,6 +69,7 @@ struct Handlers
     MstsLocation location;
     FileDrop drop;
     HealthWindows healthWindows;
+    ReplaceWindows replaceWindows;
     WindowList windowList;
     // For one menu each.
     FileCommands file;
@@ -74,6 +77,7 @@ struct Handlers
     ConsistCommands consist;
     CheckMenu checks;
     HealthCommands health;
+    StockCommands stock;
     ViewCommands view;
     ToolCommands tools;
     WindowCommands windows;

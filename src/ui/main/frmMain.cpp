@@ -59,6 +59,7 @@ frmMain::~frmMain()
 {
     // The windows refer to this object; they must not outlive its members.
     m_handlers->healthWindows.CloseAll();
+    m_handlers->replaceWindows.CloseAll();
     for (frmDocument *window : Documents())
         delete window;
 }
@@ -100,6 +101,8 @@ void frmMain::buildMenus()
     QMenu &menu = m_menus->MenuOf(app::Menu::Window);
     menu.addSeparator();
     connect(&menu, &QMenu::aboutToShow, this, [this, &menu] { m_handlers->windowList.Fill(menu); });
+    // Another program may have replaced vehicles since.
+    connect(&m_menus->MenuOf(app::Menu::Stock), &QMenu::aboutToShow, this, &frmMain::updateActions);
 }
 
 void frmMain::buildToolBar()
@@ -181,6 +184,11 @@ void frmMain::updateActions()
     facts.saves = std::any_of(m_documents.begin(), m_documents.end(), [](const auto *window) {
         return window->Mode() != WindowMode::ConsistList;
     });
+    const std::optional<std::string> change = m_handlers->replaceWindows.Undoable();
+    facts.undoReplace = change.has_value();
+    if (change)
+        m_menus->ActionOf(app::Command::StockUndoReplace)
+            .setToolTip(QString::fromStdString(*change));
     m_menus->Update(facts);
 }
 
@@ -248,6 +256,7 @@ void frmMain::addWindow(frmDocument *window)
         for (frmDocument *other : Documents())
             if (other != window)
                 other->ShowSavedElsewhere(path);
+        m_handlers->replaceWindows.FollowSave();
     });
     m_area->addSubWindow(window);
     m_arranger->Add(*window);
@@ -269,6 +278,10 @@ void frmMain::popUpEditorMenu(const QPoint &at)
 {
     std::vector<QAction *> more{m_menus->MenuOf(app::Menu::Units).menuAction()};
     const frmDocument *active = ActiveDocument();
+    if (active && active->UnitIsMissing())
+        for (const app::Command command :
+             {app::Command::UnitsReplace, app::Command::UnitsFindCandidates})
+            more.push_back(&m_menus->ActionOf(command));
     if (active && active->TrainIsActive())
         for (const app::Command command :
              {app::Command::EditCut, app::Command::EditCopy, app::Command::EditPaste})
@@ -388,6 +401,7 @@ void frmMain::closeEvent(QCloseEvent *event)
     m_unloading = true;
     m_handlers->checking.Abandon();
     m_handlers->healthWindows.CloseAll();
+    m_handlers->replaceWindows.CloseAll();
     m_handlers->results.CloseAll();
     for (frmDocument *window : Documents()) {
         window->AllowUnload();

@@ -71,6 +71,9 @@ public:
     /// A command that is not in any menu: reports that it is not implemented.
     void SendFile();
 
+    /// Enables the commands again, after something that they depend on has changed.
+    void UpdateCommands() { updateActions(); }
+
     const install::Environment &Environment() const { return m_environment; }
     void OpenDocumentWindow(const std::string &fileName, document::WindowMode mode,
                             const std::string &caption, const StfNode &node) override;
