@@ -2,6 +2,7 @@
 #include "ui/document/StockListModel.h"
 
 #include "host/Text.h"
+#include "ui/widgets/ListView.h"
 
 #include <QElapsedTimer>
 
@@ -271,6 +272,8 @@ QVariant StockListModel::data(const QModelIndex &index, int role) const
     if (!index.isValid())
         return {};
     const StockItem &item = Item(index.row());
+    if (role == ListView::kPictureRole)
+        return m_pictureOf && index.column() == 0 ? m_pictureOf(item) : QVariant();
     return index.column() < kStockColumns
                ? StockColumn(item, index.column(), role)
                : m_figures.Data(item, index.column() - kStockColumns, role);

@@ -7,7 +7,9 @@
 
 #include <QAbstractTableModel>
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace document {
@@ -67,6 +69,10 @@ public:
     void SetFigureSource(const StockFigures *figures) { m_figures.SetSource(figures); }
     void ShowFigure(content::FactColumn column, bool show);
 
+    using PictureOf = std::function<QVariant(const StockItem &item)>;
+    /// Sets the source of the pictures in the rows (ListView::kPictureRole); none at first.
+    void SetPictures(PictureOf pictureOf) { m_pictureOf = std::move(pictureOf); }
+
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -87,6 +93,7 @@ private:
     StockOrder m_order;
     content::StockQuery m_query;
     FigureCells m_figures;
+    PictureOf m_pictureOf;
 };
 
 } // namespace document
