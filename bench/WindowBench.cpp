@@ -21,6 +21,7 @@
 #include "ui/main/Colours.h"
 #include "ui/main/Program.h"
 #include "ui/main/QtDesktop.h"
+#include "ui/view3d/VehiclePictures.h"
 #include "ui/view3d/ViewerPane.h"
 
 #include <QAction>
@@ -29,6 +30,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QScrollBar>
 #include <QTimer>
 #include <QTreeView>
 
@@ -362,6 +364,84 @@ int reportHealth(const std::string &folder)
     watch.End();
 }
 
+constexpr int kPictures = 1000;
+
+/// Adds stock files to the sample, so that there are this many, in an order in which neighbours
+/// have different shapes. Returns their paths.
+std::vector<std::string> makeVehicles(const bench::SampleTrain &train)
+{
+    host::GameFiles files;
+    std::vector<std::string> paths;
+    for (int i = 0; i < kPictures; ++i) {
+        const install::StockItem &kind =
+            train.kinds[static_cast<std::size_t>(i) % train.kinds.size()];
+        const std::string path = install::StockPath(train.folder, kind);
+        paths.push_back(path.substr(0, path.size() - 4) + " bench " + std::to_string(i) +
+                        path.substr(path.size() - 4));
+        files.WriteFile(paths.back(), files.ReadFile(path));
+    }
+    return paths;
+}
+
+/// Draws a thumbnail of each vehicle in the list that follows the cache folder ("-" for none), and
+/// prints the time.
+int drawPictures(const std::string &cacheFolder, const std::string &list)
+{
+    AnsweredDialogs dialogs;
+    host::GameFiles files;
+    FixedSettings settings("");
+    install::Installation installation;
+    korvat::ModelLibrary shapes(files);
+    viewer::VehiclePictures pictures({dialogs, files, settings, installation, shapes},
+                                     cacheFolder == "-" ? "" : cacheFolder);
+    std::vector<std::string> vehicles;
+    std::ifstream in(list);
+    for (std::string line; std::getline(in, line);)
+        vehicles.push_back(line);
+    std::size_t drawn = 0;
+    QObject::connect(
+        &pictures, &viewer::VehiclePictures::ThumbnailReady, &pictures,
+        [&](const std::string &, const QImage &picture) { drawn += !picture.isNull(); });
+    const double spent = bench::Milliseconds([&] {
+        pictures.WantThumbnails(pictures, vehicles);
+        while (pictures.IsBusy())
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    });
+    QCoreApplication::processEvents();
+    if (drawn != vehicles.size())
+        giveUp("a vehicle was not drawn");
+    std::printf("%f\n", spent);
+    return 0;
+}
+
+/// Opens an editor with pictures in the rows of its stock list and scrolls through the list, page
+/// by page, each when its pictures are there.
+int showPictures(const std::string &folder, const std::string &consist)
+{
+    const Program program(folder);
+    program.window->OpenFile(consist);
+    QTreeView *list = program.List("lvStock");
+    while (!list || list->model()->rowCount() < kPictures)
+        QCoreApplication::processEvents();
+    auto *pictures = program.window->findChild<QAction *>(QStringLiteral("mnuStockPictures"));
+    if (!pictures)
+        giveUp("no pictures");
+    const auto passes = [](int milliseconds) {
+        const auto end = Clock::now() + std::chrono::milliseconds(milliseconds);
+        while (Clock::now() < end)
+            QCoreApplication::processEvents();
+    };
+    passes(500);
+    GapWatch watch;
+    pictures->trigger();
+    passes(300);
+    for (int page = 0; page < 10; ++page) {
+        list->verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
+        passes(300);
+    }
+    watch.End();
+}
+
 /// Returns the shortest of several runs of this program with these arguments, each preceded by its
 /// start time.
 double bestOf(const std::vector<std::string> &command)
@@ -388,6 +468,26 @@ double shortestGap(const char *what, const std::vector<std::string> &command)
     }
     std::printf("%s: %.0f ms in all\n", what, whole);
     return shortest;
+}
+
+bench::Row pictureRow(const std::string &program, const std::filesystem::path &sample,
+                      const bench::SampleTrain &train)
+{
+    const std::string list = (sample / "vehicles.txt").string(),
+                      cache = (sample / "cache").string();
+    std::ofstream out(list);
+    for (const std::string &path : makeVehicles(train))
+        out << path << '\n';
+    out.close();
+    double kept = std::numeric_limits<double>::infinity(), plain = kept;
+    for (int round = 0; round < kGapRounds; ++round) {
+        std::filesystem::remove_all(cache);
+        kept = std::min(
+            kept, std::atof(bench::RunForOutput({program, "--pictures", cache, list}).c_str()));
+        plain = std::min(
+            plain, std::atof(bench::RunForOutput({program, "--pictures", "-", list}).c_str()));
+    }
+    return {"1,000 thumbnails, drawn and kept", "drawing each once", kept, plain};
 }
 
 int measure(const std::string &program, const std::string &folder)
@@ -423,11 +523,28 @@ int measure(const std::string &program, const std::string &folder)
     addGap("longest gap, checking all stock", {program, "--check", folder});
     addGap("longest gap, marking consists with missing vehicles", {program, "--mark", folder});
     addGap("longest gap, laying out a train in 3D", {program, "--train", train.folder});
+    rows.push_back(pictureRow(program, sample, train));
+    addGap("longest gap, pictures in the stock list",
+           {program, "--rows", train.folder, train.consist});
     makeUnhealthy(sample / "unhealthy", 100'000);
     addGap("longest gap, health of 100,000 findings",
            {program, "--health", (sample / "unhealthy").string()});
     bench::PrintTable(rows);
     std::printf("%zu consists, %zu stock rows\n", consists.size(), stock);
+    std::filesystem::remove_all(sample);
+    return 0;
+}
+
+/// Measures only what concerns pictures, which needs no large installation.
+int measurePictures(const std::string &program)
+{
+    const std::filesystem::path sample = bench::MakeTemporaryFolder();
+    const bench::SampleTrain train = bench::MakeSampleTrain(sample);
+    std::vector<bench::Row> rows = {pictureRow(program, sample, train)};
+    rows.push_back({"longest gap, pictures in the stock list", "limit",
+                    shortestGap("pictures", {program, "--rows", train.folder, train.consist}),
+                    static_cast<double>(kGapLimit)});
+    bench::PrintTable(rows);
     std::filesystem::remove_all(sample);
     return 0;
 }
@@ -457,5 +574,11 @@ int main(int argc, char **argv)
         return reportHealth(arguments[2]);
     if (arguments[1] == "--train")
         return viewTrain(arguments[2]);
+    if (arguments[1] == "--pictures")
+        return drawPictures(arguments[2], arguments[3]);
+    if (arguments[1] == "--rows")
+        return showPictures(arguments[2], arguments[3]);
+    if (arguments[1] == "--only-pictures")
+        return measurePictures(arguments[0]);
     return showEmptyWindow(std::stoll(arguments[2]));
 }

@@ -30,6 +30,17 @@ std::unique_ptr<OffscreenCanvas> OffscreenCanvas::Create(int width, int height, 
     return std::unique_ptr<OffscreenCanvas>(new OffscreenCanvas(std::move(painter), width, height));
 }
 
+void OffscreenCanvas::Resize(int width, int height)
+{
+    m_width = width;
+    m_height = height;
+}
+
+void OffscreenCanvas::MoveTo(QThread &thread)
+{
+    m_painter->MoveTo(thread);
+}
+
 QImage OffscreenCanvas::Picture()
 {
     return m_painter->Paint(renderer(), m_width, m_height);

@@ -7,6 +7,7 @@
 #include <string>
 
 class QImage;
+class QThread;
 
 namespace korvat {
 
@@ -19,6 +20,11 @@ public:
     /// Returns null, with the reason in `reason`, if there is no OpenGL 3.3.
     static std::unique_ptr<OffscreenCanvas> Create(int width, int height, std::string &reason);
     ~OffscreenCanvas() override;
+
+    /// Sets the size of the next images, in pixels.
+    void Resize(int width, int height);
+    /// As OffscreenPainter::MoveTo.
+    void MoveTo(QThread &thread);
 
     /// Returns the last complete frame; null if there is no memory for an image of this size.
     QImage Picture();

@@ -68,12 +68,23 @@ QImage OffscreenPainter::Paint(Renderer &renderer, int width, int height)
     return m_buffer->toImage();
 }
 
+void OffscreenPainter::MoveTo(QThread &thread)
+{
+    m_context.doneCurrent();
+    m_context.moveToThread(&thread);
+}
+
 void OffscreenPainter::Release(Renderer &renderer)
 {
     if (m_context.makeCurrent(&m_surface))
         renderer.ReleaseAll(*m_device);
     else
         renderer.Forget();
+}
+
+bool CanPaintOnThreads()
+{
+    return QOpenGLContext::supportsThreadedOpenGL();
 }
 
 std::string WhyNoOpenGl()

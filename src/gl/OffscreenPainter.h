@@ -9,6 +9,7 @@
 #include <string>
 
 class QOpenGLFramebufferObject;
+class QThread;
 
 namespace korvat {
 
@@ -16,7 +17,8 @@ class GlDevice;
 class Renderer;
 
 /// Turns the frames of one renderer into images, with OpenGL 3.3 and without a window. Requires a
-/// QGuiApplication and must be used on its thread.
+/// QGuiApplication. Create and destroy it on the application's thread; it is also used there unless
+/// it was moved to another one.
 class OffscreenPainter
 {
 public:
@@ -27,6 +29,9 @@ public:
     /// Returns the last complete frame of the renderer, which must be the same one in every call.
     /// Returns a null image if OpenGL was lost or has no room for an image of this size.
     QImage Paint(Renderer &renderer, int width, int height);
+    /// Moves the painter from the current thread to another one. It must be back on the
+    /// application's thread when it is destroyed.
+    void MoveTo(QThread &thread);
     /// Releases what the device holds for the renderer. Call this before either is destroyed.
     void Release(Renderer &renderer);
 
@@ -40,6 +45,9 @@ private:
     std::unique_ptr<QOpenGLFramebufferObject> m_buffer;
     std::unique_ptr<GlDevice> m_device;
 };
+
+/// True if painters can be moved to other threads here.
+bool CanPaintOnThreads();
 
 /// Returns the reason why there is no OpenGL 3.3, in words for the user; "" if there is.
 std::string WhyNoOpenGl();

@@ -106,6 +106,10 @@ std::string StateFolder()
 {
     return folderFrom("XDG_STATE_HOME", ".local/state");
 }
+std::string CacheFolder()
+{
+    return folderFrom("XDG_CACHE_HOME", ".cache");
+}
 
 std::vector<std::string> ConfigFolders()
 {

@@ -104,6 +104,11 @@ std::string StateFolder()
     return DataFolder();
 }
 
+std::string CacheFolder()
+{
+    return DataFolder();
+}
+
 std::vector<std::string> ConfigFolders()
 {
     return {ConfigFolder(), folderFrom("ProgramData", FOLDERID_ProgramData)};

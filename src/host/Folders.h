@@ -11,11 +11,12 @@ namespace host {
 /// Returns the value of an environment variable, "" if unset.
 std::string Environment(const char *name);
 std::string HomeFolder();
-/// Return $XDG_CONFIG_HOME, $XDG_DATA_HOME, $XDG_STATE_HOME with their defaults under the home
-/// folder.
+/// Return $XDG_CONFIG_HOME, $XDG_DATA_HOME, $XDG_STATE_HOME, $XDG_CACHE_HOME with their defaults
+/// under the home folder.
 std::string ConfigFolder();
 std::string DataFolder();
 std::string StateFolder();
+std::string CacheFolder();
 /// Returns the folders to search for the machine's configuration: ConfigFolder() first, then
 /// $XDG_CONFIG_DIRS (default "/etc/xdg").
 std::vector<std::string> ConfigFolders();

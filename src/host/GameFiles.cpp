@@ -3,6 +3,7 @@
 
 #include "host/Disk.h"
 #include "host/FileState.h"
+#include "host/FilesUsed.h"
 #include "host/Listings.h"
 #include "host/OutOfMemory.h"
 #include "host/Path.h"
@@ -69,13 +70,20 @@ std::optional<std::filesystem::path> GameFiles::FindFile(std::string_view path)
     const std::optional<GamePath> steps = GamePath::Of(path);
     if (!steps || steps->endsInSeparator)
         return std::nullopt;
+    std::optional<std::filesystem::path> found = find(*steps);
+    FilesUsed::Note(*steps, found);
+    return found;
+}
+
+std::optional<std::filesystem::path> GameFiles::find(const GamePath &path)
+{
     // The exact spelling would be found first anyway; this costs one query instead of many.
-    if (disk::KindOf(steps->text) == disk::Kind::File)
-        return path::ToDisk(steps->text);
+    if (disk::KindOf(path.text) == disk::Kind::File)
+        return path::ToDisk(path.text);
     if (disk::kIgnoresCase)
         return std::nullopt;
     std::vector<std::string> folders;
-    const std::vector<std::string> files = filesAt(*steps, folders);
+    const std::vector<std::string> files = filesAt(path, folders);
     if (files.empty())
         return std::nullopt;
     return path::ToDisk(files.front());

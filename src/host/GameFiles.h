@@ -96,6 +96,7 @@ private:
 
     void write(std::string_view path, std::string_view bytes,
                const std::function<bool()> &mayReplace);
+    std::optional<std::filesystem::path> find(const GamePath &path);
     /// Returns the files that a path leads to; sets `folders` to those that were searched.
     std::vector<std::string> filesAt(const GamePath &path, std::vector<std::string> &folders);
     /// Returns the disk path of a file that must exist; throws the errors of ReadFile.

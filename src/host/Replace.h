@@ -45,8 +45,9 @@ public:
     /// Waits until the disk holds the temporary file. Many files are flushed several times faster
     /// if all of them have been prepared before.
     std::optional<Failure> Flush();
-    /// Gives it the target's name; call it once, after Flush has succeeded. `mayReplace` as in
-    /// Replace. The new name survives a power cut only after FlushNames.
+    /// Gives it the target's name; call it once, after Flush has succeeded. Without Flush, a power
+    /// cut can leave a torn file, as only caches may. `mayReplace` as in Replace. The new name
+    /// survives a power cut only after FlushNames.
     std::optional<Failure> Commit(const std::function<bool()> &mayReplace);
 
 private:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/Snapshot.h"
 
+#include "host/FilesUsed.h"
 #include "host/Listings.h"
 #include "host/Path.h"
 #include "host/RuntimeError.h"
@@ -195,6 +196,8 @@ std::optional<std::string> unlisted(std::string_view path)
 
 std::optional<std::string> Snapshot::FindFile(std::string_view path)
 {
+    if (FilesUsed::IsRecording())
+        m_files.FindFile(path);
     const auto leaf = m_places->LeafOf(path);
     if (!leaf)
         return std::nullopt;
@@ -216,6 +219,8 @@ bool Snapshot::FileExists(std::string_view path)
 
 const void *Snapshot::IdentityOf(std::string_view path)
 {
+    if (FilesUsed::IsRecording())
+        m_files.FindFile(path);
     const auto leaf = m_places->LeafOf(path);
     return leaf ? Places::FileOf(*leaf).entry : nullptr;
 }

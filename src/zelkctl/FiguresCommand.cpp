@@ -7,7 +7,6 @@
 #include "content/VehicleFigures.h"
 #include "host/Path.h"
 #include "host/Text.h"
-#include "install/StockFiles.h"
 #include "zelkctl/FigureOutput.h"
 #include "zelkctl/Session.h"
 
@@ -28,25 +27,6 @@ struct NamedFigures
     std::string vehicle; ///< as given
     content::VehicleFigures figures;
 };
-
-/// Returns the path of a vehicle, given as a file or as FOLDER/NAME.wag. Throws Failure if there is
-/// none.
-std::string vehicleFile(Session &session, const std::string &name)
-{
-    const auto foundAt = [&](const std::string &path) {
-        const auto found = session.files.FindFile(path);
-        return found ? host::path::Absolute(host::path::FromDisk(*found)) : std::string();
-    };
-    if (const auto here = host::GamePath::Of(name))
-        if (std::string path = foundAt(here->text); !path.empty())
-            return path;
-    if (std::count_if(name.begin(), name.end(), host::IsSeparator) == 1) {
-        const std::string stock = OpenInstallation(session).PathOf(install::kTrainset);
-        if (std::string path = foundAt(host::path::Join(stock, name)); !path.empty())
-            return path;
-    }
-    throw Failure(name + ": error 53: File not found");
-}
 
 content::VehicleFigures figuresOf(content::FileStore &store, const std::string &name,
                                   const std::string &path)
@@ -159,7 +139,7 @@ void figures(Session &session, const FiguresOptions &options)
     content::FileStore store(snapshot);
     std::vector<NamedFigures> vehicles; // all of them before any output, for whole JSON or none
     for (const std::string &name : options.vehicles)
-        vehicles.push_back({name, figuresOf(store, name, vehicleFile(session, name))});
+        vehicles.push_back({name, figuresOf(store, name, VehicleFile(session, name))});
     if (options.json)
         return writeJson(session.out, vehicles);
     const char *separator = "";

@@ -18,6 +18,7 @@
 #include "zelkctl/ShapeCommand.h"
 #include "zelkctl/SheetCommand.h"
 #include "zelkctl/TextureCommand.h"
+#include "zelkctl/ThumbnailCommand.h"
 #include "zelkctl/TreeCommand.h"
 
 #include <algorithm>
@@ -68,6 +69,7 @@ void addCommands(CLI::App &app, Session &session)
     AddReplaceCommand(app, session);
     AddUndoCommand(app, session);
     AddRenderCommand(app, session);
+    AddThumbnailCommand(app, session);
     AddShapeCommand(app, session);
     AddTextureCommand(app, session);
 }

@@ -54,7 +54,7 @@ std::vector<std::string> ToList(const RenderArguments &a)
 RenderArguments FromList(const std::vector<std::string> &list)
 {
     if (list.size() != 6)
-        throw Failure("this program draws for zelkctl render, which starts it");
+        throw Failure("this program draws for zelkctl, which starts it");
     return {list[0], list[1], list[2], list[3], list[4], list[5]};
 }
 

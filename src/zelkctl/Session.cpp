@@ -6,6 +6,9 @@
 #include "host/Path.h"
 #include "host/Product.h"
 #include "host/Settings.h"
+#include "install/StockFiles.h"
+
+#include <algorithm>
 
 namespace zelkctl {
 namespace {
@@ -58,6 +61,23 @@ std::string ConsistFile(Session &session, const install::Installation &installat
          {here ? here->text : std::string(), installation.ConsistPath(listed)})
         if (const auto found = session.files.FindFile(path))
             return host::path::FromDisk(*found);
+    throw Failure(name + ": error 53: File not found");
+}
+
+std::string VehicleFile(Session &session, const std::string &name)
+{
+    const auto foundAt = [&](const std::string &path) {
+        const auto found = session.files.FindFile(path);
+        return found ? host::path::Absolute(host::path::FromDisk(*found)) : std::string();
+    };
+    if (const auto here = host::GamePath::Of(name))
+        if (std::string path = foundAt(here->text); !path.empty())
+            return path;
+    if (std::count_if(name.begin(), name.end(), host::IsSeparator) == 1) {
+        const std::string stock = OpenInstallation(session).PathOf(install::kTrainset);
+        if (std::string path = foundAt(host::path::Join(stock, name)); !path.empty())
+            return path;
+    }
     throw Failure(name + ": error 53: File not found");
 }
 

@@ -41,6 +41,10 @@ install::Installation OpenInstallation(Session &session);
 std::string ConsistFile(Session &session, const install::Installation &installation,
                         const std::string &name);
 
+/// Returns the path of a vehicle, given as a file or as FOLDER/NAME.wag. Throws Failure if there is
+/// none.
+std::string VehicleFile(Session &session, const std::string &name);
+
 /// Reports that a folder cannot be listed; the command continues and ends with kCouldNotRun.
 void TellClosed(Session &session, const std::string &folder);
 

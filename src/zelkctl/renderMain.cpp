@@ -1,25 +1,43 @@
 // SPDX-License-Identifier: MIT
-// The program that draws for `zelkctl render`.
+// The program that draws for `zelkctl render` and `zelkctl thumbnail`.
 #include "gl/Toolkit.h"
 #include "host/Console.h"
 #include "host/OutOfMemory.h"
 #include "zelkctl/RenderArguments.h"
+#include "zelkctl/ThumbnailArguments.h"
 
 #include <exception>
 
 namespace {
 
-void draw(int argc, char **argv)
+void drawThumbnail(const zelkctl::ThumbnailArguments &arguments)
 {
-    const zelkctl::RenderArguments arguments = zelkctl::FromList(host::Arguments(argc, argv));
-    const korvat::Toolkit toolkit(argv, [](const std::string &text) {
-        host::WriteTo(host::Stream::Error, "zelkctl: " + text + "\n");
-    });
+    zelkctl::Session session;
+    host::NamingIfOutOfMemory(
+        arguments.file, [&] { zelkctl::DrawThumbnail(session, zelkctl::RequestOf(arguments)); });
+}
+
+void drawScene(const zelkctl::RenderArguments &arguments)
+{
     zelkctl::Session session;
     if (!arguments.msts.empty())
         session.msts = arguments.msts;
     host::NamingIfOutOfMemory(arguments.file,
                               [&] { zelkctl::Render(session, zelkctl::RequestOf(arguments)); });
+}
+
+void draw(int argc, char **argv)
+{
+    const std::vector<std::string> list = host::Arguments(argc, argv);
+    const auto thumbnail = zelkctl::ThumbnailFromList(list);
+    const auto scene = thumbnail ? zelkctl::RenderArguments() : zelkctl::FromList(list);
+    const korvat::Toolkit toolkit(argv, [](const std::string &text) {
+        host::WriteTo(host::Stream::Error, "zelkctl: " + text + "\n");
+    });
+    if (thumbnail)
+        drawThumbnail(*thumbnail);
+    else
+        drawScene(scene);
 }
 
 } // namespace

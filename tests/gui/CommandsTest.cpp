@@ -105,6 +105,7 @@ constexpr char kTree[] = R"(>mnuFile [&File]
 >mnuView [&View]
  mnuViewToolbar [&Toolbar]
  mnuViewStatusBar [Status &Bar]
+ mnuViewPreview [Previe&w]
  mnuViewRefresh [&Refresh]
  -mnuViewReset [Reset &View]
  mnuViewFilter [&Filter...]
@@ -311,6 +312,7 @@ constexpr Row kRows[] = {
     {From::List, "mnuStockUndoReplace", ""}, // nothing to undo yet
     {From::List, "mnuViewToolbar", "unchecked\n"},
     {From::List, "mnuViewStatusBar", "unchecked\n"},
+    {From::List, "mnuViewPreview", "checked\n"},
     {From::List, "mnuViewRefresh", "list|Another Coal Freight North GP38 Local\n"},
     {From::List, "mnuViewFilter",
      "input|Filter Consist List|Enter a filter string for consists:|\n"},

@@ -44,6 +44,7 @@ TEST(WindowSettingsTest, AreReadBackAndInvalidOnesGiveDefaults)
     windows.maximised = true;
     windows.normal = QRect(-20, 5, 700, 500);
     windows.editors = {{60, 100, 120}, {50, 200, 90}, {2, false}};
+    windows.editors.preview = windows.editors.stockPictures = true;
     app::WriteWindowSettings(settings, windows);
     EXPECT_TRUE(settings.values.empty());
     const app::WindowSettings back = app::ReadWindowSettings(settings);
@@ -53,6 +54,7 @@ TEST(WindowSettingsTest, AreReadBackAndInvalidOnesGiveDefaults)
     EXPECT_EQ(back.editors.stockWidths, windows.editors.stockWidths);
     EXPECT_EQ(back.editors.stockOrder.column, 2);
     EXPECT_FALSE(back.editors.stockOrder.ascending);
+    EXPECT_TRUE(back.editors.preview && back.editors.stockPictures);
 
     for (auto &[key, value] : settings.windows)
         value += " 1e9 wide";
@@ -61,6 +63,7 @@ TEST(WindowSettingsTest, AreReadBackAndInvalidOnesGiveDefaults)
     EXPECT_TRUE(none.normal.isNull());
     EXPECT_TRUE(none.editors.consistWidths.empty() && none.editors.stockWidths.empty());
     EXPECT_EQ(none.editors.stockOrder.column, -1);
+    EXPECT_FALSE(none.editors.preview || none.editors.stockPictures);
 }
 
 TEST(WindowBoundsTest, MovesWindowsBackOntoAScreen)

@@ -23,6 +23,7 @@ TEST(FoldersTest, FollowHomeAndTheXdgVariables)
     EXPECT_EQ(host::ConfigFolder(), at + "/.config");
     EXPECT_EQ(host::DataFolder(), at + "/.local/share");
     EXPECT_EQ(host::StateFolder(), at + "/.local/state");
+    EXPECT_EQ(host::CacheFolder(), at + "/.cache");
     EXPECT_EQ(host::ConfigFolders(), (Names{at + "/.config", at + "/etc"}));
     EXPECT_EQ(host::TraceLogFile(), at + "/.local/state/zelk/zelk.log");
     {

@@ -33,8 +33,8 @@ ScopedHome::ScopedHome()
 {
     m_variables.emplace_back("HOME", m_folder.Path());
     m_variables.emplace_back("XDG_CONFIG_DIRS", m_folder.At("etc"));
-    for (const char *unset :
-         {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "WINEPREFIX", "ZELK_REGISTRY"})
+    for (const char *unset : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME",
+                              "XDG_CACHE_HOME", "WINEPREFIX", "ZELK_REGISTRY"})
         m_variables.emplace_back(unset, std::nullopt);
 }
 

@@ -24,7 +24,7 @@ _zelkctl_installed() {
 # Sets the options of the command and the kind of its arguments: words, names or files.
 _zelkctl_command() {
   case $1 in
-    '') words='list check health sheet figures tree resave edit replace undo shape texture render' options='--version' ;;
+    '') words='list check health sheet figures tree resave edit replace undo shape texture render thumbnail' options='--version' ;;
     list) words='stock consists routes' options='--filter --json' ;;
     check) words='stock consist shape all use' options=$checks ;;
     'check stock') files='eng|wag' options="--no-consists --route $checks" ;;
@@ -46,6 +46,7 @@ _zelkctl_command() {
     replace) options='--dry-run --consist --activities' ;;
     shape) files=s ;;
     texture) files='ace|dds' options='--out --level' ;;
+    thumbnail) files='eng|wag' options='--out --size' ;;
     render) files='s|eng|wag|con|act' options='--out --size --loose --camera' ;;
   esac
 }

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-set -l commands list check health sheet figures tree resave edit replace undo shape texture render
+set -l commands list check health sheet figures tree resave edit replace undo shape texture render thumbnail
 set -l checks stock consist shape all use
 complete -c zelkctl -s h -l help -d 'Print a short help'
 complete -c zelkctl -l version -d 'Print the version'
@@ -40,7 +40,7 @@ complete -c zelkctl -n '__fish_seen_subcommand_from sheet' -x -l units -a 'metri
 
 complete -c zelkctl -n '__fish_seen_subcommand_from edit' \
   -a 'add=Wagon, add=Engine, insert= copy= move= remove= clear forwards= backwards= flip= reverse'
-complete -c zelkctl -n '__fish_seen_subcommand_from edit texture render health' -r -l out -d 'The file to write'
+complete -c zelkctl -n '__fish_seen_subcommand_from edit texture render thumbnail health' -r -l out -d 'The file to write'
 set -l replace '__fish_seen_subcommand_from replace'
 complete -c zelkctl -n $replace -l dry-run -d 'Only list the units'
 complete -c zelkctl -n $replace -l activities -d 'Also in the loose consists of activities'
@@ -49,5 +49,6 @@ complete -c zelkctl -n $replace -x -l consist -d 'Only in these consists' \
 
 complete -c zelkctl -n '__fish_seen_subcommand_from texture' -x -l level -d 'Level to save'
 complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l size -d 'Width x height'
+complete -c zelkctl -n '__fish_seen_subcommand_from thumbnail' -x -l size -d 'Width and height'
 complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l loose -d 'Number of the loose consist'
 complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l camera -d 'Camera position and target'

@@ -91,7 +91,7 @@ FrameSetup Renderer::Setup(int width, int height) const
     const float aspect = static_cast<float>(setup.width) / static_cast<float>(setup.height);
     const float beyond = std::max(m_hazeFar * kBeyondHaze, 100.0f);
     setup.projection =
-        Perspective(kVerticalDegrees * std::numbers::pi_v<float> / 180, aspect, kNearest, beyond);
+        Perspective(m_verticalDegrees * std::numbers::pi_v<float> / 180, aspect, kNearest, beyond);
     setup.toSun = Normalised({0.62f, 0.70f, -0.36f});
     setup.sun = {0.78f, 0.75f, 0.68f};
     setup.ambient = {0.50f, 0.54f, 0.60f};
@@ -100,6 +100,8 @@ FrameSetup Renderer::Setup(int width, int height) const
     setup.horizon = {0.78f, 0.85f, 0.90f};
     setup.hazeNear = m_hazeNear;
     setup.hazeFar = m_hazeFar;
+    if (m_background)
+        setup.zenith = setup.horizon = *m_background;
     return setup;
 }
 

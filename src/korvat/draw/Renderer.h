@@ -5,6 +5,7 @@
 #include "korvat/model/ModelSource.h"
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <unordered_map>
 #include <vector>
@@ -43,6 +44,10 @@ public:
     void SetCamera(Vec3 eye, Vec3 target);
     /// Sets the distances from the camera, in metres, at which the haze begins and becomes opaque.
     void SetHaze(float nearest, float farthest);
+    /// Paints one colour in place of the sky.
+    void SetBackground(const Tint &colour) { m_background = colour; }
+    /// Sets the vertical field of view; kVerticalDegrees at first.
+    void SetLens(float verticalDegrees) { m_verticalDegrees = verticalDegrees; }
 
     /// Paints the last complete frame. Requires the same device in every call, until Forget.
     void Paint(Device &device, int width, int height);
@@ -86,6 +91,8 @@ private:
     std::unordered_map<const Texture *, Held<Texture>> m_textures;
     Vec3 m_eye{0, 0, -10}, m_target;
     float m_hazeNear = 50, m_hazeFar = 600;
+    float m_verticalDegrees = kVerticalDegrees;
+    std::optional<Tint> m_background; ///< empty for the sky
 };
 
 } // namespace korvat

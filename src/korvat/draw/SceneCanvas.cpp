@@ -12,12 +12,20 @@ void SceneCanvas::SetCamera(float eyeX, float eyeY, float eyeZ, float targetX, f
     m_renderer.SetCamera(m_eye, {targetX, targetY, targetZ});
 }
 
+void SceneCanvas::BecomeStudio(const Tint &background, float verticalDegrees)
+{
+    m_isStudio = true;
+    m_renderer.SetBackground(background);
+    m_renderer.SetLens(verticalDegrees);
+}
+
 bool SceneCanvas::BeginFrame()
 {
     if (!m_rendering || !m_usable)
         return false;
     m_renderer.Begin();
-    Scenery::AddTo(m_renderer, m_eye);
+    if (!m_isStudio)
+        Scenery::AddTo(m_renderer, m_eye);
     return true;
 }
 

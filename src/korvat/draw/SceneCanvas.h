@@ -7,12 +7,15 @@
 namespace korvat {
 
 /// The common part of all canvases: a renderer that keeps the last frame, and ground and track in
-/// every scene. Subclasses show the frame.
+/// every scene unless it is a studio. Subclasses show the frame.
 class SceneCanvas : public Canvas
 {
 public:
     void CanvasStart() override { m_started = true; }
     void CanvasBeginRendering() override { m_rendering = true; }
+    /// Shows models on a plain background, through a lens with this vertical field of view, without
+    /// ground and track.
+    void BecomeStudio(const Tint &background, float verticalDegrees);
     Renderer *Device() override { return m_started && m_usable ? &m_renderer : nullptr; }
     void CanvasRestore() override { frameReady(); }
     void SetCamera(float eyeX, float eyeY, float eyeZ, float targetX, float targetY,
@@ -35,7 +38,7 @@ protected:
 private:
     Renderer m_renderer;
     Vec3 m_eye;
-    bool m_started = false, m_rendering = false, m_usable = true;
+    bool m_started = false, m_rendering = false, m_usable = true, m_isStudio = false;
     float m_hazeNear = 50, m_hazeFar = 600;
 };
 

@@ -12,10 +12,12 @@
 #include "ui/document/ChangeKeeper.h"
 #include "ui/document/DocumentHost.h"
 #include "ui/document/EditorControls.h"
+#include "ui/document/EditorPreview.h"
 #include "ui/document/Furnishing.h"
 #include "ui/document/MissingMarks.h"
 #include "ui/document/StockFigures.h"
 #include "ui/document/StockLoader.h"
+#include "ui/document/StockPictures.h"
 #include "ui/document/TrainDrag.h"
 #include "ui/document/UnitCommands.h"
 #include "ui/document/frmDocument.h"
@@ -56,6 +58,7 @@ ConsistEditorPane::ConsistEditorPane(frmDocument &window, DocumentHost &host,
     , m_host(host)
     , m_consist(window.Environment().files)
     , m_figures(*furnishing.figures)
+    , m_pictures(*furnishing.pictures)
     , m_controls(new EditorControls(furnishing))
     , m_loader(new StockLoader(window.Environment(), host, m_controls->Stock(), this))
     , m_marks(new TrainMarks(window.Environment(), m_controls->Train(), this))
@@ -69,6 +72,8 @@ ConsistEditorPane::ConsistEditorPane(frmDocument &window, DocumentHost &host,
     connectControls(furnishing);
     connectLoader();
     new TrainDrag(*m_controls->lvConsist, *m_units, this);
+    new EditorPreview(
+        *m_controls, m_pictures, m_figures, [this] { return selectedStockItem(); }, this);
     connect(&window, &QMdiSubWindow::windowStateChanged, this,
             &ConsistEditorPane::focusWhenRestored);
 }
@@ -222,6 +227,7 @@ void ConsistEditorPane::Refresh()
         keepConsist();
     rereadStock();
     m_figures.Forget();
+    m_pictures.LookAgain();
     m_marks->Refresh();
 }
 

@@ -20,6 +20,7 @@ class ChangeKeeper;
 class EditorControls;
 class StockFigures;
 class StockLoader;
+class StockPictures;
 class TrainMarks;
 class UnitCommands;
 struct Furnishing;
@@ -102,6 +103,7 @@ private:
     DocumentHost &m_host;
     ConsistTree m_consist;
     StockFigures &m_figures;
+    StockPictures &m_pictures;
     EditorControls *m_controls;
     StockLoader *m_loader;
     TrainMarks *m_marks;

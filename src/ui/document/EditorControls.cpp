@@ -2,14 +2,20 @@
 #include "ui/document/EditorControls.h"
 
 #include "host/Filter.h"
+#include "install/Installation.h"
+#include "install/Train.h"
 #include "ui/document/EditorLayout.h"
 #include "ui/document/FigureColumns.h"
 #include "ui/document/FoldingRow.h"
 #include "ui/document/ListSearch.h"
+#include "ui/document/RowPictures.h"
 #include "ui/document/StockFigures.h"
+#include "ui/document/StockPictures.h"
 #include "ui/document/TrainStrip.h"
+#include "ui/view3d/VehiclePreview.h"
 #include "ui/widgets/SearchField.h"
 
+#include <QAction>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLocale>
@@ -98,12 +104,14 @@ EditorControls::EditorControls(const Furnishing &furnishing, QWidget *parent)
     , searchTrain(new SearchField("searchTrain", QStringLiteral("Search the train"), this))
     , searchStock(new SearchField("searchStock", QStringLiteral("Search the stock"), this))
     , strip(new TrainStrip(*furnishing.figures, this))
+    , preview(new viewer::VehiclePreview(furnishing.pictures->Maker(), this))
     , lblMaxVelocity(new QLabel(QStringLiteral("Max Velocity"), this))
     , lblDurability(new QLabel(QStringLiteral("Durability"), this))
     , m_consist(new ConsistModel(this))
     , m_stock(new StockListModel(this))
     , m_layout(furnishing.layout)
     , m_figures(*furnishing.figures)
+    , m_pictures(*furnishing.pictures)
     , m_consistHeading(heading(this))
     , m_stockHeading(heading(this))
 {
@@ -145,6 +153,7 @@ void EditorControls::orderTabs()
         next(button);
     next(lvStock);
     next(strip->cmdUnits);
+    next(preview->picPreview);
     for (const EditorAction action : {EditorAction::ViewConsist, EditorAction::ViewShape,
                                       EditorAction::Ok, EditorAction::Cancel, EditorAction::Apply})
         next(actionButton(action));
@@ -179,10 +188,16 @@ QLineEdit *EditorControls::figureBox(const char *name, const QString &title)
 
 QWidget *EditorControls::trainSide()
 {
-    auto *side = new QWidget(this);
+    auto *train = new QWidget(this);
     QBoxLayout *layout = listUnder(m_consistHeading, searchTrain, lvConsist);
     layout->setContentsMargins(0, 0, 2, 0);
-    side->setLayout(layout);
+    train->setLayout(layout);
+    auto *side = new QSplitter(Qt::Vertical, this);
+    side->setChildrenCollapsible(false);
+    side->addWidget(train);
+    side->addWidget(preview);
+    side->setStretchFactor(0, 2);
+    side->setStretchFactor(1, 1);
     return side;
 }
 
@@ -325,9 +340,28 @@ void EditorControls::addFigureColumns()
     connect(m_stockSearch, &StockSearch::FactsTaken, stock, &FigureColumns::Refresh);
     for (FigureColumns *columns : {train, stock})
         connect(&m_figures, &StockFigures::UnitsChanged, columns, &FigureColumns::Refresh);
+    addPictures(*stock);
     connect(stock, &FigureColumns::Changed, this, &EditorControls::showStockOrder);
     if (m_stock->Order().column >= kStockColumns)
         showStockOrder();
+}
+
+void EditorControls::addPictures(FigureColumns &stockColumns)
+{
+    new RowPictures(
+        *lvStock, *m_stock, m_pictures,
+        [this](const StockItem &item) {
+            return install::StockPath(m_figures.Environment().installation.CurrentFolder(), item);
+        },
+        this);
+    auto *choice = new QAction(QStringLiteral("Pictures"), this);
+    choice->setObjectName("mnuStockPictures");
+    choice->setCheckable(true);
+    choice->setChecked(m_pictures.ShowsRows());
+    connect(choice, &QAction::triggered, &m_pictures, &StockPictures::ShowRows);
+    connect(&m_pictures, &StockPictures::RowsChanged, choice,
+            [this, choice] { choice->setChecked(m_pictures.ShowsRows()); });
+    stockColumns.AddChoice(choice);
 }
 
 int EditorControls::heightForWidth(int width) const

@@ -20,11 +20,17 @@
 
 class QBoxLayout;
 class QLayout;
+class QSplitter;
+
+namespace viewer {
+class VehiclePreview;
+}
 
 namespace document {
 
 class FigureColumns;
 class SearchField;
+class StockPictures;
 class StockSearch;
 class TrainStrip;
 
@@ -68,6 +74,7 @@ public:
     SearchField *searchTrain;
     SearchField *searchStock;
     TrainStrip *strip;
+    viewer::VehiclePreview *preview;
     std::array<QToolButton *, 6> cmdMove{};
     std::array<QPushButton *, 5> cmdAction{};
     QLabel *lblMaxVelocity;
@@ -102,12 +109,14 @@ private:
     void followLayout(EditorLayout &layout);
     void addSearches();
     void addFigureColumns();
+    void addPictures(FigureColumns &stockColumns);
     void focusSearch();
 
     ConsistModel *m_consist;
     StockListModel *m_stock;
     EditorLayout *m_layout;
     StockFigures &m_figures;
+    StockPictures &m_pictures;
     StockSearch *m_stockSearch = nullptr;
     QLabel *m_consistHeading;
     QLabel *m_stockHeading;

@@ -26,6 +26,8 @@ struct EditorLayout
     StockOrder stockOrder;
     /// In the order of the columns.
     std::vector<ShownFigure> consistFigures = {}, stockFigures = {};
+    bool preview = false;       ///< the preview is shown
+    bool stockPictures = false; ///< the rows of the stock list show pictures
     int units = -1; ///< content::UnitSystem; -1 until the user has chosen: the locale decides
 };
 

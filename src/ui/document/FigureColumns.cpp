@@ -74,6 +74,10 @@ void FigureColumns::popUpMenu(const QPoint &globalPosition)
             Q_EMIT Changed();
         });
     }
+    if (!m_choices.empty())
+        menu->addSeparator();
+    for (QAction *choice : m_choices)
+        menu->addAction(choice);
     menu->popup(globalPosition);
 }
 

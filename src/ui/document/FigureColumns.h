@@ -10,6 +10,8 @@
 #include <functional>
 #include <vector>
 
+class QAction;
+
 namespace document {
 
 class ListView;
@@ -29,6 +31,8 @@ public:
     FigureColumns(ListView &list, const FigureCells &cells, Show show, int ownColumns,
                   std::vector<ShownFigure> *layout, QObject *parent = nullptr);
 
+    /// Adds a choice to the end of the menu.
+    void AddChoice(QAction *choice) { m_choices.push_back(choice); }
     /// Repaints the figures.
     void Refresh();
 
@@ -47,6 +51,7 @@ private:
     Show m_show;
     int m_ownColumns;
     std::vector<ShownFigure> *m_layout;
+    std::vector<QAction *> m_choices;
 };
 
 } // namespace document

@@ -2,6 +2,7 @@
 #include "ui/document/StockListModel.h"
 
 #include "host/Text.h"
+#include "ui/widgets/ListView.h"
 
 #include <QElapsedTimer>
 
@@ -230,7 +231,11 @@ int StockListModel::rowCount(const QModelIndex &parent) const
 
 QVariant StockListModel::data(const QModelIndex &index, int role) const
 {
-    return index.isValid() ? VehicleModel::data(index, role) : QVariant();
+    if (!index.isValid())
+        return {};
+    if (role == ListView::kPictureRole)
+        return m_pictureOf && index.column() == 0 ? m_pictureOf(Item(index.row())) : QVariant();
+    return VehicleModel::data(index, role);
 }
 
 } // namespace document

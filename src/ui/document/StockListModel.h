@@ -5,7 +5,9 @@
 #include "document/StockList.h"
 #include "ui/document/VehicleModel.h"
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace document {
@@ -55,6 +57,10 @@ public:
     /// Sets whether consecutive items lack their vehicle file or shape.
     void SetLacksFiles(std::size_t first, const std::vector<bool> &lacks);
 
+    using PictureOf = std::function<QVariant(const StockItem &item)>;
+    /// Sets the source of the pictures in the rows (ListView::kPictureRole); none at first.
+    void SetPictures(PictureOf pictureOf) { m_pictureOf = std::move(pictureOf); }
+
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
 
@@ -72,6 +78,7 @@ private:
     std::vector<int> m_shown;                       ///< for each row, its index in m_items
     StockOrder m_order;
     content::StockQuery m_query;
+    PictureOf m_pictureOf;
 };
 
 } // namespace document

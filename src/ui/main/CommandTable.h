@@ -51,7 +51,7 @@ enum class Command
     StockCheckDep, StockCheckAll, StockCheckTextures, StockHealth,
     StockReplace, StockUndoReplace,
 
-    ViewToolbar, ViewStatusBar,
+    ViewToolbar, ViewStatusBar, ViewPreview,
     ViewRefresh, ViewReset, ViewFilter, ViewOptions,
     ViewTS, ViewTSE, ViewShapeViewer,
     ViewPictures,
@@ -305,6 +305,10 @@ inline constexpr CommandRow kCommands[] = {
      "Show or hide the status bar", when::Always,
      [](Handlers &on) { on.view.ShowStatusBar(on.IsChecked(Command::ViewStatusBar)); },
      Look::Checked},
+    {Command::ViewPreview, Menu::View, 1, "mnuViewPreview", "Previe&w", "F8", "",
+     "Show the selected vehicle of a consist editor in 3D", when::Always,
+     [](Handlers &on) { on.view.ShowPreview(on.IsChecked(Command::ViewPreview)); },
+     Look::Unchecked},
 
     {Command::ViewRefresh, Menu::View, 2, "mnuViewRefresh", "&Refresh", "F5", "refresh",
      "Read the window's content again", when::AnyWindow, [](Handlers &on) { on.view.Refresh(); }},

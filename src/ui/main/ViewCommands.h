@@ -26,6 +26,8 @@ public:
 
     void ShowStatusBar(bool shown) { m_statusBar.setVisible(shown); }
 
+    void ShowPreview(bool shown) { m_window.ShowPreview(shown); }
+
     void Refresh()
     {
         frmDocument *active = m_window.ActiveDocument();

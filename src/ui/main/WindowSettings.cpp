@@ -17,7 +17,8 @@ constexpr std::string_view kSection = "Windows";
 constexpr std::string_view kMaximised = "MainMaximised", kNormal = "MainNormalBounds",
                            kConsist = "ConsistColumns", kStock = "StockColumns",
                            kOrder = "StockOrder", kConsistFigures = "ConsistFigures",
-                           kStockFigures = "StockFigures", kUnits = "Units";
+                           kStockFigures = "StockFigures", kUnits = "Units", kPreview = "Preview",
+                           kStockPictures = "StockPictures";
 constexpr int kFarthest = 100000; ///< beyond any screen
 
 using Numbers = std::vector<int>;
@@ -81,6 +82,8 @@ WindowSettings ReadWindowSettings(host::SettingsStore &settings)
     windows.editors.stockFigures = readFigures(settings, kStockFigures);
     if (const Numbers units = read(settings, kUnits); units.size() == 1)
         windows.editors.units = units[0];
+    windows.editors.preview = read(settings, kPreview) == Numbers{1};
+    windows.editors.stockPictures = read(settings, kStockPictures) == Numbers{1};
     return windows;
 }
 
@@ -100,6 +103,8 @@ void WriteWindowSettings(host::SettingsStore &settings, const WindowSettings &wi
     write(settings, kStockFigures, numbersOf(windows.editors.stockFigures));
     write(settings, kUnits,
           windows.editors.units >= 0 ? Numbers{windows.editors.units} : Numbers{});
+    write(settings, kPreview, windows.editors.preview ? Numbers{1} : Numbers{});
+    write(settings, kStockPictures, windows.editors.stockPictures ? Numbers{1} : Numbers{});
 }
 
 } // namespace app

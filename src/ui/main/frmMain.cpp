@@ -11,6 +11,7 @@
 #include "host/Settings.h"
 #include "install/Installation.h"
 #include "ui/document/StockFigures.h"
+#include "ui/document/StockPictures.h"
 #include "ui/main/CommandTable.h"
 #include "ui/main/IconSet.h"
 #include "ui/main/MainMenu.h"
@@ -50,6 +51,7 @@ frmMain::frmMain(const install::Environment &environment, app::Desktop &desktop,
                                  m_screenShotFolder});
     loadSettings();
     m_figures = std::make_unique<document::StockFigures>(m_environment, m_windowSettings.editors);
+    m_pictures = std::make_unique<document::StockPictures>(m_environment, m_windowSettings.editors);
     updateActions();
     if (file.empty())
         NewDocumentWindow(WindowMode::ConsistList, {});
@@ -122,6 +124,7 @@ void frmMain::loadSettings()
     for (const QScreen *screen : QGuiApplication::screens())
         screens << screen->availableGeometry();
     m_windowSettings = app::ReadWindowSettings(m_environment.settings);
+    m_menus->ActionOf(app::Command::ViewPreview).setChecked(m_windowSettings.editors.preview);
     const bool restores = m_windowSettings.maximised && !m_windowSettings.normal.isEmpty();
     const QRect bounds = app::FitToScreens(
         restores ? m_windowSettings.normal : app::ReadMainBounds(m_environment.settings), screens);
@@ -267,9 +270,12 @@ document::Furnishing frmMain::furnishing()
     const auto popUp = [this](app::Menu menu) {
         return [this, menu](const QPoint &at) { m_menus->MenuOf(menu).popup(at); };
     };
-    return {app::TintedIcon, popUp(app::Menu::Consist),
-            [this](const QPoint &at) { popUpEditorMenu(at); }, &m_windowSettings.editors,
-            m_figures.get()};
+    return {app::TintedIcon,
+            popUp(app::Menu::Consist),
+            [this](const QPoint &at) { popUpEditorMenu(at); },
+            &m_windowSettings.editors,
+            m_figures.get(),
+            m_pictures.get()};
 }
 
 /// The menu of stock, with the commands on units in front; those of the clipboard only work in the
@@ -302,6 +308,11 @@ std::vector<frmDocument *> frmMain::Documents() const
 void frmMain::Arrange(app::Arrangement how)
 {
     m_arranger->Arrange(how);
+}
+
+void frmMain::ShowPreview(bool show)
+{
+    m_pictures->ShowPreview(show);
 }
 
 void frmMain::SaveDocument(bool quiet)

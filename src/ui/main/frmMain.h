@@ -25,7 +25,8 @@ class TSValidation;
 
 namespace document {
 class StockFigures;
-}
+class StockPictures;
+} // namespace document
 namespace app {
 
 class Desktop;
@@ -62,6 +63,8 @@ public:
     std::vector<frmDocument *> Documents() const;
     /// Arranges the windows and remembers the arrangement.
     void Arrange(app::Arrangement how);
+    /// Shows or hides the preview in all consist editors.
+    void ShowPreview(bool show);
     /// Asks for a name and saves the active document window under it. A 3D window saves a
     /// screenshot.
     void SaveDocumentAs();
@@ -118,6 +121,7 @@ private:
     std::string m_screenShotFolder;
     app::WindowSettings m_windowSettings; ///< read at the start; editors update their part
     std::unique_ptr<document::StockFigures> m_figures;
+    std::unique_ptr<document::StockPictures> m_pictures;
     QMdiArea *m_area;
     app::WindowSwitcher m_switcher;
     QToolBar *tbToolBar = nullptr;

@@ -52,8 +52,10 @@ public:
         const int icon = row.icon.isNull() ? 0 : row.decorationSize.width() + kIconGap;
         row.features &= ~QStyleOptionViewItem::HasDecoration; // rows keep their height
         const QStyle *const style = row.widget ? row.widget->style() : QApplication::style();
-        return style->sizeFromContents(QStyle::CT_ItemViewItem, &row, QSize(), row.widget) +
-               QSize(icon, 5);
+        const QSize text =
+            style->sizeFromContents(QStyle::CT_ItemViewItem, &row, QSize(), row.widget);
+        const int picture = pictureSizeIn(row, index).height();
+        return {text.width() + icon, std::max(text.height() + 5, picture > 0 ? picture + 4 : 0)};
     }
 
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
@@ -76,6 +78,12 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
+        if (const QSize picture = pictureSizeIn(*option, index); !picture.isEmpty()) {
+            option->features |= QStyleOptionViewItem::HasDecoration;
+            option->decorationSize = picture;
+            option->icon = pictureIn(index, picture);
+            return;
+        }
         if (option->icon.isNull())
             return;
         const int side = std::min(16, option->fontMetrics.height());
@@ -89,6 +97,28 @@ protected:
         option->icon =
             inColour(option->icon, option->decorationSize, option->palette.color(group, role),
                      option->widget ? option->widget->devicePixelRatioF() : 1);
+    }
+
+private:
+    /// Returns the size of the picture in a cell; empty in a cell without a place for one.
+    static QSize pictureSizeIn(const QStyleOptionViewItem &option, const QModelIndex &index)
+    {
+        const auto *list = qobject_cast<const ListView *>(option.widget);
+        return list && index.column() == 0 ? list->PictureSize() : QSize();
+    }
+    /// Returns the picture of a row, the same for every state of it; an empty one until it is
+    /// known.
+    static QIcon pictureIn(const QModelIndex &index, const QSize &size)
+    {
+        auto picture = index.data(ListView::kPictureRole).value<QPixmap>();
+        if (picture.isNull()) {
+            picture = QPixmap(size);
+            picture.fill(Qt::transparent);
+        }
+        QIcon icon;
+        for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected})
+            icon.addPixmap(picture, mode);
+        return icon;
     }
 };
 
@@ -191,6 +221,25 @@ void ListView::FitFirstColumn(const QString &widest)
     ShareWidth();
 }
 
+int ListView::pictureWidth() const
+{
+    return m_pictureSize.isEmpty() ? 0 : m_pictureSize.width() + RowDelegate::kIconGap;
+}
+
+void ListView::SetPictureSize(const QSize &size)
+{
+    if (size == m_pictureSize)
+        return;
+    const int before = pictureWidth();
+    m_pictureSize = size;
+    if (m_sizedByUser && header()->count() > 1) {
+        const QScopedValueRollback<bool> sharing(m_sharing, true);
+        header()->resizeSection(0, header()->sectionSize(0) + pictureWidth() - before);
+    }
+    ShareWidth();
+    scheduleDelayedItemsLayout();
+}
+
 void ListView::SizeColumns(const std::vector<int> &widths)
 {
     constexpr int widest = 10000; // far beyond any screen
@@ -201,7 +250,8 @@ void ListView::SizeColumns(const std::vector<int> &widths)
         return;
     const QScopedValueRollback<bool> sharing(m_sharing, true);
     for (int column = 0; column < header()->count(); ++column)
-        header()->resizeSection(column, widths[static_cast<std::size_t>(column)]);
+        header()->resizeSection(column, widths[static_cast<std::size_t>(column)] +
+                                            (column == 0 ? pictureWidth() : 0));
     m_sizedByUser = true;
 }
 
@@ -218,7 +268,7 @@ std::vector<int> ListView::ColumnWidths() const
 {
     std::vector<int> widths;
     for (int column = 0; column < header()->count(); ++column)
-        widths.push_back(header()->sectionSize(column));
+        widths.push_back(header()->sectionSize(column) - (column == 0 ? pictureWidth() : 0));
     return widths;
 }
 
@@ -428,7 +478,7 @@ void ListView::ShareWidth()
         left -= header()->sectionSize(column);
     for (int column = 0; column < shared; ++column) {
         const bool fitted = column == 0 && m_firstWidth > 0;
-        const int share = fitted ? m_firstWidth : left / (shared - column);
+        const int share = fitted ? m_firstWidth + pictureWidth() : left / (shared - column);
         const int width = shared < columns && !fitted ? std::max(share, narrowest) : share;
         header()->resizeSection(column, width);
         left -= width;

@@ -50,6 +50,13 @@ public:
     void SizeColumns(const std::vector<int> &widths);
     std::vector<int> ColumnWidths() const;
 
+    /// The role of the pictures (QPixmap) in the first column.
+    static constexpr int kPictureRole = Qt::UserRole + 1;
+    /// Makes room for pictures of this size, in logical pixels, at the left of the rows; an empty
+    /// size removes it. The widths of columns above do not include it.
+    void SetPictureSize(const QSize &size);
+    const QSize &PictureSize() const { return m_pictureSize; }
+
     /// Sets a text for the user that is shown while the list is empty. `withButton` shows the hint
     /// button below it.
     void SetHint(const QString &hint, bool withButton = false);
@@ -99,8 +106,10 @@ protected:
 private:
     void showHint();
     void placeHintButton();
+    int pictureWidth() const;
 
     QPushButton *m_hintButton = nullptr;
+    QSize m_pictureSize;
     QString m_hint, m_nothingFoundHint;
     int m_firstWidth = 0, m_searchColumn = 0, m_sharingColumns = 0;
     bool m_sharing = false, m_sizedByUser = false, m_selecting = false, m_hintHasButton = false;
