@@ -46,7 +46,10 @@ protected:
     {
         const std::vector<frmResults *> open = results();
         EXPECT_EQ(open.size(), 1u);
-        return open.empty() ? "" : open.front()->txtResults->toPlainText().toStdString();
+        if (open.empty())
+            return "";
+        open.front()->txtResults->Finish(); // a long text arrives in slices
+        return open.front()->txtResults->toPlainText().toStdString();
     }
     /// Writes enough wagons to make a check of all stock take some time.
     void writeManyWagons()

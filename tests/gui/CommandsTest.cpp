@@ -216,14 +216,14 @@ protected:
     {
         if (from == From::Editor)
             OpenEditor("Coal");
-        auto &list =
-            Find<QAbstractItemView>(*Active(), from == From::Editor ? "lvConsist" : "lvConsists");
-        list.setFocus();
-        list.setCurrentIndex(list.model()->index(0, 0));
         if (from == From::Editor) {
             auto &stock = Find<QAbstractItemView>(*Active(), "lvStock");
             stock.setCurrentIndex(stock.model()->index(2, 0));
         }
+        auto &list =
+            Find<QAbstractItemView>(*Active(), from == From::Editor ? "lvConsist" : "lvConsists");
+        list.setFocus();
+        list.setCurrentIndex(list.model()->index(0, 0));
         m_places = places();
     }
 
