@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "content/VehicleCatalogue.h"
 
-#include "content/FileStore.h"
+#include "content/OwnListings.h"
 #include "content/References.h"
-#include "content/Resolver.h"
 #include "content/TrainSheet.h"
 #include "host/Ahead.h"
-#include "host/GameFiles.h"
-#include "host/Path.h"
 #include "host/Text.h"
 #include "install/StockFiles.h"
 
@@ -18,20 +15,6 @@
 
 namespace content {
 namespace {
-
-/// The folders of an installation, with their own listings.
-struct Disk
-{
-    explicit Disk(const std::string &root)
-        : folders(snapshot, host::path::Absolute(root))
-    {
-    }
-
-    host::GameFiles files;
-    host::Snapshot snapshot{files};
-    FileStore store{snapshot};
-    InstallFolders folders;
-};
 
 std::string fileOf(const install::StockItem &item)
 {
@@ -46,7 +29,7 @@ std::string keyOf(const install::StockItem &item)
 /// Vehicles by their names in upper case.
 using Catalogue = std::map<std::string, CataloguedVehicle>;
 
-bool addInstalled(Disk &disk, Catalogue &catalogue, const GoOn &goOn)
+bool addInstalled(OwnListings &disk, Catalogue &catalogue, const GoOn &goOn)
 {
     constexpr std::size_t kExtension = 4;
     for (const std::string &folder :
@@ -79,7 +62,7 @@ install::StockItem vehicleOf(const Block &data)
 }
 
 /// Returns the vehicles of a consist in file order.
-std::vector<install::StockItem> vehiclesIn(Disk &disk, const std::string &path)
+std::vector<install::StockItem> vehiclesIn(OwnListings &disk, const std::string &path)
 try {
     const ReadResult read = disk.store.Read(path);
     std::vector<install::StockItem> items;
@@ -93,7 +76,7 @@ try {
     return {};
 }
 
-void addNamed(Disk &disk, Catalogue &catalogue, const GoOn &goOn)
+void addNamed(OwnListings &disk, Catalogue &catalogue, const GoOn &goOn)
 {
     const std::vector<std::string> names = disk.snapshot.ListFiles(disk.folders.consists, "*.con");
     host::Ahead<std::vector<install::StockItem>> reads(names.size(), [&](std::size_t index) {
@@ -112,7 +95,7 @@ void addNamed(Disk &disk, Catalogue &catalogue, const GoOn &goOn)
 }
 
 /// True for a vehicle of which there is only a file for Open Rails.
-bool isOverride(Disk &disk, const install::StockItem &item)
+bool isOverride(OwnListings &disk, const install::StockItem &item)
 {
     const std::string folder =
         host::path::Join(host::path::Join(disk.folders.trainset, item.folder), "OpenRails");
@@ -146,7 +129,7 @@ try {
 
 std::vector<CataloguedVehicle> VehicleCatalogue(const std::string &folder, const GoOn &goOn)
 {
-    Disk disk(folder);
+    OwnListings disk(folder);
     Catalogue catalogue;
     if (addInstalled(disk, catalogue, goOn))
         addNamed(disk, catalogue, goOn);
@@ -160,7 +143,7 @@ std::vector<CataloguedVehicle> VehicleCatalogue(const std::string &folder, const
 
 std::vector<install::StockItem> InstalledVehicles(const std::string &folder, const GoOn &goOn)
 {
-    Disk disk(folder);
+    OwnListings disk(folder);
     Catalogue catalogue;
     addInstalled(disk, catalogue, goOn);
     std::vector<install::StockItem> vehicles;
@@ -174,7 +157,7 @@ std::vector<ReplacementCandidate> ReadCandidates(const std::string &folder,
                                                  const std::vector<install::StockItem> &installed,
                                                  const GoOn &goOn)
 {
-    Disk disk(folder);
+    OwnListings disk(folder);
     const FigureCache cache(disk.store, disk.folders, Profile::OpenRails);
     const std::shared_ptr<const VehicleFigures> figures = figuresOf(cache, vehicle);
     std::vector<ReplacementCandidate> candidates;

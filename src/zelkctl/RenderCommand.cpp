@@ -11,23 +11,26 @@
 namespace zelkctl {
 namespace {
 
-/// Starts a separate program to draw: its libraries take longer to load than most commands take to
-/// run.
 void render(Session &session, RenderArguments &arguments)
 {
     RequestOf(arguments); // reports bad arguments before starting anything
     if (!session.files.FileExists(arguments.file))
         throw Failure(arguments.file + ": error 53: File not found");
     arguments.msts = session.msts.value_or("");
+    session.exitCode = RunRenderProgram(ToList(arguments));
+}
+
+} // namespace
+
+int RunRenderProgram(const std::vector<std::string> &arguments)
+{
     const std::string program = host::ProgramBeside("zelk-render");
     try {
-        session.exitCode = host::RunAndWait(program, ToList(arguments));
+        return host::RunAndWait(program, arguments);
     } catch (const host::RuntimeError &) {
         throw Failure("cannot draw: " + program + " is missing");
     }
 }
-
-} // namespace
 
 void AddRenderCommand(CLI::App &app, Session &session)
 {

@@ -2,8 +2,7 @@
 #include "zelkctl/ThumbnailCommand.h"
 
 #include "host/Path.h"
-#include "host/Process.h"
-#include "host/RuntimeError.h"
+#include "zelkctl/RenderCommand.h"
 #include "zelkctl/Session.h"
 #include "zelkctl/ThumbnailArguments.h"
 
@@ -19,12 +18,7 @@ void thumbnail(Session &session, ThumbnailArguments arguments)
         !host::path::HasExtension(arguments.file, "wag"))
         throw Failure(arguments.file + ": expected a .eng or .wag file");
     arguments.file = VehicleFile(session, arguments.file);
-    const std::string program = host::ProgramBeside("zelk-render");
-    try {
-        session.exitCode = host::RunAndWait(program, ToList(arguments));
-    } catch (const host::RuntimeError &) {
-        throw Failure("cannot draw: " + program + " is missing");
-    }
+    session.exitCode = RunRenderProgram(ToList(arguments));
 }
 
 } // namespace
