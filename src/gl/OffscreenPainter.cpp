@@ -4,6 +4,7 @@
 #include "gl/GlDevice.h"
 #include "korvat/draw/Renderer.h"
 
+#include <QElapsedTimer>
 #include <QOpenGLFramebufferObject>
 
 namespace korvat {
@@ -21,13 +22,13 @@ QSurfaceFormat wantedFormat()
 
 } // namespace
 
-std::unique_ptr<OffscreenPainter> OffscreenPainter::Create(std::string &reason)
+std::unique_ptr<OffscreenPainter> OffscreenPainter::Create(ShadowUse shadows, std::string &reason)
 {
     std::unique_ptr<OffscreenPainter> painter(new OffscreenPainter);
-    return painter->start(reason) ? std::move(painter) : nullptr;
+    return painter->start(shadows, reason) ? std::move(painter) : nullptr;
 }
 
-bool OffscreenPainter::start(std::string &reason)
+bool OffscreenPainter::start(ShadowUse shadows, std::string &reason)
 {
     m_context.setFormat(wantedFormat());
     m_surface.setFormat(wantedFormat());
@@ -37,6 +38,11 @@ bool OffscreenPainter::start(std::string &reason)
         return false;
     }
     m_device = GlDevice::Create(reason);
+    const QString wish = qEnvironmentVariable("ZELK_SHADOWS");
+    const bool decided = wish == QLatin1String("on") || wish == QLatin1String("off");
+    m_shadows = wish != QLatin1String("off");
+    m_isMeasured =
+        !decided && shadows == ShadowUse::IfFast && m_device && m_device->IsSoftware();
     return m_device != nullptr;
 }
 
@@ -64,8 +70,20 @@ QImage OffscreenPainter::Paint(Renderer &renderer, int width, int height)
 {
     if (!m_context.makeCurrent(&m_surface) || !makeBuffer(width, height) || !m_buffer->bind())
         return {};
+    const bool shadows = wantsShadows(width, height);
+    renderer.SetShadows(shadows);
+    QElapsedTimer timer;
+    timer.start();
     renderer.Paint(*m_device, width, height);
-    return m_buffer->toImage();
+    QImage picture = m_buffer->toImage();
+    if (m_isMeasured && shadows)
+        m_budget.Took(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    return picture;
+}
+
+bool OffscreenPainter::wantsShadows(int width, int height)
+{
+    return m_isMeasured ? m_budget.Affords(width, height) : m_shadows;
 }
 
 void OffscreenPainter::Release(Renderer &renderer)
@@ -79,7 +97,7 @@ void OffscreenPainter::Release(Renderer &renderer)
 std::string WhyNoOpenGl()
 {
     std::string reason;
-    OffscreenPainter::Create(reason);
+    OffscreenPainter::Create(ShadowUse::Always, reason);
     return reason;
 }
 

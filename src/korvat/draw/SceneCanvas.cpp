@@ -17,13 +17,14 @@ bool SceneCanvas::BeginFrame()
     if (!m_rendering || !m_usable)
         return false;
     m_renderer.Begin();
-    Scenery::AddTo(m_renderer, m_eye);
+    Scenery::AddTo(m_renderer, m_eye, m_ground);
     return true;
 }
 
 void SceneCanvas::EndFrame()
 {
-    Scenery::AddShades(m_renderer);
+    if (m_ground == Ground::Track)
+        Scenery::AddShades(m_renderer);
     m_renderer.End();
     frameReady();
 }
