@@ -19,7 +19,7 @@ namespace korvat {
 namespace {
 
 constexpr float kAnisotropy = 8;
-constexpr float kGroundSlope = 1, kGroundUnits = 16; ///< depth behind surfaces at the same height
+constexpr float kGroundSlope = 1, kGroundUnits = 16;   ///< depth behind surfaces at the same height
 constexpr std::array<float, 4> kBorder = {0, 0, 0, 1}; ///< the border colour of all real shapes
 
 // The numbers of the compressed formats in EXT_texture_compression_s3tc.
@@ -106,10 +106,10 @@ bool GlDevice::start(std::string &reason)
         !m_shadows.Start(reason))
         return false;
     m_isSoftware = isSoftware(reinterpret_cast<const char *>(glGetString(GL_RENDERER)));
-    m_place = {m_surface.uniformLocation("world"),    m_surface.uniformLocation("colour"),
-               m_surface.uniformLocation("textured"), m_surface.uniformLocation("opaque"),
-               m_surface.uniformLocation("finish"),   m_surface.uniformLocation("alphaLimit"),
-               m_surface.uniformLocation("fades"),    m_surface.uniformLocation("softEdge"),
+    m_place = {m_surface.uniformLocation("world"),     m_surface.uniformLocation("colour"),
+               m_surface.uniformLocation("textured"),  m_surface.uniformLocation("opaque"),
+               m_surface.uniformLocation("finish"),    m_surface.uniformLocation("alphaLimit"),
+               m_surface.uniformLocation("fades"),     m_surface.uniformLocation("softEdge"),
                m_surface.uniformLocation("sharpness"), m_surface.uniformLocation("isGround")};
     glGenVertexArrays(1, &m_skyArray);
     makeSamplers();
@@ -264,7 +264,8 @@ void GlDevice::BeginShadow(const ShadowMap &map, std::size_t number)
 
 void GlDevice::DrawShadow(const ShadowCall &call)
 {
-    m_shadows.Use(call);
+    if (!m_shadows.Use(call))
+        return;
     if (call.texture) {
         glBindTexture(GL_TEXTURE_2D, call.texture);
         glBindSampler(0, m_samplers[samplerOf(call.addressing, true)]);

@@ -51,10 +51,10 @@ float sunIn(int map, vec3 normal)
     vec3 at = (toShadow[map] * vec4(lifted, 1.0)).xyz * 0.5 + 0.5;
     if (any(lessThan(at.xy, vec2(0.002))) || any(greaterThan(at.xy, vec2(0.998))))
         return 1.0;
-    float step = spread / float(textureSize(shadows, 0).x), lit = 0.0;
+    float stride = spread / float(textureSize(shadows, 0).x), lit = 0.0;
     for (int y = -1; y <= 1; ++y)
         for (int x = -1; x <= 1; ++x)
-            lit += texture(shadows, vec4(at.xy + vec2(x, y) * step, float(map), min(at.z, 1.0))) *
+            lit += texture(shadows, vec4(at.xy + vec2(x, y) * stride, float(map), min(at.z, 1.0))) *
                    float((2 - abs(x)) * (2 - abs(y)));
     return lit / 16.0;
 }
@@ -131,8 +131,8 @@ vec4 groundColour()
     vec4 middle = texture(picture, mat2(0.8, 0.6, -0.6, 0.8) * at * 0.0271);
     float wide = texture(picture, mat2(0.28, 0.96, -0.96, 0.28) * at * 0.0043).a;
     float dry = smoothstep(0.25, 0.75, 0.5 * middle.a + 0.5 * wide);
-    vec3 grass = near * (0.55 + middle.g);
-    return vec4(grass * mix(vec3(0.97, 1.0, 0.94), vec3(1.17, 1.07, 1.02), dry), 1.0);
+    vec3 grass = near * (0.58 + middle.g);
+    return vec4(grass * mix(vec3(0.88, 0.97, 0.86), vec3(1.14, 1.04, 1.02), dry), 1.0);
 }
 
 // Returns how much of a surface the haze hides. The ground fades towards the horizon, too, so that
@@ -149,7 +149,7 @@ float hiddenAt(vec3 view, float distance)
 void main()
 {
     vec4 base = colour;
-    if (isGround)
+    if (isGround && finish != 3)
         base = groundColour();
     else if (textured)
         base *= texture(picture, pictureAt, sharpness);
@@ -207,7 +207,7 @@ void main()
     vec4 cloud = texture(clouds, direction.xz / (height + 0.16) * 0.19 + vec2(0.35, 0.1));
     if (hasClouds)
         sky = mix(sky, cloud.rgb, cloud.a * smoothstep(0.015, 0.16, height));
-    sky = mix(sky, nadir, smoothstep(0.0, 0.35, -direction.y));
+    sky = mix(sky, nadir, smoothstep(0.0, 0.3, -direction.y));
     result = vec4(sky, 1.0);
 }
 )";

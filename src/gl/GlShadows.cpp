@@ -9,19 +9,24 @@
 namespace korvat {
 namespace {
 
-constexpr int kMapUnit = 1;          ///< texture unit
-constexpr float kSlope = 1.5f;       ///< depth offset of inclined surfaces, so that they do not
-constexpr float kDepthUnits = 4;     ///< shade themselves
+constexpr int kMapUnit = 1;      ///< texture unit
+constexpr float kSlope = 1.5f;   ///< depth offset of inclined surfaces, so that they do not
+constexpr float kDepthUnits = 4; ///< shade themselves
 constexpr std::array<GLenum, 2> kWraps = {GL_TEXTURE_WRAP_S, GL_TEXTURE_WRAP_T};
 
 } // namespace
 
 GlShadows::~GlShadows()
 {
-    if (!isInitialized())
-        return;
+    if (isInitialized())
+        freeMaps();
+}
+
+void GlShadows::freeMaps()
+{
     glDeleteFramebuffers(1, &m_framebuffer);
     glDeleteTextures(1, &m_texture);
+    m_framebuffer = m_texture = 0;
 }
 
 bool GlShadows::Start(std::string &reason)
@@ -38,15 +43,16 @@ bool GlShadows::Start(std::string &reason)
     return true;
 }
 
-/// Makes the maps when they are used for the first time; returns false if there is no room for them.
+/// Makes the maps when they are used for the first time; returns false if there is no room for
+/// them.
 bool GlShadows::makeMaps()
 {
     if (m_texture || !m_usable)
         return m_usable;
     glGenTextures(1, &m_texture);
     glBindTexture(GL_TEXTURE_2D_ARRAY, m_texture);
-    glTexImage3D(GL_TEXTURE_2D_ARRAY, 0, GL_DEPTH_COMPONENT24, kShadowSide, kShadowSide,
-                 static_cast<GLsizei>(kShadowMaps), 0, GL_DEPTH_COMPONENT, GL_UNSIGNED_INT,
+    glTexImage3D(GL_TEXTURE_2D_ARRAY, 0, GL_DEPTH_COMPONENT16, kShadowSide, kShadowSide,
+                 static_cast<GLsizei>(kShadowMaps), 0, GL_DEPTH_COMPONENT, GL_UNSIGNED_SHORT,
                  nullptr);
     for (const GLenum filter : {GL_TEXTURE_MIN_FILTER, GL_TEXTURE_MAG_FILTER})
         glTexParameteri(GL_TEXTURE_2D_ARRAY, filter, GL_LINEAR);
@@ -88,10 +94,13 @@ void GlShadows::Begin(const ShadowMap &map, std::size_t number)
     glActiveTexture(GL_TEXTURE0);
 }
 
-void GlShadows::Use(const ShadowCall &call)
+bool GlShadows::Use(const ShadowCall &call)
 {
+    if (!m_usable)
+        return false;
     glUniformMatrix4fv(m_world, 1, GL_FALSE, call.world.m.data());
     glUniform1f(m_alphaLimit, call.alphaLimit);
+    return true;
 }
 
 void GlShadows::End()
@@ -108,8 +117,11 @@ void GlShadows::PassTo(QOpenGLShaderProgram &program, const FrameSetup &setup)
     const bool shown = setup.hasShadows && m_usable && m_texture;
     program.setUniformValue("hasShadows", shown);
     program.setUniformValue("shadows", kMapUnit);
-    if (!shown)
+    if (!shown) {
+        if (m_texture)
+            freeMaps();
         return;
+    }
     std::array<float, 16 * kShadowMaps> matrices{};
     std::array<float, kShadowMaps> ends{}, texels{};
     for (std::size_t i = 0; i < kShadowMaps; ++i) {

@@ -21,15 +21,18 @@ public:
     bool Start(std::string &reason);
     /// Begins a map. The first one of a frame keeps the surface that the frame is painted on.
     void Begin(const ShadowMap &map, std::size_t number);
-    /// Sets the state for a call whose mesh, texture and sampler are bound.
-    void Use(const ShadowCall &call);
+    /// Sets the state for a call whose mesh, texture and sampler are bound. Returns false if there
+    /// is no room for the maps.
+    bool Use(const ShadowCall &call);
     /// Returns to the frame's surface; does nothing if no map was begun.
     void End();
-    /// Passes the maps to the program of the frame, which is bound.
+    /// Passes the maps to the program of the frame, which is bound. Frees them in a frame without
+    /// shadows.
     void PassTo(QOpenGLShaderProgram &program, const FrameSetup &setup);
 
 private:
     bool makeMaps();
+    void freeMaps();
 
     QOpenGLShaderProgram m_program;
     int m_world = 0, m_alphaLimit = 0;

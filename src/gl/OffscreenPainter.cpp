@@ -2,6 +2,7 @@
 #include "gl/OffscreenPainter.h"
 
 #include "gl/GlDevice.h"
+#include "host/Folders.h"
 #include "korvat/draw/Renderer.h"
 
 #include <QElapsedTimer>
@@ -38,11 +39,7 @@ bool OffscreenPainter::start(ShadowUse shadows, std::string &reason)
         return false;
     }
     m_device = GlDevice::Create(reason);
-    const QString wish = qEnvironmentVariable("ZELK_SHADOWS");
-    const bool decided = wish == QLatin1String("on") || wish == QLatin1String("off");
-    m_shadows = wish != QLatin1String("off");
-    m_isMeasured =
-        !decided && shadows == ShadowUse::IfFast && m_device && m_device->IsSoftware();
+    m_isMeasured = shadows == ShadowUse::IfFast && m_device && m_device->IsSoftware();
     return m_device != nullptr;
 }
 
@@ -83,7 +80,10 @@ QImage OffscreenPainter::Paint(Renderer &renderer, int width, int height)
 
 bool OffscreenPainter::wantsShadows(int width, int height)
 {
-    return m_isMeasured ? m_budget.Affords(width, height) : m_shadows;
+    const std::string wish = host::Environment("ZELK_SHADOWS");
+    if (wish == "on" || wish == "off")
+        return wish == "on";
+    return !m_isMeasured || m_budget.Affords(width, height);
 }
 
 void OffscreenPainter::Release(Renderer &renderer)

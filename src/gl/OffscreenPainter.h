@@ -50,7 +50,6 @@ private:
     QOpenGLContext m_context;
     std::unique_ptr<QOpenGLFramebufferObject> m_buffer;
     std::unique_ptr<GlDevice> m_device;
-    bool m_shadows = true;
     bool m_isMeasured = false; ///< m_budget decides about the shadows
     ShadowBudget m_budget;
 };

@@ -17,7 +17,7 @@
 namespace korvat {
 class Canvas;
 enum class Ground;
-}
+} // namespace korvat
 
 namespace viewer {
 

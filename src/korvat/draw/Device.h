@@ -61,7 +61,8 @@ struct DrawCall
     Mixing mixing = Mixing::Replace;
     bool writesDepth = true;
     bool opaque = false; ///< ignore the texture's alpha and use 1
-    /// Repeat the texture without a visible pattern, and give way to surfaces at the same depth.
+    /// Give way to surfaces at the same depth, and fade towards the horizon. A lit texture is
+    /// repeated without a visible pattern, wherever the mesh places it.
     bool isGround = false;
 
     friend bool operator==(const DrawCall &, const DrawCall &) = default;

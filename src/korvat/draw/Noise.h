@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cmath>
-#include <cstdint>
 #include <vector>
 
 namespace korvat {

@@ -18,8 +18,6 @@ constexpr float kCastingLimit = 0.5f;
 /// Multiple of the haze's far limit at which drawing ends: farther out, only the sky shows.
 constexpr float kBeyondHaze = 1.5f;
 
-constexpr Tint kSoil{0.30f, 0.26f, 0.21f, 1};
-
 /// Returns how a part is blended, which depends on its shader and its texture's alpha.
 Mixing mixingOf(const Surface &surface, const Texture *picture)
 {
@@ -53,6 +51,14 @@ float scaleOf(const Transform &world)
 Sphere moved(const Sphere &sphere, const Transform &world)
 {
     return {TransformPoint(sphere.centre, world), sphere.radius * scaleOf(world)};
+}
+
+/// Sets the colours of the sky. Below the ground it looks like soil, with some light from above.
+void setSky(FrameSetup &setup, bool below)
+{
+    setup.zenith = below ? Tint{0.58f, 0.54f, 0.47f, 1} : Tint{0.23f, 0.44f, 0.74f, 1};
+    setup.horizon = below ? Tint{0.50f, 0.46f, 0.40f, 1} : Tint{0.78f, 0.85f, 0.90f, 1};
+    setup.nadir = below ? Tint{0.30f, 0.26f, 0.22f, 1} : setup.horizon;
 }
 
 } // namespace
@@ -104,14 +110,13 @@ FrameSetup Renderer::Setup(int width, int height) const
     const float beyond = std::max(m_hazeFar * kBeyondHaze, 100.0f);
     setup.projection =
         Perspective(kVerticalDegrees * std::numbers::pi_v<float> / 180, aspect, kNearest, beyond);
-    // From the right of the track and ahead of the train, so that its side and its front are bright.
+    // From the right of the track and ahead of the train, so that its side and its front are
+    // bright.
     setup.toSun = Normalised({0.48f, 0.76f, 0.62f});
-    setup.sun = {0.70f, 0.66f, 0.58f};
-    setup.ambient = {0.62f, 0.66f, 0.73f};
-    setup.ambientBelow = {0.47f, 0.45f, 0.40f};
-    setup.zenith = {0.23f, 0.44f, 0.74f};
-    setup.horizon = {0.78f, 0.85f, 0.90f};
-    setup.nadir = m_eye.y < m_ground ? kSoil : setup.horizon;
+    setup.sun = {0.66f, 0.62f, 0.54f};
+    setup.ambient = {0.66f, 0.70f, 0.77f};
+    setup.ambientBelow = {0.51f, 0.49f, 0.44f};
+    setSky(setup, m_eye.y < m_ground);
     setup.hazeNear = m_hazeNear;
     setup.hazeFar = m_hazeFar;
     return setup;
@@ -126,7 +131,7 @@ void Renderer::SetSurroundings(TexturePtr clouds, float ground)
 void Renderer::Paint(Device &device, int width, int height)
 {
     FrameSetup setup = Setup(width, height);
-    if (m_clouds)
+    if (m_clouds && m_eye.y >= m_ground)
         setup.clouds = numberOf(device, m_clouds);
     if (m_shadows)
         paintShadows(device, setup);

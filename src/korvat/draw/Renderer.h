@@ -54,7 +54,7 @@ public:
     void SetHaze(float nearest, float farthest);
     /// Sets whether objects cast shadows; false at first.
     void SetShadows(bool shadows) { m_shadows = shadows; }
-    /// Sets the clouds, null for none, and the height of the ground, below which the sky is dark.
+    /// Sets the clouds, null for none, and the height of the ground, below which there is no sky.
     void SetSurroundings(TexturePtr clouds, float ground);
 
     /// Paints the last complete frame. Requires the same device in every call, until Forget.

@@ -17,8 +17,9 @@ constexpr float kTrackTile = 2.4f; ///< metres of track per repetition of the te
 constexpr float kGroundHeight = -0.72f, kSleeperTop = -0.17f, kShoulder = 1.75f, kFoot = 3.0f;
 constexpr float kWidestVehicle = 4.5f, kLowFloor = 1.5f, kShadeMargin = 1.4f;
 constexpr float kShadeHeight = kSleeperTop + 0.015f;
-constexpr unsigned kGrassSide = 256, kTrackSide = 512, kBallastSide = 256, kSoilSide = 128; ///< pixels
-constexpr float kSoilTile = 7;     ///< metres
+constexpr unsigned kGrassSide = 256, kTrackSide = 512, kBallastSide = 256,
+                   kSoilSide = 128; ///< pixels
+constexpr float kSoilTile = 7;      ///< metres
 constexpr float kRailInside = 0.7175f, kRailWidth = 0.07f;
 
 Tint scaled(const Tint &colour, float factor)
@@ -57,7 +58,7 @@ TexturePtr paintGrass()
     return PaintTexture(kGrassSide, 8, [&](unsigned x, unsigned y) {
         const float light = 0.80f + 0.14f * patches.At(x, y) + 0.16f * tufts.At(x, y) +
                             0.16f * blades.At(x, y) + 0.10f * NoiseAt(x, y, 4);
-        Tint grass = scaled({0.37f, 0.44f, 0.21f}, light);
+        Tint grass = scaled({0.37f, 0.40f, 0.23f}, light);
         grass.a = 0.65f * meadows.At(x, y) + 0.35f * spots.At(x, y);
         return grass;
     });
@@ -66,8 +67,7 @@ TexturePtr paintGrass()
 TexturePtr paintTrack()
 {
     const SmoothNoise wood(16, kTrackSide, 6);
-    return PaintTexture(kTrackSide, 0,
-                        [&](unsigned x, unsigned y) { return trackAt(x, y, wood); });
+    return PaintTexture(kTrackSide, 0, [&](unsigned x, unsigned y) { return trackAt(x, y, wood); });
 }
 
 TexturePtr paintSoil()
@@ -75,8 +75,8 @@ TexturePtr paintSoil()
     const SmoothNoise clods(16, kSoilSide, 11), stones(2, kSoilSide, 12);
     return PaintTexture(kSoilSide, 8, [&](unsigned x, unsigned y) {
         Tint soil =
-            scaled({0.36f, 0.30f, 0.23f}, 0.7f + 0.4f * clods.At(x, y) + 0.3f * stones.At(x, y));
-        soil.a = 0.62f;
+            scaled({0.40f, 0.34f, 0.27f}, 0.7f + 0.4f * clods.At(x, y) + 0.3f * stones.At(x, y));
+        soil.a = 0.5f;
         return soil;
     });
 }
@@ -236,7 +236,7 @@ void Scenery::AddTo(Renderer &renderer, Vec3 eye, Ground ground)
     const Transform place =
         Translation({snapped(eye.x, kSoilTile), height, snapped(eye.z, kSoilTile)});
     renderer.Add(scenery.m_ground, place, scenery.m_groundTextures, Renderer::Role::Ground);
-    renderer.Add(scenery.m_soil, place, scenery.m_soilTextures, Renderer::Role::Scenery);
+    renderer.Add(scenery.m_soil, place, scenery.m_soilTextures, Renderer::Role::Ground);
     if (!plain)
         renderer.Add(scenery.m_track, Translation({0, 0, snapped(eye.z, kTrackTile)}),
                      scenery.m_trackTextures, Renderer::Role::Scenery);

@@ -3,8 +3,8 @@
 
 namespace korvat {
 
-/// Decides whether a slow device can afford shadows, by the time that its frames took with them. The
-/// decision holds until the size of the picture changes clearly.
+/// Decides whether a slow device can afford shadows, by the time that its frames took with them.
+/// The decision holds until the size of the picture changes clearly.
 class ShadowBudget
 {
 public:

@@ -26,7 +26,8 @@ Bounds emptyBox()
 
 void include(Bounds &box, Vec3 p)
 {
-    box.least = {std::min(box.least.x, p.x), std::min(box.least.y, p.y), std::min(box.least.z, p.z)};
+    box.least = {std::min(box.least.x, p.x), std::min(box.least.y, p.y),
+                 std::min(box.least.z, p.z)};
     box.most = {std::max(box.most.x, p.x), std::max(box.most.y, p.y), std::max(box.most.z, p.z)};
 }
 
@@ -58,8 +59,8 @@ Bounds sliceBox(const FrameSetup &setup, float from, float to, const Transform &
     return box;
 }
 
-/// Shortens `box` to the area of `limits`. Returns false if nothing remains, or if it is so far from
-/// the sun that its shadow falls behind the slice.
+/// Shortens `box` to the area of `limits`. Returns false if nothing remains, or if it is so far
+/// from the sun that its shadow falls behind the slice.
 bool clip(Bounds &box, const Bounds &limits)
 {
     box.least.x = std::max(box.least.x, limits.least.x);
@@ -69,20 +70,26 @@ bool clip(Bounds &box, const Bounds &limits)
     return box.least.x < box.most.x && box.least.y < box.most.y && box.least.z < limits.most.z;
 }
 
+/// Returns a sphere around the shadow on level ground at Y = 0.
+Sphere shadowOf(const Sphere &sphere, Vec3 toSun)
+{
+    return {sphere.centre - toSun * (std::max(sphere.centre.y, 0.0f) / toSun.y), sphere.radius};
+}
+
 /// Returns the distances at which the maps end.
 std::array<float, kShadowMaps> splits(const FrameSetup &setup, std::span<const Caster> casters)
 {
     const Frustum frustum(setup.view * setup.projection);
     const Vec3 forward = axisOf(setup.view, 2);
     float nearest = 1e30f, farthest = 0;
-    for (const Caster &caster : casters) {
-        if (!frustum.Sees(caster.bounds))
-            continue;
-        const float depth = Dot(caster.bounds.centre - setup.eye, forward);
-        nearest = std::min(nearest, depth - caster.bounds.radius);
-        // Twice the radius, because shadows reach farther than their casters.
-        farthest = std::max(farthest, depth + 2 * caster.bounds.radius);
-    }
+    for (const Caster &caster : casters)
+        for (const Sphere &sphere : {caster.bounds, shadowOf(caster.bounds, setup.toSun)}) {
+            if (!frustum.Sees(sphere))
+                continue;
+            const float depth = Dot(sphere.centre - setup.eye, forward);
+            nearest = std::min(nearest, depth - sphere.radius);
+            farthest = std::max(farthest, depth + sphere.radius);
+        }
     farthest = std::clamp(farthest, 2 * kNearestSplit, std::max(setup.hazeFar * kEndInHaze, 10.0f));
     nearest = std::clamp(nearest, kNearestSplit, farthest / 2);
     std::array<float, kShadowMaps> ends{};
@@ -101,8 +108,7 @@ void cover(const Bounds &box, const Transform &sunView, ShadowMap &map)
     constexpr float usable = static_cast<float>(kShadowSide) - 2 * kMargin - 2;
     const float extent = std::max(box.most.x - box.least.x, box.most.y - box.least.y);
     const float finest = std::max(extent / usable, 1e-4f);
-    map.texel =
-        std::exp2(std::ceil(std::log2(finest) * kStepsPerDouble) / kStepsPerDouble);
+    map.texel = std::exp2(std::ceil(std::log2(finest) * kStepsPerDouble) / kStepsPerDouble);
     const float side = map.texel * static_cast<float>(kShadowSide);
     const auto middle = [&map](float least, float most) {
         return std::round((least + most) / 2 / map.texel) * map.texel;

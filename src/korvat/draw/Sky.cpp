@@ -46,7 +46,7 @@ TexturePtr PaintClouds()
         const float here = at(x, y);
         // Darker where the cloud becomes thicker towards the sun.
         const float towards = at(x + kDepth, y + kDepth);
-        const float light = 0.94f - 0.5f * std::max(0.0f, towards - 0.5f);
+        const float light = 0.97f - 0.45f * std::max(0.0f, towards - 0.5f);
         const float cover = eased((here - kThinnest) / (kThickest - kThinnest));
         return Tint{light, light, std::min(1.0f, light + 0.02f), 0.92f * cover};
     });
