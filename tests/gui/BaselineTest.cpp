@@ -142,7 +142,7 @@ std::vector<Panel> boiler(int lightMaterial)
         return korvat::Vec3{1.4F * std::sin(angle), 2.2F + 1.4F * std::cos(angle), z};
     };
     for (int i = 0; i < sides; ++i) {
-        panels.push_back({{at(i, -3), at(i, 3), at(i + 1, 3), at(i + 1, -3)}});
+        panels.push_back({{at(i, -5), at(i, 5), at(i + 1, 5), at(i + 1, -5)}});
         panels.back().shader = "TexDiff";
         panels.back().image = "paint.dds";
         panels.back().lightMaterial = lightMaterial;
@@ -252,8 +252,8 @@ TEST_F(BaselineTest, MaterialsMatchTheStoredPictures)
         std::vector<Panel> (*panels)(int lightMaterial);
         int lightMaterial;
         CameraPose camera;
-    } rows[] = {{"shiny", boiler, -6, {6, 3, 5, 0, 1.6F, 0}},
-                {"very-shiny", boiler, -7, {6, 3, 5, 0, 1.6F, 0}},
+    } rows[] = {{"shiny", boiler, -6, {6, 4.3F, -4, 0, 2.2F, 0}},
+                {"very-shiny", boiler, -7, {6, 4.3F, -4, 0, 2.2F, 0}},
                 {"plant", bush, -9, {-4, 2.5F, -5, 0, 1.3F, 0}}};
     canvas->SetGround(Ground::Plain);
     for (const auto &row : rows) {
