@@ -49,11 +49,17 @@ public:
     unsigned UploadTexture(const korvat::Texture &) override { return ++m_given; }
     void ReleaseMesh(unsigned) override {}
     void ReleaseTexture(unsigned) override {}
+    void BeginShadow(const korvat::ShadowMap &, std::size_t number) override
+    {
+        if (number == 0)
+            shadows = 0;
+    }
+    void DrawShadow(const korvat::ShadowCall &) override { ++shadows; }
     void BeginFrame(const korvat::FrameSetup &) override { draws = 0; }
     void Draw(const korvat::DrawCall &) override { ++draws; }
     void EndFrame() override {}
 
-    std::size_t draws = 0; ///< of the last frame
+    std::size_t draws = 0, shadows = 0; ///< of the last frame
 
 private:
     unsigned m_given = 0;
@@ -63,6 +69,7 @@ class Canvas : public korvat::SceneCanvas
 {
 public:
     void Paint(korvat::Device &device) { renderer().Paint(device, 1280, 800); }
+    void SetShadows(bool shadows) { renderer().SetShadows(shadows); }
     /// Far enough away to see the whole train.
     void LookAtAll(float trainMiddle)
     {
@@ -107,16 +114,18 @@ void readAndInflate(const std::vector<std::string> &paths)
     }
 }
 
-bench::Row frameRow(Window &window)
+bench::Row frameRow(Window &window, bool shadows, const char *name)
 {
     window.canvas.LookAtAll(window.stage.TrainMiddle());
+    window.canvas.SetShadows(shadows);
+    window.canvas.Paint(window.device);
     const double before = bench::ProcessorMilliseconds();
     for (int i = 0; i < kFrames; ++i) {
         window.stage.View()->ShowModels();
         window.canvas.Paint(window.device);
     }
     const double each = (bench::ProcessorMilliseconds() - before) / kFrames;
-    return {"a frame of the train, processor time", "limit", each, 1};
+    return {name, "limit", each, 1};
 }
 
 int run(const bench::SampleTrain &train, const bench::SampleTrain &textTrain)
@@ -130,10 +139,11 @@ int run(const bench::SampleTrain &train, const bench::SampleTrain &textTrain)
         "the same, all shapes text", [&] { Window window(textTrain); },
         "read and inflate its files once", [&] { readAndInflate(textPaths); }, 15);
     Window window(train);
-    const bench::Row frame = frameRow(window);
-    bench::PrintTable({open, openText, frame});
-    std::printf("%d vehicles, %zu files, %zu draw calls a frame\n", window.stage.Total(),
-                paths.size(), window.device.draws);
+    const bench::Row frame = frameRow(window, false, "a frame of the train, processor time");
+    const bench::Row shadows = frameRow(window, true, "a frame with shadows, processor time");
+    bench::PrintTable({open, openText, frame, shadows});
+    std::printf("%d vehicles, %zu files, %zu draw calls a frame, %zu more for shadows\n",
+                window.stage.Total(), paths.size(), window.device.draws, window.device.shadows);
     return 0;
 }
 

@@ -19,6 +19,7 @@ namespace korvat {
 namespace {
 
 constexpr float kAnisotropy = 8;
+constexpr float kGroundSlope = 1, kGroundUnits = 16;   ///< depth behind surfaces at the same height
 constexpr std::array<float, 4> kBorder = {0, 0, 0, 1}; ///< the border colour of all real shapes
 
 // The numbers of the compressed formats in EXT_texture_compression_s3tc.
@@ -36,8 +37,6 @@ GLenum compressedFormat(const Texture &texture)
     }
 }
 
-/// True for an OpenGL that runs on the processor: it needs seconds per frame with anisotropic
-/// filtering.
 bool isSoftware(const char *renderer)
 {
     const std::string_view name = renderer ? renderer : "";
@@ -103,13 +102,15 @@ bool GlDevice::start(std::string &reason)
         return false;
     }
     if (!compile(m_surface, shaders::kSurfaceVertex, shaders::kSurfaceFragment, reason) ||
-        !compile(m_sky, shaders::kSkyVertex, shaders::kSkyFragment, reason))
+        !compile(m_sky, shaders::kSkyVertex, shaders::kSkyFragment, reason) ||
+        !m_shadows.Start(reason))
         return false;
-    m_place = {m_surface.uniformLocation("world"),    m_surface.uniformLocation("colour"),
-               m_surface.uniformLocation("textured"), m_surface.uniformLocation("opaque"),
-               m_surface.uniformLocation("finish"),   m_surface.uniformLocation("alphaLimit"),
-               m_surface.uniformLocation("fades"),    m_surface.uniformLocation("softEdge"),
-               m_surface.uniformLocation("sharpness")};
+    m_isSoftware = isSoftware(reinterpret_cast<const char *>(glGetString(GL_RENDERER)));
+    m_place = {m_surface.uniformLocation("world"),     m_surface.uniformLocation("colour"),
+               m_surface.uniformLocation("textured"),  m_surface.uniformLocation("opaque"),
+               m_surface.uniformLocation("finish"),    m_surface.uniformLocation("alphaLimit"),
+               m_surface.uniformLocation("fades"),     m_surface.uniformLocation("softEdge"),
+               m_surface.uniformLocation("sharpness"), m_surface.uniformLocation("isGround")};
     glGenVertexArrays(1, &m_skyArray);
     makeSamplers();
     m_compressedTextures = context->hasExtension("GL_EXT_texture_compression_s3tc");
@@ -130,8 +131,7 @@ bool GlDevice::compile(QOpenGLShaderProgram &program, const char *vertex, const 
 void GlDevice::makeSamplers()
 {
     float anisotropy = 0;
-    const auto *renderer = reinterpret_cast<const char *>(glGetString(GL_RENDERER));
-    if (!isSoftware(renderer) &&
+    if (!m_isSoftware &&
         QOpenGLContext::currentContext()->hasExtension("GL_EXT_texture_filter_anisotropic"))
         glGetFloatv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &anisotropy);
     glGenSamplers(static_cast<GLsizei>(m_samplers.size()), m_samplers.data());
@@ -256,8 +256,26 @@ void GlDevice::ReleaseTexture(unsigned texture)
     glDeleteTextures(1, &texture);
 }
 
+void GlDevice::BeginShadow(const ShadowMap &map, std::size_t number)
+{
+    m_shadows.Begin(map, number);
+    m_lastMesh = 0;
+}
+
+void GlDevice::DrawShadow(const ShadowCall &call)
+{
+    if (!m_shadows.Use(call))
+        return;
+    if (call.texture) {
+        glBindTexture(GL_TEXTURE_2D, call.texture);
+        glBindSampler(0, m_samplers[samplerOf(call.addressing, true)]);
+    }
+    drawElements(call.mesh, call.firstIndex, call.indexCount);
+}
+
 void GlDevice::BeginFrame(const FrameSetup &setup)
 {
+    m_shadows.End();
     glViewport(0, 0, setup.width, setup.height);
     glDisable(GL_SCISSOR_TEST);
     glDisable(GL_BLEND);
@@ -292,6 +310,14 @@ void GlDevice::paintSky(const FrameSetup &setup)
     set(m_sky, "forward", axis(2, 1));
     set(m_sky, "zenith", setup.zenith);
     set(m_sky, "horizon", setup.horizon);
+    set(m_sky, "nadir", setup.nadir);
+    set(m_sky, "toSun", setup.toSun);
+    set(m_sky, "sun", setup.sun);
+    m_sky.setUniformValue("hasClouds", setup.clouds != 0);
+    m_sky.setUniformValue("clouds", 0);
+    glActiveTexture(GL_TEXTURE0);
+    glBindTexture(GL_TEXTURE_2D, setup.clouds);
+    glBindSampler(0, m_samplers[samplerOf(AddressMode::Wrap, true)]);
     glBindVertexArray(m_skyArray);
     glDrawArrays(GL_TRIANGLES, 0, 3);
 }
@@ -308,8 +334,11 @@ void GlDevice::setFrame(const FrameSetup &setup)
     set(m_surface, "above", setup.ambient);
     set(m_surface, "below", setup.ambientBelow);
     set(m_surface, "haze", setup.horizon);
+    set(m_surface, "zenith", setup.zenith);
     m_surface.setUniformValue("hazeRange", setup.hazeNear, setup.hazeFar);
     m_surface.setUniformValue("picture", 0);
+    m_shadows.PassTo(m_surface, setup);
+    glPolygonOffset(kGroundSlope, kGroundUnits);
     glActiveTexture(GL_TEXTURE0);
 }
 
@@ -329,6 +358,8 @@ void GlDevice::useState(const DrawCall &call)
     glUniform1f(m_place.alphaLimit, call.alphaLimit);
     glUniform1i(m_place.softEdge, call.softEdge);
     glUniform1f(m_place.sharpness, call.sharpness);
+    glUniform1i(m_place.isGround, call.isGround);
+    setEnabled(GL_POLYGON_OFFSET_FILL, call.isGround);
     setEnabled(GL_SAMPLE_ALPHA_TO_COVERAGE, call.softEdge);
     setEnabled(GL_BLEND, call.mixing != Mixing::Replace);
     glBindTexture(GL_TEXTURE_2D, call.texture);
@@ -337,14 +368,19 @@ void GlDevice::useState(const DrawCall &call)
     glBlendFunc(GL_SRC_ALPHA, call.mixing == Mixing::Add ? GL_ONE : GL_ONE_MINUS_SRC_ALPHA);
 }
 
+void GlDevice::drawElements(unsigned mesh, std::uint32_t first, std::uint32_t count)
+{
+    if (mesh != m_lastMesh)
+        glBindVertexArray(mesh);
+    m_lastMesh = mesh;
+    glDrawElements(GL_TRIANGLES, static_cast<GLsizei>(count), GL_UNSIGNED_INT,
+                   offset(first * sizeof(std::uint32_t)));
+}
+
 void GlDevice::Draw(const DrawCall &call)
 {
-    if (call.mesh != m_lastMesh)
-        glBindVertexArray(call.mesh);
-    m_lastMesh = call.mesh;
     useState(call);
-    glDrawElements(GL_TRIANGLES, static_cast<GLsizei>(call.indexCount), GL_UNSIGNED_INT,
-                   offset(call.firstIndex * sizeof(std::uint32_t)));
+    drawElements(call.mesh, call.firstIndex, call.indexCount);
 }
 
 void GlDevice::EndFrame()
@@ -352,7 +388,8 @@ void GlDevice::EndFrame()
     glBindVertexArray(0);
     glBindSampler(0, 0);
     glBindTexture(GL_TEXTURE_2D, 0);
-    for (const GLenum option : {GL_BLEND, GL_CULL_FACE, GL_DEPTH_TEST, GL_SAMPLE_ALPHA_TO_COVERAGE})
+    for (const GLenum option : {GL_BLEND, GL_CULL_FACE, GL_DEPTH_TEST, GL_SAMPLE_ALPHA_TO_COVERAGE,
+                                GL_POLYGON_OFFSET_FILL})
         glDisable(option);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     glDepthMask(GL_TRUE);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "gl/GlShadows.h"
 #include "korvat/draw/Device.h"
 
 #include <QOpenGLFunctions_3_3_Core>
@@ -26,9 +27,15 @@ public:
     unsigned UploadTexture(const Texture &picture) override;
     void ReleaseMesh(unsigned mesh) override;
     void ReleaseTexture(unsigned texture) override;
+    void BeginShadow(const ShadowMap &map, std::size_t number) override;
+    void DrawShadow(const ShadowCall &call) override;
     void BeginFrame(const FrameSetup &setup) override;
     void Draw(const DrawCall &call) override;
     void EndFrame() override;
+
+    /// True for an OpenGL that runs on the processor: it needs seconds per frame with anisotropic
+    /// filtering, and may be too slow for shadows.
+    bool IsSoftware() const { return m_isSoftware; }
 
 private:
     struct Buffers
@@ -47,15 +54,18 @@ private:
     void setFrame(const FrameSetup &setup);
     void setEnabled(GLenum option, bool enabled);
     void useState(const DrawCall &call);
+    void drawElements(unsigned mesh, std::uint32_t first, std::uint32_t count);
 
     QOpenGLShaderProgram m_surface, m_sky;
     struct
     {
-        int world, colour, textured, opaque, finish, alphaLimit, fades, softEdge, sharpness;
+        int world, colour, textured, opaque, finish, alphaLimit, fades, softEdge, sharpness,
+            isGround;
     } m_place{};
+    GlShadows m_shadows;
     GLuint m_skyArray = 0;
     std::array<GLuint, 8> m_samplers{}; ///< by address mode, without and with mipmaps
-    bool m_compressedTextures = false;
+    bool m_compressedTextures = false, m_isSoftware = false;
     int m_largestTexture = 0;
     std::unordered_map<unsigned, Buffers> m_meshes;
     unsigned m_lastMesh = 0;

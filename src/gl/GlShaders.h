@@ -26,32 +26,89 @@ inline constexpr char kSurfaceFragment[] = R"(#version 330 core
 in vec3 place, facing;
 in vec2 pictureAt;
 uniform sampler2D picture;
-uniform bool textured, opaque, fades, softEdge;
+uniform bool textured, opaque, fades, softEdge, isGround, hasShadows;
 uniform vec4 colour;
 uniform float alphaLimit, sharpness;
-uniform int finish; // 0 normal, 1 shiny, 2 very shiny, 3 full, 4 half, 5 dark
-uniform vec3 eye, toSun, sun, above, below, haze;
+uniform int finish; // 0 normal, 1 shiny, 2 very shiny, 3 full, 4 half, 5 dark, 6 plant
+uniform vec3 eye, forward, toSun, sun, above, below, haze, zenith;
 uniform vec2 hazeRange;
+uniform sampler2DArrayShadow shadows;
+uniform mat4 toShadow[3];
+uniform float shadowEnds[3], shadowTexels[3];
 out vec4 result;
 
-vec3 lightOn(vec3 normal)
+// Returns the share of the sun's light that one shadow map lets through, with soft edges.
+float sunIn(int map, vec3 normal)
 {
-    if (finish == 3)
-        return vec3(1.0);
+    float texel = shadowTexels[map];
+    if (texel <= 0.0)
+        return 1.0;
+    // Wider steps where pixels are small: edges are never sharper than about 3 cm.
+    float spread = clamp(0.012 / texel, 1.0, 2.0);
+    float slope = 1.0 - max(dot(normal, toSun), 0.0);
+    vec3 lifted = place + normal * (texel * spread * (0.5 + 2.0 * slope)) +
+                  toSun * (0.004 + 0.5 * texel);
+    vec3 at = (toShadow[map] * vec4(lifted, 1.0)).xyz * 0.5 + 0.5;
+    if (any(lessThan(at.xy, vec2(0.002))) || any(greaterThan(at.xy, vec2(0.998))))
+        return 1.0;
+    float stride = spread / float(textureSize(shadows, 0).x), lit = 0.0;
+    for (int y = -1; y <= 1; ++y)
+        for (int x = -1; x <= 1; ++x)
+            lit += texture(shadows, vec4(at.xy + vec2(x, y) * stride, float(map), min(at.z, 1.0))) *
+                   float((2 - abs(x)) * (2 - abs(y)));
+    return lit / 16.0;
+}
+
+// Returns the share of the sun's light that arrives here.
+float sunHere(vec3 normal)
+{
+    float depth = dot(place - eye, forward);
+    if (!hasShadows || depth >= shadowEnds[2])
+        return 1.0;
+    int map = depth < shadowEnds[0] ? 0 : depth < shadowEnds[1] ? 1 : 2;
+    float lit = sunIn(map, normal), end = shadowEnds[map];
+    float next = smoothstep(end * 0.9, end, depth);
+    if (next > 0.0)
+        lit = mix(lit, map == 2 ? 1.0 : sunIn(map + 1, normal), next);
+    return lit;
+}
+
+vec3 lightOn(vec3 normal, float sunlit)
+{
     vec3 ambient = mix(below, above, normal.y * 0.5 + 0.5);
+    // The sky is brighter on the side of the sun.
+    ambient *= 0.94 + 0.06 * dot(normal, toSun);
     if (finish == 4)
         return ambient * 0.5 + 0.25;
     if (finish == 5)
         return ambient * 0.5;
-    return ambient + sun * max(dot(normal, toSun), 0.0);
+    return ambient + sun * (max(dot(normal, toSun), 0.0) * sunlit);
 }
 
-float highlightOn(vec3 normal, vec3 toEye)
+vec3 skyIn(vec3 direction)
 {
-    if (finish != 1 && finish != 2)
-        return 0.0;
+    vec3 sky = mix(haze, zenith, pow(max(direction.y, 0.0), 0.6));
+    return mix(below * 0.8, sky, smoothstep(-0.1, 0.05, direction.y));
+}
+
+// Adds the sun's highlight and a reflection of the sky to a polished surface.
+vec3 polished(vec3 lit, vec3 normal, vec3 toEye, float sunlit)
+{
+    bool very = finish == 2;
     float along = max(dot(normal, normalize(toSun + toEye)), 0.0);
-    return finish == 1 ? 0.35 * pow(along, 25.0) : 0.6 * pow(along, 750.0);
+    float highlight = very ? 0.55 * pow(along, 90.0) + 0.12 * pow(along, 12.0)
+                           : 0.35 * pow(along, 22.0);
+    float grazing = pow(1.0 - max(dot(normal, toEye), 0.0), 4.0);
+    float mirrored = (very ? 0.14 : 0.05) + (very ? 0.45 : 0.25) * grazing;
+    return mix(lit, skyIn(reflect(-toEye, normal)), mirrored) + sun * (highlight * sunlit);
+}
+
+// Keeps the drawing of bright surfaces, which would otherwise end in plain white.
+vec3 softened(vec3 lit)
+{
+    const float knee = 0.82;
+    vec3 over = max(lit - knee, 0.0) / (1.0 - knee);
+    return min(lit, knee) + (1.0 - knee) * (1.0 - exp(-over));
 }
 
 // Returns how much of the pixel is covered. Lifts the alpha of the texture's smaller levels, so that
@@ -65,10 +122,36 @@ float coverage(float alpha)
     return clamp((lifted - alphaLimit) / max(fwidth(lifted), 0.001) + 0.5, 0.0, 1.0);
 }
 
+// Repeats the texture at sizes and angles that never meet again; its alpha shows where meadows are
+// dry.
+vec4 groundColour()
+{
+    vec2 at = place.xz;
+    vec3 near = texture(picture, at * 0.16).rgb;
+    vec4 middle = texture(picture, mat2(0.8, 0.6, -0.6, 0.8) * at * 0.0271);
+    float wide = texture(picture, mat2(0.28, 0.96, -0.96, 0.28) * at * 0.0043).a;
+    float dry = smoothstep(0.25, 0.75, 0.5 * middle.a + 0.5 * wide);
+    vec3 grass = near * (0.58 + middle.g);
+    return vec4(grass * mix(vec3(0.88, 0.97, 0.86), vec3(1.14, 1.04, 1.02), dry), 1.0);
+}
+
+// Returns how much of a surface the haze hides. The ground fades towards the horizon, too, so that
+// it does not end in an edge.
+float hiddenAt(vec3 view, float distance)
+{
+    float hidden = clamp((distance - hazeRange.x) / (hazeRange.y - hazeRange.x), 0.0, 1.0);
+    if (!isGround)
+        return hidden;
+    float grazing = 1.0 - smoothstep(0.0, 0.04, abs(view.y) / max(distance, 0.001));
+    return max(hidden, grazing * smoothstep(20.0, 90.0, distance));
+}
+
 void main()
 {
     vec4 base = colour;
-    if (textured)
+    if (isGround && finish != 3)
+        base = groundColour();
+    else if (textured)
         base *= texture(picture, pictureAt, sharpness);
     if (opaque)
         base.a = 1.0;
@@ -76,12 +159,23 @@ void main()
         base.a = coverage(base.a);
     if (softEdge ? base.a <= 0.0 : base.a < alphaLimit)
         discard;
-    vec3 normal = dot(facing, facing) > 0.0 ? normalize(facing) : vec3(0.0, 1.0, 0.0);
     vec3 view = eye - place;
     float distance = length(view);
-    vec3 lit = base.rgb * lightOn(normal) + sun * highlightOn(normal, view / max(distance, 0.001));
-    float hidden = clamp((distance - hazeRange.x) / (hazeRange.y - hazeRange.x), 0.0, 1.0);
-    result = vec4(mix(lit, fades ? vec3(0.0) : haze, hidden), base.a);
+    vec3 lit = base.rgb;
+    if (finish != 3) {
+        vec3 normal = dot(facing, facing) > 0.0 ? normalize(facing) : vec3(0.0, 1.0, 0.0);
+        if (finish == 6)
+            normal = vec3(0.0, 1.0, 0.0);
+        float sunlit = dot(normal, toSun) > 0.0 ? sunHere(normal) : 0.0;
+        // Leaves let light through.
+        if (finish == 6)
+            sunlit = 0.35 + 0.65 * sunlit;
+        lit *= lightOn(normal, sunlit);
+        if (finish == 1 || finish == 2)
+            lit = polished(lit, normal, view / max(distance, 0.001), sunlit);
+        lit = softened(lit);
+    }
+    result = vec4(mix(lit, fades ? vec3(0.0) : haze, hiddenAt(view, distance)), base.a);
 }
 )";
 
@@ -98,12 +192,46 @@ void main()
 
 inline constexpr char kSkyFragment[] = R"(#version 330 core
 in vec3 gaze;
-uniform vec3 zenith, horizon;
+uniform vec3 zenith, horizon, nadir, toSun, sun;
+uniform bool hasClouds;
+uniform sampler2D clouds;
 out vec4 result;
 void main()
 {
-    float height = max(normalize(gaze).y, 0.0);
-    result = vec4(mix(horizon, zenith, pow(height, 0.6)), 1.0);
+    vec3 direction = normalize(gaze);
+    float height = max(direction.y, 0.0);
+    vec3 sky = mix(horizon, zenith, pow(height, 0.6));
+    float glow = max(dot(direction, toSun), 0.0);
+    sky += sun * (0.10 * pow(glow, 6.0) + 0.25 * pow(glow, 60.0));
+    // A layer of clouds, bent towards the horizon.
+    vec4 cloud = texture(clouds, direction.xz / (height + 0.16) * 0.19 + vec2(0.35, 0.1));
+    if (hasClouds)
+        sky = mix(sky, cloud.rgb, cloud.a * smoothstep(0.015, 0.16, height));
+    sky = mix(sky, nadir, smoothstep(0.0, 0.3, -direction.y));
+    result = vec4(sky, 1.0);
+}
+)";
+
+inline constexpr char kShadowVertex[] = R"(#version 330 core
+layout(location = 0) in vec3 position;
+layout(location = 2) in vec2 uv;
+uniform mat4 world, toMap;
+out vec2 pictureAt;
+void main()
+{
+    pictureAt = uv;
+    gl_Position = toMap * (world * vec4(position, 1.0));
+}
+)";
+
+inline constexpr char kShadowFragment[] = R"(#version 330 core
+in vec2 pictureAt;
+uniform sampler2D picture;
+uniform float alphaLimit;
+void main()
+{
+    if (alphaLimit > 0.0 && texture(picture, pictureAt).a < alphaLimit)
+        discard;
 }
 )";
 

@@ -24,7 +24,7 @@ OffscreenCanvas::~OffscreenCanvas()
 
 std::unique_ptr<OffscreenCanvas> OffscreenCanvas::Create(int width, int height, std::string &reason)
 {
-    auto painter = OffscreenPainter::Create(reason);
+    auto painter = OffscreenPainter::Create(ShadowUse::Always, reason);
     if (!painter)
         return nullptr;
     return std::unique_ptr<OffscreenCanvas>(new OffscreenCanvas(std::move(painter), width, height));

@@ -2,8 +2,10 @@
 #include "gl/OffscreenPainter.h"
 
 #include "gl/GlDevice.h"
+#include "host/Folders.h"
 #include "korvat/draw/Renderer.h"
 
+#include <QElapsedTimer>
 #include <QOpenGLFramebufferObject>
 
 namespace korvat {
@@ -21,13 +23,13 @@ QSurfaceFormat wantedFormat()
 
 } // namespace
 
-std::unique_ptr<OffscreenPainter> OffscreenPainter::Create(std::string &reason)
+std::unique_ptr<OffscreenPainter> OffscreenPainter::Create(ShadowUse shadows, std::string &reason)
 {
     std::unique_ptr<OffscreenPainter> painter(new OffscreenPainter);
-    return painter->start(reason) ? std::move(painter) : nullptr;
+    return painter->start(shadows, reason) ? std::move(painter) : nullptr;
 }
 
-bool OffscreenPainter::start(std::string &reason)
+bool OffscreenPainter::start(ShadowUse shadows, std::string &reason)
 {
     m_context.setFormat(wantedFormat());
     m_surface.setFormat(wantedFormat());
@@ -37,6 +39,7 @@ bool OffscreenPainter::start(std::string &reason)
         return false;
     }
     m_device = GlDevice::Create(reason);
+    m_isMeasured = shadows == ShadowUse::IfFast && m_device && m_device->IsSoftware();
     return m_device != nullptr;
 }
 
@@ -64,8 +67,23 @@ QImage OffscreenPainter::Paint(Renderer &renderer, int width, int height)
 {
     if (!m_context.makeCurrent(&m_surface) || !makeBuffer(width, height) || !m_buffer->bind())
         return {};
+    const bool shadows = wantsShadows(width, height);
+    renderer.SetShadows(shadows);
+    QElapsedTimer timer;
+    timer.start();
     renderer.Paint(*m_device, width, height);
-    return m_buffer->toImage();
+    QImage picture = m_buffer->toImage();
+    if (m_isMeasured && shadows)
+        m_budget.Took(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    return picture;
+}
+
+bool OffscreenPainter::wantsShadows(int width, int height)
+{
+    const std::string wish = host::Environment("ZELK_SHADOWS");
+    if (wish == "on" || wish == "off")
+        return wish == "on";
+    return !m_isMeasured || m_budget.Affords(width, height);
 }
 
 void OffscreenPainter::MoveTo(QThread &thread)
@@ -90,7 +108,7 @@ bool CanPaintOnThreads()
 std::string WhyNoOpenGl()
 {
     std::string reason;
-    OffscreenPainter::Create(reason);
+    OffscreenPainter::Create(ShadowUse::Always, reason);
     return reason;
 }
 

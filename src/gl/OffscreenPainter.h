@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "korvat/draw/ShadowBudget.h"
+
 #include <QImage>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
@@ -16,6 +18,14 @@ namespace korvat {
 class GlDevice;
 class Renderer;
 
+/// When a painter draws shadows. The environment variable ZELK_SHADOWS, if it is "on" or "off",
+/// decides instead.
+enum class ShadowUse
+{
+    Always,
+    IfFast ///< not if OpenGL runs on the processor and needs too long for a frame
+};
+
 /// Turns the frames of one renderer into images, with OpenGL 3.3 and without a window. Requires a
 /// QGuiApplication. Create and destroy it on the application's thread; it is also used there unless
 /// it was moved to another one.
@@ -23,7 +33,7 @@ class OffscreenPainter
 {
 public:
     /// Returns null, with the reason in `reason`, if there is no OpenGL 3.3.
-    static std::unique_ptr<OffscreenPainter> Create(std::string &reason);
+    static std::unique_ptr<OffscreenPainter> Create(ShadowUse shadows, std::string &reason);
     ~OffscreenPainter();
 
     /// Returns the last complete frame of the renderer, which must be the same one in every call.
@@ -37,13 +47,16 @@ public:
 
 private:
     OffscreenPainter() = default;
-    bool start(std::string &reason);
+    bool start(ShadowUse shadows, std::string &reason);
     bool makeBuffer(int width, int height);
+    bool wantsShadows(int width, int height);
 
     QOffscreenSurface m_surface;
     QOpenGLContext m_context;
     std::unique_ptr<QOpenGLFramebufferObject> m_buffer;
     std::unique_ptr<GlDevice> m_device;
+    bool m_isMeasured = false; ///< m_budget decides about the shadows
+    ShadowBudget m_budget;
 };
 
 /// True if painters can be moved to other threads here.

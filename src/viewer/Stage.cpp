@@ -6,6 +6,7 @@
 #include "korvat/draw/Canvas.h"
 #include "viewer/Numbers.h"
 #include "viewer/OrbitCamera.h"
+#include "viewer/StockShape.h"
 #include "viewer/TextureReport.h"
 
 using host::ErrorNumber;
@@ -33,11 +34,13 @@ Stage::~Stage()
     Close();
 }
 
-void Stage::setUp()
+void Stage::setUp(korvat::Ground ground)
 {
     Close();
     m_view = std::make_unique<TSView>(m_environment);
     m_view->Viewer = m_canvas;
+    if (m_canvas)
+        m_canvas->SetGround(ground);
     m_view->Initialise();
     OrbitCamera(*m_view).Reset(0);
     m_view->ResetCamera();
@@ -80,15 +83,16 @@ void Stage::begin(const StfNode &trainCfg, const std::string &installFolder,
         throw RuntimeError(ErrorNumber::InvalidCall, "No consist to display: " + source +
                                                          (title.empty() ? "" : " (" + title + ")"));
     }
-    setUp();
+    setUp(korvat::Ground::Track);
     m_layout.emplace(m_environment, installFolder, trainCfg, *m_view);
     m_ahead.emplace(m_environment, m_layout->StockFiles());
 }
 
-void Stage::RenderShape(const std::string &file)
+void Stage::RenderShape(const std::string &file, const std::string &vehicle)
 {
     m_setStatus("Loading " + file);
-    setUp();
+    const bool rolls = !vehicle.empty() || IsStockShape(m_environment.files, file);
+    setUp(rolls ? korvat::Ground::Track : korvat::Ground::Plain);
     m_shapeFile = file;
     m_ahead.emplace(m_environment, std::vector{file});
     m_caption.clear();

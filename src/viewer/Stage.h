@@ -16,7 +16,8 @@
 
 namespace korvat {
 class Canvas;
-}
+enum class Ground;
+} // namespace korvat
 
 namespace viewer {
 
@@ -42,7 +43,9 @@ public:
     /// block.
     void RenderLooseConsist(const StfNode &trainCfg, const std::string &installFolder,
                             const std::string &source);
-    void RenderShape(const std::string &file);
+    /// Begins to show a shape. One of an engine or wagon stands on a track, any other on plain
+    /// ground: `vehicle` is the file that names it, "" if only the shape is known.
+    void RenderShape(const std::string &file, const std::string &vehicle = {});
     /// True if the next piece has been read, so that Step will not wait for the disk.
     bool Ready() { return !m_ahead || m_ahead->Ready(); }
     /// Loads the next piece. Returns false when everything is loaded, and does nothing after that.
@@ -76,7 +79,7 @@ public:
     void Close();
 
 private:
-    void setUp();
+    void setUp(korvat::Ground ground);
     void begin(const StfNode &trainCfg, const std::string &installFolder,
                const std::string &source);
     void loadShape();

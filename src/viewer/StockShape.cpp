@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/StockShape.h"
 
+#include "host/GameFiles.h"
 #include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "install/Train.h"
@@ -52,6 +53,16 @@ StockShape ReadStockShapeToShow(host::GameFiles &files, const std::string &stock
     if (!stock.whyNoShape.empty())
         throw RuntimeError(ErrorNumber::ObjectNotSet, stock.whyNoShape);
     return stock;
+}
+
+bool IsStockShape(host::GameFiles &files, const std::string &shapeFile)
+{
+    const std::string_view name = host::path::FileName(shapeFile);
+    if (name.empty())
+        return false;
+    const std::string pattern = std::string(name.substr(0, name.size() - 1)) + "??g";
+    const std::string folder(host::path::FolderWithSeparator(shapeFile));
+    return !files.ListFiles(folder, pattern).empty();
 }
 
 } // namespace viewer

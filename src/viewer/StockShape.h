@@ -27,4 +27,7 @@ StockShape ReadStockShape(host::GameFiles &files, const std::string &stockFile);
 /// Like ReadStockShape, but also throws error 91 if no shape is named.
 StockShape ReadStockShapeToShow(host::GameFiles &files, const std::string &stockFile);
 
+/// Returns whether an engine or wagon file of the same name is beside a shape.
+bool IsStockShape(host::GameFiles &files, const std::string &shapeFile);
+
 } // namespace viewer

@@ -34,7 +34,7 @@ class VehicleScene
 {
 public:
     /// Increase this number when the same files give another picture.
-    static constexpr int kVersion = 1;
+    static constexpr int kVersion = 2;
 
     /// `canvas`, which becomes a studio, must outlive the scene.
     VehicleScene(const install::Environment &environment, korvat::SceneCanvas &canvas);

@@ -43,7 +43,8 @@ void begin(viewer::Stage &stage, Session &session, const RenderRequest &request)
     if (is("s"))
         stage.RenderShape(request.file);
     else if (is("eng") || is("wag"))
-        stage.RenderShape(viewer::ReadStockShapeToShow(session.files, request.file).shapeFile);
+        stage.RenderShape(viewer::ReadStockShapeToShow(session.files, request.file).shapeFile,
+                          request.file);
     else if (is("con"))
         stage.RenderConsist(request.file, OpenInstallation(session).CurrentFolder());
     else if (is("act"))

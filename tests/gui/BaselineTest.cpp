@@ -6,20 +6,25 @@
 // files. If the difference is intended, run this test with ZELK_RENEW_PICTURES=1, which rewrites
 // the pictures. Look at each before you commit it: lettering must read from left to right.
 #include "OffscreenScene.h"
+#include "korvat/TestShape.h"
 #include "samples/Sample.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
+#include <numbers>
 
+using korvat::Ground;
 using viewer::CameraPose;
 
 namespace {
 
 constexpr int kWidth = 160, kHeight = 100;
 constexpr int kClear = 48; ///< of 255: another OpenGL may cause smaller differences
+constexpr int kVisible = 20;
 constexpr double kAllowed = 0.02, kMirrored = 0.04; ///< as shares of the pixels
 
 class BaselineTest : public OffscreenScene
@@ -41,6 +46,16 @@ protected:
         ShapeModel &model = view.Models.Item(1).Model();
         model.SetTexture(0, model.LoadTexture(season + '\\' + model.TextureInfo(0)));
     }
+    void show(const std::string &shapeFile)
+    {
+        view.DestroyModels();
+        Load(shapeFile, 0, 0);
+    }
+    void show(const std::vector<Panel> &panels)
+    {
+        // A new name each time, because the library remembers files in use.
+        show(folder.Write("made-up" + std::to_string(++m_shapes) + ".s", ShapeText(panels)));
+    }
     QImage take(const CameraPose &camera)
     {
         static_cast<CameraPose &>(view) = camera;
@@ -50,6 +65,9 @@ protected:
             .convertToFormat(QImage::Format_RGB16)
             .convertToFormat(QImage::Format_RGB888);
     }
+
+private:
+    int m_shapes = 0;
 };
 
 /// Returns the largest difference of the three colours of a pixel.
@@ -59,15 +77,15 @@ int apart(QRgb a, QRgb b)
                      std::abs(qBlue(a) - qBlue(b))});
 }
 
-/// Returns the share of the pixels that differ clearly, or 1 if the sizes differ.
-double difference(const QImage &a, const QImage &b)
+/// Returns the share of the pixels that differ by more than `least`, or 1 if the sizes differ.
+double difference(const QImage &a, const QImage &b, int least = kClear)
 {
     if (a.size() != b.size())
         return 1;
     int clear = 0;
     for (int y = 0; y < a.height(); ++y)
         for (int x = 0; x < a.width(); ++x)
-            clear += apart(a.pixel(x, y), b.pixel(x, y)) > kClear;
+            clear += apart(a.pixel(x, y), b.pixel(x, y)) > least;
     return static_cast<double>(clear) / (a.width() * a.height());
 }
 
@@ -89,6 +107,64 @@ std::string leave(const std::string &name, const QImage &picture, const QImage &
     const QString different = base + QStringLiteral("-difference.png");
     EXPECT_TRUE(picture.save(painted) && differences.save(different));
     return painted.toStdString() + " and " + different.toStdString();
+}
+
+/// Compares a picture with the stored one of this name, or stores it if pictures are renewed.
+/// Returns the stored picture.
+QImage compare(const std::string &name, const QImage &picture)
+{
+    const QString file = QStringLiteral(ZELK_PICTURES "/%1.png").arg(QString::fromStdString(name));
+    if (std::getenv("ZELK_RENEW_PICTURES")) {
+        EXPECT_TRUE(picture.save(file)) << file.toStdString();
+        return picture;
+    }
+    const QImage wanted(file);
+    const double share = difference(picture, wanted);
+    if (share > kAllowed)
+        ADD_FAILURE() << 100 * share << " % of the picture differ from " << file.toStdString()
+                      << ", see " << leave(name, picture, wanted);
+    return wanted;
+}
+
+/// Expects that something is visible in a picture that is not in the other.
+void expectOther(const QImage &with, const QImage &without)
+{
+    EXPECT_GT(difference(with, without, kVisible), kAllowed);
+}
+
+/// Returns a boiler: sixteen flat panels around an axis along Z.
+std::vector<Panel> boiler(int lightMaterial)
+{
+    std::vector<Panel> panels;
+    constexpr int sides = 16;
+    const auto at = [](int side, float z) {
+        const float angle = 2 * std::numbers::pi_v<float> * static_cast<float>(side) / sides;
+        return korvat::Vec3{1.4F * std::sin(angle), 2.2F + 1.4F * std::cos(angle), z};
+    };
+    for (int i = 0; i < sides; ++i) {
+        panels.push_back({{at(i, -5), at(i, 5), at(i + 1, 5), at(i + 1, -5)}});
+        panels.back().shader = "TexDiff";
+        panels.back().image = "paint.dds";
+        panels.back().lightMaterial = lightMaterial;
+    }
+    return panels;
+}
+
+/// Returns a bush: two crossed panels that are seen from both sides, with normals to the sides.
+std::vector<Panel> bush(int lightMaterial)
+{
+    std::vector<Panel> panels;
+    for (const float facing : {1.0F, -1.0F}) {
+        panels.push_back(SidePanel(0, facing, {0, 1.5F, 0}, 3, 3));
+        panels.push_back(EndPanel(0, facing, {0, 1.5F, 0}, 3, 3));
+    }
+    for (Panel &panel : panels) {
+        panel.shader = "BlendATexDiff";
+        panel.image = "leaves.dds";
+        panel.alphaTest = 1;
+        panel.lightMaterial = lightMaterial;
+    }
+    return panels;
 }
 
 constexpr const char *kStock = "s/TRAINS/TRAINSET/", *kCottage = "ROUTES/TARNWICK/SHAPES/cottage.s";
@@ -122,28 +198,70 @@ TEST_F(BaselineTest, ModelsMatchTheStoredPictures)
         {"cottage-snow", kCottage, 0, 0, 1, "Snow", garden},
         {"cottage-night", kCottage, 0, 0, 1, "Night", garden},
     };
-    const bool renews = std::getenv("ZELK_RENEW_PICTURES") != nullptr;
     for (const auto &row : rows) {
         SCOPED_TRACE(row.name);
         view.DestroyModels();
+        canvas->SetGround(row.shape == kCottage ? Ground::Plain : Ground::Track);
         for (int i = 0; i < row.count; ++i)
             Load(folder.At((row.shape == kCottage ? "s/" : kStock) + std::string(row.shape)),
                  row.z - 11.5F * static_cast<float>(i), row.degrees);
         if (*row.season)
             dress(row.season);
         const QImage picture = take(row.camera);
-        const QString file = QStringLiteral(ZELK_PICTURES "/%1.png").arg(QLatin1String(row.name));
-        if (renews) {
-            ASSERT_TRUE(picture.save(file)) << file.toStdString();
-            continue;
-        }
-        const QImage wanted(file);
-        const double share = difference(picture, wanted);
-        if (share > kAllowed)
-            ADD_FAILURE() << 100 * share << " % of the picture differ from " << file.toStdString()
-                          << ", see " << leave(row.name, picture, wanted);
+        const QImage wanted = compare(row.name, picture);
         EXPECT_GT(difference(picture.mirrored(true, false), wanted), kMirrored)
             << "this picture would not show a mirrored model";
+    }
+    EXPECT_EQ(dialogs.Log(), "");
+}
+
+TEST_F(BaselineTest, ShadowsAndGroundMatchTheStoredPictures)
+{
+    show(folder.At(kStock + std::string("Ardmoor Valley/avr_d401.s")));
+    const CameraPose shadowSide{-9, 4, 13, 0, 1.5F, 2}, below{6, -2.5F, 9, 0, 1, 0};
+    const QImage shadows = compare("shadows", take(shadowSide));
+    {
+        const support::ScopedVariable off("ZELK_SHADOWS", "off");
+        expectOther(shadows, take(shadowSide));
+    }
+    const QImage fromBelow = compare("from-below", take(below));
+    canvas->Device()->SetSurroundings(nullptr, -1000);
+    canvas->Device()->Begin();
+    view.Models.Item(1).Model().Render(1, -1);
+    canvas->Device()->End();
+    expectOther(fromBelow, canvas->Picture());
+
+    const CameraPose corner{20, 7, 22, 0, 4, 0};
+    show(folder.At("s/ROUTES/TARNWICK/SHAPES/chapel.s"));
+    const QImage track = take(corner);
+    canvas->SetGround(Ground::Plain);
+    expectOther(compare("plain-ground", take(corner)), track);
+    EXPECT_EQ(dialogs.Log(), "");
+}
+
+TEST_F(BaselineTest, MaterialsMatchTheStoredPictures)
+{
+    folder.Write("paint.dds", PictureFile({30, 70, 45, 255}));
+    folder.Write("leaves.dds", PictureFile(32, 32, [](unsigned x, unsigned y) {
+                     const bool leaf = (x / 4 * 7 + y / 4 * 13 + x / 4 * y / 4) % 5 < 3;
+                     return Pixel{70, 110, 40, static_cast<std::uint8_t>(leaf ? 255 : 0)};
+                 }));
+    const struct
+    {
+        const char *name;
+        std::vector<Panel> (*panels)(int lightMaterial);
+        int lightMaterial;
+        CameraPose camera;
+    } rows[] = {{"shiny", boiler, -6, {6, 4.3F, -4, 0, 2.2F, 0}},
+                {"very-shiny", boiler, -7, {6, 4.3F, -4, 0, 2.2F, 0}},
+                {"plant", bush, -9, {-4, 2.5F, -5, 0, 1.3F, 0}}};
+    canvas->SetGround(Ground::Plain);
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.name);
+        show(row.panels(row.lightMaterial));
+        const QImage picture = compare(row.name, take(row.camera));
+        show(row.panels(-5));
+        expectOther(picture, take(row.camera));
     }
     EXPECT_EQ(dialogs.Log(), "");
 }

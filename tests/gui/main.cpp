@@ -29,6 +29,7 @@ int main(int argc, char **argv)
     testing::InitGoogleTest(&argc, argv);
     if (GTEST_FLAG_GET(list_tests))
         return RUN_ALL_TESTS();
+    qputenv("ZELK_SHADOWS", "on"); // whatever the speed of the machine
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QLocale::setDefault(QLocale::c()); // metric units, on every machine
     QApplication application(argc, argv);

@@ -12,7 +12,9 @@ namespace {
 
 /// A device that records its calls: "+m1" for the first mesh uploaded, "-t2" for the second texture
 /// released. A draw call is a mark, its first index, "/" and its texture. The marks are "!" for
-/// alpha-tested, "#" for the solid part of a blended surface, "~" for blended, "^" for added.
+/// alpha-tested, "#" for the solid part of a blended surface, "~" for blended, "^" for added, "_"
+/// for the ground. "(" and a number begin a shadow map; in it, a call is its first index, ":" and
+/// its number of indices.
 class RecordingDevice : public Device
 {
 public:
@@ -28,7 +30,22 @@ public:
     }
     void ReleaseMesh(unsigned mesh) override { log += "-m" + std::to_string(mesh) + ' '; }
     void ReleaseTexture(unsigned texture) override { log += "-t" + std::to_string(texture) + ' '; }
-    void BeginFrame(const FrameSetup &) override { log += "[ "; }
+    void BeginShadow(const ShadowMap &, std::size_t number) override
+    {
+        log += '(' + std::to_string(number) + ' ';
+    }
+    void DrawShadow(const ShadowCall &call) override
+    {
+        EXPECT_EQ(call.alphaLimit > 0, call.texture != 0);
+        log += std::to_string(call.firstIndex) + ':' + std::to_string(call.indexCount) +
+               (call.texture ? "/" + std::to_string(call.texture) : "") + ' ';
+    }
+    void BeginFrame(const FrameSetup &setup) override
+    {
+        log += "[ ";
+        clouds = setup.clouds;
+        shadows = setup.hasShadows;
+    }
     void Draw(const DrawCall &call) override
     {
         const bool solid = call.mixing == Mixing::Replace;
@@ -36,6 +53,7 @@ public:
                            : call.mixing == Mixing::Alpha ? "~"
                            : call.alphaLimit > 0.9f       ? "#"
                            : call.alphaLimit > 0          ? "!"
+                           : call.isGround                ? "_"
                                                           : "";
         EXPECT_EQ(call.writesDepth, solid);
         EXPECT_EQ(call.opaque, solid && call.alphaLimit == 0);
@@ -46,6 +64,8 @@ public:
 
     std::string TakeLog() { return std::exchange(log, {}); }
     std::string log;
+    unsigned clouds = 0; ///< of the last frame
+    bool shadows = false;
 
 private:
     unsigned m_given = 0;
@@ -184,4 +204,49 @@ TEST_F(RendererTest, NeitherUploadsNorDrawsWhatTheCameraCannotSee)
     renderer.SetHaze(50, 600);
     EXPECT_EQ(renderer.Setup(0, 0).width, 1) << "also while the window has no size";
     EXPECT_EQ(renderer.Setup(1, 1).hazeFar, 600);
+}
+
+TEST_F(RendererTest, ShadowsAreDrawnBeforeTheFrameAndOnlyIfWanted)
+{
+    Surface fence, glass, light;
+    fence.alphaTest = true;
+    glass.blending = kAlpha;
+    light.blending = kAdd;
+    const auto model =
+        modelOf({Surface{}, Surface{}, fence, Surface{}, glass, light, Surface{}, Surface{}});
+    const TexturePtr picture = pictureOf(8);
+    frameOf(model, picture);
+    const std::string frame = "[ 0/2 3/2 9/2 18/2 21/2 !6/2 #12/2 ~12/2 ^15/2 ]";
+    paint();
+    EXPECT_EQ(paint(), frame);
+    EXPECT_FALSE(device.shadows);
+    renderer.SetShadows(true);
+    const std::string casts = "0:6 6:3/2 9:3 12:3/2 18:6 ";
+    const std::string shaded = paint();
+    EXPECT_TRUE(device.shadows);
+    EXPECT_EQ(shaded.substr(shaded.find('[')), frame);
+    EXPECT_NE(shaded.find("(0 "), std::string::npos);
+    EXPECT_NE(shaded.find(casts), std::string::npos) << shaded;
+    EXPECT_EQ(shaded.find('+'), std::string::npos) << "nothing is uploaded for shadows";
+    renderer.SetShadows(false);
+    EXPECT_EQ(paint(), frame);
+}
+
+TEST_F(RendererTest, SceneryCastsNoShadows)
+{
+    const TexturePtr picture = pictureOf(0), clouds = pictureOf(8);
+    renderer.SetShadows(true);
+    renderer.SetSurroundings(clouds, -1);
+    renderer.Begin();
+    for (const auto role : {Renderer::Role::Ground, Renderer::Role::Scenery})
+        renderer.Add(modelOf({Surface{}}), Identity(), std::vector{picture}, role);
+    renderer.End();
+    EXPECT_EQ(paint(), "+t1 (0 (1 (2 [ +m2 +t3 +m4 _0/3 0/3 ]");
+    EXPECT_EQ(device.clouds, 1u);
+    const FrameSetup above = renderer.Setup(1, 1);
+    EXPECT_EQ(above.nadir, above.horizon) << "the ground vanishes in the haze";
+    renderer.SetCamera({10, -2, 0}, {0, 0, 0});
+    paint();
+    EXPECT_EQ(device.clouds, 0u) << "there is no sky below the ground";
+    EXPECT_GT(renderer.Setup(1, 1).horizon.r, renderer.Setup(1, 1).horizon.b);
 }

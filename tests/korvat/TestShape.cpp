@@ -32,7 +32,7 @@ void appendNumber(std::string &bytes, std::uint32_t value)
 /// Returns the blocks that have one entry for each panel.
 struct Lists
 {
-    std::string shaders, points, normals, images, textures, states, vertices, primitives;
+    std::string shaders, points, normals, images, textures, looks, states, vertices, primitives;
 
     void Add(const Panel &panel, std::size_t place)
     {
@@ -40,8 +40,9 @@ struct Lists
         shaders += "named_shader ( " + panel.shader + " ) ";
         images += "image ( " + panel.image + " ) ";
         textures += "texture ( " + at + " 0 0 ff000000 ) ";
-        states += "prim_state P" + at + " ( 00000000 " + at + " tex_idxs ( 1 " + at + " ) 0 0 " +
-                  std::to_string(panel.alphaTest) + " 0 1 ) ";
+        looks += "vtx_state ( 00000000 0 " + std::to_string(panel.lightMaterial) + " 0 00000002 ) ";
+        states += "prim_state P" + at + " ( 00000000 " + at + " tex_idxs ( 1 " + at + " ) 0 " + at +
+                  ' ' + std::to_string(panel.alphaTest) + " 0 1 ) ";
         const auto &c = panel.corners;
         normals +=
             vectorText("vector", korvat::Normalised(korvat::Cross(c[1] - c[0], c[2] - c[0])));
@@ -97,8 +98,7 @@ std::string ShapeText(const std::vector<Panel> &panels, const std::string &filte
            list("light_materials", 0, "") +
            list("light_model_cfgs", 1,
                 "light_model_cfg ( 00000000 uv_ops ( 1 uv_op_copy ( 1 0 ) ) ) ") +
-           list("vtx_states", 1, "vtx_state ( 00000000 0 -5 0 00000002 ) ") +
-           list("prim_states", count, lists.states) +
+           list("vtx_states", count, lists.looks) + list("prim_states", count, lists.states) +
            "lod_controls ( 1 lod_control ( distance_levels_header ( 0 ) distance_levels ( 1\n"
            "distance_level ( distance_level_header ( dlevel_selection ( 2000 ) hierarchy ( 1 -1 ) "
            ")\n"

@@ -17,6 +17,7 @@ struct Panel
     std::string image = "side.dds";
     std::string shader = "Tex"; ///< unlit: the screen shows the colours of the texture
     int alphaTest = 0;
+    int lightMaterial = -5; ///< neither shiny nor anything else
 };
 
 /// Returns a rectangle of this width and height that faces along X (`facing` 1 or -1) or along Z.

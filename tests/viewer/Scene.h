@@ -41,12 +41,14 @@ public:
     void EndFrame() override { log += "end "; }
     void SetRangeNear(long metres) override { log += "near" + std::to_string(metres) + ' '; }
     void SetRangeFar(long metres) override { log += "far" + std::to_string(metres) + ' '; }
+    void SetGround(korvat::Ground scenes) override { ground = scenes; }
     void ProcessEvents() override { log += "yield "; }
 
     std::string TakeLog() { return std::exchange(log, {}); }
 
     korvat::Renderer renderer;
     std::array<float, 6> camera{};
+    korvat::Ground ground = korvat::Ground::Track;
     std::string log;
     bool ready = true;
 };

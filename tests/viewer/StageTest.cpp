@@ -331,3 +331,24 @@ TEST(NumbersTest, ReadsTheNumberAtTheBeginningOfTheText)
     EXPECT_EQ(viewer::Rounded16(32767.4f, ""), 32767);
     EXPECT_THROW(viewer::Rounded16(32767.6f, ""), host::RuntimeError);
 }
+
+TEST_F(StageTest, OnlyVehiclesStandOnATrack)
+{
+    const auto groundOf = [this](const std::string &shape, const std::string &vehicle) {
+        stage.RenderShape(shape, vehicle);
+        while (stage.Step())
+            continue;
+        return canvas.ground == korvat::Ground::Plain ? "plain" : "track";
+    };
+    const std::string hut = game.Write("Routes/R/Shapes/hut.s", "");
+    game.Write("Routes/R/Shapes/hut.sd", "");
+    game.Write("Routes/R/Shapes/hut2.eng", "");
+    const std::string wagon = game.Write("Trains/Trainset/Cars/own.s", "");
+    game.Write("Trains/Trainset/Cars/OWN.WAG", "");
+    EXPECT_STREQ(groundOf(hut, ""), "plain");
+    EXPECT_STREQ(groundOf(wagon, ""), "track") << "a vehicle of its name is beside it";
+    EXPECT_STREQ(groundOf(hut, game.At("Routes/R/Shapes/hut2.eng")), "track");
+    EXPECT_STREQ(groundOf(hut, ""), "plain");
+    stage.RenderLooseConsist(train({"Box10"}), game.Path(), "");
+    EXPECT_EQ(canvas.ground, korvat::Ground::Track);
+}

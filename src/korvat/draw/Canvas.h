@@ -5,6 +5,13 @@ namespace korvat {
 
 class Renderer;
 
+/// What a scene stands on.
+enum class Ground
+{
+    Track, ///< rails with their top at Y = 0, on grass below
+    Plain  ///< grass at Y = 0
+};
+
 /// The surface that a scene is drawn on.
 class Canvas
 {
@@ -29,6 +36,8 @@ public:
     /// Set the distances from the camera, in metres, at which the haze begins and becomes opaque.
     virtual void SetRangeNear(long metres) = 0;
     virtual void SetRangeFar(long metres) = 0;
+    /// Sets what the scene stands on; a track at first.
+    virtual void SetGround(Ground ground) = 0;
     /// Lets the window process its pending events.
     virtual void ProcessEvents() = 0;
 };

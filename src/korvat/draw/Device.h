@@ -4,7 +4,22 @@
 #include "korvat/model/Model.h"
 #include "korvat/model/Transform.h"
 
+#include <array>
+#include <cstddef>
+
 namespace korvat {
+
+/// A shadow map: the distance from the sun of the nearest surface, for what the camera sees between
+/// the end of the previous map and its own end.
+struct ShadowMap
+{
+    Transform toMap; ///< from the world to the map; X, Y and Z run from -1 to 1 inside it
+    float end = 0;   ///< metres in front of the camera
+    float texel = 0; ///< metres that a pixel covers
+};
+
+constexpr std::size_t kShadowMaps = 3;
+constexpr int kShadowSide = 2048; ///< pixels, of each map
 
 /// The settings of a whole frame.
 struct FrameSetup
@@ -12,10 +27,13 @@ struct FrameSetup
     int width = 0, height = 0; ///< of the frame, in pixels
     Transform view, projection;
     Vec3 eye;
-    Vec3 toSun{0.5f, 0.75f, -0.43f}; ///< of length 1
-    Tint sun, ambient, ambientBelow; ///< light from the sun, and from the sky above and below
-    Tint zenith, horizon;            ///< colours of the sky; the haze has the horizon's
+    Vec3 toSun{0, 1, 0};             ///< of length 1
+    Tint sun, ambient, ambientBelow; ///< light from the sun, the sky, and the ground
+    Tint zenith, horizon, nadir;     ///< colours of the sky; the haze has the horizon's
     float hazeNear = 0, hazeFar = 0; ///< metres at which the haze begins and becomes opaque
+    unsigned clouds = 0;             ///< texture of the clouds, 0 for none
+    bool hasShadows = false;         ///< whether there are shadow maps
+    std::array<ShadowMap, kShadowMaps> shadows; ///< from near to far
 };
 
 /// How pixels are combined with the frame.
@@ -43,13 +61,29 @@ struct DrawCall
     Mixing mixing = Mixing::Replace;
     bool writesDepth = true;
     bool opaque = false; ///< ignore the texture's alpha and use 1
+    /// Give way to surfaces at the same depth, and fade towards the horizon. A lit texture is
+    /// repeated without a visible pattern, wherever the mesh places it.
+    bool isGround = false;
 
     friend bool operator==(const DrawCall &, const DrawCall &) = default;
 };
 
+/// One run of triangles in a shadow map. Both of their sides cast shadows.
+struct ShadowCall
+{
+    unsigned mesh = 0;
+    unsigned texture = 0; ///< 0 for a solid surface
+    std::uint32_t firstIndex = 0, indexCount = 0;
+    Transform world;
+    AddressMode addressing = AddressMode::Wrap;
+    float alphaLimit = 0; ///< pixels with a lower alpha cast no shadow
+};
+
 /// A graphics device, or its substitute in tests. It keeps copies of meshes and textures, which it
 /// identifies by numbers other than 0, and draws them without back faces and with a depth test.
-/// Call all functions between BeginFrame and EndFrame.
+///
+/// A frame consists of its shadow maps, if it has any, then BeginFrame, the calls of Draw, and
+/// EndFrame. Meshes and textures can be uploaded and released at any time in between.
 class Device
 {
 public:
@@ -60,7 +94,10 @@ public:
     virtual void ReleaseMesh(unsigned mesh) = 0;
     virtual void ReleaseTexture(unsigned texture) = 0;
 
-    /// Clears the frame and paints the sky.
+    /// Begins a shadow map of the coming frame; DrawShadow draws into it.
+    virtual void BeginShadow(const ShadowMap &map, std::size_t number) = 0;
+    virtual void DrawShadow(const ShadowCall &call) = 0;
+    /// Ends the shadow maps, clears the frame and paints the sky.
     virtual void BeginFrame(const FrameSetup &setup) = 0;
     virtual void Draw(const DrawCall &call) = 0;
     virtual void EndFrame() = 0;

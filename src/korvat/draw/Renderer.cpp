@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "korvat/draw/Renderer.h"
 
+#include "korvat/draw/ShadowFit.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -11,6 +13,7 @@ namespace {
 
 // Of 255; chosen for real textures: lower limits make distant fences solid.
 constexpr float kTestLimit = 200 / 255.0f, kSolidLimit = 250 / 255.0f, kVisibleLimit = 10 / 255.0f;
+constexpr float kCastingLimit = 0.5f;
 
 /// Multiple of the haze's far limit at which drawing ends: farther out, only the sky shows.
 constexpr float kBeyondHaze = 1.5f;
@@ -30,6 +33,13 @@ bool isTested(const Surface &surface, const Texture *picture)
     return surface.alphaTest && picture && picture->alphaBits != 0;
 }
 
+/// Returns the texture of a part, null for none.
+TexturePtr pictureOf(const Part &part, const Renderer::Placed &placed)
+{
+    const auto slot = static_cast<std::size_t>(part.slot);
+    return part.slot >= 0 && slot < placed.pictures.size() ? placed.pictures[slot] : nullptr;
+}
+
 float scaleOf(const Transform &world)
 {
     float largest = 0;
@@ -43,6 +53,14 @@ Sphere moved(const Sphere &sphere, const Transform &world)
     return {TransformPoint(sphere.centre, world), sphere.radius * scaleOf(world)};
 }
 
+/// Sets the colours of the sky. Below the ground it looks like soil, with some light from above.
+void setSky(FrameSetup &setup, bool below)
+{
+    setup.zenith = below ? Tint{0.58f, 0.54f, 0.47f, 1} : Tint{0.23f, 0.44f, 0.74f, 1};
+    setup.horizon = below ? Tint{0.50f, 0.46f, 0.40f, 1} : Tint{0.78f, 0.85f, 0.90f, 1};
+    setup.nadir = below ? Tint{0.30f, 0.26f, 0.22f, 1} : setup.horizon;
+}
+
 } // namespace
 
 void Renderer::Begin()
@@ -51,10 +69,10 @@ void Renderer::Begin()
 }
 
 void Renderer::Add(std::shared_ptr<const Model> model, const Transform &world,
-                   std::span<const TexturePtr> pictures)
+                   std::span<const TexturePtr> pictures, Role role)
 {
     if (model && !model->mesh.indices.empty())
-        m_coming.push_back({std::move(model), world, {pictures.begin(), pictures.end()}});
+        m_coming.push_back({std::move(model), world, {pictures.begin(), pictures.end()}, role});
 }
 
 void Renderer::End()
@@ -92,22 +110,33 @@ FrameSetup Renderer::Setup(int width, int height) const
     const float beyond = std::max(m_hazeFar * kBeyondHaze, 100.0f);
     setup.projection =
         Perspective(m_verticalDegrees * std::numbers::pi_v<float> / 180, aspect, kNearest, beyond);
-    setup.toSun = Normalised({0.62f, 0.70f, -0.36f});
-    setup.sun = {0.78f, 0.75f, 0.68f};
-    setup.ambient = {0.50f, 0.54f, 0.60f};
-    setup.ambientBelow = {0.34f, 0.33f, 0.29f};
-    setup.zenith = {0.25f, 0.46f, 0.74f};
-    setup.horizon = {0.78f, 0.85f, 0.90f};
+    // From the right of the track and ahead of the train, so that its side and its front are
+    // bright.
+    setup.toSun = Normalised({0.48f, 0.76f, 0.62f});
+    setup.sun = {0.66f, 0.62f, 0.54f};
+    setup.ambient = {0.66f, 0.70f, 0.77f};
+    setup.ambientBelow = {0.51f, 0.49f, 0.44f};
+    setSky(setup, m_eye.y < m_ground);
     setup.hazeNear = m_hazeNear;
     setup.hazeFar = m_hazeFar;
     if (m_background)
-        setup.zenith = setup.horizon = *m_background;
+        setup.zenith = setup.horizon = setup.nadir = *m_background;
     return setup;
+}
+
+void Renderer::SetSurroundings(TexturePtr clouds, float ground)
+{
+    m_clouds = std::move(clouds);
+    m_ground = ground;
 }
 
 void Renderer::Paint(Device &device, int width, int height)
 {
-    const FrameSetup setup = Setup(width, height);
+    FrameSetup setup = Setup(width, height);
+    if (m_clouds && m_eye.y >= m_ground)
+        setup.clouds = numberOf(device, m_clouds);
+    if (m_shadows)
+        paintShadows(device, setup);
     const Frustum frustum(setup.view * setup.projection);
     device.BeginFrame(setup);
     releaseUnused(device);
@@ -121,15 +150,69 @@ void Renderer::Paint(Device &device, int width, int height)
     device.EndFrame();
 }
 
+void Renderer::paintShadows(Device &device, FrameSetup &setup)
+{
+    std::vector<const Placed *> objects;
+    std::vector<Caster> casters;
+    for (const Placed &placed : m_frame) {
+        if (placed.role != Role::Object)
+            continue;
+        objects.push_back(&placed);
+        casters.push_back(
+            {placed.model->box, moved(placed.model->bounds, placed.world), placed.world});
+    }
+    const ShadowFit fit = FitShadows(setup, casters);
+    setup.hasShadows = true;
+    setup.shadows = fit.maps;
+    std::vector<std::vector<ShadowCall>> calls(objects.size());
+    for (std::size_t number = 0; number < kShadowMaps; ++number) {
+        device.BeginShadow(fit.maps[number], number);
+        for (const std::size_t i : fit.casters[number]) {
+            if (calls[i].empty())
+                calls[i] = shadowsOf(device, *objects[i]);
+            for (const ShadowCall &call : calls[i])
+                device.DrawShadow(call);
+        }
+    }
+}
+
+/// Returns what a model draws into a shadow map. Adjoining solid parts become one call; glass and
+/// what shines cast no shadow.
+std::vector<ShadowCall> Renderer::shadowsOf(Device &device, const Placed &placed)
+{
+    std::vector<ShadowCall> calls;
+    ShadowCall call;
+    call.mesh = numberOf(device, placed.model);
+    call.world = placed.world;
+    for (const Part &part : placed.model->parts) {
+        const TexturePtr picture = pictureOf(part, placed);
+        const Mixing mixing = mixingOf(part.surface, picture.get());
+        if (mixing == Mixing::Add)
+            continue;
+        const bool holed = mixing == Mixing::Alpha || isTested(part.surface, picture.get());
+        ShadowCall *last = calls.empty() || holed ? nullptr : &calls.back();
+        if (last && last->texture == 0 && last->firstIndex + last->indexCount == part.firstIndex) {
+            last->indexCount += part.indexCount;
+            continue;
+        }
+        call.firstIndex = part.firstIndex;
+        call.indexCount = part.indexCount;
+        call.texture = holed ? numberOf(device, picture) : 0;
+        call.addressing = part.surface.addressing;
+        call.alphaLimit = holed ? kCastingLimit : 0;
+        calls.push_back(call);
+    }
+    return calls;
+}
+
 void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
 {
     DrawCall call;
     call.mesh = numberOf(device, placed.model);
     call.world = placed.world;
+    call.isGround = placed.role == Role::Ground;
     for (const Part &part : placed.model->parts) {
-        const auto slot = static_cast<std::size_t>(part.slot);
-        const bool textured = part.slot >= 0 && slot < placed.pictures.size();
-        const TexturePtr picture = textured ? placed.pictures[slot] : nullptr;
+        const TexturePtr picture = pictureOf(part, placed);
         const bool tested = isTested(part.surface, picture.get());
         call.texture = picture ? numberOf(device, picture) : 0;
         call.firstIndex = part.firstIndex;

@@ -4,6 +4,7 @@
 #include "korvat/draw/Device.h"
 #include "korvat/model/ModelSource.h"
 
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -21,12 +22,20 @@ namespace korvat {
 class Renderer
 {
 public:
+    enum class Role : std::uint8_t
+    {
+        Object,  ///< casts shadows
+        Scenery, ///< casts none
+        Ground   ///< casts none, and gives way to surfaces at the same height
+    };
+
     /// A model in a frame.
     struct Placed
     {
         std::shared_ptr<const Model> model;
         Transform world;
         std::vector<TexturePtr> pictures;
+        Role role = Role::Object;
     };
 
     /// Begins a new frame. Until End, Paint shows the previous one.
@@ -34,7 +43,7 @@ public:
     /// Adds a model. `pictures` are the textures of its slots; an empty or absent one draws without
     /// a texture.
     void Add(std::shared_ptr<const Model> model, const Transform &world,
-             std::span<const TexturePtr> pictures);
+             std::span<const TexturePtr> pictures, Role role = Role::Object);
     /// Returns the models added to the frame so far.
     const std::vector<Placed> &Coming() const { return m_coming; }
     void End();
@@ -48,6 +57,10 @@ public:
     void SetBackground(const Tint &colour) { m_background = colour; }
     /// Sets the vertical field of view; kVerticalDegrees at first.
     void SetLens(float verticalDegrees) { m_verticalDegrees = verticalDegrees; }
+    /// Sets whether objects cast shadows; false at first.
+    void SetShadows(bool shadows) { m_shadows = shadows; }
+    /// Sets the clouds, null for none, and the height of the ground, below which there is no sky.
+    void SetSurroundings(TexturePtr clouds, float ground);
 
     /// Paints the last complete frame. Requires the same device in every call, until Forget.
     void Paint(Device &device, int width, int height);
@@ -83,6 +96,8 @@ private:
     unsigned numberOf(Device &device, const std::shared_ptr<const Model> &model);
     unsigned numberOf(Device &device, const TexturePtr &picture);
     void collect(Device &device, const Placed &placed, Calls &calls);
+    void paintShadows(Device &device, FrameSetup &setup);
+    std::vector<ShadowCall> shadowsOf(Device &device, const Placed &placed);
     static void drawSolid(Device &device, std::vector<DrawCall> &calls);
     static void drawBlended(Device &device, std::vector<Blended> &calls);
 
@@ -93,6 +108,9 @@ private:
     float m_hazeNear = 50, m_hazeFar = 600;
     float m_verticalDegrees = kVerticalDegrees;
     std::optional<Tint> m_background; ///< empty for the sky
+    TexturePtr m_clouds;
+    float m_ground = -std::numeric_limits<float>::max();
+    bool m_shadows = false;
 };
 
 } // namespace korvat

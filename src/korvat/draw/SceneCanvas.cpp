@@ -25,13 +25,14 @@ bool SceneCanvas::BeginFrame()
         return false;
     m_renderer.Begin();
     if (!m_isStudio)
-        Scenery::AddTo(m_renderer, m_eye);
+        Scenery::AddTo(m_renderer, m_eye, m_ground);
     return true;
 }
 
 void SceneCanvas::EndFrame()
 {
-    Scenery::AddShades(m_renderer);
+    if (m_ground == Ground::Track)
+        Scenery::AddShades(m_renderer);
     m_renderer.End();
     frameReady();
 }

@@ -6,8 +6,8 @@
 
 namespace korvat {
 
-/// The common part of all canvases: a renderer that keeps the last frame, and ground and track in
-/// every scene unless it is a studio. Subclasses show the frame.
+/// The common part of all canvases: a renderer that keeps the last frame, and sky, ground and track
+/// in every scene unless it is a studio. Subclasses show the frame.
 class SceneCanvas : public Canvas
 {
 public:
@@ -24,6 +24,7 @@ public:
     void EndFrame() override;
     void SetRangeNear(long metres) override;
     void SetRangeFar(long metres) override;
+    void SetGround(Ground ground) override { m_ground = ground; }
     /// Does nothing: scenes on these canvases are drawn from the event loop, which runs between
     /// steps.
     void ProcessEvents() override {}
@@ -38,6 +39,7 @@ protected:
 private:
     Renderer m_renderer;
     Vec3 m_eye;
+    Ground m_ground = Ground::Track;
     bool m_started = false, m_rendering = false, m_usable = true, m_isStudio = false;
     float m_hazeNear = 50, m_hazeFar = 600;
 };

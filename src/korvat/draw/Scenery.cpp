@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "korvat/draw/Scenery.h"
 
+#include "korvat/draw/Noise.h"
 #include "korvat/draw/Renderer.h"
+#include "korvat/draw/Sky.h"
 
 #include <algorithm>
 #include <array>
@@ -11,36 +13,14 @@ namespace korvat {
 namespace {
 
 constexpr float kReach = 1200;     ///< half the length of the ground and track, metres
-constexpr float kGrassTile = 12;   ///< metres of ground per repetition of the texture
 constexpr float kTrackTile = 2.4f; ///< metres of track per repetition of the texture: four sleepers
 constexpr float kGroundHeight = -0.72f, kSleeperTop = -0.17f, kShoulder = 1.75f, kFoot = 3.0f;
 constexpr float kWidestVehicle = 4.5f, kLowFloor = 1.5f, kShadeMargin = 1.4f;
 constexpr float kShadeHeight = kSleeperTop + 0.015f;
+constexpr unsigned kGrassSide = 256, kTrackSide = 512, kBallastSide = 256,
+                   kSoilSide = 128; ///< pixels
+constexpr float kSoilTile = 7;      ///< metres
 constexpr float kRailInside = 0.7175f, kRailWidth = 0.07f;
-
-/// Returns noise of 0 to 1 for a position, the same on every machine.
-float noiseAt(unsigned x, unsigned y, unsigned seed)
-{
-    unsigned h = x * 374761393u + y * 668265263u + seed * 2246822519u;
-    h = (h ^ (h >> 13)) * 1274126177u;
-    return static_cast<float>((h ^ (h >> 16)) & 0xFFFF) / 65535.0f;
-}
-
-/// Returns noise without hard edges, in cells of `cell` pixels, that repeats after `side` pixels.
-float smoothNoise(unsigned x, unsigned y, unsigned cell, unsigned side, unsigned seed)
-{
-    const unsigned cells = side / cell;
-    const auto corner = [&](unsigned dx, unsigned dy) {
-        return noiseAt((x / cell + dx) % cells, (y / cell + dy) % cells, seed);
-    };
-    const auto ease = [cell](unsigned at) {
-        const float t = static_cast<float>(at % cell) / static_cast<float>(cell);
-        return t * t * (3 - 2 * t);
-    };
-    const float tx = ease(x), ty = ease(y);
-    return std::lerp(std::lerp(corner(0, 0), corner(1, 0), tx),
-                     std::lerp(corner(0, 1), corner(1, 1), tx), ty);
-}
 
 Tint scaled(const Tint &colour, float factor)
 {
@@ -52,48 +32,53 @@ Tint mixed(const Tint &a, const Tint &b, float t)
     return {std::lerp(a.r, b.r, t), std::lerp(a.g, b.g, t), std::lerp(a.b, b.b, t), 1};
 }
 
-Tint grassAt(unsigned x, unsigned y, unsigned side)
+Tint ballastAt(unsigned x, unsigned y)
 {
-    const float patches = smoothNoise(x, y, side / 8, side, 1);
-    const float tufts = smoothNoise(x, y, 4, side, 2);
-    const Tint meadow = mixed({0.36f, 0.44f, 0.22f}, {0.45f, 0.49f, 0.27f}, patches);
-    return scaled(meadow, 0.82f + 0.22f * tufts + 0.12f * noiseAt(x, y, 3));
-}
-
-Tint ballastAt(unsigned x, unsigned y, unsigned)
-{
-    const float stones = noiseAt(x / 2, y / 2, 4) * 0.45f + noiseAt(x, y, 5) * 0.25f;
+    const float stones = NoiseAt(x / 2, y / 2, 4) * 0.45f + NoiseAt(x, y, 5) * 0.25f;
     return scaled({0.55f, 0.52f, 0.48f}, 0.62f + stones * 0.75f);
 }
 
 /// x runs across the track, y along it.
-Tint trackAt(unsigned x, unsigned y, unsigned side)
+Tint trackAt(unsigned x, unsigned y, const SmoothNoise &wood)
 {
-    const float across = (static_cast<float>(x) / static_cast<float>(side) - 0.5f) * 2 * kShoulder;
-    const float along = std::fmod(static_cast<float>(y) / static_cast<float>(side) * 4, 1.0f);
+    const float across = (static_cast<float>(x) / kTrackSide - 0.5f) * 2 * kShoulder;
+    const float along = std::fmod(static_cast<float>(y) / kTrackSide * 4, 1.0f);
     if (std::abs(across) < 1.3f && along > 0.28f && along < 0.70f) {
-        const float grain = smoothNoise(x, y, 16, side, 6) * 0.12f + noiseAt(x / 8, y, 7) * 0.10f;
+        const float grain = wood.At(x, y) * 0.12f + NoiseAt(x / 8, y, 7) * 0.10f;
         return scaled({0.34f, 0.29f, 0.25f}, 0.88f + grain);
     }
     const float rust = std::max(0.0f, 1 - std::abs(std::abs(across) - 0.75f) * 3) * 0.25f;
-    return mixed(ballastAt(x, y, side), {0.33f, 0.25f, 0.19f}, rust);
+    return mixed(ballastAt(x, y), {0.33f, 0.25f, 0.19f}, rust);
 }
 
-template <typename ColourAt> TexturePtr paint(unsigned side, ColourAt colourAt)
+TexturePtr paintGrass()
 {
-    auto texture = std::make_shared<Texture>();
-    texture->width = texture->height = side;
-    texture->levels = {
-        {side, side, PixelFormat::Rgba8, 0, LevelSize(PixelFormat::Rgba8, side, side)}};
-    texture->data.reserve(texture->levels[0].size);
-    for (unsigned y = 0; y < side; ++y)
-        for (unsigned x = 0; x < side; ++x) {
-            const Tint colour = colourAt(x, y, side);
-            for (const float part : {colour.r, colour.g, colour.b, 1.0f})
-                texture->data.push_back(
-                    static_cast<std::uint8_t>(std::clamp(part, 0.0f, 1.0f) * 255));
-        }
-    return texture;
+    const SmoothNoise patches(32, kGrassSide, 1), tufts(8, kGrassSide, 2), blades(2, kGrassSide, 3);
+    const SmoothNoise meadows(64, kGrassSide, 8), spots(16, kGrassSide, 9);
+    return PaintTexture(kGrassSide, 8, [&](unsigned x, unsigned y) {
+        const float light = 0.80f + 0.14f * patches.At(x, y) + 0.16f * tufts.At(x, y) +
+                            0.16f * blades.At(x, y) + 0.10f * NoiseAt(x, y, 4);
+        Tint grass = scaled({0.37f, 0.40f, 0.23f}, light);
+        grass.a = 0.65f * meadows.At(x, y) + 0.35f * spots.At(x, y);
+        return grass;
+    });
+}
+
+TexturePtr paintTrack()
+{
+    const SmoothNoise wood(16, kTrackSide, 6);
+    return PaintTexture(kTrackSide, 0, [&](unsigned x, unsigned y) { return trackAt(x, y, wood); });
+}
+
+TexturePtr paintSoil()
+{
+    const SmoothNoise clods(16, kSoilSide, 11), stones(2, kSoilSide, 12);
+    return PaintTexture(kSoilSide, 8, [&](unsigned x, unsigned y) {
+        Tint soil =
+            scaled({0.40f, 0.34f, 0.27f}, 0.7f + 0.4f * clods.At(x, y) + 0.3f * stones.At(x, y));
+        soil.a = 0.5f;
+        return soil;
+    });
 }
 
 /// Adds a strip along the whole track between two lines (x, y), its texture repeated every `tile`
@@ -125,9 +110,22 @@ void endPart(Model &model, int slot, const Surface &surface)
 std::shared_ptr<const Model> makeGround()
 {
     auto model = std::make_shared<Model>();
-    addStrip(*model, {-kReach, kGroundHeight}, {kReach, kGroundHeight}, -kReach / kGrassTile,
-             kReach / kGrassTile, kGrassTile);
+    // The device places this texture itself.
+    addStrip(*model, {-kReach, 0}, {kReach, 0}, 0, 1, 1);
     endPart(*model, 0, {});
+    MeasureBounds(*model);
+    return model;
+}
+
+/// Makes the ground as seen from below.
+std::shared_ptr<const Model> makeSoil()
+{
+    auto model = std::make_shared<Model>();
+    addStrip(*model, {kReach, 0}, {-kReach, 0}, kReach / kSoilTile, -kReach / kSoilTile, kSoilTile);
+    Surface soil;
+    soil.finish = Finish::FullBright;
+    soil.blending = Blending::Alpha;
+    endPart(*model, 0, soil);
     MeasureBounds(*model);
     return model;
 }
@@ -186,21 +184,13 @@ std::shared_ptr<const Model> makeShade()
 TexturePtr paintShade()
 {
     constexpr unsigned side = 64;
-    auto texture = std::make_shared<Texture>();
-    texture->width = texture->height = side;
-    texture->alphaBits = 8;
-    texture->levels = {
-        {side, side, PixelFormat::Rgba8, 0, LevelSize(PixelFormat::Rgba8, side, side)}};
     const auto rise = [](unsigned at) {
         const float inside = static_cast<float>(std::min(at, side - 1 - at)) / (side * 0.22f);
         return std::min(1.0f, inside * inside);
     };
-    for (unsigned y = 0; y < side; ++y)
-        for (unsigned x = 0; x < side; ++x) {
-            texture->data.insert(texture->data.end(), 3, std::uint8_t{14});
-            texture->data.push_back(static_cast<std::uint8_t>(175 * rise(x) * rise(y)));
-        }
-    return texture;
+    return PaintTexture(side, 8, [&](unsigned x, unsigned y) {
+        return Tint{0.055f, 0.055f, 0.055f, 0.69f * rise(x) * rise(y)};
+    });
 }
 
 /// True if a model of this size can be a vehicle on the track.
@@ -219,10 +209,13 @@ float snapped(float value, float step)
 
 Scenery::Scenery()
     : m_ground(makeGround())
+    , m_soil(makeSoil())
     , m_track(makeTrack())
     , m_shade(makeShade())
-    , m_groundTextures{paint(256, grassAt)}
-    , m_trackTextures{paint(512, trackAt), paint(256, ballastAt)}
+    , m_clouds(PaintClouds())
+    , m_groundTextures{paintGrass()}
+    , m_soilTextures{paintSoil()}
+    , m_trackTextures{paintTrack(), PaintTexture(kBallastSide, 0, ballastAt)}
     , m_shadeTextures{paintShade()}
 {
 }
@@ -233,15 +226,20 @@ const Scenery &Scenery::shared()
     return scenery;
 }
 
-void Scenery::AddTo(Renderer &renderer, Vec3 eye)
+void Scenery::AddTo(Renderer &renderer, Vec3 eye, Ground ground)
 {
     const Scenery &scenery = shared();
+    const bool plain = ground == Ground::Plain;
+    const float height = plain ? 0 : kGroundHeight;
+    renderer.SetSurroundings(scenery.m_clouds, height);
     // In whole repetitions of the textures, so that they do not seem to glide along.
-    renderer.Add(scenery.m_ground,
-                 Translation({snapped(eye.x, kGrassTile), 0, snapped(eye.z, kGrassTile)}),
-                 scenery.m_groundTextures);
-    renderer.Add(scenery.m_track, Translation({0, 0, snapped(eye.z, kTrackTile)}),
-                 scenery.m_trackTextures);
+    const Transform place =
+        Translation({snapped(eye.x, kSoilTile), height, snapped(eye.z, kSoilTile)});
+    renderer.Add(scenery.m_ground, place, scenery.m_groundTextures, Renderer::Role::Ground);
+    renderer.Add(scenery.m_soil, place, scenery.m_soilTextures, Renderer::Role::Ground);
+    if (!plain)
+        renderer.Add(scenery.m_track, Translation({0, 0, snapped(eye.z, kTrackTile)}),
+                     scenery.m_trackTextures, Renderer::Role::Scenery);
 }
 
 void Scenery::AddShades(Renderer &renderer)
@@ -250,14 +248,14 @@ void Scenery::AddShades(Renderer &renderer)
     std::vector<Transform> places;
     for (const Renderer::Placed &placed : renderer.Coming()) {
         const Bounds &box = placed.model->box;
-        if (!isVehicle(box))
+        if (placed.role != Renderer::Role::Object || !isVehicle(box))
             continue;
         const Vec3 size = box.most - box.least, middle = (box.most + box.least) * 0.5f;
         places.push_back(Scaling({size.x + kShadeMargin, 1, size.z + kShadeMargin}) *
                          Translation({middle.x, kShadeHeight, middle.z}) * placed.world);
     }
     for (const Transform &place : places)
-        renderer.Add(scenery.m_shade, place, scenery.m_shadeTextures);
+        renderer.Add(scenery.m_shade, place, scenery.m_shadeTextures, Renderer::Role::Scenery);
 }
 
 } // namespace korvat

@@ -75,6 +75,9 @@ Finish finishOf(const Shader &shader, std::int32_t lightMaterial)
         return Finish::Shiny;
     case -7:
         return Finish::VeryShiny;
+    case -9:
+    case -10:
+        return Finish::Plant;
     case -11:
         return Finish::HalfBright;
     case -12:

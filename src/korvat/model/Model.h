@@ -38,11 +38,12 @@ enum class Blending : std::uint8_t
 enum class Finish : std::uint8_t
 {
     Normal,
-    Shiny,      ///< highlight with exponent 25
-    VeryShiny,  ///< highlight with exponent 750
+    Shiny,      ///< soft highlight
+    VeryShiny,  ///< smaller, brighter highlight; reflects the sky
     FullBright, ///< its own colour, regardless of light
     HalfBright,
-    DarkShade
+    DarkShade,
+    Plant ///< lit from above, whichever way it faces
 };
 
 /// The look of a part's surface.

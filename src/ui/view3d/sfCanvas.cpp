@@ -66,7 +66,7 @@ void sfCanvas::makePainter()
 {
     std::string reason;
     renderer().Forget();
-    m_painter = korvat::OffscreenPainter::Create(reason);
+    m_painter = korvat::OffscreenPainter::Create(korvat::ShadowUse::IfFast, reason);
     if (!m_painter)
         giveUp(reason);
 }
