@@ -7,6 +7,7 @@
 // the pictures. Look at each before you commit it: lettering must read from left to right.
 #include "OffscreenScene.h"
 #include "samples/Sample.h"
+#include "viewer/Stage.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
@@ -30,7 +31,7 @@ protected:
     {
         if (!canvas)
             return;
-        samples::WriteSample(folder.At("s"));
+        samples::WriteSample(folder.At("s"), {.loads = true});
         canvas->SetRangeNear(50);
         canvas->SetRangeFar(600);
     }
@@ -41,10 +42,11 @@ protected:
         ShapeModel &model = view.Models.Item(1).Model();
         model.SetTexture(0, model.LoadTexture(season + '\\' + model.TextureInfo(0)));
     }
-    QImage take(const CameraPose &camera)
+    QImage take(const CameraPose &camera) { return take(camera, view); }
+    QImage take(const CameraPose &camera, TSView &scene)
     {
-        static_cast<CameraPose &>(view) = camera;
-        view.ResetCamera();
+        static_cast<CameraPose &>(scene) = camera;
+        scene.ResetCamera();
         // The lowest bits are noise, which makes files larger.
         return canvas->Picture()
             .convertToFormat(QImage::Format_RGB16)
@@ -91,6 +93,23 @@ std::string leave(const std::string &name, const QImage &picture, const QImage &
     return painted.toStdString() + " and " + different.toStdString();
 }
 
+/// Compares a picture with the stored one of this name, or renews that.
+void compare(const std::string &name, const QImage &picture)
+{
+    const QString file = QStringLiteral(ZELK_PICTURES "/%1.png").arg(QString::fromStdString(name));
+    if (std::getenv("ZELK_RENEW_PICTURES")) {
+        ASSERT_TRUE(picture.save(file)) << file.toStdString();
+        return;
+    }
+    const QImage wanted(file);
+    const double share = difference(picture, wanted);
+    if (share > kAllowed)
+        ADD_FAILURE() << 100 * share << " % of the picture differ from " << file.toStdString()
+                      << ", see " << leave(name, picture, wanted);
+    EXPECT_GT(difference(picture.mirrored(true, false), wanted), kMirrored)
+        << "this picture would not show a mirrored model";
+}
+
 constexpr const char *kStock = "s/TRAINS/TRAINSET/", *kCottage = "ROUTES/TARNWICK/SHAPES/cottage.s";
 
 } // namespace
@@ -122,7 +141,6 @@ TEST_F(BaselineTest, ModelsMatchTheStoredPictures)
         {"cottage-snow", kCottage, 0, 0, 1, "Snow", garden},
         {"cottage-night", kCottage, 0, 0, 1, "Night", garden},
     };
-    const bool renews = std::getenv("ZELK_RENEW_PICTURES") != nullptr;
     for (const auto &row : rows) {
         SCOPED_TRACE(row.name);
         view.DestroyModels();
@@ -131,19 +149,48 @@ TEST_F(BaselineTest, ModelsMatchTheStoredPictures)
                  row.z - 11.5F * static_cast<float>(i), row.degrees);
         if (*row.season)
             dress(row.season);
-        const QImage picture = take(row.camera);
-        const QString file = QStringLiteral(ZELK_PICTURES "/%1.png").arg(QLatin1String(row.name));
-        if (renews) {
-            ASSERT_TRUE(picture.save(file)) << file.toStdString();
-            continue;
+        compare(row.name, take(row.camera));
+    }
+    EXPECT_EQ(dialogs.Log(), "");
+}
+
+TEST_F(BaselineTest, LoadsAndCouplersMatchTheStoredPictures)
+{
+    const struct
+    {
+        const char *name, *file; ///< a wagon of the loaded cars, or "" for their consist
+        bool loads;
+        CameraPose camera;
+    } rows[] = {
+        {"load-msts", "lc_crates", true, {9, 4.5F, 12, 0, 1.8F, 4}},
+        {"load-static", "lc_pair", true, {9, 4.5F, 12, 0, 1.8F, 4}},
+        {"load-full", "lc_ore", true, {9, 4.5F, 12, 0, 1.8F, 4}},
+        {"coupler-free", "lc_pair", false, {2.2F, 1.8F, 11.2F, 0, 0.9F, 9.4F}},
+        {"coupler-coupled", "", false, {-2.4F, 1.9F, -53.5F, 0, 0.9F, -55}},
+    };
+    const install::Environment environment{dialogs, files, settings, installation, shapes};
+    const auto mute = [](const std::string &) {};
+    viewer::Stage bare(environment, canvas.get(), mute), full(environment, canvas.get(), mute);
+    full.ShowAllAdded();
+    const std::string stock = folder.At("s/TRAINS/TRAINSET/");
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.name);
+        bare.ShowLoads(false);
+        full.ShowLoads(row.loads);
+        QImage pictures[2];
+        for (viewer::Stage *stage : {&bare, &full}) {
+            if (*row.file)
+                stage->RenderShape(stock + "Kestrel 62' Flats/flat 6201.s",
+                                   stock + "Loaded Cars/" + row.file + ".wag");
+            else
+                stage->RenderConsist(folder.At("s/TRAINS/CONSISTS/Loaded Cars.con"),
+                                     folder.At("s"));
+            while (stage->Step())
+                continue;
+            pictures[stage == &full] = take(row.camera, *stage->View());
         }
-        const QImage wanted(file);
-        const double share = difference(picture, wanted);
-        if (share > kAllowed)
-            ADD_FAILURE() << 100 * share << " % of the picture differ from " << file.toStdString()
-                          << ", see " << leave(row.name, picture, wanted);
-        EXPECT_GT(difference(picture.mirrored(true, false), wanted), kMirrored)
-            << "this picture would not show a mirrored model";
+        compare(row.name, pictures[1]);
+        EXPECT_GT(difference(pictures[0], pictures[1]), kAllowed) << "nothing is added";
     }
     EXPECT_EQ(dialogs.Log(), "");
 }

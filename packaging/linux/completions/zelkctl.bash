@@ -46,7 +46,7 @@ _zelkctl_command() {
     replace) options='--dry-run --consist --activities' ;;
     shape) files=s ;;
     texture) files='ace|dds' options='--out --level' ;;
-    render) files='s|eng|wag|con|act' options='--out --size --loose --camera' ;;
+    render) files='s|eng|wag|con|act' options='--out --size --loose --camera --no-loads' ;;
   esac
 }
 

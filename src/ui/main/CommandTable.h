@@ -49,7 +49,7 @@ enum class Command
     StockCheckDep, StockCheckAll, StockCheckTextures, StockHealth,
 
     ViewToolbar, ViewStatusBar,
-    ViewRefresh, ViewReset, ViewFilter, ViewOptions,
+    ViewRefresh, ViewReset, ViewLoads, ViewFilter, ViewOptions,
     ViewTS, ViewTSE, ViewShapeViewer,
     ViewPictures,
 
@@ -287,6 +287,10 @@ inline constexpr CommandRow kCommands[] = {
      "Read the window's content again", when::AnyWindow, [](Handlers &on) { on.view.Refresh(); }},
     {Command::ViewReset, Menu::View, 2, "mnuViewReset", "Reset &View", "Home", "reset-view",
      "Go back to the first view", when::View, [](Handlers &on) { on.view.Reset(); }},
+    {Command::ViewLoads, Menu::View, 2, "mnuViewLoads", "Freight &Loads", "L", "",
+     "Show or hide the loads of vehicles in 3D", when::View,
+     [](Handlers &on) { on.view.ShowLoads(on.IsChecked(Command::ViewLoads)); },
+     Look::Checked, when::View},
     {Command::ViewFilter, Menu::View, 2, "mnuViewFilter", "&Filter...", "Ctrl+F", "filter",
      "Limit the list to names that match", when::ListOrEditor, [](Handlers &on) { on.view.Filter(); }},
     {Command::ViewOptions, Menu::View, 2, "mnuViewOptions", "&Options...", "", "options",
