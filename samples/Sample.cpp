@@ -4,6 +4,7 @@
 #include "samples/Consists.h"
 #include "samples/HealthCases.h"
 #include "samples/Large.h"
+#include "samples/Loads.h"
 #include "samples/Output.h"
 #include "samples/Routes.h"
 #include "samples/Stock.h"
@@ -77,6 +78,8 @@ std::string markerText(const Options &options)
         text += " --seed " + std::to_string(*options.seed);
     if (options.health)
         text += " --health";
+    if (options.loads)
+        text += " --loads";
     return text + '\n';
 }
 
@@ -103,7 +106,7 @@ Totals WriteSample(const std::filesystem::path &out, const Options &options)
     Totals totals = defaultTotals();
     const Extra extra = extraOf(options, totals);
     Options smaller = options;
-    smaller.health = false; // the health cases only add files
+    smaller.health = smaller.loads = false; // they only add files
     Output output(out, markerText(options), markerText(smaller));
     for (const auto &files : {StockFiles(), SoundFiles(), CabFiles(), ConsistFiles(), RouteFiles()})
         for (const SampleFile &file : files)
@@ -112,11 +115,11 @@ Totals WriteSample(const std::filesystem::path &out, const Options &options)
     totals.folders += extra.folders;
     totals.stock += extra.stock;
     totals.consists += extra.consists;
-    if (options.health) {
-        const SampleFiles cases = HealthFiles();
-        for (const SampleFile &file : cases)
+    for (const SampleFiles &more : {options.health ? HealthFiles() : SampleFiles(),
+                                    options.loads ? LoadFiles() : SampleFiles()}) {
+        for (const SampleFile &file : more)
             output.Write(file.path, file.bytes);
-        count(cases, totals);
+        count(more, totals);
     }
     totals.files = output.Count();
     return totals;

@@ -33,6 +33,7 @@ int run(std::vector<std::string> arguments)
     app.add_option("--consists", options.consists, "Total of consists");
     app.add_option("--seed", options.seed, "Chooses the generated part (1)");
     app.add_flag("--health", options.health, "Add the planned cases of the health report");
+    app.add_flag("--loads", options.loads, "Add vehicles with loads, couplers and hoses");
     std::reverse(arguments.begin(), arguments.end()); // the parser expects the last argument first
     try {
         app.parse(std::move(arguments));

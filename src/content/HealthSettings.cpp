@@ -27,6 +27,14 @@ Profiles KeptProfiles(host::SettingsStore &settings, const std::string &folder)
     return Profiles::Both();
 }
 
+Profile ShownProfile(host::SettingsStore &settings, const std::string &folder)
+{
+    const auto kept = settings.ReadFrom(kSection, keyOf(folder));
+    const bool openRails =
+        kept == ProfileName(Profile::OpenRails) || kept == ProfileName(Profiles::Both());
+    return openRails ? Profile::OpenRails : Profile::Msts;
+}
+
 void KeepProfiles(host::SettingsStore &settings, const std::string &folder, Profiles profiles)
 {
     settings.WriteTo(kSection, keyOf(folder), ProfileName(profiles));

@@ -41,11 +41,13 @@ struct Reference
 /// True for a value that names nothing: it is empty or holds only blanks.
 bool NamesNothing(std::string_view value);
 
-/// A reference of a vehicle. `file` is an index into Vehicle::Files.
+/// A reference of a vehicle. `file` is an index into Vehicle::Files, `entry` the index of its block
+/// in Vehicle::Entries.
 struct VehicleReference
 {
     std::size_t file = 0;
     Reference reference;
+    std::uint32_t entry = 0;
 };
 /// Returns the references of a vehicle in file order. `profiles` are those for which it was read.
 std::vector<VehicleReference> ReferencesOf(const Vehicle &vehicle, Profiles profiles);

@@ -236,7 +236,7 @@ bool Vehicle::isAt(const Entry &entry, std::string_view path) const
     return isAt(m_entries[entry.parent], path.substr(0, slash));
 }
 
-std::optional<Vehicle::Value> Vehicle::Find(std::string_view path) const
+const Vehicle::Entry *Vehicle::findEntry(std::string_view path) const
 {
     const Entry *found = nullptr;
     const bool fromBase = isKeptFromBase(path);
@@ -246,6 +246,18 @@ std::optional<Vehicle::Value> Vehicle::Find(std::string_view path) const
     for (const Entry &entry : m_entries)
         if (isAt(entry, path) && !(fromBase && found && isInBase(*found) && !isInBase(entry)))
             found = &entry;
+    return found;
+}
+
+std::optional<Block> Vehicle::FindBlock(std::string_view path) const
+{
+    const Entry *found = findEntry(path);
+    return found ? std::optional(BlockOf(*found)) : std::nullopt;
+}
+
+std::optional<Vehicle::Value> Vehicle::Find(std::string_view path) const
+{
+    const Entry *found = findEntry(path);
     if (!found)
         return std::nullopt;
     const Block block = BlockOf(*found);

@@ -111,8 +111,11 @@ public:
     /// Returns the first value of the block at a path such as "Wagon/WagonShape". The last such
     /// block counts, except for Name and Description, which an override cannot change.
     std::optional<Value> Find(std::string_view path) const;
+    /// Like Find, but returns the whole block.
+    std::optional<Block> FindBlock(std::string_view path) const;
 
 private:
+    const Entry *findEntry(std::string_view path) const;
     void read(FileStore &store);
     void followInclude(FileStore &store, const Block &block, std::size_t file);
     bool isActive(const std::string &path) const;

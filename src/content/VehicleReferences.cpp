@@ -273,7 +273,7 @@ std::vector<VehicleReference> ReferencesOf(const Vehicle &vehicle, Profiles prof
         named.clear();
         addReferences(hit, block, lines[entry.file].LineOf(block.Where()), profiles, named);
         for (Reference &reference : named)
-            references.push_back({entry.file, std::move(reference)});
+            references.push_back({entry.file, std::move(reference), hit.entry});
     }
     return references;
 }

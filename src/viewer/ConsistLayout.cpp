@@ -2,13 +2,12 @@
 #include "viewer/ConsistLayout.h"
 
 #include "host/Dialogs.h"
-#include "host/GameFiles.h"
 #include "host/RuntimeError.h"
+#include "viewer/AddShapes.h"
 #include "viewer/Numbers.h"
 #include "viewer/StockShape.h"
 #include "viewer/TSView.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -31,20 +30,15 @@ std::optional<float> lengthOf(const StockShape &stock, const std::string &stockF
     }
 }
 
-/// Returns the length of a shape along the track. Shapes are centred on their origin.
-float lengthOf(const TSViewObject &object)
-{
-    const korvat::Model *shape = object.Model().Loaded();
-    return shape ? shape->box.most.z - shape->box.least.z : 0;
-}
-
 } // namespace
 
 ConsistLayout::ConsistLayout(const install::Environment &environment, std::string installFolder,
-                             const StfNode &trainCfg, TSView &view)
+                             const StfNode &trainCfg, TSView &view,
+                             std::shared_ptr<VehicleReader> vehicles)
     : m_environment(environment)
     , m_installFolder(std::move(installFolder))
     , m_view(view)
+    , m_vehicles(std::move(vehicles))
     , m_random(std::random_device()())
 {
     for (install::Unit unit : install::Units(trainCfg))
@@ -81,7 +75,7 @@ void ConsistLayout::place(const install::Unit &unit)
 {
     const install::StockItem item = unit.Item();
     const std::string stockFile = install::StockPath(m_installFolder, item);
-    if (m_environment.files.FileExists(stockFile))
+    if (m_vehicles->Exists(stockFile))
         placeStock(stockFile, item.shape, unit.IsFlipped());
     else
         m_environment.dialogs.Message(stockFile + " does not exist!", "LoadShape",
@@ -90,18 +84,21 @@ void ConsistLayout::place(const install::Unit &unit)
 
 void ConsistLayout::placeStock(const std::string &stockFile, const std::string &name, bool flipped)
 {
-    const StockShape stock = ReadStockShape(m_environment.files, stockFile);
+    const StockShape stock = m_vehicles->Shape(stockFile);
     const std::optional<float> length = lengthOf(stock, stockFile);
     const float half = length.value_or(0) / 2;
     m_end = Finite(m_end - half);
     const float z = flipped ? -m_end : m_end, degrees = flipped ? -180.0f : 0.0f;
-    if (!stock.shapeFile.empty() && load(stock.shapeFile, name, z, degrees) && !length) {
+    const bool loaded = !stock.shapeFile.empty() && load(stock.shapeFile, name, z, degrees);
+    if (loaded && !length) {
         TSViewObject &object = m_view.Models.Item(m_view.Models.Count());
-        const float halfShape = Finite(lengthOf(object)) / 2;
+        const float halfShape = Finite(LengthOf(object)) / 2;
         object.SetZ(flipped ? z + halfShape : z - halfShape);
         m_end -= 2 * halfShape;
     }
     m_end = Finite(m_end - half);
+    if (loaded)
+        addShapes(stockFile, length, flipped);
     if (!stock.whyNoShape.empty())
         m_environment.dialogs.Message(stock.whyNoShape, kLoadError, host::DialogIcon::Critical);
 }
@@ -115,12 +112,19 @@ bool ConsistLayout::load(const std::string &shapeFile, const std::string &name, 
     return true;
 }
 
+void ConsistLayout::addShapes(const std::string &stockFile, std::optional<float> length,
+                              bool flipped)
+{
+    TSViewObject &object = m_view.Models.Item(m_view.Models.Count());
+    const bool before = m_next > 1, behind = m_next < m_units.size();
+    const Ends ends{length.value_or(LengthOf(object)), flipped ? behind : before,
+                    flipped ? before : behind};
+    AddMissing(AddShapes(object, *m_vehicles, stockFile, ends), m_lacks);
+}
+
 void ConsistLayout::collectProblems()
 {
-    const TSViewObject &object = m_view.Models.Item(m_view.Models.Count());
-    for (const std::string &problem : object.Model().Problems())
-        if (std::find(m_problems.begin(), m_problems.end(), problem) == m_problems.end())
-            m_problems.push_back(problem);
+    AddMissing(m_view.Models.Item(m_view.Models.Count()).Model().Problems(), m_problems);
 }
 
 /// Returns the stock's name and a random number in [0, 1), so that two of a kind get two keys.

@@ -3,7 +3,10 @@
 
 #include "install/Environment.h"
 #include "install/Train.h"
+#include "viewer/VehicleReader.h"
 
+#include <memory>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
@@ -18,6 +21,9 @@ namespace viewer {
 /// flipped vehicle is loaded at the mirrored place and turned by 180 degrees about the scene's
 /// origin, which brings it to its place, facing the other way.
 ///
+/// Each vehicle gets the shapes that it adds to its own; only at the ends of the train are its
+/// couplers free.
+///
 /// Reports what cannot be loaded or placed in a message box, and leaves a gap of the known length.
 class ConsistLayout
 {
@@ -25,7 +31,7 @@ public:
     /// `installFolder` is the Train Simulator folder. `view` must outlive the layout; `trainCfg`
     /// and its file need not.
     ConsistLayout(const install::Environment &environment, std::string installFolder,
-                  const StfNode &trainCfg, TSView &view);
+                  const StfNode &trainCfg, TSView &view, std::shared_ptr<VehicleReader> vehicles);
 
     /// Places the next vehicle; returns false if none is left.
     bool Step();
@@ -39,10 +45,13 @@ public:
     float End() const { return m_end; }
     /// Returns the visible defects (ShapeModel::Problems), without duplicates.
     const std::vector<std::string> &Problems() const { return m_problems; }
+    /// Returns what is missing from the shapes that vehicles add, without duplicates.
+    const std::vector<std::string> &Lacks() const { return m_lacks; }
 
 private:
     void place(const install::Unit &unit);
     void placeStock(const std::string &stockFile, const std::string &name, bool flipped);
+    void addShapes(const std::string &stockFile, std::optional<float> length, bool flipped);
     bool load(const std::string &shapeFile, const std::string &name, float z, float degrees);
     void collectProblems();
     std::string freshKey(const std::string &name);
@@ -51,9 +60,10 @@ private:
     std::string m_installFolder;
     std::vector<install::Unit> m_units;
     TSView &m_view;
+    std::shared_ptr<VehicleReader> m_vehicles;
     std::size_t m_next = 0;
     float m_end = 0;
-    std::vector<std::string> m_problems;
+    std::vector<std::string> m_problems, m_lacks;
     std::mt19937_64 m_random;
 };
 

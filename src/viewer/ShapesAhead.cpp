@@ -2,8 +2,7 @@
 #include "viewer/ShapesAhead.h"
 
 #include "host/Path.h"
-#include "viewer/StockShape.h"
-#include "viewer/TSView.h"
+#include "viewer/TSViewObject.h"
 
 #include <exception>
 
@@ -15,37 +14,50 @@ namespace {
 constexpr std::size_t kThreads = 1;
 constexpr std::size_t kWaiting = 8; ///< vehicles; more would only use memory earlier
 
-std::string shapeOf(host::GameFiles &files, const std::string &file)
+/// Returns the shapes of a file in the order in which loading needs them.
+std::vector<std::string> shapesOf(VehicleReader &vehicles, const std::string &file)
 {
-    const bool shape = host::path::HasExtension(file, "s");
-    return shape || file.empty() ? file : ReadStockShape(files, file).shapeFile;
+    if (host::path::HasExtension(file, "s"))
+        return {file};
+    std::vector<std::string> shapes{vehicles.Shape(file).shapeFile};
+    for (const content::AddedShape &added : vehicles.Added(file)->shapes)
+        shapes.push_back(added.path);
+    return shapes;
+}
+
+void hold(korvat::ModelSource &source, const std::string &shape, ShapesAhead::Held &held)
+{
+    const auto model = shape.empty() ? nullptr : source.LoadModel(shape).model;
+    if (!model)
+        return;
+    held.models.push_back(model);
+    const std::string folder(host::path::FolderWithSeparator(shape));
+    for (const std::string &name : model->textures)
+        held.pictures.push_back(
+            source.LoadTexture(folder, TSViewObject::kTexturePath, name).texture);
 }
 
 } // namespace
 
-ShapesAhead::ShapesAhead(const install::Environment &environment, std::vector<std::string> files)
+ShapesAhead::ShapesAhead(const install::Environment &environment,
+                         std::shared_ptr<VehicleReader> vehicles, std::vector<std::string> files)
     : m_ahead(
           files.size(),
-          [environment, files](std::size_t place) { return read(environment, files[place]); },
+          [environment, vehicles = std::move(vehicles), files](std::size_t place) {
+              return read(environment, *vehicles, files[place]);
+          },
           kThreads, kWaiting)
 {
 }
 
 ShapesAhead::Held ShapesAhead::read(const install::Environment &environment,
-                                    const std::string &file)
+                                    VehicleReader &vehicles, const std::string &file)
 {
     Held held;
     try {
-        const std::string shape = shapeOf(environment.files, file);
-        if (shape.empty())
-            return held;
-        held.model = environment.shapes.LoadModel(shape).model;
-        if (!held.model)
-            return held;
-        const std::string folder(host::path::FolderWithSeparator(shape));
-        for (const std::string &name : held.model->textures)
-            held.pictures.push_back(
-                environment.shapes.LoadTexture(folder, TSView::kTexturePath, name).texture);
+        if (!file.empty())
+            for (const std::string &shape : shapesOf(vehicles, file))
+                hold(environment.shapes, shape, held);
     } catch (const std::exception &) {
         // Loading the vehicle finds the same fault and reports it.
     }

@@ -4,6 +4,7 @@
 #include "host/Ahead.h"
 #include "install/Environment.h"
 #include "korvat/model/ModelSource.h"
+#include "viewer/VehicleReader.h"
 
 #include <memory>
 #include <optional>
@@ -12,8 +13,9 @@
 
 namespace viewer {
 
-/// Reads shapes with their textures ahead on a thread, in order, so that loading them into a scene
-/// finds everything in memory. Does not report what cannot be read; loading it does.
+/// Reads shapes, those that vehicles add, and their textures ahead on a thread, in order, so that
+/// loading them into a scene finds everything in memory. Does not report what cannot be read;
+/// loading it does.
 class ShapesAhead
 {
 public:
@@ -21,12 +23,13 @@ public:
     /// does not read it again.
     struct Held
     {
-        std::shared_ptr<const korvat::Model> model;
+        std::vector<std::shared_ptr<const korvat::Model>> models; ///< the file's own first
         std::vector<korvat::TexturePtr> pictures;
     };
 
     /// `files` are engine, wagon or shape files, distinguished by extension; "" for none.
-    ShapesAhead(const install::Environment &environment, std::vector<std::string> files);
+    ShapesAhead(const install::Environment &environment, std::shared_ptr<VehicleReader> vehicles,
+                std::vector<std::string> files);
 
     /// True if Take would not wait.
     bool Ready();
@@ -34,7 +37,8 @@ public:
     Held Take();
 
 private:
-    static Held read(const install::Environment &environment, const std::string &file);
+    static Held read(const install::Environment &environment, VehicleReader &vehicles,
+                     const std::string &file);
 
     std::optional<Held> m_next;
     host::Ahead<Held> m_ahead;

@@ -4,6 +4,7 @@
 #include "host/RuntimeError.h"
 #include "install/Train.h"
 #include "korvat/draw/Canvas.h"
+#include "viewer/AddShapes.h"
 #include "viewer/Numbers.h"
 #include "viewer/OrbitCamera.h"
 #include "viewer/StockShape.h"
@@ -41,6 +42,7 @@ void Stage::setUp(korvat::Ground ground)
     m_view->Viewer = m_canvas;
     if (m_canvas)
         m_canvas->SetGround(ground);
+    m_view->ShowLoads(m_showsLoads);
     m_view->Initialise();
     OrbitCamera(*m_view).Reset(0);
     m_view->ResetCamera();
@@ -84,8 +86,25 @@ void Stage::begin(const StfNode &trainCfg, const std::string &installFolder,
                                                          (title.empty() ? "" : " (" + title + ")"));
     }
     setUp(korvat::Ground::Track);
-    m_layout.emplace(m_environment, installFolder, trainCfg, *m_view);
-    m_ahead.emplace(m_environment, m_layout->StockFiles());
+    m_vehicles = std::make_shared<VehicleReader>(m_environment.files, reading());
+    m_layout.emplace(m_environment, installFolder, trainCfg, *m_view, m_vehicles);
+    m_ahead.emplace(m_environment, m_vehicles, m_layout->StockFiles());
+}
+
+Reading Stage::reading() const
+{
+    Reading chosen = ChosenReading(m_environment);
+    chosen.allAdded = m_showsAllAdded;
+    return chosen;
+}
+
+void Stage::ShowLoads(bool shown)
+{
+    m_showsLoads = shown;
+    if (!m_view)
+        return;
+    m_view->ShowLoads(shown);
+    m_view->ShowModels();
 }
 
 void Stage::RenderShape(const std::string &file, const std::string &vehicle)
@@ -94,7 +113,9 @@ void Stage::RenderShape(const std::string &file, const std::string &vehicle)
     const bool rolls = !vehicle.empty() || IsStockShape(m_environment.files, file);
     setUp(rolls ? korvat::Ground::Track : korvat::Ground::Plain);
     m_shapeFile = file;
-    m_ahead.emplace(m_environment, std::vector{file});
+    m_vehicleFile = vehicle;
+    m_vehicles = std::make_shared<VehicleReader>(m_environment.files, reading());
+    m_ahead.emplace(m_environment, m_vehicles, std::vector{vehicle.empty() ? file : vehicle});
     m_caption.clear();
 }
 
@@ -128,8 +149,13 @@ void Stage::showProgress()
 
 void Stage::loadShape()
 {
-    if (m_view->LoadShapeInToViewer("Shape", std::exchange(m_shapeFile, {}), 0, 0, 0, 0))
-        m_problems = m_view->Models.Item(1).Model().Problems();
+    if (!m_view->LoadShapeInToViewer("Shape", std::exchange(m_shapeFile, {}), 0, 0, 0, 0))
+        return;
+    TSViewObject &object = m_view->Models.Item(1);
+    m_problems = object.Model().Problems();
+    if (!m_vehicleFile.empty())
+        m_lacks = AddShapes(object, *m_vehicles, m_vehicleFile,
+                            {m_vehicles->Length(m_vehicleFile).value_or(LengthOf(object))});
 }
 
 void Stage::Stop()
@@ -146,6 +172,7 @@ void Stage::finish()
     m_ahead.reset();
     if (m_layout) {
         m_problems = m_layout->Problems();
+        m_lacks = m_layout->Lacks();
         m_end = m_layout->End();
         // If the user has turned the camera during loading, it keeps its distance from the train.
         OrbitCamera(*m_view).MoveAlong(TrainMiddle());
@@ -163,7 +190,10 @@ void Stage::reportEnd()
     if (m_stopped) {
         m_setStatus("Stopped after " + std::to_string(Done()) + " of " + std::to_string(Total()) +
                     " vehicles");
-    } else if (m_problems.empty()) {
+        return;
+    }
+    AddMissing(m_lacks, m_problems);
+    if (m_problems.empty()) {
         m_setStatus("Done");
     } else {
         const std::size_t more = m_problems.size() - 1;
@@ -176,8 +206,10 @@ std::string Stage::Report() const
 {
     if (!m_view)
         return {};
-    return m_layout ? ConsistTextures(m_view->Models) + NotLoaded(m_messages.Texts())
-                    : ShapeTextures(m_view->Models);
+    std::vector<std::string> missing = m_layout ? m_messages.Texts() : std::vector<std::string>();
+    AddMissing(m_lacks, missing);
+    return (m_layout ? ConsistTextures(m_view->Models) : ShapeTextures(m_view->Models)) +
+           AddedTextures(m_view->Models) + NotLoaded(missing);
 }
 
 void Stage::Close()
@@ -187,8 +219,11 @@ void Stage::Close()
     m_ahead.reset();
     m_layout.reset();
     m_view.reset();
+    m_vehicles.reset();
     m_shapeFile.clear();
+    m_vehicleFile.clear();
     m_problems.clear();
+    m_lacks.clear();
     m_messages.Clear();
     m_loading = false;
     m_end = 0;

@@ -44,8 +44,14 @@ public:
     void RenderLooseConsist(const StfNode &trainCfg, const std::string &installFolder,
                             const std::string &source);
     /// Begins to show a shape. One of an engine or wagon stands on a track, any other on plain
-    /// ground: `vehicle` is the file that names it, "" if only the shape is known.
+    /// ground. With the engine or wagon file `vehicle`, shows also what that adds; "" if only the
+    /// shape is known.
     void RenderShape(const std::string &file, const std::string &vehicle = {});
+    /// Shows or hides the loads of all vehicles, now and in later scenes.
+    void ShowLoads(bool shown);
+    /// From the next Render on, shows the loads and couplers of both simulators, whichever the user
+    /// has chosen.
+    void ShowAllAdded() { m_showsAllAdded = true; }
     /// True if the next piece has been read, so that Step will not wait for the disk.
     bool Ready() { return !m_ahead || m_ahead->Ready(); }
     /// Loads the next piece. Returns false when everything is loaded, and does nothing after that.
@@ -72,8 +78,8 @@ public:
     int ScrollMaximum() const { return m_scrollMaximum; }
     int ScrollMiddle() const { return m_scrollMiddle; }
 
-    /// Returns the texture report of the scene, for a train followed by what could not be loaded;
-    /// "" if there is no scene.
+    /// Returns the texture report of the scene, followed by the textures of the shapes that
+    /// vehicles add and by what could not be loaded; "" if there is no scene.
     std::string Report() const;
     /// Detaches all objects from the canvas and drops the scene.
     void Close();
@@ -82,6 +88,7 @@ private:
     void setUp(korvat::Ground ground);
     void begin(const StfNode &trainCfg, const std::string &installFolder,
                const std::string &source);
+    Reading reading() const;
     void loadShape();
     void showProgress();
     void finish();
@@ -92,10 +99,12 @@ private:
     korvat::Canvas *m_canvas;
     SetStatus m_setStatus;
     std::unique_ptr<TSView> m_view;
-    std::optional<ConsistLayout> m_layout; ///< empty for a single shape
-    std::optional<ShapesAhead> m_ahead;    ///< while loading
-    std::string m_shapeFile, m_caption;
-    std::vector<std::string> m_problems;
+    std::optional<ConsistLayout> m_layout;     ///< empty for a single shape
+    std::optional<ShapesAhead> m_ahead;        ///< while loading
+    std::shared_ptr<VehicleReader> m_vehicles; ///< of the scene
+    std::string m_shapeFile, m_vehicleFile, m_caption;
+    std::vector<std::string> m_problems, m_lacks;
+    bool m_showsLoads = true, m_showsAllAdded = false;
     bool m_loading = false;
     bool m_stopped = false;
     std::chrono::steady_clock::time_point m_nextShown; ///< no frame before this time

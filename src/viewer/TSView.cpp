@@ -76,8 +76,8 @@ bool TSView::LoadShapeInToViewer(const std::string &shapeId, const std::string &
                                  float y, float z, float degrees)
 {
     auto object = std::make_shared<TSViewObject>(m_environment);
-    object->Model().SetRenderer(Viewer ? Viewer->Device() : nullptr);
-    object->Model().SetTexturePath(kTexturePath);
+    object->SetRenderer(Viewer ? Viewer->Device() : nullptr);
+    object->Model().SetTexturePath(TSViewObject::kTexturePath);
     if (!object->LoadShape(shapeFile)) {
         // The object itself has reported a missing file, and leaves no error text.
         if (!object->LastError().empty())
@@ -115,8 +115,10 @@ void TSView::ShowModels()
     if (!FullyStarted)
         return;
     if (Viewer->BeginFrame()) {
-        for (int place = 1; place <= Models.Count(); ++place)
+        for (int place = 1; place <= Models.Count(); ++place) {
             Models.Item(place).Model().Render(1, -1.0f);
+            Models.Item(place).RenderAdded(m_showsLoads);
+        }
         Viewer->EndFrame();
     }
     yield();

@@ -52,8 +52,6 @@ public:
 
     korvat::Canvas *Viewer = nullptr; ///< null for none; must outlive the scene's use of it
     viewer::ViewObjects Models;
-    /// The textures' folder, relative to the shape's.
-    static constexpr const char *kTexturePath = "..\\textures\\";
     bool FullyStarted = false; ///< true after Initialise found a canvas
 
     /// Starts the canvas; does nothing without one.
@@ -63,6 +61,8 @@ public:
     /// message box and returns false. Throws error 457 if the key is in use.
     bool LoadShapeInToViewer(const std::string &shapeId, const std::string &shapeFile, float x,
                              float y, float z, float degrees);
+    /// Shows or hides the loads of vehicles from the next frame on; at first they are shown.
+    void ShowLoads(bool shown) { m_showsLoads = shown; }
     /// Restores the canvas and the models after a resize, and draws a frame.
     void RefreshForm();
     /// Passes the camera to the canvas and draws a frame.
@@ -77,4 +77,5 @@ private:
     void yield();
 
     install::Environment m_environment;
+    bool m_showsLoads = true;
 };

@@ -31,7 +31,7 @@ TSViewObject::TSViewObject(const install::Environment &environment)
 
 TSViewObject::~TSViewObject()
 {
-    m_model.SetRenderer(nullptr);
+    SetRenderer(nullptr);
     host::AppendTraceLine("< tsviewobject " + identity(this));
 }
 
@@ -68,6 +68,37 @@ bool TSViewObject::LoadShape(const std::string &shapeFile)
         m_textures.push_back(m_model.TextureInfo(slot));
     m_texturesShown = true;
     return true;
+}
+
+void TSViewObject::SetRenderer(korvat::Renderer *renderer)
+{
+    m_renderer = renderer;
+    m_model.SetRenderer(renderer);
+    for (Added &added : m_added)
+        added.model.SetRenderer(renderer);
+}
+
+std::string TSViewObject::AddShape(const std::string &shapeFile, const korvat::Transform &place,
+                                   bool isLoad)
+{
+    Added added{ShapeModel(m_environment.shapes), shapeFile, place, isLoad};
+    added.model.SetRenderer(m_renderer);
+    added.model.SetTexturePath(kTexturePath);
+    added.model.LoadShapeFile(shapeFile);
+    std::string fault(host::TrimBlanks(added.model.ErrorText()));
+    if (fault.empty())
+        m_added.push_back(std::move(added));
+    return fault;
+}
+
+void TSViewObject::RenderAdded(bool withLoads)
+{
+    for (Added &added : m_added) {
+        if (added.isLoad && !withLoads)
+            continue;
+        added.model.SetWorldMatrix(added.place * m_model.WorldMatrix());
+        added.model.Render(1, -1.0F);
+    }
 }
 
 void TSViewObject::MoveBy(float x, float y, float z)
@@ -150,5 +181,6 @@ void TSViewObject::Destroy()
 {
     for (int slot = 0; slot < m_model.TextureCount(); ++slot)
         m_model.SetTexture(slot, nullptr);
-    m_model.SetRenderer(nullptr);
+    m_added.clear();
+    SetRenderer(nullptr);
 }

@@ -12,11 +12,17 @@
 /// while flashed, none. It does not draw. Angles are in radians, places in metres; a place that is
 /// not finite is error 6.
 ///
+/// A vehicle's loads and couplers are shapes added to the object. They move with it, but its
+/// textures and its flashing are those of its own shape.
+///
 /// Its construction and destruction each write a line to the trace log: "> tsviewobject " and "<
 /// tsviewobject ", followed by the object's address as a decimal number.
 class TSViewObject
 {
 public:
+    /// The textures' folder, relative to the shape's.
+    static constexpr const char *kTexturePath = "..\\textures\\";
+
     explicit TSViewObject(const install::Environment &environment);
     ~TSViewObject();
     TSViewObject(const TSViewObject &) = delete;
@@ -36,6 +42,23 @@ public:
     /// message box, and leaves any other reason in LastError.
     bool LoadShape(const std::string &shapeFile);
 
+    /// Loads a shape that is shown together with this one, at a place in this one's space. Returns
+    /// the reason if that fails, without a message box, and then adds nothing.
+    std::string AddShape(const std::string &shapeFile, const korvat::Transform &place, bool isLoad);
+    struct Added
+    {
+        ShapeModel model;
+        std::string file;
+        korvat::Transform place;
+        bool isLoad = false;
+    };
+    const std::vector<Added> &AddedShapes() const { return m_added; }
+    /// Adds these shapes to the frame, where the object is now.
+    void RenderAdded(bool withLoads);
+
+    /// Attaches the shapes to the renderer that draws them, which must outlive the attachment; null
+    /// detaches.
+    void SetRenderer(korvat::Renderer *renderer);
     ShapeModel &Model() { return m_model; }
     const ShapeModel &Model() const { return m_model; }
 
@@ -78,6 +101,8 @@ private:
     install::Environment m_environment;
     bool m_selected = false;
     ShapeModel m_model;
+    std::vector<Added> m_added;
+    korvat::Renderer *m_renderer = nullptr;
     float m_x = 0, m_y = 0, m_z = 0, m_r = 0;
     std::string m_lastError;
     std::vector<std::string> m_textures;

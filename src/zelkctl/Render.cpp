@@ -12,7 +12,7 @@
 #include "viewer/LooseConsists.h"
 #include "viewer/OrbitCamera.h"
 #include "viewer/Stage.h"
-#include "viewer/StockShape.h"
+#include "viewer/VehicleReader.h"
 
 namespace zelkctl {
 namespace {
@@ -35,15 +35,29 @@ public:
     }
 };
 
-void begin(viewer::Stage &stage, Session &session, const RenderRequest &request)
+/// Returns the installation whose simulator the user has chosen; an unknown one if there is none,
+/// because a single vehicle needs none.
+install::Installation installationOf(Session &session)
 {
+    try {
+        return OpenInstallation(session);
+    } catch (const Failure &) {
+        return {};
+    }
+}
+
+void begin(viewer::Stage &stage, Session &session, const install::Environment &environment,
+           const RenderRequest &request)
+{
+    stage.ShowAllAdded();
+    stage.ShowLoads(request.loads);
     const auto is = [&request](std::string_view extension) {
         return host::path::HasExtension(request.file, extension);
     };
     if (is("s"))
         stage.RenderShape(request.file);
     else if (is("eng") || is("wag"))
-        stage.RenderShape(viewer::ReadStockShapeToShow(session.files, request.file).shapeFile,
+        stage.RenderShape(viewer::ReadVehicleToShow(environment, request.file).shapeFile,
                           request.file);
     else if (is("con"))
         stage.RenderConsist(request.file, OpenInstallation(session).CurrentFolder());
@@ -83,11 +97,12 @@ void Render(Session &session, const RenderRequest &request)
     korvat::ModelLibrary shapes(session.files);
     std::string status;
     const auto settings = host::UserSettings();
-    install::Installation installation;
-    viewer::Stage stage({dialogs, session.files, *settings, installation, shapes}, canvas.get(),
+    install::Installation installation = installationOf(session);
+    const install::Environment environment{dialogs, session.files, *settings, installation, shapes};
+    viewer::Stage stage(environment, canvas.get(),
                         [&status](const std::string &text) { status = text; });
     NamingFile(request.file, [&] {
-        begin(stage, session, request);
+        begin(stage, session, environment, request);
         while (stage.Step())
             continue;
     });

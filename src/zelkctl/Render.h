@@ -16,6 +16,7 @@ struct RenderRequest
     std::array<int, 2> size{};                  ///< pixels
     int loose = 1;                              ///< number of the loose consist in an activity
     std::optional<std::array<float, 6>> camera; ///< eye and target; empty for the side view
+    bool loads = true;                          ///< with the loads of vehicles
 };
 
 /// Draws a shape, vehicle, consist or loose consist into a PNG file. Throws Failure if that is not

@@ -38,6 +38,7 @@ RenderRequest RequestOf(const RenderArguments &arguments)
     if (!parseNumbers(arguments.loose, ',', loose) || loose[0] < 1)
         throw Failure("--loose: expected a number from 1 on, not \"" + arguments.loose + "\"");
     request.loose = loose[0];
+    request.loads = arguments.loads;
     if (arguments.camera.empty())
         return request;
     if (!parseNumbers(arguments.camera, ',', request.camera.emplace()))
@@ -48,14 +49,14 @@ RenderRequest RequestOf(const RenderArguments &arguments)
 
 std::vector<std::string> ToList(const RenderArguments &a)
 {
-    return {a.file, a.out, a.size, a.loose, a.camera, a.msts};
+    return {a.file, a.out, a.size, a.loose, a.camera, a.msts, a.loads ? "loads" : ""};
 }
 
 RenderArguments FromList(const std::vector<std::string> &list)
 {
-    if (list.size() != 6)
+    if (list.size() != 7)
         throw Failure("this program draws for zelkctl, which starts it");
-    return {list[0], list[1], list[2], list[3], list[4], list[5]};
+    return {list[0], list[1], list[2], list[3], list[4], list[5], !list[6].empty()};
 }
 
 } // namespace zelkctl

@@ -12,6 +12,7 @@ namespace zelkctl {
 struct RenderArguments
 {
     std::string file, out, size = "1280x720", loose = "1", camera, msts;
+    bool loads = true;
 };
 
 /// Converts the texts to numbers; throws Failure for one that is not valid.

@@ -49,6 +49,8 @@ void AddRenderCommand(CLI::App &app, Session &session)
         ->add_option("--camera", arguments->camera,
                      "Eye and target in metres; X right, Y up, Z forwards")
         ->type_name("X,Y,Z,TX,TY,TZ");
+    command->add_flag_callback(
+        "--no-loads", [arguments] { arguments->loads = false; }, "Leave out the loads of vehicles");
     command->callback([&session, arguments] { render(session, *arguments); });
 }
 

@@ -8,6 +8,7 @@
 #include "OffscreenScene.h"
 #include "korvat/TestShape.h"
 #include "samples/Sample.h"
+#include "viewer/Stage.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
@@ -35,7 +36,7 @@ protected:
     {
         if (!canvas)
             return;
-        samples::WriteSample(folder.At("s"));
+        samples::WriteSample(folder.At("s"), {.loads = true});
         canvas->SetRangeNear(50);
         canvas->SetRangeFar(600);
     }
@@ -56,10 +57,11 @@ protected:
         // A new name each time, because the library remembers files in use.
         show(folder.Write("made-up" + std::to_string(++m_shapes) + ".s", ShapeText(panels)));
     }
-    QImage take(const CameraPose &camera)
+    QImage take(const CameraPose &camera) { return take(camera, view); }
+    QImage take(const CameraPose &camera, TSView &scene)
     {
-        static_cast<CameraPose &>(view) = camera;
-        view.ResetCamera();
+        static_cast<CameraPose &>(scene) = camera;
+        scene.ResetCamera();
         // The lowest bits are noise, which makes files larger.
         return canvas->Picture()
             .convertToFormat(QImage::Format_RGB16)
@@ -211,6 +213,47 @@ TEST_F(BaselineTest, ModelsMatchTheStoredPictures)
         const QImage wanted = compare(row.name, picture);
         EXPECT_GT(difference(picture.mirrored(true, false), wanted), kMirrored)
             << "this picture would not show a mirrored model";
+    }
+    EXPECT_EQ(dialogs.Log(), "");
+}
+
+TEST_F(BaselineTest, LoadsAndCouplersMatchTheStoredPictures)
+{
+    const struct
+    {
+        const char *name, *file; ///< a wagon of the loaded cars, or "" for their consist
+        bool loads;
+        CameraPose camera;
+    } rows[] = {
+        {"load-msts", "lc_crates", true, {9, 4.5F, 12, 0, 1.8F, 4}},
+        {"load-static", "lc_pair", true, {9, 4.5F, 12, 0, 1.8F, 4}},
+        {"load-full", "lc_ore", true, {9, 4.5F, 12, 0, 1.8F, 4}},
+        {"coupler-free", "lc_pair", false, {2.2F, 1.8F, 11.2F, 0, 0.9F, 9.4F}},
+        {"coupler-coupled", "", false, {-2.4F, 1.9F, -53.5F, 0, 0.9F, -55}},
+    };
+    const install::Environment environment{dialogs, files, settings, installation, shapes};
+    const auto mute = [](const std::string &) {};
+    viewer::Stage bare(environment, canvas.get(), mute), full(environment, canvas.get(), mute);
+    full.ShowAllAdded();
+    const std::string stock = folder.At("s/TRAINS/TRAINSET/");
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.name);
+        bare.ShowLoads(false);
+        full.ShowLoads(row.loads);
+        QImage pictures[2];
+        for (viewer::Stage *stage : {&bare, &full}) {
+            if (*row.file)
+                stage->RenderShape(stock + "Kestrel 62' Flats/flat 6201.s",
+                                   stock + "Loaded Cars/" + row.file + ".wag");
+            else
+                stage->RenderConsist(folder.At("s/TRAINS/CONSISTS/Loaded Cars.con"),
+                                     folder.At("s"));
+            while (stage->Step())
+                continue;
+            pictures[stage == &full] = take(row.camera, *stage->View());
+        }
+        compare(row.name, pictures[1]);
+        EXPECT_GT(difference(pictures[0], pictures[1]), kAllowed) << "nothing is added";
     }
     EXPECT_EQ(dialogs.Log(), "");
 }

@@ -108,6 +108,7 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  mnuViewPreview [Previe&w]
  mnuViewRefresh [&Refresh]
  -mnuViewReset [Reset &View]
+ -mnuViewLoads [Freight &Loads]
  mnuViewFilter [&Filter...]
  mnuViewOptions [&Options...]
  mnuViewTS [&MSTS]
@@ -377,8 +378,9 @@ INSTANTIATE_TEST_SUITE_P(Menu, CommandsTest, testing::ValuesIn(kRows), [](const 
 TEST_F(CommandsTableTest, CoversEveryMenuCommand)
 {
     Start();
-    std::set<std::string> known = {"mnuFileMRU0", "mnuFileMRU1", "mnuFileMRU2", // never used
+    std::set<std::string> known = {"mnuFileMRU0",    "mnuFileMRU1", "mnuFileMRU2", // never used
                                    "mnuViewReset",     // moves the camera: see ViewCameraTest
+                                   "mnuViewLoads",     // see ViewLoadsTest
                                    "mnuViewPictures"}; // opens a folder: see ViewPicturesTest
     for (const Row &row : kRows)
         known.insert(row.command);

@@ -43,12 +43,14 @@ TEST(WindowSettingsTest, AreReadBackAndInvalidOnesGiveDefaults)
     EXPECT_TRUE(settings.windows.empty()) << "nothing to remember";
     windows.maximised = true;
     windows.normal = QRect(-20, 5, 700, 500);
+    windows.loads = false;
     windows.editors = {{60, 100, 120}, {50, 200, 90}, {2, false}};
     windows.editors.preview = windows.editors.stockPictures = true;
     app::WriteWindowSettings(settings, windows);
     EXPECT_TRUE(settings.values.empty());
     const app::WindowSettings back = app::ReadWindowSettings(settings);
     EXPECT_TRUE(back.maximised);
+    EXPECT_FALSE(back.loads);
     EXPECT_EQ(back.normal, windows.normal);
     EXPECT_EQ(back.editors.consistWidths, windows.editors.consistWidths);
     EXPECT_EQ(back.editors.stockWidths, windows.editors.stockWidths);
@@ -60,6 +62,7 @@ TEST(WindowSettingsTest, AreReadBackAndInvalidOnesGiveDefaults)
         value += " 1e9 wide";
     const app::WindowSettings none = app::ReadWindowSettings(settings);
     EXPECT_FALSE(none.maximised);
+    EXPECT_TRUE(none.loads);
     EXPECT_TRUE(none.normal.isNull());
     EXPECT_TRUE(none.editors.consistWidths.empty() && none.editors.stockWidths.empty());
     EXPECT_EQ(none.editors.stockOrder.column, -1);

@@ -84,6 +84,21 @@ TEST(SampleTest, CanBeWrittenAgainInPlace)
     EXPECT_EQ(allBytes(temp.At("s")), before);
 }
 
+TEST(SampleTest, LoadsOnlyAddFiles)
+{
+    const support::TempFolder temp;
+    WriteSample(temp.At("s"));
+    auto plain = allBytes(temp.At("s"));
+    const samples::Totals totals = WriteSample(temp.At("s"), {.loads = true});
+    auto all = allBytes(temp.At("s"));
+    EXPECT_EQ(all.size(), static_cast<std::size_t>(totals.files) + 1);
+    EXPECT_EQ(std::vector({totals.folders, totals.stock, totals.consists}),
+              std::vector({9, 48, 15}));
+    plain.erase(samples::kMarkerFile);
+    for (const auto &[path, bytes] : plain)
+        EXPECT_EQ(all[path], bytes) << path;
+}
+
 TEST(SampleTest, HealthCasesOnlyAddFiles)
 {
     const support::TempFolder temp;

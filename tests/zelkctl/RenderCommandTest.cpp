@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ZelkctlTest.h"
+#include "samples/Sample.h"
 
 namespace {
 
@@ -40,6 +41,28 @@ TEST_F(RenderCommandTest, RefusesWrongArgumentsBeforeDrawing)
     EXPECT_EQ(run({"render", "gone.s", "--out", "a.png"}).err,
               "zelkctl: gone.s: error 53: File not found\n");
     EXPECT_FALSE(m_folder.Exists("a.png"));
+}
+
+TEST_F(RenderCommandTest, DrawsTheLoadsOfBothSimulatorsUnlessTheyAreLeftOut)
+{
+    samples::WriteSample(m_folder.At("s"), {.loads = true});
+    const std::string stock = "s/TRAINS/TRAINSET/";
+    const auto draw = [&](const std::string &file, const std::vector<std::string> &options) {
+        std::vector<std::string> arguments = {"render", stock + file, "--out",
+                                              "a.png",  "--size",     "64x40"};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        const Outcome outcome = run(arguments);
+        return outcome.code == 0 ? outcome.err + read("a.png") : std::string();
+    };
+    const std::string bare = draw("Kestrel 62' Flats/flat 6201.s", {});
+    if (bare.empty())
+        GTEST_SKIP() << "this machine cannot draw";
+    for (const char *wagon : {"lc_crates", "lc_ore"}) {
+        const std::string file = std::string("Loaded Cars/") + wagon + ".wag";
+        EXPECT_NE(draw(file, {}), bare) << wagon;
+        EXPECT_EQ(draw(file, {"--no-loads"}), bare) << wagon;
+    }
+    EXPECT_NE(draw("Loaded Cars/lc_pair.wag", {"--no-loads"}), bare) << "couplers stay";
 }
 
 TEST_F(RenderCommandTest, FilesThatCannotBeShownGiveNoPicture)

@@ -52,3 +52,4 @@ complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l size -d 'Width
 complete -c zelkctl -n '__fish_seen_subcommand_from thumbnail' -x -l size -d 'Width and height'
 complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l loose -d 'Number of the loose consist'
 complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l camera -d 'Camera position and target'
+complete -c zelkctl -n '__fish_seen_subcommand_from render' -l no-loads -d 'Leave out the loads of vehicles'

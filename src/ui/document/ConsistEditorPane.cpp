@@ -21,7 +21,7 @@
 #include "ui/document/TrainDrag.h"
 #include "ui/document/UnitCommands.h"
 #include "ui/document/frmDocument.h"
-#include "viewer/StockShape.h"
+#include "viewer/VehicleReader.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -521,9 +521,9 @@ void ConsistEditorPane::viewShape()
     }
     const std::string caption = item->type + " - " + item->shape;
     Guarded(m_window.Environment().dialogs, kViewShape, [&] {
-        const auto stock =
-            viewer::ReadStockShapeToShow(m_window.Environment().files, SelectedItem());
-        m_host.OpenDocumentWindow(stock.shapeFile, WindowMode::ShapeView, caption, {});
+        const std::string vehicle = SelectedItem();
+        const auto stock = viewer::ReadVehicleToShow(m_window.Environment(), vehicle);
+        m_host.OpenVehicleWindow(stock.shapeFile, vehicle, caption);
     });
 }
 

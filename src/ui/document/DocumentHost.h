@@ -17,6 +17,9 @@ public:
     /// Opens and shows a document window in this mode, with this caption.
     virtual void OpenDocumentWindow(const std::string &fileName, WindowMode mode,
                                     const std::string &caption, const StfNode &node) = 0;
+    /// Opens a 3D window of a vehicle, given by its engine or wagon file and its shape.
+    virtual void OpenVehicleWindow(const std::string &shapeFile, const std::string &vehicle,
+                                   const std::string &caption) = 0;
     /// Saves the active document window. `quiet` suppresses the caption change and the " saved"
     /// message.
     virtual void SaveDocument(bool quiet) = 0;

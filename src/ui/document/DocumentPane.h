@@ -97,6 +97,8 @@ public:
 
     /// 3D view: returns to the first view.
     virtual void ResetView() {}
+    /// 3D view: shows or hides the loads of vehicles, now and after each load.
+    virtual void ShowLoads(bool /*shown*/) {}
     /// 3D view: saves a screenshot in the folder, under the first free number. Throws RuntimeError
     /// as GameFiles::WriteFile does, or 5 if there is no 3D on this machine.
     virtual void SaveSnapshot(const std::string & /*folder*/) {}

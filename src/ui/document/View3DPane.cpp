@@ -49,7 +49,7 @@ void View3DPane::Load()
         return;
     }
     if (!showsConsist()) {
-        RenderShape(file);
+        RenderShape(file, m_window.Vehicle());
         return;
     }
     if (loose)

@@ -19,7 +19,8 @@ class DocumentHost;
 
 /// A document window inside the main window: the frame around one pane, which its mode selects. The
 /// opener sets FileName, node and Mode, calls LoadForm, and then sets the caption. A loose consist
-/// in 3D has the name of its activity file, and its TrainCfg block as node.
+/// in 3D has the name of its activity file, and its TrainCfg block as node; a vehicle in 3D has the
+/// name of its shape file, and its engine or wagon file as vehicle.
 ///
 /// LoadForm and SaveForm throw host::RuntimeError. The window's own buttons and keys report such a
 /// failure in a message box.
@@ -43,6 +44,8 @@ public:
     void SetFileName(std::string fileName) { m_fileName = std::move(fileName); }
     const StfNode &Node() const { return m_node; }
     void SetNode(StfNode node) { m_node = std::move(node); }
+    const std::string &Vehicle() const { return m_vehicle; }
+    void SetVehicle(std::string vehicle) { m_vehicle = std::move(vehicle); }
     int Number() const { return m_windowNumber; }
     std::string Caption() const { return windowTitle().toStdString(); }
     void SetCaption(const std::string &caption);
@@ -75,6 +78,7 @@ public:
     void Restore(const document::UnsavedConsist &unsaved) { m_pane->Restore(unsaved); }
     void ReloadAllStock() { m_pane->ReloadStock(); }
     void ResetView() { m_pane->ResetView(); }
+    void ShowLoads(bool shown) { m_pane->ShowLoads(shown); }
     void SaveSnapshot(const std::string &folder) { m_pane->SaveSnapshot(folder); }
 
     /// Clears the status bar and runs an action button of an editor.
@@ -120,7 +124,7 @@ private:
     document::Furnishing m_furnishing;
     int m_windowNumber;
     document::WindowMode m_mode = document::WindowMode::ConsistList;
-    std::string m_fileName, m_filter;
+    std::string m_fileName, m_filter, m_vehicle;
     StfNode m_node;
     document::DocumentPane *m_pane = nullptr; ///< a child; never null after SetMode
     bool m_asking = false;

@@ -52,7 +52,7 @@ enum class Command
     StockReplace, StockUndoReplace,
 
     ViewToolbar, ViewStatusBar, ViewPreview,
-    ViewRefresh, ViewReset, ViewFilter, ViewOptions,
+    ViewRefresh, ViewReset, ViewLoads, ViewFilter, ViewOptions,
     ViewTS, ViewTSE, ViewShapeViewer,
     ViewPictures,
 
@@ -314,6 +314,10 @@ inline constexpr CommandRow kCommands[] = {
      "Read the window's content again", when::AnyWindow, [](Handlers &on) { on.view.Refresh(); }},
     {Command::ViewReset, Menu::View, 2, "mnuViewReset", "Reset &View", "Home", "reset-view",
      "Go back to the first view", when::View, [](Handlers &on) { on.view.Reset(); }},
+    {Command::ViewLoads, Menu::View, 2, "mnuViewLoads", "Freight &Loads", "L", "",
+     "Show or hide the loads of vehicles in 3D", when::View,
+     [](Handlers &on) { on.view.ShowLoads(on.IsChecked(Command::ViewLoads)); },
+     Look::Checked, when::View},
     {Command::ViewFilter, Menu::View, 2, "mnuViewFilter", "&Filter...", "Ctrl+F", "filter",
      "Limit the list to names that match", when::ListOrEditor, [](Handlers &on) { on.view.Filter(); }},
     {Command::ViewOptions, Menu::View, 2, "mnuViewOptions", "&Options...", "", "options",

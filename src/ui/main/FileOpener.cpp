@@ -9,7 +9,7 @@
 #include "ui/document/DocumentHost.h"
 #include "viewer/LooseConsists.h"
 #include "viewer/Numbers.h"
-#include "viewer/StockShape.h"
+#include "viewer/VehicleReader.h"
 
 #include <QTimer>
 
@@ -48,10 +48,10 @@ void FileOpener::Open(const std::string &path)
 
 void FileOpener::openStock(const std::string &path)
 {
-    const viewer::StockShape stock = viewer::ReadStockShapeToShow(m_environment.files, path);
+    const viewer::StockShape stock = viewer::ReadVehicleToShow(m_environment, path);
     const bool wagon = host::path::Extension(path) == "wag";
-    m_host.OpenDocumentWindow(stock.shapeFile, document::WindowMode::ShapeView,
-                              (wagon ? "Wagon - " : "Engine - ") + stock.name, {});
+    m_host.OpenVehicleWindow(stock.shapeFile, path,
+                             (wagon ? "Wagon - " : "Engine - ") + stock.name);
 }
 
 void FileOpener::openActivity(const std::string &path)

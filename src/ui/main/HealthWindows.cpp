@@ -12,7 +12,7 @@
 #include "ui/main/WindowBounds.h"
 #include "ui/main/frmMain.h"
 #include "ui/print/PrintJobs.h"
-#include "viewer/StockShape.h"
+#include "viewer/VehicleReader.h"
 
 #include <QScreen>
 
@@ -127,8 +127,9 @@ void HealthWindows::open(const std::string &path)
 bool HealthWindows::showsShape(const std::string &stockFile) const
 {
     try {
-        host::GameFiles &files = m_window.Environment().files;
-        return files.FileExists(viewer::ReadStockShapeToShow(files, stockFile).shapeFile);
+        const install::Environment &environment = m_window.Environment();
+        return environment.files.FileExists(
+            viewer::ReadVehicleToShow(environment, stockFile).shapeFile);
     } catch (const std::exception &) {
         return false; // the folder of the vehicle is opened instead
     }

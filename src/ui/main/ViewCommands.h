@@ -46,6 +46,8 @@ public:
             active->ResetView();
     }
 
+    void ShowLoads(bool shown) { m_window.ShowLoads(shown); }
+
     void Filter()
     {
         frmDocument *active = m_window.ActiveDocument();

@@ -18,7 +18,7 @@ constexpr std::string_view kMaximised = "MainMaximised", kNormal = "MainNormalBo
                            kConsist = "ConsistColumns", kStock = "StockColumns",
                            kOrder = "StockOrder", kConsistFigures = "ConsistFigures",
                            kStockFigures = "StockFigures", kUnits = "Units", kPreview = "Preview",
-                           kStockPictures = "StockPictures";
+                           kStockPictures = "StockPictures", kLoads = "FreightLoads";
 constexpr int kFarthest = 100000; ///< beyond any screen
 
 using Numbers = std::vector<int>;
@@ -74,6 +74,7 @@ WindowSettings ReadWindowSettings(host::SettingsStore &settings)
     windows.maximised = read(settings, kMaximised) == Numbers{1};
     if (const Numbers bounds = read(settings, kNormal); bounds.size() == 4)
         windows.normal = QRect(bounds[0], bounds[1], bounds[2], bounds[3]);
+    windows.loads = read(settings, kLoads) != Numbers{0};
     windows.editors.consistWidths = read(settings, kConsist);
     windows.editors.stockWidths = read(settings, kStock);
     if (const Numbers order = read(settings, kOrder); order.size() == 2)
@@ -95,6 +96,7 @@ void WriteWindowSettings(host::SettingsStore &settings, const WindowSettings &wi
     write(settings, kNormal,
           windows.maximised ? Numbers{normal.x(), normal.y(), normal.width(), normal.height()}
                             : Numbers{});
+    write(settings, kLoads, windows.loads ? Numbers{} : Numbers{0});
     write(settings, kConsist, windows.editors.consistWidths);
     write(settings, kStock, windows.editors.stockWidths);
     write(settings, kOrder,

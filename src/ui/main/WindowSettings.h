@@ -17,6 +17,7 @@ struct WindowSettings
 {
     bool maximised = false; ///< the main window
     QRect normal;           ///< its bounds before it was maximised; empty if unknown
+    bool loads = true;      ///< 3D views show the loads of vehicles
     document::EditorLayout editors;
 };
 

@@ -125,6 +125,7 @@ void frmMain::loadSettings()
         screens << screen->availableGeometry();
     m_windowSettings = app::ReadWindowSettings(m_environment.settings);
     m_menus->ActionOf(app::Command::ViewPreview).setChecked(m_windowSettings.editors.preview);
+    m_menus->ActionOf(app::Command::ViewLoads).setChecked(m_windowSettings.loads);
     const bool restores = m_windowSettings.maximised && !m_windowSettings.normal.isEmpty();
     const QRect bounds = app::FitToScreens(
         restores ? m_windowSettings.normal : app::ReadMainBounds(m_environment.settings), screens);
@@ -226,13 +227,29 @@ void frmMain::OpenDocumentWindow(const std::string &fileName, WindowMode mode,
     openWindow(fileName, mode, caption, node, 0);
 }
 
+void frmMain::OpenVehicleWindow(const std::string &shapeFile, const std::string &vehicle,
+                                const std::string &caption)
+{
+    openWindow(shapeFile, WindowMode::ShapeView, caption, {}, 0, vehicle);
+}
+
+void frmMain::ShowLoads(bool shown)
+{
+    m_windowSettings.loads = shown;
+    for (frmDocument *window : Documents())
+        window->ShowLoads(shown);
+}
+
 frmDocument *frmMain::openWindow(const std::string &fileName, WindowMode mode,
-                                 const std::string &caption, const StfNode &node, int number)
+                                 const std::string &caption, const StfNode &node, int number,
+                                 const std::string &vehicle)
 {
     auto *window = new frmDocument(m_environment, *this, furnishing(), number);
     window->SetFileName(fileName);
     window->SetNode(node);
+    window->SetVehicle(vehicle);
     window->SetMode(mode);
+    window->ShowLoads(m_windowSettings.loads);
     addWindow(window);
     if (!Guarded(m_environment.dialogs, "Open File", [window] { window->LoadForm(); })) {
         delete window;

@@ -68,6 +68,8 @@ public:
     /// Asks for a name and saves the active document window under it. A 3D window saves a
     /// screenshot.
     void SaveDocumentAs();
+    /// Shows or hides the loads of vehicles in all 3D windows, now and in later ones.
+    void ShowLoads(bool shown);
     /// Returns the folder of the consists as the disk spells it, in which file dialogs start; "" if
     /// it is missing.
     std::string ConsistFolder() const;
@@ -80,6 +82,8 @@ public:
     const install::Environment &Environment() const { return m_environment; }
     void OpenDocumentWindow(const std::string &fileName, document::WindowMode mode,
                             const std::string &caption, const StfNode &node) override;
+    void OpenVehicleWindow(const std::string &shapeFile, const std::string &vehicle,
+                           const std::string &caption) override;
     void SaveDocument(bool quiet) override;
     void ShowTextWindow(const std::string &title, const std::string &text) override;
     void OpenOutside(const std::string &path) override;
@@ -111,7 +115,8 @@ private:
     void updateActions();
     void stopWork();
     frmDocument *openWindow(const std::string &fileName, document::WindowMode mode,
-                            const std::string &caption, const StfNode &node, int number);
+                            const std::string &caption, const StfNode &node, int number,
+                            const std::string &vehicle = {});
     void addWindow(frmDocument *window);
     document::Furnishing furnishing();
     void popUpEditorMenu(const QPoint &at);

@@ -165,9 +165,9 @@ void ViewerPane::RenderLooseConsist(const StfNode &trainCfg, const std::string &
     begin();
 }
 
-void ViewerPane::RenderShape(const std::string &file)
+void ViewerPane::RenderShape(const std::string &file, const std::string &vehicle)
 {
-    m_stage.RenderShape(file);
+    m_stage.RenderShape(file, vehicle);
     begin();
 }
 

@@ -51,7 +51,9 @@ public:
     void RenderConsist(const std::string &file, const std::string &installFolder);
     void RenderLooseConsist(const StfNode &trainCfg, const std::string &installFolder,
                             const std::string &source);
-    void RenderShape(const std::string &file);
+    void RenderShape(const std::string &file, const std::string &vehicle);
+    /// Shows or hides the loads of vehicles, now and in later scenes.
+    void ShowLoads(bool shown) { m_stage.ShowLoads(shown); }
     const std::string &Caption() const { return m_stage.Caption(); }
     bool Loading() const { return m_stage.Loading(); }
     /// Returns the scene, or null before the first one.
