@@ -4,6 +4,7 @@
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
+#include "host/Text.h"
 #include "viewer/Numbers.h"
 #include "viewer/StockShape.h"
 #include "viewer/TSView.h"
@@ -36,6 +37,13 @@ float lengthOf(const TSViewObject &object)
 {
     const korvat::Model *shape = object.Model().Loaded();
     return shape ? shape->box.most.z - shape->box.least.z : 0;
+}
+
+std::string nameOf(std::size_t number, const install::StockItem &item, const StockShape &stock)
+{
+    const std::string title(host::TrimBlanks(stock.title));
+    return std::to_string(number) + ". " + (title.empty() ? "" : title + " \u2013 ") + item.folder +
+           '/' + item.shape;
 }
 
 } // namespace
@@ -82,20 +90,24 @@ void ConsistLayout::place(const install::Unit &unit)
     const install::StockItem item = unit.Item();
     const std::string stockFile = install::StockPath(m_installFolder, item);
     if (m_environment.files.FileExists(stockFile))
-        placeStock(stockFile, item.shape, unit.IsFlipped());
+        placeStock(stockFile, item, unit.IsFlipped());
     else
         m_environment.dialogs.Message(stockFile + " does not exist!", "LoadShape",
                                       host::DialogIcon::Critical);
 }
 
-void ConsistLayout::placeStock(const std::string &stockFile, const std::string &name, bool flipped)
+void ConsistLayout::placeStock(const std::string &stockFile, const install::StockItem &item,
+                               bool flipped)
 {
     const StockShape stock = ReadStockShape(m_environment.files, stockFile);
     const std::optional<float> length = lengthOf(stock, stockFile);
     const float half = length.value_or(0) / 2;
     m_end = Finite(m_end - half);
     const float z = flipped ? -m_end : m_end, degrees = flipped ? -180.0f : 0.0f;
-    if (!stock.shapeFile.empty() && load(stock.shapeFile, name, z, degrees) && !length) {
+    const bool loaded = !stock.shapeFile.empty() && load(stock.shapeFile, item.shape, z, degrees);
+    if (loaded)
+        m_names.push_back(nameOf(m_next, item, stock));
+    if (loaded && !length) {
         TSViewObject &object = m_view.Models.Item(m_view.Models.Count());
         const float halfShape = Finite(lengthOf(object)) / 2;
         object.SetZ(flipped ? z + halfShape : z - halfShape);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/Stage.h"
 
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "install/Train.h"
 #include "korvat/draw/Canvas.h"
@@ -15,7 +16,6 @@ namespace viewer {
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenFrames(150);
-constexpr long kRangeNear = 50, kRangeFar = 600; ///< metres to the first and to opaque haze
 
 } // namespace
 
@@ -42,8 +42,8 @@ void Stage::setUp()
     OrbitCamera(*m_view).Reset(0);
     m_view->ResetCamera();
     if (m_canvas) {
-        m_canvas->SetRangeNear(kRangeNear);
-        m_canvas->SetRangeFar(kRangeFar);
+        m_canvas->SetRangeNear(TSView::kRangeNear);
+        m_canvas->SetRangeFar(TSView::kRangeFar);
     }
     m_loading = true;
     m_stopped = false;
@@ -89,7 +89,7 @@ void Stage::RenderShape(const std::string &file)
 {
     m_setStatus("Loading " + file);
     setUp();
-    m_shapeFile = file;
+    m_shapeFile = m_shownShape = file;
     m_ahead.emplace(m_environment, std::vector{file});
     m_caption.clear();
 }
@@ -168,6 +168,11 @@ void Stage::reportEnd()
     }
 }
 
+std::string Stage::NameOf(int place) const
+{
+    return m_layout ? m_layout->NameOf(place) : std::string(host::path::FileName(m_shownShape));
+}
+
 std::string Stage::Report() const
 {
     if (!m_view)
@@ -184,6 +189,7 @@ void Stage::Close()
     m_layout.reset();
     m_view.reset();
     m_shapeFile.clear();
+    m_shownShape.clear();
     m_problems.clear();
     m_messages.Clear();
     m_loading = false;

@@ -61,6 +61,10 @@ public:
     /// Returns the scene, or null before the first Render.
     TSView *View() { return m_view.get(); }
 
+    /// Returns how the vehicle or shape of an object of the scene is called. The object counts from
+    /// 1.
+    std::string NameOf(int place) const;
+
     /// Return the Z of the train's far end (0 or negative) and of its middle.
     float TrainEnd() const { return m_end; }
     float TrainMiddle() const { return m_end / 2; }
@@ -91,7 +95,8 @@ private:
     std::unique_ptr<TSView> m_view;
     std::optional<ConsistLayout> m_layout; ///< empty for a single shape
     std::optional<ShapesAhead> m_ahead;    ///< while loading
-    std::string m_shapeFile, m_caption;
+    std::string m_shapeFile; ///< still to load
+    std::string m_shownShape, m_caption;
     std::vector<std::string> m_problems;
     bool m_loading = false;
     bool m_stopped = false;

@@ -5,6 +5,7 @@
 #include "ui/document/EditorAction.h"
 #include "ui/document/UnitCommand.h"
 #include "ui/print/PrintJobs.h"
+#include "ui/view3d/CameraCommand.h"
 
 #include <QSize>
 
@@ -83,6 +84,8 @@ public:
 
     /// 3D view: returns to the first view.
     virtual void ResetView() {}
+    /// 3D view: moves the camera.
+    virtual void MoveCamera(viewer::CameraCommand /*command*/) {}
     /// 3D view: saves a screenshot in the folder, under the first free number. Throws RuntimeError
     /// as GameFiles::WriteFile does, or 5 if there is no 3D on this machine.
     virtual void SaveSnapshot(const std::string & /*folder*/) {}

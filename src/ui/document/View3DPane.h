@@ -29,6 +29,7 @@ public:
     app::PrintJob Print() override;
     void AddRemark(const std::string &remark) override { ViewerPane::AddRemark(remark); }
     void ResetView() override { ViewerPane::ResetView(); }
+    void MoveCamera(viewer::CameraCommand command) override { Camera().Run(command); }
     void SaveSnapshot(const std::string &folder) override;
 
 private:

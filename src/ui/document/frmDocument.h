@@ -66,6 +66,7 @@ public:
     void Restore(const document::UnsavedConsist &unsaved) { m_pane->Restore(unsaved); }
     void ReloadAllStock() { m_pane->ReloadStock(); }
     void ResetView() { m_pane->ResetView(); }
+    void MoveCamera(viewer::CameraCommand command) { m_pane->MoveCamera(command); }
     void SaveSnapshot(const std::string &folder) { m_pane->SaveSnapshot(folder); }
 
     /// Clears the status bar and runs an action button of an editor.

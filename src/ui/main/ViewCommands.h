@@ -44,6 +44,12 @@ public:
             active->ResetView();
     }
 
+    void MoveCamera(viewer::CameraCommand command)
+    {
+        if (frmDocument *active = m_window.ActiveDocument())
+            active->MoveCamera(command);
+    }
+
     void Filter()
     {
         frmDocument *active = m_window.ActiveDocument();

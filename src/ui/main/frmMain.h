@@ -15,6 +15,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -79,6 +80,7 @@ public:
     void OpenOutside(const std::string &path) override;
     void SetStatus(const std::string &text) override;
     void SetProgress(int done, int total) override;
+    bool Animates() override;
     void WriteLog(const std::string &text) override;
 
     /// The events of the validator during a check. The status bar shows its messages and the number
@@ -123,6 +125,7 @@ private:
     std::array<int, document::kWindowModes>
         m_counters{}; ///< numbers given to windows so far, by mode
     bool m_unloading = false;
+    std::optional<bool> m_animates; ///< empty before the first 3D window
     std::unique_ptr<app::MainMenu> m_menus;
     std::unique_ptr<app::WindowArranger> m_arranger;
     std::unique_ptr<app::Handlers> m_handlers;

@@ -163,14 +163,19 @@ void sfCanvas::mouseMoveEvent(QMouseEvent *event)
     Q_EMIT MouseMove(numberOf(event->buttons()), xOf(*event), yOf(*event));
 }
 
-void sfCanvas::mouseDoubleClickEvent(QMouseEvent *)
+void sfCanvas::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    Q_EMIT ResetWanted();
+    if (event->button() == Qt::MiddleButton)
+        mousePressEvent(event); // two short drags are not a double click
+    else
+        Q_EMIT DoubleClicked(xOf(*event), yOf(*event));
 }
 
 void sfCanvas::wheelEvent(QWheelEvent *event)
 {
     event->accept();
     if (const int turned = event->angleDelta().y())
-        Q_EMIT WheelTurned(static_cast<float>(turned) / kNotch);
+        Q_EMIT WheelTurned(static_cast<float>(turned) / kNotch,
+                           static_cast<float>(event->position().x()),
+                           static_cast<float>(event->position().y()));
 }

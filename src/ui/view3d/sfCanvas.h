@@ -55,10 +55,9 @@ Q_SIGNALS:
     void MouseUp();
     /// `buttons` are those held: 1 left, 2 right, 4 middle, or their sum.
     void MouseMove(int buttons, float x, float y);
-    /// Notches of the wheel; positive away from the user.
-    void WheelTurned(float notches);
-    /// Emitted on a double click, which restores the first view.
-    void ResetWanted();
+    /// Notches of the wheel, positive away from the user, and the place of the mouse.
+    void WheelTurned(float notches, float x, float y);
+    void DoubleClicked(float x, float y);
     /// Emitted when the OpenGL context was lost; redraw the scene.
     void DrawWanted();
     /// Emitted when no image can be shown after all.
