@@ -9,6 +9,9 @@
 #include "viewer/OrbitCamera.h"
 #include "viewer/TextureReport.h"
 
+#include <algorithm>
+#include <utility>
+
 using host::ErrorNumber;
 using host::RuntimeError;
 
@@ -21,8 +24,9 @@ constexpr std::chrono::milliseconds kBetweenFrames(150);
 
 Stage::Stage(const install::Environment &environment, korvat::Canvas *canvas, SetStatus setStatus)
     : m_messages(environment.dialogs)
+    , m_models(environment.shapes, environment.files)
     , m_environment{m_messages, environment.files, environment.settings, environment.installation,
-                    environment.shapes}
+                    m_models}
     , m_canvas(canvas)
     , m_setStatus(std::move(setStatus))
 {
@@ -81,7 +85,10 @@ void Stage::begin(const StfNode &trainCfg, const std::string &installFolder,
                                                          (title.empty() ? "" : " (" + title + ")"));
     }
     setUp();
+    m_train = trainCfg;
+    m_installFolder = installFolder;
     m_layout.emplace(m_environment, installFolder, trainCfg, *m_view);
+    watchStock();
     m_ahead.emplace(m_environment, m_layout->StockFiles());
 }
 
@@ -116,7 +123,7 @@ bool Stage::Step()
 void Stage::showProgress()
 {
     const auto now = std::chrono::steady_clock::now();
-    if (now < m_nextShown)
+    if (m_again || now < m_nextShown) // again: the picture stays until the new one is complete
         return;
     m_view->ShowModels();
     m_nextShown = now + kBetweenFrames;
@@ -125,7 +132,116 @@ void Stage::showProgress()
 void Stage::loadShape()
 {
     if (m_view->LoadShapeInToViewer("Shape", std::exchange(m_shapeFile, {}), 0, 0, 0, 0))
-        m_problems = m_view->Models.Item(1).Model().Problems();
+        collectProblems();
+}
+
+void Stage::collectProblems()
+{
+    m_problems.clear();
+    for (int place = 1; place <= m_view->Models.Count(); ++place)
+        for (const std::string &problem : m_view->Models.Item(place).Model().Problems())
+            if (std::find(m_problems.begin(), m_problems.end(), problem) == m_problems.end())
+                m_problems.push_back(problem);
+}
+
+void Stage::watchStock()
+{
+    m_stock.clear();
+    for (const std::string &file : m_layout->StockFiles())
+        if (!file.empty() && !m_stock.contains(file))
+            m_stock[file] = FileOnDisk::Of(m_environment.files, file);
+}
+
+bool Stage::stockHasChanged()
+{
+    bool changed = false;
+    for (auto &[path, known] : m_stock) {
+        FileOnDisk now = FileOnDisk::Of(m_environment.files, path);
+        changed = changed || known != now;
+        known = std::move(now);
+    }
+    return changed;
+}
+
+std::set<std::string> Stage::Places()
+{
+    std::set<std::string> places;
+    m_models.AddPlaces(places);
+    for (const auto &[path, file] : m_stock)
+        if (!file.place.empty())
+            places.insert(file.place);
+    return places;
+}
+
+bool Stage::FollowChanges()
+{
+    if (!m_view || m_loading)
+        return false;
+    const bool stock = stockHasChanged();
+    const std::set<std::string> changed = m_models.TakeChanges();
+    if (!stock && changed.empty())
+        return false;
+    if (stock || !reload(changed)) {
+        loadAgain();
+        return true;
+    }
+    collectProblems();
+    m_view->ShowModels();
+    reportReload();
+    return true;
+}
+
+/// Loads the shapes of the scene that have changed or use a changed texture. Returns false if a
+/// file belongs to no object: a vehicle that could not be shown may have become readable.
+bool Stage::reload(const std::set<std::string> &changed)
+{
+    std::set<std::string> left = changed;
+    m_vanished.clear();
+    for (int place = 1; place <= m_view->Models.Count(); ++place) {
+        TSViewObject &object = m_view->Models.Item(place);
+        const std::string shape = object.ShapeFile();
+        const std::string folder(host::path::FolderWithSeparator(shape));
+        std::vector<std::string> keys{KeptModels::KeyOf(shape)};
+        for (int texture = 1; texture <= object.NumTextures(); ++texture)
+            keys.push_back(KeptModels::KeyOf(folder, object.Texture(texture)));
+        bool uses = false;
+        for (const std::string &key : keys) {
+            uses = uses || changed.contains(key);
+            left.erase(key);
+        }
+        if (uses && m_environment.files.FileExists(shape))
+            object.LoadShape(shape);
+        else if (uses)
+            m_vanished = shape + " is missing";
+    }
+    return left.empty();
+}
+
+/// Begins to load the whole scene again. The canvas keeps its picture, and with it all models, so
+/// that unchanged files are not read.
+void Stage::loadAgain()
+{
+    m_again = true;
+    m_loading = true;
+    m_messages.Clear(true);
+    m_stopped = false;
+    m_view->DestroyModels();
+    if (m_layout) {
+        m_layout.emplace(m_environment, m_installFolder, m_train, *m_view);
+        m_ahead.emplace(m_environment, m_layout->StockFiles());
+    } else {
+        m_shapeFile = m_shownShape;
+        m_ahead.emplace(m_environment, std::vector{m_shapeFile});
+    }
+}
+
+void Stage::reportReload()
+{
+    std::vector<std::string> problems = m_models.TakeProblems();
+    if (!m_vanished.empty())
+        problems.push_back(m_vanished);
+    m_setStatus(problems.empty() ? "The files have changed; the view shows their new content."
+                                 : problems.front() + "; the view keeps what it could read last.");
 }
 
 void Stage::Stop()
@@ -144,13 +260,15 @@ void Stage::finish()
         m_problems = m_layout->Problems();
         m_end = m_layout->End();
         // If the user has turned the camera during loading, it keeps its distance from the train.
-        OrbitCamera(*m_view).MoveAlong(TrainMiddle());
+        if (!m_again)
+            OrbitCamera(*m_view).MoveAlong(TrainMiddle());
     }
     if (m_view->Models.Count() > 0)
         m_view->Models.Item(1).SetSelected(true);
     m_view->ResetCamera();
     m_scrollMaximum = Rounded16(-m_end, "the length of the train in metres");
     m_scrollMiddle = Rounded16(-TrainMiddle(), "the middle of the train");
+    m_again = false;
     reportEnd();
 }
 
@@ -191,7 +309,10 @@ void Stage::Close()
     m_shapeFile.clear();
     m_shownShape.clear();
     m_problems.clear();
+    m_stock.clear();
+    m_models.Clear();
     m_messages.Clear();
+    m_again = false;
     m_loading = false;
     m_end = 0;
     m_scrollMaximum = m_scrollMiddle = 0;

@@ -35,6 +35,8 @@ public:
     /// Loads a shape with its textures; returns false if that fails. Reports a missing file in a
     /// message box, and leaves any other reason in LastError.
     bool LoadShape(const std::string &shapeFile);
+    /// Returns the path of the last shape that was loaded.
+    const std::string &ShapeFile() const { return m_shapeFile; }
 
     ShapeModel &Model() { return m_model; }
     const ShapeModel &Model() const { return m_model; }
@@ -79,7 +81,7 @@ private:
     bool m_selected = false;
     ShapeModel m_model;
     float m_x = 0, m_y = 0, m_z = 0, m_r = 0;
-    std::string m_lastError;
+    std::string m_shapeFile, m_lastError;
     std::vector<std::string> m_textures;
     bool m_texturesShown = false;
     bool m_flashOn = false;

@@ -44,6 +44,7 @@ ViewerPane::ViewerPane(const PaneHost &host, QWidget *parent)
     m_grid->addWidget(hscView, 1, 0);
     tmrRenderer.setObjectName("tmrRenderer");
     tmrRenderer.setSingleShot(true);
+    connect(&m_watch, &FileWatch::Changed, this, &ViewerPane::followChanges);
     connect(&tmrRenderer, &QTimer::timeout, this, &ViewerPane::step);
     connectScrollBars();
     connectCamera();
@@ -233,6 +234,24 @@ void ViewerPane::end()
     showPlace();
     showHeight();
     m_remark.clear();
+    m_watch.Watch(m_stage.Places());
+}
+
+void ViewerPane::followChanges()
+{
+    told([this] {
+        if (m_stage.FollowChanges() && m_stage.Loading())
+            tmrRenderer.start(0);
+    });
+    if (!m_stage.Loading())
+        m_watch.Watch(m_stage.Places());
+}
+
+bool ViewerPane::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate && isVisible())
+        QMetaObject::invokeMethod(this, &ViewerPane::followChanges, Qt::QueuedConnection);
+    return QWidget::event(event);
 }
 
 /// The scroll bars follow the camera but must not move it: they know only whole metres.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/view3d/CameraControls.h"
+#include "ui/view3d/FileWatch.h"
 #include "viewer/Stage.h"
 
 #include <QImage>
@@ -35,7 +36,8 @@ struct PaneHost
 
 /// The controls of a 3D window: the canvas, the scroll bar along the train below it, and the scroll
 /// bar for the camera's height at its right. Without OpenGL, the pane shows the reason as text, and
-/// loads shapes only for their reports.
+/// loads shapes only for their reports. When a file of the scene changes on the disk, it shows the
+/// new content; on drives that report no changes, when the main window becomes active.
 ///
 /// On the canvas, the left button turns the camera about its target, and the right button slides
 /// both. The middle button slides the picture with the mouse, and the wheel moves the camera
@@ -85,6 +87,7 @@ public:
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    bool event(QEvent *event) override;
 
 private:
     QScrollBar *makeScrollBar(Qt::Orientation orientation, const char *name, const char *title);
@@ -98,6 +101,7 @@ private:
     void step();
     void told(const std::function<void()> &piece);
     void end();
+    void followChanges();
     void showPlace();
     void showHeight();
 
@@ -109,6 +113,7 @@ private:
     VehicleLabel *m_vehicle = nullptr;         ///< null without OpenGL
     Stage m_stage;
     CameraControls m_camera;
+    FileWatch m_watch;
 };
 
 } // namespace viewer
