@@ -5,11 +5,15 @@
 #include "korvat/draw/Renderer.h"
 
 #include <QOpenGLFramebufferObject>
+#include <QPainter>
+
+#include <algorithm>
 
 namespace korvat {
 namespace {
 
 constexpr int kSamples = 4;
+constexpr int kLargestTile = 2048; ///< pixels
 
 QSurfaceFormat wantedFormat()
 {
@@ -66,6 +70,28 @@ QImage OffscreenPainter::Paint(Renderer &renderer, int width, int height)
         return {};
     renderer.Paint(*m_device, width, height);
     return m_buffer->toImage();
+}
+
+QImage OffscreenPainter::PaintLarge(Renderer &renderer, int width, int height)
+{
+    const int side = kLargestTile;
+    QImage whole(width, height, QImage::Format_RGB32);
+    if (whole.isNull() || !m_context.makeCurrent(&m_surface) ||
+        !makeBuffer(std::min(width, side), std::min(height, side)))
+        return {};
+    for (int top = 0; top < height; top += side)
+        for (int left = 0; left < width; left += side) {
+            const Tile tile{left, top, std::min(side, width - left), std::min(side, height - top)};
+            if (!m_buffer->bind())
+                return {};
+            renderer.PaintTile(*m_device, width, height, tile);
+            const QImage part = m_buffer->toImage(); // with its lower left corner filled
+            if (part.isNull())
+                return {};
+            QPainter(&whole).drawImage(left, top, part, 0, part.height() - tile.height, tile.width,
+                                       tile.height);
+        }
+    return whole;
 }
 
 void OffscreenPainter::Release(Renderer &renderer)

@@ -27,6 +27,8 @@ public:
     /// Returns the last complete frame of the renderer, which must be the same one in every call.
     /// Returns a null image if OpenGL was lost or has no room for an image of this size.
     QImage Paint(Renderer &renderer, int width, int height);
+    /// Like Paint, for an image of any size: draws it in parts that every OpenGL has room for.
+    QImage PaintLarge(Renderer &renderer, int width, int height);
     /// Releases what the device holds for the renderer. Call this before either is destroyed.
     void Release(Renderer &renderer);
 

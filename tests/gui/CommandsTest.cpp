@@ -58,6 +58,7 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  -mnuFileSave [&Save]
  -mnuFileSaveAs [Save &As...]
  -mnuFileSaveAll [Save A&ll]
+ -mnuFileSavePicture [Save Pic&ture As...]
  mnuFilePageSetup [Page Set&up...]
  mnuFilePrint [&Print...]
  mnuFilePrintPreview [Print Pre&view...]
@@ -74,6 +75,7 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  mnuEditCopy [&Copy]
  mnuEditPaste [&Paste]
  mnuEditPasteSpecial [Paste &Special...]
+ -mnuEditCopyPicture [Copy P&icture]
  mnuEditSetAssoc [Set &File Association...]
 >mnuConsist [&Consist]
  mnuConsistEdit [&Edit]
@@ -372,7 +374,9 @@ TEST_F(CommandsTableTest, CoversEveryMenuCommand)
         "mnuFileMRU0", "mnuFileMRU1", "mnuFileMRU2", // never used
                                                      // these move the camera: see ViewCameraTest
         "mnuViewReset", "mnuViewShowAll", "mnuViewFromFront", "mnuViewFromRear", "mnuViewFromAbove",
-        "mnuViewFromOtherSide", "mnuViewPictures"}; // opens a folder: see ViewPicturesTest
+        "mnuViewFromOtherSide", "mnuViewPictures",
+        // see ViewPicturesTest
+        "mnuFileSavePicture", "mnuEditCopyPicture"};
     for (const Row &row : kRows)
         known.insert(row.command);
     for (const QAction *action :

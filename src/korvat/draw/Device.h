@@ -14,6 +14,7 @@ struct FrameSetup
     Vec3 eye;
     Vec3 toSun{0.5f, 0.75f, -0.43f}; ///< of length 1
     Tint sun, ambient, ambientBelow; ///< light from the sun, and from the sky above and below
+    bool hasSky = true;              ///< if false, the background is plain, in the horizon's colour
     Tint zenith, horizon;            ///< colours of the sky; the haze has the horizon's
     float hazeNear = 0, hazeFar = 0; ///< metres at which the haze begins and becomes opaque
 };

@@ -43,6 +43,33 @@ Sphere moved(const Sphere &sphere, const Transform &world)
     return {TransformPoint(sphere.centre, world), sphere.radius * scaleOf(world)};
 }
 
+/// Returns the vertical field of view that shows `factor` times as much as usual.
+float verticalRadians(float factor)
+{
+    const float usual = Renderer::kVerticalDegrees * std::numbers::pi_v<float> / 180;
+    return factor > 1 ? 2 * std::atan(std::tan(usual / 2) * factor) : usual;
+}
+
+/// Returns the settings for a part of a frame: its projection fills the part with what the whole
+/// frame shows there.
+FrameSetup cutTo(const Tile &tile, FrameSetup setup)
+{
+    if (tile.width == setup.width && tile.height == setup.height)
+        return setup;
+    const float width = static_cast<float>(setup.width), height = static_cast<float>(setup.height);
+    const float scaleX = width / static_cast<float>(tile.width);
+    const float scaleY = height / static_cast<float>(tile.height);
+    const float middleX = static_cast<float>(tile.left) + static_cast<float>(tile.width) / 2;
+    const float middleY = static_cast<float>(tile.top) + static_cast<float>(tile.height) / 2;
+    Transform cut = Scaling({scaleX, scaleY, 1});
+    cut.At(3, 0) = (1 - 2 * middleX / width) * scaleX;
+    cut.At(3, 1) = (2 * middleY / height - 1) * scaleY;
+    setup.projection = setup.projection * cut;
+    setup.width = tile.width;
+    setup.height = tile.height;
+    return setup;
+}
+
 } // namespace
 
 void Renderer::Begin()
@@ -91,7 +118,7 @@ FrameSetup Renderer::Setup(int width, int height) const
     const float aspect = static_cast<float>(setup.width) / static_cast<float>(setup.height);
     const float beyond = std::max(m_hazeFar * kBeyondHaze, 100.0f);
     setup.projection =
-        Perspective(kVerticalDegrees * std::numbers::pi_v<float> / 180, aspect, kNearest, beyond);
+        Perspective(verticalRadians(std::max(m_shape / aspect, 1.0f)), aspect, kNearest, beyond);
     setup.toSun = Normalised({0.62f, 0.70f, -0.36f});
     setup.sun = {0.78f, 0.75f, 0.68f};
     setup.ambient = {0.50f, 0.54f, 0.60f};
@@ -100,14 +127,25 @@ FrameSetup Renderer::Setup(int width, int height) const
     setup.horizon = {0.78f, 0.85f, 0.90f};
     setup.hazeNear = m_hazeNear;
     setup.hazeFar = m_hazeFar;
+    if (m_backdrop) {
+        setup.hasSky = false;
+        setup.horizon = *m_backdrop;
+        setup.hazeNear = beyond; // nothing is drawn so far away
+        setup.hazeFar = 2 * beyond;
+    }
     return setup;
 }
 
 void Renderer::Paint(Device &device, int width, int height)
 {
+    PaintTile(device, width, height, {0, 0, width, height});
+}
+
+void Renderer::PaintTile(Device &device, int width, int height, const Tile &tile)
+{
     const FrameSetup setup = Setup(width, height);
     const Frustum frustum(setup.view * setup.projection);
-    device.BeginFrame(setup);
+    device.BeginFrame(cutTo(tile, setup));
     releaseUnused(device);
     Calls calls;
     for (const Placed &placed : m_frame)

@@ -5,11 +5,18 @@
 #include "korvat/model/ModelSource.h"
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <unordered_map>
 #include <vector>
 
 namespace korvat {
+
+/// A rectangle of an image, in pixels from the upper left corner.
+struct Tile
+{
+    int left = 0, top = 0, width = 0, height = 0;
+};
 
 /// Turns models into frames: collects the models of a scene, culls those that the camera cannot
 /// see, sorts the rest into passes and draws them. Ensures that the device holds each mesh and
@@ -44,8 +51,16 @@ public:
     /// Sets the distances from the camera, in metres, at which the haze begins and becomes opaque.
     void SetHaze(float nearest, float farthest);
 
+    /// Sets a plain background without haze instead of the sky; nothing for the sky.
+    void SetBackdrop(std::optional<Tint> backdrop) { m_backdrop = backdrop; }
+    /// Sets the shape that images have on the screen: narrower ones then show more above and below,
+    /// so that nothing is cut off at their sides. 0, the initial value, keeps the field of view.
+    void SetShape(float widthByHeight) { m_shape = widthByHeight; }
+
     /// Paints the last complete frame. Requires the same device in every call, until Forget.
     void Paint(Device &device, int width, int height);
+    /// Paints only a part of an image of this size; the device's frame has the size of the part.
+    void PaintTile(Device &device, int width, int height, const Tile &tile);
     /// Forgets a device that is lost with everything on it.
     void Forget();
     /// Releases everything that the device holds.
@@ -86,6 +101,8 @@ private:
     std::unordered_map<const Texture *, Held<Texture>> m_textures;
     Vec3 m_eye{0, 0, -10}, m_target;
     float m_hazeNear = 50, m_hazeFar = 600;
+    std::optional<Tint> m_backdrop;
+    float m_shape = 0;
 };
 
 } // namespace korvat

@@ -17,13 +17,15 @@ bool SceneCanvas::BeginFrame()
     if (!m_rendering || !m_usable)
         return false;
     m_renderer.Begin();
-    Scenery::AddTo(m_renderer, m_eye);
+    if (m_scenery)
+        Scenery::AddTo(m_renderer, m_eye);
     return true;
 }
 
 void SceneCanvas::EndFrame()
 {
-    Scenery::AddShades(m_renderer);
+    if (m_scenery)
+        Scenery::AddShades(m_renderer);
     m_renderer.End();
     frameReady();
 }

@@ -7,6 +7,7 @@
 #include "ui/print/PrintJobs.h"
 #include "ui/view3d/CameraCommand.h"
 
+#include <QImage>
 #include <QSize>
 
 #include <string>
@@ -89,6 +90,17 @@ public:
     /// 3D view: saves a screenshot in the folder, under the first free number. Throws RuntimeError
     /// as GameFiles::WriteFile does, or 5 if there is no 3D on this machine.
     virtual void SaveSnapshot(const std::string & /*folder*/) {}
+    /// 3D view: returns the size of its picture, in pixels of the screen. Throws RuntimeError 5 if
+    /// there is no 3D on this machine, or in other panes.
+    virtual QSize PictureSize()
+    {
+        throw host::RuntimeError(host::ErrorNumber::InvalidCall, "this window has no 3D view");
+    }
+    /// 3D view: draws it in this size, as ViewerPane does. Throws like PictureSize.
+    virtual QImage DrawPicture(const QSize & /*size*/, bool /*transparent*/)
+    {
+        throw host::RuntimeError(host::ErrorNumber::InvalidCall, "this window has no 3D view");
+    }
 };
 
 } // namespace document

@@ -31,6 +31,11 @@ public:
     void ResetView() override { ViewerPane::ResetView(); }
     void MoveCamera(viewer::CameraCommand command) override { Camera().Run(command); }
     void SaveSnapshot(const std::string &folder) override;
+    QSize PictureSize() override { return Picture().size(); }
+    QImage DrawPicture(const QSize &size, bool transparent) override
+    {
+        return ViewerPane::DrawPicture(size, transparent);
+    }
 
 private:
     bool showsConsist() const;

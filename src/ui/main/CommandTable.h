@@ -29,13 +29,13 @@ enum class Menu
 enum class Command
 {
     FileNewConsist, FileNewConsistList, FileOpen, FileClose,
-    FileSave, FileSaveAs, FileSaveAll,
+    FileSave, FileSaveAs, FileSaveAll, FileSavePicture,
     FilePageSetup, FilePrint, FilePrintPreview, FileProperties,
     FileSetMSTSLoc, FileMRU0, FileMRU1, FileMRU2,
     FileExit,
 
     EditUndo, EditRedo,
-    EditCut, EditCopy, EditPaste, EditPasteSpecial,
+    EditCut, EditCopy, EditPaste, EditPasteSpecial, EditCopyPicture,
     EditSetAssoc,
 
     ConsistEdit, ConsistView, ConsistViewShape,
@@ -175,6 +175,8 @@ inline constexpr CommandRow kCommands[] = {
      "Save the consist under another name", when::EditorOrView, [](Handlers &on) { on.file.SaveAs(); }},
     {Command::FileSaveAll, Menu::File, 2, "mnuFileSaveAll", "Save A&ll", "", "save-all",
      "Save all open consists", when::AnythingToSave, [](Handlers &on) { on.file.SaveAll(); }},
+    {Command::FileSavePicture, Menu::File, 2, "mnuFileSavePicture", "Save Pic&ture As...", "Ctrl+Alt+S", "",
+     "Save a picture of the 3D window in any size", when::View, [](Handlers &on) { on.pictures.SaveAs(); }},
 
     {Command::FilePageSetup, Menu::File, 3, "mnuFilePageSetup", "Page Set&up...", "", "",
      "Set the paper and its margins", when::Always, [](Handlers &on) { on.printing.SetUpPage(); }},
@@ -213,6 +215,8 @@ inline constexpr CommandRow kCommands[] = {
      "Paste a copy of the consist, or the copied units", when::Always, [](Handlers &on) { on.edit.Paste(); }},
     {Command::EditPasteSpecial, Menu::Edit, 2, "mnuEditPasteSpecial", "Paste &Special...", "", "",
      "Paste in another way", when::Always, [](Handlers &on) { on.Say("Edit PasteSpecial not yet implemented"); }},
+    {Command::EditCopyPicture, Menu::Edit, 2, "mnuEditCopyPicture", "Copy P&icture", "Ctrl+Shift+C", "",
+     "Copy the picture of the 3D window", when::View, [](Handlers &on) { on.pictures.Copy(); }},
 
     {Command::EditSetAssoc, Menu::Edit, 3, "mnuEditSetAssoc", "Set &File Association...", "", "association",
      "Open consist files with this program", when::Always, [](Handlers &on) { on.shell.SetFileAssociation(); }},

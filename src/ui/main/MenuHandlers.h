@@ -14,6 +14,7 @@
 #include "ui/main/HealthWindows.h"
 #include "ui/main/HelpCommands.h"
 #include "ui/main/MstsLocation.h"
+#include "ui/main/PictureCommands.h"
 #include "ui/main/Printing.h"
 #include "ui/main/ResultsWindows.h"
 #include "ui/main/ToolCommands.h"
@@ -75,6 +76,7 @@ struct Handlers
     CheckMenu checks;
     HealthCommands health;
     ViewCommands view;
+    PictureCommands pictures;
     ToolCommands tools;
     WindowCommands windows;
     HelpCommands help;

@@ -4,6 +4,7 @@
 #include "host/Dialogs.h"
 #include "host/RuntimeError.h"
 #include "ui/view3d/SavedPictureBar.h"
+#include "ui/view3d/Transparency.h"
 #include "ui/view3d/VehicleLabel.h"
 #include "ui/view3d/sfCanvas.h"
 
@@ -278,6 +279,29 @@ QImage ViewerPane::Picture()
     if (picture.isNull())
         throw host::RuntimeError(host::ErrorNumber::InvalidCall, "there is no 3D view to print");
     return picture.convertToFormat(QImage::Format_RGB888);
+}
+
+QImage ViewerPane::DrawPicture(const QSize &size, bool transparent)
+{
+    if (!sfViewer || m_noCanvas || !m_stage.View())
+        throw host::RuntimeError(host::ErrorNumber::InvalidCall, "there is no 3D view to draw");
+    m_camera.Finish();
+    QImage picture;
+    if (transparent) {
+        sfViewer->SetScenery(false);
+        m_stage.View()->ShowModels();
+        picture = sfViewer->Draw(size, korvat::Tint{0, 0, 0, 1});
+        const QImage onWhite = sfViewer->Draw(size, korvat::Tint{1, 1, 1, 1});
+        sfViewer->SetScenery(true);
+        m_stage.View()->ShowModels();
+        picture = onWhite.isNull() ? QImage() : WithoutBackground(std::move(picture), onWhite);
+    } else {
+        picture = sfViewer->Draw(size, std::nullopt);
+    }
+    if (picture.isNull())
+        throw host::RuntimeError(host::ErrorNumber::InvalidCall,
+                                 "the graphics driver has no room for the picture");
+    return picture;
 }
 
 void ViewerPane::SaveSnapshot(const std::string &base, const std::string &what)

@@ -74,6 +74,9 @@ public:
     std::string Report() const { return m_stage.Report(); }
     /// Returns the image that is shown. Throws RuntimeError 5 if there is none.
     QImage Picture();
+    /// Draws the scene in this size. A transparent picture holds only the vehicles or the shape.
+    /// Throws RuntimeError 5 if that is not possible.
+    QImage DrawPicture(const QSize &size, bool transparent);
     /// Saves a screenshot as `base` with the first free number. Reports its path in the status,
     /// which calls it a `what` ("consist") snapshot, and in a bar that stays on the canvas. Throws
     /// RuntimeError like sfCanvas::SaveSnapshot, and 5 if there is no canvas.

@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -113,6 +114,18 @@ QImage sfCanvas::Picture()
         m_picture = paintFrame();
     m_stale = false;
     return m_picture;
+}
+
+QImage sfCanvas::Draw(const QSize &size, const std::optional<korvat::Tint> &backdrop)
+{
+    if (!m_painter)
+        return {};
+    renderer().SetBackdrop(backdrop);
+    renderer().SetShape(static_cast<float>(width()) / static_cast<float>(std::max(height(), 1)));
+    const QImage image = m_painter->PaintLarge(renderer(), size.width(), size.height());
+    renderer().SetBackdrop({});
+    renderer().SetShape(0);
+    return image;
 }
 
 void sfCanvas::paintEvent(QPaintEvent *)

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace host {
@@ -39,6 +40,10 @@ public:
 
     /// Returns the image that is shown, in the screen's own pixels; null if there is none.
     QImage Picture();
+
+    /// Draws the last frame in this size, on a plain background if `backdrop` is given. Everything
+    /// that the canvas shows is in the image. Returns a null image if there is no room for it.
+    QImage Draw(const QSize &size, const std::optional<korvat::Tint> &backdrop);
 
     /// If true, screenshots overwrite number 0001; if false (the default), each gets a free number.
     void SetOverwriteSnapshot(bool overwrite) { m_overwrite = overwrite; }
