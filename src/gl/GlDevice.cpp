@@ -281,8 +281,11 @@ void GlDevice::BeginFrame(const FrameSetup &setup)
     glDisable(GL_BLEND);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     glDepthMask(GL_TRUE);
+    const Tint plain = setup.hasSky ? Tint{0, 0, 0, 0} : setup.horizon;
+    glClearColor(plain.r, plain.g, plain.b, plain.a);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    paintSky(setup);
+    if (setup.hasSky)
+        paintSky(setup);
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LESS);
     glEnable(GL_CULL_FACE);
@@ -307,7 +310,10 @@ void GlDevice::paintSky(const FrameSetup &setup)
     m_sky.bind();
     set(m_sky, "right", axis(0, 1 / setup.projection.At(0, 0)));
     set(m_sky, "up", axis(1, 1 / setup.projection.At(1, 1)));
-    set(m_sky, "forward", axis(2, 1));
+    // The middle of a tile is not in the direction of the camera.
+    set(m_sky, "forward",
+        axis(2, 1) - axis(0, setup.projection.At(2, 0) / setup.projection.At(0, 0)) -
+            axis(1, setup.projection.At(2, 1) / setup.projection.At(1, 1)));
     set(m_sky, "zenith", setup.zenith);
     set(m_sky, "horizon", setup.horizon);
     set(m_sky, "nadir", setup.nadir);

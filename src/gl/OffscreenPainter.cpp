@@ -7,11 +7,15 @@
 
 #include <QElapsedTimer>
 #include <QOpenGLFramebufferObject>
+#include <QPainter>
+
+#include <algorithm>
 
 namespace korvat {
 namespace {
 
 constexpr int kSamples = 4;
+constexpr int kLargestTile = 2048; ///< pixels
 
 QSurfaceFormat wantedFormat()
 {
@@ -90,6 +94,28 @@ void OffscreenPainter::MoveTo(QThread &thread)
 {
     m_context.doneCurrent();
     m_context.moveToThread(&thread);
+}
+
+QImage OffscreenPainter::PaintLarge(Renderer &renderer, int width, int height)
+{
+    const int side = kLargestTile;
+    QImage whole(width, height, QImage::Format_RGB32);
+    if (whole.isNull() || !m_context.makeCurrent(&m_surface) ||
+        !makeBuffer(std::min(width, side), std::min(height, side)))
+        return {};
+    for (int top = 0; top < height; top += side)
+        for (int left = 0; left < width; left += side) {
+            const Tile tile{left, top, std::min(side, width - left), std::min(side, height - top)};
+            if (!m_buffer->bind())
+                return {};
+            renderer.PaintTile(*m_device, width, height, tile);
+            const QImage part = m_buffer->toImage(); // with its lower left corner filled
+            if (part.isNull())
+                return {};
+            QPainter(&whole).drawImage(left, top, part, 0, part.height() - tile.height, tile.width,
+                                       tile.height);
+        }
+    return whole;
 }
 
 void OffscreenPainter::Release(Renderer &renderer)

@@ -39,6 +39,8 @@ public:
     /// Returns the last complete frame of the renderer, which must be the same one in every call.
     /// Returns a null image if OpenGL was lost or has no room for an image of this size.
     QImage Paint(Renderer &renderer, int width, int height);
+    /// Like Paint, for an image of any size: draws it in parts that every OpenGL has room for.
+    QImage PaintLarge(Renderer &renderer, int width, int height);
     /// Moves the painter from the current thread to another one. It must be back on the
     /// application's thread when it is destroyed.
     void MoveTo(QThread &thread);

@@ -3,6 +3,7 @@
 
 #include "host/Dialogs.h"
 #include "host/RuntimeError.h"
+#include "host/Text.h"
 #include "viewer/AddShapes.h"
 #include "viewer/Numbers.h"
 #include "viewer/StockShape.h"
@@ -28,6 +29,13 @@ std::optional<float> lengthOf(const StockShape &stock, const std::string &stockF
         throw host::RuntimeError(error.Code(), stockFile + ": the length is " + error.Detail() +
                                                    ", which is too large");
     }
+}
+
+std::string nameOf(std::size_t number, const install::StockItem &item, const StockShape &stock)
+{
+    const std::string title(host::TrimBlanks(stock.title));
+    return std::to_string(number) + ". " + (title.empty() ? "" : title + " \u2013 ") + item.folder +
+           '/' + item.shape;
 }
 
 } // namespace
@@ -76,20 +84,23 @@ void ConsistLayout::place(const install::Unit &unit)
     const install::StockItem item = unit.Item();
     const std::string stockFile = install::StockPath(m_installFolder, item);
     if (m_vehicles->Exists(stockFile))
-        placeStock(stockFile, item.shape, unit.IsFlipped());
+        placeStock(stockFile, item, unit.IsFlipped());
     else
         m_environment.dialogs.Message(stockFile + " does not exist!", "LoadShape",
                                       host::DialogIcon::Critical);
 }
 
-void ConsistLayout::placeStock(const std::string &stockFile, const std::string &name, bool flipped)
+void ConsistLayout::placeStock(const std::string &stockFile, const install::StockItem &item,
+                               bool flipped)
 {
     const StockShape stock = m_vehicles->Shape(stockFile);
     const std::optional<float> length = lengthOf(stock, stockFile);
     const float half = length.value_or(0) / 2;
     m_end = Finite(m_end - half);
     const float z = flipped ? -m_end : m_end, degrees = flipped ? -180.0f : 0.0f;
-    const bool loaded = !stock.shapeFile.empty() && load(stock.shapeFile, name, z, degrees);
+    const bool loaded = !stock.shapeFile.empty() && load(stock.shapeFile, item.shape, z, degrees);
+    if (loaded)
+        m_names.push_back(nameOf(m_next, item, stock));
     if (loaded && !length) {
         TSViewObject &object = m_view.Models.Item(m_view.Models.Count());
         const float halfShape = Finite(LengthOf(object)) / 2;

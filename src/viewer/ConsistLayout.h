@@ -43,6 +43,12 @@ public:
     int Done() const { return static_cast<int>(m_next); }
     /// Returns the Z of the far end of the vehicles placed so far: minus their length.
     float End() const { return m_end; }
+    /// Returns how the vehicle of an object of the scene is called: its number in the train, file,
+    /// folder and the name that the simulator shows. The object counts from 1.
+    const std::string &NameOf(int place) const
+    {
+        return m_names.at(static_cast<std::size_t>(place - 1));
+    }
     /// Returns the visible defects (ShapeModel::Problems), without duplicates.
     const std::vector<std::string> &Problems() const { return m_problems; }
     /// Returns what is missing from the shapes that vehicles add, without duplicates.
@@ -50,7 +56,7 @@ public:
 
 private:
     void place(const install::Unit &unit);
-    void placeStock(const std::string &stockFile, const std::string &name, bool flipped);
+    void placeStock(const std::string &stockFile, const install::StockItem &item, bool flipped);
     void addShapes(const std::string &stockFile, std::optional<float> length, bool flipped);
     bool load(const std::string &shapeFile, const std::string &name, float z, float degrees);
     void collectProblems();
@@ -63,6 +69,7 @@ private:
     std::shared_ptr<VehicleReader> m_vehicles;
     std::size_t m_next = 0;
     float m_end = 0;
+    std::vector<std::string> m_names; ///< by object of the scene
     std::vector<std::string> m_problems, m_lacks;
     std::mt19937_64 m_random;
 };

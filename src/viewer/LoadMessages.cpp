@@ -23,10 +23,10 @@ host::DialogAnswer LoadMessages::Message(const std::string &text, const std::str
     return answer;
 }
 
-void LoadMessages::Clear()
+void LoadMessages::Clear(bool silent)
 {
     m_texts.clear();
-    m_silent = false;
+    m_silent = silent;
 }
 
 } // namespace viewer

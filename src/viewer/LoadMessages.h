@@ -24,8 +24,8 @@ public:
                                host::DialogIcon icon, host::DialogButtons buttons) override;
     /// Returns the different texts in order of arrival, including those that were not shown.
     const std::vector<std::string> &Texts() const { return m_texts; }
-    /// Forgets everything, before a new loading.
-    void Clear();
+    /// Forgets everything, before a new loading, which can be a silent one without boxes.
+    void Clear(bool silent = false);
 
 private:
     host::Dialogs &m_dialogs;

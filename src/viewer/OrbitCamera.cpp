@@ -16,9 +16,10 @@ namespace {
 constexpr float kRadiansPerX = 1 / 200.0f, kRadiansPerY = 1 / 100.0f;
 constexpr float kRadiansOverPerY = 1 / 200.0f, kMetresPerY = 1 / 100.0f;
 constexpr float kSteepest = std::numbers::pi_v<float> / 2 - 0.001f; ///< radians above the target
-constexpr float kBeside = 0.001f; ///< tolerance for rounding, relative to the distance
-constexpr float kStep = 0.9f;     ///< factor of the distance for one step forward
-constexpr float kClosest = 1.0f, kFarthest = 500.0f; ///< metres; the haze ends at 600
+constexpr float kBeside = 0.001f;       ///< tolerance for rounding, relative to the distance
+constexpr float kStep = 0.9f;           ///< factor of the distance for one step forward
+constexpr float kClosest = 1.0f;        ///< metres from the target
+constexpr float kClosestToPoint = 0.5f; ///< metres from what is under the mouse
 
 float signOf(float value)
 {
@@ -66,6 +67,11 @@ void OrbitCamera::changeOffset(const Vec3 &offset)
     pose.CamY = pose.LookAtY + offset.y;
     pose.CamZ = pose.LookAtZ + offset.z;
     change(pose);
+}
+
+void OrbitCamera::changeBoth(const Vec3 &eye, const Vec3 &target)
+{
+    change({eye.x, eye.y, eye.z, target.x, target.y, target.z});
 }
 
 void OrbitCamera::change(const CameraPose &pose)
@@ -137,14 +143,64 @@ void OrbitCamera::SetHeight(float height)
     change(pose);
 }
 
-void OrbitCamera::Approach(float steps)
+void OrbitCamera::ApproachPoint(const Vec3 &point, float steps, float farthest)
+{
+    const Vec3 eye{m_pose.CamX, m_pose.CamY, m_pose.CamZ};
+    const Vec3 target{m_pose.LookAtX, m_pose.LookAtY, m_pose.LookAtZ};
+    const float distance = Length(offset()), toPoint = Length(eye - point);
+    if (distance == 0 || toPoint == 0)
+        return;
+    const float least = std::max(kClosest / distance, kClosestToPoint / toPoint);
+    const float factor = std::clamp(std::pow(kStep, steps), std::min(least, 1.0f),
+                                    std::max(farthest / distance, 1.0f));
+    changeBoth(point + (eye - point) * factor, point + (target - point) * factor);
+}
+
+void OrbitCamera::Slide(const Vec3 &by)
+{
+    changeBoth(Vec3{m_pose.CamX, m_pose.CamY, m_pose.CamZ} + by,
+               Vec3{m_pose.LookAtX, m_pose.LookAtY, m_pose.LookAtZ} + by);
+}
+
+void OrbitCamera::MoveTarget(const Vec3 &target)
+{
+    changeBoth(target + offset(), target);
+}
+
+void OrbitCamera::LookFrom(Side side)
+{
+    const float distance = Length(offset());
+    switch (side) {
+    case Side::Front:
+        return changeOffset({0, 0, distance});
+    case Side::Rear:
+        return changeOffset({0, 0, -distance});
+    case Side::Above:
+        break;
+    }
+    changeOffset({distance * std::cos(kSteepest), distance * std::sin(kSteepest), 0});
+}
+
+void OrbitCamera::LookFromOtherSide()
 {
     const Vec3 offset = this->offset();
-    const float distance = Length(offset);
-    if (distance == 0)
+    changeOffset({-offset.x, offset.y, -offset.z});
+}
+
+void OrbitCamera::ShowAll(std::span<const Vec3> points, const Vec3 &middle, float width,
+                          float height)
+{
+    if (points.empty())
         return;
-    const float wanted = std::clamp(distance * std::pow(kStep, steps), kClosest, kFarthest);
-    changeOffset(offset * (wanted / distance));
+    const Sight sight(m_pose, width, height);
+    const Vec3 eye = sight.NearestEye(points);
+    const float depth = std::max(korvat::Dot(middle - eye, sight.Forward()), kClosest);
+    changeBoth(eye, eye + sight.Forward() * depth);
+}
+
+float OrbitCamera::Distance() const
+{
+    return Length(offset());
 }
 
 } // namespace viewer

@@ -3,8 +3,19 @@
 
 #include "korvat/model/Transform.h"
 #include "viewer/CameraPose.h"
+#include "viewer/Sight.h"
+
+#include <span>
 
 namespace viewer {
+
+/// The sides from which a camera can look at a train.
+enum class Side
+{
+    Front,
+    Rear,
+    Above
+};
 
 /// Moves a camera for the mouse, the wheel and the scroll bars. Mouse distances are in the canvas's
 /// units (pixels that do not depend on the screen's density), everything else is in metres. Throws
@@ -37,14 +48,34 @@ public:
     void MoveAlong(float z);
     /// Moves the camera to this height; the target stays.
     void SetHeight(float height);
-    /// Moves the camera towards the target (positive steps) or away from it, by a tenth of the
-    /// distance per step. The camera neither reaches the target nor leaves the scene.
-    void Approach(float steps);
+    /// Moves camera and target towards a point that the camera sees (positive steps) or away from
+    /// it, by a tenth of the distance per step. The point keeps its place in the picture. The
+    /// camera reaches neither the point nor the target, and gets no farther from the target than
+    /// `farthest`.
+    void ApproachPoint(const korvat::Vec3 &point, float steps, float farthest = kFarthest);
+    /// Slides camera and target.
+    void Slide(const korvat::Vec3 &by);
+    /// Moves the target to a point, and the camera by the same distance.
+    void MoveTarget(const korvat::Vec3 &target);
+    /// Moves the camera about the target to one side of it. Above, the train's front is on the
+    /// right.
+    void LookFrom(Side side);
+    /// Moves the camera about the target to the opposite side, at the same height.
+    void LookFromOtherSide();
+    /// Moves the camera, without turning it, as near as it can be to see all of the points on a
+    /// canvas of this size. The new target is in the middle of the picture, in the depth of
+    /// `middle`. Without points, does nothing.
+    void ShowAll(std::span<const korvat::Vec3> points, const korvat::Vec3 &middle, float width,
+                 float height);
+    float Distance() const;
+
+    static constexpr float kFarthest = 500; ///< metres from the target, unless it is farther
 
 private:
     /// Returns the vector from the target to the camera.
     korvat::Vec3 offset() const;
     void changeOffset(const korvat::Vec3 &offset);
+    void changeBoth(const korvat::Vec3 &eye, const korvat::Vec3 &target);
     void change(const CameraPose &pose);
 
     CameraPose &m_pose;

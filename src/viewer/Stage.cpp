@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "viewer/Stage.h"
 
+#include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "install/Train.h"
 #include "korvat/draw/Canvas.h"
@@ -10,6 +11,9 @@
 #include "viewer/StockShape.h"
 #include "viewer/TextureReport.h"
 
+#include <algorithm>
+#include <utility>
+
 using host::ErrorNumber;
 using host::RuntimeError;
 
@@ -17,14 +21,14 @@ namespace viewer {
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenFrames(150);
-constexpr long kRangeNear = 50, kRangeFar = 600; ///< metres to the first and to opaque haze
 
 } // namespace
 
 Stage::Stage(const install::Environment &environment, korvat::Canvas *canvas, SetStatus setStatus)
     : m_messages(environment.dialogs)
+    , m_models(environment.shapes, environment.files)
     , m_environment{m_messages, environment.files, environment.settings, environment.installation,
-                    environment.shapes}
+                    m_models}
     , m_canvas(canvas)
     , m_setStatus(std::move(setStatus))
 {
@@ -47,8 +51,8 @@ void Stage::setUp(korvat::Ground ground)
     OrbitCamera(*m_view).Reset(0);
     m_view->ResetCamera();
     if (m_canvas) {
-        m_canvas->SetRangeNear(kRangeNear);
-        m_canvas->SetRangeFar(kRangeFar);
+        m_canvas->SetRangeNear(TSView::kRangeNear);
+        m_canvas->SetRangeFar(TSView::kRangeFar);
     }
     m_loading = true;
     m_stopped = false;
@@ -86,8 +90,17 @@ void Stage::begin(const StfNode &trainCfg, const std::string &installFolder,
                                                          (title.empty() ? "" : " (" + title + ")"));
     }
     setUp(korvat::Ground::Track);
+    m_train = trainCfg;
+    m_installFolder = installFolder;
+    beginTrain();
+}
+
+/// Places the vehicles of the train from its beginning.
+void Stage::beginTrain()
+{
     m_vehicles = std::make_shared<VehicleReader>(m_environment.files, reading());
-    m_layout.emplace(m_environment, installFolder, trainCfg, *m_view, m_vehicles);
+    m_layout.emplace(m_environment, m_installFolder, m_train, *m_view, m_vehicles);
+    watchStock();
     m_ahead.emplace(m_environment, m_vehicles, m_layout->StockFiles());
 }
 
@@ -107,15 +120,24 @@ void Stage::ShowLoads(bool shown)
     m_view->ShowModels();
 }
 
+/// Loads the shape, and what its vehicle adds.
+void Stage::beginShape()
+{
+    m_shapeFile = m_shownShape;
+    m_vehicles = std::make_shared<VehicleReader>(m_environment.files, reading());
+    watchStock();
+    m_ahead.emplace(m_environment, m_vehicles,
+                    std::vector{m_vehicleFile.empty() ? m_shapeFile : m_vehicleFile});
+}
+
 void Stage::RenderShape(const std::string &file, const std::string &vehicle)
 {
     m_setStatus("Loading " + file);
     const bool rolls = !vehicle.empty() || IsStockShape(m_environment.files, file);
     setUp(rolls ? korvat::Ground::Track : korvat::Ground::Plain);
-    m_shapeFile = file;
+    m_shownShape = file;
     m_vehicleFile = vehicle;
-    m_vehicles = std::make_shared<VehicleReader>(m_environment.files, reading());
-    m_ahead.emplace(m_environment, m_vehicles, std::vector{vehicle.empty() ? file : vehicle});
+    beginShape();
     m_caption.clear();
 }
 
@@ -141,7 +163,7 @@ bool Stage::Step()
 void Stage::showProgress()
 {
     const auto now = std::chrono::steady_clock::now();
-    if (now < m_nextShown)
+    if (m_again || now < m_nextShown) // again: the picture stays until the new one is complete
         return;
     m_view->ShowModels();
     m_nextShown = now + kBetweenFrames;
@@ -151,11 +173,116 @@ void Stage::loadShape()
 {
     if (!m_view->LoadShapeInToViewer("Shape", std::exchange(m_shapeFile, {}), 0, 0, 0, 0))
         return;
+    collectProblems();
     TSViewObject &object = m_view->Models.Item(1);
-    m_problems = object.Model().Problems();
     if (!m_vehicleFile.empty())
         m_lacks = AddShapes(object, *m_vehicles, m_vehicleFile,
                             {m_vehicles->Length(m_vehicleFile).value_or(LengthOf(object))});
+}
+
+void Stage::collectProblems()
+{
+    m_problems.clear();
+    for (int place = 1; place <= m_view->Models.Count(); ++place)
+        for (const std::string &problem : m_view->Models.Item(place).Model().Problems())
+            if (std::find(m_problems.begin(), m_problems.end(), problem) == m_problems.end())
+                m_problems.push_back(problem);
+}
+
+void Stage::watchStock()
+{
+    m_stock.clear();
+    const std::vector<std::string> files =
+        m_layout ? m_layout->StockFiles() : std::vector{m_vehicleFile};
+    for (const std::string &file : files)
+        if (!file.empty() && !m_stock.contains(file))
+            m_stock[file] = FileOnDisk::Of(m_environment.files, file);
+}
+
+bool Stage::stockHasChanged()
+{
+    bool changed = false;
+    for (auto &[path, known] : m_stock) {
+        FileOnDisk now = FileOnDisk::Of(m_environment.files, path);
+        changed = changed || known != now;
+        known = std::move(now);
+    }
+    return changed;
+}
+
+std::set<std::string> Stage::Places()
+{
+    std::set<std::string> places;
+    m_models.AddPlaces(places);
+    for (const auto &[path, file] : m_stock)
+        if (!file.place.empty())
+            places.insert(file.place);
+    return places;
+}
+
+bool Stage::FollowChanges()
+{
+    if (!m_view || m_loading)
+        return false;
+    const bool stock = stockHasChanged();
+    const std::set<std::string> changed = m_models.TakeChanges();
+    if (!stock && changed.empty())
+        return false;
+    if (stock || !reload(changed)) {
+        loadAgain();
+        return true;
+    }
+    collectProblems();
+    m_view->ShowModels();
+    reportReload();
+    return true;
+}
+
+/// Loads the shapes of the scene that have changed or use a changed texture. Returns false if a
+/// file belongs to no object: a vehicle that could not be shown may have become readable.
+bool Stage::reload(const std::set<std::string> &changed)
+{
+    std::set<std::string> left = changed;
+    m_vanished.clear();
+    for (int place = 1; place <= m_view->Models.Count(); ++place) {
+        TSViewObject &object = m_view->Models.Item(place);
+        const std::string shape = object.ShapeFile();
+        const std::string folder(host::path::FolderWithSeparator(shape));
+        std::vector<std::string> keys{KeptModels::KeyOf(shape)};
+        for (int texture = 1; texture <= object.NumTextures(); ++texture)
+            keys.push_back(KeptModels::KeyOf(folder, object.Texture(texture)));
+        bool uses = false;
+        for (const std::string &key : keys) {
+            uses = uses || changed.contains(key);
+            left.erase(key);
+        }
+        if (uses && m_environment.files.FileExists(shape))
+            object.LoadShape(shape);
+        else if (uses)
+            m_vanished = shape + " is missing";
+    }
+    return left.empty();
+}
+
+/// Begins to load the whole scene again. The canvas keeps its picture, and with it all models, so
+/// that unchanged files are not read.
+void Stage::loadAgain()
+{
+    m_again = true;
+    m_loading = true;
+    m_messages.Clear(true);
+    m_stopped = false;
+    m_view->DestroyModels();
+    m_layout ? beginTrain() : beginShape();
+}
+
+void Stage::reportReload()
+{
+    std::vector<std::string> problems = m_models.TakeProblems();
+    if (!m_vanished.empty())
+        problems.push_back(m_vanished);
+    m_setStatus(problems.empty() ? "The files have changed; the view shows their new content."
+                                 : problems.front() + "; the view keeps what it could read last.");
 }
 
 void Stage::Stop()
@@ -175,13 +302,15 @@ void Stage::finish()
         m_lacks = m_layout->Lacks();
         m_end = m_layout->End();
         // If the user has turned the camera during loading, it keeps its distance from the train.
-        OrbitCamera(*m_view).MoveAlong(TrainMiddle());
+        if (!m_again)
+            OrbitCamera(*m_view).MoveAlong(TrainMiddle());
     }
     if (m_view->Models.Count() > 0)
         m_view->Models.Item(1).SetSelected(true);
     m_view->ResetCamera();
     m_scrollMaximum = Rounded16(-m_end, "the length of the train in metres");
     m_scrollMiddle = Rounded16(-TrainMiddle(), "the middle of the train");
+    m_again = false;
     reportEnd();
 }
 
@@ -200,6 +329,11 @@ void Stage::reportEnd()
         m_setStatus("Done. " + m_problems.front() +
                     (more ? " (and " + std::to_string(more) + " more)" : ""));
     }
+}
+
+std::string Stage::NameOf(int place) const
+{
+    return m_layout ? m_layout->NameOf(place) : std::string(host::path::FileName(m_shownShape));
 }
 
 std::string Stage::Report() const
@@ -222,9 +356,13 @@ void Stage::Close()
     m_vehicles.reset();
     m_shapeFile.clear();
     m_vehicleFile.clear();
-    m_problems.clear();
     m_lacks.clear();
+    m_shownShape.clear();
+    m_problems.clear();
+    m_stock.clear();
+    m_models.Clear();
     m_messages.Clear();
+    m_again = false;
     m_loading = false;
     m_end = 0;
     m_scrollMaximum = m_scrollMiddle = 0;

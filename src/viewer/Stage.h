@@ -3,14 +3,17 @@
 
 #include "install/Environment.h"
 #include "viewer/ConsistLayout.h"
+#include "viewer/KeptModels.h"
 #include "viewer/LoadMessages.h"
 #include "viewer/ShapesAhead.h"
 #include "viewer/TSView.h"
 
 #include <chrono>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -62,6 +65,13 @@ public:
     /// Step.
     void Stop();
     bool Loading() const { return m_loading; }
+    /// Reads again what has changed on the disk: shapes and textures at once, a train whose stock
+    /// files have changed by the next steps. The camera stays, and no message box is shown. What
+    /// cannot be read keeps its last good look, and the status gives the reason. Returns false if
+    /// nothing has changed or the scene is still loading.
+    bool FollowChanges();
+    /// Returns the files of the scene and their folders, as paths on the disk.
+    std::set<std::string> Places();
     int Total() const { return m_layout ? m_layout->Total() : 1; }
     int Done() const { return m_layout ? m_layout->Done() : 0; }
 
@@ -69,6 +79,10 @@ public:
     const std::string &Caption() const { return m_caption; }
     /// Returns the scene, or null before the first Render.
     TSView *View() { return m_view.get(); }
+
+    /// Returns how the vehicle or shape of an object of the scene is called. The object counts from
+    /// 1.
+    std::string NameOf(int place) const;
 
     /// Return the Z of the train's far end (0 or negative) and of its middle.
     float TrainEnd() const { return m_end; }
@@ -89,22 +103,37 @@ private:
     void begin(const StfNode &trainCfg, const std::string &installFolder,
                const std::string &source);
     Reading reading() const;
+    void beginTrain();
+    void beginShape();
+    void watchStock();
+    bool stockHasChanged();
+    bool reload(const std::set<std::string> &changed);
+    void loadAgain();
+    void reportReload();
+    void collectProblems();
     void loadShape();
     void showProgress();
     void finish();
     void reportEnd();
 
     LoadMessages m_messages;
-    install::Environment m_environment; ///< with m_messages as their dialogs
+    KeptModels m_models;
+    install::Environment m_environment; ///< with m_messages and m_models
     korvat::Canvas *m_canvas;
     SetStatus m_setStatus;
     std::unique_ptr<TSView> m_view;
     std::optional<ConsistLayout> m_layout;     ///< empty for a single shape
     std::optional<ShapesAhead> m_ahead;        ///< while loading
     std::shared_ptr<VehicleReader> m_vehicles; ///< of the scene
-    std::string m_shapeFile, m_vehicleFile, m_caption;
-    std::vector<std::string> m_problems, m_lacks;
+    std::string m_shapeFile;                   ///< still to load
+    std::string m_shownShape, m_vehicleFile, m_caption;
     bool m_showsLoads = true, m_showsAllAdded = false;
+    StfNode m_train; ///< for m_layout
+    std::string m_installFolder;
+    std::map<std::string, FileOnDisk> m_stock; ///< by game path
+    std::vector<std::string> m_problems, m_lacks;
+    std::string m_vanished; ///< a shape that was missing in the last reload
+    bool m_again = false;   ///< loading what was shown before
     bool m_loading = false;
     bool m_stopped = false;
     std::chrono::steady_clock::time_point m_nextShown; ///< no frame before this time

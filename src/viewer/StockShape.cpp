@@ -22,6 +22,14 @@ std::optional<std::string> lengthOf(const StfNode &wagon)
     return size.Parameter(kLengthInSize);
 }
 
+/// Returns the entry "Name", which engines have in their second block.
+std::string titleOf(const StfFile &file, const StfNode &wagon)
+{
+    const std::string title =
+        stavfile::JoinedValues(stavfile::ChildOf(file.FindNode("Engine"), "Name"));
+    return title.empty() ? stavfile::JoinedValues(stavfile::ChildOf(wagon, "Name")) : title;
+}
+
 void readShapeFile(const StfNode &wagon, const std::string &stockFile, StockShape &stock)
 {
     const StfNode shape = install::FindShape(wagon);
@@ -39,9 +47,11 @@ void readShapeFile(const StfNode &wagon, const std::string &stockFile, StockShap
 
 StockShape ReadStockShape(host::GameFiles &files, const std::string &stockFile)
 {
-    const StfNode wagon = install::RequireVehicle(StfFile::Read(files, stockFile));
+    const StfFile file = StfFile::Read(files, stockFile);
+    const StfNode wagon = install::RequireVehicle(file);
     StockShape stock;
     stock.name = stavfile::ValueAt(wagon, 0);
+    stock.title = titleOf(file, wagon);
     stock.length = lengthOf(wagon);
     readShapeFile(wagon, stockFile, stock);
     return stock;

@@ -14,6 +14,7 @@ namespace viewer {
 struct StockShape
 {
     std::string name;       ///< of the Wagon block; "" if it has none
+    std::string title;      ///< the name that the simulator shows; "" if there is none
     std::string shapeFile;  ///< full path, relative to the stock file's folder; "" for none
     std::string whyNoShape; ///< the reason, with the file's name; "" if there is a shape
     /// The third value of Size as spelled, in metres ("25.038m"); nothing if there is none.

@@ -8,6 +8,7 @@
 #include "viewer/Numbers.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 using host::ErrorNumber;
@@ -43,6 +44,9 @@ TSViewObject &ViewObjects::Item(const std::string &key) const
 } // namespace viewer
 
 namespace {
+
+constexpr float kHazeFollows = 100; ///< metres from the target: from here on, the haze keeps away
+constexpr float kFarthestHaze = 100000;
 
 std::string identity(const TSView *view)
 {
@@ -105,9 +109,27 @@ void TSView::RefreshForm()
 
 void TSView::ResetCamera()
 {
+    ShowFrom(*this);
+}
+
+void TSView::ShowFrom(const viewer::CameraPose &pose)
+{
     if (Viewer)
-        Viewer->SetCamera(CamX, CamY, CamZ, LookAtX, LookAtY, LookAtZ);
+        Viewer->SetCamera(pose.CamX, pose.CamY, pose.CamZ, pose.LookAtX, pose.LookAtY,
+                          pose.LookAtZ);
     ShowModels();
+}
+
+void TSView::FitHaze(const viewer::CameraPose &pose)
+{
+    const float distance =
+        std::hypot(pose.CamX - pose.LookAtX, pose.CamY - pose.LookAtY, pose.CamZ - pose.LookAtZ);
+    const long shift = std::lround(std::clamp(distance - kHazeFollows, 0.0f, kFarthestHaze));
+    if (!Viewer || shift == m_hazeShift)
+        return;
+    m_hazeShift = shift;
+    Viewer->SetRangeNear(kRangeNear + shift);
+    Viewer->SetRangeFar(kRangeFar + shift);
 }
 
 void TSView::ShowModels()

@@ -67,14 +67,24 @@ public:
     void RefreshForm();
     /// Passes the camera to the canvas and draws a frame.
     void ResetCamera();
+    /// Draws a frame from a pose other than the camera's own.
+    void ShowFrom(const viewer::CameraPose &pose);
+    /// Keeps what is around the target of a pose clear of the haze, however far the camera is from
+    /// it.
+    void FitHaze(const viewer::CameraPose &pose);
     /// Draws Models if the canvas accepts a frame now.
     void ShowModels();
     /// Releases the textures of all models, detaches the models from the canvas, and empties
     /// Models.
     void DestroyModels();
 
+    /// Metres from a camera near its target to the first and to opaque haze.
+    static constexpr long kRangeNear = 50, kRangeFar = 600;
+
 private:
     void yield();
+
+    long m_hazeShift = 0; ///< metres by which the haze is farther away
 
     install::Environment m_environment;
     bool m_showsLoads = true;

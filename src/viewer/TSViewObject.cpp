@@ -63,6 +63,7 @@ bool TSViewObject::LoadShape(const std::string &shapeFile)
     m_lastError = host::TrimBlanks(m_model.ErrorText());
     if (!m_lastError.empty())
         return false;
+    m_shapeFile = shapeFile;
     m_textures.clear();
     for (int slot = 0; slot < m_model.TextureCount(); ++slot)
         m_textures.push_back(m_model.TextureInfo(slot));

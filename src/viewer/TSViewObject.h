@@ -41,6 +41,8 @@ public:
     /// Loads a shape with its textures; returns false if that fails. Reports a missing file in a
     /// message box, and leaves any other reason in LastError.
     bool LoadShape(const std::string &shapeFile);
+    /// Returns the path of the last shape that was loaded.
+    const std::string &ShapeFile() const { return m_shapeFile; }
 
     /// Loads a shape that is shown together with this one, at a place in this one's space. Returns
     /// the reason if that fails, without a message box, and then adds nothing.
@@ -104,7 +106,7 @@ private:
     std::vector<Added> m_added;
     korvat::Renderer *m_renderer = nullptr;
     float m_x = 0, m_y = 0, m_z = 0, m_r = 0;
-    std::string m_lastError;
+    std::string m_shapeFile, m_lastError;
     std::vector<std::string> m_textures;
     bool m_texturesShown = false;
     bool m_flashOn = false;

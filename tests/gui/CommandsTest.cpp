@@ -59,6 +59,7 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  -mnuFileSave [&Save]
  -mnuFileSaveAs [Save &As...]
  -mnuFileSaveAll [Save A&ll]
+ -mnuFileSavePicture [Save Pic&ture As...]
  mnuFilePageSetup [Page Set&up...]
  mnuFilePrint [&Print...]
  mnuFilePrintPreview [Print Pre&view...]
@@ -75,6 +76,7 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  mnuEditCopy [&Copy]
  mnuEditPaste [&Paste]
  mnuEditPasteSpecial [Paste &Special...]
+ -mnuEditCopyPicture [Copy P&icture]
  mnuEditSetAssoc [Set &File Association...]
 >mnuConsist [&Consist]
  mnuConsistEdit [&Edit]
@@ -108,6 +110,7 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  mnuViewPreview [Previe&w]
  mnuViewRefresh [&Refresh]
  -mnuViewReset [Reset &View]
+ -mnuViewShowAll [Sho&w All]
  -mnuViewLoads [Freight &Loads]
  mnuViewFilter [&Filter...]
  mnuViewOptions [&Options...]
@@ -115,6 +118,10 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  mnuViewTSE [MSTS &Tools]
  mnuViewShapeViewer [&Shape Viewer]
  mnuViewPictures [Open &Pictures Folder]
+ -mnuViewFromFront [From Fro&nt]
+ -mnuViewFromRear [From R&ear]
+ -mnuViewFromAbove [From &Above]
+ -mnuViewFromOtherSide [From the Other S&ide]
 >mnuWindow [&Window]
  mnuWindowNewWindow [&New Window]
  mnuWindowCloseAll [Cl&ose All]
@@ -378,10 +385,13 @@ INSTANTIATE_TEST_SUITE_P(Menu, CommandsTest, testing::ValuesIn(kRows), [](const 
 TEST_F(CommandsTableTest, CoversEveryMenuCommand)
 {
     Start();
-    std::set<std::string> known = {"mnuFileMRU0",    "mnuFileMRU1", "mnuFileMRU2", // never used
-                                   "mnuViewReset",     // moves the camera: see ViewCameraTest
-                                   "mnuViewLoads",     // see ViewLoadsTest
-                                   "mnuViewPictures"}; // opens a folder: see ViewPicturesTest
+    std::set<std::string> known = {
+        "mnuFileMRU0", "mnuFileMRU1", "mnuFileMRU2", // never used
+                                                     // these move the camera: see ViewCameraTest
+        "mnuViewReset", "mnuViewShowAll", "mnuViewFromFront", "mnuViewFromRear", "mnuViewFromAbove",
+        "mnuViewFromOtherSide", "mnuViewPictures", "mnuViewLoads",
+        // see ViewPicturesTest, ViewLoadsTest
+        "mnuFileSavePicture", "mnuEditCopyPicture"};
     for (const Row &row : kRows)
         known.insert(row.command);
     for (const QAction *action :

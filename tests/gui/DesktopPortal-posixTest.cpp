@@ -63,27 +63,32 @@ protected:
         m_bus.terminate();
         m_bus.waitForFinished();
     }
+    using Answer = std::function<QDBusMessage(const QDBusMessage &)>;
     /// Returns the colour scheme that the program reads from a portal with this answer.
-    std::optional<ColourScheme> schemeWith(std::function<QDBusMessage(const QDBusMessage &)> answer)
+    std::optional<ColourScheme> schemeWith(Answer answer)
+    {
+        return readWith(std::move(answer), app::SchemeOfPortal);
+    }
+    template <typename Reader> auto readWith(Answer answer, Reader reader)
     {
         QThread thread; // the program waits in the calling thread
         Portal portal(std::move(answer));
         portal.moveToThread(&thread);
         thread.start();
         const QString name = QStringLiteral("portal");
-        std::optional<ColourScheme> scheme;
+        decltype(reader()) value;
         {
             QDBusConnection bus = QDBusConnection::connectToBus(m_address, name);
             EXPECT_TRUE(bus.registerVirtualObject(QStringLiteral("/org/freedesktop/portal/desktop"),
                                                   &portal));
             EXPECT_TRUE(bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
-            scheme = app::SchemeOfPortal();
+            value = reader();
             bus.unregisterObject(QStringLiteral("/org/freedesktop/portal/desktop"));
         }
         QDBusConnection::disconnectFromBus(name);
         thread.quit();
         thread.wait();
-        return scheme;
+        return value;
     }
     std::optional<ColourScheme> schemeFor(const QVariant &value)
     {
@@ -109,6 +114,24 @@ TEST_F(DesktopPortalTest, UsesTheColourSchemeOfThePortal)
     EXPECT_EQ(schemeFor(2u), ColourScheme::Light);
     EXPECT_EQ(schemeFor(0u), std::nullopt) << "no preference";
     EXPECT_EQ(schemeFor(QStringLiteral("dark")), std::nullopt) << "not a number";
+}
+
+TEST_F(DesktopPortalTest, UsesTheAnimationsOfThePortal)
+{
+    const auto animates = [this](const char *known, const QVariant &value) {
+        return readWith(
+            [known, value](const QDBusMessage &call) {
+                return call.arguments().value(1).toString() == QLatin1String(known)
+                           ? call.createReply(QVariant::fromValue(QDBusVariant(value)))
+                           : call.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("?"));
+            },
+            app::AnimationsOfPortal);
+    };
+    EXPECT_EQ(animates("reduced-motion", 1u), false);
+    EXPECT_EQ(animates("reduced-motion", 0u), std::nullopt) << "no preference";
+    EXPECT_EQ(animates("enable-animations", false), false);
+    EXPECT_EQ(animates("enable-animations", true), true);
+    EXPECT_EQ(animates("neither", true), std::nullopt);
 }
 
 TEST_F(DesktopPortalTest, SupportsOlderPortals)

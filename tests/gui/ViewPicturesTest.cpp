@@ -6,10 +6,16 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
+#include <QDialog>
 #include <QImage>
 #include <QLineEdit>
+#include <QTimer>
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <utility>
 
@@ -19,6 +25,39 @@ namespace {
 
 class ViewPicturesTest : public ViewsTest
 {
+protected:
+    /// Saves a picture of this size, given as in the dialog, with the keyboard.
+    void savePicture(const QString &size, bool transparent, const std::string &file)
+    {
+        OnNextDialog([&](QDialog &dialog) {
+            EXPECT_EQ(dialog.objectName(), QStringLiteral("frmSavePicture"));
+            auto &sizes = Find<QComboBox>(dialog, "cboSize");
+            EXPECT_TRUE(sizes.hasFocus());
+            sizes.setCurrentIndex(sizes.findText(size, Qt::MatchStartsWith));
+            auto &clear = Find<QCheckBox>(dialog, "chkTransparent");
+            if (clear.isChecked() != transparent) {
+                QTest::keyClick(&sizes, Qt::Key_Tab);
+                QTest::keyClick(&clear, Qt::Key_Space);
+            }
+            EXPECT_EQ(clear.isChecked(), transparent);
+            QTest::keyClick(&sizes, Qt::Key_Return);
+        });
+        dialogs.AnswerFile(file);
+        Trigger("mnuFileSavePicture");
+    }
+    QImage saved(const char *name) { return QImage(QString::fromStdString(game.At(name))); }
+    /// Returns the largest difference of a colour between two pictures of the same size.
+    static int difference(const QImage &a, const QImage &b)
+    {
+        int most = a.size() == b.size() ? 0 : 255;
+        for (int y = 0; most < 255 && y < a.height(); ++y)
+            for (int x = 0; x < a.width(); ++x) {
+                const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
+                most = std::max({most, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
+                                 std::abs(qBlue(p) - qBlue(q)), std::abs(qAlpha(p) - qAlpha(q))});
+            }
+        return most;
+    }
 };
 
 } // namespace
@@ -136,4 +175,83 @@ TEST_F(ViewPicturesTest, PrintsThePicture)
     Trigger("mnuFilePrint");
     EXPECT_NE(printers.log.find("Print Stock View"), std::string::npos);
     EXPECT_EQ(dialogs.TakeLog(), "");
+}
+
+TEST_F(ViewPicturesTest, SavesPicturesOfAnySizeWhereTheUserWants)
+{
+    viewCoal();
+    pane().hscView->setValue(10);
+    game.MakeFolder("Album");
+    savePicture(QStringLiteral("2560"), false, game.At("Album/large"));
+    EXPECT_EQ(saved("Album/large.png").size(), QSize(2560, 1440)) << "drawn in two tiles";
+    EXPECT_FALSE(saved("Album/large.png").hasAlphaChannel());
+    EXPECT_EQ(dialogs.TakeLog(), "save|Save Picture As|Coal.png\n");
+    EXPECT_NE(Status().find("large.png, 2560"), std::string::npos) << Status();
+    EXPECT_EQ(game.Names("Shots").size(), 0u) << "not the folder of screenshots";
+
+    dialogs.Answer(host::DialogAnswer::No);
+    dialogs.AnswerFile(game.At("Album/large.png"));
+    savePicture(QStringLiteral("%1").arg(pane().Picture().width()), false, "");
+    EXPECT_EQ(host::path::Normalise(dialogs.LastFolder()), host::path::Normalise(game.At("Album")));
+    EXPECT_NE(dialogs.TakeLog().find("already exists.  Do you want to overwrite it?"),
+              std::string::npos);
+    EXPECT_EQ(saved("Album/large.png").size(), QSize(2560, 1440)) << "kept";
+
+    const QImage shown = pane().Picture().convertToFormat(QImage::Format_RGB32);
+    savePicture(QStringLiteral("%1").arg(shown.width()), false, game.At("Album/same.png"));
+    EXPECT_LE(difference(saved("Album/same.png").convertToFormat(QImage::Format_RGB32), shown), 2)
+        << "exactly what the window shows";
+    dialogs.TakeLog();
+    savePicture(QStringLiteral("1024"), false, game.At("Nowhere/x.png"));
+    const std::string log = dialogs.TakeLog();
+    EXPECT_NE(log.find("critical|"), std::string::npos);
+    EXPECT_NE(log.find("x.png"), std::string::npos) << log;
+}
+
+TEST_F(ViewPicturesTest, TransparentPicturesHoldOnlyTheVehicles)
+{
+    viewCoal();
+    pane().hscView->setValue(10);
+    const QImage before = pane().Picture();
+    savePicture(QStringLiteral("1280"), true, game.At("clear.png"));
+    const QImage picture = saved("clear.png");
+    ASSERT_EQ(picture.size(), QSize(1280, 720));
+    EXPECT_EQ(qAlpha(picture.pixel(640, 40)), 0) << "the sky";
+    EXPECT_EQ(qAlpha(picture.pixel(640, 700)), 0) << "the ground";
+    const QColor wagon = picture.pixelColor(640, 360);
+    EXPECT_EQ(wagon.alpha(), 255);
+    EXPECT_GT(wagon.blue(), 140);
+    EXPECT_LE(difference(pane().Picture(), before), 0) << "the window is as before";
+}
+
+TEST_F(ViewPicturesTest, TilesOfALargePictureFitTogether)
+{
+    viewCoal();
+    pane().Camera().SetAnimated(false);
+    Trigger("mnuViewShowAll");
+    drag(Qt::LeftButton, {90, -60}); // lines cross the tiles aslant
+    const QImage large = pane().DrawPicture({4200, 2400}, false);
+    ASSERT_EQ(large.size(), QSize(4200, 2400));
+    const QImage small = pane().DrawPicture({1050, 600}, false);
+    const QImage reduced =
+        large.scaled(small.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    double sum = 0;
+    for (int y = 0; y < small.height(); ++y)
+        for (int x = 0; x < small.width(); ++x)
+            sum += std::abs(qGray(small.pixel(x, y)) - qGray(reduced.pixel(x, y)));
+    EXPECT_LT(sum / (small.width() * small.height()), 6) << "every tile shows its own part";
+    // The sky changes slowly, so that a seam would be a step.
+    for (int x = 2047; x <= 2049; ++x)
+        for (int y = 0; y < 200; ++y)
+            EXPECT_LE(std::abs(qRed(large.pixel(x, y)) - qRed(large.pixel(x - 1, y))), 2);
+}
+
+TEST_F(ViewPicturesTest, CopiesThePicture)
+{
+    viewCoal();
+    const QImage shown = pane().Picture().convertToFormat(QImage::Format_RGB32);
+    Trigger("mnuEditCopyPicture");
+    const QImage copied = QGuiApplication::clipboard()->image();
+    EXPECT_LE(difference(copied.convertToFormat(QImage::Format_RGB32), shown), 2);
+    QGuiApplication::clipboard()->setText(QString());
 }

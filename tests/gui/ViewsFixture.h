@@ -60,9 +60,8 @@ protected:
         EXPECT_TRUE(loaded());
         return pane();
     }
-    void drag(Qt::MouseButton button, QPoint by)
+    void drag(Qt::MouseButton button, QPoint by, QPoint from = {100, 100})
     {
-        const QPoint from(100, 100);
         QTest::mousePress(&canvas(), button, {}, from);
         QMouseEvent move(QEvent::MouseMove, QPointF(from + by),
                          canvas().mapToGlobal(QPointF(from + by)), Qt::NoButton, button, {});

@@ -349,3 +349,34 @@ TEST_F(ViewsTest, ClosingReleasesEverything)
     EXPECT_EQ(alive, std::set<std::string>());
     EXPECT_GT(created, 10u);
 }
+
+TEST_F(ViewsTest, ChangedFilesReachEveryWindowAndKeepTheCamera)
+{
+    viewCoal();
+    auto &coal = pane();
+    coal.hscView->setValue(10);
+    const viewer::CameraPose pose = camera();
+    window->OpenFile(stockFile("Boxcars/box.wag"));
+    ASSERT_TRUE(loaded());
+    auto &box = pane();
+    const auto colourOf = [](viewer::ViewerPane &shown) {
+        const QImage picture = shown.Picture();
+        return picture.pixelColor(picture.width() / 2 + 30, picture.height() / 2);
+    };
+    game.Write("Trains/Trainset/Boxcars/side.dds", PictureFile({250, 0, 0, 255}));
+    const auto isRed = [](const QColor &colour) {
+        return colour.red() > 200 && colour.green() < 60;
+    };
+    EXPECT_TRUE(Wait([&] { return isRed(colourOf(coal)) && isRed(colourOf(box)); }));
+    game.Write("Trains/Trainset/Boxcars/side.dds", "half");
+    EXPECT_TRUE(Wait([this] { return Status().find("the view keeps") != std::string::npos; }));
+    EXPECT_TRUE(isRed(colourOf(coal)));
+    std::filesystem::remove(game.At("Trains/Trainset/Boxcars/side.dds"));
+    game.Write("Trains/Trainset/Boxcars/new.dds", PictureFile({0, 250, 0, 255}));
+    std::filesystem::rename(game.At("Trains/Trainset/Boxcars/new.dds"),
+                            game.At("Trains/Trainset/Boxcars/side.dds"));
+    EXPECT_TRUE(Wait([&] { return colourOf(box).green() > 200 && colourOf(coal).green() > 200; }))
+        << "saved as editors do";
+    EXPECT_EQ(static_cast<const viewer::CameraPose &>(*coal.View()), pose);
+    EXPECT_EQ(dialogs.TakeLog(), "");
+}

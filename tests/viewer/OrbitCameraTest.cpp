@@ -33,7 +33,9 @@ TEST(OrbitCameraTest, OrbitPanAndApproachMoveTheCamera)
     using Move = void (*)(OrbitCamera &, float, float);
     const Move orbit = [](OrbitCamera &c, float dx, float dy) { c.Orbit(dx, dy); };
     const Move pan = [](OrbitCamera &c, float dx, float dy) { c.Pan(dx, dy); };
-    const Move approach = [](OrbitCamera &c, float steps, float) { c.Approach(steps); };
+    const Move approach = [](OrbitCamera &c, float steps, float) {
+        c.ApproachPoint({0, 2, -15}, steps);
+    };
     const struct
     {
         const char *name;
@@ -145,7 +147,8 @@ TEST(OrbitCameraTest, NoSequenceOfMovesLosesTheTarget)
                 camera.MoveAlong(std::round(between(-200, 0)));
                 break;
             case 4:
-                camera.Approach(between(-3, 3));
+                camera.ApproachPoint({between(-5, 5), between(0, 5), between(-200, 0)},
+                                     between(-3, 3));
                 least = std::min(1.0f, before);
                 most = std::max(500.0f, before);
                 break;

@@ -22,6 +22,8 @@ korvat::LoadedModel MadeUpShapes::LoadModel(const std::string &path)
     model->textures = textures[name];
     for (const float z : {-length / 2, length / 2, 0.0f})
         model->mesh.vertices.push_back({{z / 4, 1, z}, {0, 1, 0}, {}});
+    for (std::size_t i = 0; i < corners.size(); ++i)
+        model->mesh.vertices[i].position = corners[i];
     model->mesh.indices = {0, 1, 2};
     model->parts.resize(1);
     model->parts[0].indexCount = 3;

@@ -65,7 +65,8 @@ public:
     std::map<std::string, std::vector<std::string>> textures; ///< by the shape's file name
     std::string asked; ///< folders and paths of the requested textures, as given
     float length = 8;
-    std::mutex mutex; ///< holding it blocks the reading of shapes
+    std::vector<korvat::Vec3> corners; ///< of the only triangle; empty for one of this length
+    std::mutex mutex;                  ///< holding it blocks the reading of shapes
 };
 
 /// A private installation, scripted dialogs and made-up shapes.

@@ -2,8 +2,11 @@
 #include "viewer/Stage.h"
 
 #include "Scene.h"
+#include "host/Disk.h"
 #include "host/Path.h"
 #include "host/RuntimeError.h"
+#include "korvat/TestShape.h"
+#include "korvat/model/ModelLibrary.h"
 #include "stavfile/StfFile.h"
 #include "viewer/Numbers.h"
 #include "viewer/OrbitCamera.h"
@@ -11,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
 #include <thread>
 
 namespace {
@@ -314,6 +318,102 @@ TEST_F(StageTest, PropertiesEndWithTheFilesThatCouldNotBeLoaded)
     EXPECT_EQ(stage.Report(), "All Consist Textures\r\n\r\nItem 1 Textures: 1\r\n1\tside.ace\r\n"
                               "\r\nNot loaded: 1\r\n1\t" +
                                   folder + "Gone.wag does not exist!");
+}
+
+TEST_F(StageTest, ReloadsWhatChangedAndKeepsTheCamera)
+{
+    korvat::ModelLibrary library(files);
+    const install::Environment real{dialogs, files, settings, installation, library};
+    viewer::Stage shown(real, &canvas, [this](const std::string &text) { status = text; });
+    const auto change = [this](const std::string &name, const std::string &bytes) {
+        const std::string path = game.At("Trains/Trainset/Cars/" + name);
+        const auto before = host::disk::StampOf(path);
+        do // until the file system's clock has moved on
+            game.Write("Trains/Trainset/Cars/" + name, bytes);
+        while (host::disk::StampOf(path) == before);
+    };
+    const auto model = [&shown](int place) {
+        return shown.View()->Models.Item(place).Model().Loaded();
+    };
+    const auto texture = [&shown](int place) {
+        return shown.View()->Models.Item(place).Model().GetTexture(0);
+    };
+    change("box.s", ShapeText({SidePanel(1, 1, {0, 2, 0}, 9, 3)}));
+    change("side.dds", LetterFile());
+    writeStock("Cars", "Other.wag", "3 4 10", "other.s");
+    change("other.s", ShapeText({SidePanel(1, 1, {0, 2, 0}, 5, 3)}));
+    shown.RenderLooseConsist(train({"Box10", "Other", "Box10", "Missing"}), game.Path(), "x.act");
+    while (shown.Step())
+        continue;
+    ASSERT_EQ(shown.View()->Models.Count(), 3);
+    EXPECT_FALSE(shown.FollowChanges()) << "nothing has changed";
+    viewer::OrbitCamera(*shown.View()).Orbit(100, 0);
+    const viewer::CameraPose pose = *shown.View();
+    const auto box = model(1), other = model(2);
+    const korvat::TexturePtr side = texture(1);
+    dialogs.TakeLog();
+    canvas.TakeLog();
+
+    change("box.s", ShapeText({SidePanel(1, 1, {0, 2, 0}, 4, 3)}));
+    EXPECT_TRUE(shown.FollowChanges());
+    EXPECT_FALSE(shown.Loading());
+    EXPECT_NE(model(1), box);
+    EXPECT_EQ(model(1), model(3)) << "all vehicles of the shape";
+    EXPECT_EQ(model(2), other) << "the others are not read";
+    EXPECT_EQ(texture(1), side);
+    EXPECT_EQ(canvas.TakeLog(), "begin end yield ") << "one frame, and the camera stays";
+
+    const korvat::Model *good = model(1);
+    const auto keeps = [&](const char *name, const std::string &bytes) {
+        change(name, bytes);
+        EXPECT_TRUE(shown.FollowChanges()) << name;
+        EXPECT_EQ(model(1), good) << name;
+        EXPECT_EQ(texture(1), side) << name;
+        EXPECT_NE(status.find("; the view keeps what it could read last."), std::string::npos)
+            << status;
+    };
+    keeps("side.dds", LetterFile().substr(0, 100));
+    keeps("side.dds", "");
+    keeps("box.s", "SIMISA@");
+    std::filesystem::remove(game.At("Trains/Trainset/Cars/box.s"));
+    EXPECT_TRUE(shown.FollowChanges());
+    EXPECT_EQ(model(1), good) << "editors replace files when they save";
+    change("box.s", ShapeText({SidePanel(1, 1, {0, 2, 0}, 6, 3)}));
+    change("side.dds", LetterFile());
+    EXPECT_TRUE(shown.FollowChanges());
+    EXPECT_NE(model(1), good);
+    EXPECT_NE(texture(1), side);
+    EXPECT_EQ(status, "The files have changed; the view shows their new content.");
+    EXPECT_EQ(dialogs.TakeLog(), "");
+    EXPECT_NE(shown.Report().find("Not loaded: 1"), std::string::npos) << "still missing";
+    EXPECT_EQ(static_cast<const viewer::CameraPose &>(*shown.View()), pose);
+}
+
+TEST_F(StageTest, ChangedStockFileArrangesTheTrainAgain)
+{
+    load({"Box10", "Box20"});
+    viewer::OrbitCamera(*stage.View()).Orbit(100, 0);
+    const viewer::CameraPose pose = *stage.View();
+    canvas.TakeLog();
+    writeStock("Cars", "Box10.wag", "3m 4m 30.5m", "box.s");
+    ASSERT_TRUE(stage.FollowChanges());
+    EXPECT_EQ(canvas.TakeLog(), "") << "the picture stays while the train is loading";
+    EXPECT_TRUE(stage.Loading());
+    while (stage.Step())
+        continue;
+    EXPECT_EQ(canvas.TakeLog(), "camera begin end yield ");
+    EXPECT_EQ(places(), "-15.25> -40.75>");
+    EXPECT_EQ(stage.ScrollMaximum(), 51);
+    EXPECT_EQ(static_cast<const viewer::CameraPose &>(*stage.View()), pose);
+    std::filesystem::remove(game.At("Trains/Trainset/Cars/Box10.wag"));
+    ASSERT_TRUE(stage.FollowChanges());
+    while (stage.Step())
+        continue;
+    EXPECT_EQ(stage.View()->Models.Count(), 1);
+    EXPECT_EQ(dialogs.TakeLog(), "") << "a reload shows no message boxes";
+    EXPECT_EQ(traceLines(),
+              "> tsview\n> tsviewobject\n> tsviewobject\n< tsviewobject\n< tsviewobject\n"
+              "> tsviewobject\n> tsviewobject\n< tsviewobject\n< tsviewobject\n> tsviewobject\n");
 }
 
 TEST(NumbersTest, ReadsTheNumberAtTheBeginningOfTheText)

@@ -29,6 +29,7 @@ struct FrameSetup
     Vec3 eye;
     Vec3 toSun{0, 1, 0};             ///< of length 1
     Tint sun, ambient, ambientBelow; ///< light from the sun, the sky, and the ground
+    bool hasSky = true;              ///< if false, the background is plain, in the horizon's colour
     Tint zenith, horizon, nadir;     ///< colours of the sky; the haze has the horizon's
     float hazeNear = 0, hazeFar = 0; ///< metres at which the haze begins and becomes opaque
     unsigned clouds = 0;             ///< texture of the clouds, 0 for none

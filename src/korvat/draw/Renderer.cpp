@@ -61,6 +61,33 @@ void setSky(FrameSetup &setup, bool below)
     setup.nadir = below ? Tint{0.30f, 0.26f, 0.22f, 1} : setup.horizon;
 }
 
+/// Returns the vertical field of view that shows `factor` times as much as usual.
+float verticalRadians(float usualDegrees, float factor)
+{
+    const float usual = usualDegrees * std::numbers::pi_v<float> / 180;
+    return factor > 1 ? 2 * std::atan(std::tan(usual / 2) * factor) : usual;
+}
+
+/// Returns the settings for a part of a frame: its projection fills the part with what the whole
+/// frame shows there.
+FrameSetup cutTo(const Tile &tile, FrameSetup setup)
+{
+    if (tile.width == setup.width && tile.height == setup.height)
+        return setup;
+    const float width = static_cast<float>(setup.width), height = static_cast<float>(setup.height);
+    const float scaleX = width / static_cast<float>(tile.width);
+    const float scaleY = height / static_cast<float>(tile.height);
+    const float middleX = static_cast<float>(tile.left) + static_cast<float>(tile.width) / 2;
+    const float middleY = static_cast<float>(tile.top) + static_cast<float>(tile.height) / 2;
+    Transform cut = Scaling({scaleX, scaleY, 1});
+    cut.At(3, 0) = (1 - 2 * middleX / width) * scaleX;
+    cut.At(3, 1) = (2 * middleY / height - 1) * scaleY;
+    setup.projection = setup.projection * cut;
+    setup.width = tile.width;
+    setup.height = tile.height;
+    return setup;
+}
+
 } // namespace
 
 void Renderer::Begin()
@@ -109,7 +136,8 @@ FrameSetup Renderer::Setup(int width, int height) const
     const float aspect = static_cast<float>(setup.width) / static_cast<float>(setup.height);
     const float beyond = std::max(m_hazeFar * kBeyondHaze, 100.0f);
     setup.projection =
-        Perspective(m_verticalDegrees * std::numbers::pi_v<float> / 180, aspect, kNearest, beyond);
+        Perspective(verticalRadians(m_verticalDegrees, std::max(m_shape / aspect, 1.0f)), aspect,
+                    kNearest, beyond);
     // From the right of the track and ahead of the train, so that its side and its front are
     // bright.
     setup.toSun = Normalised({0.48f, 0.76f, 0.62f});
@@ -119,8 +147,12 @@ FrameSetup Renderer::Setup(int width, int height) const
     setSky(setup, m_eye.y < m_ground);
     setup.hazeNear = m_hazeNear;
     setup.hazeFar = m_hazeFar;
-    if (m_background)
-        setup.zenith = setup.horizon = setup.nadir = *m_background;
+    if (m_backdrop) {
+        setup.hasSky = false;
+        setup.horizon = *m_backdrop;
+        setup.hazeNear = beyond; // nothing is drawn so far away
+        setup.hazeFar = 2 * beyond;
+    }
     return setup;
 }
 
@@ -132,13 +164,18 @@ void Renderer::SetSurroundings(TexturePtr clouds, float ground)
 
 void Renderer::Paint(Device &device, int width, int height)
 {
+    PaintTile(device, width, height, {0, 0, width, height});
+}
+
+void Renderer::PaintTile(Device &device, int width, int height, const Tile &tile)
+{
     FrameSetup setup = Setup(width, height);
     if (m_clouds && m_eye.y >= m_ground)
         setup.clouds = numberOf(device, m_clouds);
     if (m_shadows)
         paintShadows(device, setup);
     const Frustum frustum(setup.view * setup.projection);
-    device.BeginFrame(setup);
+    device.BeginFrame(cutTo(tile, setup));
     releaseUnused(device);
     Calls calls;
     for (const Placed &placed : m_frame)

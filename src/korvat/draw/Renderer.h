@@ -13,6 +13,12 @@
 
 namespace korvat {
 
+/// A rectangle of an image, in pixels from the upper left corner.
+struct Tile
+{
+    int left = 0, top = 0, width = 0, height = 0;
+};
+
 /// Turns models into frames: collects the models of a scene, culls those that the camera cannot
 /// see, sorts the rest into passes and draws them. Ensures that the device holds each mesh and
 /// texture once, and releases those that are no longer in use.
@@ -53,8 +59,6 @@ public:
     void SetCamera(Vec3 eye, Vec3 target);
     /// Sets the distances from the camera, in metres, at which the haze begins and becomes opaque.
     void SetHaze(float nearest, float farthest);
-    /// Paints one colour in place of the sky.
-    void SetBackground(const Tint &colour) { m_background = colour; }
     /// Sets the vertical field of view; kVerticalDegrees at first.
     void SetLens(float verticalDegrees) { m_verticalDegrees = verticalDegrees; }
     /// Sets whether objects cast shadows; false at first.
@@ -62,8 +66,16 @@ public:
     /// Sets the clouds, null for none, and the height of the ground, below which there is no sky.
     void SetSurroundings(TexturePtr clouds, float ground);
 
+    /// Sets a plain background without haze instead of the sky; nothing for the sky.
+    void SetBackdrop(std::optional<Tint> backdrop) { m_backdrop = backdrop; }
+    /// Sets the shape that images have on the screen: narrower ones then show more above and below,
+    /// so that nothing is cut off at their sides. 0, the initial value, keeps the field of view.
+    void SetShape(float widthByHeight) { m_shape = widthByHeight; }
+
     /// Paints the last complete frame. Requires the same device in every call, until Forget.
     void Paint(Device &device, int width, int height);
+    /// Paints only a part of an image of this size; the device's frame has the size of the part.
+    void PaintTile(Device &device, int width, int height, const Tile &tile);
     /// Forgets a device that is lost with everything on it.
     void Forget();
     /// Releases everything that the device holds.
@@ -107,10 +119,11 @@ private:
     Vec3 m_eye{0, 0, -10}, m_target;
     float m_hazeNear = 50, m_hazeFar = 600;
     float m_verticalDegrees = kVerticalDegrees;
-    std::optional<Tint> m_background; ///< empty for the sky
     TexturePtr m_clouds;
     float m_ground = -std::numeric_limits<float>::max();
     bool m_shadows = false;
+    std::optional<Tint> m_backdrop;
+    float m_shape = 0;
 };
 
 } // namespace korvat

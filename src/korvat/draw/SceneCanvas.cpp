@@ -15,7 +15,7 @@ void SceneCanvas::SetCamera(float eyeX, float eyeY, float eyeZ, float targetX, f
 void SceneCanvas::BecomeStudio(const Tint &background, float verticalDegrees)
 {
     m_isStudio = true;
-    m_renderer.SetBackground(background);
+    m_renderer.SetBackdrop(background);
     m_renderer.SetLens(verticalDegrees);
 }
 
@@ -24,14 +24,14 @@ bool SceneCanvas::BeginFrame()
     if (!m_rendering || !m_usable)
         return false;
     m_renderer.Begin();
-    if (!m_isStudio)
+    if (m_scenery && !m_isStudio)
         Scenery::AddTo(m_renderer, m_eye, m_ground);
     return true;
 }
 
 void SceneCanvas::EndFrame()
 {
-    if (m_ground == Ground::Track)
+    if (m_scenery && m_ground == Ground::Track)
         Scenery::AddShades(m_renderer);
     m_renderer.End();
     frameReady();

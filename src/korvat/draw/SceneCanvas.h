@@ -28,6 +28,8 @@ public:
     /// Does nothing: scenes on these canvases are drawn from the event loop, which runs between
     /// steps.
     void ProcessEvents() override {}
+    /// Sets whether the coming frames have ground and track; true at first.
+    void SetScenery(bool scenery) { m_scenery = scenery; }
 
 protected:
     /// Called when there is a new frame to paint.
@@ -40,7 +42,8 @@ private:
     Renderer m_renderer;
     Vec3 m_eye;
     Ground m_ground = Ground::Track;
-    bool m_started = false, m_rendering = false, m_usable = true, m_isStudio = false;
+    bool m_started = false, m_rendering = false, m_usable = true, m_scenery = true,
+         m_isStudio = false;
     float m_hazeNear = 50, m_hazeFar = 600;
 };
 

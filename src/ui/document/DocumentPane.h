@@ -6,7 +6,9 @@
 #include "ui/document/EditorAction.h"
 #include "ui/document/UnitCommand.h"
 #include "ui/print/PrintJobs.h"
+#include "ui/view3d/CameraCommand.h"
 
+#include <QImage>
 #include <QSize>
 
 #include <optional>
@@ -99,9 +101,22 @@ public:
     virtual void ResetView() {}
     /// 3D view: shows or hides the loads of vehicles, now and after each load.
     virtual void ShowLoads(bool /*shown*/) {}
+    /// 3D view: moves the camera.
+    virtual void MoveCamera(viewer::CameraCommand /*command*/) {}
     /// 3D view: saves a screenshot in the folder, under the first free number. Throws RuntimeError
     /// as GameFiles::WriteFile does, or 5 if there is no 3D on this machine.
     virtual void SaveSnapshot(const std::string & /*folder*/) {}
+    /// 3D view: returns the size of its picture, in pixels of the screen. Throws RuntimeError 5 if
+    /// there is no 3D on this machine, or in other panes.
+    virtual QSize PictureSize()
+    {
+        throw host::RuntimeError(host::ErrorNumber::InvalidCall, "this window has no 3D view");
+    }
+    /// 3D view: draws it in this size, as ViewerPane does. Throws like PictureSize.
+    virtual QImage DrawPicture(const QSize & /*size*/, bool /*transparent*/)
+    {
+        throw host::RuntimeError(host::ErrorNumber::InvalidCall, "this window has no 3D view");
+    }
 };
 
 } // namespace document

@@ -20,7 +20,7 @@ viewer::PaneHost paneHost(const install::Environment &environment, DocumentHost 
 {
     return {environment, [&host](const std::string &text) { host.SetStatus(text); },
             [&host](int done, int total) { host.SetProgress(done, total); },
-            [&host](const std::string &path) { host.OpenOutside(path); }};
+            [&host](const std::string &path) { host.OpenOutside(path); }, host.Animates()};
 }
 
 } // namespace

@@ -30,7 +30,13 @@ public:
     void AddRemark(const std::string &remark) override { ViewerPane::AddRemark(remark); }
     void ResetView() override { ViewerPane::ResetView(); }
     void ShowLoads(bool shown) override { ViewerPane::ShowLoads(shown); }
+    void MoveCamera(viewer::CameraCommand command) override { Camera().Run(command); }
     void SaveSnapshot(const std::string &folder) override;
+    QSize PictureSize() override { return Picture().size(); }
+    QImage DrawPicture(const QSize &size, bool transparent) override
+    {
+        return ViewerPane::DrawPicture(size, transparent);
+    }
 
 private:
     bool showsConsist() const;

@@ -79,7 +79,13 @@ public:
     void ReloadAllStock() { m_pane->ReloadStock(); }
     void ResetView() { m_pane->ResetView(); }
     void ShowLoads(bool shown) { m_pane->ShowLoads(shown); }
+    void MoveCamera(viewer::CameraCommand command) { m_pane->MoveCamera(command); }
     void SaveSnapshot(const std::string &folder) { m_pane->SaveSnapshot(folder); }
+    QSize PictureSize() { return m_pane->PictureSize(); }
+    QImage DrawPicture(const QSize &size, bool transparent)
+    {
+        return m_pane->DrawPicture(size, transparent);
+    }
 
     /// Clears the status bar and runs an action button of an editor.
     void ActionClick(document::EditorAction action);

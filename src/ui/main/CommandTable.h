@@ -29,13 +29,13 @@ enum class Menu
 enum class Command
 {
     FileNewConsist, FileNewConsistList, FileOpen, FileClose,
-    FileSave, FileSaveAs, FileSaveAll,
+    FileSave, FileSaveAs, FileSaveAll, FileSavePicture,
     FilePageSetup, FilePrint, FilePrintPreview, FileProperties,
     FileSetMSTSLoc, FileMRU0, FileMRU1, FileMRU2,
     FileExit,
 
     EditUndo, EditRedo,
-    EditCut, EditCopy, EditPaste, EditPasteSpecial,
+    EditCut, EditCopy, EditPaste, EditPasteSpecial, EditCopyPicture,
     EditSetAssoc,
 
     ConsistEdit, ConsistView, ConsistViewShape,
@@ -52,9 +52,10 @@ enum class Command
     StockReplace, StockUndoReplace,
 
     ViewToolbar, ViewStatusBar, ViewPreview,
-    ViewRefresh, ViewReset, ViewLoads, ViewFilter, ViewOptions,
+    ViewRefresh, ViewReset, ViewShowAll, ViewLoads, ViewFilter, ViewOptions,
     ViewTS, ViewTSE, ViewShapeViewer,
     ViewPictures,
+    ViewFromFront, ViewFromRear, ViewFromAbove, ViewFromOtherSide,
 
     WindowNewWindow, WindowCloseAll,
     WindowCascade, WindowTileHorizontal, WindowTileVertical, WindowArrangeIcons, WindowLockTiling,
@@ -183,6 +184,8 @@ inline constexpr CommandRow kCommands[] = {
      "Save the consist under another name", when::EditorOrView, [](Handlers &on) { on.file.SaveAs(); }},
     {Command::FileSaveAll, Menu::File, 2, "mnuFileSaveAll", "Save A&ll", "", "save-all",
      "Save all open consists", when::AnythingToSave, [](Handlers &on) { on.file.SaveAll(); }},
+    {Command::FileSavePicture, Menu::File, 2, "mnuFileSavePicture", "Save Pic&ture As...", "Ctrl+Alt+S", "",
+     "Save a picture of the 3D window in any size", when::View, [](Handlers &on) { on.pictures.SaveAs(); }},
 
     {Command::FilePageSetup, Menu::File, 3, "mnuFilePageSetup", "Page Set&up...", "", "",
      "Set the paper and its margins", when::Always, [](Handlers &on) { on.printing.SetUpPage(); }},
@@ -221,6 +224,8 @@ inline constexpr CommandRow kCommands[] = {
      "Paste a copy of the consist, or the copied units", when::Always, [](Handlers &on) { on.edit.Paste(); }},
     {Command::EditPasteSpecial, Menu::Edit, 2, "mnuEditPasteSpecial", "Paste &Special...", "", "",
      "Paste in another way", when::Always, [](Handlers &on) { on.Say("Edit PasteSpecial not yet implemented"); }},
+    {Command::EditCopyPicture, Menu::Edit, 2, "mnuEditCopyPicture", "Copy P&icture", "Ctrl+Shift+C", "",
+     "Copy the picture of the 3D window", when::View, [](Handlers &on) { on.pictures.Copy(); }},
 
     {Command::EditSetAssoc, Menu::Edit, 3, "mnuEditSetAssoc", "Set &File Association...", "", "association",
      "Open consist files with this program", when::Always, [](Handlers &on) { on.shell.SetFileAssociation(); }},
@@ -314,6 +319,9 @@ inline constexpr CommandRow kCommands[] = {
      "Read the window's content again", when::AnyWindow, [](Handlers &on) { on.view.Refresh(); }},
     {Command::ViewReset, Menu::View, 2, "mnuViewReset", "Reset &View", "Home", "reset-view",
      "Go back to the first view", when::View, [](Handlers &on) { on.view.Reset(); }},
+    {Command::ViewShowAll, Menu::View, 2, "mnuViewShowAll", "Sho&w All", "End", "",
+     "Show the whole train or shape of the 3D window", when::View,
+     [](Handlers &on) { on.view.MoveCamera(viewer::CameraCommand::ShowAll); }},
     {Command::ViewLoads, Menu::View, 2, "mnuViewLoads", "Freight &Loads", "L", "",
      "Show or hide the loads of vehicles in 3D", when::View,
      [](Handlers &on) { on.view.ShowLoads(on.IsChecked(Command::ViewLoads)); },
@@ -333,6 +341,19 @@ inline constexpr CommandRow kCommands[] = {
     {Command::ViewPictures, Menu::View, 4, "mnuViewPictures", "Open &Pictures Folder", "Ctrl+Shift+P", "",
      "Open the folder of the saved pictures of 3D views", when::Always,
      [](Handlers &on) { on.tools.OpenPicturesFolder(); }},
+
+    {Command::ViewFromFront, Menu::View, 5, "mnuViewFromFront", "From Fro&nt", "1", "",
+     "Look at the front of the train in the 3D window", when::View,
+     [](Handlers &on) { on.view.MoveCamera(viewer::CameraCommand::FromFront); }},
+    {Command::ViewFromRear, Menu::View, 5, "mnuViewFromRear", "From R&ear", "2", "",
+     "Look at the rear of the train in the 3D window", when::View,
+     [](Handlers &on) { on.view.MoveCamera(viewer::CameraCommand::FromRear); }},
+    {Command::ViewFromAbove, Menu::View, 5, "mnuViewFromAbove", "From &Above", "3", "",
+     "Look down on the whole train in the 3D window", when::View,
+     [](Handlers &on) { on.view.MoveCamera(viewer::CameraCommand::FromAbove); }},
+    {Command::ViewFromOtherSide, Menu::View, 5, "mnuViewFromOtherSide", "From the Other S&ide", "4", "",
+     "Move the camera of the 3D window to the opposite side", when::View,
+     [](Handlers &on) { on.view.MoveCamera(viewer::CameraCommand::FromOtherSide); }},
 
     {Command::WindowNewWindow, Menu::Window, 1, "mnuWindowNewWindow", "&New Window", "", "new-window",
      "Open another list of the installed consists", when::Always, [](Handlers &on) { on.file.NewConsistList(); }},

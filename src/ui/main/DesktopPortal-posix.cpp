@@ -28,14 +28,13 @@ std::string busAddress()
                                                                  : std::string();
 }
 
-QDBusMessage ask(const QDBusConnection &bus, const char *method)
+QDBusMessage ask(const QDBusConnection &bus, const char *method, const char *space, const char *key)
 {
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.portal.Desktop"),
         QStringLiteral("/org/freedesktop/portal/desktop"),
         QStringLiteral("org.freedesktop.portal.Settings"), QString::fromLatin1(method));
-    call.setArguments(
-        {QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme")});
+    call.setArguments({QString::fromLatin1(space), QString::fromLatin1(key)});
     call.setAutoStartService(false);
     return bus.call(call, QDBus::Block, kMilliseconds);
 }
@@ -48,14 +47,34 @@ QVariant unwrapped(QVariant value)
     return value;
 }
 
-std::optional<ColourScheme> askBus(const QDBusConnection &bus)
+/// Returns a setting; an invalid value if the portal does not know it.
+QVariant askBus(const QDBusConnection &bus, const char *space, const char *key)
 {
-    QDBusMessage answer = ask(bus, "ReadOne");
+    QDBusMessage answer = ask(bus, "ReadOne", space, key);
     if (answer.errorName() == QLatin1String("org.freedesktop.DBus.Error.UnknownMethod"))
-        answer = ask(bus, "Read"); // the name in older portals
+        answer = ask(bus, "Read", space, key); // the name in older portals
     if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty())
-        return std::nullopt;
-    switch (unwrapped(answer.arguments().constFirst()).toUInt()) {
+        return {};
+    return unwrapped(answer.arguments().constFirst());
+}
+
+QVariant portalSetting(const char *space, const char *key)
+{
+    const std::string address = busAddress();
+    if (address.empty())
+        return {};
+    const QString name = QStringLiteral("zelk-portal");
+    const QVariant value =
+        askBus(QDBusConnection::connectToBus(QString::fromStdString(address), name), space, key);
+    QDBusConnection::disconnectFromBus(name);
+    return value;
+}
+
+} // namespace
+
+std::optional<ColourScheme> SchemeOfPortal()
+{
+    switch (portalSetting("org.freedesktop.appearance", "color-scheme").toUInt()) {
     case kPrefersDark:
         return ColourScheme::Dark;
     case kPrefersLight:
@@ -65,18 +84,13 @@ std::optional<ColourScheme> askBus(const QDBusConnection &bus)
     }
 }
 
-} // namespace
-
-std::optional<ColourScheme> SchemeOfPortal()
+std::optional<bool> AnimationsOfPortal()
 {
-    const std::string address = busAddress();
-    if (address.empty())
-        return std::nullopt;
-    const QString name = QStringLiteral("zelk-portal");
-    const auto scheme =
-        askBus(QDBusConnection::connectToBus(QString::fromStdString(address), name));
-    QDBusConnection::disconnectFromBus(name);
-    return scheme;
+    const QVariant reduced = portalSetting("org.freedesktop.appearance", "reduced-motion");
+    if (reduced.isValid() && reduced.toUInt() != 0)
+        return false;
+    const QVariant animates = portalSetting("org.gnome.desktop.interface", "enable-animations");
+    return animates.isValid() ? std::optional(animates.toBool()) : std::nullopt;
 }
 
 } // namespace app

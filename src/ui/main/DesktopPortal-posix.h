@@ -12,4 +12,7 @@ namespace app {
 /// portal. Never starts a portal, and waits at most a tenth of a second for each answer.
 std::optional<ColourScheme> SchemeOfPortal();
 
+/// Returns whether the user wants animations, in the same way.
+std::optional<bool> AnimationsOfPortal();
+
 } // namespace app

@@ -2,27 +2,17 @@
 #include "ui/main/DesktopScheme.h"
 
 #include "host/Folders.h"
-#include "host/IniFile.h"
 #include "host/Text.h"
 #include "ui/main/DesktopPortal-posix.h"
+#include "ui/main/DesktopSettings-posix.h"
 
 #include <QColor>
-#include <QFile>
 #include <QStringList>
 
 #include <string>
 
 namespace app {
 namespace {
-
-std::optional<std::string> entry(const std::string &file, const char *section, const char *key)
-{
-    QFile source(QString::fromStdString(host::ConfigFolder() + "/" + file));
-    if (!source.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    constexpr qint64 limit = 1 << 20; // desktop settings are a few kilobytes
-    return host::IniFile::FromText(source.read(limit).toStdString()).Value(section, key);
-}
 
 bool namesDark(const std::string &text)
 {
@@ -32,7 +22,7 @@ bool namesDark(const std::string &text)
 /// KDE stores the window background as "red,green,blue".
 std::optional<ColourScheme> kdeScheme()
 {
-    const auto text = entry("kdeglobals", "Colors:Window", "BackgroundNormal");
+    const auto text = DesktopSetting("kdeglobals", "Colors:Window", "BackgroundNormal");
     if (!text)
         return std::nullopt;
     const QStringList parts = QString::fromStdString(*text).split(QLatin1Char(','));
@@ -47,10 +37,10 @@ std::optional<ColourScheme> gtkScheme()
     if (const std::string theme = host::Environment("GTK_THEME"); !theme.empty())
         return namesDark(theme) ? ColourScheme::Dark : ColourScheme::Light;
     for (const char *file : {"gtk-4.0/settings.ini", "gtk-3.0/settings.ini"}) {
-        const auto prefers = entry(file, "Settings", "gtk-application-prefer-dark-theme");
+        const auto prefers = DesktopSetting(file, "Settings", "gtk-application-prefer-dark-theme");
         if (prefers && (*prefers == "1" || host::EqualsNoCase(*prefers, "true")))
             return ColourScheme::Dark;
-        if (const auto theme = entry(file, "Settings", "gtk-theme-name");
+        if (const auto theme = DesktopSetting(file, "Settings", "gtk-theme-name");
             theme && namesDark(*theme))
             return ColourScheme::Dark;
     }

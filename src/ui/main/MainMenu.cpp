@@ -26,6 +26,13 @@ QList<QKeySequence> keysOf(const CommandRow &row)
                      : QList<QKeySequence>();
 }
 
+/// Returns the hint of a command for 3D windows, with the reason if it is disabled.
+QString hintOf(const CommandRow &row, const WindowFacts &facts)
+{
+    const QString hint = QString::fromLatin1(row.hint);
+    return row.enabled(facts) ? hint : hint + QStringLiteral(" (no 3D window is active)");
+}
+
 } // namespace
 
 MainMenu::MainMenu(QMenuBar &bar, const Runner &run)
@@ -128,6 +135,8 @@ void MainMenu::Update(const WindowFacts &facts) const
     for (const CommandRow &row : kCommands) {
         QAction &action = ActionOf(row.id);
         action.setEnabled(row.enabled(facts));
+        if (row.enabled == when::View)
+            action.setToolTip(hintOf(row, facts));
         action.setShortcuts(row.keysApply(facts) ? keysOf(row) : QList<QKeySequence>());
     }
 }

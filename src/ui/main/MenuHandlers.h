@@ -14,6 +14,7 @@
 #include "ui/main/HealthWindows.h"
 #include "ui/main/HelpCommands.h"
 #include "ui/main/MstsLocation.h"
+#include "ui/main/PictureCommands.h"
 #include "ui/main/Printing.h"
 #include "ui/main/ReplaceWindows.h"
 #include "ui/main/ResultsWindows.h"
@@ -79,6 +80,7 @@ struct Handlers
     HealthCommands health;
     StockCommands stock;
     ViewCommands view;
+    PictureCommands pictures;
     ToolCommands tools;
     WindowCommands windows;
     HelpCommands help;

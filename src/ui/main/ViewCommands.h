@@ -47,6 +47,11 @@ public:
     }
 
     void ShowLoads(bool shown) { m_window.ShowLoads(shown); }
+    void MoveCamera(viewer::CameraCommand command)
+    {
+        if (frmDocument *active = m_window.ActiveDocument())
+            active->MoveCamera(command);
+    }
 
     void Filter()
     {

@@ -13,6 +13,7 @@
 #include "ui/document/StockFigures.h"
 #include "ui/document/StockPictures.h"
 #include "ui/main/CommandTable.h"
+#include "ui/main/DesktopMotion.h"
 #include "ui/main/IconSet.h"
 #include "ui/main/MainMenu.h"
 #include "ui/main/MainStatusBar.h"
@@ -392,6 +393,13 @@ void frmMain::SetProgress(int done, int total)
     sbStatusBar->SetProgress(done, total);
     m_stopKey->setEnabled(total > 0 || m_handlers->checking.Running() ||
                           m_handlers->healthWindows.Running());
+}
+
+bool frmMain::Animates()
+{
+    if (!m_animates)
+        m_animates = app::DesktopAnimates();
+    return *m_animates;
 }
 
 void frmMain::WriteLog(const std::string &text)

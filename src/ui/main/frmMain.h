@@ -15,6 +15,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -90,6 +91,7 @@ public:
     void ChooseInstallation() override;
     void SetStatus(const std::string &text) override;
     void SetProgress(int done, int total) override;
+    bool Animates() override;
     void WriteLog(const std::string &text) override;
 
     /// The events of the validator during a check. The status bar shows its messages and the number
@@ -136,6 +138,7 @@ private:
     std::array<int, document::kWindowModes>
         m_counters{}; ///< numbers given to windows so far, by mode
     bool m_unloading = false;
+    std::optional<bool> m_animates; ///< empty before the first 3D window
     std::unique_ptr<app::MainMenu> m_menus;
     std::unique_ptr<app::WindowArranger> m_arranger;
     std::unique_ptr<app::Handlers> m_handlers;

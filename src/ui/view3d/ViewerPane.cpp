@@ -4,6 +4,8 @@
 #include "host/Dialogs.h"
 #include "host/RuntimeError.h"
 #include "ui/view3d/SavedPictureBar.h"
+#include "ui/view3d/Transparency.h"
+#include "ui/view3d/VehicleLabel.h"
 #include "ui/view3d/sfCanvas.h"
 
 #include <QElapsedTimer>
@@ -24,12 +26,6 @@ constexpr int kHighest = 40; ///< metres: the camera's height at the top of the 
 constexpr int kPage = 20;    ///< metres along the train
 constexpr qint64 kSliceMilliseconds = 10;
 constexpr int kPauseMilliseconds = 2; ///< while the next vehicle is being read
-constexpr int kLeft = 1, kRight = 2;
-
-QString plain(float number)
-{
-    return QString::number(static_cast<double>(number));
-}
 
 } // namespace
 
@@ -41,6 +37,7 @@ ViewerPane::ViewerPane(const PaneHost &host, QWidget *parent)
     , m_host(host)
     , m_grid(new QGridLayout(this))
     , m_stage(host.environment, sfViewer, [this](const std::string &text) { setStatus(text); })
+    , m_camera(m_stage, sfViewer ? *sfViewer : static_cast<const QWidget &>(*this))
 {
     m_grid->setContentsMargins(0, 0, 0, 0);
     m_grid->setSpacing(0);
@@ -48,11 +45,15 @@ ViewerPane::ViewerPane(const PaneHost &host, QWidget *parent)
     m_grid->addWidget(hscView, 1, 0);
     tmrRenderer.setObjectName("tmrRenderer");
     tmrRenderer.setSingleShot(true);
+    connect(&m_watch, &FileWatch::Changed, this, &ViewerPane::followChanges);
     connect(&tmrRenderer, &QTimer::timeout, this, &ViewerPane::step);
     connectScrollBars();
+    connectCamera();
     if (sfViewer) {
         connectCanvas();
         makePictureBar();
+        m_vehicle = new VehicleLabel(this);
+        m_grid->addWidget(m_vehicle, 0, 0, Qt::AlignTop | Qt::AlignLeft);
     } else {
         showNoCanvas(sfCanvas::WhyNot());
     }
@@ -62,6 +63,7 @@ ViewerPane::~ViewerPane()
 {
     if (m_stage.Loading())
         m_host.setProgress(0, 0);
+    m_camera.Finish();
     // The canvas, a child of this widget, still exists here.
     m_stage.Close();
 }
@@ -87,12 +89,25 @@ void ViewerPane::connectScrollBars()
     vscView->setPageStep(kHighest / 10);
     vscView->setValue(2);
     connect(hscView, &QScrollBar::valueChanged, this, [this](int value) {
-        moveCamera([&](OrbitCamera &camera) {
-            camera.MoveAlong(static_cast<float>(value) + m_stage.TrainEnd());
-        });
+        m_camera.MoveAlong(static_cast<float>(value) + m_stage.TrainEnd());
     });
-    connect(vscView, &QScrollBar::valueChanged, this, [this](int value) {
-        moveCamera([&](OrbitCamera &camera) { camera.SetHeight(static_cast<float>(value)); });
+    connect(vscView, &QScrollBar::valueChanged, this,
+            [this](int value) { m_camera.SetHeight(static_cast<float>(value)); });
+}
+
+void ViewerPane::connectCamera()
+{
+    m_camera.SetAnimated(m_host.animates);
+    connect(&m_camera, &CameraControls::StatusChanged, this,
+            [this](const QString &text) { setStatus(text.toStdString()); });
+    connect(&m_camera, &CameraControls::Moved, this, [this](bool along) {
+        if (along)
+            showPlace();
+        showHeight();
+    });
+    connect(&m_camera, &CameraControls::VehicleChosen, this, [this](const QString &name) {
+        if (m_vehicle)
+            m_vehicle->ShowName(name);
     });
 }
 
@@ -102,19 +117,7 @@ void ViewerPane::connectCanvas()
     sfViewer->setAccessibleName(QStringLiteral("3D view"));
     m_grid->addWidget(sfViewer, 0, 0);
     setFocusProxy(sfViewer);
-    connect(sfViewer, &sfCanvas::MouseDown, this, [this](int, float x, float y) {
-        m_dragging = true;
-        m_tiltsOver = m_stage.View() && OrbitCamera(*m_stage.View()).IsBesideTarget();
-        m_lastX = x;
-        m_lastY = y;
-    });
-    connect(sfViewer, &sfCanvas::MouseUp, this, [this] { m_dragging = false; });
-    connect(sfViewer, &sfCanvas::MouseMove, this, &ViewerPane::drag);
-    connect(sfViewer, &sfCanvas::WheelTurned, this, [this](float notches) {
-        moveCamera([&](OrbitCamera &camera) { camera.Approach(notches); });
-        showHeight();
-    });
-    connect(sfViewer, &sfCanvas::ResetWanted, this, &ViewerPane::ResetView);
+    m_camera.Connect(*sfViewer);
     connect(sfViewer, &sfCanvas::DrawWanted, this, [this] {
         if (TSView *view = m_stage.View())
             view->ShowModels();
@@ -154,6 +157,7 @@ void ViewerPane::showNoCanvas(const std::string &reason)
 
 void ViewerPane::RenderConsist(const std::string &file, const std::string &installFolder)
 {
+    m_camera.Finish();
     m_stage.RenderConsist(file, installFolder);
     begin();
 }
@@ -161,12 +165,14 @@ void ViewerPane::RenderConsist(const std::string &file, const std::string &insta
 void ViewerPane::RenderLooseConsist(const StfNode &trainCfg, const std::string &installFolder,
                                     const std::string &source)
 {
+    m_camera.Finish();
     m_stage.RenderLooseConsist(trainCfg, installFolder, source);
     begin();
 }
 
 void ViewerPane::RenderShape(const std::string &file, const std::string &vehicle)
 {
+    m_camera.Finish();
     m_stage.RenderShape(file, vehicle);
     begin();
 }
@@ -223,56 +229,39 @@ void ViewerPane::Stop()
 void ViewerPane::end()
 {
     m_host.setProgress(0, 0);
+    m_camera.Finish();
     const QSignalBlocker silent(hscView);
     hscView->setRange(0, m_stage.ScrollMaximum());
     showPlace();
     showHeight();
     m_remark.clear();
+    m_watch.Watch(m_stage.Places());
 }
 
-void ViewerPane::ResetView()
+void ViewerPane::followChanges()
 {
-    moveCamera([this](OrbitCamera &camera) { camera.Reset(m_stage.TrainMiddle()); });
-    showPlace();
-    showHeight();
+    told([this] {
+        if (m_stage.FollowChanges() && m_stage.Loading())
+            tmrRenderer.start(0);
+    });
+    if (!m_stage.Loading())
+        m_watch.Watch(m_stage.Places());
 }
 
-void ViewerPane::moveCamera(const std::function<void(OrbitCamera &)> &move)
+bool ViewerPane::event(QEvent *event)
 {
-    TSView *view = m_stage.View();
-    if (!view)
-        return;
-    try {
-        OrbitCamera camera(*view);
-        move(camera);
-        view->ResetCamera();
-    } catch (const host::RuntimeError &error) {
-        setStatus(error.what());
-    }
-}
-
-void ViewerPane::drag(int buttons, float x, float y)
-{
-    if (!m_dragging)
-        return;
-    const float dx = x - m_lastX, dy = y - m_lastY;
-    setStatus(QStringLiteral("Move(%1,%2)").arg(plain(dx), plain(dy)).toStdString());
-    if (buttons == kLeft)
-        moveCamera([&](OrbitCamera &camera) {
-            m_tiltsOver ? camera.OrbitOver(dx, dy) : camera.Orbit(dx, dy);
-        });
-    else if (buttons == kRight)
-        moveCamera([&](OrbitCamera &camera) { camera.Pan(dx, dy); });
-    showHeight();
-    m_lastX = x;
-    m_lastY = y;
+    if (event->type() == QEvent::WindowActivate && isVisible())
+        QMetaObject::invokeMethod(this, &ViewerPane::followChanges, Qt::QueuedConnection);
+    return QWidget::event(event);
 }
 
 /// The scroll bars follow the camera but must not move it: they know only whole metres.
 void ViewerPane::showPlace()
 {
     const QSignalBlocker silent(hscView);
-    hscView->setValue(m_stage.ScrollMiddle());
+    if (const TSView *view = m_stage.View())
+        hscView->setValue(static_cast<int>(std::lround(std::clamp(
+            view->LookAtZ - m_stage.TrainEnd(), 0.0f, static_cast<float>(hscView->maximum())))));
 }
 
 void ViewerPane::showHeight()
@@ -290,6 +279,29 @@ QImage ViewerPane::Picture()
     if (picture.isNull())
         throw host::RuntimeError(host::ErrorNumber::InvalidCall, "there is no 3D view to print");
     return picture.convertToFormat(QImage::Format_RGB888);
+}
+
+QImage ViewerPane::DrawPicture(const QSize &size, bool transparent)
+{
+    if (!sfViewer || m_noCanvas || !m_stage.View())
+        throw host::RuntimeError(host::ErrorNumber::InvalidCall, "there is no 3D view to draw");
+    m_camera.Finish();
+    QImage picture;
+    if (transparent) {
+        sfViewer->SetScenery(false);
+        m_stage.View()->ShowModels();
+        picture = sfViewer->Draw(size, korvat::Tint{0, 0, 0, 1});
+        const QImage onWhite = sfViewer->Draw(size, korvat::Tint{1, 1, 1, 1});
+        sfViewer->SetScenery(true);
+        m_stage.View()->ShowModels();
+        picture = onWhite.isNull() ? QImage() : WithoutBackground(std::move(picture), onWhite);
+    } else {
+        picture = sfViewer->Draw(size, std::nullopt);
+    }
+    if (picture.isNull())
+        throw host::RuntimeError(host::ErrorNumber::InvalidCall,
+                                 "the graphics driver has no room for the picture");
+    return picture;
 }
 
 void ViewerPane::SaveSnapshot(const std::string &base, const std::string &what)

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "viewer/OrbitCamera.h"
+#include "ui/view3d/CameraControls.h"
+#include "ui/view3d/FileWatch.h"
 #include "viewer/Stage.h"
 
 #include <QImage>
@@ -19,6 +20,7 @@ class sfCanvas;
 namespace viewer {
 
 class SavedPictureBar;
+class VehicleLabel;
 
 /// The parts of the program that a 3D window uses; all of them must outlive the pane.
 struct PaneHost
@@ -29,15 +31,18 @@ struct PaneHost
     std::function<void(int done, int total)> setProgress;
     /// Opens a file or folder outside the program.
     std::function<void(const std::string &)> openOutside;
+    bool animates = true; ///< the system does not ask for still pictures
 };
 
 /// The controls of a 3D window: the canvas, the scroll bar along the train below it, and the scroll
 /// bar for the camera's height at its right. Without OpenGL, the pane shows the reason as text, and
-/// loads shapes only for their reports.
+/// loads shapes only for their reports. When a file of the scene changes on the disk, it shows the
+/// new content; on drives that report no changes, when the main window becomes active.
 ///
-/// On the canvas, the left button turns the camera about its target, the right button slides both,
-/// the wheel moves the camera nearer or away, and a double click restores the first view. The arrow
-/// keys work like the scroll bars.
+/// On the canvas, the left button turns the camera about its target, and the right button slides
+/// both. The middle button slides the picture with the mouse, and the wheel moves the camera
+/// towards what is under the mouse. A double click on a vehicle makes it the target and shows its
+/// name; beside the vehicles, it restores the first view. The arrow keys work like the scroll bars.
 class ViewerPane : public QWidget
 {
     Q_OBJECT
@@ -64,11 +69,16 @@ public:
     /// end.
     void AddRemark(const std::string &remark) { m_remark = "  " + remark; }
 
-    void ResetView();
+    void ResetView() { m_camera.Reset(); }
+    /// Moves the camera for the commands of the View menu.
+    CameraControls &Camera() { return m_camera; }
     /// Returns the texture report; "" if nothing is shown.
     std::string Report() const { return m_stage.Report(); }
     /// Returns the image that is shown. Throws RuntimeError 5 if there is none.
     QImage Picture();
+    /// Draws the scene in this size. A transparent picture holds only the vehicles or the shape.
+    /// Throws RuntimeError 5 if that is not possible.
+    QImage DrawPicture(const QSize &size, bool transparent);
     /// Saves a screenshot as `base` with the first free number. Reports its path in the status,
     /// which calls it a `what` ("consist") snapshot, and in a bar that stays on the canvas. Throws
     /// RuntimeError like sfCanvas::SaveSnapshot, and 5 if there is no canvas.
@@ -82,11 +92,13 @@ public:
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    bool event(QEvent *event) override;
 
 private:
     QScrollBar *makeScrollBar(Qt::Orientation orientation, const char *name, const char *title);
     void connectScrollBars();
     void connectCanvas();
+    void connectCamera();
     void makePictureBar();
     void setStatus(const std::string &text) { m_host.setStatus(text + m_remark); }
     void showNoCanvas(const std::string &reason);
@@ -94,8 +106,7 @@ private:
     void step();
     void told(const std::function<void()> &piece);
     void end();
-    void drag(int buttons, float x, float y);
-    void moveCamera(const std::function<void(OrbitCamera &)> &move);
+    void followChanges();
     void showPlace();
     void showHeight();
 
@@ -104,10 +115,10 @@ private:
     QGridLayout *m_grid;
     QLabel *m_noCanvas = nullptr;
     SavedPictureBar *m_savedPicture = nullptr; ///< null without OpenGL
+    VehicleLabel *m_vehicle = nullptr;         ///< null without OpenGL
     Stage m_stage;
-    bool m_dragging = false;
-    bool m_tiltsOver = false; ///< the drag began beside the target and level with it
-    float m_lastX = 0, m_lastY = 0;
+    CameraControls m_camera;
+    FileWatch m_watch;
 };
 
 } // namespace viewer

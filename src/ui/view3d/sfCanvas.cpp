@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -115,6 +116,18 @@ QImage sfCanvas::Picture()
     return m_picture;
 }
 
+QImage sfCanvas::Draw(const QSize &size, const std::optional<korvat::Tint> &backdrop)
+{
+    if (!m_painter)
+        return {};
+    renderer().SetBackdrop(backdrop);
+    renderer().SetShape(static_cast<float>(width()) / static_cast<float>(std::max(height(), 1)));
+    const QImage image = m_painter->PaintLarge(renderer(), size.width(), size.height());
+    renderer().SetBackdrop({});
+    renderer().SetShape(0);
+    return image;
+}
+
 void sfCanvas::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
@@ -163,14 +176,19 @@ void sfCanvas::mouseMoveEvent(QMouseEvent *event)
     Q_EMIT MouseMove(numberOf(event->buttons()), xOf(*event), yOf(*event));
 }
 
-void sfCanvas::mouseDoubleClickEvent(QMouseEvent *)
+void sfCanvas::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    Q_EMIT ResetWanted();
+    if (event->button() == Qt::MiddleButton)
+        mousePressEvent(event); // two short drags are not a double click
+    else
+        Q_EMIT DoubleClicked(xOf(*event), yOf(*event));
 }
 
 void sfCanvas::wheelEvent(QWheelEvent *event)
 {
     event->accept();
     if (const int turned = event->angleDelta().y())
-        Q_EMIT WheelTurned(static_cast<float>(turned) / kNotch);
+        Q_EMIT WheelTurned(static_cast<float>(turned) / kNotch,
+                           static_cast<float>(event->position().x()),
+                           static_cast<float>(event->position().y()));
 }

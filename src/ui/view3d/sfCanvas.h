@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace host {
@@ -40,6 +41,10 @@ public:
     /// Returns the image that is shown, in the screen's own pixels; null if there is none.
     QImage Picture();
 
+    /// Draws the last frame in this size, on a plain background if `backdrop` is given. Everything
+    /// that the canvas shows is in the image. Returns a null image if there is no room for it.
+    QImage Draw(const QSize &size, const std::optional<korvat::Tint> &backdrop);
+
     /// If true, screenshots overwrite number 0001; if false (the default), each gets a free number.
     void SetOverwriteSnapshot(bool overwrite) { m_overwrite = overwrite; }
     /// Sets the path of screenshots without number and extension ("C:\shots\ZELKC").
@@ -55,10 +60,9 @@ Q_SIGNALS:
     void MouseUp();
     /// `buttons` are those held: 1 left, 2 right, 4 middle, or their sum.
     void MouseMove(int buttons, float x, float y);
-    /// Notches of the wheel; positive away from the user.
-    void WheelTurned(float notches);
-    /// Emitted on a double click, which restores the first view.
-    void ResetWanted();
+    /// Notches of the wheel, positive away from the user, and the place of the mouse.
+    void WheelTurned(float notches, float x, float y);
+    void DoubleClicked(float x, float y);
     /// Emitted when the OpenGL context was lost; redraw the scene.
     void DrawWanted();
     /// Emitted when no image can be shown after all.
