@@ -13,6 +13,7 @@
 #include "install/Installation.h"
 #include "korvat/model/ModelLibrary.h"
 #include "ui/dialogs/QtDialogs.h"
+#include "ui/dialogs/frmResults.h"
 #include "ui/document/MissingLookUp.h"
 #include "ui/document/StockListModel.h"
 #include "ui/health/HealthFilterBar.h"
@@ -442,6 +443,43 @@ int showPictures(const std::string &folder, const std::string &consist)
     watch.End();
 }
 
+/// Opens a results window with 100,000 lines. Prints the time until it is painted if `what` is
+/// "open", else the longest gap until all lines are there and the window was scrolled to the end.
+int showReport(const std::string &what)
+{
+    constexpr int kLines = 100'000;
+    std::string text;
+    for (int line = 0; line < kLines; ++line)
+        text += "ERROR: Stock Folder " + std::to_string(line % 5000) + "/wagon" +
+                std::to_string(line) + ".wag: shape file wagon" + std::to_string(line) +
+                ".s is missing\r\n";
+    app::DressApplication(*qApp);
+    AnsweredDialogs dialogs;
+    host::GameFiles files;
+    std::unique_ptr<frmResults> form;
+    const double open = bench::Milliseconds([&] {
+        form = std::make_unique<frmResults>(dialogs, files, "");
+        form->SetText(text);
+        form->show();
+        QCoreApplication::processEvents();
+        form->txtResults->viewport()->repaint();
+    });
+    if (what == "open") {
+        std::printf("%f %f\n", open, open);
+        std::fflush(stdout);
+        std::_Exit(0);
+    }
+    GapWatch watch;
+    while (form->txtResults->blockCount() <= kLines)
+        QCoreApplication::processEvents();
+    QScrollBar &bar = *form->txtResults->verticalScrollBar();
+    for (int page = 0; page <= 200; ++page) {
+        bar.setValue(bar.maximum() / 200 * page);
+        QCoreApplication::processEvents();
+    }
+    watch.End();
+}
+
 /// Returns the shortest of several runs of this program with these arguments, each preceded by its
 /// start time.
 double bestOf(const std::vector<std::string> &command)
@@ -526,6 +564,8 @@ int measure(const std::string &program, const std::string &folder)
     rows.push_back(pictureRow(program, sample, train));
     addGap("longest gap, pictures in the stock list",
            {program, "--rows", train.folder, train.consist});
+    addGap("opening a report of 100,000 lines", {program, "--report", "open"}, 100);
+    addGap("longest gap, reading a report of 100,000 lines", {program, "--report", "read"});
     makeUnhealthy(sample / "unhealthy", 100'000);
     addGap("longest gap, health of 100,000 findings",
            {program, "--health", (sample / "unhealthy").string()});
@@ -572,6 +612,8 @@ int main(int argc, char **argv)
         return markConsists(arguments[2]);
     if (arguments[1] == "--health")
         return reportHealth(arguments[2]);
+    if (arguments[1] == "--report")
+        return showReport(arguments[2]);
     if (arguments[1] == "--train")
         return viewTrain(arguments[2]);
     if (arguments[1] == "--pictures")
