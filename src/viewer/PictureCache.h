@@ -13,7 +13,7 @@ class GameFiles;
 
 namespace viewer {
 
-/// Small pictures of vehicles, each in a file of its own in the user's cache folder, together with
+/// Small pictures of vehicles, each in its own file in the user's cache folder, together with
 /// a record of the files that it was made from. A picture is used only while this record holds.
 /// Damaged and foreign files count as missing. Nothing here fails: what cannot be kept is drawn
 /// again. Thread-safe.

@@ -20,7 +20,7 @@ namespace viewer {
 
 /// Draws pictures of vehicles in the background, for all windows.
 ///
-/// One thread loads and draws everything, with an OpenGL context of its own: painting through
+/// One thread loads and draws everything, with its own OpenGL context: painting through
 /// OpenGL on the processor can take longer than a window may pause. A driver that cannot paint on
 /// another thread paints on the window's, one picture at a time.
 class VehiclePictures : public QObject
