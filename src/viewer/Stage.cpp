@@ -47,6 +47,7 @@ void Stage::setUp(korvat::Ground ground)
     if (m_canvas)
         m_canvas->SetGround(ground);
     m_view->ShowLoads(m_showsLoads);
+    m_view->SetOptions(m_options);
     m_view->Initialise();
     OrbitCamera(*m_view).Reset(0);
     m_view->ResetCamera();
@@ -117,6 +118,15 @@ void Stage::ShowLoads(bool shown)
     if (!m_view)
         return;
     m_view->ShowLoads(shown);
+    m_view->ShowModels();
+}
+
+void Stage::SetOptions(const ViewOptions &options)
+{
+    m_options = options;
+    if (!m_view)
+        return;
+    m_view->SetOptions(options);
     m_view->ShowModels();
 }
 

@@ -52,6 +52,9 @@ public:
     void RenderShape(const std::string &file, const std::string &vehicle = {});
     /// Shows or hides the loads of all vehicles, now and in later scenes.
     void ShowLoads(bool shown);
+    /// Sets what is shown of the content, now and in later scenes.
+    void SetOptions(const ViewOptions &options);
+    const ViewOptions &Options() const { return m_options; }
     /// From the next Render on, shows the loads and couplers of both simulators, whichever the user
     /// has chosen.
     void ShowAllAdded() { m_showsAllAdded = true; }
@@ -128,6 +131,7 @@ private:
     std::string m_shapeFile;                   ///< still to load
     std::string m_shownShape, m_vehicleFile, m_caption;
     bool m_showsLoads = true, m_showsAllAdded = false;
+    ViewOptions m_options;
     StfNode m_train; ///< for m_layout
     std::string m_installFolder;
     std::map<std::string, FileOnDisk> m_stock; ///< by game path

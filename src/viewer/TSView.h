@@ -3,6 +3,7 @@
 
 #include "viewer/CameraPose.h"
 #include "viewer/TSViewObject.h"
+#include "viewer/ViewOptions.h"
 
 #include <memory>
 #include <string>
@@ -63,6 +64,9 @@ public:
                              float y, float z, float degrees);
     /// Shows or hides the loads of vehicles from the next frame on; at first they are shown.
     void ShowLoads(bool shown) { m_showsLoads = shown; }
+    /// Sets what the next frames show of the content.
+    void SetOptions(const viewer::ViewOptions &options) { m_options = options; }
+    const viewer::ViewOptions &Options() const { return m_options; }
     /// Restores the canvas and the models after a resize, and draws a frame.
     void RefreshForm();
     /// Passes the camera to the canvas and draws a frame.
@@ -88,4 +92,5 @@ private:
 
     install::Environment m_environment;
     bool m_showsLoads = true;
+    viewer::ViewOptions m_options;
 };
