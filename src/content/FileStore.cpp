@@ -2,6 +2,7 @@
 #include "content/FileStore.h"
 
 #include "host/Disk.h"
+#include "host/FilesUsed.h"
 #include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "korvat/formats/Container.h"
@@ -66,7 +67,10 @@ bool FileStore::isAbsent(std::string_view folder)
 std::optional<std::string> FileStore::Find(const std::string &path)
 {
     const std::string_view folder = host::path::FolderWithSeparator(path);
-    if (folder.empty() || isAbsent(folder))
+    if (folder.empty())
+        return std::nullopt;
+    // A record must also hold what is missing: the file may come with its folder.
+    if (!host::FilesUsed::IsRecording() && isAbsent(folder))
         return std::nullopt;
     return m_folders.FindFile(path);
 }

@@ -22,10 +22,13 @@ namespace {
 constexpr std::string_view kKind = "picture", kExtension = ".picture";
 constexpr std::uint64_t kLargestFile = 16u << 20; ///< far above any picture of this program
 
-std::string keyOf(const std::string &stockFile, int width, int height)
+std::string keyOf(const PictureCache::Subject &subject)
 {
-    return std::to_string(VehicleScene::kVersion) + ' ' + std::to_string(width) + 'x' +
-           std::to_string(height) + ' ' + host::path::Absolute(stockFile);
+    const Reading &reading = subject.reading;
+    return std::to_string(VehicleScene::kVersion) + ' ' + std::to_string(subject.width) + 'x' +
+           std::to_string(subject.height) + ' ' +
+           (reading.profile == content::Profile::OpenRails ? 'o' : 'm') +
+           (reading.allAdded ? "a " : " ") + host::path::Absolute(subject.stockFile);
 }
 
 struct KeptFile
@@ -78,10 +81,9 @@ std::string PictureCache::fileOf(const std::string &key) const
     return host::disk::Join(m_folder, host::Fingerprint(key) + std::string(kExtension));
 }
 
-std::optional<std::string> PictureCache::Find(host::GameFiles &files, const std::string &stockFile,
-                                              int width, int height) const
+std::optional<std::string> PictureCache::Find(host::GameFiles &files, const Subject &subject) const
 {
-    const std::string key = keyOf(stockFile, width, height);
+    const std::string key = keyOf(subject);
     std::string bytes;
     if (m_folder.empty() || host::disk::Read(fileOf(key), kLargestFile, bytes))
         return std::nullopt;
@@ -92,15 +94,14 @@ std::optional<std::string> PictureCache::Find(host::GameFiles &files, const std:
     return std::string(kept.parts[2]);
 }
 
-void PictureCache::Keep(const std::string &stockFile, int width, int height,
-                        std::string_view record, std::string_view picture)
+void PictureCache::Keep(const Subject &subject, std::string_view record, std::string_view picture)
 {
     const std::lock_guard lock(m_mutex);
     if (m_folder.empty() || m_gaveUp || record.empty())
         return;
     if (!m_begun)
         begin();
-    const std::string key = keyOf(stockFile, width, height);
+    const std::string key = keyOf(subject);
     const std::string bytes = host::JoinParts(kKind, {key, record, picture});
     if (const auto failure = write(fileOf(key), bytes)) {
         giveUp(failure->reason);

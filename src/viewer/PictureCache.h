@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "viewer/VehicleReader.h"
+
 #include <cstdint>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
-
-namespace host {
-class GameFiles;
-}
 
 namespace viewer {
 
@@ -28,14 +26,18 @@ public:
     /// Returns the folder of the program's user.
     static std::string UserFolder();
 
-    /// Returns the picture of a vehicle in a size, in pixels; nothing if there is none or if one of
-    /// its files has changed.
-    std::optional<std::string> Find(host::GameFiles &files, const std::string &stockFile, int width,
-                                    int height) const;
+    /// What a picture shows, and its size in pixels.
+    struct Subject
+    {
+        std::string stockFile;
+        Reading reading;
+        int width = 0, height = 0;
+    };
+    /// Returns a picture; nothing if there is none or if one of its files has changed.
+    std::optional<std::string> Find(host::GameFiles &files, const Subject &subject) const;
     /// Keeps a picture with the record of its files (host::FilesUsed). Does nothing for an empty
     /// record. If the folder cannot be written, notes that once in the trace log.
-    void Keep(const std::string &stockFile, int width, int height, std::string_view record,
-              std::string_view picture);
+    void Keep(const Subject &subject, std::string_view record, std::string_view picture);
 
 private:
     std::string fileOf(const std::string &key) const;

@@ -22,6 +22,8 @@ struct Reading
 {
     content::Profile profile = content::Profile::Msts; ///< the simulator whose vehicles are shown
     bool allAdded = false; ///< also what only Open Rails adds to a vehicle of MSTS
+
+    friend bool operator==(const Reading &, const Reading &) = default;
 };
 
 /// Returns the reading that the user has chosen for the current installation.

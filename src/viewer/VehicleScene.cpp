@@ -5,7 +5,7 @@
 #include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "korvat/draw/SceneCanvas.h"
-#include "viewer/StockShape.h"
+#include "viewer/AddShapes.h"
 
 #include <algorithm>
 #include <array>
@@ -37,22 +37,33 @@ std::array<Vec3, 8> cornersOf(const korvat::Bounds &box, const korvat::Transform
     return corners;
 }
 
-/// Returns the box around all models, which have been moved to their places.
-korvat::Bounds boundsOf(const ViewObjects &models)
+/// Takes a shape into the box around everything that is shown.
+void takeIn(std::optional<korvat::Bounds> &box, const ShapeModel &shape,
+            const korvat::Transform &world)
+{
+    if (!shape.Loaded() || shape.Loaded()->mesh.indices.empty())
+        return;
+    for (const Vec3 &corner : cornersOf(shape.Loaded()->box, world)) {
+        if (!box)
+            box = {corner, corner};
+        box->least = {std::min(box->least.x, corner.x), std::min(box->least.y, corner.y),
+                      std::min(box->least.z, corner.z)};
+        box->most = {std::max(box->most.x, corner.x), std::max(box->most.y, corner.y),
+                     std::max(box->most.z, corner.z)};
+    }
+}
+
+/// Returns the box around all models, which have been moved to their places, and what they add.
+korvat::Bounds boundsOf(const ViewObjects &models, bool withLoads)
 {
     std::optional<korvat::Bounds> box;
     for (int place = 1; place <= models.Count(); ++place) {
-        const ShapeModel &shape = models.Item(place).Model();
-        if (!shape.Loaded() || shape.Loaded()->mesh.indices.empty())
-            continue;
-        for (const Vec3 &corner : cornersOf(shape.Loaded()->box, shape.WorldMatrix())) {
-            if (!box)
-                box = {corner, corner};
-            box->least = {std::min(box->least.x, corner.x), std::min(box->least.y, corner.y),
-                          std::min(box->least.z, corner.z)};
-            box->most = {std::max(box->most.x, corner.x), std::max(box->most.y, corner.y),
-                         std::max(box->most.z, corner.z)};
-        }
+        const TSViewObject &object = models.Item(place);
+        const korvat::Transform world = object.Model().WorldMatrix();
+        takeIn(box, object.Model(), world);
+        for (const TSViewObject::Added &added : object.AddedShapes())
+            if (withLoads || !added.isLoad)
+                takeIn(box, added.model, added.place * world);
     }
     return box.value_or(korvat::Bounds{{-1, 0, -1}, {1, 2, 1}});
 }
@@ -106,8 +117,10 @@ VehicleScene::~VehicleScene()
     m_view.DestroyModels();
 }
 
-void VehicleScene::Load(const std::string &stockFile)
+void VehicleScene::Load(const std::string &stockFile, const Reading &reading)
 {
+    m_reading = reading;
+    m_problems.clear();
     m_stockFile.clear();
     m_record.clear();
     m_messages.first.clear();
@@ -122,22 +135,35 @@ void VehicleScene::Load(const std::string &stockFile)
 
 void VehicleScene::loadShape(const std::string &stockFile)
 {
-    const StockShape stock = ReadStockShapeToShow(m_environment.files, stockFile);
+    VehicleReader vehicles(m_environment.files, m_reading);
+    const StockShape stock = vehicles.Shape(stockFile);
+    if (!stock.whyNoShape.empty())
+        throw RuntimeError(ErrorNumber::ObjectNotSet, stock.whyNoShape);
     if (!m_environment.files.FileExists(stock.shapeFile))
         throw RuntimeError(ErrorNumber::FileNotFound, stock.shapeFile + ": there is no such file");
     if (!m_view.LoadShapeInToViewer("Shape", stock.shapeFile, 0, 0, 0, 0))
         throw RuntimeError(ErrorNumber::InvalidCall, m_messages.first);
+    addShapes(vehicles, stockFile);
 }
 
-const std::vector<std::string> &VehicleScene::Problems() const
+void VehicleScene::addShapes(VehicleReader &vehicles, const std::string &stockFile)
 {
-    static const std::vector<std::string> none;
-    return m_view.Models.Count() > 0 ? m_view.Models.Item(1).Model().Problems() : none;
+    TSViewObject &object = m_view.Models.Item(1);
+    AddMissing(object.Model().Problems(), m_problems);
+    const Ends ends{vehicles.Length(stockFile).value_or(LengthOf(object))};
+    AddMissing(AddShapes(object, vehicles, stockFile, ends), m_problems);
+}
+
+void VehicleScene::ShowLoads(bool shown)
+{
+    m_showsLoads = shown;
+    m_view.ShowLoads(shown);
 }
 
 void VehicleScene::Look(const VehicleView &view, float widthByHeight)
 {
-    static_cast<CameraPose &>(m_view) = PoseToShow(boundsOf(m_view.Models), view, widthByHeight);
+    static_cast<CameraPose &>(m_view) =
+        PoseToShow(boundsOf(m_view.Models, m_showsLoads), view, widthByHeight);
     m_view.ResetCamera();
 }
 

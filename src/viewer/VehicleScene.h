@@ -5,6 +5,7 @@
 #include "install/Environment.h"
 #include "korvat/model/Geometry.h"
 #include "viewer/TSView.h"
+#include "viewer/VehicleReader.h"
 
 #include <optional>
 #include <string>
@@ -28,8 +29,8 @@ struct VehicleView
     friend bool operator==(const VehicleView &, const VehicleView &) = default;
 };
 
-/// One vehicle on a plain background, for small pictures of it. Shows no message boxes. Use it on
-/// one thread only.
+/// One vehicle, with what it adds to its shape, on a plain background, for small pictures of it.
+/// Shows no message boxes. Use it on one thread only.
 class VehicleScene
 {
 public:
@@ -43,11 +44,14 @@ public:
     /// Loads the vehicle of an engine or wagon file in place of the previous one. Throws
     /// RuntimeError like ReadStockShapeToShow, 53 if the shape is missing, 5 if it cannot be read;
     /// the scene is then empty.
-    void Load(const std::string &stockFile);
-    /// Returns the file of the vehicle, "" for none.
+    void Load(const std::string &stockFile, const Reading &reading);
+    /// Returns the file of the vehicle, "" for none, and how it was read.
     const std::string &StockFile() const { return m_stockFile; }
+    const Reading &HowRead() const { return m_reading; }
     /// Returns the visible defects, such as missing textures, one sentence each.
-    const std::vector<std::string> &Problems() const;
+    const std::vector<std::string> &Problems() const { return m_problems; }
+    /// Shows or hides the loads in the next pictures; at first they are shown.
+    void ShowLoads(bool shown);
     /// Returns the record of the files that the vehicle was made from (host::FilesUsed); "" if one
     /// of them is too new for a record.
     const std::string &Record() const { return m_record; }
@@ -66,11 +70,15 @@ private:
         std::string first;
     };
     void loadShape(const std::string &stockFile);
+    void addShapes(VehicleReader &vehicles, const std::string &stockFile);
 
     KeptMessages m_messages;
     install::Environment m_environment; ///< with m_messages as its dialogs
     TSView m_view;
     std::string m_stockFile, m_record;
+    Reading m_reading;
+    bool m_showsLoads = true;
+    std::vector<std::string> m_problems;
 };
 
 /// Returns the pose of a camera that shows the whole box in an image with this ratio of width to

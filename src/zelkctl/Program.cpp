@@ -7,6 +7,7 @@
 #include "host/Product.h"
 #include "host/RuntimeError.h"
 #include "zelkctl/CheckCommand.h"
+#include "zelkctl/ContactSheetCommand.h"
 #include "zelkctl/EditCommand.h"
 #include "zelkctl/FiguresCommand.h"
 #include "zelkctl/HealthCommand.h"
@@ -70,6 +71,7 @@ void addCommands(CLI::App &app, Session &session)
     AddUndoCommand(app, session);
     AddRenderCommand(app, session);
     AddThumbnailCommand(app, session);
+    AddContactSheetCommand(app, session);
     AddShapeCommand(app, session);
     AddTextureCommand(app, session);
 }

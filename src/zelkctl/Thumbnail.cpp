@@ -35,7 +35,7 @@ void DrawThumbnail(Session &session, const ThumbnailRequest &request)
     const auto settings = host::UserSettings();
     install::Installation installation;
     viewer::VehicleScene scene({dialogs, session.files, *settings, installation, shapes}, *canvas);
-    NamingFile(request.file, [&] { scene.Load(request.file); });
+    NamingFile(request.file, [&] { scene.Load(request.file, {content::Profile::Msts, true}); });
     for (const std::string &problem : scene.Problems())
         host::WriteTo(host::Stream::Error, "zelkctl: " + problem + "\n");
     scene.Look({}, 1);

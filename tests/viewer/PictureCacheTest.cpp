@@ -30,9 +30,10 @@ protected:
         ADD_FAILURE() << "the file stays new";
         return {};
     }
+    viewer::PictureCache::Subject subject(int width = 64) const { return {vehicle, {}, width, 32}; }
     std::string find(const viewer::PictureCache &cache, int width = 64)
     {
-        return cache.Find(files, vehicle, width, 32).value_or("none");
+        return cache.Find(files, subject(width)).value_or("none");
     }
     /// Returns the only file in the folder.
     std::string keptFile() const { return "kept/" + game.Names("kept").at(0); }
@@ -45,16 +46,19 @@ TEST_F(PictureCacheTest, ReturnsAPictureOfTheSameSizeWhileItsFilesStay)
     viewer::PictureCache cache(folder);
     EXPECT_EQ(find(cache), "none");
     EXPECT_FALSE(game.Exists("kept"));
-    cache.Keep(vehicle, 64, 32, record(), "PNG");
+    cache.Keep(subject(), record(), "PNG");
     EXPECT_EQ(find(cache), "PNG");
     EXPECT_EQ(find(viewer::PictureCache(folder)), "PNG") << "by the next run";
     EXPECT_EQ(find(cache, 65), "none");
+    viewer::PictureCache::Subject other = subject();
+    other.reading.profile = content::Profile::OpenRails;
+    EXPECT_FALSE(cache.Find(files, other)) << "which may add other loads";
     game.Write("box.wag", "Wagon 2");
     EXPECT_EQ(find(cache), "none");
-    cache.Keep(vehicle, 64, 32, record(), "new");
+    cache.Keep(subject(), record(), "new");
     EXPECT_EQ(find(cache), "new");
     EXPECT_EQ(game.Names("kept").size(), 1u);
-    cache.Keep(vehicle, 64, 32, "", "without a record");
+    cache.Keep(subject(), "", "without a record");
     EXPECT_EQ(find(cache), "new");
 }
 
@@ -62,7 +66,7 @@ TEST_F(PictureCacheTest, IgnoresAndReplacesDamagedFiles)
 {
     viewer::PictureCache cache(folder);
     const std::string used = record();
-    cache.Keep(vehicle, 64, 32, used, "PNG of a box");
+    cache.Keep(subject(), used, "PNG of a box");
     const std::string whole = game.Read(keptFile());
     for (std::size_t length = 0; length < whole.size(); ++length) {
         game.Write(keptFile(), whole.substr(0, length));
@@ -76,7 +80,7 @@ TEST_F(PictureCacheTest, IgnoresAndReplacesDamagedFiles)
     other[other.find("PNG of")] = 'p';
     game.Write(keptFile(), other);
     EXPECT_EQ(find(cache), "none");
-    cache.Keep(vehicle, 64, 32, used, "again");
+    cache.Keep(subject(), used, "again");
     EXPECT_EQ(find(cache), "again");
 }
 
@@ -86,8 +90,8 @@ TEST_F(PictureCacheTest, GivesUpAFolderThatCannotBeWritten)
     viewer::PictureCache cache(folder);
     const std::string used = record();
     traceLines(); // to here
-    cache.Keep(vehicle, 64, 32, used, "PNG");
-    cache.Keep(vehicle, 32, 32, used, "PNG");
+    cache.Keep(subject(), used, "PNG");
+    cache.Keep(subject(32), used, "PNG");
     EXPECT_EQ(find(cache), "none");
     EXPECT_EQ(game.Read("kept"), "a file in place of the folder");
     const std::string log = traceLines();
@@ -104,7 +108,7 @@ TEST_F(PictureCacheTest, RemovesTheOldestAboveItsLimit)
     game.MakeFolder("kept");
     game.Write("kept/mine.txt", std::string(20'000, 'x'));
     for (int width = 1; width <= 30; ++width) {
-        cache.Keep(vehicle, width, 32, used, picture);
+        cache.Keep(subject(width), used, picture);
         const std::string newest = find(cache, width);
         ASSERT_EQ(newest, picture);
         for (const auto &entry : std::filesystem::directory_iterator(folder)) // an hour passes

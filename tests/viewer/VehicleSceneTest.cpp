@@ -32,7 +32,7 @@ protected:
     std::string whyNot(const std::string &file)
     {
         try {
-            scene.Load(file);
+            scene.Load(file, {});
             return {};
         } catch (const host::RuntimeError &error) {
             return error.what();
@@ -44,7 +44,7 @@ protected:
         const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(20);
         do {
             std::this_thread::sleep_for(std::chrono::milliseconds(5));
-            shown.Load(stock("box.wag"));
+            shown.Load(stock("box.wag"), {});
         } while (shown.Record().empty() && std::chrono::steady_clock::now() < patience);
         ASSERT_FALSE(shown.Record().empty());
     }
@@ -73,6 +73,34 @@ TEST_F(VehicleSceneTest, RecordsStockShapeAndTextures)
         game.Write("Trains/Trainset/" + std::string(file), bytes);
         EXPECT_FALSE(host::FilesUsed::Holds(files, real.Record())) << file;
     }
+}
+
+TEST_F(VehicleSceneTest, ShowsTheWholeLoad)
+{
+    korvat::ModelLibrary library(files);
+    viewer::VehicleScene real({dialogs, files, settings, installation, library}, studio);
+    const auto write = [this](const char *name, float height) {
+        game.Write("Trains/Trainset/Boxcars/" + std::string(name),
+                   ShapeText({SidePanel(1, 1, {0, height / 2, 0}, 9, height)}));
+    };
+    write("box.s", 3);
+    game.Write("Trains/Trainset/Boxcars/box.wag",
+               "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\nWagon ( x Size ( 3m 4m 9m ) "
+               "WagonShape ( box.s ) FreightAnim ( mast.s 1 1 ) )");
+    const auto heightOfEye = [&] {
+        real.Look({0, 0, 1}, 1);
+        return studio.renderer().Setup(100, 100).eye.y;
+    };
+    loadSettled(real);
+    EXPECT_NEAR(heightOfEye(), 1.5f, 0.01f);
+    ASSERT_EQ(real.Problems().size(), 2u) << "texture and load";
+    EXPECT_NE(real.Problems()[1].find("mast.s"), std::string::npos) << real.Problems()[1];
+    write("mast.s", 40);
+    EXPECT_FALSE(host::FilesUsed::Holds(files, real.Record())) << "the load has appeared";
+    loadSettled(real);
+    EXPECT_NEAR(heightOfEye(), 20, 0.1f);
+    real.ShowLoads(false);
+    EXPECT_NEAR(heightOfEye(), 1.5f, 0.01f);
 }
 
 TEST_F(VehicleSceneTest, SaysWhyAVehicleCannotBeShown)
@@ -121,7 +149,7 @@ TEST_F(VehicleSceneTest, ShowsTheWholeVehicleFromEverySide)
 
 TEST_F(VehicleSceneTest, ShowsOnlyTheVehicle)
 {
-    scene.Load(stock("box.wag"));
+    scene.Load(stock("box.wag"), {});
     scene.Look({}, 2);
     const korvat::FrameSetup setup = studio.renderer().Setup(200, 100);
     EXPECT_EQ(setup.zenith, setup.horizon);

@@ -24,7 +24,7 @@ _zelkctl_installed() {
 # Sets the options of the command and the kind of its arguments: words, names or files.
 _zelkctl_command() {
   case $1 in
-    '') words='list check health sheet figures tree resave edit replace undo shape texture render thumbnail' options='--version' ;;
+    '') words='list check health sheet figures tree resave edit replace undo shape texture render thumbnail contact-sheet' options='--version' ;;
     list) words='stock consists routes' options='--filter --json' ;;
     check) words='stock consist shape all use' options=$checks ;;
     'check stock') files='eng|wag' options="--no-consists --route $checks" ;;
@@ -47,6 +47,7 @@ _zelkctl_command() {
     shape) files=s ;;
     texture) files='ace|dds' options='--out --level' ;;
     thumbnail) files='eng|wag' options='--out --size' ;;
+    contact-sheet) files=con names=consists options='--out --filter --size --units --no-loads' ;;
     render) files='s|eng|wag|con|act' options='--out --size --loose --camera --no-loads' ;;
   esac
 }

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-set -l commands list check health sheet figures tree resave edit replace undo shape texture render thumbnail
+set -l commands list check health sheet figures tree resave edit replace undo shape texture render thumbnail contact-sheet
 set -l checks stock consist shape all use
 complete -c zelkctl -s h -l help -d 'Print a short help'
 complete -c zelkctl -l version -d 'Print the version'
@@ -40,7 +40,7 @@ complete -c zelkctl -n '__fish_seen_subcommand_from sheet' -x -l units -a 'metri
 
 complete -c zelkctl -n '__fish_seen_subcommand_from edit' \
   -a 'add=Wagon, add=Engine, insert= copy= move= remove= clear forwards= backwards= flip= reverse'
-complete -c zelkctl -n '__fish_seen_subcommand_from edit texture render thumbnail health' -r -l out -d 'The file to write'
+complete -c zelkctl -n '__fish_seen_subcommand_from edit texture render thumbnail contact-sheet health' -r -l out -d 'The file to write'
 set -l replace '__fish_seen_subcommand_from replace'
 complete -c zelkctl -n $replace -l dry-run -d 'Only list the units'
 complete -c zelkctl -n $replace -l activities -d 'Also in the loose consists of activities'
@@ -52,4 +52,9 @@ complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l size -d 'Width
 complete -c zelkctl -n '__fish_seen_subcommand_from thumbnail' -x -l size -d 'Width and height'
 complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l loose -d 'Number of the loose consist'
 complete -c zelkctl -n '__fish_seen_subcommand_from render' -x -l camera -d 'Camera position and target'
-complete -c zelkctl -n '__fish_seen_subcommand_from render' -l no-loads -d 'Leave out the loads of vehicles'
+complete -c zelkctl -n '__fish_seen_subcommand_from render contact-sheet' -l no-loads -d 'Leave out the loads of vehicles'
+set -l contact '__fish_seen_subcommand_from contact-sheet'
+complete -c zelkctl -n $contact -x -l size -d 'Width of each picture'
+complete -c zelkctl -n $contact -x -l filter -d 'Only stock folders that match'
+complete -c zelkctl -n $contact -x -l units -a 'metric us uk' -d 'Units of the figures'
+complete -c zelkctl -n $contact -a '(zelkctl list consists 2>/dev/null)'

@@ -48,9 +48,11 @@ struct VehiclePictures::Job
 /// Everything that is wanted. Thread-safe.
 struct VehiclePictures::Queue
 {
-    void WantThumbnails(const QObject *asker, std::vector<std::string> stockFiles)
+    void WantThumbnails(const QObject *asker, std::vector<std::string> stockFiles,
+                        const Reading &wanted)
     {
         const std::lock_guard lock(mutex);
+        reading = wanted;
         thumbnails[asker].assign(std::make_move_iterator(stockFiles.begin()),
                                  std::make_move_iterator(stockFiles.end()));
     }
@@ -82,7 +84,7 @@ struct VehiclePictures::Queue
             if (!files.empty()) {
                 const std::string file = std::move(files.front());
                 files.pop_front();
-                return Job{nullptr, {file, {}, {kWidth, kHeight}, true}};
+                return Job{nullptr, {file, {}, {kWidth, kHeight}, true, reading}};
             }
         return std::nullopt;
     }
@@ -120,6 +122,7 @@ struct VehiclePictures::Queue
     std::condition_variable changed;
     std::map<const QObject *, Wish> views;
     std::map<const QObject *, std::deque<std::string>> thumbnails;
+    Reading reading; ///< of the thumbnails
     bool stopped = false, busy = false;
 };
 
@@ -143,10 +146,10 @@ public:
     {
         const std::string &file = job.wish.stockFile;
         const bool isThere =
-            scene.StockFile() == file &&
+            scene.StockFile() == file && scene.HowRead() == job.wish.reading &&
             (!job.wish.fresh || host::FilesUsed::Holds(m_environment.files, scene.Record()));
         if (!isThere)
-            scene.Load(file);
+            scene.Load(file, job.wish.reading);
     }
     QImage Draw(VehicleScene &scene, const VehicleView &view, const QSize &size)
     {
@@ -242,21 +245,21 @@ void VehiclePictures::work()
 void VehiclePictures::carryOut(Studio &studio, const Job &job)
 {
     const std::string &file = job.wish.stockFile;
+    const PictureCache::Subject subject{file, job.wish.reading, kWidth, kHeight};
     try {
         if (!job.asker)
-            if (const auto kept = m_cache.Find(m_environment.files, file, kWidth, kHeight))
+            if (const auto kept = m_cache.Find(m_environment.files, subject))
                 if (const QImage picture = pictureIn(*kept); !picture.isNull())
                     return report(job, picture, {});
         VehicleScene &scene = studio.SceneFor(job);
         studio.Load(scene, job);
         const QImage picture = studio.Draw(scene, job.wish.view, job.wish.size);
         report(job, picture, picture.isNull() ? "the graphics driver has no room for it" : "");
-        if (job.asker &&
-            !(job.wish.fresh && !m_cache.Find(m_environment.files, file, kWidth, kHeight)))
+        if (job.asker && !(job.wish.fresh && !m_cache.Find(m_environment.files, subject)))
             return;
         const QImage small = job.asker ? studio.Draw(scene, {}, {kWidth, kHeight}) : picture;
         if (!small.isNull())
-            m_cache.Keep(file, kWidth, kHeight, scene.Record(), pngOf(small));
+            m_cache.Keep(subject, scene.Record(), pngOf(small));
     } catch (const std::exception &error) {
         report(job, {}, error.what());
     }
@@ -278,15 +281,15 @@ void VehiclePictures::report(const Job &job, const QImage &picture, const std::s
 
 void VehiclePictures::WantThumbnails(const QObject &asker, std::vector<std::string> stockFiles)
 {
-    m_queue->WantThumbnails(&asker, std::move(stockFiles));
+    m_queue->WantThumbnails(&asker, std::move(stockFiles), ChosenReading(m_environment));
     wake();
 }
 
 void VehiclePictures::WantKept(const std::string &stockFile)
 {
     m_lookUps.clear(); // only the last one is of interest
-    m_lookUps.start([this, stockFile] {
-        const auto png = m_cache.Find(m_environment.files, stockFile, kWidth, kHeight);
+    m_lookUps.start([this, stockFile, reading = ChosenReading(m_environment)] {
+        const auto png = m_cache.Find(m_environment.files, {stockFile, reading, kWidth, kHeight});
         const QImage picture = png ? pictureIn(*png) : QImage();
         if (!picture.isNull())
             QMetaObject::invokeMethod(
@@ -297,7 +300,9 @@ void VehiclePictures::WantKept(const std::string &stockFile)
 
 void VehiclePictures::WantView(const QObject &asker, const Wish &wish)
 {
-    m_queue->WantView(&asker, wish);
+    Wish read = wish;
+    read.reading = ChosenReading(m_environment);
+    m_queue->WantView(&asker, read);
     wake();
 }
 

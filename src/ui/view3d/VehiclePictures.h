@@ -38,6 +38,7 @@ public:
         VehicleView view;
         QSize size;         ///< in pixels
         bool fresh = false; ///< look whether the files have changed since they were read
+        Reading reading;    ///< set by this class
     };
 
     /// Thumbnails are kept in `cacheFolder`; "" keeps none.
