@@ -28,7 +28,8 @@ std::string keyOf(const PictureCache::Subject &subject)
     return std::to_string(VehicleScene::kVersion) + ' ' + std::to_string(subject.width) + 'x' +
            std::to_string(subject.height) + ' ' +
            (reading.profile == content::Profile::OpenRails ? 'o' : 'm') +
-           (reading.allAdded ? "a " : " ") + host::path::Absolute(subject.stockFile);
+           (reading.allAdded ? "a" : "") + (subject.dark ? "d " : " ") +
+           host::path::Absolute(subject.stockFile);
 }
 
 struct KeptFile

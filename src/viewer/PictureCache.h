@@ -31,6 +31,7 @@ public:
     {
         std::string stockFile;
         Reading reading;
+        bool dark = false; ///< the background
         int width = 0, height = 0;
     };
     /// Returns a picture; nothing if there is none or if one of its files has changed.

@@ -21,7 +21,7 @@ namespace {
 
 /// A long lens keeps the lines of a vehicle nearly parallel.
 constexpr float kLensDegrees = 22, kSpace = 1.06f;
-constexpr korvat::Tint kBackground{0.80f, 0.84f, 0.88f, 1};
+constexpr korvat::Tint kBright{0.80f, 0.84f, 0.88f, 1}, kDark{0.20f, 0.22f, 0.25f, 1};
 constexpr long kHazeFrom = 2000, kHazeTo = 2500;   ///< metres: behind every vehicle
 constexpr float kSmallest = 0.5f, kLargest = 1000; ///< metres that a picture can show
 
@@ -104,8 +104,9 @@ VehicleScene::VehicleScene(const install::Environment &environment, korvat::Scen
     : m_environment{m_messages, environment.files, environment.settings, environment.installation,
                     environment.shapes}
     , m_view(m_environment)
+    , m_canvas(canvas)
 {
-    canvas.BecomeStudio(kBackground, kLensDegrees);
+    canvas.BecomeStudio(kBright, kLensDegrees);
     canvas.SetRangeFar(kHazeTo);
     canvas.SetRangeNear(kHazeFrom);
     m_view.Viewer = &canvas;
@@ -162,6 +163,7 @@ void VehicleScene::ShowLoads(bool shown)
 
 void VehicleScene::Look(const VehicleView &view, float widthByHeight)
 {
+    m_canvas.BecomeStudio(m_dark ? kDark : kBright, kLensDegrees);
     static_cast<CameraPose &>(m_view) =
         PoseToShow(boundsOf(m_view.Models, m_showsLoads), view, widthByHeight);
     m_view.ResetCamera();

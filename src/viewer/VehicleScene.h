@@ -56,6 +56,8 @@ public:
     /// of them is too new for a record.
     const std::string &Record() const { return m_record; }
 
+    /// Chooses between a bright and a dark background for the next pictures; at first it is bright.
+    void SetDark(bool dark) { m_dark = dark; }
     /// Makes the frame of an image with this ratio of width to height, and the vehicle in its
     /// middle.
     void Look(const VehicleView &view, float widthByHeight);
@@ -77,7 +79,8 @@ private:
     TSView m_view;
     std::string m_stockFile, m_record;
     Reading m_reading;
-    bool m_showsLoads = true;
+    korvat::SceneCanvas &m_canvas;
+    bool m_showsLoads = true, m_dark = false;
     std::vector<std::string> m_problems;
 };
 

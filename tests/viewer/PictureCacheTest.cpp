@@ -30,7 +30,10 @@ protected:
         ADD_FAILURE() << "the file stays new";
         return {};
     }
-    viewer::PictureCache::Subject subject(int width = 64) const { return {vehicle, {}, width, 32}; }
+    viewer::PictureCache::Subject subject(int width = 64) const
+    {
+        return {vehicle, {}, false, width, 32};
+    }
     std::string find(const viewer::PictureCache &cache, int width = 64)
     {
         return cache.Find(files, subject(width)).value_or("none");

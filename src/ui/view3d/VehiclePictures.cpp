@@ -9,6 +9,8 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
+#include <QGuiApplication>
+#include <QPalette>
 #include <QThread>
 
 #include <algorithm>
@@ -48,11 +50,10 @@ struct VehiclePictures::Job
 /// Everything that is wanted. Thread-safe.
 struct VehiclePictures::Queue
 {
-    void WantThumbnails(const QObject *asker, std::vector<std::string> stockFiles,
-                        const Reading &wanted)
+    void WantThumbnails(const QObject *asker, std::vector<std::string> stockFiles, const Wish &look)
     {
         const std::lock_guard lock(mutex);
-        reading = wanted;
+        thumbnailLook = look;
         thumbnails[asker].assign(std::make_move_iterator(stockFiles.begin()),
                                  std::make_move_iterator(stockFiles.end()));
     }
@@ -82,9 +83,10 @@ struct VehiclePictures::Queue
         }
         for (auto &[asker, files] : thumbnails)
             if (!files.empty()) {
-                const std::string file = std::move(files.front());
+                Job job{nullptr, thumbnailLook};
+                job.wish.stockFile = std::move(files.front());
                 files.pop_front();
-                return Job{nullptr, {file, {}, {kWidth, kHeight}, true, reading}};
+                return job;
             }
         return std::nullopt;
     }
@@ -122,7 +124,7 @@ struct VehiclePictures::Queue
     std::condition_variable changed;
     std::map<const QObject *, Wish> views;
     std::map<const QObject *, std::deque<std::string>> thumbnails;
-    Reading reading; ///< of the thumbnails
+    Wish thumbnailLook; ///< without a file
     bool stopped = false, busy = false;
 };
 
@@ -151,8 +153,9 @@ public:
         if (!isThere)
             scene.Load(file, job.wish.reading);
     }
-    QImage Draw(VehicleScene &scene, const VehicleView &view, const QSize &size)
+    QImage Draw(VehicleScene &scene, const VehicleView &view, const QSize &size, bool dark)
     {
+        scene.SetDark(dark);
         canvas->Resize(size.width(), size.height());
         scene.Look(view, static_cast<float>(size.width()) / static_cast<float>(size.height()));
         return canvas->Picture().convertToFormat(QImage::Format_RGB32);
@@ -245,7 +248,7 @@ void VehiclePictures::work()
 void VehiclePictures::carryOut(Studio &studio, const Job &job)
 {
     const std::string &file = job.wish.stockFile;
-    const PictureCache::Subject subject{file, job.wish.reading, kWidth, kHeight};
+    const PictureCache::Subject subject{file, job.wish.reading, job.wish.dark, kWidth, kHeight};
     try {
         if (!job.asker)
             if (const auto kept = m_cache.Find(m_environment.files, subject))
@@ -253,11 +256,12 @@ void VehiclePictures::carryOut(Studio &studio, const Job &job)
                     return report(job, picture, {});
         VehicleScene &scene = studio.SceneFor(job);
         studio.Load(scene, job);
-        const QImage picture = studio.Draw(scene, job.wish.view, job.wish.size);
+        const QImage picture = studio.Draw(scene, job.wish.view, job.wish.size, job.wish.dark);
         report(job, picture, picture.isNull() ? "the graphics driver has no room for it" : "");
         if (job.asker && !(job.wish.fresh && !m_cache.Find(m_environment.files, subject)))
             return;
-        const QImage small = job.asker ? studio.Draw(scene, {}, {kWidth, kHeight}) : picture;
+        const QImage small =
+            job.asker ? studio.Draw(scene, {}, {kWidth, kHeight}, job.wish.dark) : picture;
         if (!small.isNull())
             m_cache.Keep(subject, scene.Record(), pngOf(small));
     } catch (const std::exception &error) {
@@ -279,17 +283,25 @@ void VehiclePictures::report(const Job &job, const QImage &picture, const std::s
         Qt::QueuedConnection);
 }
 
+VehiclePictures::Wish VehiclePictures::thumbnailLook() const
+{
+    const QPalette colours = QGuiApplication::palette();
+    const bool dark = colours.color(QPalette::Base).lightness() < 128;
+    return {{}, {}, {kWidth, kHeight}, true, ChosenReading(m_environment), dark};
+}
+
 void VehiclePictures::WantThumbnails(const QObject &asker, std::vector<std::string> stockFiles)
 {
-    m_queue->WantThumbnails(&asker, std::move(stockFiles), ChosenReading(m_environment));
+    m_queue->WantThumbnails(&asker, std::move(stockFiles), thumbnailLook());
     wake();
 }
 
 void VehiclePictures::WantKept(const std::string &stockFile)
 {
     m_lookUps.clear(); // only the last one is of interest
-    m_lookUps.start([this, stockFile, reading = ChosenReading(m_environment)] {
-        const auto png = m_cache.Find(m_environment.files, {stockFile, reading, kWidth, kHeight});
+    m_lookUps.start([this, stockFile, look = thumbnailLook()] {
+        const auto png = m_cache.Find(m_environment.files,
+                                      {stockFile, look.reading, look.dark, kWidth, kHeight});
         const QImage picture = png ? pictureIn(*png) : QImage();
         if (!picture.isNull())
             QMetaObject::invokeMethod(
@@ -300,9 +312,12 @@ void VehiclePictures::WantKept(const std::string &stockFile)
 
 void VehiclePictures::WantView(const QObject &asker, const Wish &wish)
 {
-    Wish read = wish;
-    read.reading = ChosenReading(m_environment);
-    m_queue->WantView(&asker, read);
+    Wish complete = thumbnailLook();
+    complete.stockFile = wish.stockFile;
+    complete.view = wish.view;
+    complete.size = wish.size;
+    complete.fresh = wish.fresh;
+    m_queue->WantView(&asker, complete);
     wake();
 }
 

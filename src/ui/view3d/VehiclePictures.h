@@ -38,7 +38,8 @@ public:
         VehicleView view;
         QSize size;         ///< in pixels
         bool fresh = false; ///< look whether the files have changed since they were read
-        Reading reading;    ///< set by this class
+        Reading reading;    ///< set by this class, like `dark`
+        bool dark = false;  ///< background
     };
 
     /// Thumbnails are kept in `cacheFolder`; "" keeps none.
@@ -74,6 +75,8 @@ private:
     struct Queue;
     class Studio;
 
+    /// Returns how thumbnails are drawn now, without a file. Call it on the window's thread.
+    Wish thumbnailLook() const;
     void start();
     void wake();
     void work();
