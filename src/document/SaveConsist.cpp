@@ -5,6 +5,7 @@
 #include "document/ConsistTree.h"
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
+#include "host/OldContent.h"
 #include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
@@ -22,7 +23,7 @@ constexpr char kFilter[] = "Consist Files (*.con)|*.con|All Files (*.*)|*.*";
 struct Place
 {
     std::string name;
-    bool replaces = false; ///< an existing file of this name is deleted first
+    bool replaces = false; ///< an existing file of this name is moved out of the way first
 };
 
 /// Returns the file name that the user chooses, "" for none. Lists show only names that end in
@@ -84,28 +85,59 @@ std::optional<host::FileState> stateNow(const ConsistTree &tree, const std::stri
     }
 }
 
+void putBack(host::OldContent &old, const SaveQuestions &questions)
+{
+    try {
+        questions.files.PutBack(old);
+    } catch (const std::exception &error) {
+        questions.dialogs.Message(host::Explained(error) + "\n\nThe old content is in " +
+                                      old.Place() + ".",
+                                  kTitle, host::DialogIcon::Critical);
+        old.Leave();
+    }
+}
+
+/// Reports why a save failed. If the old file is out of the way, offers to put it back.
+void reportFailure(const std::exception &error, std::optional<host::OldContent> &old,
+                   const SaveQuestions &questions)
+{
+    const std::string text = host::Explained(error);
+    if (!old) {
+        questions.dialogs.Message(text, kTitle, host::DialogIcon::Critical);
+        return;
+    }
+    const auto answer =
+        questions.dialogs.Message(text + "\n\nThe old content of " + old->File() + " is in " +
+                                      old->Place() + ".  Do you want to put it back?",
+                                  kTitle, host::DialogIcon::Critical, host::DialogButtons::YesNo);
+    if (answer == host::DialogAnswer::Yes)
+        putBack(*old, questions);
+    else
+        old->Leave();
+}
+
 } // namespace
 
 SaveOutcome SaveConsist(ConsistTree &tree, const std::string &fileName,
                         const SaveQuestions &questions, bool quiet)
 {
-    bool deleted = false;
+    std::optional<host::OldContent> old;
     try {
-        tree.CheckSavable(); // before an old file is deleted to make room
+        tree.CheckSavable(); // before an old file is moved to make room
         std::string remaining = fileName;
         const Place place = placeToSave(tree, remaining, questions);
         if (place.name.empty())
             return {false, remaining, {}};
-        if (place.replaces) {
-            questions.files.RemoveFile(place.name);
-            deleted = true;
-        }
+        if (place.replaces)
+            old = questions.files.MoveAside(place.name);
         tree.Save(place.name, host::FileState::Absent(place.name));
+        if (old)
+            old->Discard();
         return {true, place.name, quiet ? std::string() : "Consist - " + place.name};
     } catch (const std::exception &error) {
-        if (deleted)
+        if (old)
             tree.SetChanged(true);
-        questions.dialogs.Message(host::Explained(error), kTitle, host::DialogIcon::Critical);
+        reportFailure(error, old, questions);
         return {false, fileName, {}};
     }
 }

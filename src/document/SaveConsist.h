@@ -32,13 +32,15 @@ struct SaveOutcome
 ///
 /// - Without a file name, asks for one. A name chosen in the dialog always ends in ".con".
 /// - Asks before overwriting another program's change; any answer but Yes cancels the save.
-/// - Asks before overwriting any file. Yes deletes the file and writes the consist. No drops the
-///   file name and asks for another one. Cancel reports that the consist was not saved, and stops.
+/// - Asks before overwriting any file. Yes moves the file out of the way (host/OldContent.h),
+/// writes
+///   the consist, and then deletes the old file. No drops the file name and asks for another one.
+///   Cancel reports that the consist was not saved, and stops.
 /// - Never overwrites a file that another program creates or changes while a question is open.
 ///
 /// A failure is reported with the whole path and the reason, and the consist keeps its file name.
-/// If the old file has already been deleted, the tree counts as changed. A `quiet` save keeps the
-/// caption.
+/// If the old file is already out of the way, the report says where it is and offers to put it
+/// back, and the tree counts as changed. A `quiet` save keeps the caption.
 SaveOutcome SaveConsist(ConsistTree &tree, const std::string &fileName,
                         const SaveQuestions &questions, bool quiet);
 

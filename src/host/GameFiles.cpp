@@ -5,6 +5,7 @@
 #include "host/FileState.h"
 #include "host/FilesUsed.h"
 #include "host/Listings.h"
+#include "host/OldContent.h"
 #include "host/OutOfMemory.h"
 #include "host/Path.h"
 #include "host/Replace.h"
@@ -236,6 +237,19 @@ void GameFiles::RemoveFile(std::string_view path)
     m_listings->Forget(path::FromDisk(path::ToDisk(file).parent_path()));
     if (failure)
         fail(*failure, path);
+}
+
+OldContent GameFiles::MoveAside(std::string_view path)
+{
+    const std::string file = existing(path);
+    m_listings->Forget(path::FromDisk(path::ToDisk(file).parent_path()));
+    return OldContent(file);
+}
+
+void GameFiles::PutBack(OldContent &content)
+{
+    m_listings->Forget(path::FromDisk(path::ToDisk(content.File()).parent_path()));
+    content.PutBack();
 }
 
 void GameFiles::Refresh()

@@ -13,6 +13,7 @@
 namespace host {
 
 class FileState;
+class OldContent;
 struct GamePath;
 
 /// The only class that converts a game path to a path on disk.
@@ -84,6 +85,11 @@ public:
 
     /// Deletes a file. Throws RuntimeError 53 if there is none, 70 or 75 if it cannot be deleted.
     void RemoveFile(std::string_view path);
+    /// Like RemoveFile, but moves the file to OldContent's folder. Throws also if that folder
+    /// cannot be written; the file then stays.
+    OldContent MoveAside(std::string_view path);
+    /// OldContent::PutBack.
+    void PutBack(OldContent &content);
 
     /// Forgets every listing.
     void Refresh();

@@ -49,9 +49,13 @@ void tryToAppend(host::GameFiles &files, std::string_view path, std::string_view
 {
     std::string log;
     host::FileState before = host::FileState::Absent(std::string(path));
-    if (files.FileExists(path)) {
+    try {
         log = files.ReadFile(path);
         before = host::FileState(std::string(path), log);
+    } catch (const host::RuntimeError &error) {
+        // On Windows also while another program replaces it; FileChanged follows then.
+        if (error.Code() != host::ErrorNumber::FileNotFound)
+            throw;
     }
     if (isUtf16(log))
         throw host::RuntimeError(host::ErrorNumber::InvalidCall,

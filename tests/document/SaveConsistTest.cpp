@@ -2,7 +2,9 @@
 #include "document/SaveConsist.h"
 
 #include "document/ConsistTree.h"
+#include "host/Disk.h"
 #include "host/GameFiles.h"
+#include "host/OldContent.h"
 #include "host/RuntimeError.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
@@ -60,6 +62,18 @@ protected:
     {
         return "question (No)|Save Consist|" + at(name) +
                " was changed since it was opened. Overwrite it?\n";
+    }
+
+    /// The message says where the old content is.
+    static void expectKept(const std::string &log)
+    {
+        const std::string words = " is in ";
+        const std::size_t begin = log.find(words) + words.size();
+        const std::string place = log.substr(begin, log.find(".  Do you", begin) - begin);
+        std::string bytes;
+        EXPECT_FALSE(host::disk::Read(place, 100, bytes)) << log;
+        EXPECT_EQ(bytes, "old");
+        EXPECT_FALSE(host::disk::Remove(place));
     }
 
     TempFolder folder;
@@ -125,6 +139,8 @@ TEST_F(SaveConsistTest, AsksEveryTimeBeforeOverwriting)
     dialogs.Answer(DialogAnswer::Yes);
     EXPECT_TRUE(save());
     EXPECT_EQ(content("a.con"), "new");
+    const auto kept = host::disk::List(host::OldContent::DefaultFolder());
+    EXPECT_TRUE(kept && kept->names.empty()) << "the old content is not kept";
 }
 
 TEST_F(SaveConsistTest, NameStaysEmptyAfterNoAndACancelledDialog)
@@ -270,6 +286,8 @@ TEST_F(SaveConsistTest, FailedWriteLeavesTheWindowUnchanged)
         {"save", "missing/a.con", nullptr, "missing/a.con: ", false},
         {"save as a free name", "a.con", "c.con", "there is no Train block", false},
         {"save as over another file", "a.con", "b.con", "there is no Train block", true},
+        {"save as over another file, put back", "a.con", "b.con", "Do you want to put it back?",
+         true},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(row.what);
@@ -277,8 +295,12 @@ TEST_F(SaveConsistTest, FailedWriteLeavesTheWindowUnchanged)
         fileName = at(row.name);
         if (row.chosen)
             dialogs.AnswerFile(at(row.chosen));
-        if (row.deletes)
+        const bool putBack = std::string_view(row.what).ends_with("put back");
+        folder.Write("b.con", "old");
+        if (row.deletes) {
             dialogs.Answer(DialogAnswer::Yes);
+            dialogs.Answer(putBack ? DialogAnswer::Yes : DialogAnswer::No);
+        }
         // The consist passes the check before the first question and is damaged after it.
         dialogs.onShown = [this] {
             dialogs.onShown = nullptr;
@@ -289,8 +311,11 @@ TEST_F(SaveConsistTest, FailedWriteLeavesTheWindowUnchanged)
         EXPECT_EQ(row.deletes, tree.Changed()) << "what was deleted may be nowhere else";
         const std::string log = dialogs.TakeLog();
         EXPECT_NE(log.find(row.reason), log.npos) << log;
+        EXPECT_EQ(folder.Exists("b.con"), !row.deletes || putBack);
+        if (row.deletes && !putBack)
+            expectKept(log);
     }
-    EXPECT_FALSE(folder.Exists("b.con"));
+    EXPECT_EQ(folder.Read("b.con"), "old");
     EXPECT_FALSE(folder.Exists("c.con"));
 }
 

@@ -5,6 +5,7 @@
 #include "host/ChangeJournal.h"
 #include "host/Dialogs.h"
 #include "host/Guard.h"
+#include "host/OldContent.h"
 #include "ui/document/frmDocument.h"
 #include "ui/main/frmMain.h"
 
@@ -52,6 +53,8 @@ void OfferLostWork(frmMain &window)
     host::Dialogs &dialogs = window.Environment().dialogs;
     for (const std::string &message : host::ChangeJournal().Recover())
         dialogs.Message(message, "Interrupted Change", host::DialogIcon::Information);
+    for (const std::string &message : host::OldContent::Recover())
+        dialogs.Message(message, "Interrupted Save", host::DialogIcon::Information);
     document::LostConsists lost;
     for (std::size_t i = 0; i < lost.All().size(); ++i) {
         const UnsavedConsist &consist = lost.All()[i];
