@@ -101,7 +101,7 @@ TEST_F(SightTest, PannedAndApproachedPointsStayUnderTheMouse)
             EXPECT_NEAR((1 - at.y) / 2 * height, mouseY, 0.4) << trial << ' ' << name;
         };
         shownAt(x, y, "before");
-        const float dx = between(-width, width), dy = between(-height, height);
+        const float dx = between(0, width) - x, dy = between(0, height) - y;
         OrbitCamera(pose).Slide(Sight(pose, width, height).Across(dx, dy, depth) * -1);
         shownAt(x + dx, y + dy, "panned");
         const float before = drawnAt(pose, width, height, held).z;

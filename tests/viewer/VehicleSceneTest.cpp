@@ -152,7 +152,11 @@ TEST_F(VehicleSceneTest, ShowsOnlyTheVehicle)
     scene.Load(stock("box.wag"), {});
     scene.Look({}, 2);
     const korvat::FrameSetup setup = studio.renderer().Setup(200, 100);
-    EXPECT_EQ(setup.zenith, setup.horizon);
+    EXPECT_FALSE(setup.hasSky);
+    const float bright = setup.horizon.g;
+    scene.SetDark(true);
+    scene.Look({}, 2);
+    EXPECT_LT(studio.renderer().Setup(200, 100).horizon.g, bright / 2);
     studio.BeginFrame();
     EXPECT_TRUE(studio.renderer().Coming().empty()) << "neither ground nor track";
 }

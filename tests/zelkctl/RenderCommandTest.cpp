@@ -62,7 +62,10 @@ TEST_F(RenderCommandTest, DrawsTheLoadsOfBothSimulatorsUnlessTheyAreLeftOut)
         EXPECT_NE(draw(file, {}), bare) << wagon;
         EXPECT_EQ(draw(file, {"--no-loads"}), bare) << wagon;
     }
-    EXPECT_NE(draw("Loaded Cars/lc_pair.wag", {"--no-loads"}), bare) << "couplers stay";
+    const std::string end = "--camera=3,2,13,0,1,9"; // shows the coupler at the front
+    EXPECT_NE(draw("Loaded Cars/lc_pair.wag", {"--no-loads", end}),
+              draw("Loaded Cars/lc_crates.wag", {"--no-loads", end}))
+        << "couplers stay";
 }
 
 TEST_F(RenderCommandTest, FilesThatCannotBeShownGiveNoPicture)

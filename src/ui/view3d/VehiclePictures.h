@@ -38,7 +38,7 @@ public:
         VehicleView view;
         QSize size;         ///< in pixels
         bool fresh = false; ///< look whether the files have changed since they were read
-        Reading reading;    ///< set by this class, like `dark`
+        Reading reading{};  ///< set by this class, like `dark`
         bool dark = false;  ///< background
     };
 
