@@ -82,55 +82,68 @@ float distanceTo(const Ray &ray, const korvat::Model &model, float limit)
     return limit;
 }
 
+/// Calls visit(model, world) for each shape of an object that is loaded.
+template <typename Visit>
+void visitShapes(const TSViewObject &object, bool withLoads, const Visit &visit)
+{
+    const ShapeModel &shape = object.Model();
+    if (shape.Loaded())
+        visit(*shape.Loaded(), shape.WorldMatrix());
+    for (const TSViewObject::Added &added : object.AddedShapes())
+        if (added.model.Loaded() && (withLoads || !added.isLoad))
+            visit(*added.model.Loaded(), added.place * shape.WorldMatrix());
+}
+
 } // namespace
 
-std::optional<Hit> Pick(const ViewObjects &objects, const Ray &ray)
+std::optional<Hit> Pick(const ViewObjects &objects, const Ray &ray, bool withLoads)
 {
     Hit hit{0, std::numeric_limits<float>::max()};
-    for (int place = 1; place <= objects.Count(); ++place) {
-        const ShapeModel &shape = objects.Item(place).Model();
-        if (!shape.Loaded())
-            continue;
-        const float distance =
-            distanceTo(inModel(ray, shape.WorldMatrix()), *shape.Loaded(), hit.distance);
-        if (distance < hit.distance)
-            hit = {place, distance};
-    }
+    for (int place = 1; place <= objects.Count(); ++place)
+        visitShapes(objects.Item(place), withLoads,
+                    [&](const korvat::Model &model, const korvat::Transform &world) {
+                        const float distance = distanceTo(inModel(ray, world), model, hit.distance);
+                        if (distance < hit.distance)
+                            hit = {place, distance};
+                    });
     return hit.place ? std::optional(hit) : std::nullopt;
 }
 
-std::optional<float> PickGround(const Ray &ray)
+std::optional<float> PickGround(const Ray &ray, korvat::Ground scene)
 {
     if (!(ray.direction.y < 0))
         return std::nullopt;
     const auto distanceTo = [&ray](float height) {
         return (height - ray.from.y) / ray.direction.y;
     };
-    const float track = distanceTo(kSleeperTop), ground = distanceTo(kGroundHeight);
-    const bool onTrack = std::abs(ray.from.x + ray.direction.x * track) < kShoulder;
+    const bool hasTrack = scene == korvat::Ground::Track;
+    const float track = distanceTo(kSleeperTop), ground = distanceTo(hasTrack ? kGroundHeight : 0);
+    const bool onTrack = hasTrack && std::abs(ray.from.x + ray.direction.x * track) < kShoulder;
     const float distance = onTrack ? track : ground;
     return distance > 0 ? std::optional(distance) : std::nullopt;
 }
 
-std::vector<Vec3> CornersOf(const ViewObjects &objects, int place)
+std::vector<Vec3> CornersOfObject(const ViewObjects &objects, int place, bool withLoads)
 {
-    const ShapeModel &shape = objects.Item(place).Model();
     std::vector<Vec3> corners;
-    if (!shape.Loaded() || shape.Loaded()->mesh.vertices.empty())
-        return corners;
-    const Bounds &box = shape.Loaded()->box;
-    for (const float x : {box.least.x, box.most.x})
-        for (const float y : {box.least.y, box.most.y})
-            for (const float z : {box.least.z, box.most.z})
-                corners.push_back(korvat::TransformPoint({x, y, z}, shape.WorldMatrix()));
+    visitShapes(objects.Item(place), withLoads,
+                [&](const korvat::Model &model, const korvat::Transform &world) {
+                    const Bounds &box = model.box;
+                    if (model.mesh.vertices.empty())
+                        return;
+                    for (const float x : {box.least.x, box.most.x})
+                        for (const float y : {box.least.y, box.most.y})
+                            for (const float z : {box.least.z, box.most.z})
+                                corners.push_back(korvat::TransformPoint({x, y, z}, world));
+                });
     return corners;
 }
 
-std::vector<Vec3> CornersOf(const ViewObjects &objects)
+std::vector<Vec3> CornersOf(const ViewObjects &objects, bool withLoads)
 {
     std::vector<Vec3> corners;
     for (int place = 1; place <= objects.Count(); ++place)
-        for (const Vec3 &corner : CornersOf(objects, place))
+        for (const Vec3 &corner : CornersOfObject(objects, place, withLoads))
             corners.push_back(corner);
     return corners;
 }

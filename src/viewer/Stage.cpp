@@ -44,6 +44,7 @@ void Stage::setUp(korvat::Ground ground)
     Close();
     m_view = std::make_unique<TSView>(m_environment);
     m_view->Viewer = m_canvas;
+    m_ground = ground;
     if (m_canvas)
         m_canvas->SetGround(ground);
     m_view->ShowLoads(m_showsLoads);

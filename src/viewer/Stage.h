@@ -78,6 +78,8 @@ public:
     int Total() const { return m_layout ? m_layout->Total() : 1; }
     int Done() const { return m_layout ? m_layout->Done() : 0; }
 
+    /// Returns what the scene stands on.
+    korvat::Ground Ground() const { return m_ground; }
     /// Returns the scene's part of the window's title; "" for a shape.
     const std::string &Caption() const { return m_caption; }
     /// Returns the scene, or null before the first Render.
@@ -143,6 +145,7 @@ private:
     std::chrono::steady_clock::time_point m_nextShown; ///< no frame before this time
     float m_end = 0;
     int m_scrollMaximum = 0, m_scrollMiddle = 0;
+    korvat::Ground m_ground{};
 };
 
 } // namespace viewer

@@ -64,6 +64,7 @@ public:
                              float y, float z, float degrees);
     /// Shows or hides the loads of vehicles from the next frame on; at first they are shown.
     void ShowLoads(bool shown) { m_showsLoads = shown; }
+    bool ShowsLoads() const { return m_showsLoads; }
     /// Sets what the next frames show of the content.
     void SetOptions(const viewer::ViewOptions &options) { m_options = options; }
     const viewer::ViewOptions &Options() const { return m_options; }

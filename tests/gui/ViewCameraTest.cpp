@@ -161,7 +161,7 @@ TEST_F(ViewCameraTest, DoubleClickMakesAVehicleTheTargetAndShowsItsName)
     EXPECT_FALSE(label.isVisible());
     QTest::mouseDClick(&canvas(), Qt::LeftButton, {}, middle().toPoint() + QPoint(40, 0));
     ASSERT_TRUE(Wait([&timer] { return !timer.isActive(); }));
-    const korvat::Vec3 wagon = viewer::MiddleOf(viewer::CornersOf(scene().Models, 2));
+    const korvat::Vec3 wagon = viewer::MiddleOf(viewer::CornersOfObject(scene().Models, 2));
     expectNear(camera(), {wagon.x + 10, wagon.y, wagon.z, wagon.x, wagon.y, wagon.z}, "the wagon");
     EXPECT_NEAR(wagon.z, -20, 0.1);
     EXPECT_TRUE(label.isVisible());

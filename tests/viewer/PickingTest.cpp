@@ -4,6 +4,8 @@
 #include "Scene.h"
 #include "viewer/TSView.h"
 
+using korvat::Ground;
+
 namespace {
 
 /// Cars with one upright triangle each, at x = 0 and 4 metres high, which faces towards positive X.
@@ -46,6 +48,18 @@ TEST_F(PickingTest, FindsTheNearestSurfaceThatFacesTheRay)
     EXPECT_FLOAT_EQ(hit->distance, 5) << "in lengths of the direction";
 }
 
+TEST_F(PickingTest, AddedShapesBelongToTheirObject)
+{
+    TSViewObject &first = view.Models.Item(1);
+    ASSERT_EQ(first.AddShape(path, korvat::Translation({3, 2, 0}), true), "");
+    EXPECT_EQ(viewer::Pick(view.Models, {{10, 5, -10}, {-1, 0, 0}}).value_or(viewer::Hit()).place,
+              1);
+    EXPECT_FALSE(viewer::Pick(view.Models, {{10, 5, -10}, {-1, 0, 0}}, false)) << "hidden";
+    EXPECT_EQ(viewer::CornersOfObject(view.Models, 1).size(), 16u);
+    EXPECT_FLOAT_EQ(viewer::MiddleOf(viewer::CornersOfObject(view.Models, 1)).y, 3);
+    EXPECT_EQ(viewer::CornersOfObject(view.Models, 1, false).size(), 8u);
+}
+
 TEST_F(PickingTest, CornersEncloseThePlacedShapes)
 {
     const auto corners = viewer::CornersOf(view.Models);
@@ -54,13 +68,15 @@ TEST_F(PickingTest, CornersEncloseThePlacedShapes)
     EXPECT_NEAR(all.x, -2.5f, 1e-4);
     EXPECT_NEAR(all.y, 2, 1e-4);
     EXPECT_NEAR(all.z, -20, 1e-4);
-    EXPECT_NEAR(viewer::MiddleOf(viewer::CornersOf(view.Models, 2)).z, -30, 1e-4);
+    EXPECT_NEAR(viewer::MiddleOf(viewer::CornersOfObject(view.Models, 2)).z, -30, 1e-4);
 }
 
 TEST_F(PickingTest, RaysThatComeDownReachTheGround)
 {
-    EXPECT_FLOAT_EQ(viewer::PickGround({{10, 1.28f, 0}, {0, -1, 0}}).value_or(0), 2);
-    EXPECT_FLOAT_EQ(viewer::PickGround({{1, 1.83f, 0}, {0, -1, 0}}).value_or(0), 2) << "the track";
-    EXPECT_FALSE(viewer::PickGround({{10, 2, 0}, {-1, 0, 0}}));
-    EXPECT_FALSE(viewer::PickGround({{10, -5, 0}, {0, -1, 0}})) << "below it";
+    EXPECT_FLOAT_EQ(viewer::PickGround({{10, 1.28f, 0}, {0, -1, 0}}, Ground::Track).value_or(0), 2);
+    EXPECT_FLOAT_EQ(viewer::PickGround({{1, 1.83f, 0}, {0, -1, 0}}, Ground::Track).value_or(0), 2)
+        << "the track";
+    EXPECT_FALSE(viewer::PickGround({{10, 2, 0}, {-1, 0, 0}}, Ground::Track));
+    EXPECT_FALSE(viewer::PickGround({{10, -5, 0}, {0, -1, 0}}, Ground::Track)) << "below it";
+    EXPECT_FLOAT_EQ(viewer::PickGround({{1, 2, 0}, {0, -1, 0}}, Ground::Plain).value_or(0), 2);
 }

@@ -6,6 +6,7 @@
 #include "viewer/Stage.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace viewer {
 namespace {
@@ -53,10 +54,10 @@ float CameraControls::depthAt(float x, float y) const
     const TSView &view = *m_stage.View();
     const Sight seen = sight();
     const Ray ray{seen.Eye(), seen.Through(x, y)};
-    if (const auto hit = Pick(view.Models, ray))
+    if (const auto hit = Pick(view.Models, ray, view.ShowsLoads()))
         return hit->distance;
     const float target = seen.DepthOf({view.LookAtX, view.LookAtY, view.LookAtZ});
-    const auto ground = PickGround(ray);
+    const auto ground = PickGround(ray, m_stage.Ground());
     return ground && *ground < target * kNearGround ? *ground : target;
 }
 
@@ -66,7 +67,7 @@ float CameraControls::farthest() const
 {
     CameraPose pose = *m_stage.View();
     OrbitCamera camera(pose);
-    const auto corners = CornersOf(m_stage.View()->Models);
+    const auto corners = CornersOf(m_stage.View()->Models, m_stage.View()->ShowsLoads());
     camera.ShowAll(corners, MiddleOf(corners), static_cast<float>(m_picture.width()),
                    static_cast<float>(m_picture.height()));
     return std::max(camera.Distance(), OrbitCamera::kFarthest);
@@ -120,13 +121,13 @@ void CameraControls::doubleClick(float x, float y)
     if (!view)
         return;
     const Sight seen = sight();
-    const auto hit = Pick(view->Models, {seen.Eye(), seen.Through(x, y)});
+    const auto hit = Pick(view->Models, {seen.Eye(), seen.Through(x, y)}, view->ShowsLoads());
     if (!hit) {
         Reset();
         return;
     }
     fly([&](OrbitCamera &camera) {
-        camera.MoveTarget(MiddleOf(CornersOf(view->Models, hit->place)));
+        camera.MoveTarget(MiddleOf(CornersOfObject(view->Models, hit->place)));
     });
     const QString name = QString::fromStdString(m_stage.NameOf(hit->place));
     Q_EMIT StatusChanged(name);
@@ -151,8 +152,16 @@ void CameraControls::SetHeight(float height)
     move(false, [height](OrbitCamera &camera) { camera.SetHeight(height); });
 }
 
+void CameraControls::RunAgain()
+{
+    if (const auto command = std::exchange(m_whileLoading, std::nullopt))
+        Run(*command);
+}
+
 void CameraControls::Run(CameraCommand command)
 {
+    const bool shows = command != CameraCommand::FromOtherSide;
+    m_whileLoading = m_stage.Loading() && shows ? std::optional(command) : std::nullopt;
     switch (command) {
     case CameraCommand::ShowAll:
         return fly([this](OrbitCamera &camera) { fit(camera, 0); });
@@ -181,8 +190,8 @@ void CameraControls::showFrom(Side side)
 void CameraControls::fit(OrbitCamera &camera, int middlePlace)
 {
     const ViewObjects &models = m_stage.View()->Models;
-    const auto all = CornersOf(models);
-    const auto one = middlePlace ? CornersOf(models, middlePlace) : all;
+    const auto all = CornersOf(models, m_stage.View()->ShowsLoads());
+    const auto one = middlePlace ? CornersOfObject(models, middlePlace) : all;
     camera.ShowAll(all, MiddleOf(one.empty() ? all : one), static_cast<float>(m_picture.width()),
                    static_cast<float>(m_picture.height()));
 }
@@ -190,6 +199,7 @@ void CameraControls::fit(OrbitCamera &camera, int middlePlace)
 void CameraControls::move(bool along, const std::function<void(OrbitCamera &)> &change)
 {
     TSView *view = m_stage.View();
+    m_whileLoading.reset();
     if (!view)
         return;
     Q_EMIT VehicleChosen({});

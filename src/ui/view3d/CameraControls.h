@@ -47,6 +47,9 @@ public:
     /// FromAbove show the whole train from there; in front of it and behind it, the camera turns
     /// about the first or last vehicle.
     void Run(CameraCommand command);
+    /// Repeats a command that was to show everything while the scene was still loading, unless the
+    /// user has moved the camera since. Call it when everything is there.
+    void RunAgain();
     /// Ends a smooth movement where it leads to.
     void Finish();
 
@@ -87,6 +90,7 @@ private:
     float m_lastX = 0, m_lastY = 0;
     float m_panDepth = 0; ///< of the point that a drag with the middle button holds
     CameraPose m_shown;   ///< during a smooth movement
+    std::optional<CameraCommand> m_whileLoading;
     CameraFlight m_flight;
     QElapsedTimer m_flown;
 };

@@ -230,6 +230,7 @@ void ViewerPane::end()
 {
     m_host.setProgress(0, 0);
     m_camera.Finish();
+    m_camera.RunAgain();
     const QSignalBlocker silent(hscView);
     hscView->setRange(0, m_stage.ScrollMaximum());
     showPlace();
