@@ -96,10 +96,11 @@ void Renderer::Begin()
 }
 
 void Renderer::Add(std::shared_ptr<const Model> model, const Transform &world,
-                   std::span<const TexturePtr> pictures, Role role)
+                   std::span<const TexturePtr> pictures, Role role, PosePtr pose)
 {
     if (model && !model->mesh.indices.empty())
-        m_coming.push_back({std::move(model), world, {pictures.begin(), pictures.end()}, role});
+        m_coming.push_back(
+            {std::move(model), world, {pictures.begin(), pictures.end()}, role, std::move(pose)});
 }
 
 void Renderer::End()
@@ -179,7 +180,7 @@ void Renderer::PaintTile(Device &device, int width, int height, const Tile &tile
     releaseUnused(device);
     Calls calls;
     for (const Placed &placed : m_frame)
-        if (frustum.Sees(moved(placed.model->bounds, placed.world)))
+        if (frustum.Sees(moved(placed.Around(), placed.world)))
             collect(device, placed, calls);
     drawSolid(device, calls.solid);
     drawSolid(device, calls.tested);
@@ -195,8 +196,7 @@ void Renderer::paintShadows(Device &device, FrameSetup &setup)
         if (placed.role != Role::Object)
             continue;
         objects.push_back(&placed);
-        casters.push_back(
-            {placed.model->box, moved(placed.model->bounds, placed.world), placed.world});
+        casters.push_back({placed.Box(), moved(placed.Around(), placed.world), placed.world});
     }
     const ShadowFit fit = FitShadows(setup, casters);
     setup.hasShadows = true;
@@ -220,15 +220,16 @@ std::vector<ShadowCall> Renderer::shadowsOf(Device &device, const Placed &placed
     std::vector<ShadowCall> calls;
     ShadowCall call;
     call.mesh = numberOf(device, placed.model);
-    call.world = placed.world;
     for (const Part &part : placed.model->parts) {
         const TexturePtr picture = pictureOf(part, placed);
         const Mixing mixing = mixingOf(part.surface, picture.get());
-        if (mixing == Mixing::Add)
+        if (mixing == Mixing::Add || placed.Hides(part))
             continue;
+        call.world = placed.PlaceOf(part);
         const bool holed = mixing == Mixing::Alpha || isTested(part.surface, picture.get());
         ShadowCall *last = calls.empty() || holed ? nullptr : &calls.back();
-        if (last && last->texture == 0 && last->firstIndex + last->indexCount == part.firstIndex) {
+        if (last && last->texture == 0 && last->firstIndex + last->indexCount == part.firstIndex &&
+            last->world == call.world) {
             last->indexCount += part.indexCount;
             continue;
         }
@@ -246,9 +247,11 @@ void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
 {
     DrawCall call;
     call.mesh = numberOf(device, placed.model);
-    call.world = placed.world;
     call.isGround = placed.role == Role::Ground;
     for (const Part &part : placed.model->parts) {
+        if (placed.Hides(part))
+            continue;
+        call.world = placed.PlaceOf(part);
         const TexturePtr picture = pictureOf(part, placed);
         const bool tested = isTested(part.surface, picture.get());
         call.texture = picture ? numberOf(device, picture) : 0;
@@ -266,7 +269,7 @@ void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
         call.softEdge = tested && call.mixing == Mixing::Replace;
         if (call.mixing != Mixing::Replace)
             calls.blended.push_back(
-                {call, Length(TransformPoint(part.bounds.centre, placed.world) - m_eye)});
+                {call, Length(TransformPoint(part.bounds.centre, call.world) - m_eye)});
         else
             (tested ? calls.tested : calls.solid).push_back(call);
     }

@@ -3,6 +3,7 @@
 
 #include "korvat/draw/Device.h"
 #include "korvat/model/ModelSource.h"
+#include "korvat/model/Pose.h"
 
 #include <limits>
 #include <memory>
@@ -42,14 +43,24 @@ public:
         Transform world;
         std::vector<TexturePtr> pictures;
         Role role = Role::Object;
+        PosePtr pose; ///< null for the rest pose
+
+        Bounds Box() const { return pose ? pose->box : model->box; }
+        Sphere Around() const { return pose ? pose->bounds : model->bounds; }
+        bool Hides(const Part &part) const { return pose && pose->Hides(part); }
+        Transform PlaceOf(const Part &part) const
+        {
+            return pose ? pose->PlaceOf(part, world) : world;
+        }
     };
 
     /// Begins a new frame. Until End, Paint shows the previous one.
     void Begin();
     /// Adds a model. `pictures` are the textures of its slots; an empty or absent one draws without
-    /// a texture.
+    /// a texture. A null pose is the rest pose.
     void Add(std::shared_ptr<const Model> model, const Transform &world,
-             std::span<const TexturePtr> pictures, Role role = Role::Object);
+             std::span<const TexturePtr> pictures, Role role = Role::Object,
+             PosePtr pose = nullptr);
     /// Returns the models added to the frame so far.
     const std::vector<Placed> &Coming() const { return m_coming; }
     void End();

@@ -5,6 +5,7 @@
 #include "host/RuntimeError.h"
 #include "korvat/draw/Renderer.h"
 
+#include <algorithm>
 #include <new>
 
 using korvat::TexturePtr;
@@ -35,7 +36,10 @@ void ShapeModel::fail(std::string reason)
 
 void ShapeModel::load(const std::string &path)
 {
+    m_path = path;
     m_folder = host::path::FolderWithSeparator(path);
+    m_levels.clear();
+    m_pose = nullptr;
     korvat::LoadedModel loaded = m_source.LoadModel(path);
     m_error = std::move(loaded.error);
     m_model = m_error.empty() ? std::move(loaded.model) : nullptr;
@@ -82,8 +86,28 @@ std::size_t ShapeModel::slot(int index) const
     return static_cast<std::size_t>(index);
 }
 
-void ShapeModel::Render(int, float) const
+std::shared_ptr<const korvat::Model> ShapeModel::AtLevel(int level)
+{
+    if (level <= 1 || !m_model)
+        return m_model;
+    // Levels beyond the last one are the same.
+    level = std::min(level, std::max(1, static_cast<int>(m_model->levels.size())));
+    if (level == 1)
+        return m_model;
+    std::shared_ptr<const korvat::Model> &model = m_levels[level];
+    if (!model) {
+        try {
+            model = m_source.LoadLevel(m_path, level).model;
+        } catch (const std::exception &) {
+            // The shape was read before; without this level, the nearest one is shown.
+        }
+    }
+    return model ? model : model = m_model;
+}
+
+void ShapeModel::Render(int level, float)
 {
     if (m_renderer)
-        m_renderer->Add(m_model, m_world, m_pictures);
+        m_renderer->Add(AtLevel(level), m_world, m_pictures, korvat::Renderer::Role::Object,
+                        m_pose);
 }

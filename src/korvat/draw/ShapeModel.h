@@ -2,8 +2,10 @@
 #pragma once
 
 #include "korvat/model/ModelSource.h"
+#include "korvat/model/Pose.h"
 #include "korvat/model/Transform.h"
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -49,15 +51,20 @@ public:
     const korvat::Transform &WorldMatrix() const { return m_world; }
 
     /// Adds the model to the frame that its renderer has begun: `level` is the level of detail,
-    /// counted from 1 (this model holds the nearest), `distance` a distance for choosing one, less
-    /// than 0 for none.
-    void Render(int level, float distance) const;
+    /// counted from 1, the nearest; `distance` a distance for choosing one, less than 0 for none.
+    void Render(int level, float distance);
+    /// Sets how its parts are moved in the next frames; null for the rest pose. The pose must be
+    /// one of the level that is rendered.
+    void SetPose(korvat::PosePtr pose) { m_pose = std::move(pose); }
     /// Called after the canvas was restored. Does nothing: with the next frame the renderer uploads
     /// what the device has lost.
     void Restore() const {}
 
     /// Returns the model that was read; null without a shape.
     const korvat::Model *Loaded() const { return m_model.get(); }
+    /// Returns a level of detail of that model, which is read when it is asked for first; the model
+    /// itself if the level cannot be read.
+    std::shared_ptr<const korvat::Model> AtLevel(int level);
 
 private:
     void load(const std::string &path);
@@ -67,7 +74,9 @@ private:
     korvat::ModelSource &m_source;
     korvat::Renderer *m_renderer = nullptr;
     std::shared_ptr<const korvat::Model> m_model;
-    std::string m_folder, m_texturePath, m_error;
+    std::map<int, std::shared_ptr<const korvat::Model>> m_levels; ///< beyond the nearest
+    korvat::PosePtr m_pose;
+    std::string m_path, m_folder, m_texturePath, m_error;
     std::vector<std::string> m_problems;
     std::vector<korvat::TexturePtr> m_pictures;
     korvat::Transform m_world = korvat::Identity();

@@ -63,21 +63,21 @@ TexturePtr ModelLibrary::Checker()
     return checker;
 }
 
-LoadedModel ModelLibrary::LoadModel(const std::string &path)
+LoadedModel ModelLibrary::LoadLevel(const std::string &path, int level)
 {
     try {
         const auto found = m_files.FindFile(path);
         const std::string place = found ? placeOf(*found) : std::string();
-        if (auto known = find(m_models, place))
+        if (auto known = find(shelfOf(level), place))
             return {known, {}};
         const auto stamp = host::disk::StampOf(place);
         const ShapeFile file = ReadShape(m_files.ReadFile(path, kMaxShapeBytes));
         if (file.error)
             return {nullptr,
                     sentence(path, file.error, file.form == ShapeForm::Text ? "line" : "byte")};
-        auto model = std::make_shared<const Model>(MakeModel(file.shape));
+        auto model = std::make_shared<const Model>(MakeModel(file.shape, level));
         if (stamp)
-            keep(m_models, place, model, *stamp);
+            keep(shelfOf(level), place, model, *stamp);
         return {model, {}};
     } catch (const std::bad_alloc &) {
         return {nullptr, path + ": there is not enough memory to load the shape"};
@@ -111,6 +111,12 @@ LoadedTexture ModelLibrary::LoadTexture(const std::string &shapeFolder,
     } catch (const std::exception &error) {
         return {Checker(), "Texture " + name + ": " + error.what()};
     }
+}
+
+ModelLibrary::Shelf<Model> &ModelLibrary::shelfOf(int level)
+{
+    const std::lock_guard lock(m_mutex);
+    return m_models[level]; // stays where it is
 }
 
 template <typename Thing>
