@@ -18,8 +18,8 @@ struct Ends
     bool frontCoupled = false, rearCoupled = false;
 };
 
-/// Adds the shapes that a vehicle adds to the object of its own shape. Returns what is missing, one
-/// sentence each.
+/// Adds the shapes that a vehicle adds to the object of its own shape, and its wheels. Returns what
+/// is missing, one sentence each.
 std::vector<std::string> AddShapes(TSViewObject &object, VehicleReader &vehicles,
                                    const std::string &stockFile, const Ends &ends);
 

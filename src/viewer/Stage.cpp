@@ -12,6 +12,7 @@
 #include "viewer/TextureReport.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 using host::ErrorNumber;
@@ -21,6 +22,8 @@ namespace viewer {
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenFrames(150);
+/// Metres after which wheels begin again, so that their angles stay exact.
+constexpr float kFarthestRoll = 10000;
 
 } // namespace
 
@@ -48,6 +51,7 @@ void Stage::setUp(korvat::Ground ground)
         m_canvas->SetGround(ground);
     m_view->ShowLoads(m_showsLoads);
     m_view->SetOptions(m_options);
+    m_travelled = 0;
     m_view->Initialise();
     OrbitCamera(*m_view).Reset(0);
     m_view->ResetCamera();
@@ -124,10 +128,44 @@ void Stage::ShowLoads(bool shown)
 void Stage::SetOptions(const ViewOptions &options)
 {
     m_options = options;
+    if (m_options.speed <= 0)
+        m_travelled = 0;
     if (!m_view)
         return;
     m_view->SetOptions(options);
+    m_view->SetTravelled(m_travelled);
     m_view->ShowModels();
+}
+
+void Stage::Roll(float seconds)
+{
+    if (!m_view || m_options.speed <= 0 || m_loading)
+        return;
+    m_travelled = std::fmod(m_travelled + m_options.speed * seconds, kFarthestRoll);
+    m_view->SetTravelled(m_travelled);
+    m_view->ShowModels();
+}
+
+std::vector<ShapeParts> Stage::Parts() const
+{
+    return m_view ? PartsOf(m_view->Models) : std::vector<ShapeParts>();
+}
+
+std::vector<MissingTexture> Stage::MissingTextures() const
+{
+    std::vector<MissingTexture> missing;
+    for (int place = 1; m_view && place <= m_view->Models.Count(); ++place) {
+        const TSViewObject &object = m_view->Models.Item(place);
+        for (const std::string &problem : object.Model().Problems())
+            if (problem.starts_with("Texture "))
+                missing.push_back({problem, object.ShapeFile()});
+    }
+    return missing;
+}
+
+std::vector<LevelDistances> Stage::Levels() const
+{
+    return m_view ? LevelsOf(m_view->Models) : std::vector<LevelDistances>();
 }
 
 /// Loads the shape, and what its vehicle adds.
@@ -353,7 +391,8 @@ std::string Stage::Report() const
     std::vector<std::string> missing = m_layout ? m_messages.Texts() : std::vector<std::string>();
     AddMissing(m_lacks, missing);
     return (m_layout ? ConsistTextures(m_view->Models) : ShapeTextures(m_view->Models)) +
-           AddedTextures(m_view->Models) + NotLoaded(missing);
+           AddedTextures(m_view->Models) + NotLoaded(missing) +
+           Incomplete(FaultsOf(m_view->Models));
 }
 
 void Stage::Close()

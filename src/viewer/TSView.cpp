@@ -6,6 +6,7 @@
 #include "host/RuntimeError.h"
 #include "korvat/draw/Canvas.h"
 #include "viewer/Numbers.h"
+#include "viewer/ScenePoses.h"
 
 #include <algorithm>
 #include <cmath>
@@ -137,9 +138,12 @@ void TSView::ShowModels()
     if (!FullyStarted)
         return;
     if (Viewer->BeginFrame()) {
+        viewer::ScenePoses poses(m_options, m_travelled);
+        const int level = std::max(m_options.level, 1);
         for (int place = 1; place <= Models.Count(); ++place) {
-            Models.Item(place).Model().Render(1, -1.0f);
-            Models.Item(place).RenderAdded(m_showsLoads);
+            poses.Apply(Models.Item(place));
+            Models.Item(place).Model().Render(level, -1.0f);
+            Models.Item(place).RenderAdded(m_showsLoads, level);
         }
         Viewer->EndFrame();
     }

@@ -67,6 +67,9 @@ public:
     /// Sets what the next frames show of the content.
     void SetOptions(const viewer::ViewOptions &options) { m_options = options; }
     const viewer::ViewOptions &Options() const { return m_options; }
+    /// Sets how far the train has rolled in the next frames, in metres. 0, the first value, shows
+    /// all parts at rest.
+    void SetTravelled(float metres) { m_travelled = metres; }
     /// Restores the canvas and the models after a resize, and draws a frame.
     void RefreshForm();
     /// Passes the camera to the canvas and draws a frame.
@@ -93,4 +96,5 @@ private:
     install::Environment m_environment;
     bool m_showsLoads = true;
     viewer::ViewOptions m_options;
+    float m_travelled = 0;
 };

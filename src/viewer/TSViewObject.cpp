@@ -92,13 +92,20 @@ std::string TSViewObject::AddShape(const std::string &shapeFile, const korvat::T
     return fault;
 }
 
-void TSViewObject::RenderAdded(bool withLoads)
+void TSViewObject::SetPoses(int level, const PoseOf &poseOf)
+{
+    m_model.SetPose(poseOf ? poseOf(m_model.AtLevel(level), m_shapeFile) : nullptr);
+    for (Added &added : m_added)
+        added.model.SetPose(poseOf ? poseOf(added.model.AtLevel(level), added.file) : nullptr);
+}
+
+void TSViewObject::RenderAdded(bool withLoads, int level)
 {
     for (Added &added : m_added) {
         if (added.isLoad && !withLoads)
             continue;
         added.model.SetWorldMatrix(added.place * m_model.WorldMatrix());
-        added.model.Render(1, -1.0F);
+        added.model.Render(level, -1.0F);
     }
 }
 
