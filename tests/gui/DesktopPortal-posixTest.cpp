@@ -64,11 +64,6 @@ protected:
         m_bus.waitForFinished();
     }
     using Answer = std::function<QDBusMessage(const QDBusMessage &)>;
-    /// Returns the colour scheme that the program reads from a portal with this answer.
-    std::optional<ColourScheme> schemeWith(Answer answer)
-    {
-        return readWith(std::move(answer), app::SchemeOfPortal);
-    }
     template <typename Reader> auto readWith(Answer answer, Reader reader)
     {
         QThread thread; // the program waits in the calling thread
@@ -89,6 +84,11 @@ protected:
         thread.quit();
         thread.wait();
         return value;
+    }
+    /// Returns the colour scheme that the program reads from a portal with this answer.
+    std::optional<ColourScheme> schemeWith(Answer answer)
+    {
+        return readWith(std::move(answer), app::SchemeOfPortal);
     }
     std::optional<ColourScheme> schemeFor(const QVariant &value)
     {
