@@ -332,6 +332,8 @@ void Stage::reportEnd()
         return;
     }
     AddMissing(m_lacks, m_problems);
+    if (m_options.lights)
+        AddMissing(LightProblemsOf(m_view->Models), m_problems);
     if (m_problems.empty()) {
         m_setStatus("Done");
     } else {
@@ -352,8 +354,15 @@ std::string Stage::Report() const
         return {};
     std::vector<std::string> missing = m_layout ? m_messages.Texts() : std::vector<std::string>();
     AddMissing(m_lacks, missing);
+    if (m_options.lights)
+        AddMissing(LightProblemsOf(m_view->Models), missing);
     return (m_layout ? ConsistTextures(m_view->Models) : ShapeTextures(m_view->Models)) +
            AddedTextures(m_view->Models) + NotLoaded(missing);
+}
+
+std::vector<MissingTexture> Stage::MissingTextures() const
+{
+    return m_view ? MissingTexturesOf(m_view->Models) : std::vector<MissingTexture>();
 }
 
 void Stage::Close()

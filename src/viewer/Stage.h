@@ -4,6 +4,7 @@
 #include "install/Environment.h"
 #include "viewer/ConsistLayout.h"
 #include "viewer/KeptModels.h"
+#include "viewer/Lacks.h"
 #include "viewer/LoadMessages.h"
 #include "viewer/ShapesAhead.h"
 #include "viewer/TSView.h"
@@ -96,8 +97,10 @@ public:
     int ScrollMiddle() const { return m_scrollMiddle; }
 
     /// Returns the texture report of the scene, followed by the textures of the shapes that
-    /// vehicles add and by what could not be loaded; "" if there is no scene.
+    /// vehicles add and by what could not be loaded, or shown of lights; "" if there is no scene.
     std::string Report() const;
+    /// Returns the textures of the scene that are missing or cannot be read.
+    std::vector<MissingTexture> MissingTextures() const;
     /// Detaches all objects from the canvas and drops the scene.
     void Close();
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "viewer/CameraPose.h"
+#include "viewer/Overlays.h"
 #include "viewer/TSViewObject.h"
 #include "viewer/ViewOptions.h"
 
@@ -65,7 +66,7 @@ public:
     /// Shows or hides the loads of vehicles from the next frame on; at first they are shown.
     void ShowLoads(bool shown) { m_showsLoads = shown; }
     /// Sets what the next frames show of the content.
-    void SetOptions(const viewer::ViewOptions &options) { m_options = options; }
+    void SetOptions(const viewer::ViewOptions &options);
     const viewer::ViewOptions &Options() const { return m_options; }
     /// Restores the canvas and the models after a resize, and draws a frame.
     void RefreshForm();
@@ -93,4 +94,6 @@ private:
     install::Environment m_environment;
     bool m_showsLoads = true;
     viewer::ViewOptions m_options;
+    std::shared_ptr<korvat::TextureChoice> m_choice; ///< of the options
+    viewer::Overlays m_overlays;
 };

@@ -82,7 +82,7 @@ std::optional<float> VehicleReader::Length(const std::string &stockFile)
     }
 }
 
-std::shared_ptr<const content::AddedShapes> VehicleReader::Added(const std::string &stockFile)
+std::shared_ptr<const VehicleReader::Kept> VehicleReader::keptOf(const std::string &stockFile)
 {
     std::shared_ptr<Kept> kept;
     {
@@ -92,18 +92,36 @@ std::shared_ptr<const content::AddedShapes> VehicleReader::Added(const std::stri
             place = std::make_shared<Kept>();
         kept = place;
     }
-    std::call_once(kept->once, [&] {
-        kept->added = std::make_shared<const content::AddedShapes>(read(stockFile));
-    });
-    return kept->added;
+    std::call_once(kept->once, [&] { read(stockFile, *kept); });
+    return kept;
 }
 
-content::AddedShapes VehicleReader::read(const std::string &stockFile)
+std::shared_ptr<const content::AddedShapes> VehicleReader::Added(const std::string &stockFile)
+{
+    const auto kept = keptOf(stockFile);
+    return {kept, &kept->added};
+}
+
+std::shared_ptr<const content::VehicleLights> VehicleReader::Lights(const std::string &stockFile)
+{
+    const auto kept = keptOf(stockFile);
+    return {kept, &kept->lights};
+}
+
+std::shared_ptr<const content::VehicleBoxes> VehicleReader::Boxes(const std::string &stockFile)
+{
+    const auto kept = keptOf(stockFile);
+    return {kept, &kept->boxes};
+}
+
+void VehicleReader::read(const std::string &stockFile, Kept &kept)
 {
     const content::VehicleFiles files = filesOf(stockFile);
     const Profile profile = m_reading.allAdded ? Profile::OpenRails : m_reading.profile;
     const content::Vehicle vehicle(m_store, files, profile);
-    return content::AddedShapesOf(vehicle, files, m_store);
+    kept.added = content::AddedShapesOf(vehicle, files, m_store);
+    kept.lights = content::LightsOf(vehicle);
+    kept.boxes = content::BoxesOf(vehicle);
 }
 
 StockShape ReadVehicleToShow(const install::Environment &environment, const std::string &stockFile)

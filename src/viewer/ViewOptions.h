@@ -31,7 +31,7 @@ struct ViewOptions
     bool normals = false;      ///< a line along each vertex's normal
     bool marksMissing = false; ///< missing textures in magenta
     /// Parts that are not drawn: names of matrices in a shape's hierarchy, in capital letters.
-    std::set<std::string> hiddenParts;
+    std::set<std::string> hiddenParts = {};
 
     friend bool operator==(const ViewOptions &, const ViewOptions &) = default;
 };
