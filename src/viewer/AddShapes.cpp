@@ -41,6 +41,7 @@ std::vector<std::string> AddShapes(TSViewObject &object, VehicleReader &vehicles
     const auto added = vehicles.Added(stockFile);
     const Wheels wheels = vehicles.WheelsOf(stockFile);
     object.SetWheels(wheels.radius, wheels.driven);
+    object.SetFittings({vehicles.Lights(stockFile), vehicles.Boxes(stockFile), ends});
     std::vector<std::string> missing = added->problems;
     for (const AddedShape &shape : added->shapes) {
         if (!isSeen(shape, ends))

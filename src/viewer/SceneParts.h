@@ -45,11 +45,4 @@ std::vector<LevelDistances> LevelsOf(const ViewObjects &objects);
 /// file.
 std::vector<std::string> FaultsOf(const ViewObjects &objects);
 
-/// A texture that is missing or cannot be read, and a shape that names it.
-struct MissingTexture
-{
-    std::string texture; ///< as the shape spells it
-    std::string shape;   ///< path of its file
-};
-
 } // namespace viewer

@@ -151,18 +151,6 @@ std::vector<ShapeParts> Stage::Parts() const
     return m_view ? PartsOf(m_view->Models) : std::vector<ShapeParts>();
 }
 
-std::vector<MissingTexture> Stage::MissingTextures() const
-{
-    std::vector<MissingTexture> missing;
-    for (int place = 1; m_view && place <= m_view->Models.Count(); ++place) {
-        const TSViewObject &object = m_view->Models.Item(place);
-        for (const std::string &problem : object.Model().Problems())
-            if (problem.starts_with("Texture "))
-                missing.push_back({problem, object.ShapeFile()});
-    }
-    return missing;
-}
-
 std::vector<LevelDistances> Stage::Levels() const
 {
     return m_view ? LevelsOf(m_view->Models) : std::vector<LevelDistances>();
@@ -370,6 +358,8 @@ void Stage::reportEnd()
         return;
     }
     AddMissing(m_lacks, m_problems);
+    if (m_options.lights)
+        AddMissing(LightProblemsOf(m_view->Models), m_problems);
     if (m_problems.empty()) {
         m_setStatus("Done");
     } else {
@@ -390,9 +380,16 @@ std::string Stage::Report() const
         return {};
     std::vector<std::string> missing = m_layout ? m_messages.Texts() : std::vector<std::string>();
     AddMissing(m_lacks, missing);
+    if (m_options.lights)
+        AddMissing(LightProblemsOf(m_view->Models), missing);
     return (m_layout ? ConsistTextures(m_view->Models) : ShapeTextures(m_view->Models)) +
            AddedTextures(m_view->Models) + NotLoaded(missing) +
            Incomplete(FaultsOf(m_view->Models));
+}
+
+std::vector<MissingTexture> Stage::MissingTextures() const
+{
+    return m_view ? MissingTexturesOf(m_view->Models) : std::vector<MissingTexture>();
 }
 
 void Stage::Close()

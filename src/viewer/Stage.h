@@ -4,6 +4,7 @@
 #include "install/Environment.h"
 #include "viewer/ConsistLayout.h"
 #include "viewer/KeptModels.h"
+#include "viewer/Lacks.h"
 #include "viewer/LoadMessages.h"
 #include "viewer/SceneParts.h"
 #include "viewer/ShapesAhead.h"
@@ -62,8 +63,6 @@ public:
     /// Return the parts of the scene's shapes, and the levels of detail of its vehicles.
     std::vector<ShapeParts> Parts() const;
     std::vector<LevelDistances> Levels() const;
-    /// Returns the textures of the scene that are missing or cannot be read.
-    std::vector<MissingTexture> MissingTextures() const;
     /// From the next Render on, shows the loads and couplers of both simulators, whichever the user
     /// has chosen.
     void ShowAllAdded() { m_showsAllAdded = true; }
@@ -105,9 +104,11 @@ public:
     int ScrollMiddle() const { return m_scrollMiddle; }
 
     /// Returns the texture report of the scene, followed by the textures of the shapes that
-    /// vehicles add, by what could not be loaded, and by what levels and animations lack; "" if
-    /// there is no scene.
+    /// vehicles add, by what could not be loaded, or shown of lights, and by what levels and
+    /// animations lack; "" if there is no scene.
     std::string Report() const;
+    /// Returns the textures of the scene that are missing or cannot be read.
+    std::vector<MissingTexture> MissingTextures() const;
     /// Detaches all objects from the canvas and drops the scene.
     void Close();
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "viewer/CameraPose.h"
+#include "viewer/Overlays.h"
 #include "viewer/TSViewObject.h"
 #include "viewer/ViewOptions.h"
 
@@ -65,7 +66,7 @@ public:
     /// Shows or hides the loads of vehicles from the next frame on; at first they are shown.
     void ShowLoads(bool shown) { m_showsLoads = shown; }
     /// Sets what the next frames show of the content.
-    void SetOptions(const viewer::ViewOptions &options) { m_options = options; }
+    void SetOptions(const viewer::ViewOptions &options);
     const viewer::ViewOptions &Options() const { return m_options; }
     /// Sets how far the train has rolled in the next frames, in metres. 0, the first value, shows
     /// all parts at rest.
@@ -97,4 +98,6 @@ private:
     bool m_showsLoads = true;
     viewer::ViewOptions m_options;
     float m_travelled = 0;
+    std::shared_ptr<korvat::TextureChoice> m_choice; ///< of the options
+    viewer::Overlays m_overlays;
 };

@@ -85,11 +85,20 @@ std::string TSViewObject::AddShape(const std::string &shapeFile, const korvat::T
     Added added{ShapeModel(m_environment.shapes), shapeFile, place, isLoad};
     added.model.SetRenderer(m_renderer);
     added.model.SetTexturePath(kTexturePath);
+    added.model.SetChoice(m_choice);
     added.model.LoadShapeFile(shapeFile);
     std::string fault(host::TrimBlanks(added.model.ErrorText()));
     if (fault.empty())
         m_added.push_back(std::move(added));
     return fault;
+}
+
+void TSViewObject::SetChoice(const std::shared_ptr<korvat::TextureChoice> &choice)
+{
+    m_choice = choice;
+    m_model.SetChoice(choice);
+    for (Added &added : m_added)
+        added.model.SetChoice(choice);
 }
 
 void TSViewObject::SetPoses(int level, const PoseOf &poseOf)
@@ -190,5 +199,6 @@ void TSViewObject::Destroy()
     for (int slot = 0; slot < m_model.TextureCount(); ++slot)
         m_model.SetTexture(slot, nullptr);
     m_added.clear();
+    m_fittings = {};
     SetRenderer(nullptr);
 }

@@ -3,11 +3,13 @@
 
 #include "install/Environment.h"
 #include "korvat/draw/ShapeModel.h"
+#include "viewer/Fittings.h"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// One shape in a scene: its model, its place and direction, and whether it shows its textures or,
@@ -74,6 +76,12 @@ public:
                                                  const std::string &file)>;
     void SetPoses(int level, const PoseOf &poseOf);
 
+    /// Sets which textures the shapes show instead of their own; null for their own.
+    void SetChoice(const std::shared_ptr<korvat::TextureChoice> &choice);
+    /// Set and return the lights and boxes of the object's vehicle.
+    void SetFittings(viewer::Fittings fittings) { m_fittings = std::move(fittings); }
+    const viewer::Fittings &Fittings() const { return m_fittings; }
+
     /// Attaches the shapes to the renderer that draws them, which must outlive the attachment; null
     /// detaches.
     void SetRenderer(korvat::Renderer *renderer);
@@ -120,6 +128,8 @@ private:
     bool m_selected = false;
     ShapeModel m_model;
     std::vector<Added> m_added;
+    std::shared_ptr<korvat::TextureChoice> m_choice;
+    viewer::Fittings m_fittings;
     korvat::Renderer *m_renderer = nullptr;
     float m_wheelRadius = 0, m_driverRadius = 0;
     float m_x = 0, m_y = 0, m_z = 0, m_r = 0;

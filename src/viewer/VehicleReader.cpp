@@ -96,17 +96,7 @@ std::optional<float> VehicleReader::Length(const std::string &stockFile)
     }
 }
 
-std::shared_ptr<const content::AddedShapes> VehicleReader::Added(const std::string &stockFile)
-{
-    return kept(stockFile)->added;
-}
-
-Wheels VehicleReader::WheelsOf(const std::string &stockFile)
-{
-    return kept(stockFile)->wheels;
-}
-
-std::shared_ptr<const VehicleReader::Kept> VehicleReader::kept(const std::string &stockFile)
+std::shared_ptr<const VehicleReader::Kept> VehicleReader::keptOf(const std::string &stockFile)
 {
     std::shared_ptr<Kept> kept;
     {
@@ -120,13 +110,37 @@ std::shared_ptr<const VehicleReader::Kept> VehicleReader::kept(const std::string
     return kept;
 }
 
+Wheels VehicleReader::WheelsOf(const std::string &stockFile)
+{
+    return keptOf(stockFile)->wheels;
+}
+
+std::shared_ptr<const content::AddedShapes> VehicleReader::Added(const std::string &stockFile)
+{
+    const auto kept = keptOf(stockFile);
+    return {kept, &kept->added};
+}
+
+std::shared_ptr<const content::VehicleLights> VehicleReader::Lights(const std::string &stockFile)
+{
+    const auto kept = keptOf(stockFile);
+    return {kept, &kept->lights};
+}
+
+std::shared_ptr<const content::VehicleBoxes> VehicleReader::Boxes(const std::string &stockFile)
+{
+    const auto kept = keptOf(stockFile);
+    return {kept, &kept->boxes};
+}
+
 void VehicleReader::read(const std::string &stockFile, Kept &kept)
 {
     const content::VehicleFiles files = filesOf(stockFile);
     const Profile profile = m_reading.allAdded ? Profile::OpenRails : m_reading.profile;
     const content::Vehicle vehicle(m_store, files, profile);
-    kept.added = std::make_shared<const content::AddedShapes>(
-        content::AddedShapesOf(vehicle, files, m_store));
+    kept.added = content::AddedShapesOf(vehicle, files, m_store);
+    kept.lights = content::LightsOf(vehicle);
+    kept.boxes = content::BoxesOf(vehicle);
     kept.wheels = {radiusOf(vehicle, "Wagon/WheelRadius"), radiusOf(vehicle, "Engine/WheelRadius")};
 }
 

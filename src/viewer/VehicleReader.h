@@ -2,6 +2,8 @@
 #pragma once
 
 #include "content/AddedShapes.h"
+#include "content/VehicleBoxes.h"
+#include "content/VehicleLights.h"
 #include "host/Snapshot.h"
 #include "viewer/StockShape.h"
 
@@ -53,16 +55,21 @@ public:
     std::shared_ptr<const content::AddedShapes> Added(const std::string &stockFile);
     /// Returns the wheels that the simulator turns; unknown ones if the vehicle cannot be read.
     Wheels WheelsOf(const std::string &stockFile);
+    /// Return the vehicle's lights and boxes; none if it cannot be read.
+    std::shared_ptr<const content::VehicleLights> Lights(const std::string &stockFile);
+    std::shared_ptr<const content::VehicleBoxes> Boxes(const std::string &stockFile);
 
 private:
     struct Kept
     {
         std::once_flag once;
-        std::shared_ptr<const content::AddedShapes> added;
+        content::AddedShapes added;
+        content::VehicleLights lights;
+        content::VehicleBoxes boxes;
         Wheels wheels;
     };
-    std::shared_ptr<const Kept> kept(const std::string &stockFile);
     content::VehicleFiles filesOf(const std::string &stockFile);
+    std::shared_ptr<const Kept> keptOf(const std::string &stockFile);
     void read(const std::string &stockFile, Kept &kept);
 
     host::GameFiles &m_files;

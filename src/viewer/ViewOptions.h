@@ -31,7 +31,7 @@ struct ViewOptions
     bool normals = false;      ///< a line along each vertex's normal
     bool marksMissing = false; ///< missing textures in magenta
     /// Parts that are not drawn, as PartKey returns them: a shape's file and a matrix of it.
-    std::set<std::string> hiddenParts{};
+    std::set<std::string> hiddenParts = {};
 
     friend bool operator==(const ViewOptions &, const ViewOptions &) = default;
 };

@@ -47,7 +47,7 @@ _zelkctl_command() {
     shape) files=s ;;
     texture) files='ace|dds' options='--out --level' ;;
     thumbnail) files='eng|wag' options='--out --size' ;;
-    render) files='s|eng|wag|con|act' options='--out --size --loose --camera --no-loads' ;;
+    render) files='s|eng|wag|con|act' options='--out --size --loose --camera --no-loads --season --snow --night --lights --wireframe --boxes --normals --mark-missing' ;;
   esac
 }
 

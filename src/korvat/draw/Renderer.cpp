@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "korvat/draw/Renderer.h"
 
+#include "korvat/draw/Night.h"
 #include "korvat/draw/ShadowFit.h"
 
 #include <algorithm>
@@ -146,6 +147,8 @@ FrameSetup Renderer::Setup(int width, int height) const
     setup.ambient = {0.66f, 0.70f, 0.77f};
     setup.ambientBelow = {0.51f, 0.49f, 0.44f};
     setSky(setup, m_eye.y < m_ground);
+    if (m_isNight)
+        Darken(setup, m_cones);
     setup.hazeNear = m_hazeNear;
     setup.hazeFar = m_hazeFar;
     if (m_backdrop) {
@@ -171,9 +174,9 @@ void Renderer::Paint(Device &device, int width, int height)
 void Renderer::PaintTile(Device &device, int width, int height, const Tile &tile)
 {
     FrameSetup setup = Setup(width, height);
-    if (m_clouds && m_eye.y >= m_ground)
+    if (m_clouds && m_eye.y >= m_ground && !m_isNight)
         setup.clouds = numberOf(device, m_clouds);
-    if (m_shadows)
+    if (m_shadows && !m_isNight)
         paintShadows(device, setup);
     const Frustum frustum(setup.view * setup.projection);
     device.BeginFrame(cutTo(tile, setup));
@@ -248,6 +251,7 @@ void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
     DrawCall call;
     call.mesh = numberOf(device, placed.model);
     call.isGround = placed.role == Role::Ground;
+    call.isLines = placed.model->isLines;
     for (const Part &part : placed.model->parts) {
         if (placed.Hides(part))
             continue;
@@ -257,7 +261,8 @@ void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
         call.texture = picture ? numberOf(device, picture) : 0;
         call.firstIndex = part.firstIndex;
         call.indexCount = part.indexCount;
-        call.finish = part.surface.finish;
+        const bool needsNoLight = m_isNight && picture && picture->isNight;
+        call.finish = needsNoLight ? Finish::FullBright : part.surface.finish;
         call.addressing = part.surface.addressing;
         call.mipmaps = part.surface.mipmaps;
         call.sharpness = part.surface.sharpness;

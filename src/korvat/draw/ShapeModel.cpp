@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 using korvat::TexturePtr;
 
@@ -30,31 +31,63 @@ void ShapeModel::fail(std::string reason)
 {
     m_model = nullptr;
     m_problems.clear();
+    m_missing.clear();
     m_pictures.clear();
     m_error = std::move(reason);
 }
 
 void ShapeModel::load(const std::string &path)
 {
-    m_path = path;
+    m_file = path;
     m_folder = host::path::FolderWithSeparator(path);
     m_levels.clear();
     m_pose = nullptr;
     korvat::LoadedModel loaded = m_source.LoadModel(path);
     m_error = std::move(loaded.error);
     m_model = m_error.empty() ? std::move(loaded.model) : nullptr;
-    m_problems.clear();
     m_pictures.clear();
+    loadPictures();
+}
+
+/// Loads the textures of all slots, and leaves those empty that SetTexture has emptied.
+void ShapeModel::loadPictures()
+{
+    m_problems.clear();
+    m_missing.clear();
     if (!m_model)
         return;
+    const std::vector<TexturePtr> before = std::exchange(m_pictures, {});
     for (const std::string &name : m_model->textures) {
-        korvat::LoadedTexture picture = m_source.LoadTexture(m_folder, m_texturePath, name);
-        if (!picture.problem.empty())
+        korvat::LoadedTexture picture = loadPicture(name);
+        if (!picture.problem.empty()) {
             m_problems.push_back(std::move(picture.problem));
-        m_pictures.push_back(std::move(picture.texture));
+            m_missing.push_back(name);
+        }
+        const bool isEmpty = m_pictures.size() < before.size() && !before[m_pictures.size()];
+        m_pictures.push_back(isEmpty ? nullptr : std::move(picture.texture));
     }
     for (const std::string &note : m_model->notes)
-        m_problems.push_back(std::string(host::path::FileName(path)) + ": " + note);
+        m_problems.push_back(std::string(host::path::FileName(m_file)) + ": " + note);
+}
+
+korvat::LoadedTexture ShapeModel::loadPicture(const std::string &name)
+{
+    if (const auto path = m_choice ? m_choice->Instead(m_file, name) : std::nullopt) {
+        korvat::LoadedTexture picture =
+            m_source.LoadTexture(std::string(host::path::FolderWithSeparator(*path)), {},
+                                 std::string(host::path::FileName(*path)));
+        if (picture.problem.empty())
+            return picture;
+    }
+    return m_source.LoadTexture(m_folder, m_texturePath, name);
+}
+
+void ShapeModel::SetChoice(std::shared_ptr<korvat::TextureChoice> choice)
+{
+    if (m_choice == choice)
+        return;
+    m_choice = std::move(choice);
+    loadPictures();
 }
 
 const std::string &ShapeModel::TextureInfo(int index) const
@@ -64,7 +97,7 @@ const std::string &ShapeModel::TextureInfo(int index) const
 
 TexturePtr ShapeModel::LoadTexture(const std::string &name)
 {
-    return m_source.LoadTexture(m_folder, m_texturePath, name).texture;
+    return loadPicture(name).texture;
 }
 
 void ShapeModel::SetTexture(int index, TexturePtr picture)
@@ -97,7 +130,7 @@ std::shared_ptr<const korvat::Model> ShapeModel::AtLevel(int level)
     std::shared_ptr<const korvat::Model> &model = m_levels[level];
     if (!model) {
         try {
-            model = m_source.LoadLevel(m_path, level).model;
+            model = m_source.LoadLevel(m_file, level).model;
         } catch (const std::exception &) {
             // The shape was read before; without this level, the nearest one is shown.
         }

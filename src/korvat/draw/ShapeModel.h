@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "korvat/draw/TextureChoice.h"
 #include "korvat/model/ModelSource.h"
 #include "korvat/model/Pose.h"
 #include "korvat/model/Transform.h"
@@ -27,6 +28,9 @@ public:
     void SetRenderer(korvat::Renderer *renderer) { m_renderer = renderer; }
     /// Sets where to search textures that are not beside the shape, relative to its folder.
     void SetTexturePath(std::string path) { m_texturePath = std::move(path); }
+    /// Sets which textures are shown instead of the shape's own, now and after the next
+    /// LoadShapeFile; null for its own. One that cannot be read is not shown.
+    void SetChoice(std::shared_ptr<korvat::TextureChoice> choice);
 
     /// Reads a shape and all its textures. Throws nothing, even if memory runs out: ErrorText holds
     /// the reason of a failure. After a failure the model is empty.
@@ -36,6 +40,8 @@ public:
     /// Returns the visible defects after the last LoadShapeFile, one sentence each: missing or
     /// broken textures, unknown shaders.
     const std::vector<std::string> &Problems() const { return m_problems; }
+    /// Returns the names of the textures that are missing or broken.
+    const std::vector<std::string> &MissingTextures() const { return m_missing; }
 
     int TextureCount() const { return static_cast<int>(m_pictures.size()); }
     /// Returns the file name of a texture as the shape spells it.
@@ -69,6 +75,8 @@ public:
 private:
     void load(const std::string &path);
     void fail(std::string reason);
+    void loadPictures();
+    korvat::LoadedTexture loadPicture(const std::string &name);
     std::size_t slot(int index) const;
 
     korvat::ModelSource &m_source;
@@ -76,8 +84,9 @@ private:
     std::shared_ptr<const korvat::Model> m_model;
     std::map<int, std::shared_ptr<const korvat::Model>> m_levels; ///< beyond the nearest
     korvat::PosePtr m_pose;
-    std::string m_path, m_folder, m_texturePath, m_error;
-    std::vector<std::string> m_problems;
+    std::shared_ptr<korvat::TextureChoice> m_choice;
+    std::string m_file, m_folder, m_texturePath, m_error;
+    std::vector<std::string> m_problems, m_missing;
     std::vector<korvat::TexturePtr> m_pictures;
     korvat::Transform m_world = korvat::Identity();
 };

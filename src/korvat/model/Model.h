@@ -86,6 +86,7 @@ struct Joint
 struct Model
 {
     Mesh mesh;
+    bool isLines = false; ///< the mesh holds lines of two indices each instead of triangles
     std::vector<Part> parts;
     std::vector<std::string> textures; ///< file names of the texture slots
     std::vector<std::string> notes;    ///< what is not drawn as the file asks, one sentence each

@@ -34,6 +34,13 @@ std::string placeOf(const std::filesystem::path &file)
     return host::disk::kIgnoresCase ? host::ToUpper(path) : path;
 }
 
+bool isInNightFolder(const std::string &place)
+{
+    const std::string_view folder = host::path::FolderWithSeparator(place);
+    return !folder.empty() &&
+           host::EqualsNoCase(host::path::FileName(folder.substr(0, folder.size() - 1)), "Night");
+}
+
 constexpr std::uint32_t kCheckerSide = 64, kCheckerField = 8;
 constexpr std::array<std::uint8_t, 4> kCheckerDark = {0x20, 0x20, 0x20, 0xFF};
 constexpr std::array<std::uint8_t, 4> kCheckerBright = {0xFF, 0x40, 0xFF, 0xFF};
@@ -61,6 +68,19 @@ TexturePtr ModelLibrary::Checker()
         return texture;
     }();
     return checker;
+}
+
+TexturePtr ModelLibrary::Magenta()
+{
+    static const TexturePtr magenta = [] {
+        auto texture = std::make_shared<Texture>();
+        texture->width = texture->height = 1;
+        texture->levels = {{1, 1, PixelFormat::Rgba8, 0, LevelSize(PixelFormat::Rgba8, 1, 1)}};
+        texture->data = {0xFF, 0x00, 0xFF, 0xFF};
+        texture->isNight = true; // as bright in the dark
+        return texture;
+    }();
+    return magenta;
 }
 
 LoadedModel ModelLibrary::LoadLevel(const std::string &path, int level)
@@ -102,6 +122,7 @@ LoadedTexture ModelLibrary::LoadTexture(const std::string &shapeFolder,
         if (file.error)
             return {Checker(), "Texture " + sentence(*path, file.error, "byte")};
         MakeSmallerLevels(file.texture);
+        file.texture.isNight = isInNightFolder(place);
         auto texture = std::make_shared<const Texture>(std::move(file.texture));
         if (stamp)
             keep(m_textures, place, texture, *stamp);
