@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "korvat/model/Pose.h"
 
+#include "korvat/draw/Lines.h"
 #include "korvat/model/MakeModel.h"
 
 #include <gtest/gtest.h>
@@ -123,6 +124,33 @@ TEST(PoseTest, HidesTheJointsOfTheseNamesOnly)
         EXPECT_EQ(pose->Hides(part), part.joint == 1) << part.joint;
     model.joints[1].drawn = false;
     EXPECT_FALSE(MakePose(model, {}, hides)) << "nothing belongs to it";
+}
+
+TEST(PoseTest, LinesMoveWithTheirParts)
+{
+    Model model;
+    for (std::uint32_t joint : {1U, 0U, 1U}) {
+        Part part;
+        part.firstIndex = static_cast<std::uint32_t>(model.mesh.indices.size());
+        part.indexCount = 3;
+        part.joint = joint;
+        model.parts.push_back(part);
+        for (int corner = 0; corner < 3; ++corner) {
+            model.mesh.indices.push_back(static_cast<std::uint32_t>(model.mesh.vertices.size()));
+            model.mesh.vertices.push_back({{}, {0, 1, 0}, {}});
+        }
+    }
+    for (const LineKind kind : {LineKind::Edges, LineKind::Normals}) {
+        const auto lines = MakeLines(model, kind, {});
+        ASSERT_EQ(lines->parts.size(), 2U);
+        EXPECT_EQ(lines->parts[0].joint, 0U);
+        EXPECT_EQ(lines->parts[0].indexCount, 6U);
+        EXPECT_EQ(lines->parts[1].joint, 1U);
+        EXPECT_EQ(lines->parts[1].firstIndex, 6U);
+        EXPECT_EQ(lines->parts[1].indexCount, 12U);
+        const std::uint32_t vertex = lines->mesh.indices[0];
+        EXPECT_EQ(kind == LineKind::Edges ? vertex / 3 : vertex / 6, 1U) << "of the second part";
+    }
 }
 
 TEST(PoseTest, FramesAreBetweenKeys)
