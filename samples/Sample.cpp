@@ -5,6 +5,7 @@
 #include "samples/HealthCases.h"
 #include "samples/Large.h"
 #include "samples/Loads.h"
+#include "samples/Looks.h"
 #include "samples/Output.h"
 #include "samples/Routes.h"
 #include "samples/Stock.h"
@@ -80,6 +81,8 @@ std::string markerText(const Options &options)
         text += " --health";
     if (options.loads)
         text += " --loads";
+    if (options.looks)
+        text += " --looks";
     return text + '\n';
 }
 
@@ -106,7 +109,7 @@ Totals WriteSample(const std::filesystem::path &out, const Options &options)
     Totals totals = defaultTotals();
     const Extra extra = extraOf(options, totals);
     Options smaller = options;
-    smaller.health = smaller.loads = false; // they only add files
+    smaller.health = smaller.loads = smaller.looks = false; // they only add files
     Output output(out, markerText(options), markerText(smaller));
     for (const auto &files : {StockFiles(), SoundFiles(), CabFiles(), ConsistFiles(), RouteFiles()})
         for (const SampleFile &file : files)
@@ -116,7 +119,8 @@ Totals WriteSample(const std::filesystem::path &out, const Options &options)
     totals.stock += extra.stock;
     totals.consists += extra.consists;
     for (const SampleFiles &more : {options.health ? HealthFiles() : SampleFiles(),
-                                    options.loads ? LoadFiles() : SampleFiles()}) {
+                                    options.loads ? LoadFiles() : SampleFiles(),
+                                    options.looks ? LookFiles() : SampleFiles()}) {
         for (const SampleFile &file : more)
             output.Write(file.path, file.bytes);
         count(more, totals);

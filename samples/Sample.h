@@ -18,6 +18,7 @@ struct Options
     std::optional<std::uint64_t> seed = {}; ///< of the generated part; default 1
     bool health = false; ///< also the cases of HealthCases.h, on top of these totals
     bool loads = false;  ///< also the vehicles of Loads.h, on top of these totals
+    bool looks = false;  ///< also the vehicles of Looks.h, on top of these totals
 };
 
 struct Totals
@@ -32,9 +33,9 @@ struct Totals
 inline constexpr const char *kMarkerFile = "zelk-sample.txt";
 
 /// Writes the sample into `out`, which must be new, empty, or hold a sample with the same options.
-/// Overwrites such a sample but leaves other files in the folder alone. Adds health cases and
-/// loads to a sample without both. Equal options give equal bytes. Throws std::runtime_error with a
-/// description if an option, the folder or a file is at fault.
+/// Overwrites such a sample but leaves other files in the folder alone. Adds health cases,
+/// loads and looks to a sample without them. Equal options give equal bytes. Throws
+/// std::runtime_error with a description if an option, the folder or a file is at fault.
 Totals WriteSample(const std::filesystem::path &out, const Options &options = {});
 
 } // namespace samples

@@ -34,6 +34,7 @@ int run(std::vector<std::string> arguments)
     app.add_option("--seed", options.seed, "Chooses the generated part (1)");
     app.add_flag("--health", options.health, "Add the planned cases of the health report");
     app.add_flag("--loads", options.loads, "Add vehicles with loads, couplers and hoses");
+    app.add_flag("--looks", options.looks, "Add vehicles with lights and night textures");
     std::reverse(arguments.begin(), arguments.end()); // the parser expects the last argument first
     try {
         app.parse(std::move(arguments));

@@ -2,83 +2,18 @@
 #include "content/AddedShapes.h"
 
 #include "content/References.h"
-#include "content/Units.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <optional>
 #include <utility>
 
 namespace content {
 namespace {
 
-/// Returns the values of a block from `first` on, also those that only commas divide.
-std::vector<std::string> words(const Block &block, std::size_t first = 0)
-{
-    std::vector<std::string> all;
-    for (std::size_t i = first; i < block.ValueCount(); ++i) {
-        std::string word;
-        for (const char c : block.Value(i) + ',')
-            if (c != ',')
-                word += c;
-            else if (!word.empty())
-                all.push_back(std::exchange(word, {}));
-    }
-    return all;
-}
-
-/// Returns the number that a text begins with; nothing if there is none or it is not finite.
-std::optional<double> leadingNumber(std::string_view text)
-{
-    if (text.starts_with('+'))
-        text.remove_prefix(1);
-    double number = 0;
-    const auto end = std::from_chars(text.data(), text.data() + text.size(), number);
-    return end.ec == std::errc() && std::isfinite(number) ? std::optional(number) : std::nullopt;
-}
-
-/// Returns a length in metres; nothing if it is no number or beyond every load. Simulators ignore
-/// what follows a number, so an unknown unit is ignored too.
-std::optional<float> metres(const std::string &text)
-{
-    const Quantity read = ReadQuantity(text, Measure::Length);
-    if (read.state == Quantity::State::NotGiven)
-        return 0.0F;
-    const auto number = read.IsGiven() ? std::optional(read.value) : leadingNumber(text);
-    if (!number || std::abs(*number) > static_cast<double>(kFarthestAdded))
-        return std::nullopt;
-    return static_cast<float>(*number);
-}
-
-/// A place that a file gives; `fault` holds the text of a value that cannot be used.
-struct Offset
-{
-    std::array<float, 3> at{};
-    std::string fault;
-
-    void Add(std::size_t axis, const std::string &text)
-    {
-        const std::optional<float> value = metres(text);
-        if (!value || std::abs(at.at(axis) + *value) > kFarthestAdded)
-            fault = text;
-        else
-            at.at(axis) += *value;
-    }
-};
-
-Offset offsetOf(const std::vector<std::string> &texts)
-{
-    Offset offset;
-    for (std::size_t i = 0; i < std::min(texts.size(), offset.at.size()); ++i)
-        offset.Add(i, texts[i]);
-    return offset;
-}
-
 bool isTrue(const Block &block)
 {
     const std::string text = block.Value();
-    return Block::SameName(text, "true") || leadingNumber(text).value_or(0) != 0;
+    return Block::SameName(text, "true") || LeadingNumber(text).value_or(0) != 0;
 }
 
 /// The block of Open Rails around the name of a load.
@@ -177,11 +112,11 @@ private:
     Offset levelOf(const Block &block) const
     {
         std::vector<std::string> levels;
-        for (const std::string &word : words(block, 1)) // a shape descriptor may come first
-            if (leadingNumber(word) || !levels.empty())
+        for (const std::string &word : Words(block, 1)) // a shape descriptor may come first
+            if (LeadingNumber(word) || !levels.empty())
                 levels.push_back(word);
         const auto number = [&levels](std::size_t place) {
-            return levels.size() > place ? leadingNumber(levels[place]).value_or(0) : 0.0;
+            return levels.size() > place ? LeadingNumber(levels[place]).value_or(0) : 0.0;
         };
         Offset offset;
         if (m_isTender && number(0) > number(1))
@@ -220,7 +155,7 @@ private:
     static void readInto(LoadBlock &load, const Block &block)
     {
         if (block.Is("Offset"))
-            load.offset = offsetOf(words(block));
+            load.offset = OffsetOf(Words(block));
         else if (block.Is("Flip"))
             load.turned = true;
         else if (block.Is("FullAtStart"))
@@ -228,7 +163,7 @@ private:
         else if (block.Is("MaxHeight"))
             load.height = block.Value();
         else if (block.Is("Visibility"))
-            load.outside = isOutside(words(block));
+            load.outside = isOutside(Words(block));
     }
 
     static bool isOutside(const std::vector<std::string> &views)
@@ -257,7 +192,7 @@ private:
         const bool isCoupler = !has("Hose");
         if (isCoupler && free)
             (shape.from == AddedShape::From::Front ? m_openFront : m_openRear) = true;
-        const Offset offset = offsetOf(words(block, 1));
+        const Offset offset = OffsetOf(Words(block, 1));
         shape.offset = offset.at;
         if (add(each, shape, offset.fault) && isCoupler && !free)
             m_couplers.push_back(m_added.shapes.size() - 1);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "content/Lengths.h"
 #include "content/Vehicle.h"
 
 #include <array>
@@ -47,8 +48,6 @@ struct AddedShapes
 
 /// Loads beyond this number are a problem of their own. Real vehicles have a dozen at most.
 inline constexpr std::size_t kMaxLoads = 100;
-/// Nothing that a vehicle carries is farther from it, in metres.
-inline constexpr float kFarthestAdded = 1000;
 
 /// Returns the shapes that a vehicle adds at the start of a session, as its simulator shows them: a
 /// load of variable height only if it is full at the start, and then at its full height.

@@ -16,6 +16,8 @@ namespace content {
 /// path that it would have.
 struct InstallFolders
 {
+    /// No installation: every folder is "".
+    InstallFolders() = default;
     InstallFolders(host::Snapshot &folders, const std::string &root);
 
     std::string root, trainset, eot, consists, sound, routes;

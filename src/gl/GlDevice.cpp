@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 #ifndef GL_TEXTURE_MAX_ANISOTROPY_EXT
@@ -270,7 +271,7 @@ void GlDevice::DrawShadow(const ShadowCall &call)
         glBindTexture(GL_TEXTURE_2D, call.texture);
         glBindSampler(0, m_samplers[samplerOf(call.addressing, true)]);
     }
-    drawElements(call.mesh, call.firstIndex, call.indexCount);
+    drawElements(call.mesh, call.firstIndex, call.indexCount, GL_TRIANGLES);
 }
 
 void GlDevice::BeginFrame(const FrameSetup &setup)
@@ -344,8 +345,22 @@ void GlDevice::setFrame(const FrameSetup &setup)
     m_surface.setUniformValue("hazeRange", setup.hazeNear, setup.hazeFar);
     m_surface.setUniformValue("picture", 0);
     m_shadows.PassTo(m_surface, setup);
+    passCones(setup);
     glPolygonOffset(kGroundSlope, kGroundUnits);
     glActiveTexture(GL_TEXTURE0);
+}
+
+void GlDevice::passCones(const FrameSetup &setup)
+{
+    m_surface.setUniformValue("coneCount", static_cast<GLint>(setup.coneCount));
+    for (std::size_t i = 0; i < setup.coneCount; ++i) {
+        const LightCone &cone = setup.cones[i];
+        const std::string place = '[' + std::to_string(i) + ']';
+        set(m_surface, ("coneAt" + place).c_str(), cone.at);
+        set(m_surface, ("coneAlong" + place).c_str(), cone.along);
+        set(m_surface, ("coneColour" + place).c_str(), cone.colour);
+        m_surface.setUniformValue(("coneShape" + place).c_str(), cone.reach, cone.cosine);
+    }
 }
 
 void GlDevice::setEnabled(GLenum option, bool enabled)
@@ -374,19 +389,20 @@ void GlDevice::useState(const DrawCall &call)
     glBlendFunc(GL_SRC_ALPHA, call.mixing == Mixing::Add ? GL_ONE : GL_ONE_MINUS_SRC_ALPHA);
 }
 
-void GlDevice::drawElements(unsigned mesh, std::uint32_t first, std::uint32_t count)
+void GlDevice::drawElements(unsigned mesh, std::uint32_t first, std::uint32_t count, GLenum kind)
 {
     if (mesh != m_lastMesh)
         glBindVertexArray(mesh);
     m_lastMesh = mesh;
-    glDrawElements(GL_TRIANGLES, static_cast<GLsizei>(count), GL_UNSIGNED_INT,
+    glDrawElements(kind, static_cast<GLsizei>(count), GL_UNSIGNED_INT,
                    offset(first * sizeof(std::uint32_t)));
 }
 
 void GlDevice::Draw(const DrawCall &call)
 {
     useState(call);
-    drawElements(call.mesh, call.firstIndex, call.indexCount);
+    drawElements(call.mesh, call.firstIndex, call.indexCount,
+                 call.isLines ? GL_LINES : GL_TRIANGLES);
 }
 
 void GlDevice::EndFrame()

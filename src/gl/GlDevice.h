@@ -52,9 +52,10 @@ private:
     GLsizei uploadLevels(const Texture &picture);
     void paintSky(const FrameSetup &setup);
     void setFrame(const FrameSetup &setup);
+    void passCones(const FrameSetup &setup);
     void setEnabled(GLenum option, bool enabled);
     void useState(const DrawCall &call);
-    void drawElements(unsigned mesh, std::uint32_t first, std::uint32_t count);
+    void drawElements(unsigned mesh, std::uint32_t first, std::uint32_t count, GLenum kind);
 
     QOpenGLShaderProgram m_surface, m_sky;
     struct

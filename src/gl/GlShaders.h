@@ -35,6 +35,9 @@ uniform vec2 hazeRange;
 uniform sampler2DArrayShadow shadows;
 uniform mat4 toShadow[3];
 uniform float shadowEnds[3], shadowTexels[3];
+uniform int coneCount;
+uniform vec3 coneAt[4], coneAlong[4], coneColour[4];
+uniform vec2 coneShape[4]; // reach, and the cosine at the edge
 out vec4 result;
 
 // Returns the share of the sun's light that one shadow map lets through, with soft edges.
@@ -73,6 +76,21 @@ float sunHere(vec3 normal)
     return lit;
 }
 
+// Returns the light of lamps. Even at grazing angles, it leaves the ground visible.
+vec3 lampsHere(vec3 normal)
+{
+    vec3 light = vec3(0.0);
+    for (int i = 0; i < coneCount; ++i) {
+        vec3 to = coneAt[i] - place;
+        float away = max(length(to), 0.001), edge = coneShape[i].y;
+        to /= away;
+        float inside = smoothstep(edge, mix(edge, 1.0, 0.6), -dot(to, coneAlong[i]));
+        float near = max(1.0 - away / coneShape[i].x, 0.0);
+        light += coneColour[i] * (inside * near * near * (0.3 + 0.7 * max(dot(normal, to), 0.0)));
+    }
+    return light;
+}
+
 vec3 lightOn(vec3 normal, float sunlit)
 {
     vec3 ambient = mix(below, above, normal.y * 0.5 + 0.5);
@@ -82,7 +100,7 @@ vec3 lightOn(vec3 normal, float sunlit)
         return ambient * 0.5 + 0.25;
     if (finish == 5)
         return ambient * 0.5;
-    return ambient + sun * (max(dot(normal, toSun), 0.0) * sunlit);
+    return ambient + sun * (max(dot(normal, toSun), 0.0) * sunlit) + lampsHere(normal);
 }
 
 vec3 skyIn(vec3 direction)

@@ -39,6 +39,9 @@ std::vector<std::string> AddShapes(TSViewObject &object, VehicleReader &vehicles
                                    const std::string &stockFile, const Ends &ends)
 {
     const auto added = vehicles.Added(stockFile);
+    const Wheels wheels = vehicles.WheelsOf(stockFile);
+    object.SetWheels(wheels.radius, wheels.driven);
+    object.SetFittings({vehicles.Lights(stockFile), vehicles.Boxes(stockFile), ends});
     std::vector<std::string> missing = added->problems;
     for (const AddedShape &shape : added->shapes) {
         if (!isSeen(shape, ends))

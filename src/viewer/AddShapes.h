@@ -2,6 +2,7 @@
 #pragma once
 
 #include "korvat/model/Transform.h"
+#include "viewer/Fittings.h"
 #include "viewer/VehicleReader.h"
 
 #include <string>
@@ -11,15 +12,8 @@ class TSViewObject;
 
 namespace viewer {
 
-/// The ends of a vehicle, where its couplers are.
-struct Ends
-{
-    float length = 0; ///< of the vehicle, in metres
-    bool frontCoupled = false, rearCoupled = false;
-};
-
-/// Adds the shapes that a vehicle adds to the object of its own shape. Returns what is missing, one
-/// sentence each.
+/// Adds the shapes that a vehicle adds, its wheels, its lights and its boxes to the object of its
+/// own shape. Returns what is missing of the shapes, one sentence each.
 std::vector<std::string> AddShapes(TSViewObject &object, VehicleReader &vehicles,
                                    const std::string &stockFile, const Ends &ends);
 

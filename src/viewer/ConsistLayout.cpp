@@ -129,7 +129,7 @@ void ConsistLayout::addShapes(const std::string &stockFile, std::optional<float>
     TSViewObject &object = m_view.Models.Item(m_view.Models.Count());
     const bool before = m_next > 1, behind = m_next < m_units.size();
     const Ends ends{length.value_or(LengthOf(object)), flipped ? behind : before,
-                    flipped ? before : behind};
+                    flipped ? before : behind, !before, !behind};
     AddMissing(AddShapes(object, *m_vehicles, stockFile, ends), m_lacks);
 }
 

@@ -51,18 +51,18 @@ void KeptModels::watch(std::map<std::string, Entry> &entries, const std::string 
     entries[key].file = std::move(file);
 }
 
-LoadedModel KeptModels::LoadModel(const std::string &path)
+LoadedModel KeptModels::LoadLevel(const std::string &path, int level)
 {
     // Before the file is read, so that a change during the reading is noticed.
     watch(m_shapes, KeyOf(path), [&] { return FileOnDisk::Of(m_files, path); });
-    LoadedModel loaded = m_source.LoadModel(path);
+    LoadedModel loaded = level == 1 ? m_source.LoadModel(path) : m_source.LoadLevel(path, level);
     const std::lock_guard lock(m_mutex);
-    Shape &shape = m_shapes[KeyOf(path)];
+    auto &model = m_shapes[KeyOf(path)].models[level];
     if (loaded.model) {
-        shape.model = loaded.model;
-    } else if (shape.model) {
+        model = loaded.model;
+    } else if (model) {
         m_problems.push_back(std::exchange(loaded.error, {}));
-        loaded.model = shape.model;
+        loaded.model = model;
     }
     return loaded;
 }

@@ -38,7 +38,8 @@ public:
     /// Both must outlive this object.
     KeptModels(korvat::ModelSource &source, host::GameFiles &files);
 
-    korvat::LoadedModel LoadModel(const std::string &path) override;
+    korvat::LoadedModel LoadModel(const std::string &path) override { return LoadLevel(path, 1); }
+    korvat::LoadedModel LoadLevel(const std::string &path, int level) override;
     korvat::LoadedTexture LoadTexture(const std::string &shapeFolder,
                                       const std::string &texturePath,
                                       const std::string &name) override;
@@ -60,7 +61,8 @@ private:
     struct Shape
     {
         FileOnDisk file;
-        std::shared_ptr<const korvat::Model> model; ///< the last good one; null for none
+        std::map<int, std::shared_ptr<const korvat::Model>>
+            models; ///< the last good ones, by level
     };
     struct Picture
     {

@@ -12,6 +12,7 @@
 #include "viewer/TextureReport.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 using host::ErrorNumber;
@@ -21,6 +22,8 @@ namespace viewer {
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenFrames(150);
+/// Metres after which wheels begin again, so that their angles stay exact.
+constexpr float kFarthestRoll = 10000;
 
 } // namespace
 
@@ -49,6 +52,7 @@ void Stage::setUp(korvat::Ground ground)
         m_canvas->SetGround(ground);
     m_view->ShowLoads(m_showsLoads);
     m_view->SetOptions(m_options);
+    m_travelled = 0;
     m_view->Initialise();
     OrbitCamera(*m_view).Reset(0);
     m_view->ResetCamera();
@@ -125,10 +129,32 @@ void Stage::ShowLoads(bool shown)
 void Stage::SetOptions(const ViewOptions &options)
 {
     m_options = options;
+    if (m_options.speed <= 0)
+        m_travelled = 0;
     if (!m_view)
         return;
     m_view->SetOptions(options);
+    m_view->SetTravelled(m_travelled);
     m_view->ShowModels();
+}
+
+void Stage::Roll(float seconds)
+{
+    if (!m_view || m_options.speed <= 0 || m_loading)
+        return;
+    m_travelled = std::fmod(m_travelled + m_options.speed * seconds, kFarthestRoll);
+    m_view->SetTravelled(m_travelled);
+    m_view->ShowModels();
+}
+
+std::vector<ShapeParts> Stage::Parts() const
+{
+    return m_view ? PartsOf(m_view->Models) : std::vector<ShapeParts>();
+}
+
+std::vector<LevelDistances> Stage::Levels() const
+{
+    return m_view ? LevelsOf(m_view->Models) : std::vector<LevelDistances>();
 }
 
 /// Loads the shape, and what its vehicle adds.
@@ -333,6 +359,8 @@ void Stage::reportEnd()
         return;
     }
     AddMissing(m_lacks, m_problems);
+    if (m_options.lights)
+        AddMissing(LightProblemsOf(m_view->Models), m_problems);
     if (m_problems.empty()) {
         m_setStatus("Done");
     } else {
@@ -353,8 +381,16 @@ std::string Stage::Report() const
         return {};
     std::vector<std::string> missing = m_layout ? m_messages.Texts() : std::vector<std::string>();
     AddMissing(m_lacks, missing);
+    if (m_options.lights)
+        AddMissing(LightProblemsOf(m_view->Models), missing);
     return (m_layout ? ConsistTextures(m_view->Models) : ShapeTextures(m_view->Models)) +
-           AddedTextures(m_view->Models) + NotLoaded(missing);
+           AddedTextures(m_view->Models) + NotLoaded(missing) +
+           Incomplete(FaultsOf(m_view->Models));
+}
+
+std::vector<MissingTexture> Stage::MissingTextures() const
+{
+    return m_view ? MissingTexturesOf(m_view->Models) : std::vector<MissingTexture>();
 }
 
 void Stage::Close()

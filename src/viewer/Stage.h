@@ -4,7 +4,9 @@
 #include "install/Environment.h"
 #include "viewer/ConsistLayout.h"
 #include "viewer/KeptModels.h"
+#include "viewer/Lacks.h"
 #include "viewer/LoadMessages.h"
+#include "viewer/SceneParts.h"
 #include "viewer/ShapesAhead.h"
 #include "viewer/TSView.h"
 
@@ -55,6 +57,12 @@ public:
     /// Sets what is shown of the content, now and in later scenes.
     void SetOptions(const ViewOptions &options);
     const ViewOptions &Options() const { return m_options; }
+    /// Turns the wheels as far as they roll in this time at the speed of the options, and draws a
+    /// frame. Without a speed they stay at rest.
+    void Roll(float seconds);
+    /// Return the parts of the scene's shapes, and the levels of detail of its vehicles.
+    std::vector<ShapeParts> Parts() const;
+    std::vector<LevelDistances> Levels() const;
     /// From the next Render on, shows the loads and couplers of both simulators, whichever the user
     /// has chosen.
     void ShowAllAdded() { m_showsAllAdded = true; }
@@ -98,8 +106,11 @@ public:
     int ScrollMiddle() const { return m_scrollMiddle; }
 
     /// Returns the texture report of the scene, followed by the textures of the shapes that
-    /// vehicles add and by what could not be loaded; "" if there is no scene.
+    /// vehicles add, by what could not be loaded, or shown of lights, and by what levels and
+    /// animations lack; "" if there is no scene.
     std::string Report() const;
+    /// Returns the textures of the scene that are missing or cannot be read.
+    std::vector<MissingTexture> MissingTextures() const;
     /// Detaches all objects from the canvas and drops the scene.
     void Close();
 
@@ -134,7 +145,8 @@ private:
     std::string m_shownShape, m_vehicleFile, m_caption;
     bool m_showsLoads = true, m_showsAllAdded = false;
     ViewOptions m_options;
-    StfNode m_train; ///< for m_layout
+    float m_travelled = 0; ///< metres since the wheels began to turn
+    StfNode m_train;       ///< for m_layout
     std::string m_installFolder;
     std::map<std::string, FileOnDisk> m_stock; ///< by game path
     std::vector<std::string> m_problems, m_lacks;

@@ -6,6 +6,8 @@
 #include "host/RuntimeError.h"
 #include "korvat/draw/Canvas.h"
 #include "viewer/Numbers.h"
+#include "viewer/ScenePoses.h"
+#include "viewer/Seasons.h"
 
 #include <algorithm>
 #include <cmath>
@@ -82,6 +84,7 @@ bool TSView::LoadShapeInToViewer(const std::string &shapeId, const std::string &
     auto object = std::make_shared<TSViewObject>(m_environment);
     object->SetRenderer(Viewer ? Viewer->Device() : nullptr);
     object->Model().SetTexturePath(TSViewObject::kTexturePath);
+    object->SetChoice(m_choice);
     if (!object->LoadShape(shapeFile)) {
         // The object itself has reported a missing file, and leaves no error text.
         if (!object->LastError().empty())
@@ -92,6 +95,17 @@ bool TSView::LoadShapeInToViewer(const std::string &shapeId, const std::string &
     object->MoveAndRotateTo(x, y, z, viewer::DegToRad(degrees));
     Models.Add(std::move(object), shapeId);
     return true;
+}
+
+void TSView::SetOptions(const viewer::ViewOptions &options)
+{
+    const bool sameTextures = viewer::ShowSameTextures(m_options, options);
+    m_options = options;
+    if (sameTextures)
+        return;
+    m_choice = viewer::ChooseTextures(m_environment.files, options);
+    for (int place = 1; place <= Models.Count(); ++place)
+        Models.Item(place).SetChoice(m_choice);
 }
 
 void TSView::RefreshForm()
@@ -136,11 +150,19 @@ void TSView::ShowModels()
 {
     if (!FullyStarted)
         return;
+    korvat::Renderer *renderer = Viewer->Device();
+    if (renderer)
+        viewer::Overlays::SetLight(*renderer, Models, m_options);
     if (Viewer->BeginFrame()) {
+        viewer::ScenePoses poses(m_options, m_travelled);
+        const int level = std::max(m_options.level, 1);
         for (int place = 1; place <= Models.Count(); ++place) {
-            Models.Item(place).Model().Render(1, -1.0f);
-            Models.Item(place).RenderAdded(m_showsLoads);
+            poses.Apply(Models.Item(place));
+            Models.Item(place).Model().Render(level, -1.0f);
+            Models.Item(place).RenderAdded(m_showsLoads, level);
         }
+        if (renderer)
+            m_overlays.AddTo(*renderer, Models, m_options);
         Viewer->EndFrame();
     }
     yield();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "viewer/CameraPose.h"
+#include "viewer/Overlays.h"
 #include "viewer/TSViewObject.h"
 #include "viewer/ViewOptions.h"
 
@@ -66,8 +67,11 @@ public:
     void ShowLoads(bool shown) { m_showsLoads = shown; }
     bool ShowsLoads() const { return m_showsLoads; }
     /// Sets what the next frames show of the content.
-    void SetOptions(const viewer::ViewOptions &options) { m_options = options; }
+    void SetOptions(const viewer::ViewOptions &options);
     const viewer::ViewOptions &Options() const { return m_options; }
+    /// Sets how far the train has rolled in the next frames, in metres. 0, the first value, shows
+    /// all parts at rest.
+    void SetTravelled(float metres) { m_travelled = metres; }
     /// Restores the canvas and the models after a resize, and draws a frame.
     void RefreshForm();
     /// Passes the camera to the canvas and draws a frame.
@@ -94,4 +98,7 @@ private:
     install::Environment m_environment;
     bool m_showsLoads = true;
     viewer::ViewOptions m_options;
+    float m_travelled = 0;
+    std::shared_ptr<korvat::TextureChoice> m_choice; ///< of the options
+    viewer::Overlays m_overlays;
 };

@@ -85,6 +85,7 @@ std::string TSViewObject::AddShape(const std::string &shapeFile, const korvat::T
     Added added{ShapeModel(m_environment.shapes), shapeFile, place, isLoad};
     added.model.SetRenderer(m_renderer);
     added.model.SetTexturePath(kTexturePath);
+    added.model.SetChoice(m_choice);
     added.model.LoadShapeFile(shapeFile);
     std::string fault(host::TrimBlanks(added.model.ErrorText()));
     if (fault.empty())
@@ -92,13 +93,28 @@ std::string TSViewObject::AddShape(const std::string &shapeFile, const korvat::T
     return fault;
 }
 
-void TSViewObject::RenderAdded(bool withLoads)
+void TSViewObject::SetChoice(const std::shared_ptr<korvat::TextureChoice> &choice)
+{
+    m_choice = choice;
+    m_model.SetChoice(choice);
+    for (Added &added : m_added)
+        added.model.SetChoice(choice);
+}
+
+void TSViewObject::SetPoses(int level, const PoseOf &poseOf)
+{
+    m_model.SetPose(poseOf ? poseOf(m_model.AtLevel(level), m_shapeFile) : nullptr);
+    for (Added &added : m_added)
+        added.model.SetPose(poseOf ? poseOf(added.model.AtLevel(level), added.file) : nullptr);
+}
+
+void TSViewObject::RenderAdded(bool withLoads, int level)
 {
     for (Added &added : m_added) {
         if (added.isLoad && !withLoads)
             continue;
         added.model.SetWorldMatrix(added.place * m_model.WorldMatrix());
-        added.model.Render(1, -1.0F);
+        added.model.Render(level, -1.0F);
     }
 }
 
@@ -183,5 +199,6 @@ void TSViewObject::Destroy()
     for (int slot = 0; slot < m_model.TextureCount(); ++slot)
         m_model.SetTexture(slot, nullptr);
     m_added.clear();
+    m_fittings = {};
     SetRenderer(nullptr);
 }

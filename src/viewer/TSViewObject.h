@@ -3,9 +3,13 @@
 
 #include "install/Environment.h"
 #include "korvat/draw/ShapeModel.h"
+#include "viewer/Fittings.h"
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// One shape in a scene: its model, its place and direction, and whether it shows its textures or,
@@ -55,8 +59,28 @@ public:
         bool isLoad = false;
     };
     const std::vector<Added> &AddedShapes() const { return m_added; }
-    /// Adds these shapes to the frame, where the object is now.
-    void RenderAdded(bool withLoads);
+    /// Adds these shapes to the frame, where the object is now, in this level of detail.
+    void RenderAdded(bool withLoads, int level = 1);
+
+    /// Sets the radii of the vehicle's wheels, in metres; 0 if they are not known.
+    void SetWheels(float radius, float driven)
+    {
+        m_wheelRadius = radius;
+        m_driverRadius = driven;
+    }
+    float WheelRadius() const { return m_wheelRadius; }
+    float DriverRadius() const { return m_driverRadius; }
+    /// Gives the object and the shapes added to it their poses, which `poseOf` returns for the
+    /// model of a shape and the shape's file.
+    using PoseOf = std::function<korvat::PosePtr(const std::shared_ptr<const korvat::Model> &model,
+                                                 const std::string &file)>;
+    void SetPoses(int level, const PoseOf &poseOf);
+
+    /// Sets which textures the shapes show instead of their own; null for their own.
+    void SetChoice(const std::shared_ptr<korvat::TextureChoice> &choice);
+    /// Set and return the lights and boxes of the object's vehicle.
+    void SetFittings(viewer::Fittings fittings) { m_fittings = std::move(fittings); }
+    const viewer::Fittings &Fittings() const { return m_fittings; }
 
     /// Attaches the shapes to the renderer that draws them, which must outlive the attachment; null
     /// detaches.
@@ -104,7 +128,10 @@ private:
     bool m_selected = false;
     ShapeModel m_model;
     std::vector<Added> m_added;
+    std::shared_ptr<korvat::TextureChoice> m_choice;
+    viewer::Fittings m_fittings;
     korvat::Renderer *m_renderer = nullptr;
+    float m_wheelRadius = 0, m_driverRadius = 0;
     float m_x = 0, m_y = 0, m_z = 0, m_r = 0;
     std::string m_shapeFile, m_lastError;
     std::vector<std::string> m_textures;

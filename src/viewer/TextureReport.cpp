@@ -21,6 +21,16 @@ std::string texturesOf(const TSViewObject &object, const std::string &heading)
     return text;
 }
 
+std::string numbered(const std::string &heading, const std::vector<std::string> &lines)
+{
+    if (lines.empty())
+        return {};
+    std::string text = kBetween + heading + std::to_string(lines.size());
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        text += kLineEnd + std::to_string(i + 1) + '\t' + lines[i];
+    return text;
+}
+
 } // namespace
 
 std::string ShapeTextures(const ViewObjects &objects)
@@ -62,13 +72,12 @@ std::string AddedTextures(const ViewObjects &objects)
 
 std::string NotLoaded(const std::vector<std::string> &reasons)
 {
-    if (reasons.empty())
-        return {};
-    std::string text =
-        std::string(kLineEnd) + kLineEnd + "Not loaded: " + std::to_string(reasons.size());
-    for (std::size_t i = 0; i < reasons.size(); ++i)
-        text += kLineEnd + std::to_string(i + 1) + '\t' + reasons[i];
-    return text;
+    return numbered("Not loaded: ", reasons);
+}
+
+std::string Incomplete(const std::vector<std::string> &faults)
+{
+    return numbered("Incomplete: ", faults);
 }
 
 } // namespace viewer

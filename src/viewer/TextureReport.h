@@ -18,5 +18,7 @@ std::string AddedTextures(const ViewObjects &objects);
 /// Returns the end of such a report, with what could not be loaded: an empty line, a heading and a
 /// numbered line for each reason; "" if there are no reasons.
 std::string NotLoaded(const std::vector<std::string> &reasons);
+/// Like NotLoaded, for what levels of detail and animations lack.
+std::string Incomplete(const std::vector<std::string> &faults);
 
 } // namespace viewer

@@ -2,6 +2,7 @@
 #include "viewer/VehicleReader.h"
 
 #include "content/HealthSettings.h"
+#include "content/Units.h"
 #include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "install/Environment.h"
@@ -30,6 +31,19 @@ void applyTo(StockShape &stock, const content::Vehicle &vehicle, const std::stri
     const std::string literal = content::PathIn(folder, shape->LiteralValue());
     if (!store.Find(stock.shapeFile) && store.Find(literal))
         stock.shapeFile = literal;
+}
+
+/// Returns a radius in metres; 0 if there is none, or none that a wheel has.
+float radiusOf(const content::Vehicle &vehicle, std::string_view path)
+{
+    constexpr double kLeast = 0.05, kLargest = 3;
+    const auto value = vehicle.Find(path);
+    if (!value)
+        return 0;
+    const content::Quantity radius = content::ReadQuantity(value->text, content::Measure::Length);
+    return radius.IsGiven() && radius.value >= kLeast && radius.value <= kLargest
+               ? static_cast<float>(radius.value)
+               : 0.0F;
 }
 
 } // namespace
@@ -82,7 +96,7 @@ std::optional<float> VehicleReader::Length(const std::string &stockFile)
     }
 }
 
-std::shared_ptr<const content::AddedShapes> VehicleReader::Added(const std::string &stockFile)
+std::shared_ptr<const VehicleReader::Kept> VehicleReader::keptOf(const std::string &stockFile)
 {
     std::shared_ptr<Kept> kept;
     {
@@ -92,18 +106,42 @@ std::shared_ptr<const content::AddedShapes> VehicleReader::Added(const std::stri
             place = std::make_shared<Kept>();
         kept = place;
     }
-    std::call_once(kept->once, [&] {
-        kept->added = std::make_shared<const content::AddedShapes>(read(stockFile));
-    });
-    return kept->added;
+    std::call_once(kept->once, [&] { read(stockFile, *kept); });
+    return kept;
 }
 
-content::AddedShapes VehicleReader::read(const std::string &stockFile)
+Wheels VehicleReader::WheelsOf(const std::string &stockFile)
+{
+    return keptOf(stockFile)->wheels;
+}
+
+std::shared_ptr<const content::AddedShapes> VehicleReader::Added(const std::string &stockFile)
+{
+    const auto kept = keptOf(stockFile);
+    return {kept, &kept->added};
+}
+
+std::shared_ptr<const content::VehicleLights> VehicleReader::Lights(const std::string &stockFile)
+{
+    const auto kept = keptOf(stockFile);
+    return {kept, &kept->lights};
+}
+
+std::shared_ptr<const content::VehicleBoxes> VehicleReader::Boxes(const std::string &stockFile)
+{
+    const auto kept = keptOf(stockFile);
+    return {kept, &kept->boxes};
+}
+
+void VehicleReader::read(const std::string &stockFile, Kept &kept)
 {
     const content::VehicleFiles files = filesOf(stockFile);
     const Profile profile = m_reading.allAdded ? Profile::OpenRails : m_reading.profile;
     const content::Vehicle vehicle(m_store, files, profile);
-    return content::AddedShapesOf(vehicle, files, m_store);
+    kept.added = content::AddedShapesOf(vehicle, files, m_store);
+    kept.lights = content::LightsOf(vehicle);
+    kept.boxes = content::BoxesOf(vehicle);
+    kept.wheels = {radiusOf(vehicle, "Wagon/WheelRadius"), radiusOf(vehicle, "Engine/WheelRadius")};
 }
 
 StockShape ReadVehicleToShow(const install::Environment &environment, const std::string &stockFile)

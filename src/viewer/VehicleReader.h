@@ -2,6 +2,8 @@
 #pragma once
 
 #include "content/AddedShapes.h"
+#include "content/VehicleBoxes.h"
+#include "content/VehicleLights.h"
 #include "host/Snapshot.h"
 #include "viewer/StockShape.h"
 
@@ -29,6 +31,13 @@ struct Reading
 /// Returns the reading that the user has chosen for the current installation.
 Reading ChosenReading(const install::Environment &environment);
 
+/// The radii of a vehicle's wheels, in metres; 0 if they are not known.
+struct Wheels
+{
+    float radius = 0;
+    float driven = 0; ///< of the wheels that an engine drives
+};
+
 /// Reads what a scene shows of vehicles. Reads each file once and assumes that files do not change
 /// meanwhile. Thread-safe.
 class VehicleReader
@@ -46,15 +55,24 @@ public:
     std::optional<float> Length(const std::string &stockFile);
     /// Returns the shapes that the vehicle adds; none if it cannot be read.
     std::shared_ptr<const content::AddedShapes> Added(const std::string &stockFile);
+    /// Returns the wheels that the simulator turns; unknown ones if the vehicle cannot be read.
+    Wheels WheelsOf(const std::string &stockFile);
+    /// Return the vehicle's lights and boxes; none if it cannot be read.
+    std::shared_ptr<const content::VehicleLights> Lights(const std::string &stockFile);
+    std::shared_ptr<const content::VehicleBoxes> Boxes(const std::string &stockFile);
 
 private:
     struct Kept
     {
         std::once_flag once;
-        std::shared_ptr<const content::AddedShapes> added;
+        content::AddedShapes added;
+        content::VehicleLights lights;
+        content::VehicleBoxes boxes;
+        Wheels wheels;
     };
     content::VehicleFiles filesOf(const std::string &stockFile);
-    content::AddedShapes read(const std::string &stockFile);
+    std::shared_ptr<const Kept> keptOf(const std::string &stockFile);
+    void read(const std::string &stockFile, Kept &kept);
 
     host::GameFiles &m_files;
     Reading m_reading;

@@ -30,8 +30,8 @@ struct ViewOptions
     bool wireframe = false;    ///< edges of the triangles instead of surfaces
     bool normals = false;      ///< a line along each vertex's normal
     bool marksMissing = false; ///< missing textures in magenta
-    /// Parts that are not drawn: names of matrices in a shape's hierarchy, in capital letters.
-    std::set<std::string> hiddenParts;
+    /// Parts that are not drawn, as PartKey returns them: a shape's file and a matrix of it.
+    std::set<std::string> hiddenParts = {};
 
     friend bool operator==(const ViewOptions &, const ViewOptions &) = default;
 };

@@ -51,6 +51,7 @@ void begin(viewer::Stage &stage, Session &session, const install::Environment &e
 {
     stage.ShowAllAdded();
     stage.ShowLoads(request.loads);
+    stage.SetOptions(request.options);
     const auto is = [&request](std::string_view extension) {
         return host::path::HasExtension(request.file, extension);
     };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "viewer/ViewOptions.h"
 #include "zelkctl/Session.h"
 
 #include <array>
@@ -17,6 +18,7 @@ struct RenderRequest
     int loose = 1;                              ///< number of the loose consist in an activity
     std::optional<std::array<float, 6>> camera; ///< eye and target; empty for the side view
     bool loads = true;                          ///< with the loads of vehicles
+    viewer::ViewOptions options;
 };
 
 /// Draws a shape, vehicle, consist or loose consist into a PNG file. Throws Failure if that is not

@@ -12,7 +12,10 @@ namespace zelkctl {
 struct RenderArguments
 {
     std::string file, out, size = "1280x720", loose = "1", camera, msts;
+    std::string season = "summer";
     bool loads = true;
+    bool snow = false, night = false, lights = false, wireframe = false, boxes = false,
+         normals = false, markMissing = false;
 };
 
 /// Converts the texts to numbers; throws Failure for one that is not valid.

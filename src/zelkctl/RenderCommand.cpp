@@ -20,6 +20,20 @@ void render(Session &session, RenderArguments &arguments)
     session.exitCode = RunRenderProgram(ToList(arguments));
 }
 
+void addLooks(CLI::App &command, const std::shared_ptr<RenderArguments> &arguments)
+{
+    RenderArguments &a = *arguments;
+    command.add_option("--season", a.season, "The season of the textures (summer)")
+        ->type_name("spring|summer|autumn|winter");
+    command.add_flag("--snow", a.snow, "With textures for snow");
+    command.add_flag("--night", a.night, "At night, with night textures");
+    command.add_flag("--lights", a.lights, "With the lights of vehicles");
+    command.add_flag("--wireframe", a.wireframe, "Edges instead of surfaces");
+    command.add_flag("--boxes", a.boxes, "With boxes for the size and the couplers of vehicles");
+    command.add_flag("--normals", a.normals, "With a line along each normal");
+    command.add_flag("--mark-missing", a.markMissing, "Missing textures in magenta");
+}
+
 } // namespace
 
 int RunRenderProgram(const std::vector<std::string> &arguments)
@@ -51,6 +65,7 @@ void AddRenderCommand(CLI::App &app, Session &session)
         ->type_name("X,Y,Z,TX,TY,TZ");
     command->add_flag_callback(
         "--no-loads", [arguments] { arguments->loads = false; }, "Leave out the loads of vehicles");
+    addLooks(*command, arguments);
     command->callback([&session, arguments] { render(session, *arguments); });
 }
 

@@ -8,6 +8,7 @@
 #include "OffscreenScene.h"
 #include "korvat/TestShape.h"
 #include "samples/Sample.h"
+#include "viewer/ScenePoses.h"
 #include "viewer/Stage.h"
 
 #include <QDir>
@@ -169,6 +170,32 @@ std::vector<Panel> bush(int lightMaterial)
     return panels;
 }
 
+/// Returns an engine with a lettered wheel, which turns, and a pantograph, which rises by one
+/// metre.
+std::string engineText()
+{
+    std::vector<Panel> panels = {SidePanel(1, 1, {0, 2.5F, 0}, 8, 2), SidePanel(1.1F, 1, {}, 2, 2),
+                                 SidePanel(0.9F, 1, {}, 3, 0.3F)};
+    std::string text = ShapeText(panels);
+    const auto replace = [&text](const std::string &from, const std::string &to) {
+        text.replace(text.find(from), from.size(), to);
+    };
+    const std::string state = "vtx_state ( 00000000 0 ";
+    replace(state, "vtx_state ( 00000000 ");
+    for (const char *matrix : {"1 ", "2 "}) // of the second and the third panel
+        text.replace(text.find(state), state.size(), "vtx_state ( 00000000 " + std::string(matrix));
+    replace("vtx_state ( 00000000 ", state);
+    replace("matrix MAIN ( 1 0 0 0 1 0 0 0 1 0 0 0 ) ",
+            "matrix MAIN ( 1 0 0 0 1 0 0 0 1 0 0 0 ) matrix WHEELS1 ( 1 0 0 0 1 0 0 0 1 0 1 0 ) "
+            "matrix PANTOGRAPHTOP1 ( 1 0 0 0 1 0 0 0 1 0 3.7 1 ) ");
+    replace("hierarchy ( 1 -1 )", "hierarchy ( 3 -1 0 0 )");
+    const std::string animation =
+        "animations ( 1 animation ( 2 30 anim_nodes ( 3 anim_node MAIN ( controllers ( 0 ) ) "
+        "anim_node WHEELS1 ( controllers ( 0 ) ) anim_node PANTOGRAPHTOP1 ( controllers ( 1 "
+        "linear_pos ( 2 linear_key ( 0 0 3.7 1 ) linear_key ( 2 0 4.7 1 ) ) ) ) ) ) ) ";
+    return text.insert(text.rfind(')'), animation);
+}
+
 constexpr const char *kStock = "s/TRAINS/TRAINSET/", *kCottage = "ROUTES/TARNWICK/SHAPES/cottage.s";
 
 } // namespace
@@ -306,5 +333,49 @@ TEST_F(BaselineTest, MaterialsMatchTheStoredPictures)
         show(row.panels(-5));
         expectOther(picture, take(row.camera));
     }
+    EXPECT_EQ(dialogs.Log(), "");
+}
+
+TEST_F(BaselineTest, MovedAndHiddenPartsMatchTheStoredPictures)
+{
+    using viewer::ViewOptions;
+    folder.Write("side.dds", LetterFile());
+    show(folder.Write("engine.s", engineText()));
+    view.Models.Item(1).SetWheels(1, 0);
+    const CameraPose side{9, 2.5F, 0, 0, 2.5F, 0};
+    const QImage still = take(side);
+    const auto takeWith = [&](const ViewOptions &options, float travelled) {
+        view.SetOptions(options);
+        view.SetTravelled(travelled);
+        return take(side);
+    };
+    const std::string wheel = viewer::PartKey(folder.At("engine.s"), "WHEELS1");
+    const struct
+    {
+        const char *name;
+        ViewOptions options;
+        float travelled;
+    } rows[] = {{"moved-wheel", {.speed = 1}, 0.8F},
+                {"raised-pantograph", {.pantographs = true}, 0},
+                {"hidden-part", {.hiddenParts = {wheel}}, 0}};
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.name);
+        const QImage picture = takeWith(row.options, row.travelled);
+        compare(row.name, picture);
+        expectOther(picture, still);
+    }
+    EXPECT_EQ(difference(takeWith({}, 0), still, 0), 0) << "at rest again";
+    EXPECT_EQ(dialogs.Log(), "");
+}
+
+TEST_F(BaselineTest, FartherLevelMatchesTheStoredPicture)
+{
+    show(folder.At(kStock + std::string("Ardmoor Valley/avr_d401.s")));
+    const CameraPose near{7, 3.5F, 11, 0, 1.8F, 5};
+    const QImage finest = take(near);
+    view.SetOptions({.level = 99});
+    expectOther(compare("far-level", take(near)), finest);
+    view.SetOptions({.level = 1});
+    EXPECT_EQ(difference(take(near), finest, 0), 0);
     EXPECT_EQ(dialogs.Log(), "");
 }

@@ -169,3 +169,30 @@ TEST(MakeModelTest, LeavesOutTrianglesWithoutAPlace)
     EXPECT_EQ(twice.mesh.vertices[3].position, (Vec3{2, 0, 0}));
     EXPECT_EQ(twice.mesh.vertices[3].normal, (Vec3{0, 0, -1})) << "normals keep length 1";
 }
+
+TEST(MakeModelTest, LevelsCountFromTheNearest)
+{
+    Shape shape = oneTriangle(); // the farther level is empty
+    SubObject twice = shape.lodControls[0].levels[1].subObjects[0];
+    twice.triangles = {{0, 0, 3}, {0, 0, 3}};
+    const float none = std::numeric_limits<float>::quiet_NaN();
+    shape.lodControls[0].levels.insert(shape.lodControls[0].levels.begin(),
+                                       Level{none, {-1, 0}, {twice}});
+    const auto indices = [&shape](int level) {
+        return MakeModel(shape, level).mesh.indices.size();
+    };
+    EXPECT_EQ(indices(1), 3U);
+    EXPECT_EQ(indices(0), 3U);
+    EXPECT_EQ(indices(2), 0U) << "up to 2000 m";
+    EXPECT_EQ(indices(3), 6U) << "without a distance";
+    EXPECT_EQ(indices(99), 6U) << "the farthest one";
+    const std::vector<float> levels = MakeModel(shape).levels;
+    ASSERT_EQ(levels.size(), 3U);
+    EXPECT_EQ(levels[0], 100);
+    EXPECT_EQ(levels[1], 2000);
+    EXPECT_TRUE(std::isnan(levels[2]));
+    const Model model = MakeModel(shape);
+    EXPECT_EQ(model.parts[0].joint, 1U);
+    EXPECT_TRUE(model.joints[1].drawn && !model.joints[0].drawn);
+    EXPECT_EQ(model.joints[1].parent, 0);
+}

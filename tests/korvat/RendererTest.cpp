@@ -57,6 +57,7 @@ public:
                                                           : "";
         EXPECT_EQ(call.writesDepth, solid);
         EXPECT_EQ(call.opaque, solid && call.alphaLimit == 0);
+        worlds.push_back(call.world);
         log += kind + std::to_string(call.firstIndex) +
                (call.texture ? "/" + std::to_string(call.texture) : "") + ' ';
     }
@@ -64,7 +65,8 @@ public:
 
     std::string TakeLog() { return std::exchange(log, {}); }
     std::string log;
-    unsigned clouds = 0; ///< of the last frame
+    std::vector<Transform> worlds; ///< of the calls
+    unsigned clouds = 0;           ///< of the last frame
     bool shadows = false;
 
 private:
@@ -166,6 +168,33 @@ TEST_F(RendererTest, DrawsBlendedPartsLastFromFarToNear)
     renderer.SetCamera({2, 0, -40}, {2, 0, 0}); // almost equally far: file order decides
     frameOf(modelOf({glass, glass}), pictureOf(8), Translation({1.5f, 0, 0}));
     EXPECT_NE(paint().find("~0/4 ~3/4 ]"), std::string::npos);
+}
+
+TEST_F(RendererTest, PosesMoveAndHideParts)
+{
+    const auto model = modelOf({Surface{}, Surface{}, Surface{}});
+    for (std::uint32_t i = 0; i < 3; ++i)
+        model->parts[i].joint = i;
+    const auto paintIn = [&](const Pose &pose) {
+        renderer.Begin();
+        renderer.Add(model, Translation({0, 0, 1}), std::vector<TexturePtr>{pictureOf(0)},
+                     Renderer::Role::Object, std::make_shared<const Pose>(pose));
+        renderer.End();
+        device.worlds.clear();
+        return paint();
+    };
+    Pose pose{
+        {Identity(), Translation({0, 2, 0})}, {false, false, true}, model->box, model->bounds};
+    EXPECT_EQ(paintIn(pose), "[ +m1 +t2 0/2 3/2 ]");
+    ASSERT_EQ(device.worlds.size(), 2U);
+    EXPECT_EQ(device.worlds[0], Translation({0, 0, 1}));
+    EXPECT_EQ(device.worlds[1], Translation({0, 2, 1}));
+    pose.bounds.centre = {100, 0, 0};
+    pose.bounds.radius = 1;
+    EXPECT_EQ(paintIn(pose), "[ -t2 ]") << "the pose decides what the camera sees";
+    EXPECT_EQ(paintIn({{}, {}, model->box, model->bounds}).find("-"), std::string::npos)
+        << "joints without an entry are at rest";
+    EXPECT_EQ(device.worlds.size(), 3U);
 }
 
 TEST_F(RendererTest, DeviceHoldsEachResourceOnceAndOnlyWhileInUse)

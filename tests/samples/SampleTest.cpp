@@ -84,16 +84,16 @@ TEST(SampleTest, CanBeWrittenAgainInPlace)
     EXPECT_EQ(allBytes(temp.At("s")), before);
 }
 
-TEST(SampleTest, LoadsOnlyAddFiles)
+TEST(SampleTest, LoadsAndLooksOnlyAddFiles)
 {
     const support::TempFolder temp;
     WriteSample(temp.At("s"));
     auto plain = allBytes(temp.At("s"));
-    const samples::Totals totals = WriteSample(temp.At("s"), {.loads = true});
+    const samples::Totals totals = WriteSample(temp.At("s"), {.loads = true, .looks = true});
     auto all = allBytes(temp.At("s"));
     EXPECT_EQ(all.size(), static_cast<std::size_t>(totals.files) + 1);
     EXPECT_EQ(std::vector({totals.folders, totals.stock, totals.consists}),
-              std::vector({9, 48, 15}));
+              std::vector({10, 50, 16}));
     plain.erase(samples::kMarkerFile);
     for (const auto &[path, bytes] : plain)
         EXPECT_EQ(all[path], bytes) << path;

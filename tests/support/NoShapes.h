@@ -13,6 +13,10 @@ public:
     {
         return {nullptr, path + ": no shapes here"};
     }
+    korvat::LoadedModel LoadLevel(const std::string &path, int /*level*/) override
+    {
+        return LoadModel(path);
+    }
     korvat::LoadedTexture LoadTexture(const std::string &, const std::string &,
                                       const std::string &name) override
     {

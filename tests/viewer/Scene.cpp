@@ -27,6 +27,11 @@ korvat::LoadedModel MadeUpShapes::LoadModel(const std::string &path)
     model->mesh.indices = {0, 1, 2};
     model->parts.resize(1);
     model->parts[0].indexCount = 3;
+    model->joints = joints;
+    model->levels = levels;
+    model->faults = faults;
+    if (!joints.empty())
+        model->parts[0].joint = static_cast<std::uint32_t>(joints.size() - 1);
     korvat::MeasureBounds(*model);
     return {model, {}};
 }

@@ -59,12 +59,21 @@ class MadeUpShapes : public korvat::ModelSource
 {
 public:
     korvat::LoadedModel LoadModel(const std::string &path) override;
+    korvat::LoadedModel LoadLevel(const std::string &path, int level) override
+    {
+        levelsRead += std::to_string(level) + ' ';
+        return LoadModel(path);
+    }
     korvat::LoadedTexture LoadTexture(const std::string &folder, const std::string &texturePath,
                                       const std::string &name) override;
 
     std::map<std::string, std::vector<std::string>> textures; ///< by the shape's file name
     std::string asked; ///< folders and paths of the requested textures, as given
     float length = 8;
+    std::vector<korvat::Joint> joints; ///< the only triangle belongs to the last one
+    std::vector<float> levels;
+    std::vector<std::string> faults;
+    std::string levelsRead;            ///< beyond the nearest one
     std::vector<korvat::Vec3> corners; ///< of the only triangle; empty for one of this length
     std::mutex mutex;                  ///< holding it blocks the reading of shapes
 };

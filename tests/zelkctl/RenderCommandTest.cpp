@@ -30,6 +30,7 @@ TEST_F(RenderCommandTest, RefusesWrongArgumentsBeforeDrawing)
          "--camera: expected six numbers, as in 10,2,0,0,2,0, not \"1,2,3\""},
         {{"--camera", "1,2,3,4,5,6m"},
          "--camera: expected six numbers, as in 10,2,0,0,2,0, not \"1,2,3,4,5,6m\""},
+        {{"--season", "Snow"}, "--season: expected spring, summer, autumn or winter, not \"Snow\""},
     };
     for (const auto &row : rows) {
         std::vector<std::string> arguments = {"render", "a.s", "--out", "a.png"};
@@ -66,6 +67,29 @@ TEST_F(RenderCommandTest, DrawsTheLoadsOfBothSimulatorsUnlessTheyAreLeftOut)
     EXPECT_NE(draw("Loaded Cars/lc_pair.wag", {"--no-loads", end}),
               draw("Loaded Cars/lc_crates.wag", {"--no-loads", end}))
         << "couplers stay";
+}
+
+TEST_F(RenderCommandTest, EachSwitchChangesThePicture)
+{
+    samples::WriteSample(m_folder.At("s"), {.looks = true});
+    const auto draw = [&](const std::string &file, const std::vector<std::string> &options) {
+        std::vector<std::string> arguments = {"--msts",   m_folder.At("s"), "render", "s/" + file,
+                                              "--out",    "a.png",          "--size", "96x60",
+                                              "--camera", "9,4,14,0,2,0"};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        return run(arguments).code == 0 ? read("a.png") : std::string();
+    };
+    const std::string train = "TRAINS/CONSISTS/Night Line.con",
+                      cottage = "ROUTES/TARNWICK/SHAPES/cottage.s";
+    const std::string plain = draw(train, {}), summer = draw(cottage, {});
+    if (plain.empty())
+        GTEST_SKIP() << "this machine cannot draw";
+    for (const char *given :
+         {"--snow", "--night", "--lights", "--wireframe", "--boxes", "--normals", "--mark-missing"})
+        EXPECT_NE(draw(train, {given}), plain) << given;
+    EXPECT_EQ(draw(cottage, {"--season", "summer", "--lights", "--boxes"}), summer);
+    for (const char *season : {"spring", "autumn", "winter"})
+        EXPECT_NE(draw(cottage, {"--season", season}), summer) << season;
 }
 
 TEST_F(RenderCommandTest, FilesThatCannotBeShownGiveNoPicture)

@@ -48,7 +48,7 @@ _zelkctl_command() {
     texture) files='ace|dds' options='--out --level' ;;
     thumbnail) files='eng|wag' options='--out --size' ;;
     contact-sheet) files=con names=consists options='--out --filter --size --units --no-loads' ;;
-    render) files='s|eng|wag|con|act' options='--out --size --loose --camera --no-loads' ;;
+    render) files='s|eng|wag|con|act' options='--out --size --loose --camera --no-loads --season --snow --night --lights --wireframe --boxes --normals --mark-missing' ;;
   esac
 }
 

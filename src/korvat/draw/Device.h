@@ -21,6 +21,20 @@ struct ShadowMap
 constexpr std::size_t kShadowMaps = 3;
 constexpr int kShadowSide = 2048; ///< pixels, of each map
 
+/// A lamp that lights what is in front of it.
+struct LightCone
+{
+    Vec3 at;
+    Vec3 along;       ///< of length 1
+    Tint colour;      ///< with its strength
+    float reach = 1;  ///< metres
+    float cosine = 1; ///< of the angle between the axis and the edge
+
+    friend bool operator==(const LightCone &, const LightCone &) = default;
+};
+
+constexpr std::size_t kLightCones = 4; ///< in a frame
+
 /// The settings of a whole frame.
 struct FrameSetup
 {
@@ -35,6 +49,8 @@ struct FrameSetup
     unsigned clouds = 0;             ///< texture of the clouds, 0 for none
     bool hasShadows = false;         ///< whether there are shadow maps
     std::array<ShadowMap, kShadowMaps> shadows; ///< from near to far
+    std::size_t coneCount = 0;
+    std::array<LightCone, kLightCones> cones;
 };
 
 /// How pixels are combined with the frame.
@@ -65,6 +81,7 @@ struct DrawCall
     /// Give way to surfaces at the same depth, and fade towards the horizon. A lit texture is
     /// repeated without a visible pattern, wherever the mesh places it.
     bool isGround = false;
+    bool isLines = false; ///< lines of two indices each instead of triangles
 
     friend bool operator==(const DrawCall &, const DrawCall &) = default;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "korvat/draw/Renderer.h"
 
+#include "korvat/draw/Night.h"
 #include "korvat/draw/ShadowFit.h"
 
 #include <algorithm>
@@ -96,10 +97,11 @@ void Renderer::Begin()
 }
 
 void Renderer::Add(std::shared_ptr<const Model> model, const Transform &world,
-                   std::span<const TexturePtr> pictures, Role role)
+                   std::span<const TexturePtr> pictures, Role role, PosePtr pose)
 {
     if (model && !model->mesh.indices.empty())
-        m_coming.push_back({std::move(model), world, {pictures.begin(), pictures.end()}, role});
+        m_coming.push_back(
+            {std::move(model), world, {pictures.begin(), pictures.end()}, role, std::move(pose)});
 }
 
 void Renderer::End()
@@ -145,6 +147,8 @@ FrameSetup Renderer::Setup(int width, int height) const
     setup.ambient = {0.66f, 0.70f, 0.77f};
     setup.ambientBelow = {0.51f, 0.49f, 0.44f};
     setSky(setup, m_eye.y < m_ground);
+    if (m_isNight)
+        Darken(setup, m_cones);
     setup.hazeNear = m_hazeNear;
     setup.hazeFar = m_hazeFar;
     if (m_backdrop) {
@@ -170,16 +174,16 @@ void Renderer::Paint(Device &device, int width, int height)
 void Renderer::PaintTile(Device &device, int width, int height, const Tile &tile)
 {
     FrameSetup setup = Setup(width, height);
-    if (m_clouds && m_eye.y >= m_ground)
+    if (m_clouds && m_eye.y >= m_ground && !m_isNight)
         setup.clouds = numberOf(device, m_clouds);
-    if (m_shadows)
+    if (m_shadows && !m_isNight)
         paintShadows(device, setup);
     const Frustum frustum(setup.view * setup.projection);
     device.BeginFrame(cutTo(tile, setup));
     releaseUnused(device);
     Calls calls;
     for (const Placed &placed : m_frame)
-        if (frustum.Sees(moved(placed.model->bounds, placed.world)))
+        if (frustum.Sees(moved(placed.Around(), placed.world)))
             collect(device, placed, calls);
     drawSolid(device, calls.solid);
     drawSolid(device, calls.tested);
@@ -195,8 +199,7 @@ void Renderer::paintShadows(Device &device, FrameSetup &setup)
         if (placed.role != Role::Object)
             continue;
         objects.push_back(&placed);
-        casters.push_back(
-            {placed.model->box, moved(placed.model->bounds, placed.world), placed.world});
+        casters.push_back({placed.Box(), moved(placed.Around(), placed.world), placed.world});
     }
     const ShadowFit fit = FitShadows(setup, casters);
     setup.hasShadows = true;
@@ -220,15 +223,16 @@ std::vector<ShadowCall> Renderer::shadowsOf(Device &device, const Placed &placed
     std::vector<ShadowCall> calls;
     ShadowCall call;
     call.mesh = numberOf(device, placed.model);
-    call.world = placed.world;
     for (const Part &part : placed.model->parts) {
         const TexturePtr picture = pictureOf(part, placed);
         const Mixing mixing = mixingOf(part.surface, picture.get());
-        if (mixing == Mixing::Add)
+        if (mixing == Mixing::Add || placed.Hides(part))
             continue;
+        call.world = placed.PlaceOf(part);
         const bool holed = mixing == Mixing::Alpha || isTested(part.surface, picture.get());
         ShadowCall *last = calls.empty() || holed ? nullptr : &calls.back();
-        if (last && last->texture == 0 && last->firstIndex + last->indexCount == part.firstIndex) {
+        if (last && last->texture == 0 && last->firstIndex + last->indexCount == part.firstIndex &&
+            last->world == call.world) {
             last->indexCount += part.indexCount;
             continue;
         }
@@ -246,15 +250,19 @@ void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
 {
     DrawCall call;
     call.mesh = numberOf(device, placed.model);
-    call.world = placed.world;
     call.isGround = placed.role == Role::Ground;
+    call.isLines = placed.model->isLines;
     for (const Part &part : placed.model->parts) {
+        if (placed.Hides(part))
+            continue;
+        call.world = placed.PlaceOf(part);
         const TexturePtr picture = pictureOf(part, placed);
         const bool tested = isTested(part.surface, picture.get());
         call.texture = picture ? numberOf(device, picture) : 0;
         call.firstIndex = part.firstIndex;
         call.indexCount = part.indexCount;
-        call.finish = part.surface.finish;
+        const bool needsNoLight = m_isNight && picture && picture->isNight;
+        call.finish = needsNoLight ? Finish::FullBright : part.surface.finish;
         call.addressing = part.surface.addressing;
         call.mipmaps = part.surface.mipmaps;
         call.sharpness = part.surface.sharpness;
@@ -266,7 +274,7 @@ void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
         call.softEdge = tested && call.mixing == Mixing::Replace;
         if (call.mixing != Mixing::Replace)
             calls.blended.push_back(
-                {call, Length(TransformPoint(part.bounds.centre, placed.world) - m_eye)});
+                {call, Length(TransformPoint(part.bounds.centre, call.world) - m_eye)});
         else
             (tested ? calls.tested : calls.solid).push_back(call);
     }

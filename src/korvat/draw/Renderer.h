@@ -3,12 +3,14 @@
 
 #include "korvat/draw/Device.h"
 #include "korvat/model/ModelSource.h"
+#include "korvat/model/Pose.h"
 
 #include <limits>
 #include <memory>
 #include <optional>
 #include <span>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace korvat {
@@ -42,27 +44,45 @@ public:
         Transform world;
         std::vector<TexturePtr> pictures;
         Role role = Role::Object;
+        PosePtr pose; ///< null for the rest pose
+
+        Bounds Box() const { return pose ? pose->box : model->box; }
+        Sphere Around() const { return pose ? pose->bounds : model->bounds; }
+        bool Hides(const Part &part) const { return pose && pose->Hides(part); }
+        Transform PlaceOf(const Part &part) const
+        {
+            return pose ? pose->PlaceOf(part, world) : world;
+        }
     };
 
     /// Begins a new frame. Until End, Paint shows the previous one.
     void Begin();
     /// Adds a model. `pictures` are the textures of its slots; an empty or absent one draws without
-    /// a texture.
+    /// a texture. A null pose is the rest pose.
     void Add(std::shared_ptr<const Model> model, const Transform &world,
-             std::span<const TexturePtr> pictures, Role role = Role::Object);
-    /// Returns the models added to the frame so far.
+             std::span<const TexturePtr> pictures, Role role = Role::Object,
+             PosePtr pose = nullptr);
+    /// Returns the models added to the frame so far, which may be changed.
     const std::vector<Placed> &Coming() const { return m_coming; }
+    std::vector<Placed> &Coming() { return m_coming; }
     void End();
     /// Empties both frames, so that their models can be freed.
     void Clear();
 
     void SetCamera(Vec3 eye, Vec3 target);
+    Vec3 Eye() const { return m_eye; }
     /// Sets the distances from the camera, in metres, at which the haze begins and becomes opaque.
     void SetHaze(float nearest, float farthest);
     /// Sets the vertical field of view; kVerticalDegrees at first.
     void SetLens(float verticalDegrees) { m_verticalDegrees = verticalDegrees; }
     /// Sets whether objects cast shadows; false at first.
     void SetShadows(bool shadows) { m_shadows = shadows; }
+    /// Sets whether it is night: the moon shines and casts no shadows, and night textures need no
+    /// light. False at first.
+    void SetNight(bool night) { m_isNight = night; }
+    bool IsNight() const { return m_isNight; }
+    /// Sets the lamps that light the scene at night; only the first kLightCones count.
+    void SetCones(std::vector<LightCone> cones) { m_cones = std::move(cones); }
     /// Sets the clouds, null for none, and the height of the ground, below which there is no sky.
     void SetSurroundings(TexturePtr clouds, float ground);
 
@@ -121,7 +141,8 @@ private:
     float m_verticalDegrees = kVerticalDegrees;
     TexturePtr m_clouds;
     float m_ground = -std::numeric_limits<float>::max();
-    bool m_shadows = false;
+    bool m_shadows = false, m_isNight = false;
+    std::vector<LightCone> m_cones;
     std::optional<Tint> m_backdrop;
     float m_shape = 0;
 };

@@ -70,12 +70,13 @@ TexturePtr paintTrack()
     return PaintTexture(kTrackSide, 0, [&](unsigned x, unsigned y) { return trackAt(x, y, wood); });
 }
 
-TexturePtr paintSoil()
+/// Needs no light, so it is darker at night itself.
+TexturePtr paintSoil(float light)
 {
     const SmoothNoise clods(16, kSoilSide, 11), stones(2, kSoilSide, 12);
     return PaintTexture(kSoilSide, 8, [&](unsigned x, unsigned y) {
-        Tint soil =
-            scaled({0.40f, 0.34f, 0.27f}, 0.7f + 0.4f * clods.At(x, y) + 0.3f * stones.At(x, y));
+        Tint soil = scaled({0.40f, 0.34f, 0.27f},
+                           light * (0.7f + 0.4f * clods.At(x, y) + 0.3f * stones.At(x, y)));
         soil.a = 0.5f;
         return soil;
     });
@@ -214,7 +215,8 @@ Scenery::Scenery()
     , m_shade(makeShade())
     , m_clouds(PaintClouds())
     , m_groundTextures{paintGrass()}
-    , m_soilTextures{paintSoil()}
+    , m_soilTextures{paintSoil(1)}
+    , m_nightSoilTextures{paintSoil(0.08f)}
     , m_trackTextures{paintTrack(), PaintTexture(kBallastSide, 0, ballastAt)}
     , m_shadeTextures{paintShade()}
 {
@@ -236,7 +238,9 @@ void Scenery::AddTo(Renderer &renderer, Vec3 eye, Ground ground)
     const Transform place =
         Translation({snapped(eye.x, kSoilTile), height, snapped(eye.z, kSoilTile)});
     renderer.Add(scenery.m_ground, place, scenery.m_groundTextures, Renderer::Role::Ground);
-    renderer.Add(scenery.m_soil, place, scenery.m_soilTextures, Renderer::Role::Ground);
+    renderer.Add(scenery.m_soil, place,
+                 renderer.IsNight() ? scenery.m_nightSoilTextures : scenery.m_soilTextures,
+                 Renderer::Role::Ground);
     if (!plain)
         renderer.Add(scenery.m_track, Translation({0, 0, snapped(eye.z, kTrackTile)}),
                      scenery.m_trackTextures, Renderer::Role::Scenery);

@@ -29,7 +29,8 @@ private:
 
     std::shared_ptr<const Model> m_ground, m_soil, m_track, m_shade;
     TexturePtr m_clouds;
-    std::vector<TexturePtr> m_groundTextures, m_soilTextures, m_trackTextures, m_shadeTextures;
+    std::vector<TexturePtr> m_groundTextures, m_soilTextures, m_nightSoilTextures, m_trackTextures,
+        m_shadeTextures;
 };
 
 } // namespace korvat

@@ -38,6 +38,8 @@ struct Texture
     /// From the largest down. In a DXT texture, levels below 4 x 4 may be Rgba8.
     std::vector<TextureLevel> levels;
     std::vector<std::uint8_t> data; ///< all levels
+    /// From a folder of night textures: painted as it looks in the dark, with its lights.
+    bool isNight = false;
 
     Bytes LevelBytes(std::size_t level) const
     {

@@ -153,24 +153,37 @@ Vec3 Transformed(const Vec3 &point, const Matrix &matrix)
     return {turned.x + matrix.rows[9], turned.y + matrix.rows[10], turned.z + matrix.rows[11]};
 }
 
-std::vector<Matrix> RestPose(const Shape &shape, const Level &level)
+std::vector<int> ParentsOf(const Shape &shape, const Level &level)
 {
-    const auto parentOf = [&](std::size_t matrix) -> std::optional<std::size_t> {
+    const auto named = [&](std::size_t matrix) -> std::optional<std::size_t> {
         if (matrix >= level.parents.size() ||
             level.parents[matrix] == static_cast<std::int64_t>(matrix))
             return std::nullopt;
         return placeIn(level.parents[matrix], shape.matrices);
     };
+    std::vector<int> parents;
+    parents.reserve(shape.matrices.size());
+    for (std::size_t i = 0; i < shape.matrices.size(); ++i) {
+        const auto own = named(i);
+        std::size_t depth = 0;
+        for (auto parent = own; parent && depth < kMaxHierarchyDepth; parent = named(*parent))
+            ++depth;
+        // Else the parents form a cycle, or a chain longer than in any real shape.
+        parents.push_back(own && depth < kMaxHierarchyDepth ? static_cast<int>(*own) : -1);
+    }
+    return parents;
+}
+
+std::vector<Matrix> RestPose(const Shape &shape, const Level &level)
+{
+    const std::vector<int> parents = ParentsOf(shape, level);
     std::vector<Matrix> pose;
     pose.reserve(shape.matrices.size());
     for (std::size_t i = 0; i < shape.matrices.size(); ++i) {
         Matrix world = shape.matrices[i].matrix;
-        std::size_t depth = 0;
-        for (auto parent = parentOf(i); parent && depth < kMaxHierarchyDepth;
-             parent = parentOf(*parent), ++depth)
-            world = Product(world, shape.matrices[*parent].matrix);
-        // The parents form a cycle, or a chain longer than in any real shape.
-        pose.push_back(depth < kMaxHierarchyDepth ? world : shape.matrices[i].matrix);
+        for (int at = parents[i]; at >= 0; at = parents[static_cast<std::size_t>(at)])
+            world = Product(world, shape.matrices[static_cast<std::size_t>(at)].matrix);
+        pose.push_back(world);
     }
     if (pose.empty())
         pose.emplace_back();
@@ -194,19 +207,28 @@ std::optional<Bounds> BoundsOf(const Geometry &geometry, const std::vector<Matri
     return bounds;
 }
 
-std::vector<const Level *> NearestLevels(const Shape &shape)
+std::vector<const Level *> SortedLevels(const LodControl &control)
 {
-    std::vector<const Level *> nearest;
+    std::vector<const Level *> levels;
+    levels.reserve(control.levels.size());
+    for (const Level &level : control.levels)
+        levels.push_back(&level);
+    std::stable_sort(levels.begin(), levels.end(), [](const Level *a, const Level *b) {
+        return a->distance < b->distance || (std::isnan(b->distance) && !std::isnan(a->distance));
+    });
+    return levels;
+}
+
+std::vector<const Level *> LevelsAt(const Shape &shape, int level)
+{
+    std::vector<const Level *> all;
     for (const LodControl &control : shape.lodControls) {
-        const auto least = std::min_element(
-            control.levels.begin(), control.levels.end(), [](const Level &a, const Level &b) {
-                return a.distance < b.distance ||
-                       (std::isnan(b.distance) && !std::isnan(a.distance));
-            });
-        if (least != control.levels.end())
-            nearest.push_back(&*least);
+        const std::vector<const Level *> levels = SortedLevels(control);
+        if (!levels.empty())
+            all.push_back(levels[std::min(static_cast<std::size_t>(std::max(level, 1)) - 1,
+                                          levels.size() - 1)]);
     }
-    return nearest;
+    return all;
 }
 
 std::optional<Bounds> RestBounds(const Shape &shape)

@@ -61,9 +61,19 @@ struct Bounds
 /// none.
 std::optional<Bounds> BoundsOf(const Geometry &geometry, const std::vector<Matrix> &pose);
 
-/// Returns the nearest level of each control: the one with the smallest distance. NaN counts as the
-/// largest.
-std::vector<const Level *> NearestLevels(const Shape &shape);
+/// Returns for each matrix its parent as RestPose uses it: -1 for a missing one, one out of range,
+/// or part of a cycle.
+std::vector<int> ParentsOf(const Shape &shape, const Level &level);
+
+/// Returns the levels of a control from near to far. NaN counts as the largest distance.
+std::vector<const Level *> SortedLevels(const LodControl &control);
+/// Returns one level of each control, counted from 1, the nearest; the farthest one of a control
+/// with fewer levels.
+std::vector<const Level *> LevelsAt(const Shape &shape, int level);
+inline std::vector<const Level *> NearestLevels(const Shape &shape)
+{
+    return LevelsAt(shape, 1);
+}
 
 /// Returns the box around the nearest levels in their rest pose; nothing if they draw nothing.
 std::optional<Bounds> RestBounds(const Shape &shape);

@@ -2,6 +2,7 @@
 #include "korvat/model/MakeModel.h"
 
 #include "host/Text.h"
+#include "korvat/model/Joints.h"
 #include "korvat/model/Transform.h"
 
 #include <algorithm>
@@ -194,6 +195,7 @@ void addLevel(const Shape &shape, const Level &level, Model &model)
         dress(shape, state, part);
         if (part.indexCount == 0)
             continue;
+        part.joint = from.matrix;
         model.parts.push_back(part);
         noteShader(shape, state, model.notes);
     }
@@ -201,12 +203,16 @@ void addLevel(const Shape &shape, const Level &level, Model &model)
 
 } // namespace
 
-Model MakeModel(const Shape &shape)
+Model MakeModel(const Shape &shape, int level)
 {
     Model model;
     model.textures = shape.images;
-    for (const Level *level : NearestLevels(shape))
-        addLevel(shape, *level, model);
+    const std::vector<const Level *> levels = LevelsAt(shape, level);
+    for (const Level *shown : levels)
+        addLevel(shape, *shown, model);
+    if (!levels.empty())
+        AddJoints(shape, *levels.front(), model);
+    AddLevels(shape, model);
     MeasureBounds(model);
     return model;
 }

@@ -67,15 +67,32 @@ struct Part
     int slot = -1; ///< index of the model's texture, -1 for none
     Surface surface;
     Sphere bounds;
+    std::uint32_t joint = 0; ///< index of the joint that moves it
+};
+
+/// A matrix of the shape, with its animation.
+struct Joint
+{
+    std::string name;                   ///< may be empty or repeated
+    int parent = -1;                    ///< index of a joint, -1 for none; there are no loops
+    bool drawn = false;                 ///< parts belong to it
+    Matrix rest;                        ///< relative to the parent
+    std::vector<RotationKey> rotations; ///< sorted by frame; all of them can be used
+    std::vector<PositionKey> positions;
+    std::uint32_t frames = 0; ///< the animation begins again after these
 };
 
 /// A whole shape in its rest pose, with parts in file order.
 struct Model
 {
     Mesh mesh;
+    bool isLines = false; ///< the mesh holds lines of two indices each instead of triangles
     std::vector<Part> parts;
     std::vector<std::string> textures; ///< file names of the texture slots
     std::vector<std::string> notes;    ///< what is not drawn as the file asks, one sentence each
+    std::vector<Joint> joints;         ///< by matrix; empty for a shape without matrices
+    std::vector<float> levels;         ///< distances of all levels of detail, from near to far
+    std::vector<std::string> faults;   ///< what levels and animations lack, one sentence each
     Bounds box;
     Sphere bounds;
 };

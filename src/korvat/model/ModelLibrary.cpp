@@ -34,6 +34,13 @@ std::string placeOf(const std::filesystem::path &file)
     return host::disk::kIgnoresCase ? host::ToUpper(path) : path;
 }
 
+bool isInNightFolder(const std::string &place)
+{
+    const std::string_view folder = host::path::FolderWithSeparator(place);
+    return !folder.empty() &&
+           host::EqualsNoCase(host::path::FileName(folder.substr(0, folder.size() - 1)), "Night");
+}
+
 constexpr std::uint32_t kCheckerSide = 64, kCheckerField = 8;
 constexpr std::array<std::uint8_t, 4> kCheckerDark = {0x20, 0x20, 0x20, 0xFF};
 constexpr std::array<std::uint8_t, 4> kCheckerBright = {0xFF, 0x40, 0xFF, 0xFF};
@@ -63,21 +70,34 @@ TexturePtr ModelLibrary::Checker()
     return checker;
 }
 
-LoadedModel ModelLibrary::LoadModel(const std::string &path)
+TexturePtr ModelLibrary::Magenta()
+{
+    static const TexturePtr magenta = [] {
+        auto texture = std::make_shared<Texture>();
+        texture->width = texture->height = 1;
+        texture->levels = {{1, 1, PixelFormat::Rgba8, 0, LevelSize(PixelFormat::Rgba8, 1, 1)}};
+        texture->data = {0xFF, 0x00, 0xFF, 0xFF};
+        texture->isNight = true; // as bright in the dark
+        return texture;
+    }();
+    return magenta;
+}
+
+LoadedModel ModelLibrary::LoadLevel(const std::string &path, int level)
 {
     try {
         const auto found = m_files.FindFile(path);
         const std::string place = found ? placeOf(*found) : std::string();
-        if (auto known = find(m_models, place))
+        if (auto known = find(shelfOf(level), place))
             return {known, {}};
         const auto stamp = host::disk::StampOf(place);
         const ShapeFile file = ReadShape(m_files.ReadFile(path, kMaxShapeBytes));
         if (file.error)
             return {nullptr,
                     sentence(path, file.error, file.form == ShapeForm::Text ? "line" : "byte")};
-        auto model = std::make_shared<const Model>(MakeModel(file.shape));
+        auto model = std::make_shared<const Model>(MakeModel(file.shape, level));
         if (stamp)
-            keep(m_models, place, model, *stamp);
+            keep(shelfOf(level), place, model, *stamp);
         return {model, {}};
     } catch (const std::bad_alloc &) {
         return {nullptr, path + ": there is not enough memory to load the shape"};
@@ -102,6 +122,7 @@ LoadedTexture ModelLibrary::LoadTexture(const std::string &shapeFolder,
         if (file.error)
             return {Checker(), "Texture " + sentence(*path, file.error, "byte")};
         MakeSmallerLevels(file.texture);
+        file.texture.isNight = isInNightFolder(place);
         auto texture = std::make_shared<const Texture>(std::move(file.texture));
         if (stamp)
             keep(m_textures, place, texture, *stamp);
@@ -111,6 +132,12 @@ LoadedTexture ModelLibrary::LoadTexture(const std::string &shapeFolder,
     } catch (const std::exception &error) {
         return {Checker(), "Texture " + name + ": " + error.what()};
     }
+}
+
+ModelLibrary::Shelf<Model> &ModelLibrary::shelfOf(int level)
+{
+    const std::lock_guard lock(m_mutex);
+    return m_models[level]; // stays where it is
 }
 
 template <typename Thing>

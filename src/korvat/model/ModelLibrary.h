@@ -23,12 +23,15 @@ public:
     /// `files` must outlive the library.
     explicit ModelLibrary(host::GameFiles &files);
 
-    LoadedModel LoadModel(const std::string &path) override;
+    LoadedModel LoadModel(const std::string &path) override { return LoadLevel(path, 1); }
+    LoadedModel LoadLevel(const std::string &path, int level) override;
     LoadedTexture LoadTexture(const std::string &shapeFolder, const std::string &texturePath,
                               const std::string &name) override;
 
     /// Returns the substitute for a missing or broken texture: a conspicuous checker pattern.
     static TexturePtr Checker();
+    /// Returns a texture in plain magenta, which can stand for the checker pattern.
+    static TexturePtr Magenta();
 
 private:
     template <typename Thing> struct Known
@@ -38,6 +41,7 @@ private:
     };
     template <typename Thing> using Shelf = std::map<std::string, Known<Thing>>;
 
+    Shelf<Model> &shelfOf(int level);
     template <typename Thing>
     std::shared_ptr<const Thing> find(const Shelf<Thing> &shelf, const std::string &place);
     template <typename Thing>
@@ -45,8 +49,8 @@ private:
               const std::shared_ptr<const Thing> &thing, const host::disk::Stamp &stamp);
 
     host::GameFiles &m_files;
-    std::mutex m_mutex; ///< guards the shelves
-    Shelf<Model> m_models;
+    std::mutex m_mutex;                   ///< guards the shelves
+    std::map<int, Shelf<Model>> m_models; ///< by level of detail
     Shelf<Texture> m_textures;
 };
 

@@ -33,6 +33,8 @@ public:
     virtual ~ModelSource() = default;
 
     virtual LoadedModel LoadModel(const std::string &path) = 0;
+    /// Like LoadModel, but returns a level of detail, counted from 1, the nearest.
+    virtual LoadedModel LoadLevel(const std::string &path, int level) = 0;
     /// Loads the texture `name` for a shape in `shapeFolder`, which ends in a separator. Searches
     /// that folder, then `texturePath` relative to it.
     virtual LoadedTexture LoadTexture(const std::string &shapeFolder,

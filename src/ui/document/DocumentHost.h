@@ -34,6 +34,8 @@ public:
     virtual void SetStatus(const std::string &text) = 0;
     /// Shows the progress of a long command, 0 to `total`; a `total` of 0 hides the bar.
     virtual void SetProgress(int done, int total) = 0;
+    /// Shows or hides the loads of vehicles in all 3D windows.
+    virtual void ShowLoads(bool /*shown*/) {}
     /// Returns false if the user has asked the system for no animations.
     virtual bool Animates() { return true; }
     /// Writes one line to the trace log.

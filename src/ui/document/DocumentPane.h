@@ -17,6 +17,9 @@
 
 class QWidget;
 
+namespace viewer {
+class OptionControls;
+}
 namespace document {
 
 class ConsistTree;
@@ -101,6 +104,8 @@ public:
     virtual void ResetView() {}
     /// 3D view: shows or hides the loads of vehicles, now and after each load.
     virtual void ShowLoads(bool /*shown*/) {}
+    /// 3D view: returns its options; null in other panes.
+    virtual viewer::OptionControls *SceneOptions() { return nullptr; }
     /// 3D view: moves the camera.
     virtual void MoveCamera(viewer::CameraCommand /*command*/) {}
     /// 3D view: saves a screenshot in the folder, under the first free number. Throws RuntimeError

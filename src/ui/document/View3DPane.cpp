@@ -18,9 +18,12 @@ bool isActivity(const std::string &file)
 
 viewer::PaneHost paneHost(const install::Environment &environment, DocumentHost &host)
 {
-    return {environment, [&host](const std::string &text) { host.SetStatus(text); },
+    return {environment,
+            [&host](const std::string &text) { host.SetStatus(text); },
             [&host](int done, int total) { host.SetProgress(done, total); },
-            [&host](const std::string &path) { host.OpenOutside(path); }, host.Animates()};
+            [&host](const std::string &path) { host.OpenOutside(path); },
+            [&host](bool shown) { host.ShowLoads(shown); },
+            host.Animates()};
 }
 
 } // namespace
@@ -30,6 +33,7 @@ View3DPane::View3DPane(frmDocument &window, DocumentHost &host)
     , m_window(window)
     , m_host(host)
 {
+    connect(&Options(), &viewer::OptionControls::Changed, &window, &frmDocument::OptionsChanged);
 }
 
 bool View3DPane::showsConsist() const

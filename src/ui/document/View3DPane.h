@@ -30,6 +30,7 @@ public:
     void AddRemark(const std::string &remark) override { ViewerPane::AddRemark(remark); }
     void ResetView() override { ViewerPane::ResetView(); }
     void ShowLoads(bool shown) override { ViewerPane::ShowLoads(shown); }
+    viewer::OptionControls *SceneOptions() override { return &ViewerPane::Options(); }
     void MoveCamera(viewer::CameraCommand command) override { Camera().Run(command); }
     void SaveSnapshot(const std::string &folder) override;
     QSize PictureSize() override { return Picture().size(); }

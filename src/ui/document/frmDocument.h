@@ -79,6 +79,7 @@ public:
     void ReloadAllStock() { m_pane->ReloadStock(); }
     void ResetView() { m_pane->ResetView(); }
     void ShowLoads(bool shown) { m_pane->ShowLoads(shown); }
+    viewer::OptionControls *SceneOptions() { return m_pane->SceneOptions(); }
     void MoveCamera(viewer::CameraCommand command) { m_pane->MoveCamera(command); }
     void SaveSnapshot(const std::string &folder) { m_pane->SaveSnapshot(folder); }
     QSize PictureSize() { return m_pane->PictureSize(); }
@@ -111,6 +112,8 @@ Q_SIGNALS:
     void CaptionChanged();
     /// Emitted when the steps of an editor that can be undone or redone may have changed.
     void StepsChanged();
+    /// Emitted when what a 3D window shows of its content has changed.
+    void OptionsChanged();
     /// Emitted when an editor has written its consist to this file.
     void Saved(const std::string &path);
     /// Emitted when the window is about to close and nothing can stop it.

@@ -19,6 +19,8 @@ enum class Menu
     Units,
     Stock,
     View,
+    Scene,
+    Season,
     Window,
     Help,
     End ///< not a menu; the number of menus
@@ -56,6 +58,13 @@ enum class Command
     ViewTS, ViewTSE, ViewShapeViewer,
     ViewPictures,
     ViewFromFront, ViewFromRear, ViewFromAbove, ViewFromOtherSide,
+
+    SceneSummer, SceneSpring, SceneAutumn, SceneWinter,
+    SceneSnow, SceneNight, SceneLights,
+    SceneFiner, SceneCoarser,
+    SceneFaster, SceneSlower, SceneStop, ScenePantographs,
+    SceneBoxes, SceneWireframe, SceneNormals, SceneMissing,
+    SceneParts, SceneTools,
 
     WindowNewWindow, WindowCloseAll,
     WindowCascade, WindowTileHorizontal, WindowTileVertical, WindowArrangeIcons, WindowLockTiling,
@@ -166,6 +175,8 @@ struct CommandRow
     Look look = Look::Plain;
     Condition keysApply = when::Always; ///< the keys do nothing in other windows
 };
+
+inline constexpr int kSpeedStep = 10; ///< km/h, for the commands that change the speed
 
 // clang-format off
 inline constexpr CommandRow kCommands[] = {
@@ -355,6 +366,69 @@ inline constexpr CommandRow kCommands[] = {
      "Move the camera of the 3D window to the opposite side", when::View,
      [](Handlers &on) { on.view.MoveCamera(viewer::CameraCommand::FromOtherSide); }},
 
+    {Command::SceneSummer, Menu::Season, 1, "mnuSceneSummer", "Su&mmer", "5", "",
+     "Show the textures of summer in the 3D window", when::View,
+     [](Handlers &on) { on.scene.Choose(viewer::Season::Summer); }, Look::Unchecked, when::View},
+    {Command::SceneSpring, Menu::Season, 1, "mnuSceneSpring", "S&pring", "6", "",
+     "Show the textures of spring in the 3D window", when::View,
+     [](Handlers &on) { on.scene.Choose(viewer::Season::Spring); }, Look::Unchecked, when::View},
+    {Command::SceneAutumn, Menu::Season, 1, "mnuSceneAutumn", "&Autumn", "7", "",
+     "Show the textures of autumn in the 3D window", when::View,
+     [](Handlers &on) { on.scene.Choose(viewer::Season::Autumn); }, Look::Unchecked, when::View},
+    {Command::SceneWinter, Menu::Season, 1, "mnuSceneWinter", "&Winter", "8", "",
+     "Show the textures of winter in the 3D window", when::View,
+     [](Handlers &on) { on.scene.Choose(viewer::Season::Winter); }, Look::Unchecked, when::View},
+
+    {Command::SceneSnow, Menu::Scene, 1, "mnuSceneSnow", "S&now", "S", "",
+     "Show the textures for snow in the 3D window", when::View,
+     [](Handlers &on) { on.scene.Switch(&viewer::ViewOptions::snow); }, Look::Unchecked, when::View},
+    {Command::SceneNight, Menu::Scene, 1, "mnuSceneNight", "&Night", "N", "",
+     "Show the 3D window at night", when::View,
+     [](Handlers &on) { on.scene.Switch(&viewer::ViewOptions::night); }, Look::Unchecked, when::View},
+    {Command::SceneLights, Menu::Scene, 1, "mnuSceneLights", "&Lights", "H", "",
+     "Show the lights of vehicles in the 3D window", when::View,
+     [](Handlers &on) { on.scene.Switch(&viewer::ViewOptions::lights); }, Look::Unchecked, when::View},
+
+    {Command::SceneFiner, Menu::Scene, 2, "mnuSceneFiner", "&Finer Level of Detail", "PgUp", "",
+     "Show the next finer level of detail in the 3D window", when::View,
+     [](Handlers &on) { on.scene.ChangeLevel(-1); }, Look::Plain, when::View},
+    {Command::SceneCoarser, Menu::Scene, 2, "mnuSceneCoarser", "&Coarser Level of Detail", "PgDown", "",
+     "Show the next coarser level of detail in the 3D window", when::View,
+     [](Handlers &on) { on.scene.ChangeLevel(1); }, Look::Plain, when::View},
+
+    {Command::SceneFaster, Menu::Scene, 3, "mnuSceneFaster", "Fas&ter", "+; =", "",
+     "Turn the wheels in the 3D window faster", when::View,
+     [](Handlers &on) { on.scene.ChangeSpeed(kSpeedStep); }, Look::Plain, when::View},
+    {Command::SceneSlower, Menu::Scene, 3, "mnuSceneSlower", "Slo&wer", "-", "",
+     "Turn the wheels in the 3D window more slowly", when::View,
+     [](Handlers &on) { on.scene.ChangeSpeed(-kSpeedStep); }, Look::Plain, when::View},
+    {Command::SceneStop, Menu::Scene, 3, "mnuSceneStop", "Sto&p Wheels", "0", "",
+     "Stop the wheels in the 3D window", when::View,
+     [](Handlers &on) { on.scene.StopWheels(); }, Look::Plain, when::View},
+    {Command::ScenePantographs, Menu::Scene, 3, "mnuScenePantographs", "Raise Panto&graphs", "P", "",
+     "Raise the pantographs in the 3D window", when::View,
+     [](Handlers &on) { on.scene.Switch(&viewer::ViewOptions::pantographs); }, Look::Unchecked, when::View},
+
+    {Command::SceneBoxes, Menu::Scene, 4, "mnuSceneBoxes", "&Boxes", "B", "",
+     "Show the sizes of vehicles and their couplers as boxes", when::View,
+     [](Handlers &on) { on.scene.Switch(&viewer::ViewOptions::boxes); }, Look::Unchecked, when::View},
+    {Command::SceneWireframe, Menu::Scene, 4, "mnuSceneWireframe", "W&ireframe", "W", "",
+     "Show the edges of the triangles in the 3D window", when::View,
+     [](Handlers &on) { on.scene.Switch(&viewer::ViewOptions::wireframe); }, Look::Unchecked, when::View},
+    {Command::SceneNormals, Menu::Scene, 4, "mnuSceneNormals", "N&ormals", "V", "",
+     "Show a line along each vertex's normal in the 3D window", when::View,
+     [](Handlers &on) { on.scene.Switch(&viewer::ViewOptions::normals); }, Look::Unchecked, when::View},
+    {Command::SceneMissing, Menu::Scene, 4, "mnuSceneMissing", "&Missing Textures", "M", "",
+     "Show missing textures in magenta, and list them", when::View,
+     [](Handlers &on) { on.scene.Switch(&viewer::ViewOptions::marksMissing); }, Look::Unchecked, when::View},
+
+    {Command::SceneParts, Menu::Scene, 5, "mnuSceneParts", "Pa&rts", "T", "",
+     "List the parts of the shapes in the 3D window, to hide some of them", when::View,
+     [](Handlers &on) { on.scene.SwitchParts(); }, Look::Unchecked, when::View},
+    {Command::SceneTools, Menu::Scene, 5, "mnuSceneTools", "Tool Row", "O", "",
+     "Show the tools of the 3D window and go to them", when::View,
+     [](Handlers &on) { on.scene.SwitchTools(); }, Look::Plain, when::View},
+
     {Command::WindowNewWindow, Menu::Window, 1, "mnuWindowNewWindow", "&New Window", "", "new-window",
      "Open another list of the installed consists", when::Always, [](Handlers &on) { on.file.NewConsistList(); }},
     {Command::WindowCloseAll, Menu::Window, 1, "mnuWindowCloseAll", "Cl&ose All", "", "",
@@ -385,6 +459,43 @@ inline constexpr CommandRow kCommands[] = {
 };
 // clang-format on
 
+/// A command whose check mark shows an option of the active 3D window.
+struct SceneMark
+{
+    Command command;
+    bool (*isOn)(const viewer::ViewOptions &options, const viewer::OptionControls &controls);
+};
+
+template <bool viewer::ViewOptions::*option>
+constexpr bool Has(const viewer::ViewOptions &options, const viewer::OptionControls &)
+{
+    return options.*option;
+}
+template <viewer::Season season>
+constexpr bool Is(const viewer::ViewOptions &options, const viewer::OptionControls &)
+{
+    return options.season == season;
+}
+
+inline constexpr SceneMark kSceneMarks[] = {
+    {Command::SceneSummer, Is<viewer::Season::Summer>},
+    {Command::SceneSpring, Is<viewer::Season::Spring>},
+    {Command::SceneAutumn, Is<viewer::Season::Autumn>},
+    {Command::SceneWinter, Is<viewer::Season::Winter>},
+    {Command::SceneSnow, Has<&viewer::ViewOptions::snow>},
+    {Command::SceneNight, Has<&viewer::ViewOptions::night>},
+    {Command::SceneLights, Has<&viewer::ViewOptions::lights>},
+    {Command::ScenePantographs, Has<&viewer::ViewOptions::pantographs>},
+    {Command::SceneBoxes, Has<&viewer::ViewOptions::boxes>},
+    {Command::SceneWireframe, Has<&viewer::ViewOptions::wireframe>},
+    {Command::SceneNormals, Has<&viewer::ViewOptions::normals>},
+    {Command::SceneMissing, Has<&viewer::ViewOptions::marksMissing>},
+    {Command::SceneParts,
+     [](const viewer::ViewOptions &, const viewer::OptionControls &controls) {
+         return controls.PartsShown();
+     }},
+};
+
 /// A menu. A submenu is placed where its first command is.
 struct MenuRow
 {
@@ -403,6 +514,8 @@ inline constexpr MenuRow kMenus[] = {
     {Menu::Units, "mnuUnits", "&Units", "Change the units of the train", Menu::Consist},
     {Menu::Stock, "mnuStock", "&Stock"},
     {Menu::View, "mnuView", "&View"},
+    {Menu::Scene, "mnuScene", "3&D Content", "Choose what 3D windows show", Menu::View},
+    {Menu::Season, "mnuSeason", "&Season", "Choose the season of the 3D window", Menu::Scene},
     {Menu::Window, "mnuWindow", "&Window"},
     {Menu::Help, "mnuHelp", "&Help"},
 };

@@ -18,6 +18,7 @@
 #include "ui/main/Printing.h"
 #include "ui/main/ReplaceWindows.h"
 #include "ui/main/ResultsWindows.h"
+#include "ui/main/SceneCommands.h"
 #include "ui/main/StockCommands.h"
 #include "ui/main/ToolCommands.h"
 #include "ui/main/ViewCommands.h"
@@ -80,6 +81,7 @@ struct Handlers
     HealthCommands health;
     StockCommands stock;
     ViewCommands view;
+    SceneCommands scene;
     PictureCommands pictures;
     ToolCommands tools;
     WindowCommands windows;

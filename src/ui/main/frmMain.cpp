@@ -195,6 +195,12 @@ void frmMain::updateActions()
         m_menus->ActionOf(app::Command::StockUndoReplace)
             .setToolTip(QString::fromStdString(*change));
     m_menus->Update(facts);
+    UpdateSceneOptions();
+}
+
+void frmMain::UpdateSceneOptions()
+{
+    m_handlers->scene.ShowState(*m_menus, app::kSceneMarks);
 }
 
 void frmMain::stopWork()
@@ -237,6 +243,7 @@ void frmMain::OpenVehicleWindow(const std::string &shapeFile, const std::string 
 void frmMain::ShowLoads(bool shown)
 {
     m_windowSettings.loads = shown;
+    m_menus->ActionOf(app::Command::ViewLoads).setChecked(shown);
     for (frmDocument *window : Documents())
         window->ShowLoads(shown);
 }
@@ -273,6 +280,7 @@ void frmMain::addWindow(frmDocument *window)
     connect(window, &frmDocument::Closing, this, [this, window] { m_switcher.Leave(*window); });
     connect(window, &QObject::destroyed, this, &frmMain::updateActions);
     connect(window, &frmDocument::StepsChanged, this, &frmMain::updateActions);
+    connect(window, &frmDocument::OptionsChanged, this, &frmMain::UpdateSceneOptions);
     connect(window, &frmDocument::Saved, this, [this, window](const std::string &path) {
         for (frmDocument *other : Documents())
             if (other != window)

@@ -69,8 +69,8 @@ public:
     /// Asks for a name and saves the active document window under it. A 3D window saves a
     /// screenshot.
     void SaveDocumentAs();
-    /// Shows or hides the loads of vehicles in all 3D windows, now and in later ones.
-    void ShowLoads(bool shown);
+    /// Sets the check marks of the commands for the content of the active 3D window.
+    void UpdateSceneOptions();
     /// Returns the folder of the consists as the disk spells it, in which file dialogs start; "" if
     /// it is missing.
     std::string ConsistFolder() const;
@@ -91,6 +91,8 @@ public:
     void ChooseInstallation() override;
     void SetStatus(const std::string &text) override;
     void SetProgress(int done, int total) override;
+    /// Shows or hides the loads of vehicles in all 3D windows, now and in later ones.
+    void ShowLoads(bool shown) override;
     bool Animates() override;
     void WriteLog(const std::string &text) override;
 

@@ -38,6 +38,7 @@ ViewerPane::ViewerPane(const PaneHost &host, QWidget *parent)
     , m_grid(new QGridLayout(this))
     , m_stage(host.environment, sfViewer, [this](const std::string &text) { setStatus(text); })
     , m_camera(m_stage, sfViewer ? *sfViewer : static_cast<const QWidget &>(*this))
+    , m_options(m_stage, sfViewer, *this, host.showLoads)
 {
     m_grid->setContentsMargins(0, 0, 0, 0);
     m_grid->setSpacing(0);
@@ -98,6 +99,9 @@ void ViewerPane::connectScrollBars()
 void ViewerPane::connectCamera()
 {
     m_camera.SetAnimated(m_host.animates);
+    m_options.SetAnimated(m_host.animates);
+    connect(&m_options, &OptionControls::StatusChanged, this,
+            [this](const QString &text) { setStatus(text.toStdString()); });
     connect(&m_camera, &CameraControls::StatusChanged, this,
             [this](const QString &text) { setStatus(text.toStdString()); });
     connect(&m_camera, &CameraControls::Moved, this, [this](bool along) {
@@ -236,6 +240,7 @@ void ViewerPane::end()
     showPlace();
     showHeight();
     m_remark.clear();
+    m_options.SceneChanged();
     m_watch.Watch(m_stage.Places());
 }
 
@@ -245,8 +250,16 @@ void ViewerPane::followChanges()
         if (m_stage.FollowChanges() && m_stage.Loading())
             tmrRenderer.start(0);
     });
-    if (!m_stage.Loading())
-        m_watch.Watch(m_stage.Places());
+    if (m_stage.Loading())
+        return;
+    m_options.SceneChanged();
+    m_watch.Watch(m_stage.Places());
+}
+
+void ViewerPane::ShowLoads(bool shown)
+{
+    m_stage.ShowLoads(shown);
+    m_options.LoadsShown(shown);
 }
 
 bool ViewerPane::event(QEvent *event)
@@ -323,6 +336,19 @@ void ViewerPane::resizeEvent(QResizeEvent *event)
     QWidget::resizeEvent(event);
     if (TSView *view = m_stage.View())
         view->RefreshForm();
+    m_options.Place();
+}
+
+void ViewerPane::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    m_options.SetVisible(true);
+}
+
+void ViewerPane::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    m_options.SetVisible(false);
 }
 
 void ViewerPane::keyPressEvent(QKeyEvent *event)

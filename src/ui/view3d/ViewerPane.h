@@ -3,6 +3,7 @@
 
 #include "ui/view3d/CameraControls.h"
 #include "ui/view3d/FileWatch.h"
+#include "ui/view3d/OptionControls.h"
 #include "viewer/Stage.h"
 
 #include <QImage>
@@ -31,6 +32,8 @@ struct PaneHost
     std::function<void(int done, int total)> setProgress;
     /// Opens a file or folder outside the program.
     std::function<void(const std::string &)> openOutside;
+    /// Shows or hides the loads of vehicles in all 3D windows.
+    std::function<void(bool shown)> showLoads;
     bool animates = true; ///< the system does not ask for still pictures
 };
 
@@ -43,6 +46,7 @@ struct PaneHost
 /// both. The middle button slides the picture with the mouse, and the wheel moves the camera
 /// towards what is under the mouse. A double click on a vehicle makes it the target and shows its
 /// name; beside the vehicles, it restores the first view. The arrow keys work like the scroll bars.
+/// The tool row of ViewTools covers the upper right corner while it is needed.
 class ViewerPane : public QWidget
 {
     Q_OBJECT
@@ -58,7 +62,9 @@ public:
                             const std::string &source);
     void RenderShape(const std::string &file, const std::string &vehicle);
     /// Shows or hides the loads of vehicles, now and in later scenes.
-    void ShowLoads(bool shown) { m_stage.ShowLoads(shown); }
+    void ShowLoads(bool shown);
+    /// The options of the window and their controls.
+    OptionControls &Options() { return m_options; }
     const std::string &Caption() const { return m_stage.Caption(); }
     bool Loading() const { return m_stage.Loading(); }
     /// Returns the scene, or null before the first one.
@@ -91,6 +97,8 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     bool event(QEvent *event) override;
 
@@ -118,6 +126,7 @@ private:
     VehicleLabel *m_vehicle = nullptr;         ///< null without OpenGL
     Stage m_stage;
     CameraControls m_camera;
+    OptionControls m_options;
     FileWatch m_watch;
 };
 
