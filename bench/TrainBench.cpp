@@ -45,7 +45,11 @@ public:
 class NoDevice : public korvat::Device
 {
 public:
-    unsigned UploadMesh(const korvat::Mesh &) override { return ++m_given; }
+    unsigned UploadMesh(std::span<const korvat::DrawVertex>,
+                        std::span<const std::uint32_t>) override
+    {
+        return ++m_given;
+    }
     unsigned UploadTexture(const korvat::Texture &) override { return ++m_given; }
     void ReleaseMesh(unsigned) override {}
     void ReleaseTexture(unsigned) override {}
@@ -54,9 +58,12 @@ public:
         if (number == 0)
             shadows = 0;
     }
-    void DrawShadow(const korvat::ShadowCall &) override { ++shadows; }
+    void DrawShadow(const korvat::ShadowCall &, std::span<const korvat::Transform>) override
+    {
+        ++shadows;
+    }
     void BeginFrame(const korvat::FrameSetup &) override { draws = 0; }
-    void Draw(const korvat::DrawCall &) override { ++draws; }
+    void Draw(const korvat::DrawCall &, std::span<const korvat::Transform>) override { ++draws; }
     void EndFrame() override {}
 
     std::size_t draws = 0, shadows = 0; ///< of the last frame

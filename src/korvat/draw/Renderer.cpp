@@ -53,6 +53,55 @@ Sphere moved(const Sphere &sphere, const Transform &world)
     return {TransformPoint(sphere.centre, world), sphere.radius * scaleOf(world)};
 }
 
+/// Passes the calls to the device in their order; equal neighbours become one.
+template <typename Calls, typename Draw> void drawInOrder(const Calls &calls, Draw draw)
+{
+    std::vector<Transform> places;
+    for (std::size_t i = 0; i < calls.size(); ++i) {
+        places.push_back(calls[i].place);
+        if (i + 1 < calls.size() && calls[i + 1].call == calls[i].call)
+            continue;
+        draw(calls[i].call, std::span<const Transform>(places));
+        places.clear();
+    }
+}
+
+/// Passes the calls to the device in any order, so equal ones become one, and those that share a
+/// texture and a mesh are neighbours.
+template <typename Calls, typename Draw> void drawGrouped(Calls &calls, Draw draw)
+{
+    std::stable_sort(calls.begin(), calls.end(), [](const auto &a, const auto &b) {
+        return std::tie(a.call.texture, a.call.mesh, a.call.firstIndex, a.call.indexCount) <
+               std::tie(b.call.texture, b.call.mesh, b.call.firstIndex, b.call.indexCount);
+    });
+    drawInOrder(calls, draw);
+}
+
+/// Draws the nearly solid pixels of blended surfaces with depth, so that glass behind a window bar
+/// does not show through it.
+template <typename Calls, typename Draw> void drawNearlySolid(const Calls &blended, Draw draw)
+{
+    Calls calls;
+    for (const auto &each : blended) {
+        if (each.call.mixing == Mixing::Add)
+            continue;
+        calls.push_back(each);
+        calls.back().call.mixing = Mixing::Replace;
+        calls.back().call.alphaLimit = kSolidLimit;
+    }
+    drawGrouped(calls, draw);
+}
+
+/// Draws blended surfaces over everything that was drawn before, in their order.
+template <typename Calls, typename Draw> void drawTransparent(Calls &blended, Draw draw)
+{
+    for (auto &each : blended) {
+        each.call.writesDepth = false;
+        each.call.alphaLimit = kVisibleLimit;
+    }
+    drawInOrder(blended, draw);
+}
+
 /// Sets the colours of the sky. Below the ground it looks like soil, with some light from above.
 void setSky(FrameSetup &setup, bool below)
 {
@@ -181,9 +230,17 @@ void Renderer::PaintTile(Device &device, int width, int height, const Tile &tile
     for (const Placed &placed : m_frame)
         if (frustum.Sees(moved(placed.model->bounds, placed.world)))
             collect(device, placed, calls);
-    drawSolid(device, calls.solid);
-    drawSolid(device, calls.tested);
-    drawBlended(device, calls.blended);
+    const auto draw = [&device](const DrawCall &call, std::span<const Transform> places) {
+        device.Draw(call, places);
+    };
+    drawGrouped(calls.solid, draw);
+    drawGrouped(calls.tested, draw);
+    drawNearlySolid(calls.onGround, draw);
+    drawNearlySolid(calls.blended, draw);
+    drawTransparent(calls.onGround, draw);
+    std::stable_sort(calls.blended.begin(), calls.blended.end(),
+                     [](const auto &a, const auto &b) { return a.distance > b.distance; });
+    drawTransparent(calls.blended, draw);
     device.EndFrame();
 }
 
@@ -204,12 +261,16 @@ void Renderer::paintShadows(Device &device, FrameSetup &setup)
     std::vector<std::vector<ShadowCall>> calls(objects.size());
     for (std::size_t number = 0; number < kShadowMaps; ++number) {
         device.BeginShadow(fit.maps[number], number);
+        std::vector<At<ShadowCall>> cast;
         for (const std::size_t i : fit.casters[number]) {
             if (calls[i].empty())
                 calls[i] = shadowsOf(device, *objects[i]);
             for (const ShadowCall &call : calls[i])
-                device.DrawShadow(call);
+                cast.push_back({call, objects[i]->world});
         }
+        drawGrouped(cast, [&device](const ShadowCall &call, std::span<const Transform> places) {
+            device.DrawShadow(call, places);
+        });
     }
 }
 
@@ -219,9 +280,9 @@ std::vector<ShadowCall> Renderer::shadowsOf(Device &device, const Placed &placed
 {
     std::vector<ShadowCall> calls;
     ShadowCall call;
-    call.mesh = numberOf(device, placed.model);
-    call.world = placed.world;
-    for (const Part &part : placed.model->parts) {
+    const HeldModel &model = held(device, placed.model);
+    call.mesh = model.number;
+    for (const Part &part : model.parts) {
         const TexturePtr picture = pictureOf(part, placed);
         const Mixing mixing = mixingOf(part.surface, picture.get());
         if (mixing == Mixing::Add)
@@ -244,11 +305,11 @@ std::vector<ShadowCall> Renderer::shadowsOf(Device &device, const Placed &placed
 
 void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
 {
+    const HeldModel &model = held(device, placed.model);
     DrawCall call;
-    call.mesh = numberOf(device, placed.model);
-    call.world = placed.world;
+    call.mesh = model.number;
     call.isGround = placed.role == Role::Ground;
-    for (const Part &part : placed.model->parts) {
+    for (const Part &part : model.parts) {
         const TexturePtr picture = pictureOf(part, placed);
         const bool tested = isTested(part.surface, picture.get());
         call.texture = picture ? numberOf(device, picture) : 0;
@@ -264,51 +325,27 @@ void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
         call.writesDepth = true;
         call.alphaLimit = tested ? kTestLimit : 0;
         call.softEdge = tested && call.mixing == Mixing::Replace;
-        if (call.mixing != Mixing::Replace)
+        if (call.mixing == Mixing::Replace)
+            (tested ? calls.tested : calls.solid).push_back({call, placed.world});
+        else if (placed.role == Role::Object)
             calls.blended.push_back(
-                {call, Length(TransformPoint(part.bounds.centre, placed.world) - m_eye)});
+                {call, placed.world,
+                 Length(TransformPoint(part.bounds.centre, placed.world) - m_eye)});
         else
-            (tested ? calls.tested : calls.solid).push_back(call);
+            calls.onGround.push_back({call, placed.world});
     }
 }
 
-/// Draws in any order, so calls that share a texture and a mesh are grouped.
-void Renderer::drawSolid(Device &device, std::vector<DrawCall> &calls)
+const Renderer::HeldModel &Renderer::held(Device &device, const std::shared_ptr<const Model> &model)
 {
-    std::stable_sort(calls.begin(), calls.end(), [](const DrawCall &a, const DrawCall &b) {
-        return std::tie(a.texture, a.mesh) < std::tie(b.texture, b.mesh);
-    });
-    for (const DrawCall &call : calls)
-        device.Draw(call);
-}
-
-/// Draws the nearly solid pixels first, with depth, so that glass behind a window bar does not show
-/// through it. Then draws everything from far to near, in file order at equal distance.
-void Renderer::drawBlended(Device &device, std::vector<Blended> &calls)
-{
-    for (const Blended &blended : calls) {
-        if (blended.call.mixing == Mixing::Add)
-            continue;
-        DrawCall call = blended.call;
-        call.mixing = Mixing::Replace;
-        call.alphaLimit = kSolidLimit;
-        device.Draw(call);
+    HeldModel &held = m_meshes[model.get()];
+    if (held.number == 0) {
+        MergedParts merged = MergeParts(*model);
+        held.thing = model;
+        held.number = device.UploadMesh(model->mesh.vertices, merged.indices);
+        held.parts = std::move(merged.parts);
     }
-    std::stable_sort(calls.begin(), calls.end(),
-                     [](const Blended &a, const Blended &b) { return a.distance > b.distance; });
-    for (Blended &blended : calls) {
-        blended.call.writesDepth = false;
-        blended.call.alphaLimit = kVisibleLimit;
-        device.Draw(blended.call);
-    }
-}
-
-unsigned Renderer::numberOf(Device &device, const std::shared_ptr<const Model> &model)
-{
-    Held<Model> &held = m_meshes[model.get()];
-    if (held.number == 0)
-        held = {model, device.UploadMesh(model->mesh)};
-    return held.number;
+    return held;
 }
 
 unsigned Renderer::numberOf(Device &device, const TexturePtr &picture)
