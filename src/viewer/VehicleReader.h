@@ -51,6 +51,7 @@ private:
         std::once_flag once;
         std::shared_ptr<const content::AddedShapes> added;
     };
+    StockShape readShape(const std::string &stockFile);
     content::VehicleFiles filesOf(const std::string &stockFile);
     content::AddedShapes read(const std::string &stockFile);
 
@@ -60,6 +61,7 @@ private:
     content::FileStore m_store{m_folders};
     std::mutex m_mutex;
     std::map<std::string, std::shared_ptr<Kept>> m_kept; ///< by the stock file
+    std::map<std::string, StockShape> m_shapes;          ///< by the stock file
 };
 
 /// Like ReadStockShapeToShow, for the simulator of the current installation.

@@ -14,6 +14,7 @@
 #include <array>
 #include <filesystem>
 #include <new>
+#include <utility>
 
 namespace korvat {
 namespace {
@@ -68,6 +69,7 @@ LoadedModel ModelLibrary::LoadModel(const std::string &path)
     try {
         const auto found = m_files.FindFile(path);
         const std::string place = found ? placeOf(*found) : std::string();
+        const Turn turn(*this, place);
         if (auto known = find(m_models, place))
             return {known, {}};
         const auto stamp = host::disk::StampOf(place);
@@ -95,6 +97,7 @@ LoadedTexture ModelLibrary::LoadTexture(const std::string &shapeFolder,
         if (!found)
             return {Checker(), "Texture " + name + " is missing"};
         const std::string place = placeOf(*found);
+        const Turn turn(*this, place);
         if (auto known = find(m_textures, place))
             return {known, {}};
         const auto stamp = host::disk::StampOf(place);
@@ -111,6 +114,24 @@ LoadedTexture ModelLibrary::LoadTexture(const std::string &shapeFolder,
     } catch (const std::exception &error) {
         return {Checker(), "Texture " + name + ": " + error.what()};
     }
+}
+
+ModelLibrary::Turn::Turn(ModelLibrary &library, std::string place)
+    : m_library(library)
+    , m_place(std::move(place))
+{
+    std::unique_lock lock(m_library.m_mutex);
+    m_library.m_read.wait(lock, [this] { return !m_library.m_reading.contains(m_place); });
+    m_library.m_reading.insert(m_place);
+}
+
+ModelLibrary::Turn::~Turn()
+{
+    {
+        const std::lock_guard lock(m_library.m_mutex);
+        m_library.m_reading.erase(m_place);
+    }
+    m_library.m_read.notify_all();
 }
 
 template <typename Thing>
