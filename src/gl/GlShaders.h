@@ -7,7 +7,8 @@
 /// in the shaders a vector is on the right of its matrix.
 namespace korvat::shaders {
 
-/// Room in the lists of places, of the 64 matrices that every OpenGL 3.3 accepts.
+/// Room in the list of places `world` of the vertex shaders below, which repeat the number. Every
+/// OpenGL 3.3 accepts 64 matrices in all.
 inline constexpr std::size_t kPlaces = 48;
 
 inline constexpr char kSurfaceVertex[] = R"(#version 330 core
