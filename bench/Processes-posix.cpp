@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <malloc.h>
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -51,6 +52,9 @@ rusage waitFor(pid_t child, const std::string &what)
 long peakOfCopy(const std::function<void()> &work)
 {
     std::fflush(nullptr);
+#ifdef __GLIBC__
+    malloc_trim(0); // so that the work does not use memory that this process has freed
+#endif
     const pid_t child = fork();
     if (child == 0) {
         work();

@@ -45,7 +45,11 @@ public:
 class NoDevice : public korvat::Device
 {
 public:
-    unsigned UploadMesh(const korvat::Mesh &) override { return ++m_given; }
+    unsigned UploadMesh(std::span<const korvat::DrawVertex>,
+                        std::span<const std::uint32_t>) override
+    {
+        return ++m_given;
+    }
     unsigned UploadTexture(const korvat::Texture &) override { return ++m_given; }
     void ReleaseMesh(unsigned) override {}
     void ReleaseTexture(unsigned) override {}
@@ -54,9 +58,12 @@ public:
         if (number == 0)
             shadows = 0;
     }
-    void DrawShadow(const korvat::ShadowCall &) override { ++shadows; }
+    void DrawShadow(const korvat::ShadowCall &, std::span<const korvat::Transform>) override
+    {
+        ++shadows;
+    }
     void BeginFrame(const korvat::FrameSetup &) override { draws = 0; }
-    void Draw(const korvat::DrawCall &) override { ++draws; }
+    void Draw(const korvat::DrawCall &, std::span<const korvat::Transform>) override { ++draws; }
     void EndFrame() override {}
 
     std::size_t draws = 0, shadows = 0; ///< of the last frame
@@ -114,6 +121,29 @@ void readAndInflate(const std::vector<std::string> &paths)
     }
 }
 
+/// Returns the size of a file that has been inflated.
+std::size_t inflatedSize(const std::string &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    korvat::Container container;
+    const bool packed = bytes.starts_with("SIMISA@F") &&
+                        !korvat::OpenContainer(bytes, korvat::kMaxShapeBytes, container);
+    return packed ? container.payload.size() : bytes.size();
+}
+
+/// Compares the memory of an open train with the size of its files.
+bench::Row memoryRow(const bench::SampleTrain &train)
+{
+    constexpr double kMebibyte = 1024 * 1024;
+    std::size_t size = 0;
+    for (const std::string &path : train.Files())
+        size += inflatedSize(path);
+    return {"memory of an open train, peak", "its files, inflated",
+            bench::PeakMebibytes([&train] { Window window(train); }),
+            static_cast<double>(size) / kMebibyte, "MB"};
+}
+
 bench::Row frameRow(Window &window, bool shadows, const char *name)
 {
     window.canvas.LookAtAll(window.stage.TrainMiddle());
@@ -130,6 +160,7 @@ bench::Row frameRow(Window &window, bool shadows, const char *name)
 
 int run(const bench::SampleTrain &train, const bench::SampleTrain &textTrain)
 {
+    const bench::Row memory = memoryRow(train); // first, while this process holds little memory
     const std::vector<std::string> paths = train.Files();
     const std::vector<std::string> textPaths = textTrain.Files();
     const bench::Row open = bench::Compare(
@@ -141,9 +172,16 @@ int run(const bench::SampleTrain &train, const bench::SampleTrain &textTrain)
     Window window(train);
     const bench::Row frame = frameRow(window, false, "a frame of the train, processor time");
     const bench::Row shadows = frameRow(window, true, "a frame with shadows, processor time");
-    bench::PrintTable({open, openText, frame, shadows});
-    std::printf("%d vehicles, %zu files, %zu draw calls a frame, %zu more for shadows\n",
-                window.stage.Total(), paths.size(), window.device.draws, window.device.shadows);
+    const auto draws = static_cast<double>(window.device.draws);
+    const auto casts = static_cast<double>(window.device.shadows);
+    bench::PrintTable({open,
+                       openText,
+                       memory,
+                       frame,
+                       shadows,
+                       {"draw calls of a frame", "limit", draws, 300, "calls"},
+                       {"draw calls of its shadows", "limit", casts, 300, "calls"}});
+    std::printf("%d vehicles, %zu files\n", window.stage.Total(), paths.size());
     return 0;
 }
 

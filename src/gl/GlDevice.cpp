@@ -165,21 +165,20 @@ GlDevice::~GlDevice()
     glDeleteVertexArrays(1, &m_skyArray);
 }
 
-unsigned GlDevice::UploadMesh(const Mesh &mesh)
+unsigned GlDevice::UploadMesh(std::span<const DrawVertex> vertices,
+                              std::span<const std::uint32_t> indices)
 {
     Buffers buffers;
     glGenVertexArrays(1, &buffers.vertexArray);
     glBindVertexArray(buffers.vertexArray);
     glGenBuffers(1, &buffers.vertices);
     glBindBuffer(GL_ARRAY_BUFFER, buffers.vertices);
-    glBufferData(GL_ARRAY_BUFFER,
-                 static_cast<GLsizeiptr>(mesh.vertices.size() * sizeof(DrawVertex)),
-                 mesh.vertices.data(), GL_STATIC_DRAW);
+    glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(vertices.size_bytes()), vertices.data(),
+                 GL_STATIC_DRAW);
     glGenBuffers(1, &buffers.indices);
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, buffers.indices);
-    glBufferData(GL_ELEMENT_ARRAY_BUFFER,
-                 static_cast<GLsizeiptr>(mesh.indices.size() * sizeof(std::uint32_t)),
-                 mesh.indices.data(), GL_STATIC_DRAW);
+    glBufferData(GL_ELEMENT_ARRAY_BUFFER, static_cast<GLsizeiptr>(indices.size_bytes()),
+                 indices.data(), GL_STATIC_DRAW);
     const struct
     {
         int size;
@@ -263,7 +262,7 @@ void GlDevice::BeginShadow(const ShadowMap &map, std::size_t number)
     m_lastMesh = 0;
 }
 
-void GlDevice::DrawShadow(const ShadowCall &call)
+void GlDevice::DrawShadow(const ShadowCall &call, std::span<const Transform> places)
 {
     if (!m_shadows.Use(call))
         return;
@@ -271,7 +270,7 @@ void GlDevice::DrawShadow(const ShadowCall &call)
         glBindTexture(GL_TEXTURE_2D, call.texture);
         glBindSampler(0, m_samplers[samplerOf(call.addressing, true)]);
     }
-    drawElements(call.mesh, call.firstIndex, call.indexCount, GL_TRIANGLES);
+    drawElements(call, GL_TRIANGLES, m_shadows.World(), places);
 }
 
 void GlDevice::BeginFrame(const FrameSetup &setup)
@@ -370,7 +369,6 @@ void GlDevice::setEnabled(GLenum option, bool enabled)
 
 void GlDevice::useState(const DrawCall &call)
 {
-    glUniformMatrix4fv(m_place.world, 1, GL_FALSE, call.world.m.data());
     glUniform4f(m_place.colour, call.colour.r, call.colour.g, call.colour.b, call.colour.a);
     glUniform1i(m_place.textured, call.texture != 0);
     glUniform1i(m_place.opaque, call.opaque);
@@ -389,20 +387,28 @@ void GlDevice::useState(const DrawCall &call)
     glBlendFunc(GL_SRC_ALPHA, call.mixing == Mixing::Add ? GL_ONE : GL_ONE_MINUS_SRC_ALPHA);
 }
 
-void GlDevice::drawElements(unsigned mesh, std::uint32_t first, std::uint32_t count, GLenum kind)
+/// Draws at as many places at once as the shader's list `world` has room for.
+template <typename Call>
+void GlDevice::drawElements(const Call &call, GLenum kind, int world,
+                            std::span<const Transform> places)
 {
-    if (mesh != m_lastMesh)
-        glBindVertexArray(mesh);
-    m_lastMesh = mesh;
-    glDrawElements(kind, static_cast<GLsizei>(count), GL_UNSIGNED_INT,
-                   offset(first * sizeof(std::uint32_t)));
+    if (call.mesh != m_lastMesh)
+        glBindVertexArray(call.mesh);
+    m_lastMesh = call.mesh;
+    while (!places.empty()) {
+        const auto some = places.first(std::min(places.size(), shaders::kPlaces));
+        const auto count = static_cast<GLsizei>(some.size());
+        glUniformMatrix4fv(world, count, GL_FALSE, some.front().m.data());
+        glDrawElementsInstanced(kind, static_cast<GLsizei>(call.indexCount), GL_UNSIGNED_INT,
+                                offset(call.firstIndex * sizeof(std::uint32_t)), count);
+        places = places.subspan(some.size());
+    }
 }
 
-void GlDevice::Draw(const DrawCall &call)
+void GlDevice::Draw(const DrawCall &call, std::span<const Transform> places)
 {
     useState(call);
-    drawElements(call.mesh, call.firstIndex, call.indexCount,
-                 call.isLines ? GL_LINES : GL_TRIANGLES);
+    drawElements(call, call.isLines ? GL_LINES : GL_TRIANGLES, m_place.world, places);
 }
 
 void GlDevice::EndFrame()

@@ -23,14 +23,15 @@ public:
     static std::unique_ptr<GlDevice> Create(std::string &reason);
     ~GlDevice() override;
 
-    unsigned UploadMesh(const Mesh &mesh) override;
+    unsigned UploadMesh(std::span<const DrawVertex> vertices,
+                        std::span<const std::uint32_t> indices) override;
     unsigned UploadTexture(const Texture &picture) override;
     void ReleaseMesh(unsigned mesh) override;
     void ReleaseTexture(unsigned texture) override;
     void BeginShadow(const ShadowMap &map, std::size_t number) override;
-    void DrawShadow(const ShadowCall &call) override;
+    void DrawShadow(const ShadowCall &call, std::span<const Transform> places) override;
     void BeginFrame(const FrameSetup &setup) override;
-    void Draw(const DrawCall &call) override;
+    void Draw(const DrawCall &call, std::span<const Transform> places) override;
     void EndFrame() override;
 
     /// True for an OpenGL that runs on the processor: it needs seconds per frame with anisotropic
@@ -55,7 +56,8 @@ private:
     void passCones(const FrameSetup &setup);
     void setEnabled(GLenum option, bool enabled);
     void useState(const DrawCall &call);
-    void drawElements(unsigned mesh, std::uint32_t first, std::uint32_t count, GLenum kind);
+    template <typename Call>
+    void drawElements(const Call &call, GLenum kind, int world, std::span<const Transform> places);
 
     QOpenGLShaderProgram m_surface, m_sky;
     struct

@@ -1,22 +1,28 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+
 /// The programs for the graphics card. OpenGL reads the rows of a korvat::Transform as columns, so
 /// in the shaders a vector is on the right of its matrix.
 namespace korvat::shaders {
+
+/// Room in the list of places `world` of the vertex shaders below, which repeat the number. Every
+/// OpenGL 3.3 accepts 64 matrices in all.
+inline constexpr std::size_t kPlaces = 48;
 
 inline constexpr char kSurfaceVertex[] = R"(#version 330 core
 layout(location = 0) in vec3 position;
 layout(location = 1) in vec3 normal;
 layout(location = 2) in vec2 uv;
-uniform mat4 world, viewProjection;
+uniform mat4 world[48], viewProjection;
 out vec3 place, facing;
 out vec2 pictureAt;
 void main()
 {
-    vec4 moved = world * vec4(position, 1.0);
+    vec4 moved = world[gl_InstanceID] * vec4(position, 1.0);
     place = moved.xyz;
-    facing = mat3(world) * normal;
+    facing = mat3(world[gl_InstanceID]) * normal;
     pictureAt = uv;
     gl_Position = viewProjection * moved;
 }
@@ -233,12 +239,12 @@ void main()
 inline constexpr char kShadowVertex[] = R"(#version 330 core
 layout(location = 0) in vec3 position;
 layout(location = 2) in vec2 uv;
-uniform mat4 world, toMap;
+uniform mat4 world[48], toMap;
 out vec2 pictureAt;
 void main()
 {
     pictureAt = uv;
-    gl_Position = toMap * (world * vec4(position, 1.0));
+    gl_Position = toMap * (world[gl_InstanceID] * vec4(position, 1.0));
 }
 )";
 

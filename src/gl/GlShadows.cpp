@@ -98,7 +98,6 @@ bool GlShadows::Use(const ShadowCall &call)
 {
     if (!m_usable)
         return false;
-    glUniformMatrix4fv(m_world, 1, GL_FALSE, call.world.m.data());
     glUniform1f(m_alphaLimit, call.alphaLimit);
     return true;
 }

@@ -24,6 +24,8 @@ public:
     /// Sets the state for a call whose mesh, texture and sampler are bound. Returns false if there
     /// is no room for the maps.
     bool Use(const ShadowCall &call);
+    /// Returns the location of the list of places.
+    int World() const { return m_world; }
     /// Returns to the frame's surface; does nothing if no map was begun.
     void End();
     /// Passes the maps to the program of the frame, which is bound. Frees them in a frame without

@@ -38,6 +38,17 @@ std::string KeptModels::KeyOf(const std::string &shapeFolder, const std::string 
     return shapeFolder + '|' + texture;
 }
 
+template <typename Entry>
+std::optional<Entry> KeptModels::current(const std::map<std::string, Entry> &entries,
+                                         const std::string &key)
+{
+    const std::lock_guard lock(m_mutex);
+    const auto entry = entries.find(key);
+    if (entry == entries.end() || !entry->second.isCurrent)
+        return std::nullopt;
+    return entry->second;
+}
+
 template <typename Entry, typename State>
 void KeptModels::watch(std::map<std::string, Entry> &entries, const std::string &key, State state)
 {
@@ -53,11 +64,15 @@ void KeptModels::watch(std::map<std::string, Entry> &entries, const std::string 
 
 LoadedModel KeptModels::LoadLevel(const std::string &path, int level)
 {
+    if (auto known = current(m_shapes, KeyOf(path)); known && known->models.contains(level))
+        return {known->models[level], {}};
     // Before the file is read, so that a change during the reading is noticed.
     watch(m_shapes, KeyOf(path), [&] { return FileOnDisk::Of(m_files, path); });
     LoadedModel loaded = level == 1 ? m_source.LoadModel(path) : m_source.LoadLevel(path, level);
     const std::lock_guard lock(m_mutex);
-    auto &model = m_shapes[KeyOf(path)].models[level];
+    Shape &shape = m_shapes[KeyOf(path)];
+    shape.isCurrent = loaded.model != nullptr;
+    auto &model = shape.models[level];
     if (loaded.model) {
         model = loaded.model;
     } else if (model) {
@@ -71,6 +86,8 @@ LoadedTexture KeptModels::LoadTexture(const std::string &shapeFolder,
                                       const std::string &texturePath, const std::string &name)
 {
     const std::string key = KeyOf(shapeFolder, name);
+    if (auto known = current(m_pictures, key); known && known->texturePath == texturePath)
+        return {known->texture, {}};
     watch(m_pictures, key, [&] { return stateOf({shapeFolder, texturePath, name, {}, {}}); });
     LoadedTexture loaded = m_source.LoadTexture(shapeFolder, texturePath, name);
     const std::lock_guard lock(m_mutex);
@@ -78,6 +95,7 @@ LoadedTexture KeptModels::LoadTexture(const std::string &shapeFolder,
     picture.folder = shapeFolder;
     picture.texturePath = texturePath;
     picture.name = name;
+    picture.isCurrent = loaded.problem.empty();
     if (loaded.problem.empty()) {
         picture.texture = loaded.texture;
     } else if (picture.texture) {
@@ -98,15 +116,17 @@ std::set<std::string> KeptModels::TakeChanges()
 {
     const std::lock_guard lock(m_mutex);
     std::set<std::string> changed;
-    const auto compare = [&changed](const std::string &key, FileOnDisk &known, FileOnDisk now) {
-        if (known != now)
+    const auto compare = [&changed](const std::string &key, auto &entry, FileOnDisk now) {
+        if (entry.file != now) {
             changed.insert(key);
-        known = std::move(now);
+            entry.isCurrent = false;
+        }
+        entry.file = std::move(now);
     };
     for (auto &[key, shape] : m_shapes)
-        compare(key, shape.file, FileOnDisk::Of(m_files, key));
+        compare(key, shape, FileOnDisk::Of(m_files, key));
     for (auto &[key, picture] : m_pictures)
-        compare(key, picture.file, stateOf(picture));
+        compare(key, picture, stateOf(picture));
     return changed;
 }
 

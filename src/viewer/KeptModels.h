@@ -31,7 +31,8 @@ struct FileOnDisk
 
 /// The shapes and textures of one scene. Remembers their files, to find out which of them have
 /// changed, and what was last read from them: if a file can no longer be read, for example because
-/// another program is writing it, requests return its last good content. Thread-safe.
+/// another program is writing it, requests return its last good content. Looks for a file again
+/// only when TakeChanges has found a change. Thread-safe.
 class KeptModels : public korvat::ModelSource
 {
 public:
@@ -62,15 +63,20 @@ private:
     {
         FileOnDisk file;
         std::map<int, std::shared_ptr<const korvat::Model>>
-            models; ///< the last good ones, by level
+            models;             ///< the last good ones, by level
+        bool isCurrent = false; ///< no change of the file is known since it was read
     };
     struct Picture
     {
         std::string folder, texturePath, name;
         FileOnDisk file;
         korvat::TexturePtr texture; ///< the last good one; null for none
+        bool isCurrent = false;     ///< no change of the file is known since it was read
     };
     FileOnDisk stateOf(const Picture &picture);
+    template <typename Entry>
+    std::optional<Entry> current(const std::map<std::string, Entry> &entries,
+                                 const std::string &key);
     template <typename Entry, typename State>
     void watch(std::map<std::string, Entry> &entries, const std::string &key, State state);
 

@@ -4,15 +4,26 @@
 #include "host/Path.h"
 #include "viewer/TSViewObject.h"
 
+#include <algorithm>
 #include <exception>
+#include <set>
 
 namespace viewer {
 namespace {
 
-/// A single thread reads a file that several vehicles share only once, and leaves a core to the
-/// window.
-constexpr std::size_t kThreads = 1;
-constexpr std::size_t kWaiting = 8; ///< vehicles; more would only use memory earlier
+constexpr std::size_t kMostWorkers = 4; ///< more would wait for the disk and for memory
+constexpr std::size_t kWaiting = 8;     ///< vehicles; more would only use memory earlier
+
+/// Replaces the names of files that occur before: while the scene holds the first vehicle, nothing
+/// of the others is read again.
+std::vector<std::string> withoutRepeated(std::vector<std::string> files)
+{
+    std::set<std::string> known;
+    for (std::string &file : files)
+        if (!known.insert(file).second)
+            file.clear();
+    return files;
+}
 
 /// Returns the shapes of a file in the order in which loading needs them.
 std::vector<std::string> shapesOf(VehicleReader &vehicles, const std::string &file)
@@ -43,10 +54,9 @@ ShapesAhead::ShapesAhead(const install::Environment &environment,
                          std::shared_ptr<VehicleReader> vehicles, std::vector<std::string> files)
     : m_ahead(
           files.size(),
-          [environment, vehicles = std::move(vehicles), files](std::size_t place) {
-              return read(environment, *vehicles, files[place]);
-          },
-          kThreads, kWaiting)
+          [environment, vehicles = std::move(vehicles), needed = withoutRepeated(files)](
+              std::size_t place) { return read(environment, *vehicles, needed[place]); },
+          std::min(host::DefaultWorkers(), kMostWorkers), kWaiting)
 {
 }
 

@@ -13,9 +13,9 @@
 
 namespace viewer {
 
-/// Reads shapes, those that vehicles add, and their textures ahead on a thread, in order, so that
-/// loading them into a scene finds everything in memory. Does not report what cannot be read;
-/// loading it does.
+/// Reads shapes, those that vehicles add, and their textures ahead on threads, so that loading them
+/// into a scene finds everything in memory. Reads each file once and assumes that the scene holds
+/// what it has loaded. Does not report what cannot be read; loading it does.
 class ShapesAhead
 {
 public:

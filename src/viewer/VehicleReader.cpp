@@ -77,6 +77,19 @@ bool VehicleReader::Exists(const std::string &stockFile)
 
 StockShape VehicleReader::Shape(const std::string &stockFile)
 {
+    {
+        const std::lock_guard lock(m_mutex);
+        if (const auto known = m_shapes.find(stockFile); known != m_shapes.end())
+            return known->second;
+    }
+    StockShape stock = readShape(stockFile);
+    const std::lock_guard lock(m_mutex);
+    m_shapes.emplace(stockFile, stock);
+    return stock;
+}
+
+StockShape VehicleReader::readShape(const std::string &stockFile)
+{
     if (m_reading.profile == Profile::Msts)
         return ReadStockShape(m_files, stockFile);
     const content::VehicleFiles files = filesOf(stockFile);

@@ -70,6 +70,7 @@ private:
         content::VehicleBoxes boxes;
         Wheels wheels;
     };
+    StockShape readShape(const std::string &stockFile);
     content::VehicleFiles filesOf(const std::string &stockFile);
     std::shared_ptr<const Kept> keptOf(const std::string &stockFile);
     void read(const std::string &stockFile, Kept &kept);
@@ -80,6 +81,7 @@ private:
     content::FileStore m_store{m_folders};
     std::mutex m_mutex;
     std::map<std::string, std::shared_ptr<Kept>> m_kept; ///< by the stock file
+    std::map<std::string, StockShape> m_shapes;          ///< by the stock file
 };
 
 /// Like ReadStockShapeToShow, for the simulator of the current installation.

@@ -12,6 +12,8 @@
 
 #include <chrono>
 #include <filesystem>
+#include <latch>
+#include <thread>
 
 using namespace korvat;
 
@@ -56,6 +58,31 @@ TEST_F(ModelLibraryTest, SharesModelsInUseUntilTheirFileChanges)
     const LoadedModel second = library.LoadModel(shape);
     EXPECT_NE(second.model, first.model);
     EXPECT_FLOAT_EQ(second.model->box.most.z, 3);
+}
+
+TEST_F(ModelLibraryTest, ThreadsThatNeedOneFileGetOneModel)
+{
+    // Large enough that the threads meet while it is read.
+    const std::string large =
+        game.Write("Cars/large.s", ShapeText(std::vector(5000, SidePanel(1, 1, {0, 2, 0}, 4, 2))));
+    constexpr std::size_t kThreads = 4;
+    std::latch start(kThreads);
+    std::vector<LoadedModel> models(kThreads);
+    std::vector<LoadedTexture> textures(kThreads);
+    {
+        std::vector<std::jthread> threads;
+        for (std::size_t i = 0; i < kThreads; ++i)
+            threads.emplace_back([&, i] {
+                start.arrive_and_wait();
+                models[i] = library.LoadModel(large);
+                textures[i] = texture("roof.dds");
+            });
+    }
+    ASSERT_EQ(models[0].error, "");
+    for (std::size_t i = 1; i < kThreads; ++i) {
+        EXPECT_EQ(models[i].model, models[0].model);
+        EXPECT_EQ(textures[i].texture, textures[0].texture);
+    }
 }
 
 TEST_F(ModelLibraryTest, CompressedTexturesHaveAllLevels)

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <random>
 
 using korvat::ReadShape;
 using korvat::Shape;
@@ -123,6 +124,33 @@ TEST(ReadShapeTest, ReadsRareBinaryBlocks)
     EXPECT_TRUE(expected == file.shape);
 }
 
+TEST(ReadShapeTest, ReadsUnusualRecordsBetweenUsualOnes)
+{
+    const auto vertex = [](std::uint32_t point, const std::string &uvs, const std::string &label) {
+        return Block(0x30, U32s({0, point, point + 1, 9, 9}) + uvs, label);
+    };
+    const std::string one = Block(0x31, U32s({1, 7}));
+    const std::string vertices =
+        U32s({6}) + vertex(1, one, "") + vertex(2, Block(0x31, U32s({2, 8, 9})), "") +
+        vertex(3, Block(0x31, U32s({0, 5})), "") + vertex(4, one, "x") +
+        vertex(5, Block(0x30, U32s({1, 7})), "") + Block(0x33, "") + vertex(6, one, "");
+    const std::string points = U32s({4}) + Block(2, U32s({0, 0, 0})) +
+                               Block(2, U32s({0, 0, 0, 0})) + Block(3, U32s({0, 0, 0})) +
+                               Block(2, U32s({0, 0, 0x3F800000}), "x") + Block(2, U32s({0, 0, 0}));
+    std::string object = Block(0x27, Block(0x32, vertices));
+    object = Block(0x25, Block(0x26, U32s({1}) + object));
+    object = Block(0x1F, U32s({1}) + Block(0x20, Block(0x24, U32s({1}) + object)));
+    const ShapeFile file = ReadShape(BinaryShape(Block(7, points) + object));
+    EXPECT_EQ(file.error.text, "");
+    const std::vector<korvat::Vec3> expected = {{}, {}, {0, 0, 1}, {}};
+    EXPECT_TRUE(file.shape.points == expected);
+    ASSERT_EQ(file.shape.lodControls.size(), 1u);
+    constexpr auto kNone = korvat::Vertex::kNoUv;
+    const std::vector<korvat::Vertex> read = {{1, 2, 7}, {2, 3, 8},     {3, 4, kNone},
+                                              {4, 5, 7}, {5, 6, kNone}, {6, 7, 7}};
+    EXPECT_TRUE(file.shape.lodControls[0].levels[0].subObjects[0].vertices == read);
+}
+
 TEST(ReadShapeTest, ReportsTheFaultAndItsPlace)
 {
     const std::string point = Block(0x02, U32s({0, 0, 0}));
@@ -218,6 +246,82 @@ TEST(ReadShapeTest, SurvivesFilesCutAtEveryLength)
             ASSERT_FALSE(whole == file.shape && !isText) << "cut at " << size;
         }
     }
+}
+
+/// A comment makes the reader apply all rules of structured files; the shape is the same.
+TEST(ReadShapeTest, UnusualTextGivesTheSameShapeAsThePlainOne)
+{
+    const std::string start = "SIMISA@@@@@@@@@@JINX0s1t______\r\n";
+    const struct
+    {
+        const char *text;
+        const char *notes; ///< the first one
+        const char *error = "";
+    } rows[] = {
+        {"shape ( points ( 1 point ( 0.1 -123.4567890 16777217.5 ) ) )", ""},
+        {"shape ( points ( 3 point ( 1 2 3 ) point ( .3 1e-5 -0 ) ) )", ""},
+        {"shape ( points ( 99 point ( 1 2 3 4 5 ) point ( 1. 7m +7 ) ) )", ""},
+        {"shape ( points ( 1 point ( 1 2 ( 3 ) 4 ) ) )", "",
+         "the block point ends before its last value"},
+        {"shape ( points ( 1 point ( 1 \"2\" ( 3 ) 4 ) ) )",
+         "line 2: a block without a name is skipped"},
+        {"shape ( points ( 1 point ( 1 2 x ( 3 ) 4 ) ) )", ""},
+        {"shape ( points ( 1 point ( 1 2 3 ( 3 ) 4 ) ) )", ""},
+        {"shape ( volumes ( 1 vol_sphere ( 4 vector ( 1 2 3 ) ) ) )", ""},
+        {"shape ( volumes ( 1 vol_sphere ( vector ( 1 2 3 4 ) 5 ) ) )", ""},
+        {"shape ( images ( 4 image ( \"a b\" ) image ( a\\\\b ) image ( \"c\" + \"d\" ) image ( _e "
+         ") ) )",
+         ""},
+        {"shape ( images ( 1 image ( \"\"a ) ) )",
+         "line 2: an empty string is directly before a word: a doubled quote?"},
+        {"shape ( images ( 1 image ( a\" ) ) )", "line 2: a quote at the end of a word is ignored"},
+        {"shape ( matrices ( 1 matrix images ( 1 0 0 0 1 0 0 0 1 4 5 6 ) ) )", ""},
+        {"shape ( matrices ( 1 matrix ( 1 0 0 0 1 0 0 0 1 4 5 6 ) ) images ( 1 image ( a ) ) )",
+         ""},
+        {"shape ( matrices ( 1 x matrix M ( 1 0 0 0 1 0 0 0 1 4 5 6 ) ) )", ""},
+        {"SHAPE ( Points ( 1 POINT ( 1 2 3 ) ) ) tree ( 1 )", ""},
+        {"shape ( other ( \"a\" ( ) ) points ( 1 point ( 1 2 3 ) ) )",
+         "line 2: a block without a name is skipped"},
+        {"shape ( points ( 1 point ( 1 2 3 ) ) ) )",
+         "line 2: a surplus closing bracket is ignored"},
+        {"shape ( points ( 1 point ( 1 2 3 ) )",
+         "line 2: 1 block is not closed at the end of the file; the innermost begins here"},
+        {"shape ( points ( 1 point ( 1 2 3 ) ) ) shape ( points ( 1 point ( 4 5 6 ) ) )", ""},
+        {"shape ( points ( 1 point ( 1 # 9 2 3 ) ) )", ""},
+        {"shape ( vtx_states ( 1 vtx_state ( c0mment 0 0 0 0 ) ) )", ""},
+        {"shape ( points ( 1 point ( 1 comment 2 3 ) ) )", "",
+         "the block point ends before its last value"},
+        {"shape ( points ( 1 point ( 1 - 3 ) ) )", "",
+         "a number was expected in the block point, not -"},
+        {"shape ( points ( one point ( 1 2 3 ) ) )", "",
+         "a number was expected in the block points, not one"},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.text);
+        const ShapeFile plain = ReadShape(start + row.text + "\r\n");
+        const ShapeFile unusual = ReadShape(start + row.text + "\r\n#x y");
+        EXPECT_TRUE(plain.shape == unusual.shape);
+        EXPECT_EQ(plain.notes, unusual.notes);
+        EXPECT_EQ(plain.notes.empty() ? "" : plain.notes.front(), row.notes);
+        EXPECT_EQ(plain.error.text, row.error);
+        EXPECT_EQ(unusual.error.text, row.error);
+    }
+}
+
+TEST(ReadShapeTest, ShortSpellingsOfNumbersAreRoundedOnce)
+{
+    std::mt19937_64 random(1);
+    std::string points;
+    for (int i = 0; i < 20000; ++i) {
+        std::string number = std::to_string(random() >> random() % 60);
+        number.insert(random() % (number.size() + 1), ".");
+        points += " point ( 0 " + std::string(i % 2 ? "-" : "") + number + " 8388608.5 )";
+    }
+    const std::string text =
+        "SIMISA@@@@@@@@@@JINX0s1t______\r\nshape ( points ( 20000" + points + " ) )";
+    const ShapeFile plain = ReadShape(text), unusual = ReadShape(text + " #x y");
+    EXPECT_EQ(plain.shape.points.size(), 20000u);
+    EXPECT_TRUE(plain.shape == unusual.shape);
 }
 
 } // namespace

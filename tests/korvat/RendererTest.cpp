@@ -11,16 +11,18 @@ using namespace korvat;
 namespace {
 
 /// A device that records its calls: "+m1" for the first mesh uploaded, "-t2" for the second texture
-/// released. A draw call is a mark, its first index, "/" and its texture. The marks are "!" for
-/// alpha-tested, "#" for the solid part of a blended surface, "~" for blended, "^" for added, "_"
-/// for the ground. "(" and a number begin a shadow map; in it, a call is its first index, ":" and
-/// its number of indices.
+/// released. A draw call is a mark, its first index, "/" and its texture, "*" and its number of
+/// places if there are several. The marks are "!" for alpha-tested, "#" for the solid part of a
+/// blended surface, "~" for blended, "^" for added, "_" for the ground. "(" and a number begin a
+/// shadow map; in it, a call is its first index, ":" and its number of indices.
 class RecordingDevice : public Device
 {
 public:
-    unsigned UploadMesh(const Mesh &) override
+    unsigned UploadMesh(std::span<const DrawVertex>,
+                        std::span<const std::uint32_t> indices) override
     {
         log += "+m" + std::to_string(++m_given) + ' ';
+        uploaded.assign(indices.begin(), indices.end());
         return m_given;
     }
     unsigned UploadTexture(const Texture &) override
@@ -34,11 +36,11 @@ public:
     {
         log += '(' + std::to_string(number) + ' ';
     }
-    void DrawShadow(const ShadowCall &call) override
+    void DrawShadow(const ShadowCall &call, std::span<const Transform> at) override
     {
         EXPECT_EQ(call.alphaLimit > 0, call.texture != 0);
-        log += std::to_string(call.firstIndex) + ':' + std::to_string(call.indexCount) +
-               (call.texture ? "/" + std::to_string(call.texture) : "") + ' ';
+        log += std::to_string(call.firstIndex) + ':' + std::to_string(call.indexCount);
+        finish(call.texture, at);
     }
     void BeginFrame(const FrameSetup &setup) override
     {
@@ -46,7 +48,7 @@ public:
         clouds = setup.clouds;
         shadows = setup.hasShadows;
     }
-    void Draw(const DrawCall &call) override
+    void Draw(const DrawCall &call, std::span<const Transform> at) override
     {
         const bool solid = call.mixing == Mixing::Replace;
         const char *kind = call.mixing == Mixing::Add     ? "^"
@@ -57,9 +59,9 @@ public:
                                                           : "";
         EXPECT_EQ(call.writesDepth, solid);
         EXPECT_EQ(call.opaque, solid && call.alphaLimit == 0);
-        worlds.push_back(call.world);
-        log += kind + std::to_string(call.firstIndex) +
-               (call.texture ? "/" + std::to_string(call.texture) : "") + ' ';
+        worlds.insert(worlds.end(), at.begin(), at.end());
+        log += kind + std::to_string(call.firstIndex);
+        finish(call.texture, at);
     }
     void EndFrame() override { log += "]"; }
 
@@ -68,8 +70,17 @@ public:
     std::vector<Transform> worlds; ///< of the calls
     unsigned clouds = 0;           ///< of the last frame
     bool shadows = false;
+    std::vector<std::uint32_t> uploaded; ///< the indices of the last mesh
+    std::vector<Transform> places;       ///< of the last call
 
 private:
+    void finish(unsigned texture, std::span<const Transform> at)
+    {
+        log += (texture ? "/" + std::to_string(texture) : "") +
+               (at.size() == 1 ? " " : "*" + std::to_string(at.size()) + ' ');
+        places.assign(at.begin(), at.end());
+    }
+
     unsigned m_given = 0;
 };
 
@@ -160,11 +171,11 @@ TEST_F(RendererTest, DrawsBlendedPartsLastFromFarToNear)
     Surface glass, fence, wall;
     glass.blending = kAlpha;
     fence.alphaTest = true;
-    // The camera is at X = 10: index 0 is the farthest from it, 12 the nearest.
+    // The camera is at X = 10: the first glass is the farthest from it, the last the nearest.
     frameOf(modelOf({glass, fence, glass, wall, glass}), pictureOf(8));
-    EXPECT_EQ(paint(), "[ +m1 +t2 9/2 !3/2 #0/2 #6/2 #12/2 ~0/2 ~6/2 ~12/2 ]");
+    EXPECT_EQ(paint(), "[ +m1 +t2 0/2 !3/2 #6/2 #9/2 #12/2 ~6/2 ~9/2 ~12/2 ]");
     renderer.SetCamera({-10, 0, 0}, {0, 0, 0});
-    EXPECT_EQ(paint(), "[ 9/2 !3/2 #0/2 #6/2 #12/2 ~12/2 ~6/2 ~0/2 ]");
+    EXPECT_EQ(paint(), "[ 0/2 !3/2 #6/2 #9/2 #12/2 ~12/2 ~9/2 ~6/2 ]");
     renderer.SetCamera({2, 0, -40}, {2, 0, 0}); // almost equally far: file order decides
     frameOf(modelOf({glass, glass}), pictureOf(8), Translation({1.5f, 0, 0}));
     EXPECT_NE(paint().find("~0/4 ~3/4 ]"), std::string::npos);
@@ -207,8 +218,8 @@ TEST_F(RendererTest, DeviceHoldsEachResourceOnceAndOnlyWhileInUse)
     renderer.Add(other, Identity(), std::vector<TexturePtr>{paint2});
     EXPECT_EQ(paint(), "[ ]") << "the frame is not complete yet";
     renderer.End();
-    EXPECT_EQ(paint(), "[ +m1 +t2 +t3 +m4 0/2 0/2 0/3 0/3 ]");
-    EXPECT_EQ(paint(), "[ 0/2 0/2 0/3 0/3 ]");
+    EXPECT_EQ(paint(), "[ +m1 +t2 +t3 +m4 0/2*2 0/3 0/3 ]");
+    EXPECT_EQ(paint(), "[ 0/2*2 0/3 0/3 ]");
     renderer.Forget();
     EXPECT_EQ(paint().substr(0, 9), "[ +m5 +t6") << "another device gets everything again";
     frameOf(car, paint1);
@@ -220,6 +231,41 @@ TEST_F(RendererTest, DeviceHoldsEachResourceOnceAndOnlyWhileInUse)
     EXPECT_EQ(paint(), "[ ]");
     renderer.ReleaseAll(device);
     EXPECT_EQ(device.TakeLog(), "-m5 -t6 ");
+}
+
+TEST_F(RendererTest, PartsAndModelsThatLookAlikeAreOneCall)
+{
+    Surface plain, shiny, fence, glass;
+    shiny.finish = Finish::Shiny;
+    fence.alphaTest = true;
+    glass.blending = kAlpha;
+    const auto car = modelOf({plain, glass, fence, shiny, plain, glass, fence});
+    car->parts[4].slot = 1;
+    const TexturePtr side = pictureOf(8), roof = pictureOf(8);
+    renderer.SetShadows(true);
+    renderer.Begin();
+    for (const float x : {0.0f, -10.0f, -20.0f})
+        renderer.Add(car, Translation({x, 0, 0}),
+                     std::vector<TexturePtr>{x == -10 ? nullptr : side, roof});
+    renderer.End();
+    const std::string log = paint();
+    EXPECT_EQ(device.uploaded, (std::vector<std::uint32_t>{0, 1,  2,  9,  10, 11, 12, 13, 14, 6, 7,
+                                                           8, 18, 19, 20, 3,  4,  5,  15, 16, 17}));
+    // Without its texture, the second one is solid.
+    EXPECT_EQ(
+        log.substr(log.find('[')),
+        "[ +t3 0 3 9 15 18 0/2*2 3/2*2 6/3*3 !9/2*2 #15/2*2 #18/2*2 ~15/2 ~18/2 ~15/2 ~18/2 ]");
+    EXPECT_NE(log.find("0:9*2 0:21 9:6/2*2 15:3/2*2 18:3/2*2 "), std::string::npos) << log;
+    const auto pane = modelOf({glass});
+    renderer.SetShadows(false);
+    renderer.Begin();
+    for (const float x : {0.0f, -10.0f, 5.0f})
+        renderer.Add(pane, Translation({x, 0, 0}), std::vector{side});
+    renderer.End();
+    EXPECT_EQ(paint(), "[ +m4 #0/2*3 ~0/2*3 ]");
+    EXPECT_EQ(device.places,
+              (std::vector{Translation({-10, 0, 0}), Identity(), Translation({5, 0, 0})}))
+        << "from far to near";
 }
 
 TEST_F(RendererTest, NeitherUploadsNorDrawsWhatTheCameraCannotSee)
@@ -245,12 +291,12 @@ TEST_F(RendererTest, ShadowsAreDrawnBeforeTheFrameAndOnlyIfWanted)
         modelOf({Surface{}, Surface{}, fence, Surface{}, glass, light, Surface{}, Surface{}});
     const TexturePtr picture = pictureOf(8);
     frameOf(model, picture);
-    const std::string frame = "[ 0/2 3/2 9/2 18/2 21/2 !6/2 #12/2 ~12/2 ^15/2 ]";
+    const std::string frame = "[ 0/2 !15/2 #18/2 ~18/2 ^21/2 ]";
     paint();
     EXPECT_EQ(paint(), frame);
     EXPECT_FALSE(device.shadows);
     renderer.SetShadows(true);
-    const std::string casts = "0:6 6:3/2 9:3 12:3/2 18:6 ";
+    const std::string casts = "0:15 15:3/2 18:3/2 ";
     const std::string shaded = paint();
     EXPECT_TRUE(device.shadows);
     EXPECT_EQ(shaded.substr(shaded.find('[')), frame);

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <span>
 
 namespace korvat {
 
@@ -67,7 +68,6 @@ struct DrawCall
     unsigned mesh = 0;
     unsigned texture = 0; ///< 0 for none
     std::uint32_t firstIndex = 0, indexCount = 0;
-    Transform world;
     Finish finish = Finish::Normal;
     AddressMode addressing = AddressMode::Wrap;
     bool mipmaps = true;
@@ -92,9 +92,10 @@ struct ShadowCall
     unsigned mesh = 0;
     unsigned texture = 0; ///< 0 for a solid surface
     std::uint32_t firstIndex = 0, indexCount = 0;
-    Transform world;
     AddressMode addressing = AddressMode::Wrap;
     float alphaLimit = 0; ///< pixels with a lower alpha cast no shadow
+
+    friend bool operator==(const ShadowCall &, const ShadowCall &) = default;
 };
 
 /// A graphics device, or its substitute in tests. It keeps copies of meshes and textures, which it
@@ -102,22 +103,27 @@ struct ShadowCall
 ///
 /// A frame consists of its shadow maps, if it has any, then BeginFrame, the calls of Draw, and
 /// EndFrame. Meshes and textures can be uploaded and released at any time in between.
+///
+/// A call draws its triangles once for each of `places`, which are their places in the world, in
+/// this order. There is at least one.
 class Device
 {
 public:
     virtual ~Device() = default;
 
-    virtual unsigned UploadMesh(const Mesh &mesh) = 0;
+    /// The indices are those of the calls: three for each triangle.
+    virtual unsigned UploadMesh(std::span<const DrawVertex> vertices,
+                                std::span<const std::uint32_t> indices) = 0;
     virtual unsigned UploadTexture(const Texture &picture) = 0;
     virtual void ReleaseMesh(unsigned mesh) = 0;
     virtual void ReleaseTexture(unsigned texture) = 0;
 
     /// Begins a shadow map of the coming frame; DrawShadow draws into it.
     virtual void BeginShadow(const ShadowMap &map, std::size_t number) = 0;
-    virtual void DrawShadow(const ShadowCall &call) = 0;
+    virtual void DrawShadow(const ShadowCall &call, std::span<const Transform> places) = 0;
     /// Ends the shadow maps, clears the frame and paints the sky.
     virtual void BeginFrame(const FrameSetup &setup) = 0;
-    virtual void Draw(const DrawCall &call) = 0;
+    virtual void Draw(const DrawCall &call, std::span<const Transform> places) = 0;
     virtual void EndFrame() = 0;
 };
 

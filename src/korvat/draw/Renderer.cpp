@@ -54,6 +54,55 @@ Sphere moved(const Sphere &sphere, const Transform &world)
     return {TransformPoint(sphere.centre, world), sphere.radius * scaleOf(world)};
 }
 
+/// Passes the calls to the device in their order; equal neighbours become one.
+template <typename Calls, typename Draw> void drawInOrder(const Calls &calls, Draw draw)
+{
+    std::vector<Transform> places;
+    for (std::size_t i = 0; i < calls.size(); ++i) {
+        places.push_back(calls[i].place);
+        if (i + 1 < calls.size() && calls[i + 1].call == calls[i].call)
+            continue;
+        draw(calls[i].call, std::span<const Transform>(places));
+        places.clear();
+    }
+}
+
+/// Passes the calls to the device in any order, so equal ones become one, and those that share a
+/// texture and a mesh are neighbours.
+template <typename Calls, typename Draw> void drawGrouped(Calls &calls, Draw draw)
+{
+    std::stable_sort(calls.begin(), calls.end(), [](const auto &a, const auto &b) {
+        return std::tie(a.call.texture, a.call.mesh, a.call.firstIndex, a.call.indexCount) <
+               std::tie(b.call.texture, b.call.mesh, b.call.firstIndex, b.call.indexCount);
+    });
+    drawInOrder(calls, draw);
+}
+
+/// Draws the nearly solid pixels of blended surfaces with depth, so that glass behind a window bar
+/// does not show through it.
+template <typename Calls, typename Draw> void drawNearlySolid(const Calls &blended, Draw draw)
+{
+    Calls calls;
+    for (const auto &each : blended) {
+        if (each.call.mixing == Mixing::Add)
+            continue;
+        calls.push_back(each);
+        calls.back().call.mixing = Mixing::Replace;
+        calls.back().call.alphaLimit = kSolidLimit;
+    }
+    drawGrouped(calls, draw);
+}
+
+/// Draws blended surfaces over everything that was drawn before, in their order.
+template <typename Calls, typename Draw> void drawTransparent(Calls &blended, Draw draw)
+{
+    for (auto &each : blended) {
+        each.call.writesDepth = false;
+        each.call.alphaLimit = kVisibleLimit;
+    }
+    drawInOrder(blended, draw);
+}
+
 /// Sets the colours of the sky. Below the ground it looks like soil, with some light from above.
 void setSky(FrameSetup &setup, bool below)
 {
@@ -185,9 +234,17 @@ void Renderer::PaintTile(Device &device, int width, int height, const Tile &tile
     for (const Placed &placed : m_frame)
         if (frustum.Sees(moved(placed.Around(), placed.world)))
             collect(device, placed, calls);
-    drawSolid(device, calls.solid);
-    drawSolid(device, calls.tested);
-    drawBlended(device, calls.blended);
+    const auto draw = [&device](const DrawCall &call, std::span<const Transform> places) {
+        device.Draw(call, places);
+    };
+    drawGrouped(calls.solid, draw);
+    drawGrouped(calls.tested, draw);
+    drawNearlySolid(calls.onGround, draw);
+    drawNearlySolid(calls.blended, draw);
+    drawTransparent(calls.onGround, draw);
+    std::stable_sort(calls.blended.begin(), calls.blended.end(),
+                     [](const auto &a, const auto &b) { return a.distance > b.distance; });
+    drawTransparent(calls.blended, draw);
     device.EndFrame();
 }
 
@@ -204,36 +261,40 @@ void Renderer::paintShadows(Device &device, FrameSetup &setup)
     const ShadowFit fit = FitShadows(setup, casters);
     setup.hasShadows = true;
     setup.shadows = fit.maps;
-    std::vector<std::vector<ShadowCall>> calls(objects.size());
+    std::vector<Shadows> calls(objects.size());
     for (std::size_t number = 0; number < kShadowMaps; ++number) {
         device.BeginShadow(fit.maps[number], number);
+        Shadows cast;
         for (const std::size_t i : fit.casters[number]) {
             if (calls[i].empty())
                 calls[i] = shadowsOf(device, *objects[i]);
-            for (const ShadowCall &call : calls[i])
-                device.DrawShadow(call);
+            cast.insert(cast.end(), calls[i].begin(), calls[i].end());
         }
+        drawGrouped(cast, [&device](const ShadowCall &call, std::span<const Transform> places) {
+            device.DrawShadow(call, places);
+        });
     }
 }
 
 /// Returns what a model draws into a shadow map. Adjoining solid parts become one call; glass and
 /// what shines cast no shadow.
-std::vector<ShadowCall> Renderer::shadowsOf(Device &device, const Placed &placed)
+Renderer::Shadows Renderer::shadowsOf(Device &device, const Placed &placed)
 {
-    std::vector<ShadowCall> calls;
+    Shadows calls;
     ShadowCall call;
-    call.mesh = numberOf(device, placed.model);
-    for (const Part &part : placed.model->parts) {
+    const HeldModel &model = held(device, placed);
+    call.mesh = model.number;
+    for (const Part &part : model.parts) {
         const TexturePtr picture = pictureOf(part, placed);
         const Mixing mixing = mixingOf(part.surface, picture.get());
         if (mixing == Mixing::Add || placed.Hides(part))
             continue;
-        call.world = placed.PlaceOf(part);
+        const Transform place = placed.PlaceOf(part);
         const bool holed = mixing == Mixing::Alpha || isTested(part.surface, picture.get());
-        ShadowCall *last = calls.empty() || holed ? nullptr : &calls.back();
-        if (last && last->texture == 0 && last->firstIndex + last->indexCount == part.firstIndex &&
-            last->world == call.world) {
-            last->indexCount += part.indexCount;
+        At<ShadowCall> *last = calls.empty() || holed ? nullptr : &calls.back();
+        if (last && last->call.texture == 0 && last->place == place &&
+            last->call.firstIndex + last->call.indexCount == part.firstIndex) {
+            last->call.indexCount += part.indexCount;
             continue;
         }
         call.firstIndex = part.firstIndex;
@@ -241,21 +302,22 @@ std::vector<ShadowCall> Renderer::shadowsOf(Device &device, const Placed &placed
         call.texture = holed ? numberOf(device, picture) : 0;
         call.addressing = part.surface.addressing;
         call.alphaLimit = holed ? kCastingLimit : 0;
-        calls.push_back(call);
+        calls.push_back({call, place});
     }
     return calls;
 }
 
 void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
 {
+    const HeldModel &model = held(device, placed);
     DrawCall call;
-    call.mesh = numberOf(device, placed.model);
+    call.mesh = model.number;
     call.isGround = placed.role == Role::Ground;
     call.isLines = placed.model->isLines;
-    for (const Part &part : placed.model->parts) {
+    for (const Part &part : model.parts) {
         if (placed.Hides(part))
             continue;
-        call.world = placed.PlaceOf(part);
+        const Transform place = placed.PlaceOf(part);
         const TexturePtr picture = pictureOf(part, placed);
         const bool tested = isTested(part.surface, picture.get());
         call.texture = picture ? numberOf(device, picture) : 0;
@@ -272,51 +334,28 @@ void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
         call.writesDepth = true;
         call.alphaLimit = tested ? kTestLimit : 0;
         call.softEdge = tested && call.mixing == Mixing::Replace;
-        if (call.mixing != Mixing::Replace)
+        if (call.mixing == Mixing::Replace)
+            (tested ? calls.tested : calls.solid).push_back({call, place});
+        else if (placed.role == Role::Object)
             calls.blended.push_back(
-                {call, Length(TransformPoint(part.bounds.centre, call.world) - m_eye)});
+                {call, place, Length(TransformPoint(part.bounds.centre, place) - m_eye)});
         else
-            (tested ? calls.tested : calls.solid).push_back(call);
+            calls.onGround.push_back({call, place});
     }
 }
 
-/// Draws in any order, so calls that share a texture and a mesh are grouped.
-void Renderer::drawSolid(Device &device, std::vector<DrawCall> &calls)
+const Renderer::HeldModel &Renderer::held(Device &device, const Placed &placed)
 {
-    std::stable_sort(calls.begin(), calls.end(), [](const DrawCall &a, const DrawCall &b) {
-        return std::tie(a.texture, a.mesh) < std::tie(b.texture, b.mesh);
-    });
-    for (const DrawCall &call : calls)
-        device.Draw(call);
-}
-
-/// Draws the nearly solid pixels first, with depth, so that glass behind a window bar does not show
-/// through it. Then draws everything from far to near, in file order at equal distance.
-void Renderer::drawBlended(Device &device, std::vector<Blended> &calls)
-{
-    for (const Blended &blended : calls) {
-        if (blended.call.mixing == Mixing::Add)
-            continue;
-        DrawCall call = blended.call;
-        call.mixing = Mixing::Replace;
-        call.alphaLimit = kSolidLimit;
-        device.Draw(call);
+    // Only parts of a posed model can move apart, so only there they are not merged.
+    const bool isPosed = placed.pose != nullptr;
+    HeldModel &held = (isPosed ? m_posed : m_meshes)[placed.model.get()];
+    if (held.number == 0) {
+        MergedParts merged = MergeParts(*placed.model, isPosed);
+        held.thing = placed.model;
+        held.number = device.UploadMesh(placed.model->mesh.vertices, merged.indices);
+        held.parts = std::move(merged.parts);
     }
-    std::stable_sort(calls.begin(), calls.end(),
-                     [](const Blended &a, const Blended &b) { return a.distance > b.distance; });
-    for (Blended &blended : calls) {
-        blended.call.writesDepth = false;
-        blended.call.alphaLimit = kVisibleLimit;
-        device.Draw(blended.call);
-    }
-}
-
-unsigned Renderer::numberOf(Device &device, const std::shared_ptr<const Model> &model)
-{
-    Held<Model> &held = m_meshes[model.get()];
-    if (held.number == 0)
-        held = {model, device.UploadMesh(model->mesh)};
-    return held.number;
+    return held;
 }
 
 unsigned Renderer::numberOf(Device &device, const TexturePtr &picture)
@@ -329,12 +368,14 @@ unsigned Renderer::numberOf(Device &device, const TexturePtr &picture)
 
 void Renderer::releaseUnused(Device &device)
 {
-    std::erase_if(m_meshes, [&device](const auto &entry) {
+    const auto isUnused = [&device](const auto &entry) {
         const bool unused = entry.second.thing.expired();
         if (unused)
             device.ReleaseMesh(entry.second.number);
         return unused;
-    });
+    };
+    std::erase_if(m_meshes, isUnused);
+    std::erase_if(m_posed, isUnused);
     std::erase_if(m_textures, [&device](const auto &entry) {
         const bool unused = entry.second.thing.expired();
         if (unused)
@@ -346,13 +387,15 @@ void Renderer::releaseUnused(Device &device)
 void Renderer::Forget()
 {
     m_meshes.clear();
+    m_posed.clear();
     m_textures.clear();
 }
 
 void Renderer::ReleaseAll(Device &device)
 {
-    for (const auto &entry : m_meshes)
-        device.ReleaseMesh(entry.second.number);
+    for (const auto *meshes : {&m_meshes, &m_posed})
+        for (const auto &entry : *meshes)
+            device.ReleaseMesh(entry.second.number);
     for (const auto &entry : m_textures)
         device.ReleaseTexture(entry.second.number);
     Forget();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "korvat/draw/Device.h"
+#include "korvat/draw/MergedParts.h"
 #include "korvat/model/ModelSource.h"
 #include "korvat/model/Pose.h"
 
@@ -22,8 +23,8 @@ struct Tile
 };
 
 /// Turns models into frames: collects the models of a scene, culls those that the camera cannot
-/// see, sorts the rest into passes and draws them. Ensures that the device holds each mesh and
-/// texture once, and releases those that are no longer in use.
+/// see, sorts the rest into passes and draws them, with one call for all that looks alike. Ensures
+/// that the device holds each mesh and texture once, and releases those that are no longer in use.
 ///
 /// Keeps the collected frame, so that it can be painted again at any time: after a resize, after
 /// the window was hidden, on another device.
@@ -108,33 +109,42 @@ public:
     static constexpr float kNearest = 0.1f;       ///< near plane, in metres
 
 private:
-    struct Blended
+    /// One run of triangles at one place.
+    template <typename Call> struct At
     {
-        DrawCall call;
-        float distance = 0;
+        Call call;
+        Transform place;
+        float distance = 0; ///< from the camera; only of blended ones
     };
+    using Draws = std::vector<At<DrawCall>>;
+    using Shadows = std::vector<At<ShadowCall>>;
     struct Calls
     {
-        std::vector<DrawCall> solid, tested;
-        std::vector<Blended> blended; ///< in the order of the models and their parts
+        Draws solid, tested;
+        Draws onGround; ///< blended scenery
+        Draws blended;  ///< in the order of the models and their parts
     };
     template <typename Thing> struct Held
     {
         std::weak_ptr<const Thing> thing;
         unsigned number = 0;
     };
+    /// A model on the device, with its parts as the device holds them.
+    struct HeldModel : Held<Model>
+    {
+        std::vector<Part> parts;
+    };
 
     void releaseUnused(Device &device);
-    unsigned numberOf(Device &device, const std::shared_ptr<const Model> &model);
+    const HeldModel &held(Device &device, const Placed &placed);
     unsigned numberOf(Device &device, const TexturePtr &picture);
     void collect(Device &device, const Placed &placed, Calls &calls);
     void paintShadows(Device &device, FrameSetup &setup);
-    std::vector<ShadowCall> shadowsOf(Device &device, const Placed &placed);
-    static void drawSolid(Device &device, std::vector<DrawCall> &calls);
-    static void drawBlended(Device &device, std::vector<Blended> &calls);
+    Shadows shadowsOf(Device &device, const Placed &placed);
 
     std::vector<Placed> m_coming, m_frame;
-    std::unordered_map<const Model *, Held<Model>> m_meshes;
+    using Meshes = std::unordered_map<const Model *, HeldModel>;
+    Meshes m_meshes, m_posed; ///< models at rest, and in a pose
     std::unordered_map<const Texture *, Held<Texture>> m_textures;
     Vec3 m_eye{0, 0, -10}, m_target;
     float m_hazeNear = 50, m_hazeFar = 600;

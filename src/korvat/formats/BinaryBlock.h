@@ -6,16 +6,20 @@
 #include "korvat/formats/ShapeTokens.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <cstring>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace korvat {
 
 /// A block of a binary shape, read from front to back. Content that does not fit is reported to
 /// `trouble`; from then on every block is at its end and every number is 0. TextBlock has the same
-/// members, so that one description of a shape serves both forms.
+/// members, except for those that are only fast, so that one description of a shape serves both
+/// forms.
 class BinaryBlock
 {
 public:
@@ -60,6 +64,42 @@ public:
         return std::nullopt;
     }
 
+    /// Reads the following blocks of this kind whose content is nothing but the floats of an item.
+    /// Next reads others.
+    template <typename Item> void Records(Token token, std::vector<Item> &items)
+    {
+        static_assert(std::is_trivially_copyable_v<Item> && sizeof(Item) % sizeof(float) == 0);
+        if constexpr (std::endian::native == std::endian::little)
+            while (const auto content = takeUsual(token, sizeof(Item)))
+                std::memcpy(&items.emplace_back(), content->data(), sizeof(Item));
+    }
+
+    /// The numbers of a vertex: its flags, point, normal and two colours, and its first texture
+    /// coordinates.
+    using VertexNumbers = std::array<std::uint32_t, 6>;
+    /// Reads the next block if it is a vertex with one pair of texture coordinates; nothing for
+    /// others, which Next reads.
+    std::optional<VertexNumbers> UsualVertex()
+    {
+        constexpr std::size_t kNumbers = 5, kUvs = 8;
+        const ByteReader before = m_content;
+        const auto content = takeUsual(Token::Vertex, 4 * kNumbers + kLeastBlock + kUvs);
+        if (!content)
+            return std::nullopt;
+        VertexNumbers numbers;
+        ByteReader fields(*content);
+        for (std::size_t i = 0; i < kNumbers; ++i)
+            numbers[i] = *fields.ReadU32();
+        const auto uvs = BinaryBlock(fields, *m_trouble).takeUsual(Token::VertexUvs, kUvs);
+        ByteReader list = uvs ? ByteReader(*uvs) : ByteReader();
+        if (list.ReadU32() != 1U) {
+            m_content = before;
+            return std::nullopt;
+        }
+        numbers[kNumbers] = *list.ReadU32();
+        return numbers;
+    }
+
     std::uint32_t U32()
     {
         if (const auto value = m_content.ReadU32())
@@ -89,15 +129,38 @@ public:
     template <typename Number> void Numbers(std::vector<Number> &out)
     {
         const std::size_t count = NumberCount(), first = out.size();
+        static_assert(sizeof(Number) == sizeof(std::uint32_t));
         out.resize(first + count);
-        for (std::size_t i = 0; i < count; ++i)
-            out[first + i] = static_cast<Number>(*m_content.ReadU32());
+        if constexpr (std::endian::native == std::endian::little) {
+            const Bytes numbers = *m_content.Take(sizeof(Number) * count);
+            std::copy(numbers.begin(), numbers.end(),
+                      reinterpret_cast<std::uint8_t *>(out.data() + first));
+        } else {
+            for (std::size_t i = 0; i < count; ++i)
+                out[first + i] = static_cast<Number>(*m_content.ReadU32());
+        }
     }
 
     std::size_t Where() const { return m_content.Where(); }
 
 private:
     static constexpr std::size_t kLeastBlock = 9;
+
+    /// Takes the content of the next block if the block is of this kind, has no label and has
+    /// exactly this size; otherwise stays in place.
+    std::optional<Bytes> takeUsual(Token token, std::size_t size)
+    {
+        ByteReader ahead = m_content;
+        const auto bytes = ahead.Take(kLeastBlock + size);
+        if (!bytes || m_trouble->Met())
+            return std::nullopt;
+        ByteReader head(*bytes);
+        if (*head.ReadU32() != static_cast<std::uint32_t>(token) || *head.ReadU32() != size + 1 ||
+            *head.ReadU8() != 0)
+            return std::nullopt;
+        m_content = ahead;
+        return bytes->subspan(kLeastBlock);
+    }
 
     static std::string textOf(Bytes units);
     void tooShort();

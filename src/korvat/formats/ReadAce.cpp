@@ -6,6 +6,7 @@
 #include "korvat/formats/TextureBuilder.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 
 namespace korvat {
@@ -219,10 +220,11 @@ private:
         if (share == Share::None)
             return false;
         const std::span<std::uint8_t> out = AddLevel(m_texture, level, PixelFormat::Rgba8);
-        makeOpaque(out);
+        m_alpha.assign(width, 255);
         for (std::size_t y = 0; y < height; ++y) {
             const auto bytes = payload.Take(row);
             if (!bytes) {
+                makeOpaque(out.subspan(y * width * 4));
                 m_file.notes.push_back("the last " + std::to_string(height - y) +
                                        " rows of the picture are missing");
                 return false;
@@ -233,21 +235,33 @@ private:
     }
 
     /// Unpacks a row. An alpha channel takes precedence over a mask, in either order.
-    void readRow(Bytes row, const std::vector<Channel> &channels,
-                 std::span<std::uint8_t> pixels) const
+    void readRow(Bytes row, const std::vector<Channel> &channels, std::span<std::uint8_t> pixels)
     {
         const std::size_t width = pixels.size() / 4;
+        std::array<const std::uint8_t *, 4> samples{};
+        samples[Alpha - Red] = m_alpha.data();
         for (const Channel &channel : channels) {
-            const Bytes samples = row.first(rowSize(channel, width));
-            row = row.subspan(samples.size());
-            if (channel.type != Mask) {
-                const std::size_t place = channel.type - Red;
+            const Bytes one = row.first(rowSize(channel, width));
+            row = row.subspan(one.size());
+            if (channel.type != Mask)
+                samples[channel.type - Red] = one.data();
+            else if (!has(Alpha))
                 for (std::size_t x = 0; x < width; ++x)
-                    pixels[4 * x + place] = samples[x];
-            } else if (!has(Alpha)) {
-                for (std::size_t x = 0; x < width; ++x)
-                    pixels[4 * x + 3] = samples[x / 8] << x % 8 & 0x80 ? 255 : 0;
-            }
+                    m_alpha[x] = one[x / 8] << x % 8 & 0x80 ? 255 : 0;
+        }
+        join(samples, pixels.data(), width);
+    }
+
+    /// Writes pixels whose parts are in four places.
+    static void join(const std::array<const std::uint8_t *, 4> &samples, std::uint8_t *to,
+                     std::size_t count)
+    {
+        const auto [red, green, blue, alpha] = samples;
+        for (std::size_t x = 0; x < count; ++x) {
+            to[4 * x] = red[x];
+            to[4 * x + 1] = green[x];
+            to[4 * x + 2] = blue[x];
+            to[4 * x + 3] = alpha[x];
         }
     }
 
@@ -262,6 +276,7 @@ private:
     std::uint32_t m_options = 0, m_surface = 0;
     PixelFormat m_format = PixelFormat::Rgba8;
     std::vector<Channel> m_channels;
+    std::vector<std::uint8_t> m_alpha; ///< of a row without an alpha channel
     std::size_t m_where = 0;
 };
 

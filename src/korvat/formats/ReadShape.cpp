@@ -4,16 +4,20 @@
 #include "korvat/formats/BinaryBlock.h"
 #include "korvat/formats/Container.h"
 #include "korvat/formats/Limits.h"
+#include "korvat/formats/PlainText.h"
 #include "korvat/formats/Shape.h"
 #include "korvat/formats/TextBlock.h"
+#include "stavfile/TextCodec.h"
 
+#include <type_traits>
 #include <utility>
 
 namespace korvat {
 namespace {
 
 /// Reads the blocks of a shape, with one function for each, in the order of docs/formats.md,
-/// "Blocks of a shape". `Block` is BinaryBlock or TextBlock. Unknown blocks are skipped.
+/// "Blocks of a shape". `Block` is BinaryBlock, PlainBlock or TextBlock. Unknown blocks are
+/// skipped.
 template <typename Block> class ShapeReader
 {
 public:
@@ -35,6 +39,8 @@ public:
     }
 
 private:
+    static constexpr bool kIsBinary = std::is_same_v<Block, BinaryBlock>;
+
     template <typename Read> static void sections(Block &block, Read read)
     {
         while (auto section = block.Next())
@@ -48,9 +54,26 @@ private:
     {
         items.clear();
         items.reserve(block.Count(size));
+        if constexpr (kIsBinary && isRecord<Item>())
+            block.Records(token, items);
+        else if constexpr (kIsBinary && std::is_same_v<Item, Vertex>)
+            usualVertices(block, items);
         while (auto item = block.Next())
             if (item->Is(token))
                 items.push_back(read(*item));
+    }
+
+    /// True for items of nothing but floats, in the order of the file.
+    template <typename Item> static constexpr bool isRecord()
+    {
+        return std::is_same_v<Item, Vec3> || std::is_same_v<Item, Uv> ||
+               std::is_same_v<Item, Colour>;
+    }
+
+    static void usualVertices(Block &block, std::vector<Vertex> &vertices)
+    {
+        while (const auto numbers = block.UsualVertex())
+            vertices.push_back({(*numbers)[1], (*numbers)[2], (*numbers)[5]});
     }
 
     void readSection(Block &section)
@@ -362,8 +385,51 @@ void readBinary(const Container &container, ShapeFile &file)
     file.error = trouble.Met() || found ? trouble.Error() : notAShape();
 }
 
+/// Returns UTF-16 of nothing but ASCII with a byte for each character; empty for other text.
+std::string narrowed(std::string_view utf16)
+{
+    std::string text(utf16.size() / 2, '\0');
+    const char *from = utf16.data();
+    char *to = text.data();
+    unsigned char other = utf16.size() % 2;
+    for (std::size_t i = 0, count = text.size(); i < count; ++i) {
+        to[i] = from[2 * i];
+        other |= static_cast<unsigned char>(from[2 * i + 1] | (from[2 * i] & 0x80));
+    }
+    return other ? std::string() : text;
+}
+
+bool isAscii(std::string_view text)
+{
+    unsigned char all = 0;
+    for (const char c : text)
+        all |= static_cast<unsigned char>(c);
+    return all < 0x80;
+}
+
+/// Reads a text in the usual spelling. Returns false for another one.
+bool readPlainText(std::string_view bytes, ShapeFile &file)
+{
+    stavfile::DecodedText decoded;
+    std::string_view text = bytes;
+    if (bytes.starts_with("\xFF\xFE") || !isAscii(bytes)) {
+        decoded.text = bytes.starts_with("\xFF\xFE") ? narrowed(bytes.substr(2)) : "";
+        if (decoded.text.empty())
+            decoded = stavfile::Decode(std::string(bytes));
+        text = decoded.text;
+    }
+    PlainText plain(text, decoded.encoding);
+    PlainBlock top(plain);
+    if (ShapeReader<PlainBlock>(file.shape).Run(top) && plain.IsComplete())
+        return true;
+    file.shape = {};
+    return false;
+}
+
 void readText(std::string_view bytes, ShapeFile &file)
 {
+    if (readPlainText(bytes, file))
+        return;
     Trouble trouble;
     const auto source = stavfile::ReadSource(std::string(bytes));
     for (const stavfile::Note &note : source->notes)

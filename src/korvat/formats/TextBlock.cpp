@@ -2,60 +2,13 @@
 #include "korvat/formats/TextBlock.h"
 
 #include "host/Text.h"
+#include "korvat/formats/TextNumbers.h"
 #include "stavfile/Lexer.h"
 #include "stavfile/TextCodec.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
-#include <limits>
 
 namespace korvat {
-namespace {
-
-std::string_view unsignedPart(std::string_view word, bool &negative)
-{
-    negative = word.starts_with('-');
-    if (negative || word.starts_with('+'))
-        word.remove_prefix(1);
-    return word;
-}
-
-/// Reads the number at the front of a word; units may follow it.
-bool readFloat(std::string_view word, float &value)
-{
-    bool negative = false;
-    const std::string_view digits = unsignedPart(word, negative);
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (result.ec == std::errc::result_out_of_range) {
-        // A number too small for a float becomes 0, one too large becomes infinity.
-        const bool small = digits.find("e-") != digits.npos || digits.find("E-") != digits.npos ||
-                           digits.starts_with("0.") || digits.starts_with('.');
-        value = small ? 0 : std::numeric_limits<float>::infinity();
-    } else if (result.ec != std::errc()) {
-        return false;
-    }
-    value = negative ? -value : value;
-    return true;
-}
-
-/// Reads an integer; -1 gives 4294967295. Larger numbers also become 4294967295.
-bool readInteger(std::string_view word, std::uint32_t &value)
-{
-    bool negative = false;
-    const std::string_view digits = unsignedPart(word, negative);
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (result.ec == std::errc::result_out_of_range)
-        value = std::numeric_limits<std::uint32_t>::max();
-    else if (result.ec != std::errc())
-        return false;
-    else if (negative)
-        value = 0U - value;
-    return true;
-}
-
-} // namespace
-
 TextBlock::TextBlock(const stavfile::Source &source, Trouble &trouble)
     : m_source(&source)
     , m_trouble(&trouble)
@@ -103,7 +56,7 @@ std::optional<TextBlock> TextBlock::Next()
 std::uint32_t TextBlock::U32()
 {
     std::uint32_t value = 0;
-    if (const std::string_view word = take(); !word.empty() && !readInteger(word, value))
+    if (const std::string_view word = take(); !word.empty() && !ReadInteger(word, value))
         noNumber(word);
     return value;
 }
@@ -111,9 +64,7 @@ std::uint32_t TextBlock::U32()
 std::uint32_t TextBlock::Hex()
 {
     std::uint32_t value = 0;
-    const std::string_view word = take();
-    const auto result = std::from_chars(word.data(), word.data() + word.size(), value, 16);
-    if (!word.empty() && result.ec != std::errc())
+    if (const std::string_view word = take(); !word.empty() && !ReadHex(word, value))
         noNumber(word);
     return value;
 }
@@ -121,7 +72,7 @@ std::uint32_t TextBlock::Hex()
 float TextBlock::F32()
 {
     float value = 0;
-    if (const std::string_view word = take(); !word.empty() && !readFloat(word, value))
+    if (const std::string_view word = take(); !word.empty() && !ReadFloat(word, value))
         noNumber(word);
     return value;
 }

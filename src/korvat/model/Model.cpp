@@ -4,6 +4,7 @@
 #include "korvat/model/Transform.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <span>
 
@@ -38,9 +39,12 @@ Sphere sphereOf(const Mesh &mesh, std::span<const std::uint32_t> indices, const 
     if (box.Empty())
         return sphere;
     sphere.centre = (box.lowest + box.highest) * 0.5f;
-    for (const std::uint32_t index : indices)
-        sphere.radius =
-            std::max(sphere.radius, Length(mesh.vertices[index].position - sphere.centre));
+    float square = 0;
+    for (const std::uint32_t index : indices) {
+        const Vec3 offset = mesh.vertices[index].position - sphere.centre;
+        square = std::max(square, Dot(offset, offset));
+    }
+    sphere.radius = std::sqrt(square);
     return sphere;
 }
 

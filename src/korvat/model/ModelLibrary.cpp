@@ -14,6 +14,7 @@
 #include <array>
 #include <filesystem>
 #include <new>
+#include <utility>
 
 namespace korvat {
 namespace {
@@ -88,6 +89,7 @@ LoadedModel ModelLibrary::LoadLevel(const std::string &path, int level)
     try {
         const auto found = m_files.FindFile(path);
         const std::string place = found ? placeOf(*found) : std::string();
+        const Turn turn(*this, place);
         if (auto known = find(shelfOf(level), place))
             return {known, {}};
         const auto stamp = host::disk::StampOf(place);
@@ -115,6 +117,7 @@ LoadedTexture ModelLibrary::LoadTexture(const std::string &shapeFolder,
         if (!found)
             return {Checker(), "Texture " + name + " is missing"};
         const std::string place = placeOf(*found);
+        const Turn turn(*this, place);
         if (auto known = find(m_textures, place))
             return {known, {}};
         const auto stamp = host::disk::StampOf(place);
@@ -138,6 +141,24 @@ ModelLibrary::Shelf<Model> &ModelLibrary::shelfOf(int level)
 {
     const std::lock_guard lock(m_mutex);
     return m_models[level]; // stays where it is
+}
+
+ModelLibrary::Turn::Turn(ModelLibrary &library, std::string place)
+    : m_library(library)
+    , m_place(std::move(place))
+{
+    std::unique_lock lock(m_library.m_mutex);
+    m_library.m_read.wait(lock, [this] { return !m_library.m_reading.contains(m_place); });
+    m_library.m_reading.insert(m_place);
+}
+
+ModelLibrary::Turn::~Turn()
+{
+    {
+        const std::lock_guard lock(m_library.m_mutex);
+        m_library.m_reading.erase(m_place);
+    }
+    m_library.m_read.notify_all();
 }
 
 template <typename Thing>

@@ -4,9 +4,11 @@
 #include "host/Disk.h"
 #include "korvat/model/ModelSource.h"
 
+#include <condition_variable>
 #include <map>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <string>
 
 namespace host {
@@ -16,7 +18,8 @@ class GameFiles;
 namespace korvat {
 
 /// Loads shapes and textures from files. Does not read a file again while its model or texture is
-/// in use, unless the file has changed. Thread-safe.
+/// in use, unless the file has changed; a thread that needs a file which another one is reading
+/// waits for it. Thread-safe.
 class ModelLibrary : public ModelSource
 {
 public:
@@ -42,6 +45,20 @@ private:
     template <typename Thing> using Shelf = std::map<std::string, Known<Thing>>;
 
     Shelf<Model> &shelfOf(int level);
+    /// The right to read a file, which one thread at a time has.
+    class Turn
+    {
+    public:
+        Turn(ModelLibrary &library, std::string place);
+        ~Turn();
+        Turn(const Turn &) = delete;
+        Turn &operator=(const Turn &) = delete;
+
+    private:
+        ModelLibrary &m_library;
+        std::string m_place;
+    };
+
     template <typename Thing>
     std::shared_ptr<const Thing> find(const Shelf<Thing> &shelf, const std::string &place);
     template <typename Thing>
@@ -49,7 +66,9 @@ private:
               const std::shared_ptr<const Thing> &thing, const host::disk::Stamp &stamp);
 
     host::GameFiles &m_files;
-    std::mutex m_mutex;                   ///< guards the shelves
+    std::mutex m_mutex; ///< guards the following
+    std::condition_variable m_read;
+    std::set<std::string> m_reading;      ///< the files that are being read
     std::map<int, Shelf<Model>> m_models; ///< by level of detail
     Shelf<Texture> m_textures;
 };
