@@ -130,9 +130,9 @@ void Overlays::addLines(Renderer &renderer, const ViewOptions &options)
             continue;
         if (options.normals)
             normals.push_back(
-                {m_normals->Of(placed.model), placed.world, {}, Renderer::Role::Scenery});
+                {m_normals->Of(placed.model), placed.world, {}, Renderer::Role::Overlay});
         if (options.wireframe)
-            placed = {m_edges->Of(placed.model), placed.world, {}, Renderer::Role::Scenery};
+            placed = {m_edges->Of(placed.model), placed.world, {}, Renderer::Role::Overlay};
     }
     for (const Renderer::Placed &placed : normals)
         renderer.Add(placed.model, placed.world, placed.pictures, placed.role);
@@ -149,7 +149,7 @@ void Overlays::addBoxes(Renderer &renderer, const ViewObjects &objects)
     const auto add = [&renderer](const auto &model, Vec3 size, Vec3 middle,
                                  const Transform &world) {
         renderer.Add(model, korvat::Scaling(size) * korvat::Translation(middle) * world, {},
-                     Renderer::Role::Scenery);
+                     Renderer::Role::Overlay);
     };
     for (int place = 1; place <= objects.Count(); ++place) {
         const Fittings &fittings = objects.Item(place).Fittings();
