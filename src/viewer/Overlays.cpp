@@ -132,11 +132,11 @@ void Overlays::addLines(Renderer &renderer, const ViewOptions &options)
             normals.push_back({m_normals->Of(placed.model),
                                placed.world,
                                {},
-                               Renderer::Role::Scenery,
+                               Renderer::Role::Overlay,
                                placed.pose});
         if (options.wireframe)
             placed = {
-                m_edges->Of(placed.model), placed.world, {}, Renderer::Role::Scenery, placed.pose};
+                m_edges->Of(placed.model), placed.world, {}, Renderer::Role::Overlay, placed.pose};
     }
     for (const Renderer::Placed &placed : normals)
         renderer.Add(placed.model, placed.world, placed.pictures, placed.role, placed.pose);
@@ -153,7 +153,7 @@ void Overlays::addBoxes(Renderer &renderer, const ViewObjects &objects)
     const auto add = [&renderer](const auto &model, Vec3 size, Vec3 middle,
                                  const Transform &world) {
         renderer.Add(model, korvat::Scaling(size) * korvat::Translation(middle) * world, {},
-                     Renderer::Role::Scenery);
+                     Renderer::Role::Overlay);
     };
     for (int place = 1; place <= objects.Count(); ++place) {
         const Fittings &fittings = objects.Item(place).Fittings();

@@ -37,7 +37,7 @@ protected:
     {
         if (!canvas)
             return;
-        samples::WriteSample(folder.At("s"), {.loads = true});
+        samples::WriteSample(folder.At("s"), {.loads = true, .looks = true});
         canvas->SetRangeNear(50);
         canvas->SetRangeFar(600);
     }
@@ -281,6 +281,52 @@ TEST_F(BaselineTest, LoadsAndCouplersMatchTheStoredPictures)
         }
         compare(row.name, pictures[1]);
         EXPECT_GT(difference(pictures[0], pictures[1]), kAllowed) << "nothing is added";
+    }
+    EXPECT_EQ(dialogs.Log(), "");
+}
+
+TEST_F(BaselineTest, LooksMatchTheStoredPictures)
+{
+    const CameraPose corner{7, 3.5F, 7, 0, 1.6F, -5}, garden{15, 6, 13, 0, 2.2F, 0};
+    const std::string train = "s/TRAINS/CONSISTS/Night Line.con",
+                      house = "s/" + std::string(kCottage);
+    const std::string engine = kStock + std::string("Ardmoor Valley/avr_d401.s");
+    const viewer::ViewOptions dark{.night = true};
+    const struct
+    {
+        const char *name;
+        std::string file;
+        viewer::ViewOptions with, without;
+        CameraPose camera;
+    } rows[] = {
+        {"winter", house, {.season = viewer::Season::Winter, .snow = true}, {}, garden},
+        {"night", house, dark, {}, garden},
+        {"snow", train, {.snow = true}, {}, corner},
+        {"headlights", train, {.night = true, .lights = true}, dark, {4, 2.5F, 6, 0, 1.6F, 0}},
+        {"headlights-day", train, {.lights = true}, {}, {4, 2.5F, 6, 0, 1.6F, 0}},
+        {"tail-lights", train, {.night = true, .lights = true}, dark, {3, 2, -40, 0, 1.6F, -35}},
+        {"cone", train, {.night = true, .lights = true}, dark, {-4, 5, 2, 0, 0, 22}},
+        {"wireframe", engine, {.wireframe = true}, {}, {8, 4, 9, 0, 2, 2}},
+        {"normals", engine, {.normals = true}, {}, {4, 4, 9, 0, 2, 5}},
+        {"boxes", train, {.boxes = true}, {}, {5, 3, 5, 0, 1.6F, -5}},
+        {"missing", train, {.marksMissing = true}, {}, {7, 3.5F, -10, 0, 1.6F, -20}},
+    };
+    const install::Environment environment{dialogs, files, settings, installation, shapes};
+    viewer::Stage stage(environment, canvas.get(), [](const std::string &) {});
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.name);
+        stage.SetOptions(row.without);
+        if (row.file == train)
+            stage.RenderConsist(folder.At(row.file), folder.At("s"));
+        else
+            stage.RenderShape(folder.At(row.file));
+        while (stage.Step())
+            continue;
+        const QImage without = take(row.camera, *stage.View());
+        stage.SetOptions(row.with);
+        expectOther(compare(row.name, take(row.camera, *stage.View())), without);
+        stage.SetOptions(row.without);
+        EXPECT_EQ(difference(take(row.camera, *stage.View()), without, 0), 0) << "nothing is left";
     }
     EXPECT_EQ(dialogs.Log(), "");
 }

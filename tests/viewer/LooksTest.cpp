@@ -74,7 +74,7 @@ protected:
     {
         std::string text;
         for (const Renderer::Placed &placed : frame())
-            if (placed.role == Renderer::Role::Scenery)
+            if (placed.role == Renderer::Role::Overlay)
                 text +=
                     (text.empty() ? "" : " ") + std::to_string(std::lround(placed.world.At(3, 2)));
         return text;
@@ -188,7 +188,11 @@ TEST_F(LooksTest, ConesLightTheNightAndAreBounded)
     extras();
     EXPECT_EQ(canvas.renderer.Setup(100, 100).coneCount, korvat::kLightCones);
     EXPECT_EQ(canvas.renderer.Setup(100, 100).cones[0].at, (korvat::Vec3{0, 3, 0}));
-    EXPECT_EQ(game.Relative(stage.Report()).substr(stage.Report().find("Not loaded")), "");
+    const std::string report = game.Relative(stage.Report());
+    EXPECT_EQ(
+        report.substr(report.find("Not loaded")),
+        "Not loaded: 2\r\n1\tTrains/Trainset/Cars/Cones.wag, line 5: light 1 has no states\r\n"
+        "2\tTrains/Trainset/Cars/Cones.wag: of 1001 lights only the first 100 are shown");
     stage.SetOptions(with(&ViewOptions::lights));
     EXPECT_EQ(canvas.renderer.Setup(100, 100).coneCount, 0U) << "by day";
     stage.SetOptions({});
@@ -216,10 +220,10 @@ TEST_F(LooksTest, LinesReplaceSurfacesOrStandOnThem)
         });
     };
     stage.SetOptions(with(&ViewOptions::normals));
-    EXPECT_EQ(count(true, Renderer::Role::Scenery), 4);
+    EXPECT_EQ(count(true, Renderer::Role::Overlay), 4);
     EXPECT_EQ(count(false, Renderer::Role::Object), 4);
     stage.SetOptions({.wireframe = true, .normals = true});
-    EXPECT_EQ(count(true, Renderer::Role::Scenery), 8);
+    EXPECT_EQ(count(true, Renderer::Role::Overlay), 8);
     EXPECT_EQ(count(false, Renderer::Role::Object), 0);
     const auto first = frame()[0].model;
     EXPECT_EQ(frame()[0].model, first) << "frames share their lines";

@@ -97,7 +97,7 @@ void Glows::Add(Renderer &renderer, const Glow &glow)
             world.At(row, column) = view.At(column, row) * scale;
     const Vec3 at = glow.at + towards * shift;
     renderer.Add(modelOf(colour), world * Translation(at), std::vector{picture()},
-                 Renderer::Role::Scenery);
+                 Renderer::Role::Overlay);
 }
 
 } // namespace korvat

@@ -336,7 +336,7 @@ void Renderer::collect(Device &device, const Placed &placed, Calls &calls)
         call.softEdge = tested && call.mixing == Mixing::Replace;
         if (call.mixing == Mixing::Replace)
             (tested ? calls.tested : calls.solid).push_back({call, place});
-        else if (placed.role == Role::Object)
+        else if (placed.role == Role::Object || placed.role == Role::Overlay)
             calls.blended.push_back(
                 {call, place, Length(TransformPoint(part.bounds.centre, place) - m_eye)});
         else

@@ -35,7 +35,8 @@ public:
     {
         Object,  ///< casts shadows
         Scenery, ///< casts none
-        Ground   ///< casts none, and gives way to surfaces at the same height
+        Ground,  ///< casts none, and gives way to surfaces at the same height
+        Overlay  ///< casts none: lights, and lines that explain objects
     };
 
     /// A model in a frame.
