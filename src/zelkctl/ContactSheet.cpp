@@ -6,26 +6,16 @@
 #include "document/StockList.h"
 #include "gl/OffscreenCanvas.h"
 #include "host/Settings.h"
-#include "host/UnansweredDialogs.h"
 #include "install/StockFiles.h"
 #include "korvat/model/ModelLibrary.h"
 #include "viewer/VehicleScene.h"
 #include "zelkctl/ContactPage.h"
+#include "zelkctl/NoDialogs.h"
 
 #include <numbers>
 
 namespace zelkctl {
 namespace {
-
-class NoDialogs : public host::UnansweredDialogs
-{
-public:
-    host::DialogAnswer Message(const std::string &, const std::string &, host::DialogIcon,
-                               host::DialogButtons) override
-    {
-        return host::DialogAnswer::Ok;
-    }
-};
 
 /// The vehicles of an installation by the rules of Open Rails, which reads the same files as MSTS
 /// where there is no override.

@@ -4,25 +4,12 @@
 #include "gl/OffscreenCanvas.h"
 #include "host/Console.h"
 #include "host/Settings.h"
-#include "host/UnansweredDialogs.h"
 #include "install/Installation.h"
 #include "korvat/model/ModelLibrary.h"
 #include "viewer/VehicleScene.h"
+#include "zelkctl/NoDialogs.h"
 
 namespace zelkctl {
-namespace {
-
-class NoDialogs : public host::UnansweredDialogs
-{
-public:
-    host::DialogAnswer Message(const std::string &, const std::string &, host::DialogIcon,
-                               host::DialogButtons) override
-    {
-        return host::DialogAnswer::Ok;
-    }
-};
-
-} // namespace
 
 void DrawThumbnail(Session &session, const ThumbnailRequest &request)
 {
