@@ -126,8 +126,8 @@ OldContent::OldContent(const std::string &path, std::string folder)
 
 void OldContent::Discard()
 {
-    disk::Remove(m_place); // if this fails, Recover does it
-    disk::Remove(m_record);
+    if (!disk::Remove(m_place)) // else Recover removes both
+        disk::Remove(m_record);
 }
 
 void OldContent::PutBack()

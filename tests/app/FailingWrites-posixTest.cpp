@@ -10,6 +10,7 @@
 #include "document/UnsavedConsist.h"
 #include "host/Folders.h"
 #include "host/GameFiles.h"
+#include "host/OldContent.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
 #include "install/Installation.h"
@@ -119,15 +120,15 @@ void saveOver(World &world)
 {
     document::ConsistTree tree(world.files);
     tree.New();
-    world.dialogs.Answer(host::DialogAnswer::Yes);
+    world.dialogs.Answer(host::DialogAnswer::Yes); // overwrite the file
+    world.dialogs.Answer(host::DialogAnswer::Yes); // put it back, if that fails
     document::SaveConsist(tree, world.folder.At("game/Trains/Consists/a.con"),
                           {world.dialogs, world.files, world.folder.Path()}, false);
 }
 
 const Command kCommands[] = {
     {"save an edited consist", editAndSave, "a.con"},
-    // The user has agreed that the old file is deleted first.
-    {"save over a consist", saveOver, "a.con", true},
+    {"save over a consist", saveOver, "a.con"},
     {"copy a consist over another",
      [](World &world) {
          world.folder.Write("game/Trains/Consists/a.con", "another consist");
@@ -243,8 +244,12 @@ TEST_P(FailingWritesTest, FailedStepLeavesWholeFilesAndIsReported)
             }
             when.append(" -> ").append(message);
             SCOPED_TRACE(when);
-            const Content now = withoutTimes(world.Files());
+            Content now = withoutTimes(world.Files());
             expectWhole(GetParam(), before, after, now, when);
+            // The next start deletes old content that is in its place again or not needed.
+            std::erase_if(now, [](const auto &file) {
+                return file.first.starts_with(".local/state/zelk/overwritten/");
+            });
             for (const auto &[name, unused] : now)
                 EXPECT_TRUE(before.contains(name) || after.contains(name)) << name << " is left";
             if (now == after || GetParam().isSilent)
@@ -267,6 +272,7 @@ TEST_P(FailingWritesTest, ProcessExitAtAStepLeavesWholeFiles)
         int status = 0;
         ASSERT_EQ(waitpid(child, &status, 0), child);
         ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == FailingStep::kExitCode) << step;
+        host::OldContent::Recover(); // as the next start does
         expectWhole(GetParam(), before, after, withoutTimes(world.Files()),
                     "ended at step " + std::to_string(step));
 

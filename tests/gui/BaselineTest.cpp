@@ -254,7 +254,7 @@ TEST_F(BaselineTest, LoadsAndCouplersMatchTheStoredPictures)
     } rows[] = {
         {"load-msts", "lc_crates", true, {9, 4.5F, 12, 0, 1.8F, 4}},
         {"load-static", "lc_pair", true, {9, 4.5F, 12, 0, 1.8F, 4}},
-        {"load-full", "lc_ore", true, {9, 4.5F, 12, 0, 1.8F, 4}},
+        {"load-full", "lc_ore", true, {4, 3, 8, 0, 1.3F, 4}},
         {"coupler-free", "lc_pair", false, {2.2F, 1.8F, 11.2F, 0, 0.9F, 9.4F}},
         {"coupler-coupled", "", false, {-2.4F, 1.9F, -53.5F, 0, 0.9F, -55}},
     };

@@ -36,6 +36,7 @@ protected:
         Start();
         openBox();
         canvas().setFocus();
+        QTest::mouseMove(&canvas(), {5, canvas().height() - 5}); // not where the tool row will be
     }
     viewer::OptionControls &controls() { return pane().Options(); }
     const ViewOptions &options() { return controls().Options(); }

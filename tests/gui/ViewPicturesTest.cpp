@@ -32,7 +32,7 @@ protected:
         OnNextDialog([&](QDialog &dialog) {
             EXPECT_EQ(dialog.objectName(), QStringLiteral("frmSavePicture"));
             auto &sizes = Find<QComboBox>(dialog, "cboSize");
-            EXPECT_TRUE(sizes.hasFocus());
+            EXPECT_TRUE(Wait([&] { return sizes.hasFocus(); }));
             sizes.setCurrentIndex(sizes.findText(size, Qt::MatchStartsWith));
             auto &clear = Find<QCheckBox>(dialog, "chkTransparent");
             if (clear.isChecked() != transparent) {

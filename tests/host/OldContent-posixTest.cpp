@@ -93,6 +93,25 @@ TEST(OldContentTest, FailedStepKeepsTheOldContentOrTheNew)
         }
 }
 
+TEST(OldContentTest, ContentThatCannotBeDeletedIsDeletedLater)
+{
+    const auto calls = steps();
+    const auto last = std::find(calls.rbegin(), calls.rend(), "unlink"); // of the record
+    const auto content = std::find(last + 1, calls.rend(), "unlink");
+    const Overwritten file;
+    const pid_t child = fork();
+    if (child == 0) {
+        const FailingStep failing(static_cast<int>(calls.rend() - content) - 1, EACCES);
+        file.Run();
+        _exit(0);
+    }
+    waitpid(child, nullptr, 0);
+    EXPECT_EQ(file.folder.Names("aside").size(), 2u);
+    EXPECT_TRUE(file.Recover().empty());
+    EXPECT_TRUE(file.LeavesNothing());
+    EXPECT_EQ(file.Now(), "new");
+}
+
 TEST(OldContentTest, KilledProcessLosesNothing)
 {
     const auto calls = steps();
