@@ -2,8 +2,8 @@
 #include "zelkctl/ContactPage.h"
 
 #include "content/HealthText.h"
-
-#include <QBuffer>
+#include "gl/PictureSheet.h"
+#include "zelkctl/Session.h"
 
 namespace zelkctl {
 namespace {
@@ -36,28 +36,8 @@ figcaption div:first-child { font-weight: bold; }
 <h1>Contact sheet</h1>
 )";
 
-std::string pictureOf(ContactCell &cell, const DrawCell &draw)
-{
-    const std::string png = PngOf(draw(cell));
-    if (png.empty())
-        return "<div class=\"none\">" + content::XmlText(cell.reason) + "</div>";
-    const QByteArray bytes =
-        QByteArray::fromRawData(png.data(), static_cast<qsizetype>(png.size())).toBase64();
-    return "<img loading=\"lazy\" alt=\"" + content::XmlText(cell.vehicle) +
-           "\" src=\"data:image/png;base64," + bytes.toStdString() + "\"/>";
-}
-
-std::string figureOf(ContactCell &cell, const DrawCell &draw)
-{
-    std::string text = "<figure>" + pictureOf(cell, draw) + "<figcaption>";
-    for (const std::string &line : CaptionOf(cell))
-        text += "<div>" + content::XmlText(line) + "</div>";
-    return text + "</figcaption></figure>\n";
-}
-
-} // namespace
-
-std::vector<std::string> CaptionOf(const ContactCell &cell)
+/// Returns the texts below a picture.
+std::vector<std::string> captionsOf(const ContactCell &cell)
 {
     std::vector<std::string> lines{cell.vehicle, cell.name, cell.figures};
     if (cell.count > 1)
@@ -68,12 +48,36 @@ std::vector<std::string> CaptionOf(const ContactCell &cell)
     return lines;
 }
 
-std::string PngOf(const QImage &image)
+std::string pictureOf(ContactCell &cell, const DrawCell &draw)
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    return image.save(&buffer, "PNG") ? bytes.toStdString() : std::string();
+    const std::string png = draw(cell);
+    if (png.empty())
+        return "<div class=\"none\">" + content::XmlText(cell.reason) + "</div>";
+    return "<img loading=\"lazy\" alt=\"" + content::XmlText(cell.vehicle) + "\" src=\"" +
+           korvat::DataUrl(png) + "\"/>";
 }
+
+std::string figureOf(ContactCell &cell, const DrawCell &draw)
+{
+    std::string text = "<figure>" + pictureOf(cell, draw) + "<figcaption>";
+    for (const std::string &line : captionsOf(cell))
+        text += "<div>" + content::XmlText(line) + "</div>";
+    return text + "</figcaption></figure>\n";
+}
+
+void addTo(korvat::PictureSheet &sheet, ContactSection &section, const DrawCell &draw)
+{
+    sheet.AddTitle(section.title);
+    for (const auto &[label, text] : section.lines)
+        sheet.AddLine(label, text);
+    for (ContactCell &cell : section.cells) {
+        const std::string png = draw(cell); // may store the reason
+        sheet.AddPicture(png, cell.reason, captionsOf(cell));
+    }
+    sheet.EndPictures();
+}
+
+} // namespace
 
 std::string HtmlContactPage(std::vector<ContactSection> sections, const DrawCell &draw)
 {
@@ -93,6 +97,21 @@ std::string HtmlContactPage(std::vector<ContactSection> sections, const DrawCell
         page += "</div>\n";
     }
     return page + "</body>\n</html>\n";
+}
+
+std::string PngContactPage(std::vector<ContactSection> sections, int width, const DrawCell &draw)
+{
+    korvat::PictureSheet measured(width);
+    for (ContactSection &section : sections) {
+        addTo(measured, section, [](ContactCell &) { return std::string(); });
+        if (measured.Height() > korvat::PictureSheet::kHighest)
+            throw Failure("there are too many vehicles for one picture; write an .html file, or "
+                          "choose fewer with --filter");
+    }
+    korvat::PictureSheet sheet(width, measured.Height());
+    for (ContactSection &section : sections)
+        addTo(sheet, section, draw);
+    return sheet.Png();
 }
 
 } // namespace zelkctl

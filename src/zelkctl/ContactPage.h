@@ -3,8 +3,6 @@
 
 #include "content/SheetText.h"
 
-#include <QImage>
-
 #include <functional>
 #include <string>
 #include <vector>
@@ -30,20 +28,14 @@ struct ContactSection
     std::vector<ContactCell> cells;
 };
 
-/// Returns the picture of a cell, or a null image after storing the reason in the cell.
-using DrawCell = std::function<QImage(ContactCell &)>;
-
-/// Returns the texts below a picture, without the empty ones.
-std::vector<std::string> CaptionOf(const ContactCell &cell);
+/// Returns the picture of a cell as PNG, or "" after storing the reason in the cell.
+using DrawCell = std::function<std::string(ContactCell &)>;
 
 /// Returns an HTML file with the pictures in it.
 std::string HtmlContactPage(std::vector<ContactSection> sections, const DrawCell &draw);
 
-/// Returns the bytes of a PNG file; `width` is that of each picture, in pixels. Throws Failure for
-/// more vehicles than a picture can hold.
+/// Returns the bytes of a PNG file, "" if there is no memory for it; `width` is that of each
+/// picture, in pixels. Throws Failure for more vehicles than an image can hold.
 std::string PngContactPage(std::vector<ContactSection> sections, int width, const DrawCell &draw);
-
-/// Returns an image as the bytes of a PNG file; "" if there is no memory.
-std::string PngOf(const QImage &image);
 
 } // namespace zelkctl

@@ -119,8 +119,8 @@ private:
     content::FigureCache m_figures;
 };
 
-QImage draw(viewer::VehicleScene &scene, const viewer::Reading &reading,
-            korvat::OffscreenCanvas &canvas, ContactCell &cell)
+std::string draw(viewer::VehicleScene &scene, const viewer::Reading &reading,
+                 korvat::OffscreenCanvas &canvas, ContactCell &cell)
 {
     if (cell.file.empty())
         return {};
@@ -131,10 +131,10 @@ QImage draw(viewer::VehicleScene &scene, const viewer::Reading &reading,
         if (cell.flipped)
             view.turn += std::numbers::pi_v<float>;
         scene.Look(view, 2);
-        QImage picture = canvas.Picture();
-        if (picture.isNull())
+        std::string png = canvas.PngPicture();
+        if (png.empty())
             cell.reason = "the graphics driver has no room for it";
-        return picture;
+        return png;
     } catch (const host::RuntimeError &error) {
         cell.reason = content::PlainText(error.what());
         return {};

@@ -12,7 +12,7 @@
 
 #include <chrono>
 #include <filesystem>
-#include <latch>
+#include <future>
 #include <thread>
 
 using namespace korvat;
@@ -66,17 +66,19 @@ TEST_F(ModelLibraryTest, ThreadsThatNeedOneFileGetOneModel)
     const std::string large =
         game.Write("Cars/large.s", ShapeText(std::vector(5000, SidePanel(1, 1, {0, 2, 0}, 4, 2))));
     constexpr std::size_t kThreads = 4;
-    std::latch start(kThreads);
+    std::promise<void> start;
+    const std::shared_future<void> started = start.get_future().share();
     std::vector<LoadedModel> models(kThreads);
     std::vector<LoadedTexture> textures(kThreads);
     {
         std::vector<std::jthread> threads;
         for (std::size_t i = 0; i < kThreads; ++i)
             threads.emplace_back([&, i] {
-                start.arrive_and_wait();
+                started.wait();
                 models[i] = library.LoadModel(large);
                 textures[i] = texture("roof.dds");
             });
+        start.set_value();
     }
     ASSERT_EQ(models[0].error, "");
     for (std::size_t i = 1; i < kThreads; ++i) {
