@@ -107,7 +107,7 @@ private:
         add(each, shape, offset.fault);
     }
 
-    /// MSTS moves only the coal of tenders, between two levels; other loads stand at the origin of
+    /// MSTS moves only the coal of tenders, between two levels; other loads are at the origin of
     /// their wagon, whatever their numbers. Tenders start full.
     Offset levelOf(const Block &block) const
     {

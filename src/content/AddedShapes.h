@@ -25,8 +25,8 @@ struct AddedShape
     enum class When : std::uint8_t
     {
         Always,
-        Coupled, ///< only if another vehicle stands at this end
-        Free     ///< only if none does
+        Coupled, ///< only if another vehicle is coupled to this end
+        Free     ///< only if none is
     };
 
     std::string path; ///< spelled as on the disk

@@ -20,7 +20,7 @@ public:
     /// `files` must outlive this object.
     explicit SeasonTextures(host::GameFiles &files);
 
-    /// Returns the game path of the texture that stands for an image of a shape. `folders` are the
+    /// Returns the game path of the texture that replaces an image of a shape. `folders` are the
     /// names of the folders of seasons, such as "Winter", the best first; those that the shape's
     /// descriptor does not allow are ignored. Returns nothing if the plain texture is to be shown.
     std::optional<std::string> Find(const std::string &shapeFile, const std::string &image,

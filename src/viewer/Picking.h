@@ -30,7 +30,7 @@ struct Hit
 /// ignores surfaces seen from behind.
 std::optional<Hit> Pick(const ViewObjects &objects, const Ray &ray, bool withLoads = true);
 
-/// Returns the distance to what a scene stands on, in lengths of the ray's direction; nothing if
+/// Returns the distance to the ground of a scene, in lengths of the ray's direction; nothing if
 /// the ray does not come down to it.
 std::optional<float> PickGround(const Ray &ray, korvat::Ground ground);
 

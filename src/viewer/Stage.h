@@ -86,7 +86,7 @@ public:
     int Total() const { return m_layout ? m_layout->Total() : 1; }
     int Done() const { return m_layout ? m_layout->Done() : 0; }
 
-    /// Returns what the scene stands on.
+    /// Returns the ground of the scene.
     korvat::Ground Ground() const { return m_ground; }
     /// Returns the scene's part of the window's title; "" for a shape.
     const std::string &Caption() const { return m_caption; }

@@ -20,7 +20,7 @@ enum class Season : std::uint8_t
 struct ViewOptions
 {
     Season season = Season::Summer;
-    bool snow = false;   ///< snow lies in this season
+    bool snow = false;   ///< with snow
     bool night = false;  ///< night textures, and no sun
     bool lights = false; ///< the vehicles' lights glow
     int level = 0;       ///< level of detail from 1, the finest; 0 for the one of the distance 0

@@ -98,7 +98,7 @@ TEST_F(LooksTest, SeasonsShowTheTexturesThatTheDescriptorAllows)
         int alternatives;
         Season season;
         bool snow, night;
-        const char *there; ///< the only texture in a folder of its own
+        const char *there; ///< the only texture in a season's folder
         bool isShown;
     } rows[] = {
         {252 + 257, Season::Summer, false, false, "Snow/side.ace", false},

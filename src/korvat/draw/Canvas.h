@@ -5,7 +5,7 @@ namespace korvat {
 
 class Renderer;
 
-/// What a scene stands on.
+/// The ground of a scene.
 enum class Ground
 {
     Track, ///< rails with their top at Y = 0, on grass below
@@ -36,7 +36,7 @@ public:
     /// Set the distances from the camera, in metres, at which the haze begins and becomes opaque.
     virtual void SetRangeNear(long metres) = 0;
     virtual void SetRangeFar(long metres) = 0;
-    /// Sets what the scene stands on; a track at first.
+    /// Sets the ground of the scene; a track at first.
     virtual void SetGround(Ground ground) = 0;
     /// Lets the window process its pending events.
     virtual void ProcessEvents() = 0;

@@ -33,7 +33,7 @@ public:
 
     /// Returns the substitute for a missing or broken texture: a conspicuous checker pattern.
     static TexturePtr Checker();
-    /// Returns a texture in plain magenta, which can stand for the checker pattern.
+    /// Returns a texture in plain magenta, which can replace the checker pattern.
     static TexturePtr Magenta();
 
 private:

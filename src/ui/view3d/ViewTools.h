@@ -37,7 +37,7 @@ public:
 
     /// Sets whether the row fades in and out; true at first.
     void SetAnimated(bool animated) { m_animated = animated; }
-    /// Shows what the controls stand for, without a signal.
+    /// Sets the controls to these values, without a signal.
     void Show(const ViewOptions &options, bool loads, bool parts);
     void ShowLevels(const std::vector<LevelDistances> &levels);
     /// Shows the row and gives the focus to its first control.
