@@ -55,9 +55,11 @@ StockReader::Disk &StockReader::disk()
 
 StockReader::~StockReader()
 {
-    m_stopped = true;
-    for (std::jthread &thread : m_threads)
-        thread.request_stop();
+    {
+        const std::lock_guard lock(m_mutex);
+        m_stopped = true;
+    }
+    m_wake.notify_all();
     m_threads.clear();
 }
 
@@ -129,7 +131,7 @@ void StockReader::startThreads()
         return;
     try {
         while (m_threads.size() < m_workers)
-            m_threads.emplace_back([this](const std::stop_token &stop) { work(stop); });
+            m_threads.emplace_back([this] { work(); });
     } catch (const std::system_error &) {
         if (!m_threads.empty())
             return;
@@ -139,11 +141,14 @@ void StockReader::startThreads()
     }
 }
 
-void StockReader::work(const std::stop_token &stop)
+void StockReader::work()
 {
     host::LowerThreadPriority();
     std::unique_lock lock(m_mutex);
-    while (m_wake.wait(lock, stop, [this] { return !m_jobs.empty(); }) && !stop.stop_requested()) {
+    while (true) {
+        m_wake.wait(lock, [this] { return m_stopped || !m_jobs.empty(); });
+        if (m_stopped)
+            return;
         const std::function<void()> job = std::move(m_jobs.front());
         m_jobs.pop_front();
         lock.unlock();

@@ -11,7 +11,6 @@
 #include <memory>
 #include <mutex>
 #include <shared_mutex>
-#include <stop_token>
 #include <string>
 #include <thread>
 #include <unordered_map>
@@ -71,7 +70,7 @@ private:
 
     void request(std::function<void()> job, bool first);
     void startThreads();
-    void work(const std::stop_token &stop);
+    void work();
     Disk &disk();
     void readFacts(const install::StockItem &item);
     void readUnit(const install::StockItem &item);
@@ -86,10 +85,10 @@ private:
     mutable std::shared_mutex m_factsMutex;
     std::unordered_map<std::string, std::shared_ptr<const StockFacts>> m_facts; ///< upper case
     std::mutex m_mutex;
-    std::condition_variable_any m_wake, m_idle;
+    std::condition_variable m_wake, m_idle;
     std::deque<std::function<void()>> m_jobs;
     std::atomic<std::size_t> m_requested = 0, m_done = 0;
-    std::atomic<bool> m_stopped = false;
+    std::atomic<bool> m_stopped = false; ///< set under m_mutex
     std::vector<std::jthread> m_threads;
 };
 
