@@ -11,62 +11,32 @@
 
 namespace {
 
-constexpr const char *kHead = "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\n";
-
-class AddedShapesTest : public SceneTest
+class AddedShapesTest : public TrainTest
 {
 protected:
     AddedShapesTest()
     {
-        installation.SetLocation(game.Path());
         for (const char *name : {"box", "coal", "crate", "hook", "open", "hose"}) {
-            game.Write("Trains/Trainset/Cars/" + std::string(name) + ".s", "shape");
+            writeShape(std::string(name) + ".s");
             shapes.textures[std::string(name) + ".s"] = {name};
         }
-        write("Coal.wag", "10m", "FreightAnim ( coal.s 1 1 )");
-        write(
+        writeCar("Coal.wag", "10m", "FreightAnim ( coal.s 1 1 )");
+        writeCar(
             "Crate.wag", "20m",
             "FreightAnim ( coal.s 1 1 )\nORTSFreightAnims ( FreightAnimStatic ( "
             "Shape ( crate.s ) Offset ( 1 2 3 ) ) )\nCoupling ( FrontCouplerAnim ( hook.s 0 1 0 ) "
             "FrontCouplerOpenAnim ( open.s 0 1 0 ) RearCouplerAnim ( hook.s 0 1 0.5 ) "
             "RearAirHoseAnim ( hose.s 0.5 1 0 ) )");
-        write("Torn.wag", "10m",
-              "FreightAnim ( gone.s 1 1 )\nFreightAnim ( bad.s 1 1 )\nFreightAnim ( worn.s 1 1 )");
-        game.Write("Trains/Trainset/Cars/bad.s", "shape");
-        game.Write("Trains/Trainset/Cars/worn.s", "shape");
+        writeCar(
+            "Torn.wag", "10m",
+            "FreightAnim ( gone.s 1 1 )\nFreightAnim ( bad.s 1 1 )\nFreightAnim ( worn.s 1 1 )");
+        writeShape("bad.s");
+        writeShape("worn.s");
         shapes.textures["worn.s"] = {"gone.ace"};
     }
-    void write(const std::string &name, const std::string &length, const std::string &entries)
-    {
-        game.Write("Trains/Trainset/Cars/" + name, kHead + ("Wagon ( x Size ( 3m 4m " + length) +
-                                                       " )\nWagonShape ( box.s )\n" + entries +
-                                                       " )\r\n");
-    }
-    std::string stock(const std::string &name) { return game.At("Trains/Trainset/Cars/" + name); }
     void choose(content::Profile profile)
     {
         content::KeepProfiles(settings, installation.CurrentFolder(), profile);
-    }
-    /// Loads a train of wagons; "Coal*" is flipped.
-    void load(const std::string &wagons)
-    {
-        std::string text = "Train ( TrainCfg ( \"Mixed\"\n";
-        for (const std::string &name : host::Split(wagons, ' '))
-            text += "Wagon ( WagonData ( " + name.substr(0, name.find('*')) + " Cars )" +
-                    (name.ends_with('*') ? " Flip ( )" : "") + " )\n";
-        file.LoadBytes(text + ") )");
-        stage.RenderLooseConsist(file.FindNode("Train").Child("TrainCfg"), game.Path(), "x.act");
-        finish();
-    }
-    void view(const std::string &shape, const std::string &vehicle = {})
-    {
-        stage.RenderShape(stock(shape), vehicle.empty() ? vehicle : stock(vehicle));
-        finish();
-    }
-    void finish()
-    {
-        while (stage.Step())
-            continue;
     }
     /// Returns the models of a frame with their places, and "<" for those that face backwards.
     std::string frame()
@@ -86,10 +56,6 @@ protected:
         }
         return text;
     }
-
-    std::string status;
-    viewer::Stage stage{environment, &canvas, [this](const std::string &text) { status = text; }};
-    StfFile file{files};
 };
 
 } // namespace
@@ -133,7 +99,7 @@ TEST_F(AddedShapesTest, DependOnTheSimulatorThatTheUserChose)
     load("Coal New");
     EXPECT_EQ(frame(), "crate 0,0,-15; coal 0,0,-15; hook 0,0,-33");
     EXPECT_FLOAT_EQ(stage.TrainEnd(), -36);
-    EXPECT_EQ(viewer::ReadVehicleToShow(environment, stock("Coal.wag")).shapeFile,
+    EXPECT_EQ(viewer::ReadVehicleToShow(environment, car("Coal.wag")).shapeFile,
               game.Shown("Trains/Trainset/Cars/crate.s"));
     choose(content::Profile::Msts);
     stage.ShowAllAdded();

@@ -15,52 +15,22 @@ using viewer::ViewOptions;
 
 namespace {
 
-constexpr const char *kFolder = "Trains/Trainset/Cars/";
-
-class LooksTest : public SceneTest
+class LooksTest : public TrainTest
 {
 protected:
     LooksTest()
     {
-        installation.SetLocation(game.Path());
         for (const char *name : {"box.s", "crate.s"}) {
-            game.Write(std::string(kFolder) + name, "shape");
+            writeShape(name);
             shapes.textures[name] = {"side.ace"};
         }
-        write("Car.wag", "FreightAnim ( crate.s )");
-    }
-    void write(const std::string &name, const std::string &entries)
-    {
-        game.Write(kFolder + name, "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\nWagon ( x Size ( 3m 4m "
-                                   "10m )\nWagonShape ( box.s )\n" +
-                                       entries + " )\r\n");
+        writeCar("Car.wag", "10m", "FreightAnim ( crate.s )");
     }
     void allow(const std::string &shape, int alternatives)
     {
-        game.Write(kFolder + shape + "d",
+        game.Write(kCars + shape + "d",
                    "SIMISA@@@@@@@@@@JINX0t1t______\r\n\r\nshape ( x ESD_Alternative_Texture ( " +
                        std::to_string(alternatives) + " ) )");
-    }
-    void view(const std::string &vehicle)
-    {
-        stage.RenderShape(game.At(kFolder + std::string("box.s")), game.At(kFolder + vehicle));
-        finish();
-    }
-    /// Loads a train of wagons; "Car*" is flipped.
-    void load(const std::string &wagons)
-    {
-        std::string text = "Train ( TrainCfg ( \"Mixed\"\n";
-        for (const std::string &name : host::Split(wagons, ' '))
-            text += "Wagon ( WagonData ( " + name.substr(0, name.find('*')) + " Cars )" +
-                    (name.ends_with('*') ? " Flip ( )" : "") + " )\n";
-        file.LoadBytes(text + ") )");
-        stage.RenderLooseConsist(file.FindNode("Train").Child("TrainCfg"), game.Path(), "x.act");
-        finish();
-    }
-    void finish()
-    {
-        while (stage.Step())
-            continue;
     }
     /// Returns what a new frame holds.
     const std::vector<Renderer::Placed> &frame()
@@ -85,10 +55,6 @@ protected:
         options.*option = true;
         return options;
     }
-
-    std::string status;
-    viewer::Stage stage{environment, &canvas, [this](const std::string &text) { status = text; }};
-    StfFile file{files};
 };
 
 TEST_F(LooksTest, SeasonsShowTheTexturesThatTheDescriptorAllows)
@@ -136,8 +102,8 @@ TEST_F(LooksTest, ChangingTheSeasonDressesEveryShapeAndHidesNothingNew)
 {
     for (const char *shape : {"box.s", "crate.s"})
         allow(shape, 256);
-    game.Write(kFolder + std::string("Night/side.ace"), "texture");
-    view("Car.wag");
+    game.Write(kCars + std::string("Night/side.ace"), "texture");
+    view("box.s", "Car.wag");
     TSViewObject &car = stage.View()->Models.Item(1);
     car.Flash(); // no textures
     shapes.asked.clear();
@@ -161,7 +127,8 @@ TEST_F(LooksTest, LightsFollowTheirVehiclesAndTheirPlaceInTheTrain)
         return std::string("Light ( Type ( 0 ) Conditions ( Unit ( ") + unit +
                " ) ) States ( State ( LightColour ( ffffffff ) Position ( 0 0 " + z + " ) ) ) )\n";
     };
-    write("Lamps.wag", "Lights ( 3 " + light("2", "5") + light("1", "0") + light("3", "-5") + ")");
+    writeCar("Lamps.wag", "10m",
+             "Lights ( 3 " + light("2", "5") + light("1", "0") + light("3", "-5") + ")");
     stage.SetOptions(with(&ViewOptions::lights));
     canvas.renderer.SetCamera({5000, 0, 0}, {});
     // In front of the first, in the middle of the second, behind the third vehicle.
@@ -181,7 +148,7 @@ TEST_F(LooksTest, ConesLightTheNightAndAreBounded)
     for (int i = 0; i < 1000; ++i)
         cones += "Light ( Type ( 1 ) States ( State ( LightColour ( ffffffff ) Position ( 0 3 5 ) "
                  "Radius ( 100 ) ) ) )\n";
-    write("Cones.wag", "Lights ( 1000 Light ( Type ( 0 ) )\n" + cones + ")");
+    writeCar("Cones.wag", "10m", "Lights ( 1000 Light ( Type ( 0 ) )\n" + cones + ")");
     stage.SetOptions({.night = true, .lights = true});
     load("Cones");
     extras();
@@ -200,11 +167,11 @@ TEST_F(LooksTest, ConesLightTheNightAndAreBounded)
 
 TEST_F(LooksTest, BoxesStandWhereTheVehicleAndItsCouplersAre)
 {
-    write("Coupled.wag", "Coupling ( Type ( Automatic ) )");
+    writeCar("Coupled.wag", "10m", "Coupling ( Type ( Automatic ) )");
     load("Car Coupled*");
     stage.SetOptions(with(&ViewOptions::boxes));
     EXPECT_EQ(extras(), "-5 -15 -20 -10");
-    stage.RenderShape(game.At(kFolder + std::string("box.s")));
+    stage.RenderShape(car("box.s"));
     finish();
     EXPECT_EQ(extras(), "") << "a shape alone has no size";
 }

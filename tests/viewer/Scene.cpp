@@ -3,6 +3,7 @@
 
 #include "host/Folders.h"
 #include "host/Path.h"
+#include "host/Text.h"
 
 #include <fstream>
 #include <new>
@@ -74,4 +75,34 @@ std::string SceneTest::traceLines() const
     while (std::getline(log, line))
         lines += line.substr(9, line.find_last_of(' ') - 9) + "\n";
     return lines;
+}
+
+void TrainTest::writeCar(const std::string &name, const std::string &length,
+                         const std::string &entries)
+{
+    game.Write(kCars + name, "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\nWagon ( x Size ( 3m 4m " +
+                                 length + " )\nWagonShape ( box.s )\n" + entries + " )\r\n");
+}
+
+void TrainTest::load(const std::string &wagons)
+{
+    std::string text = "Train ( TrainCfg ( \"Mixed\"\n";
+    for (const std::string &name : host::Split(wagons, ' '))
+        text += "Wagon ( WagonData ( " + name.substr(0, name.find('*')) + " Cars )" +
+                (name.ends_with('*') ? " Flip ( )" : "") + " )\n";
+    file.LoadBytes(text + ") )");
+    stage.RenderLooseConsist(file.FindNode("Train").Child("TrainCfg"), game.Path(), "x.act");
+    finish();
+}
+
+void TrainTest::view(const std::string &shape, const std::string &vehicle)
+{
+    stage.RenderShape(car(shape), vehicle.empty() ? vehicle : car(vehicle));
+    finish();
+}
+
+void TrainTest::finish()
+{
+    while (stage.Step())
+        continue;
 }

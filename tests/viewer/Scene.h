@@ -7,10 +7,12 @@
 #include "korvat/draw/Canvas.h"
 #include "korvat/draw/Renderer.h"
 #include "korvat/model/ModelSource.h"
+#include "stavfile/StfFile.h"
 #include "support/Environment.h"
 #include "support/MemorySettings.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TempFolder.h"
+#include "viewer/Stage.h"
 
 #include <gtest/gtest.h>
 
@@ -100,4 +102,25 @@ protected:
     install::Installation installation;
     support::MemorySettings settings;
     install::Environment environment{dialogs, files, settings, installation, shapes};
+};
+
+/// A stage with trains of wagons in the folder "Cars" of the private installation.
+class TrainTest : public SceneTest
+{
+protected:
+    TrainTest() { installation.SetLocation(game.Path()); }
+    std::string car(const std::string &name) const { return game.At(kCars + name); }
+    /// Writes a wagon with the shape "box.s" and further entries.
+    void writeCar(const std::string &name, const std::string &length, const std::string &entries);
+    void writeShape(const std::string &name) { game.Write(kCars + name, "shape"); }
+    /// Loads a train of wagons; "Coal*" is flipped.
+    void load(const std::string &wagons);
+    void view(const std::string &shape, const std::string &vehicle = {});
+    void finish();
+
+    static constexpr const char *kCars = "Trains/Trainset/Cars/";
+
+    std::string status;
+    viewer::Stage stage{environment, &canvas, [this](const std::string &text) { status = text; }};
+    StfFile file{files};
 };
