@@ -30,7 +30,7 @@ VehiclePicker::VehiclePicker(const Texts &texts, const QIcon &missing, QWidget *
                         this))
     , search(new SearchField((std::string("search") + texts.name).c_str(), texts.search, this))
     , m_heading(new QLabel(texts.heading, this))
-    , m_model(new VehicleModel(texts.remark, missing, this))
+    , m_model(new PickerModel(texts.remark, missing, this))
 {
     m_heading->setBuddy(list);
     search->setFocusPolicy(Qt::StrongFocus);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/replace/VehicleModel.h"
+#include "ui/replace/PickerModel.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -65,7 +65,7 @@ private:
     void showCount();
 
     QLabel *m_heading;
-    VehicleModel *m_model;
+    PickerModel *m_model;
     std::optional<install::StockItem> m_picked;
     bool m_filling = false;
 };

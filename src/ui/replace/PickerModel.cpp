@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/replace/VehicleModel.h"
+#include "ui/replace/PickerModel.h"
 
 #include "host/Text.h"
 
@@ -40,14 +40,14 @@ std::vector<std::string> wordsOf(const std::string &text)
 
 } // namespace
 
-VehicleModel::VehicleModel(const QString &remarkTitle, const QIcon &missing, QObject *parent)
+PickerModel::PickerModel(const QString &remarkTitle, const QIcon &missing, QObject *parent)
     : QAbstractTableModel(parent)
     , m_remarkTitle(remarkTitle)
     , m_missing(missing)
 {
 }
 
-void VehicleModel::SetVehicles(std::vector<VehicleRow> vehicles)
+void PickerModel::SetVehicles(std::vector<VehicleRow> vehicles)
 {
     beginResetModel();
     m_vehicles = std::move(vehicles);
@@ -58,7 +58,7 @@ void VehicleModel::SetVehicles(std::vector<VehicleRow> vehicles)
     endResetModel();
 }
 
-void VehicleModel::Search(const std::string &words)
+void PickerModel::Search(const std::string &words)
 {
     beginResetModel();
     m_words = words;
@@ -66,7 +66,7 @@ void VehicleModel::Search(const std::string &words)
     endResetModel();
 }
 
-void VehicleModel::filter()
+void PickerModel::filter()
 {
     const std::vector<std::string> words = wordsOf(m_words);
     m_shown.clear();
@@ -77,7 +77,7 @@ void VehicleModel::filter()
             m_shown.push_back(i);
 }
 
-int VehicleModel::RowOf(const install::StockItem &vehicle) const
+int PickerModel::RowOf(const install::StockItem &vehicle) const
 {
     const std::string key = keyOf(vehicle) + kKeyEnd;
     for (std::size_t row = 0; row < m_shown.size(); ++row)
@@ -86,17 +86,17 @@ int VehicleModel::RowOf(const install::StockItem &vehicle) const
     return -1;
 }
 
-int VehicleModel::rowCount(const QModelIndex &parent) const
+int PickerModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_shown.size());
 }
 
-int VehicleModel::columnCount(const QModelIndex &parent) const
+int PickerModel::columnCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : Columns;
 }
 
-QVariant VehicleModel::data(const QModelIndex &index, int role) const
+QVariant PickerModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
         return {};
@@ -111,7 +111,7 @@ QVariant VehicleModel::data(const QModelIndex &index, int role) const
     return QString::fromStdString(text);
 }
 
-QVariant VehicleModel::headerData(int section, Qt::Orientation orientation, int role) const
+QVariant PickerModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return QAbstractTableModel::headerData(section, orientation, role);

@@ -21,13 +21,13 @@ struct VehicleRow
 
 /// The rows of a list of vehicles: folder, file and remark. A search hides those that do not
 /// match: they have no row.
-class VehicleModel : public QAbstractTableModel
+class PickerModel : public QAbstractTableModel
 {
     Q_OBJECT
 
 public:
     /// `remarkTitle` is the header of the third column.
-    VehicleModel(const QString &remarkTitle, const QIcon &missing, QObject *parent = nullptr);
+    PickerModel(const QString &remarkTitle, const QIcon &missing, QObject *parent = nullptr);
 
     void SetVehicles(std::vector<VehicleRow> vehicles);
     /// Shows only the vehicles whose "FOLDER/NAME.wag" and remark contain each of the words.
