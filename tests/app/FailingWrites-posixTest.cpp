@@ -261,7 +261,11 @@ TEST_P(FailingWritesTest, FailedStepLeavesWholeFilesAndIsReported)
 
 TEST_P(FailingWritesTest, ProcessExitAtAStepLeavesWholeFiles)
 {
-    for (int step = 0; step < steps; ++step) {
+    // The number of steps varies a little: a folder above is listed again if other programs have
+    // changed it.
+    bool isOver = false;
+    for (int step = 0; !isOver; ++step) {
+        ASSERT_LT(step, 2 * steps + 100);
         World world;
         const pid_t child = fork();
         if (child == 0) {
@@ -271,7 +275,10 @@ TEST_P(FailingWritesTest, ProcessExitAtAStepLeavesWholeFiles)
         }
         int status = 0;
         ASSERT_EQ(waitpid(child, &status, 0), child);
-        ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == FailingStep::kExitCode) << step;
+        ASSERT_TRUE(WIFEXITED(status)) << step;
+        isOver = WEXITSTATUS(status) == 0;
+        ASSERT_TRUE(isOver || WEXITSTATUS(status) == FailingStep::kExitCode) << step;
+        ASSERT_TRUE(!isOver || step >= 3) << "no step ended the process";
         host::OldContent::Recover(); // as the next start does
         expectWhole(GetParam(), before, after, withoutTimes(world.Files()),
                     "ended at step " + std::to_string(step));
