@@ -2,9 +2,6 @@
 // Tests the shapes that vehicles add to a scene: loads, couplers and hoses.
 #include "Scene.h"
 #include "content/HealthSettings.h"
-#include "host/Text.h"
-#include "stavfile/StfFile.h"
-#include "viewer/Stage.h"
 
 #include <cmath>
 #include <cstdio>

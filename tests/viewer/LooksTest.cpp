@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Tests what the options of a scene change: textures of seasons, lights, boxes, lines, marks.
 #include "Scene.h"
-#include "host/Text.h"
 #include "korvat/model/ModelLibrary.h"
-#include "stavfile/StfFile.h"
-#include "viewer/Stage.h"
 
 #include <algorithm>
 #include <cmath>
