@@ -31,7 +31,7 @@ public:
     struct Folder
     {
         disk::Stamp stamp;
-        bool settled = false;
+        bool marked = false, settled = false; ///< as in disk::Listing
         std::vector<Entry> entries; ///< in listing order
     };
 
