@@ -18,9 +18,10 @@ std::optional<FileMark> markOf(const std::string &path, bool isFolder)
     const std::wstring system = disk::SystemPath(path);
     if (system.empty() || disk::IsDevice(system))
         return std::nullopt;
-    const disk::Handle file(CreateFileW(
-        system.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-        nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    const disk::Handle file(CreateFileW(system.c_str(), FILE_READ_ATTRIBUTES,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                        nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS,
+                                        nullptr));
     if (!file)
         return std::nullopt;
     const auto mark = disk::MarkOf(file.Get());

@@ -16,8 +16,8 @@ namespace host {
 /// restarts.
 struct FileMark
 {
-    std::uint64_t number = 0; ///< identifies the file on its device
-    std::uint64_t size = 0;   ///< 0 for a folder
+    std::uint64_t number = 0;               ///< identifies the file on its device
+    std::uint64_t size = 0;                 ///< 0 for a folder
     std::int64_t modified = 0, changed = 0; ///< nanoseconds since 1970
     friend bool operator==(const FileMark &, const FileMark &) = default;
 

@@ -203,8 +203,7 @@ void SavedIndex::Old::load()
         m_filesByFolder[next[m_tables.files[i].folder]++] = static_cast<std::uint32_t>(i);
 }
 
-template <typename Test>
-bool SavedIndex::Old::stateOf(std::atomic<State> &state, const Test &test)
+template <typename Test> bool SavedIndex::Old::stateOf(std::atomic<State> &state, const Test &test)
 {
     State known = state.load(std::memory_order_acquire);
     if (known == State::Unknown) {
@@ -326,11 +325,17 @@ void SavedIndex::Old::record(const IndexTables::Dependencies &dependencies,
     Dependencies files;
     for (const std::uint32_t i : dependencies.files) {
         const IndexTables::FileRow &row = m_tables.files[i];
-        files.files.push_back({disk::Join(std::string(m_tables.fileFolders[row.folder]), row.name),
-                               row.mark});
+        files.files.push_back(
+            {disk::Join(std::string(m_tables.fileFolders[row.folder]), row.name), row.mark});
     }
     files.isComplete = dependencies.facts.empty();
     recording.Add(files);
+}
+
+void SavedIndex::Old::FindAll(const FactHolds &factHolds)
+{
+    for (const IndexTables::UnitRow &unit : m_tables.units)
+        Find(unit.key, factHolds);
 }
 
 bool SavedIndex::Old::IsCurrent() const

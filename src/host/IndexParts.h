@@ -67,6 +67,8 @@ public:
 
     using FactHolds = std::function<bool(std::string_view)>;
     std::optional<std::string_view> Find(std::string_view key, const FactHolds &factHolds);
+    /// Finds everything that still holds.
+    void FindAll(const FactHolds &factHolds);
     /// True if everything was found and the marks need no update.
     bool IsCurrent() const;
     void CopyTo(New &to);

@@ -126,8 +126,8 @@ std::string_view IndexTables::Keep(std::string_view text)
 std::string IndexTables::PackDependencies(const Dependencies &dependencies)
 {
     Packer out;
-    for (const auto *const numbers : {&dependencies.folders, &dependencies.names,
-                                      &dependencies.files, &dependencies.facts})
+    for (const auto *const numbers :
+         {&dependencies.folders, &dependencies.names, &dependencies.files, &dependencies.facts})
         pack(out, *numbers);
     return out.Take();
 }

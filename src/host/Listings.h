@@ -32,7 +32,7 @@ public:
     {
         disk::Stamp stamp;
         bool marked = false, settled = false; ///< as in disk::Listing
-        std::vector<Entry> entries; ///< in listing order
+        std::vector<Entry> entries;           ///< in listing order
     };
 
     /// Returns the current content of a folder; nothing if it cannot be listed.

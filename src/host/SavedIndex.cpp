@@ -20,6 +20,12 @@ constexpr std::string_view kExtension = ".index";
 constexpr std::uint64_t kLargestFile = 256u << 20; ///< several times that of a large installation
 constexpr std::size_t kMostFiles = 16;
 
+/// Returns the beginning of the names of an installation's indexes.
+std::string prefixOf(const std::string &root)
+{
+    return Fingerprint(path::Absolute(root)) + '-';
+}
+
 /// Does not flush: a torn file is recognised by its checksum.
 bool write(const std::string &path, std::string_view bytes)
 {
@@ -51,10 +57,11 @@ SavedIndex::SavedIndex(Snapshot &snapshot, const IndexOptions &options, std::int
     : m_options(options)
 {
     const std::string identity = purpose + '\n' + root + '\n' + path::Absolute(root);
-    m_file = disk::Join(options.folder, Fingerprint(identity) + std::string(kExtension));
+    m_file = disk::Join(options.folder,
+                        prefixOf(root) + Fingerprint(identity) + std::string(kExtension));
     m_new = std::make_unique<New>(snapshot, path::Absolute(root), identity, begin);
     std::string bytes;
-    if (!options.rebuild && !disk::Read(m_file, kLargestFile, bytes))
+    if (!disk::Read(m_file, kLargestFile, bytes))
         m_old = Old::Of(snapshot, std::move(bytes), identity, begin);
 }
 
@@ -63,6 +70,16 @@ SavedIndex::~SavedIndex() = default;
 std::string SavedIndex::UserFolder()
 {
     return path::Join(CacheFolder(), "zelk/index");
+}
+
+void SavedIndex::Forget(const std::string &folder, const std::string &root)
+{
+    const auto listing = disk::List(folder);
+    if (!listing)
+        return;
+    for (const disk::ListedName &listed : listing->names)
+        if (listed.name.starts_with(prefixOf(root)) && listed.name.ends_with(kExtension))
+            disk::Remove(disk::Join(folder, listed.name));
 }
 
 std::optional<std::string_view> SavedIndex::Find(std::string_view key)
@@ -82,9 +99,11 @@ std::uint32_t SavedIndex::FactOf(std::string_view text)
     return m_new->FactOf(text);
 }
 
-void SavedIndex::Save()
+void SavedIndex::Save(Extent extent)
 {
     if (m_old) {
+        if (extent == Extent::Part)
+            m_old->FindAll(FactHolds);
         if (m_new->IsEmpty() && m_old->IsCurrent())
             return;
         m_old->CopyTo(*m_new);

@@ -18,8 +18,7 @@ class Snapshot;
 /// How a command uses saved indexes.
 struct IndexOptions
 {
-    std::string folder;   ///< the folder with the indexes; "" for none
-    bool rebuild = false; ///< ignores the saved index, but saves a new one
+    std::string folder; ///< the folder with the indexes; "" for none
     std::function<std::int64_t()> now = disk::Now;
 };
 
@@ -46,6 +45,8 @@ public:
 
     /// Returns the folder of the user's indexes.
     static std::string UserFolder();
+    /// Deletes all indexes of an installation, so that the next runs make everything again.
+    static void Forget(const std::string &folder, const std::string &root);
 
     /// Returns a kept result; nothing if there is none or if it may have changed. The text is valid
     /// as long as this object. Adds its dependencies to the Recording of this thread.
@@ -60,8 +61,14 @@ public:
     /// Returns whether a fact is still true. Set it before results that depend on facts are found.
     std::function<bool(std::string_view fact)> FactHolds;
 
-    /// Saves the results that were found or kept, and drops all others.
-    void Save();
+    /// What a run has asked for.
+    enum class Extent
+    {
+        Part, ///< other results are saved too, if they still hold
+        Whole ///< other results are dropped
+    };
+    /// Saves the results that were found or kept.
+    void Save(Extent extent);
 
 private:
     class Old;

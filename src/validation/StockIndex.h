@@ -31,7 +31,7 @@ public:
     /// Returns the outcome for a stock file, which is made with `check` if something has changed.
     Outcome OutcomeOf(const std::string &item, const Check &check);
 
-    void Save() { m_index.Save(); }
+    void Save(host::SavedIndex::Extent extent) { m_index.Save(extent); }
 
 private:
     Outcome unpack(std::string_view value) const;

@@ -117,6 +117,31 @@ std::vector<std::string> TSValidation::stockItems(Run &run, validation::StockInd
     return items;
 }
 
+/// Does work that can take longer than a window may pause.
+template <typename Work> void TSValidation::onWorker(Run &run, const Work &work)
+{
+    run.Each<bool>(
+        1,
+        [&](std::size_t) {
+            work();
+            return true;
+        },
+        [](std::size_t, bool) {});
+}
+
+/// Returns null without an index.
+std::unique_ptr<validation::StockIndex> TSValidation::openIndex(Run &run) const
+{
+    std::unique_ptr<validation::StockIndex> index;
+    if (!m_index.folder.empty())
+        onWorker(run, [&] {
+            index = std::make_unique<validation::StockIndex>(*m_snapshot, m_index, m_begin,
+                                                             run.Files().Folder(),
+                                                             run.NewFindings(m_stepMessages));
+        });
+    return index;
+}
+
 std::int16_t TSValidation::CheckAllStock(std::string_view filter)
 {
     Run run(*this);
@@ -126,11 +151,8 @@ std::int16_t TSValidation::CheckAllStock(std::string_view filter)
     const std::string trainset = run.PathOf(install::kTrainset);
     const std::size_t before = m_errors.size();
     const bool steps = m_stepMessages;
-    std::optional<validation::StockIndex> index;
-    if (!m_index.folder.empty())
-        index.emplace(*m_snapshot, m_index, m_begin, run.Files().Folder(),
-                      run.NewFindings(steps));
-    const auto items = stockItems(run, index ? &*index : nullptr, trainset, filter);
+    const std::unique_ptr<validation::StockIndex> index = openIndex(run);
+    const auto items = stockItems(run, index.get(), trainset, filter);
     const std::string total = std::to_string(items.size());
     std::int16_t verdict = m_errors.size() == before ? IsValid : IsSuspect;
     run.Each<Outcome>(
@@ -151,8 +173,9 @@ std::int16_t TSValidation::CheckAllStock(std::string_view filter)
         });
     if (m_stopped)
         return verdict;
-    if (index && filter.empty())
-        index->Save();
+    using Extent = host::SavedIndex::Extent;
+    if (index)
+        onWorker(run, [&] { index->Save(filter.empty() ? Extent::Whole : Extent::Part); });
     run.RaiseMessage("TS Installation check complete");
     return verdict;
 }

@@ -90,9 +90,9 @@ public:
     bool StepMessages() const { return m_stepMessages; }
     void SetStepMessages(bool steps) { m_stepMessages = steps; }
 
-    /// Sets the saved index that CheckAllStock uses and, unless it has a filter or is stopped,
-    /// saves. Its findings and events are the same with and without an index. Takes effect at the
-    /// next Reset. No index at first.
+    /// Sets the saved index that CheckAllStock uses and, unless it is stopped, saves. Its findings
+    /// and events are the same with and without an index. Takes effect at the next Reset. No index
+    /// at first.
     void SetIndex(host::IndexOptions index) { m_index = std::move(index); }
 
     /// Begins a new series of checks: empties Errors, Findings and Messages, and forgets listings
@@ -174,8 +174,10 @@ private:
         std::vector<std::string> files;
         bool isClosed = false;
     };
-    std::vector<std::string> stockItems(Run &run, validation::StockIndex *index, const std::string &trainset,
-                                        std::string_view filter) const;
+    template <typename Work> static void onWorker(Run &run, const Work &work);
+    std::unique_ptr<validation::StockIndex> openIndex(Run &run) const;
+    std::vector<std::string> stockItems(Run &run, validation::StockIndex *index,
+                                        const std::string &trainset, std::string_view filter) const;
     template <typename CountUses>
     std::int16_t searchRoute(Run &run, const RouteSearch &search, CountUses countUses);
 

@@ -34,8 +34,7 @@ protected:
         host::GameFiles files;
         host::Snapshot snapshot(files);
         auto failing = guard();
-        host::SavedIndex index(snapshot, {cache.Path(), false, later}, later(), content.Path(),
-                               "test");
+        host::SavedIndex index(snapshot, {cache.Path(), later}, later(), content.Path(), "test");
         failing.reset();
         const auto kept = index.Find("a");
         host::Recording recording;
@@ -44,7 +43,7 @@ protected:
         if (!kept)
             index.Keep("a", read, recording.Take());
         failing = guard();
-        index.Save();
+        index.Save(host::SavedIndex::Extent::Whole);
         steps = failing ? failing->Count() : 0;
         return read;
     }
@@ -81,6 +80,7 @@ TEST_F(SavedIndexFailuresTest, ReadOnlyCacheIsNotAnError)
     std::filesystem::permissions(content.Path(), std::filesystem::perms::all);
     const support::OrdinaryUser ordinary;
     EXPECT_EQ(run([] { return nullptr; }), "0");
+    std::filesystem::remove(content.At("a.wag"));
     content.Write("a.wag", "1");
     EXPECT_EQ(run([] { return nullptr; }), "1");
 }

@@ -34,7 +34,7 @@ protected:
     {
         Run(const SavedIndexTest &test, const std::string &purpose = "test")
             : root(test.content.Path())
-            , index(snapshot, {test.cache.Path(), false, later}, later(), root, purpose)
+            , index(snapshot, {test.cache.Path(), later}, later(), root, purpose)
         {
         }
         std::string ResultOf(const std::string &name)
@@ -44,15 +44,14 @@ protected:
                 return std::string(*kept);
             }
             host::Recording recording;
-            std::string result =
-                snapshot.TryReadFile(root + "/Trains/" + name).value_or("missing");
+            std::string result = snapshot.TryReadFile(root + "/Trains/" + name).value_or("missing");
             index.Keep(name, result, recording.Take());
             return result;
         }
         std::string All()
         {
             std::string all = ResultOf("a.wag") + ' ' + ResultOf("B.WAG") + ' ' + ResultOf("c.wag");
-            index.Save();
+            index.Save(host::SavedIndex::Extent::Whole);
             return all;
         }
 
@@ -93,7 +92,7 @@ TEST_F(SavedIndexTest, DropsWhatIsNoLongerUsed)
     const std::size_t size = cache.Read(indexFile()).size();
     Run part(*this);
     part.ResultOf("a.wag");
-    part.index.Save();
+    part.index.Save(host::SavedIndex::Extent::Whole);
     EXPECT_LT(cache.Read(indexFile()).size(), size);
     Run whole(*this);
     EXPECT_EQ(whole.All(), "1 2 missing");
@@ -166,7 +165,7 @@ TEST_F(SavedIndexTest, ResultsOfClosedOrForeignFoldersAreNotKept)
     host::Recording recording;
     EXPECT_EQ(first.snapshot.TryReadFile(other.At("x.wag")), "9");
     first.index.Keep("x", "9", recording.Take());
-    first.index.Save();
+    first.index.Save(host::SavedIndex::Extent::Whole);
     EXPECT_FALSE(Run(*this).index.Find("x"));
 }
 
@@ -176,7 +175,7 @@ TEST_F(SavedIndexTest, FactsAreAskedAgain)
     host::Recording recording;
     recording.AddFact(first.index.FactOf("known"));
     first.index.Keep("x", "9", recording.Take());
-    first.index.Save();
+    first.index.Save(host::SavedIndex::Extent::Whole);
     Run second(*this);
     EXPECT_FALSE(second.index.Find("x")) << "nobody can say whether it holds";
     Run third(*this);

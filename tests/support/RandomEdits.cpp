@@ -84,8 +84,8 @@ std::string RandomEdits::rename(const Path &from, const Path &to)
 
 std::string RandomEdits::createFile()
 {
-    const auto like = std::next(m_original.begin(),
-                                static_cast<std::ptrdiff_t>(below(m_original.size())));
+    const auto like =
+        std::next(m_original.begin(), static_cast<std::ptrdiff_t>(below(m_original.size())));
     const Path path = anyFolder() / like->first.filename();
     if (!fs::is_directory(path))
         write(path, like->second);
@@ -102,8 +102,8 @@ std::string RandomEdits::deleteFile()
 std::string RandomEdits::renameFile()
 {
     const Path file = anyFile();
-    return rename(file, file.parent_path() / (below(2) ? anyFile().filename()
-                                                       : file.filename() += "x"));
+    return rename(file,
+                  file.parent_path() / (below(2) ? anyFile().filename() : file.filename() += "x"));
 }
 
 std::string RandomEdits::changeBytes()
@@ -163,7 +163,8 @@ std::string RandomEdits::swapFiles()
 std::string RandomEdits::swapFolders()
 {
     const Path first = anyFolder(), second = anyFolder();
-    const auto [end, rest] = std::mismatch(first.begin(), first.end(), second.begin(), second.end());
+    const auto [end, rest] =
+        std::mismatch(first.begin(), first.end(), second.begin(), second.end());
     if (end == first.end() || rest == second.end()) // one is in the other
         return "swap nothing";
     return swap(first, second);
@@ -191,8 +192,8 @@ std::string RandomEdits::changeCase()
 
 std::string RandomEdits::restoreOne()
 {
-    const auto file = std::next(m_original.begin(),
-                                static_cast<std::ptrdiff_t>(below(m_original.size())));
+    const auto file =
+        std::next(m_original.begin(), static_cast<std::ptrdiff_t>(below(m_original.size())));
     if (!fs::is_directory(file->first))
         write(file->first, file->second);
     return "restore " + file->first.string();

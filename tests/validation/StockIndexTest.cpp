@@ -27,7 +27,8 @@ void waitForTick()
 }
 
 const Changes kMoreStock = {
-    {"Trains/Trainset/B/b.wag", "Wagon ( b WagonShape ( ../A/a.s ) Sound ( ../../A/Sound/a.sms ) )"},
+    {"Trains/Trainset/B/b.wag",
+     "Wagon ( b WagonShape ( ../A/a.s ) Sound ( ../../A/Sound/a.sms ) )"},
     {"Trains/Trainset/B/c.wag", "Wagon ( c WagonShape ( c.s ) Thumbnail ( c.ace ) )"},
     {"Trains/Trainset/B/c.s", ""},
     {"Trains/Trainset/B/c.sd", ""},
@@ -75,7 +76,7 @@ class StockIndexTest : public testing::Test
 protected:
     std::string withIndex(const Setting &setting = {})
     {
-        return transcript(small, {cache.Path(), false, later}, setting);
+        return transcript(small, {cache.Path(), later}, setting);
     }
     std::string without(const Setting &setting = {}) { return transcript(small, {}, setting); }
     /// Returns the identity of the only index.
@@ -97,7 +98,7 @@ TEST_F(StockIndexTest, ChecksFindTheSameAfterAnyChange)
         support::RandomEdits edits(changing.Folder(), seed);
         std::string history;
         for (int step = 0; step < 40; ++step) {
-            ASSERT_EQ(transcript(changing, {indexes.Path(), false, later}, setting),
+            ASSERT_EQ(transcript(changing, {indexes.Path(), later}, setting),
                       transcript(changing, {}, setting))
                 << "seed " << seed << history;
             waitForTick();
@@ -133,7 +134,7 @@ TEST_F(StockIndexTest, AClockThatWasSetBackMakesTheIndexUseless)
     withIndex();
     const auto saved = savedIndex();
     const auto earlier = [] { return later() - 5 * kSecond; };
-    EXPECT_EQ(transcript(small, {cache.Path(), false, earlier}, {}), without());
+    EXPECT_EQ(transcript(small, {cache.Path(), earlier}, {}), without());
     EXPECT_NE(savedIndex(), saved);
 }
 
@@ -150,18 +151,31 @@ TEST_F(StockIndexTest, SettingsOfTheCheckHaveTheirOwnResults)
 
 TEST_F(StockIndexTest, StoppedAndFilteredChecksKeepTheWholeIndex)
 {
-    const std::string all = withIndex();
-    const auto saved = savedIndex();
-    small.Folder().Write("Trains/Trainset/B/new.wag", "Wagon ( n )");
+    withIndex();
+    small.Folder().Write("Trains/Trainset/B/b.wag", "Wagon ( n )");
     host::GameFiles files;
     TSValidation validation(small.Location(), files, 1);
-    validation.SetIndex({cache.Path(), false, later});
+    validation.SetIndex({cache.Path(), later});
     validation.Reset();
     validation.CheckAllStock("B");
     validation.Reset();
     validation.ProgressRaised = [&](std::size_t, std::size_t) { validation.Stop(); };
     validation.CheckAllStock();
-    EXPECT_EQ(savedIndex(), saved);
+    const auto saved = savedIndex();
+    EXPECT_EQ(withIndex(), without());
+    EXPECT_EQ(savedIndex(), saved) << "nothing had to be checked again";
+}
+
+TEST_F(StockIndexTest, AForgottenIndexIsMadeAgain)
+{
+    const std::string first = withIndex();
+    const support::TempFolder other;
+    host::SavedIndex::Forget(cache.Path(), other.Path());
+    EXPECT_EQ(cache.Names().size(), 1);
+    host::SavedIndex::Forget(cache.Path(), small.Folder().Path());
+    EXPECT_TRUE(cache.Names().empty());
+    EXPECT_EQ(withIndex(), first);
+    EXPECT_EQ(cache.Names().size(), 1);
 }
 
 } // namespace
