@@ -5,6 +5,7 @@
 #include "host/IndexParts.h"
 #include "host/Leftovers.h"
 #include "host/Path.h"
+#include "host/Product.h"
 #include "host/Replace.h"
 #include "host/Text.h"
 
@@ -56,7 +57,8 @@ SavedIndex::SavedIndex(Snapshot &snapshot, const IndexOptions &options, std::int
                        const std::string &root, const std::string &purpose)
     : m_options(options)
 {
-    const std::string identity = purpose + '\n' + root + '\n' + path::Absolute(root);
+    const std::string identity = std::string(product::Version()) + '\n' + purpose + '\n' + root +
+                                 '\n' + path::Absolute(root);
     m_file = disk::Join(options.folder,
                         prefixOf(root) + Fingerprint(identity) + std::string(kExtension));
     m_new = std::make_unique<New>(snapshot, path::Absolute(root), identity, begin);
