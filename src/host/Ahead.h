@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/OpenFolder.h"
+
 #include <algorithm>
 #include <atomic>
 #include <chrono>
@@ -23,7 +25,8 @@ std::size_t DefaultWorkers();
 /// the caller sees the same for any number of workers. The job must not throw and must not touch
 /// data of the caller's thread. At most `window` results (at least one) are waiting or in progress.
 /// With many jobs per worker, results are delivered in batches, because each delivery costs about
-/// as much as reading a small file. Call Take and Stop from one thread only.
+/// as much as reading a small file. A batch whose jobs take long is delivered early. While a worker
+/// runs, it keeps a folder open (disk::OpenFolder). Call Take and Stop from one thread only.
 template <typename Result> class Ahead
 {
 public:
@@ -102,9 +105,13 @@ private:
             return std::nullopt;
         std::optional<Result> result = std::exchange(m_results[m_taken], std::nullopt);
         ++m_taken;
-        m_room.notify_all();
+        if (hasRoom())
+            m_room.notify_all();
         return result;
     }
+    /// True if the next batch fits into the window.
+    bool hasRoom() const { return m_window - (m_next - m_taken) >= nextBatch(); }
+    std::size_t nextBatch() const { return std::min(m_row, m_results.size() - m_next); }
     /// Returns false if the system allows no further thread; the running ones then do the work.
     bool startThread()
     {
@@ -119,32 +126,48 @@ private:
     }
     void work()
     {
+        const disk::OpenFolder folder;
         std::vector<Result> row;
         row.reserve(m_row);
         std::unique_lock lock(m_mutex);
         while (!m_stopped && m_next < m_results.size()) {
-            const std::size_t count = std::min(m_row, m_results.size() - m_next);
-            if (m_window - (m_next - m_taken) < count) {
+            if (!hasRoom()) {
                 m_room.wait(lock);
                 continue;
             }
-            const std::size_t first = m_next;
-            m_next += count;
-            lock.unlock();
-            while (row.size() < count && !m_stopped)
-                row.push_back(m_job(first + row.size()));
-            lock.lock();
-            std::move(row.begin(), row.end(),
-                      m_results.begin() + static_cast<std::ptrdiff_t>(first));
-            row.clear();
-            if (settled())
-                m_ready.notify_all();
+            const std::size_t first = m_next, end = first + nextBatch();
+            m_next = end;
+            for (std::size_t at = first; at < end && !m_stopped; at += deliver(row, at)) {
+                lock.unlock();
+                runJobs(row, at, end);
+                lock.lock();
+            }
         }
+    }
+    /// Runs jobs until there are enough results to deliver.
+    void runJobs(std::vector<Result> &row, std::size_t at, std::size_t end)
+    {
+        using Clock = std::chrono::steady_clock;
+        const Clock::time_point start = Clock::now();
+        do
+            row.push_back(m_job(at++));
+        while (at < end && !m_stopped && Clock::now() - start < kLongestBatch);
+    }
+    /// Returns the number of results.
+    std::size_t deliver(std::vector<Result> &row, std::size_t at)
+    {
+        std::move(row.begin(), row.end(), m_results.begin() + static_cast<std::ptrdiff_t>(at));
+        const std::size_t count = row.size();
+        row.clear();
+        if (settled())
+            m_ready.notify_all();
+        return count;
     }
 
     /// Minimum number of batches per worker, so that all workers have work until the end.
     static constexpr std::size_t kShares = 8;
-    static constexpr std::size_t kLongest = 16;
+    static constexpr std::size_t kLongest = 64;
+    static constexpr std::chrono::milliseconds kLongestBatch{2};
 
     Job m_job;
     std::vector<std::optional<Result>> m_results;

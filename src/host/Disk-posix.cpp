@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/Disk-posix.h"
 #include "host/Disk.h"
+#include "host/OpenFolder.h"
 #include "host/ReadAll.h"
 
 #include <cerrno>
@@ -53,6 +54,12 @@ Kind kindOf(const dirent &entry, int folder)
     }
 }
 
+#ifdef O_PATH
+constexpr int kToSearch = O_PATH; // needs no permission to list the folder
+#else
+constexpr int kToSearch = O_RDONLY;
+#endif
+
 std::optional<Failure> readSome(int file, char *to, std::size_t count, std::size_t &got)
 {
     ssize_t result = -1;
@@ -101,6 +108,47 @@ int Handle::Close()
     return m_number < 0 ? 0 : close(std::exchange(m_number, -1));
 }
 
+struct OpenFolder::State
+{
+    /// Opens a file like open(2).
+    int OpenFile(const std::string &file, int flags)
+    {
+        const std::size_t length = file.rfind('/') + 1; // npos + 1 is 0
+        if (length == 0 || path != std::string_view(file).substr(0, length)) {
+            path.assign(file, 0, length);
+            folder.reset();
+            return open(file.c_str(), flags);
+        }
+        if (!folder)
+            folder.emplace(open(path.c_str(), kToSearch | O_DIRECTORY | O_CLOEXEC));
+        return *folder ? openat(folder->Number(), file.c_str() + length, flags)
+                       : open(file.c_str(), flags);
+    }
+
+    State *outer = nullptr;
+    std::string path; ///< of the folder of the last file, with its separator
+    std::optional<Handle> folder;
+    static thread_local State *current;
+};
+
+thread_local OpenFolder::State *OpenFolder::State::current = nullptr;
+
+OpenFolder::OpenFolder()
+    : m_state(std::make_unique<State>())
+{
+    m_state->outer = std::exchange(State::current, m_state.get());
+}
+
+OpenFolder::~OpenFolder()
+{
+    State::current = m_state->outer;
+}
+
+int OpenFolder::OpenFile(const std::string &path, int flags)
+{
+    return State::current ? State::current->OpenFile(path, flags) : open(path.c_str(), flags);
+}
+
 Kind KindOf(const std::string &path)
 {
     struct stat status = {};
@@ -115,7 +163,7 @@ std::optional<Stamp> StampOf(const std::string &path)
     return StampOf(status);
 }
 
-std::optional<Listing> List(const std::string &folder)
+std::optional<Listing> VisitNames(const std::string &folder, const NameVisitor &visit)
 {
     const std::unique_ptr<DIR, int (*)(DIR *)> names(opendir(folder.c_str()), closedir);
     struct stat status = {};
@@ -129,7 +177,7 @@ std::optional<Listing> List(const std::string &folder)
     while (const dirent *entry = readdir(names.get())) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..")
-            listing.names.push_back({std::string(name), kindOf(*entry, dirfd(names.get()))});
+            visit(name, kindOf(*entry, dirfd(names.get())));
         errno = 0;
     }
     if (errno != 0) // an incomplete list would look complete
@@ -146,13 +194,15 @@ Failure WhyAbsent(const std::string &path)
     return FailureOf(error, ErrorNumber::PathNotFound);
 }
 
-std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes,
-                            Stamp *stamp)
+namespace {
+
+std::optional<Failure> readFile(const std::string &path, std::uint64_t limit, std::string &bytes,
+                                Stamp *stamp)
 {
-    bytes.clear();
     // Does not block: a pipe of that name would stop the program until another program writes into
     // it.
-    Handle file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    Handle file(OpenFolder::OpenFile(path, kFlags));
     struct stat status = {};
     if (!file || fstat(file.Number(), &status) != 0)
         return FailureOf(errno, ErrorNumber::FileNotFound);
@@ -167,6 +217,18 @@ std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::s
                    [&file](char *to, std::size_t count, std::size_t &got) {
                        return readSome(file.Number(), to, count, got);
                    });
+}
+
+} // namespace
+
+std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes,
+                            Stamp *stamp)
+{
+    // Keeps the old content until then: enlarging a text from nothing would write all of it twice.
+    std::optional<Failure> failure = readFile(path, limit, bytes, stamp);
+    if (failure)
+        bytes.clear();
+    return failure;
 }
 
 std::optional<Failure> Remove(const std::string &path)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/Disk-win32.h"
 
+#include "host/OpenFolder.h"
 #include "host/Path.h"
 #include "host/ReadAll.h"
 #include "host/Text.h"
@@ -284,6 +285,13 @@ void Handle::Close()
         CloseHandle(std::exchange(m_handle, nullptr));
 }
 
+struct OpenFolder::State
+{
+};
+
+OpenFolder::OpenFolder() = default;
+OpenFolder::~OpenFolder() = default;
+
 Kind KindOf(const std::string &path)
 {
     const std::wstring system = SystemPath(path);
@@ -302,7 +310,7 @@ std::optional<Stamp> StampOf(const std::string &path)
     return file ? stampOf(file.Get()) : std::nullopt;
 }
 
-std::optional<Listing> List(const std::string &folder)
+std::optional<Listing> VisitNames(const std::string &folder, const NameVisitor &visit)
 {
     std::wstring system = SystemPath(folder);
     if (system.empty() || IsDevice(system))
@@ -326,7 +334,7 @@ std::optional<Listing> List(const std::string &folder)
     do {
         const std::wstring_view name = entry.cFileName;
         if (name != L"." && name != L"..")
-            listing.names.push_back({Narrow(name), kindOf(entry)});
+            visit(Narrow(name), kindOf(entry));
     } while (FindNextFileW(search, &entry));
     if (GetLastError() != ERROR_NO_MORE_FILES) // an incomplete list would look complete
         return std::nullopt;

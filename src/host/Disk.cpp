@@ -5,6 +5,7 @@
 #include "host/ReadAll.h"
 
 #include <chrono>
+#include <utility>
 
 namespace host::disk {
 namespace {
@@ -41,6 +42,17 @@ std::int64_t Now()
 {
     const auto now = std::chrono::system_clock::now().time_since_epoch();
     return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
+}
+
+std::optional<Listing> List(const std::string &folder)
+{
+    std::vector<ListedName> names;
+    std::optional<Listing> listing = VisitNames(folder, [&names](std::string_view name, Kind kind) {
+        names.push_back({std::string(name), kind});
+    });
+    if (listing)
+        listing->names = std::move(names);
+    return listing;
 }
 
 std::optional<Failure> ReadAll(std::uint64_t limit, std::size_t expected, std::string &bytes,

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -74,6 +75,10 @@ std::int64_t Now();
 
 /// Returns the names in a folder, or nothing if it cannot be read. Does not look up each name.
 std::optional<Listing> List(const std::string &folder);
+/// Like List, but passes each name to a function and returns a listing without names. The name is
+/// valid during the call only. If it returns nothing, some names may have been passed already.
+using NameVisitor = std::function<void(std::string_view name, Kind kind)>;
+std::optional<Listing> VisitNames(const std::string &folder, const NameVisitor &visit);
 /// Returns why a path cannot be reached: 70 if a folder on the way denies access, 75 if no file can
 /// have its name or the system fails, else 76.
 Failure WhyAbsent(const std::string &path);

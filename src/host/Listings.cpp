@@ -6,49 +6,122 @@
 #include "host/Text.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <set>
 
 namespace host {
 namespace {
 
-template <typename Entry> Entry entryOf(disk::ListedName &&listed)
+/// The texts of an entry, as positions: the memory may move while it grows.
+struct Raw
 {
-    Entry entry;
-    entry.kind = listed.kind;
-    entry.name = std::move(listed.name);
-    if (!IsValidUtf8(entry.name)) {
-        entry.onDisk = std::move(entry.name);
-        entry.name = FromWindows1252(entry.onDisk);
+    std::size_t onDisk, onDiskSize;
+    std::size_t name, nameSize;
+    std::size_t key, keySize;
+    disk::Kind kind;
+};
+
+/// Adds an entry and the texts that differ from each other.
+Raw add(std::string &text, std::string_view onDisk, disk::Kind kind)
+{
+    const std::size_t at = text.size();
+    Raw raw{at, onDisk.size(), at, onDisk.size(), at, onDisk.size(), kind};
+    text += onDisk;
+    std::string shown;
+    if (!IsValidUtf8(onDisk)) {
+        shown = FromWindows1252(onDisk);
+        raw.name = raw.key = text.size();
+        raw.nameSize = raw.keySize = shown.size();
+        text += shown;
+        onDisk = shown;
     }
-    entry.key = ToUpper(entry.name);
-    return entry;
+    const UpperText key(onDisk);
+    if (key.View() != onDisk) {
+        raw.key = text.size();
+        raw.keySize = key.View().size();
+        text += key.View();
+    }
+    return raw;
 }
+
+/// Sorts entries by key and then by name. Compares keys piece by piece, as numbers: most keys
+/// differ from their neighbours in one piece only.
+template <typename Entry> class Sorter
+{
+public:
+    explicit Sorter(std::vector<Entry> &entries)
+        : m_sorted(entries.size())
+    {
+        for (std::size_t i = 0; i < entries.size(); ++i)
+            m_sorted[i].entry = &entries[i];
+        sort(m_sorted.begin(), m_sorted.end(), 0);
+        std::vector<Entry> ordered;
+        ordered.reserve(entries.size());
+        for (const Place &place : m_sorted)
+            ordered.push_back(*place.entry);
+        entries = std::move(ordered);
+    }
+
+private:
+    struct Place
+    {
+        std::uint64_t piece = 0;
+        const Entry *entry = nullptr;
+    };
+    using At = typename std::vector<Place>::iterator;
+
+    /// Sorts entries whose keys are the same before `from`.
+    void sort(At begin, At end, std::size_t from)
+    {
+        bool isLast = true;
+        for (At at = begin; at != end; ++at) {
+            const std::string_view key = at->entry->key;
+            at->piece = CodeUnitPrefix(key.substr(std::min(from, key.size())));
+            isLast = isLast && key.size() <= from;
+        }
+        if (isLast) {
+            std::sort(begin, end,
+                      [](const Place &a, const Place &b) { return a.entry->name < b.entry->name; });
+            return;
+        }
+        std::sort(begin, end, [](const Place &a, const Place &b) { return a.piece < b.piece; });
+        while (begin != end) {
+            const At next = std::find_if(begin, end, [piece = begin->piece](const Place &place) {
+                return place.piece != piece;
+            });
+            if (next - begin > 1)
+                sort(begin, next, from + sizeof(std::uint64_t));
+            begin = next;
+        }
+    }
+
+    std::vector<Place> m_sorted;
+};
 
 template <typename Folder> std::shared_ptr<const Folder> read(const std::string &path)
 {
-    using Entry = typename decltype(Folder::entries)::value_type;
-    std::optional<disk::Listing> listing = disk::List(path);
+    const auto folder = std::make_shared<Folder>();
+    std::string &text = folder->text;
+    std::vector<Raw> found;
+    const std::optional<disk::Listing> listing =
+        disk::VisitNames(path, [&](std::string_view name, disk::Kind kind) {
+            found.push_back(add(text, name, kind));
+        });
     if (!listing)
         return nullptr;
-    std::vector<Entry> entries;
-    std::vector<std::pair<std::string_view, Entry *>> sorted; // entries are large to move
-    entries.reserve(listing->names.size());
-    sorted.reserve(listing->names.size());
-    for (disk::ListedName &listed : listing->names) {
-        Entry &entry = entries.emplace_back(entryOf<Entry>(std::move(listed)));
-        sorted.emplace_back(entry.key, &entry);
-    }
-    std::sort(sorted.begin(), sorted.end(), [](const auto &a, const auto &b) {
-        const int order = CompareCodeUnits(a.first, b.first);
-        return order != 0 ? order < 0 : a.second->name < b.second->name;
-    });
-    auto folder = std::make_shared<Folder>();
     folder->stamp = listing->stamp;
     folder->marked = listing->marked;
     folder->settled = listing->settled;
-    folder->entries.reserve(sorted.size());
-    for (const auto &[key, entry] : sorted)
-        folder->entries.push_back(std::move(*entry));
+    folder->entries.reserve(found.size());
+    const auto view = [&text](std::size_t at, std::size_t size) {
+        return std::string_view(text).substr(at, size);
+    };
+    for (const Raw &raw : found)
+        folder->entries.push_back(
+            {view(raw.name, raw.nameSize), view(raw.key, raw.keySize),
+             raw.name == raw.onDisk ? std::string_view() : view(raw.onDisk, raw.onDiskSize),
+             raw.kind});
+    Sorter sorter(folder->entries);
     return folder;
 }
 
@@ -75,17 +148,18 @@ GameFiles::Listings::Get(const std::string &folder)
 }
 
 std::vector<std::string> GameFiles::Listings::Matches(const std::string &folder,
-                                                      const std::string &name, disk::Kind kind)
+                                                      std::string_view name, disk::Kind kind)
 {
     return MatchesIn(Get(folder).get(), folder, name, kind);
 }
 
 std::pair<GameFiles::Listings::Place, GameFiles::Listings::Place>
-GameFiles::Listings::Named(const Folder &listing, const std::string &name)
+GameFiles::Listings::Named(const Folder &listing, std::string_view name)
 {
-    const std::string key = ToUpper(IsValidUtf8(name) ? name : FromWindows1252(name));
+    const UpperText upper(IsValidUtf8(name) ? name : FromWindows1252(name));
+    const std::string_view key = upper.View();
     const auto first = std::lower_bound(listing.entries.begin(), listing.entries.end(), key,
-                                        [](const Entry &left, const std::string &right) {
+                                        [](const Entry &left, std::string_view right) {
                                             return CompareCodeUnits(left.key, right) < 0;
                                         });
     return {first, std::find_if(first, listing.entries.end(),
@@ -94,7 +168,7 @@ GameFiles::Listings::Named(const Folder &listing, const std::string &name)
 
 std::vector<std::string> GameFiles::Listings::MatchesIn(const Folder *listing,
                                                         const std::string &folder,
-                                                        const std::string &name, disk::Kind kind)
+                                                        std::string_view name, disk::Kind kind)
 {
     std::vector<std::string> paths;
     if (!listing) { // a folder that cannot be listed may still open a known name
@@ -138,15 +212,17 @@ std::vector<std::string> GameFiles::Listings::NamesIn(const std::vector<Listed> 
 {
     std::vector<std::string> names;
     const std::string upperPattern = ToUpper(pattern);
-    std::set<std::string> earlier, here; // upper-case names in earlier folders, and in this one
+    std::set<std::string_view> earlier,
+        here; // upper-case names in earlier folders, and in this one
     for (const auto &[path, listing] : folders) {
         if (!listing)
             continue;
+        names.reserve(names.size() + listing->entries.size());
         for (const Entry &entry : listing->entries) {
             if (!MatchesUpperDosPattern(entry.key, upperPattern) || KindOf(path, entry) != wanted ||
                 earlier.contains(entry.key))
                 continue;
-            names.push_back(entry.name);
+            names.emplace_back(entry.name);
             if (folders.size() > 1)
                 here.insert(entry.key);
         }

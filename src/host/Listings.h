@@ -19,34 +19,40 @@ namespace host {
 class GameFiles::Listings
 {
 public:
+    /// The texts are in the folder's memory.
     struct Entry
     {
-        std::string name;   ///< as shown
-        std::string key;    ///< in upper case
-        std::string onDisk; ///< the name's bytes, if they differ from `name`
+        std::string_view name;   ///< as shown
+        std::string_view key;    ///< in upper case
+        std::string_view onDisk; ///< the name's bytes, if they differ from `name`
         disk::Kind kind = disk::Kind::Absent;
 
-        const std::string &DiskName() const { return onDisk.empty() ? name : onDisk; }
+        std::string_view DiskName() const { return onDisk.empty() ? name : onDisk; }
     };
     struct Folder
     {
+        Folder() = default;
+        Folder(const Folder &) = delete;
+        Folder &operator=(const Folder &) = delete;
+
         disk::Stamp stamp;
         bool marked = false, settled = false; ///< as in disk::Listing
         std::vector<Entry> entries;           ///< in listing order
+        std::string text;                     ///< all names and keys
     };
 
     /// Returns the current content of a folder; nothing if it cannot be listed.
     std::shared_ptr<const Folder> Get(const std::string &folder);
     /// Returns the paths of everything of this kind with this name in any letter case, the exact
     /// spelling first, then in listing order.
-    std::vector<std::string> Matches(const std::string &folder, const std::string &name,
+    std::vector<std::string> Matches(const std::string &folder, std::string_view name,
                                      disk::Kind kind);
     /// Like Matches, but in a given listing of the folder (null if it cannot be listed).
     static std::vector<std::string> MatchesIn(const Folder *listing, const std::string &folder,
-                                              const std::string &name, disk::Kind kind);
+                                              std::string_view name, disk::Kind kind);
     /// The entries of a name in any letter case.
     using Place = std::vector<Entry>::const_iterator;
-    static std::pair<Place, Place> Named(const Folder &listing, const std::string &name);
+    static std::pair<Place, Place> Named(const Folder &listing, std::string_view name);
     /// Returns the folders that these names, in any letter case, lead to from a root.
     std::vector<std::string> Folders(const std::string &root,
                                      const std::vector<std::string> &names);

@@ -9,10 +9,18 @@
 namespace host {
 namespace {
 
+/// Turns the other separators from `at` on into the platform's own.
+void useOwnSeparators(std::string &text, std::size_t at = 0)
+{
+    const char other = path::kSeparator == '/' ? '\\' : '/';
+    while ((at = text.find(other, at)) != std::string::npos)
+        text[at] = path::kSeparator;
+}
+
 std::string withOwnSeparators(std::string_view text)
 {
     std::string out(text);
-    std::replace_if(out.begin(), out.end(), IsSeparator, path::kSeparator);
+    useOwnSeparators(out);
     return out;
 }
 
@@ -95,7 +103,7 @@ std::string Join(std::string_view folder, std::string_view relative, Leading lea
     if (out.empty() || !IsSeparator(out.back()))
         out += kSeparator;
     out += relative;
-    std::replace_if(out.begin(), out.end(), IsSeparator, kSeparator);
+    useOwnSeparators(out);
     return out;
 }
 

@@ -77,24 +77,37 @@ public:
         return walk(path, depth);
     }
 
+    /// True if a name can only mean an entry of its folder.
+    static bool IsPlain(std::string_view name)
+    {
+        return !name.empty() && name != "." && name != ".." && name.find('\0') == name.npos;
+    }
+    /// Returns the place of a folder, given with its separator, in which a file was looked for
+    /// already; else null.
+    const Place *Known(std::string_view folder) { return lookUp(m_aliases, folder); }
+
     /// A path's last name and the place to search for it. A path that cannot be a file's has none.
+    /// The path must outlive it.
     struct Leaf
     {
         const Place *place = nullptr;
-        std::string name;
+        std::string_view plain; ///< in the path
+        std::string resolved;   ///< if the path ends in "." or ".."
+
+        std::string_view Name() const { return resolved.empty() ? plain : resolved; }
     };
     std::optional<Leaf> LeafOf(std::string_view path)
     {
         const std::string_view folder = path::FolderWithSeparator(path);
         const std::string_view name = path.substr(folder.size());
-        const bool plain = name != "." && name != ".." && name.find('\0') == name.npos;
-        if (plain && !name.empty())
-            if (const Place *known = lookUp(m_aliases, folder))
-                return Leaf{known, std::string(name)};
+        const bool plain = IsPlain(name);
+        if (plain)
+            if (const Place *known = Known(folder))
+                return Leaf{known, name, {}};
         const std::optional<GamePath> steps = GamePath::Of(path);
         if (!steps || steps->endsInSeparator || steps->names.empty())
             return std::nullopt;
-        Leaf leaf{Find(*steps, steps->names.size() - 1), steps->names.back()};
+        Leaf leaf{Find(*steps, steps->names.size() - 1), {}, steps->names.back()};
         if (plain && !folder.empty() && !leaf.place->folders.empty()) {
             const std::lock_guard lock(m_mutex);
             if (m_aliases.size() < kMaxAliases)
@@ -119,8 +132,8 @@ public:
         for (const auto &[folder, listing] : leaf.place->folders) {
             if (!listing)
                 return {}; // the file may still be in it
-            for (auto [entry, end] = Listings::Named(*listing, leaf.name); entry != end; ++entry)
-                if ((!hit || entry->DiskName() == leaf.name) &&
+            for (auto [entry, end] = Listings::Named(*listing, leaf.Name()); entry != end; ++entry)
+                if ((!hit || entry->DiskName() == leaf.Name()) &&
                     Listings::KindOf(folder, *entry) == disk::Kind::File)
                     hit = {&folder, &*entry};
             if (hit)
@@ -249,7 +262,7 @@ std::optional<std::string> Snapshot::FindFile(std::string_view path)
         return hit.Path();
     for (const auto &[folder, listing] : leaf->place->folders) {
         std::vector<std::string> matches =
-            Places::Listings::MatchesIn(listing.get(), folder, leaf->name, disk::Kind::File);
+            Places::Listings::MatchesIn(listing.get(), folder, leaf->Name(), disk::Kind::File);
         if (!matches.empty())
             return std::move(matches.front());
     }
@@ -259,6 +272,27 @@ std::optional<std::string> Snapshot::FindFile(std::string_view path)
 bool Snapshot::FileExists(std::string_view path)
 {
     return IdentityOf(path) || FindFile(path);
+}
+
+Snapshot::Folder::Folder(Snapshot &snapshot, std::string folder)
+    : m_snapshot(snapshot)
+    , m_path(std::move(folder))
+{
+}
+
+bool Snapshot::Folder::FileExists(std::string_view name)
+{
+    const bool isPlain =
+        Places::IsPlain(name) && std::none_of(name.begin(), name.end(), IsSeparator);
+    if (!isPlain || FilesUsed::IsRecording())
+        return m_snapshot.FileExists(m_path + std::string(name));
+    if (!m_place)
+        m_place = m_snapshot.m_places->Known(m_path);
+    if (m_place && Places::FileOf({m_place, name, {}})) {
+        noteNames(m_place);
+        return true;
+    }
+    return m_snapshot.FileExists(m_path + std::string(name));
 }
 
 const void *Snapshot::IdentityOf(std::string_view path)
@@ -274,19 +308,26 @@ const void *Snapshot::IdentityOf(std::string_view path)
 
 std::string Snapshot::ReadFile(std::string_view path)
 {
-    auto bytes = TryReadFile(path);
-    return bytes ? std::move(*bytes) : m_files.ReadFile(path); // throws the reason
+    std::string bytes;
+    if (!ReadFileInto(bytes, path))
+        return m_files.ReadFile(path); // throws the reason
+    return bytes;
 }
 
 std::optional<std::string> Snapshot::TryReadFile(std::string_view path)
 {
+    std::string bytes;
+    return ReadFileInto(bytes, path) ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+bool Snapshot::ReadFileInto(std::string &bytes, std::string_view path)
+{
     const std::optional<std::string> file = FindFile(path);
     if (!file)
-        return std::nullopt;
-    std::string bytes;
+        return false;
     if (const auto failure = ReadRecorded(*file, bytes))
         throw RuntimeError(failure->number, std::string(path) + ": " + failure->reason);
-    return bytes;
+    return true;
 }
 
 std::optional<disk::Failure> Snapshot::ReadRecorded(const std::string &file, std::string &bytes)

@@ -55,6 +55,25 @@ public:
     std::string ReadFile(std::string_view path);
     /// Like ReadFile, but returns nothing if there is no such file.
     std::optional<std::string> TryReadFile(std::string_view path);
+    /// Like TryReadFile, but returns false if there is no such file, and uses the memory of
+    /// `bytes`.
+    bool ReadFileInto(std::string &bytes, std::string_view path);
+
+    /// A folder in which many files are looked up: that costs less than by their whole paths.
+    /// `folder` ends in a separator. The snapshot must outlive this object. Not thread-safe.
+    class Folder
+    {
+    public:
+        Folder(Snapshot &snapshot, std::string folder);
+        const std::string &Path() const { return m_path; }
+        /// Like Snapshot::FileExists(Path() + name).
+        bool FileExists(std::string_view name);
+
+    private:
+        Snapshot &m_snapshot;
+        std::string m_path;
+        const Place *m_place = nullptr; ///< once a file was found in it
+    };
     /// Returns the identity of a file, which is the same for every spelling of its path and valid
     /// as long as the snapshot lives; null for a file that does not exist or that no listing shows.
     const void *IdentityOf(std::string_view path);

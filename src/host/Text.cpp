@@ -23,6 +23,11 @@ bool isAscii(char c)
     return static_cast<unsigned char>(c) < 0x80;
 }
 
+char upperAscii(char c)
+{
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
+}
+
 std::size_t lengthByLead(unsigned char lead)
 {
     if (lead < 0x80)
@@ -132,9 +137,22 @@ std::string ToUpper(std::string_view text)
     if (!std::all_of(text.begin(), text.end(), isAscii))
         return mapped(text, [](char32_t c) { return ToUpper(c); });
     std::string out(text);
-    for (char &c : out)
-        c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
+    std::transform(out.begin(), out.end(), out.begin(), upperAscii);
     return out;
+}
+
+UpperText::UpperText(std::string_view text)
+{
+    unsigned char high = 0;
+    for (const char c : text)
+        high |= static_cast<unsigned char>(c);
+    if (high >= 0x80 || text.size() > m_short.size()) {
+        m_long = ToUpper(text);
+        m_view = m_long;
+        return;
+    }
+    std::transform(text.begin(), text.end(), m_short.begin(), upperAscii);
+    m_view = {m_short.data(), text.size()};
 }
 
 std::string ToLower(std::string_view text)
@@ -153,6 +171,15 @@ int CompareCodeUnits(std::string_view a, std::string_view b)
         if (a[i] != b[i])
             return utf16Weight(a[i]) < utf16Weight(b[i]) ? -1 : 1;
     return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
+}
+
+std::uint64_t CodeUnitPrefix(std::string_view text)
+{
+    constexpr std::size_t kBytes = 8;
+    std::uint64_t prefix = 0;
+    for (std::size_t i = 0; i < kBytes; ++i)
+        prefix = prefix << 8 | (i < text.size() ? utf16Weight(text[i]) : 0);
+    return prefix;
 }
 
 int CompareNoCase(std::string_view a, std::string_view b)
@@ -179,7 +206,13 @@ bool ListsBefore(std::string_view a, std::string_view b)
 
 bool IsValidUtf8(std::string_view bytes)
 {
-    for (std::size_t at = 0; at < bytes.size();) {
+    std::size_t at = 0;
+    for (std::uint64_t eight = 0; at + sizeof eight <= bytes.size(); at += sizeof eight) {
+        std::memcpy(&eight, bytes.data() + at, sizeof eight);
+        if (eight & 0x8080808080808080u)
+            break;
+    }
+    while (at < bytes.size()) {
         const std::size_t length = isAscii(bytes[at]) ? 1 : decode(bytes.substr(at)).length;
         if (length == 0)
             return false;

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +20,23 @@ char32_t ToUpper(char32_t c);
 std::string ToLower(std::string_view text);
 char32_t ToLower(char32_t c);
 
+/// The upper-case form of a text, which is valid as long as this object. Needs no memory for short
+/// ASCII texts.
+class UpperText
+{
+public:
+    explicit UpperText(std::string_view text);
+    UpperText(const UpperText &) = delete;
+    UpperText &operator=(const UpperText &) = delete;
+
+    std::string_view View() const { return m_view; }
+
+private:
+    std::array<char, 64> m_short;
+    std::string m_long;
+    std::string_view m_view;
+};
+
 /// Compares the upper-case forms by UTF-16 code units, as directory listings are ordered; returns
 /// <0, 0 or >0.
 int CompareNoCase(std::string_view a, std::string_view b);
@@ -25,6 +44,9 @@ bool EqualsNoCase(std::string_view a, std::string_view b);
 
 /// Compares two texts by UTF-16 code units, without ignoring letter case; returns <0, 0 or >0.
 int CompareCodeUnits(std::string_view a, std::string_view b);
+/// Returns the first eight bytes of a text as a number. If the numbers of two texts differ, they
+/// compare like the texts in CompareCodeUnits.
+std::uint64_t CodeUnitPrefix(std::string_view text);
 
 /// True if `a` precedes `b` in listing order: by upper case, and by bytes if that is equal.
 bool ListsBefore(std::string_view a, std::string_view b);

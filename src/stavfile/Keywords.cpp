@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace stavfile {
 namespace {
@@ -273,7 +274,7 @@ constexpr char lower(char c)
 
 constexpr std::size_t kSlots = 1024;
 
-constexpr std::size_t slotOf(std::string_view name)
+constexpr std::uint32_t hashOf(std::string_view name)
 {
     std::uint32_t hash = static_cast<std::uint32_t>(name.size());
     const auto mix = [&hash](char c) { hash = hash * 33 + static_cast<unsigned char>(lower(c)); };
@@ -281,18 +282,31 @@ constexpr std::size_t slotOf(std::string_view name)
     mix(name[name.size() / 2]);
     mix(name[name.size() * 3 / 4]);
     mix(name.back());
-    return (hash ^ hash >> 10) % kSlots;
+    return hash ^ hash >> 10;
 }
 
-/// Open addressing: a slot holds the index of a keyword plus one, or 0 if it is free.
-constexpr std::array<std::uint16_t, kSlots> makeSlots()
+/// Open addressing: a slot holds the index of a keyword plus one, or 0 if it is free, and the rest
+/// of the hash, so that a name is compared with hardly any keyword but its own.
+struct Slot
 {
-    std::array<std::uint16_t, kSlots> slots{};
+    std::uint16_t place = 0;
+    std::uint16_t rest = 0;
+};
+
+constexpr std::uint16_t restOf(std::uint32_t hash)
+{
+    return static_cast<std::uint16_t>(hash >> 10);
+}
+
+constexpr std::array<Slot, kSlots> makeSlots()
+{
+    std::array<Slot, kSlots> slots{};
     for (std::size_t i = 0; i < kKeywords.size(); ++i) {
-        std::size_t slot = slotOf(kKeywords[i].name);
-        while (slots[slot])
+        const std::uint32_t hash = hashOf(kKeywords[i].name);
+        std::size_t slot = hash % kSlots;
+        while (slots[slot].place)
             slot = (slot + 1) % kSlots;
-        slots[slot] = static_cast<std::uint16_t>(i + 1);
+        slots[slot] = {static_cast<std::uint16_t>(i + 1), restOf(hash)};
     }
     return slots;
 }
@@ -303,6 +317,8 @@ bool sameName(std::string_view keyword, std::string_view name)
 {
     if (keyword.size() != name.size())
         return false;
+    if (std::memcmp(keyword.data(), name.data(), name.size()) == 0) // as nearly all are spelled
+        return true;
     for (std::size_t i = 0; i < name.size(); ++i)
         if (lower(keyword[i]) != lower(name[i]))
             return false;
@@ -315,9 +331,12 @@ const Keyword *FindKeyword(std::string_view name)
 {
     if (name.empty())
         return nullptr;
-    for (std::size_t slot = slotOf(name); kTable[slot]; slot = (slot + 1) % kSlots)
-        if (const Keyword &keyword = kKeywords[kTable[slot] - 1]; sameName(keyword.name, name))
+    const std::uint32_t hash = hashOf(name);
+    for (std::size_t slot = hash % kSlots; kTable[slot].place; slot = (slot + 1) % kSlots) {
+        const Keyword &keyword = kKeywords[kTable[slot].place - 1U];
+        if (kTable[slot].rest == restOf(hash) && sameName(keyword.name, name))
             return &keyword;
+    }
     return nullptr;
 }
 

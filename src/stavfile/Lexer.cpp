@@ -195,10 +195,9 @@ std::string MovableGap(std::string_view gap)
     return out;
 }
 
-bool IsCommentWord(std::string_view word)
+bool detail::IsCommentOrSkip(std::string_view word)
 {
-    return word.front() == '#' || word.front() == '_' || equalsLower(word, "comment") ||
-           equalsLower(word, "skip");
+    return equalsLower(word, "comment") || equalsLower(word, "skip");
 }
 
 std::string Escaped(std::string_view value)

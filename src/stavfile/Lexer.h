@@ -30,6 +30,7 @@ constexpr std::array<CharClass, 256> MakeClasses()
     return classes;
 }
 inline constexpr std::array kClasses = MakeClasses();
+bool IsCommentOrSkip(std::string_view word);
 } // namespace detail
 
 inline CharClass ClassOf(char c)
@@ -89,7 +90,12 @@ Skipped SkipCommentItem(std::string_view text, std::size_t wordEnd);
 
 /// True for a word that makes the reader skip what follows: it begins with "#" or "_", or is
 /// "comment" or "skip" in any letter case.
-bool IsCommentWord(std::string_view word);
+inline bool IsCommentWord(std::string_view word)
+{
+    const char first = word.front();
+    return first == '#' || first == '_' ||
+           ((word.size() == 7 || word.size() == 4) && detail::IsCommentOrSkip(word));
+}
 
 /// Changes the text between two parts of a block so that it fits between any others: a block
 /// without a name becomes a comment, so that a word before it does not become its name, and a "+"

@@ -17,6 +17,8 @@ public:
     T &operator[](std::size_t i) { return m_pages[i / kPage][i % kPage]; }
     const T &operator[](std::size_t i) const { return m_pages[i / kPage][i % kPage]; }
     std::size_t Size() const { return m_size; }
+    /// Removes all values and keeps the memory.
+    void Clear() { m_size = 0; }
 
     void PushBack(const T &value)
     {
@@ -32,14 +34,14 @@ private:
 
     void grow()
     {
-        auto page = std::make_unique_for_overwrite<T[]>(m_size == 0 ? kFirst : kPage);
+        auto page = std::make_unique_for_overwrite<T[]>(m_room == 0 ? kFirst : kPage);
         if (m_size == kFirst) {
             std::copy_n(m_pages.front().get(), kFirst, page.get());
             m_pages.front() = std::move(page);
         } else {
             m_pages.push_back(std::move(page));
         }
-        m_room = m_size == 0 ? kFirst : m_pages.size() * kPage;
+        m_room = m_room == 0 ? kFirst : m_pages.size() * kPage;
     }
 
     std::vector<std::unique_ptr<T[]>> m_pages;

@@ -3,14 +3,17 @@
 
 #include "stavfile/Keywords.h"
 #include "stavfile/Lexer.h"
+#include "stavfile/Scanner.h"
 #include "stavfile/Source.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace stavfile {
 namespace {
 
+constexpr std::size_t kUsualDepth = 8, kUsualValues = 32;
 constexpr std::size_t kMaxNotes = 200; // enough for any report; hostile files have millions
 
 /// Parses in one pass, with an explicit stack of open blocks: no recursion on file depth.
@@ -20,6 +23,7 @@ public:
     explicit Parser(Source &source)
         : m_source(source)
         , m_text(source.text)
+        , m_scanner(m_text)
         , m_at(source.body)
         , m_notedAt(source.body)
         , m_notedLine(source.LineOf(source.body))
@@ -28,8 +32,10 @@ public:
 
     void Run()
     {
+        m_frames.reserve(kUsualDepth);
+        m_pending.reserve(kUsualValues);
         m_frames.push_back({});
-        while ((m_at = lexer::SkipBlanks(m_text, m_at)) < m_text.size())
+        while ((m_at = m_scanner.SkipBlanks(m_at)) < m_text.size())
             step();
         closeAtEnd();
     }
@@ -48,6 +54,14 @@ private:
         std::size_t firstPending = 0;
         int stringsLeft = 0;    ///< leading values that are texts
         Last last = Last::None; ///< kind of the last item, not counting comments
+    };
+
+    /// The extent of a value, which may turn out to be the name or the label of the next block.
+    struct Seen
+    {
+        std::size_t begin = 0;
+        std::size_t wordEnd = 0; ///< `begin` if it is quoted
+        std::size_t end = 0;     ///< with its quotes
     };
 
     bool atTop() const { return m_frames.size() == 1; }
@@ -81,8 +95,7 @@ private:
         } else {
             noteSwallowedLines(extent.end);
         }
-        pushValue(Last::Quoted);
-        m_at = extent.end;
+        pushValue(Last::Quoted, m_at, extent.end);
     }
 
     /// A string across a line end, with NAME ( in it, most likely lacks its closing quote.
@@ -103,17 +116,15 @@ private:
 
     void word()
     {
-        const std::size_t end = lexer::WordEnd(m_text, m_at);
+        const std::size_t end = m_scanner.WordEnd(m_at);
         if (lexer::IsCommentWord(m_text.substr(m_at, end - m_at)) && !isTextHere(end)) {
             skipComment(end);
             return;
         }
-        pushValue(Last::Word);
-        m_at = end;
-        if (end < m_text.size() && m_text[end] == '"') {
-            note(m_at, "a quote at the end of a word is ignored");
-            ++m_at;
-        }
+        const bool quote = end < m_text.size() && m_text[end] == '"';
+        if (quote)
+            note(end, "a quote at the end of a word is ignored");
+        pushValue(Last::Word, end, quote ? end + 1 : end);
     }
 
     /// Where a text is expected, a word that looks like a comment mark is a value: file names and
@@ -133,7 +144,7 @@ private:
     {
         if (m_frames.back().last != Last::Word || !m_inShape)
             return false;
-        const Keyword *keyword = keywordAt(m_pending.back());
+        const Keyword *keyword = keywordOf(m_last);
         return keyword && keyword->labelled;
     }
 
@@ -148,10 +159,13 @@ private:
         m_at = skipped.end;
     }
 
-    void pushValue(Last kind)
+    /// Adds the value at the current position and moves behind it.
+    void pushValue(Last kind, std::size_t wordEnd, std::size_t end)
     {
         Frame &frame = m_frames.back();
         m_pending.push_back(static_cast<std::uint32_t>(m_at));
+        m_beforeLast = std::exchange(m_last, {m_at, wordEnd, end});
+        m_at = end;
         frame.last = kind;
         if (frame.stringsLeft > 0)
             --frame.stringsLeft;
@@ -163,7 +177,8 @@ private:
         std::uint32_t label = 0;
         if (labelBefore())
             label = takePending();
-        const bool named = label || (frame.last == Last::Word && canBeName(m_pending.back()));
+        const Seen &name = label ? m_beforeLast : m_last;
+        const bool named = label || (frame.last == Last::Word && canBeName(name));
         frame.last = Last::None;
         frame.stringsLeft = 0;
         if (!named || m_frames.size() > kMaxBlockDepth) {
@@ -174,64 +189,65 @@ private:
             skipTo(lexer::SkipBlock(m_text, m_at));
             return;
         }
-        const std::uint32_t begin = takePending();
+        takePending();
         if (atTop())
             dropStrayWords();
-        push(begin, label);
+        push(name, label);
         ++m_at;
     }
 
     /// A text that looks like a comment mark, with a comment between it and the bracket, is not a
     /// name: written elsewhere, such a name would be a comment mark again.
-    bool canBeName(std::uint32_t place) const
+    bool canBeName(const Seen &word) const
     {
-        const std::size_t end = lexer::WordEnd(m_text, place);
-        return atTop() || !lexer::IsCommentWord(m_text.substr(place, end - place));
+        return atTop() || !lexer::IsCommentWord(textOf(word));
     }
 
     /// NAME VALUE ( is a block with a label if NAME is a keyword that may have one. Everywhere else
-    /// the last word is the name, and what precedes it are values.
+    /// the last word is the name, and what precedes it are values. If the last value but one is not
+    /// m_beforeLast, something separates it from the last one.
     bool labelBefore() const
     {
         const Frame &frame = m_frames.back();
         if (frame.last == Last::None || m_pending.size() < frame.firstPending + 2)
             return false;
-        const std::uint32_t before = m_pending[m_pending.size() - 2];
-        const Keyword *keyword = keywordAt(before);
-        if (!keyword || (keyword->shape && !m_inShape) || !adjacent(before, m_pending.back()))
+        const Keyword *keyword = keywordOf(m_beforeLast);
+        if (!keyword || (keyword->shape && !m_inShape) || !adjacent(m_beforeLast, m_last))
             return false;
         if (keyword->labelled || frame.last == Last::Quoted)
             return true;
-        const Keyword *own = keywordAt(m_pending.back());
+        const Keyword *own = keywordOf(m_last);
         return !own || (own->shape && !m_inShape);
     }
 
     /// A child block or a comment between two values separates them: only blanks may be between a
     /// name and its label.
-    bool adjacent(std::uint32_t first, std::uint32_t second) const
+    bool adjacent(const Seen &first, const Seen &second) const
     {
-        return lexer::SkipBlanks(m_text, lexer::ValueExtent(m_text, first).end) == second;
+        return lexer::SkipBlanks(m_text, first.end) == second.begin;
     }
 
-    const Keyword *keywordAt(std::uint32_t place) const
+    std::string_view textOf(const Seen &word) const
     {
-        return FindKeyword(m_text.substr(place, lexer::WordEnd(m_text, place) - place));
+        return m_text.substr(word.begin, word.wordEnd - word.begin);
     }
+
+    const Keyword *keywordOf(const Seen &word) const { return FindKeyword(textOf(word)); }
 
     std::uint32_t takePending()
     {
-        const std::uint32_t place = m_pending.back();
+        const std::uint32_t last = m_pending.back();
         m_pending.pop_back();
-        return place;
+        return last;
     }
 
-    void push(std::uint32_t begin, std::uint32_t label)
+    void push(const Seen &name, std::uint32_t label)
     {
-        const Keyword *keyword = keywordAt(begin);
+        const Keyword *keyword = keywordOf(name);
         if (atTop())
             m_inShape = keyword && keyword->name == "shape";
         Record record;
-        record.begin = begin;
+        record.begin = static_cast<std::uint32_t>(name.begin);
         record.label = label;
         record.open = static_cast<std::uint32_t>(m_at);
         m_frames.push_back({static_cast<std::uint32_t>(m_source.records.Size()), m_pending.size(),
@@ -312,8 +328,10 @@ private:
 
     Source &m_source;
     std::string_view m_text;
+    lexer::Scanner m_scanner;
     std::size_t m_at;
     std::vector<Frame> m_frames;
+    Seen m_last, m_beforeLast;            ///< the values seen last, in whatever block
     std::vector<std::uint32_t> m_pending; ///< values of the open blocks, innermost last
     bool m_inShape = false;
     std::size_t m_notedAt;

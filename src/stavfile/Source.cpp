@@ -86,6 +86,31 @@ const char *noteOf(Form form)
     return "";
 }
 
+/// Decodes into a source that holds nothing yet, but may have memory for its text.
+void decode(Source &source, std::string &&bytes)
+{
+    DecodedText decoded = Decode(std::move(bytes), std::move(source.text));
+    source.text = std::move(decoded.text);
+    source.encoding = decoded.encoding;
+    source.bom = decoded.bom;
+    source.oddByte = std::move(decoded.oddByte);
+    source.form = decoded.isUtf32 ? Form::Binary : Form::Text;
+}
+
+void parse(Source &source)
+{
+    const std::size_t mark = lexer::SkipBlanks(source.text, 0);
+    if (source.form == Form::Text)
+        source.form = formOf(source, mark);
+    if (source.form != Form::Text) {
+        source.notes.push_back({1, noteOf(source.form)});
+        return;
+    }
+    source.lineEnd = lineEndOf(source.text);
+    readHeader(source, mark);
+    ParseBlocks(source);
+}
+
 } // namespace
 
 bool LooksBinary(std::string_view text)
@@ -120,21 +145,24 @@ std::shared_ptr<const Source> ReadSource(std::string bytes, std::string fileName
 {
     auto source = std::make_shared<Source>();
     source->fileName = std::move(fileName);
-    DecodedText decoded = Decode(std::move(bytes));
-    source->text = std::move(decoded.text);
-    source->encoding = decoded.encoding;
-    source->bom = decoded.bom;
-    source->oddByte = std::move(decoded.oddByte);
-    const std::size_t mark = lexer::SkipBlanks(source->text, 0);
-    source->form = decoded.isUtf32 ? Form::Binary : formOf(*source, mark);
-    if (source->form != Form::Text) {
-        source->notes.push_back({1, noteOf(source->form)});
-        return source;
-    }
-    source->lineEnd = lineEndOf(source->text);
-    readHeader(*source, mark);
-    ParseBlocks(*source);
+    decode(*source, std::move(bytes));
+    std::string().swap(bytes); // the text may be large, and the blocks need memory too
+    parse(*source);
     return source;
+}
+
+void ReadSource(Source &source, std::string &&bytes)
+{
+    source.fileName.clear();
+    source.header.clear();
+    source.body = 0;
+    source.lineEnd = "\r\n";
+    source.tailFix.clear();
+    source.records.Clear();
+    source.values.Clear();
+    source.notes.clear();
+    decode(source, std::move(bytes));
+    parse(source);
 }
 
 } // namespace stavfile

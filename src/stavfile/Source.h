@@ -57,6 +57,9 @@ struct Source
 
 /// Decodes and parses a file. Never fails: `form` reports what cannot be read as text.
 std::shared_ptr<const Source> ReadSource(std::string bytes, std::string fileName = {});
+/// Does the same for a reader that goes through many files and keeps none: replaces the content of
+/// a source, and uses the memory that it has already. `bytes` is unspecified afterwards.
+void ReadSource(Source &source, std::string &&bytes);
 
 /// True if 8-bit content without a header looks binary: near its start, a NUL is followed by other
 /// characters. Text followed only by NULs is padded text.

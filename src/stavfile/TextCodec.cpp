@@ -51,9 +51,9 @@ std::size_t copyAsciiRun(std::string_view bytes, std::size_t at, std::string &ou
     return end;
 }
 
-std::string fromUtf16(std::string_view bytes, bool bigEndian)
+void fromUtf16(std::string_view bytes, bool bigEndian, std::string &out)
 {
-    std::string out;
+    out.clear();
     out.reserve(bytes.size() / 2 + 16);
     std::size_t at = 0;
     while (at + 2 <= bytes.size()) {
@@ -74,7 +74,6 @@ std::string fromUtf16(std::string_view bytes, bool bigEndian)
         }
         host::AppendUtf8(out, unit);
     }
-    return out;
 }
 
 /// Returns the code point at `at` of held text, which is well formed but for surrogates; advances
@@ -229,10 +228,10 @@ void decodeUtf16(DecodedText &result, std::string_view bytes, bool bigEndian)
         bytes.remove_prefix(2);
     if (bytes.size() % 2)
         result.oddByte = bytes.substr(bytes.size() - 1);
-    result.text = fromUtf16(bytes, bigEndian);
+    fromUtf16(bytes, bigEndian, result.text);
 }
 
-void decode8Bit(DecodedText &result, std::string bytes, Encoding encoding)
+void decode8Bit(DecodedText &result, std::string &&bytes, Encoding encoding)
 {
     result.bom = bytes.starts_with(kUtf8Bom);
     if (result.bom)
@@ -274,10 +273,11 @@ const char *EncodingName(Encoding encoding)
     return "windows-1252";
 }
 
-DecodedText Decode(std::string bytes)
+DecodedText Decode(std::string &&bytes, std::string &&memory)
 {
     const std::string_view view = bytes;
     DecodedText result;
+    result.text = std::move(memory);
     if (looksLikeUtf32(view)) {
         result.isUtf32 = true;
         result.encoding = Encoding::Windows1252; // keeps all bytes as they are

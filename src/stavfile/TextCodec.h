@@ -21,8 +21,9 @@ struct DecodedText
     bool isUtf32 = false; ///< it has a UTF-32 byte order mark, and nothing is decoded
 };
 
-/// Finds the encoding and decodes (docs/formats.md, "Encodings").
-DecodedText Decode(std::string bytes);
+/// Finds the encoding and decodes (docs/formats.md, "Encodings"). Changes `bytes`: 8-bit text takes
+/// their place. Text that must be converted takes the place of `memory`, whose content is lost.
+DecodedText Decode(std::string &&bytes, std::string &&memory = {});
 
 /// Converts held text to UTF-8 for display: decodes Windows-1252 and replaces lone surrogates by
 /// U+FFFD.

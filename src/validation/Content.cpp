@@ -6,6 +6,7 @@
 #include "host/RuntimeError.h"
 #include "host/Snapshot.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace validation {
@@ -69,6 +70,12 @@ std::string Content::Read(std::string_view path) const
     return m_snapshot.ReadFile(path);
 }
 
+void Content::Read(std::string_view path, Lent &lent) const
+{
+    if (!m_snapshot.ReadFileInto(lent.Bytes(), path))
+        lent.Bytes() = m_files.ReadFile(path); // throws the reason
+}
+
 StfFile Content::TreeOf(std::string bytes) const
 {
     StfFile file(m_files);
@@ -90,15 +97,40 @@ StfFile Content::TryLoad(std::string_view path) const
     }
 }
 
-std::optional<StfFile> Content::TryLoadExisting(std::string_view path) const
+Content::Lent::Lent(Content &content)
+    : m_content(content)
 {
-    try {
-        if (auto bytes = m_snapshot.TryReadFile(path))
-            return TreeOf(std::move(*bytes));
-        return std::nullopt;
-    } catch (const host::RuntimeError &) {
-        return StfFile(m_files);
+    const std::lock_guard lock(m_content.m_mutex);
+    if (m_content.m_spare.empty()) {
+        m_file = std::make_unique<Buffers>();
+        m_content.m_spare.reserve(++m_content.m_made); // the destructor must not need memory
+        return;
     }
+    m_file = std::move(m_content.m_spare.back());
+    m_content.m_spare.pop_back();
+}
+
+Content::Lent::~Lent()
+{
+    const std::lock_guard lock(m_content.m_mutex);
+    if (std::max(m_file->source.text.capacity(), m_file->bytes.capacity()) > kKeptText)
+        --m_content.m_made;
+    else
+        m_content.m_spare.push_back(std::move(m_file));
+}
+
+bool Content::TryRead(std::string_view path, Lent &lent) const
+{
+    Buffers &file = *lent.m_file;
+    bool exists = true;
+    try {
+        exists = m_snapshot.ReadFileInto(file.bytes, path);
+    } catch (const host::RuntimeError &) {
+        file.bytes.clear();
+    }
+    if (exists)
+        stavfile::ReadSource(file.source, std::move(file.bytes));
+    return exists;
 }
 
 std::shared_ptr<References> Content::read(const std::string &path, Reader reader) const
@@ -118,6 +150,8 @@ std::shared_ptr<References> Content::read(const std::string &path, Reader reader
 std::shared_ptr<const References> Content::known(char kind, const std::string &path, Reader reader)
 {
     const void *const file = m_snapshot.IdentityOf(path);
+    if (!file && !m_snapshot.FindFile(path))
+        return nullptr;
     std::shared_ptr<Known> entry;
     {
         const std::lock_guard lock(m_mutex);

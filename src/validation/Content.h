@@ -2,13 +2,13 @@
 #pragma once
 
 #include "host/Recording.h"
+#include "stavfile/Source.h"
 #include "stavfile/StfFile.h"
 
 #include <cstdint>
 #include <map>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -41,6 +41,12 @@ struct References
 /// however many vehicles use it. Thread-safe.
 class Content
 {
+    struct Buffers
+    {
+        std::string bytes;
+        stavfile::Source source;
+    };
+
 public:
     /// `files` and `snapshot` must outlive this object. `folder` is the installation folder.
     Content(host::GameFiles &files, host::Snapshot &snapshot, std::string folder)
@@ -57,17 +63,41 @@ public:
     StfFile Load(std::string_view path) const;
     /// Like Load, but returns an empty tree if the file cannot be read.
     StfFile TryLoad(std::string_view path) const;
-    /// Like TryLoad, but returns nothing if there is no such file.
-    std::optional<StfFile> TryLoadExisting(std::string_view path) const;
+    /// The bytes and records of a file, whose memory the next file uses.
+    class Lent
+    {
+    public:
+        explicit Lent(Content &content);
+        ~Lent();
+        Lent(const Lent &) = delete;
+        Lent &operator=(const Lent &) = delete;
+
+        const stavfile::Source &Source() const { return m_file->source; }
+        std::string &Bytes() { return m_file->bytes; }
+
+    private:
+        friend class Content;
+        Content &m_content;
+        std::unique_ptr<Buffers> m_file;
+    };
+    /// Reads a file without making its tree. Returns false if there is no such file. A file that
+    /// cannot be read has no blocks.
+    bool TryRead(std::string_view path, Lent &lent) const;
+    /// Like Read, into the bytes of `lent`.
+    void Read(std::string_view path, Lent &lent) const;
     /// Returns the bytes of a file; throws RuntimeError like GameFiles::ReadFile.
     std::string Read(std::string_view path) const;
     StfFile TreeOf(std::string bytes) const;
 
-    /// Return the files that the sound definition, or the cab view, of this path names.
+    /// Return the files that the sound definition, or the cab view, of this path names; null if
+    /// there is no such file.
     std::shared_ptr<const References> Sound(const std::string &path);
     std::shared_ptr<const References> CabView(const std::string &path);
 
 private:
+    /// A larger file's memory is not kept.
+    static constexpr std::size_t kKeptText = 1u << 20;
+
     struct Known
     {
         std::once_flag once;
@@ -83,6 +113,8 @@ private:
     host::Snapshot &m_snapshot;
     std::string m_folder;
     std::mutex m_mutex;
+    std::vector<std::unique_ptr<Buffers>> m_spare; ///< for Lent
+    std::size_t m_made = 0;                        ///< with those that are in use
     /// By kind and identity or, for files that no listing shows, by kind and path.
     std::map<std::tuple<char, const void *, std::string>, std::shared_ptr<Known>> m_known;
 };

@@ -3,10 +3,10 @@
 
 namespace validation {
 
-Verdict Findings::Record(Verdict verdict, std::string file, std::string dependent)
+Verdict Findings::Record(Verdict verdict, std::string_view file, std::string_view dependent)
 {
     if (m_verbose || verdict != Verdict::Valid)
-        m_entries.emplace_back(Finding{verdict, std::move(file), std::move(dependent)});
+        m_entries.emplace_back(Finding{verdict, std::string(file), std::string(dependent)});
     return verdict;
 }
 

@@ -27,11 +27,12 @@ public:
     bool Messages() const { return m_messages; }
 
     /// Records a verdict and returns it.
-    Verdict Record(Verdict verdict, std::string file, std::string dependent = {});
-    void Message(std::string_view text)
+    Verdict Record(Verdict verdict, std::string_view file, std::string_view dependent = {});
+    /// Adds the progress line that consists of these two texts.
+    void Message(std::string_view text, std::string_view rest = {})
     {
         if (m_messages)
-            m_entries.emplace_back(std::string(text));
+            m_entries.emplace_back(std::string(text).append(rest));
     }
 
     const std::vector<Entry> &Entries() const { return m_entries; }

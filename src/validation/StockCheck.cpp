@@ -2,13 +2,15 @@
 #include "validation/StockCheck.h"
 
 #include "host/Path.h"
+#include "host/Snapshot.h"
 #include "host/Text.h"
-#include "install/Train.h"
+#include "stavfile/Block.h"
 #include "validation/Content.h"
 
 #include <algorithm>
+#include <optional>
 
-using stavfile::ValueAt;
+using stavfile::Block;
 
 namespace validation {
 namespace {
@@ -51,6 +53,45 @@ bool isEngineFile(const std::string &fileName)
            host::EqualsNoCase(fileName.substr(fileName.size() - kLetters), "eng");
 }
 
+Verdict judgeSound(const References &sound, const std::string &fileName, Findings &findings)
+{
+    if (sound.corrupt)
+        return findings.Record(Verdict::Corrupt, fileName);
+    const bool whole = recordFiles(sound, fileName, findings);
+    return findings.Record(whole ? Verdict::Valid : Verdict::Suspect, fileName);
+}
+
+Verdict judgeCabView(const References &cab, const std::string &fileName, Findings &findings)
+{
+    if (cab.corrupt)
+        return findings.Record(Verdict::Corrupt, fileName);
+    return recordFiles(cab, fileName, findings) ? Verdict::Valid : Verdict::HasMissingReference;
+}
+
+/// Like install::FindVehicle, without a tree.
+std::optional<Block> vehicleIn(const stavfile::Source &file)
+{
+    for (const Block block : stavfile::TopBlocks(file))
+        if (host::EqualsNoCase(block.Name(), "Wagon"))
+            return block;
+    return std::nullopt;
+}
+
+std::optional<Block> secondBlock(const stavfile::Source &file)
+{
+    int place = 0;
+    for (const Block block : stavfile::TopBlocks(file))
+        if (++place == 2)
+            return block;
+    return std::nullopt;
+}
+
+/// Returns the first value of a block; "" if the block or the value is absent.
+std::string valueOf(const std::optional<Block> &block)
+{
+    return block ? block->Value() : std::string();
+}
+
 /// Checks one vehicle, step by step. A later failure overwrites an earlier one, even a worse one.
 class StockCheck
 {
@@ -58,52 +99,50 @@ public:
     StockCheck(Content &content, const std::string &fileName, Findings &findings)
         : m_content(content)
         , m_file(fileName)
-        , m_folder(host::path::Folder(fileName))
+        , m_folder(content.Listings(), Below(host::path::Folder(fileName), ""))
         , m_findings(findings)
     {
     }
 
     Verdict Run()
     {
-        m_findings.Message("Checking " + m_file);
-        const std::optional<StfFile> found = m_content.TryLoadExisting(m_file);
-        if (!found)
+        m_findings.Message("Checking ", m_file);
+        Content::Lent file(m_content);
+        if (!m_content.TryRead(m_file, file))
             return m_findings.Record(Verdict::Missing, m_file);
-        const StfFile &file = *found;
-        const StfNode wagon = install::FindVehicle(file);
+        const std::optional<Block> wagon = vehicleIn(file.Source());
         if (!wagon)
             return m_findings.Record(Verdict::Corrupt, m_file);
-        checkShape(wagon);
+        checkShape(*wagon);
         m_findings.Message("Checking sound files");
-        checkSound(normalised(ValueAt(wagon.Child("Sound"))));
+        checkSound(normalised(valueOf(wagon->Child("Sound"))));
         m_findings.Message("Checking engine related files");
         if (isEngineFile(m_file))
-            checkEngine(file, wagon);
+            checkEngine(file.Source(), *wagon);
         return m_verdict;
     }
 
 private:
-    void fault(Verdict verdict, std::string dependent)
+    void fault(Verdict verdict, std::string_view dependent)
     {
-        m_verdict = m_findings.Record(verdict, m_file, std::move(dependent));
+        m_verdict = m_findings.Record(verdict, m_file, dependent);
     }
-    /// Returns false, and records a fault, if the file does not exist.
-    bool isThere(const std::string &path)
+    /// Records a fault if a file does not exist, whose name is relative to the vehicle's folder.
+    void mustExist(const std::string &name)
     {
-        const bool there = m_content.Exists(path);
-        if (!there)
-            fault(Verdict::HasMissingReference, path);
-        return there;
+        if (!m_folder.FileExists(name))
+            fault(Verdict::HasMissingReference, pathOf(name));
     }
+    std::string pathOf(std::string_view name) const { return Below(m_folder.Path(), name); }
 
-    void checkShape(const StfNode &wagon)
+    void checkShape(const Block &wagon)
     {
         m_findings.Message("Checking shape files");
-        const std::string shape = Below(m_folder, ValueAt(install::FindShape(wagon)));
-        isThere(shape);
-        isThere(shape + 'd');
-        if (const StfNode thumbnail = wagon.Child("Thumbnail"))
-            isThere(Below(m_folder, ValueAt(thumbnail)));
+        const std::string shape = valueOf(wagon.Child("WagonShape"));
+        mustExist(shape);
+        mustExist(shape + 'd');
+        if (const std::optional<Block> thumbnail = wagon.Child("Thumbnail"))
+            mustExist(thumbnail->Value());
     }
 
     /// A blank value names no file: a vehicle may be silent.
@@ -111,46 +150,52 @@ private:
     {
         if (host::TrimBlanks(value).empty())
             return;
-        const std::string sound = Below(m_folder, "Sound\\" + value);
-        if (isThere(sound) && CheckSound(m_content, sound, m_findings) != Verdict::Valid)
+        const std::string sound = pathOf("Sound\\" + value);
+        const auto references = m_content.Sound(sound);
+        if (!references)
+            fault(Verdict::HasMissingReference, sound);
+        else if (judgeSound(*references, sound, m_findings) != Verdict::Valid)
             m_verdict = Verdict::Suspect;
     }
 
     /// The engine's section is the second one of the file, whatever its name.
-    void checkEngine(const StfFile &file, const StfNode &wagon)
+    void checkEngine(const stavfile::Source &file, const Block &wagon)
     {
-        if (file.Nodes().Count() < 2) {
+        const std::optional<Block> engine = secondBlock(file);
+        if (!engine) {
             fault(Verdict::Missing, "Engine section");
             m_verdict = Verdict::Suspect;
             return;
         }
-        const StfNode engine = file.Nodes().Item(2);
-        const std::string name = ValueAt(engine);
-        if (ValueAt(wagon) != name || ValueAt(engine.Child("Wagon")) != name)
+        const std::string name = engine->Value();
+        if (wagon.Value() != name || valueOf(engine->Child("Wagon")) != name)
             fault(Verdict::Corrupt, "Engine and wagon names");
         m_findings.Message("Checking cabview files");
-        checkCabView(engine.Child("CabView"));
+        checkCabView(engine->Child("CabView"));
         m_findings.Message("Checking sound files");
-        if (const StfNode sound = engine.Child("Sound"))
-            checkSound(ValueAt(sound));
+        if (const std::optional<Block> sound = engine->Child("Sound"))
+            checkSound(sound->Value());
         else
             fault(Verdict::Missing, "Sound section");
     }
 
-    void checkCabView(const StfNode &entry)
+    void checkCabView(const std::optional<Block> &entry)
     {
         if (!entry) {
             fault(Verdict::Missing, "Cabview section");
             return;
         }
-        const std::string cab = Below(m_folder, "Cabview\\" + ValueAt(entry));
-        if (isThere(cab) && CheckCabView(m_content, cab, m_findings) != Verdict::Valid)
+        const std::string cab = pathOf("Cabview\\" + entry->Value());
+        const auto references = m_content.CabView(cab);
+        if (!references)
+            fault(Verdict::HasMissingReference, cab);
+        else if (judgeCabView(*references, cab, m_findings) != Verdict::Valid)
             m_verdict = Verdict::Suspect;
     }
 
     Content &m_content;
     const std::string &m_file;
-    std::string m_folder;
+    host::Snapshot::Folder m_folder;
     Findings &m_findings;
     Verdict m_verdict = Verdict::Valid;
 };
@@ -164,23 +209,16 @@ Verdict CheckStock(Content &content, const std::string &fileName, Findings &find
 
 Verdict CheckSound(Content &content, const std::string &fileName, Findings &findings)
 {
-    if (!content.Exists(fileName))
-        return findings.Record(Verdict::Missing, fileName);
     const auto sound = content.Sound(fileName);
-    if (sound->corrupt)
-        return findings.Record(Verdict::Corrupt, fileName);
-    const bool whole = recordFiles(*sound, fileName, findings);
-    return findings.Record(whole ? Verdict::Valid : Verdict::Suspect, fileName);
+    return sound ? judgeSound(*sound, fileName, findings)
+                 : findings.Record(Verdict::Missing, fileName);
 }
 
 Verdict CheckCabView(Content &content, const std::string &fileName, Findings &findings)
 {
-    if (!content.Exists(fileName))
-        return findings.Record(Verdict::Missing, fileName);
     const auto cab = content.CabView(fileName);
-    if (cab->corrupt)
-        return findings.Record(Verdict::Corrupt, fileName);
-    return recordFiles(*cab, fileName, findings) ? Verdict::Valid : Verdict::HasMissingReference;
+    return cab ? judgeCabView(*cab, fileName, findings)
+               : findings.Record(Verdict::Missing, fileName);
 }
 
 } // namespace validation

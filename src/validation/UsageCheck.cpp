@@ -40,13 +40,14 @@ StfNode firstTrain(const StfFile &consist)
 
 } // namespace
 
-ConsistUse UseInConsist(const Content &content, const std::string &consist, const StockName &stock)
+ConsistUse UseInConsist(Content &content, const std::string &consist, const StockName &stock)
 {
     try {
-        std::string bytes = content.Read(consist);
-        if (!mayName(bytes, stock.base))
+        Content::Lent file(content);
+        content.Read(consist, file);
+        if (!mayName(file.Bytes(), stock.base))
             return {};
-        const StfNode train = firstTrain(content.TreeOf(std::move(bytes)));
+        const StfNode train = firstTrain(content.TreeOf(std::move(file.Bytes())));
         bool isFirst = true;
         for (const install::Unit unit : install::Units(train)) {
             if (unit.Names(stock))

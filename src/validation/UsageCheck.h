@@ -17,7 +17,7 @@ struct ConsistUse
 };
 
 /// Searches in single files. A file that cannot be read uses nothing.
-ConsistUse UseInConsist(const Content &content, const std::string &consist,
+ConsistUse UseInConsist(Content &content, const std::string &consist,
                         const install::StockName &stock);
 /// True if the service runs the consist of this name.
 bool IsRunByService(const Content &content, const std::string &service, const std::string &consist);

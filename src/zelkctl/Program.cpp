@@ -25,9 +25,11 @@
 #include <algorithm>
 #include <csignal>
 #include <functional>
+#include <iterator>
 #include <new>
 #include <set>
 #include <sstream>
+#include <string_view>
 #include <utility>
 
 namespace zelkctl {
@@ -50,7 +52,32 @@ std::string commandOf(const CLI::App &app)
     return names;
 }
 
-void addCommands(CLI::App &app, Session &session)
+struct Command
+{
+    std::string_view name;
+    void (*add)(CLI::App &app, Session &session);
+};
+
+/// In the order in which the help shows them.
+constexpr Command kCommands[] = {
+    {"list", AddListCommand},
+    {"check", AddCheckCommand},
+    {"health", AddHealthCommand},
+    {"sheet", AddSheetCommand},
+    {"figures", AddFiguresCommand},
+    {"tree", AddTreeCommand},
+    {"resave", AddResaveCommand},
+    {"edit", AddEditCommand},
+    {"replace", AddReplaceCommand},
+    {"undo", AddUndoCommand},
+    {"render", AddRenderCommand},
+    {"thumbnail", AddThumbnailCommand},
+    {"contact-sheet", AddContactSheetCommand},
+    {"shape", AddShapeCommand},
+    {"texture", AddTextureCommand},
+};
+
+void addGeneralOptions(CLI::App &app, Session &session)
 {
     app.set_version_flag("--version", "zelkctl " + std::string(host::product::Version()));
     app.allow_windows_style_options(false);
@@ -59,21 +86,6 @@ void addCommands(CLI::App &app, Session &session)
     app.add_option("--msts", session.msts,
                    "Train Simulator folder (otherwise the one set in ZELK or registered)")
         ->type_name("DIR");
-    AddListCommand(app, session);
-    AddCheckCommand(app, session);
-    AddHealthCommand(app, session);
-    AddSheetCommand(app, session);
-    AddFiguresCommand(app, session);
-    AddTreeCommand(app, session);
-    AddResaveCommand(app, session);
-    AddEditCommand(app, session);
-    AddReplaceCommand(app, session);
-    AddUndoCommand(app, session);
-    AddRenderCommand(app, session);
-    AddThumbnailCommand(app, session);
-    AddContactSheetCommand(app, session);
-    AddShapeCommand(app, session);
-    AddTextureCommand(app, session);
 }
 
 /// Adds the options that are followed by a value: those of a command and of its subcommands.
@@ -138,11 +150,52 @@ void makeUtf8(std::vector<std::string> &arguments)
         argument = host::path::ToText(argument);
 }
 
-void parseAndRun(std::vector<std::string> arguments, Session &session)
+/// Returns the command that follows the general options directly; null if anything else does.
+const Command *namedFirst(const std::vector<std::string> &arguments)
+{
+    std::size_t at = 0;
+    while (at < arguments.size() &&
+           (arguments[at] == "--msts" || arguments[at].starts_with("--msts=")))
+        at += arguments[at] == "--msts" ? 2 : 1;
+    const auto *const found =
+        std::find_if(std::begin(kCommands), std::end(kCommands), [&](const Command &command) {
+            return at < arguments.size() && command.name == arguments[at];
+        });
+    return found == std::end(kCommands) ? nullptr : found;
+}
+
+/// Runs the command that the arguments name, without making all others, which would take longer
+/// than to list a folder. Returns false, and has run nothing, if the arguments are not plainly
+/// those of one command.
+bool runNamed(std::vector<std::string> arguments, Session &session)
+{
+    const Command *const command = namedFirst(arguments);
+    if (!command)
+        return false;
+    CLI::App app;
+    addGeneralOptions(app, session);
+    command->add(app, session);
+    try {
+        putCommandFirst(arguments, app);
+    } catch (const Failure &) {
+        return false; // the full parser explains it
+    }
+    std::reverse(arguments.begin(), arguments.end());
+    try {
+        app.parse(std::move(arguments)); // runs the command only after all has been parsed
+    } catch (const CLI::ParseError &) {
+        return false;
+    }
+    return true;
+}
+
+/// Explains wrong arguments, and shows the help.
+void parseAndRunAny(std::vector<std::string> arguments, Session &session)
 {
     CLI::App app("Lists, shows and edits Microsoft Train Simulator content.", "zelkctl");
-    addCommands(app, session);
-    makeUtf8(arguments);
+    addGeneralOptions(app, session);
+    for (const Command &command : kCommands)
+        command.add(app, session);
     putCommandFirst(arguments, app);
     std::reverse(arguments.begin(), arguments.end()); // the parser takes them from the back
     try {
@@ -154,6 +207,13 @@ void parseAndRun(std::vector<std::string> arguments, Session &session)
     } catch (const CLI::ParseError &error) {
         throw Failure(error.what() + hint(commandOf(app)));
     }
+}
+
+void parseAndRun(std::vector<std::string> arguments, Session &session)
+{
+    makeUtf8(arguments);
+    if (!runNamed(arguments, session))
+        parseAndRunAny(std::move(arguments), session);
     session.out.Flush();
 }
 

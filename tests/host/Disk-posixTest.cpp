@@ -3,6 +3,7 @@
 
 #include "host/FileState.h"
 #include "host/GameFiles.h"
+#include "host/OpenFolder.h"
 #include "host/Path.h"
 #include "host/RuntimeError.h"
 #include "host/Settings.h"
@@ -322,6 +323,31 @@ TEST_F(DiskTest, SpecialFilesDoNotHangReaders)
     EXPECT_NE(files.ReadFile("/proc/self/status").find("Name:"), std::string::npos);
     EXPECT_EQ(errorNumber([&] { files.ReadFile("/proc/self/status", 10); }), 5);
     EXPECT_EQ(errorNumber([&] { files.ReadFile("/proc/self/mem"); }), 75);
+}
+
+TEST_F(DiskTest, OpenFolderReadsTheSameFiles)
+{
+    for (const char *name : {"a/1", "a/2", "b/1", "b/2", "3"})
+        folder.Write(name, name);
+    const std::string at = folder.Path() + '/';
+    const auto read = [&](const std::string &path) {
+        std::string bytes;
+        const auto failure = host::disk::Read(path, 100, bytes);
+        return failure ? failure->reason : bytes;
+    };
+    const char *const names[] = {"a/1",    "a/2", "a/1",    "b/2",    "b/1",
+                                 "b/none", "b",   "none/1", "none/2", "3"};
+    Names expected, found;
+    for (const char *name : names)
+        expected.push_back(read(at + name));
+    const host::disk::OpenFolder open;
+    for (const char *name : names)
+        found.push_back(read(at + name));
+    EXPECT_EQ(found, expected);
+    // The folder is open only after its second file, and its files are found under a new name too.
+    EXPECT_EQ(read(folder.At("a/1")) + read(folder.At("a/2")), "a/1a/2");
+    fs::rename(folder.At("a"), folder.At("c"));
+    EXPECT_EQ(read(folder.At("a/1")), "a/1");
 }
 
 TEST_F(DiskTest, RelativePathsStartAtTheWorkingFolder)

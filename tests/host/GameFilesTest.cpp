@@ -77,6 +77,19 @@ private:
     }
 };
 
+TEST_F(GameFilesTest, ListsInOrderHoweverMuchNamesShare)
+{
+    Names names = {"z.con", "Consist.con", "\xF0\x90\x90\x80.con", "\xEF\xBD\x81.con",
+                   "\xC3\xA4.con"};
+    for (const char *start : {"A long name of a train ", "a LONG name of a train to "})
+        for (int i = 0; i < 30; ++i)
+            names.push_back(start + std::to_string(i * 7) + ".con");
+    for (const std::string &name : names)
+        folder.Write(name);
+    std::sort(names.begin(), names.end(), host::ListsBefore);
+    EXPECT_EQ(listed("", "*.con"), names);
+}
+
 TEST_F(GameFilesTest, ReturnsTheSpellingOnDisk)
 {
     folder.Write("Trains/Box & Co/A b.Wag");

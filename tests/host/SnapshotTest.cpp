@@ -36,6 +36,24 @@ TEST(SnapshotTest, FindsTheSameFilesAsGameFiles)
     EXPECT_FALSE(snapshot.FileExists(""));
 }
 
+TEST(SnapshotTest, FolderFindsTheSameFilesAsWholePaths)
+{
+    support::TempFolder folder;
+    folder.Write("Set/a.wag");
+    folder.Write("Set/Sound/x.sms");
+    folder.Write("other.sms");
+    host::GameFiles files;
+    for (const bool isKnown : {false, true}) {
+        host::Snapshot snapshot(files);
+        if (isKnown)
+            snapshot.FileExists(folder.At("Set/") + "a.wag");
+        host::Snapshot::Folder set(snapshot, folder.At("Set/"));
+        for (const char *name : {"A.WAG", "b.wag", "", ".", "..", "Sound", "sound\\X.sms", "/a.wag",
+                                 "../other.sms", "a.wag/"})
+            EXPECT_EQ(set.FileExists(name), files.FileExists(set.Path() + name)) << name;
+    }
+}
+
 TEST(SnapshotTest, ListsEachFolderOnce)
 {
     support::TempFolder folder;
