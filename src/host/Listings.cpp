@@ -44,6 +44,7 @@ template <typename Folder> std::shared_ptr<const Folder> read(const std::string 
     });
     auto folder = std::make_shared<Folder>();
     folder->stamp = listing->stamp;
+    folder->marked = listing->marked;
     folder->settled = listing->settled;
     folder->entries.reserve(sorted.size());
     for (const auto &[key, entry] : sorted)

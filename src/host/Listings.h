@@ -31,8 +31,8 @@ public:
     struct Folder
     {
         disk::Stamp stamp;
-        bool settled = false;
-        std::vector<Entry> entries; ///< in listing order
+        bool marked = false, settled = false; ///< as in disk::Listing
+        std::vector<Entry> entries;           ///< in listing order
     };
 
     /// Returns the current content of a folder; nothing if it cannot be listed.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/Recording.h"
 #include "stavfile/StfFile.h"
 
 #include <cstdint>
@@ -71,6 +72,7 @@ private:
     {
         std::once_flag once;
         std::shared_ptr<References> references;
+        host::Dependencies dependencies;
     };
     using Reader = void (*)(const StfFile &file, References &references);
 

@@ -3,7 +3,7 @@
 
 #include "host/Ahead.h"
 #include "validation/Content.h"
-#include "validation/Findings.h"
+#include "validation/Outcome.h"
 #include "validation/TSValidation.h"
 
 #include <chrono>
@@ -14,14 +14,6 @@
 #include <vector>
 
 namespace validation {
-
-/// The result of one check of one file.
-struct Outcome
-{
-    Findings findings;
-    Verdict verdict = Verdict::Valid;
-    std::exception_ptr error = nullptr; ///< thrown by the check; the verdict is then meaningless
-};
 
 /// Checks one file; several calls may use `content` at once.
 using FileCheck = Verdict (*)(Content &content, const std::string &fileName, Findings &findings);
@@ -57,6 +49,11 @@ public:
     /// progress lines are left out.
     validation::Outcome OutcomeOf(validation::FileCheck check, const std::string &fileName,
                                   bool messages = true);
+    /// Returns an empty list that takes what the handlers want.
+    validation::Findings NewFindings(bool messages) const
+    {
+        return validation::Findings(m_verbose, m_wantsMessages && messages);
+    }
     validation::Verdict Deliver(const validation::Outcome &outcome);
 
     /// Runs jobs 0 to count-1 on the workers and takes their results in order, until there are no
