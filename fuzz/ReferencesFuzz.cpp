@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Sounds, cab views, consists, services, activities and shape descriptors: for any bytes each
-// reference wants a file and has a line. The first byte chooses the kind.
+// reference names a file and has a line. The first byte chooses the kind.
 #include "Input.h"
 #include "content/References.h"
 
@@ -37,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         return 0;
     const bool hasLines = kind < 5;
     for (const content::Reference &reference : referencesOf(kind, *read.source)) {
-        Require(!content::NamesNothing(reference.wants) || reference.notNeeded);
+        Require(!reference.name.file.empty());
         Require(!hasLines || reference.line > 0);
     }
     content::NameOfConsist(*read.source);

@@ -229,8 +229,7 @@ TEST_F(LongUseTest, Results)
         Trigger("mnuStockCheckAll");
         const auto forms = window->findChildren<frmResults *>();
         ASSERT_EQ(forms.size(), 1);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(forms.front()));
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F, Qt::ControlModifier);
+        forms.front()->actions().front()->trigger(); // Find
         EXPECT_TRUE(Find<QLineEdit>(*forms.front(), "txtFind").isVisible());
         forms.front()->close();
     });
