@@ -11,17 +11,20 @@
 #include "install/StockFiles.h"
 
 #include <cstdio>
+#include <filesystem>
 #include <mutex>
 #include <set>
 
 namespace {
 
 content::HealthReport check(const std::string &folder, std::size_t workers,
-                            std::function<void(const std::string &)> fileRead = {})
+                            std::function<void(const std::string &)> fileRead = {},
+                            const std::string &index = {})
 {
     host::GameFiles files; // new in each round, so that no listings are cached
     content::HealthOptions options;
     options.workers = workers;
+    options.index.folder = index;
     content::HealthRun run(files, folder, options);
     run.FileRead = std::move(fileRead);
     return run.Run();
@@ -59,9 +62,9 @@ struct Stock
     std::vector<std::string> files;
 };
 
-void readFigures(const std::string &folder, const Stock &stock)
+void readFigures(const std::string &folder, const Stock &stock, const std::string &index = {})
 {
-    content::StockReader reader(folder, 1);
+    content::StockReader reader(folder, 1, {index});
     reader.ReadFacts(stock.items);
     reader.Wait();
 }
@@ -72,6 +75,35 @@ bench::Row compareFigures(const std::string &folder, int rounds)
     return bench::Compare(
         "figures of all stock, one worker", [&] { readFigures(folder, stock); },
         "reading the vehicles' files once", [&] { bench::ReadOnce(stock.files); }, rounds);
+}
+
+/// Compares runs that find everything in the saved index with what they have to look at.
+std::vector<bench::Row> compareSecondRuns(const std::string &folder, int rounds)
+{
+    const std::string index = bench::MakeTemporaryFolder().string();
+    const std::vector<std::string> folders = bench::FoldersBelow(folder);
+    const std::vector<std::string> stockFolders =
+        bench::FoldersBelow(host::GameFiles()
+                                .FindFolder(host::path::Join(folder, install::kTrainset))
+                                .value_or("")
+                                .string());
+    const Stock stock(folder);
+    const auto health = [&](std::size_t workers) {
+        return [&, workers] { check(folder, workers, {}, index); };
+    };
+    const auto figures = [&] { readFigures(folder, stock, index); };
+    const char *const alone = "listing the folders alone";
+    const double memory = bench::PeakMebibytes(health(2)); // makes and saves the index
+    figures();
+    std::vector<bench::Row> rows = {
+        {"health that saves its index, peak memory", "wanted", memory, 400, "MB"},
+        bench::Compare(
+            "health, second run", health(1), alone, [&] { bench::ListOnce(folders); }, rounds),
+        bench::Compare(
+            "figures, second run", figures, alone, [&] { bench::ListOnce(stockFolders); }, rounds),
+    };
+    std::filesystem::remove_all(index);
+    return rows;
 }
 
 } // namespace
@@ -96,16 +128,19 @@ int main(int argc, char **argv)
     const auto readAll = [&] { bench::ReadOnce(files); };
     const auto zelkctl = [&] {
         bench::RunQuietly({ZELKCTL, "--msts", folder, "health", "--profile", "both", "--fail-on",
-                           "never", "--quiet"});
+                           "never", "--quiet", "--no-index"});
     };
     const char *const once = "reading the files once";
-    bench::PrintTable({
+    std::vector<bench::Row> rows = {
         bench::Compare("health, one worker", withWorkers(1), once, readAll, kRounds),
         bench::Compare("health, two workers", withWorkers(2), once, readAll, kRounds),
         bench::Compare("zelkctl health", zelkctl, once, readAll, kRounds),
         compareFigures(folder, kRounds),
         {"health, peak memory", "wanted", memory, 400, "MB"},
-    });
+    };
+    for (bench::Row &row : compareSecondRuns(folder, kRounds))
+        rows.push_back(std::move(row));
+    bench::PrintTable(rows);
     std::printf("%zu files read\n", files.size());
     return 0;
 }

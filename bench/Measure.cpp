@@ -7,8 +7,10 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <limits>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace bench {
@@ -70,6 +72,30 @@ void ReadOnce(const std::vector<std::string> &files)
         std::setvbuf(file.get(), nullptr, _IONBF, 0);
         while (std::fread(buffer.data(), 1, buffer.size(), file.get()) == buffer.size())
             continue;
+    }
+}
+
+std::vector<std::string> FoldersBelow(const std::string &folder)
+{
+    std::vector<std::string> folders = {folder};
+    for (const std::filesystem::directory_entry &entry :
+         std::filesystem::recursive_directory_iterator(folder))
+        if (entry.is_directory())
+            folders.push_back(entry.path().string());
+    return folders;
+}
+
+void ListOnce(const std::vector<std::string> &folders)
+{
+    for (const std::string &folder : folders) {
+        std::error_code error;
+        std::filesystem::directory_iterator entry(folder, error);
+        while (!error && entry != std::filesystem::directory_iterator())
+            entry.increment(error);
+        if (error) {
+            std::fprintf(stderr, "cannot list %s\n", folder.c_str());
+            std::exit(1);
+        }
     }
 }
 

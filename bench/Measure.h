@@ -28,6 +28,11 @@ double Milliseconds(const std::function<void()> &work);
 /// Reads files from start to end, in blocks of 1 MiB. Ends the program if one cannot be opened.
 void ReadOnce(const std::vector<std::string> &files);
 
+/// Returns a folder and all folders below it.
+std::vector<std::string> FoldersBelow(const std::string &folder);
+/// Lists each folder once. Ends the program if one cannot be listed.
+void ListOnce(const std::vector<std::string> &folders);
+
 /// Runs both alternately and stores the shortest time of each, because disturbances only add time.
 /// For processor times it uses the sums, because they are disturbed less and their clock is coarse.
 Row Compare(std::string what, const std::function<void()> &work, std::string yardstick,

@@ -33,9 +33,8 @@ void HealthRun::openIndex(std::int64_t begin)
 
 void HealthRun::saveIndex()
 {
-    if (m_index && !m_stopped)
-        m_index->Save(m_options.filter.empty() ? host::SavedIndex::Extent::Whole
-                                               : host::SavedIndex::Extent::Part);
+    if (m_index && !m_stopped && m_options.filter.empty())
+        m_index->Save(host::SavedIndex::Extent::Whole);
 }
 
 void HealthRun::pack(host::Packer &out, const Unit &unit)
@@ -58,7 +57,7 @@ HealthRun::Unit HealthRun::unpack(host::Unpacker &in) const
     unit.user = in.Text();
     unit.drafts = UnpackDrafts(in);
     for (std::uint64_t left = in.Number(); left > 0 && in.IsGood(); --left) {
-        const auto kind = static_cast<Kind>(in.Number());
+        const auto kind = UnpackKind(in);
         const std::string path(in.Text()), stock(in.Text());
         unit.uses.push_back({m_shared.Get(kind, path, stock), UnpackProfiles(in)});
     }
@@ -99,7 +98,7 @@ HealthRun::Unit HealthRun::keptConsist(const std::string &path) const
         made.push_back(consist(path));
         return made;
     });
-    return std::move(units.front());
+    return units.empty() ? consist(path) : std::move(units.front());
 }
 
 /// True for a unit that names an installed vehicle. A recorded result then depends on that fact and

@@ -38,8 +38,8 @@ struct HealthOptions
     std::vector<std::string> consists;
     bool routes = false;  ///< also checks the routes' own shapes and textures
     bool keepAll = false; ///< also reports references that are in order
-    /// The saved index, which is used unless `keepAll` or `consists` is set, and saved unless
-    /// the run is stopped. The report is the same with and without it.
+    /// The saved index, which is used unless `keepAll` or `consists` is set. Saved after a
+    /// whole run. The report is the same with and without it.
     host::IndexOptions index = {};
     std::size_t workers = host::DefaultWorkers();
     std::chrono::milliseconds firstPartial{500}; ///< time before the first findings are handed out

@@ -11,9 +11,10 @@ template <typename Enum> void packEnum(host::Packer &out, Enum value)
     out.Number(static_cast<std::uint64_t>(value));
 }
 
-template <typename Enum> Enum unpackEnum(host::Unpacker &in)
+/// Returns a value up to `last`.
+template <typename Enum> Enum unpackEnum(host::Unpacker &in, Enum last)
 {
-    return static_cast<Enum>(in.Number());
+    return static_cast<Enum>(in.Index(static_cast<std::size_t>(last)));
 }
 
 void pack(host::Packer &out, const std::vector<Reference::Name> &names)
@@ -54,7 +55,7 @@ void pack(host::Packer &out, const Reference &reference)
 Reference unpackReference(host::Unpacker &in)
 {
     Reference reference;
-    reference.kind = unpackEnum<Kind>(in);
+    reference.kind = UnpackKind(in);
     reference.profiles = UnpackProfiles(in);
     reference.notNeeded = in.Flag();
     reference.wants = in.Text();
@@ -81,7 +82,7 @@ void pack(host::Packer &out, const Resolution &resolution)
 Resolution unpackResolution(host::Unpacker &in)
 {
     Resolution resolution;
-    resolution.answer = unpackEnum<Answer>(in);
+    resolution.answer = unpackEnum(in, Answer::Nowhere);
     resolution.foundAt = in.Text();
     for (std::uint64_t left = in.Number(); left > 0 && in.IsGood(); --left)
         resolution.looked.emplace_back(in.Text());
@@ -99,12 +100,17 @@ Draft unpackDraft(host::Unpacker &in)
     for (Resolution &resolution : draft.at)
         resolution = unpackResolution(in);
     draft.rule = in.Text();
-    draft.severity = unpackEnum<Severity>(in);
+    draft.severity = unpackEnum(in, Severity::Error);
     draft.detail = in.Text();
     return draft;
 }
 
 } // namespace
+
+Kind UnpackKind(host::Unpacker &in)
+{
+    return unpackEnum(in, Kind::RouteTexture);
+}
 
 void Pack(host::Packer &out, Profiles profiles)
 {
@@ -164,7 +170,7 @@ StockFacts UnpackFacts(host::Unpacker &in)
         *text = in.Text();
     facts.isMissing = in.Flag();
     for (StockFacts::Number &number : facts.numbers) {
-        number.state = unpackEnum<Figure::State>(in);
+        number.state = unpackEnum(in, Figure::State::Negative);
         number.value = std::bit_cast<double>(in.Word());
     }
     return facts;

@@ -17,6 +17,8 @@ inline constexpr std::string_view kKeptVersion = " 1 ";
 void Pack(host::Packer &out, const std::vector<Draft> &drafts);
 std::vector<Draft> UnpackDrafts(host::Unpacker &in);
 
+Kind UnpackKind(host::Unpacker &in);
+
 void Pack(host::Packer &out, Profiles profiles);
 Profiles UnpackProfiles(host::Unpacker &in);
 

@@ -74,8 +74,6 @@ StockReader::~StockReader()
     }
     m_wake.notify_all();
     m_threads.clear();
-    if (m_disk && m_disk->index)
-        m_disk->index->Save(host::SavedIndex::Extent::Part);
 }
 
 void StockReader::ReadFacts(std::vector<install::StockItem> items)
@@ -171,6 +169,11 @@ void StockReader::work()
         ++m_done;
         lock.lock();
         m_idle.notify_all();
+        if (IsBusy())
+            continue;
+        lock.unlock();
+        saveIndex();
+        lock.lock();
     }
 }
 
@@ -194,6 +197,7 @@ void StockReader::readFacts(const install::StockItem &item)
 StockFacts StockReader::factsOf(const install::StockItem &item)
 {
     host::SavedIndex *const index = disk().index.get();
+    const std::shared_lock lock(m_indexMutex);
     const std::string key = keyOf(item);
     if (const auto kept = index ? index->Find(key) : std::nullopt) {
         host::Unpacker in(*kept);
@@ -206,6 +210,15 @@ StockFacts StockReader::factsOf(const install::StockItem &item)
     if (index)
         index->Keep(key, out.Bytes(), recording.Take());
     return facts;
+}
+
+void StockReader::saveIndex()
+{
+    Disk *const disk = m_ready;
+    if (!disk || !disk->index)
+        return;
+    const std::unique_lock lock(m_indexMutex);
+    disk->index->Save(host::SavedIndex::Extent::Part);
 }
 
 void StockReader::readUnit(const install::StockItem &item)

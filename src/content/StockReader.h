@@ -40,9 +40,10 @@ class StockReader
 {
 public:
     /// `folder` is the installation folder, which must not be "". Threads start with the first
-    /// request. Facts come from the saved index as long as they hold.
+    /// request. Facts come from the saved index as long as they hold; it is saved when all requests
+    /// have been carried out.
     StockReader(std::string folder, std::size_t workers, host::IndexOptions index = {});
-    /// Drops all requests, waits for the files that are being read, and saves the index.
+    /// Drops all requests and waits for the files that are being read.
     ~StockReader();
     StockReader(const StockReader &) = delete;
     StockReader &operator=(const StockReader &) = delete;
@@ -75,6 +76,7 @@ private:
     Disk &disk();
     void readFacts(const install::StockItem &item);
     StockFacts factsOf(const install::StockItem &item);
+    void saveIndex();
     void readUnit(const install::StockItem &item);
     void readConsist(ConsistSheet &sheet);
     void keep(const install::StockItem &item, StockFacts facts);
@@ -85,6 +87,7 @@ private:
     std::once_flag m_opened;
     std::unique_ptr<Disk> m_disk;          ///< created by the first job
     std::atomic<Disk *> m_ready = nullptr; ///< m_disk, once it is there
+    std::shared_mutex m_indexMutex;        ///< exclusive while the index is saved
     mutable std::shared_mutex m_factsMutex;
     std::unordered_map<std::string, std::shared_ptr<const StockFacts>> m_facts; ///< upper case
     std::mutex m_mutex;

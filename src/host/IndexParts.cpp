@@ -158,6 +158,7 @@ std::uint32_t SavedIndex::New::FactOf(std::string_view text)
 std::string SavedIndex::New::Pack(std::int64_t now)
 {
     m_tables.savedAt = now;
+    m_packedUnits = m_tables.units.size();
     if (m_tables.places.empty())
         PlaceOf(std::string_view(m_root));
     return m_tables.Pack();
@@ -360,6 +361,7 @@ std::uint32_t SavedIndex::Old::copyPlace(std::uint32_t place, New &to)
 
 void SavedIndex::Old::CopyTo(New &to)
 {
+    m_isStale = false;
     m_copied.assign(m_tables.places.size(), kNone);
     for (std::size_t unit = 0; unit < m_tables.units.size(); ++unit) {
         if (!m_used[unit])

@@ -21,7 +21,8 @@ public:
     /// `root` is absolute. Marks of `begin` or later are not trusted.
     New(Snapshot &snapshot, std::string root, std::string identity, std::int64_t begin);
 
-    bool IsEmpty() const { return m_tables.units.empty(); }
+    /// True if a result was added since the last Pack.
+    bool HasChanged() const { return m_tables.units.size() != m_packedUnits; }
     void Add(std::string_view key, std::string_view value, const Dependencies &dependencies);
     std::uint32_t FactOf(std::string_view text);
 
@@ -51,6 +52,7 @@ private:
     std::int64_t m_begin;
     std::mutex m_mutex;
     IndexTables m_tables;
+    std::size_t m_packedUnits = 0;
     std::unordered_map<const Place *, std::uint32_t> m_places;
     Numbers m_placesByPath, m_folders, m_facts, m_units;
     std::unordered_map<std::uint64_t, std::vector<std::uint32_t>> m_files; ///< by a hash
@@ -71,6 +73,7 @@ public:
     void FindAll(const FactHolds &factHolds);
     /// True if everything was found and the marks need no update.
     bool IsCurrent() const;
+    /// Copies what was found. The marks are then up to date.
     void CopyTo(New &to);
 
 private:

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 #include <system_error>
 #include <vector>
 
@@ -25,6 +26,16 @@ constexpr std::size_t kMostFiles = 16;
 std::string prefixOf(const std::string &root)
 {
     return Fingerprint(path::Absolute(root)) + '-';
+}
+
+/// The index only saves time, so a run continues without it.
+template <typename Work> void ignoringLackOfMemory(const Work &work)
+{
+    try {
+        work();
+    } catch (const std::bad_alloc &) {
+        return;
+    }
 }
 
 /// Does not flush: a torn file is recognised by its checksum.
@@ -62,9 +73,11 @@ SavedIndex::SavedIndex(Snapshot &snapshot, const IndexOptions &options, std::int
     m_file = disk::Join(options.folder,
                         prefixOf(root) + Fingerprint(identity) + std::string(kExtension));
     m_new = std::make_unique<New>(snapshot, path::Absolute(root), identity, begin);
-    std::string bytes;
-    if (!disk::Read(m_file, kLargestFile, bytes))
-        m_old = Old::Of(snapshot, std::move(bytes), identity, begin);
+    ignoringLackOfMemory([&] {
+        std::string bytes;
+        if (!disk::Read(m_file, kLargestFile, bytes))
+            m_old = Old::Of(snapshot, std::move(bytes), identity, begin);
+    });
 }
 
 SavedIndex::~SavedIndex() = default;
@@ -86,14 +99,17 @@ void SavedIndex::Forget(const std::string &folder, const std::string &root)
 
 std::optional<std::string_view> SavedIndex::Find(std::string_view key)
 {
-    return m_old ? m_old->Find(key, FactHolds) : std::nullopt;
+    std::optional<std::string_view> value;
+    if (m_old)
+        ignoringLackOfMemory([&] { value = m_old->Find(key, FactHolds); });
+    return value;
 }
 
 void SavedIndex::Keep(std::string_view key, std::string_view value,
                       const Dependencies &dependencies)
 {
     if (dependencies.isComplete)
-        m_new->Add(key, value, dependencies);
+        ignoringLackOfMemory([&] { m_new->Add(key, value, dependencies); });
 }
 
 std::uint32_t SavedIndex::FactOf(std::string_view text)
@@ -103,12 +119,19 @@ std::uint32_t SavedIndex::FactOf(std::string_view text)
 
 void SavedIndex::Save(Extent extent)
 {
+    ignoringLackOfMemory([&] { save(extent); });
+}
+
+void SavedIndex::save(Extent extent)
+{
     if (m_old) {
         if (extent == Extent::Part)
             m_old->FindAll(FactHolds);
-        if (m_new->IsEmpty() && m_old->IsCurrent())
+        if (!m_new->HasChanged() && m_old->IsCurrent())
             return;
         m_old->CopyTo(*m_new);
+    } else if (!m_new->HasChanged()) {
+        return;
     }
     const std::string bytes = m_new->Pack(m_options.now());
     if (bytes.size() > kLargestFile || disk::MakeFolders(m_options.folder))

@@ -67,12 +67,14 @@ public:
         Part, ///< other results are saved too, if they still hold
         Whole ///< other results are dropped
     };
-    /// Saves the results that were found or kept.
+    /// Saves the results that were found or kept, unless the saved index has just these.
     void Save(Extent extent);
 
 private:
     class Old;
     class New;
+
+    void save(Extent extent);
 
     IndexOptions m_options;
     std::string m_file;

@@ -35,7 +35,7 @@ std::string pack(const Outcome &outcome)
 
 Verdict unpackVerdict(host::Unpacker &in)
 {
-    return static_cast<Verdict>(static_cast<int>(in.Number()) - 1);
+    return static_cast<Verdict>(static_cast<int>(in.Index(CodeOf(Verdict::Referenced) + 1)) - 1);
 }
 
 } // namespace

@@ -10,9 +10,7 @@
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <string>
-#include <thread>
 
 namespace {
 
@@ -20,12 +18,6 @@ namespace {
 std::int64_t later()
 {
     return host::disk::Now() + 10000000000;
-}
-
-/// Waits until the clock of the file system has certainly moved on.
-void waitForTick()
-{
-    std::this_thread::sleep_for(std::chrono::milliseconds(12));
 }
 
 std::string report(const CompleteInstallation &complete, content::HealthOptions options,
@@ -103,12 +95,26 @@ TEST(KeptUnitsTest, HealthAndFiguresAreTheSameAfterAnyChange)
                 << "seed " << seed << history;
             ASSERT_EQ(figures(complete, index), figures(complete, {}))
                 << "seed " << seed << history;
-            waitForTick();
+            support::RandomEdits::WaitForTick();
             for (int i = 0; i <= step % 3; ++i)
                 history += '\n' + edits.Step();
-            waitForTick();
+            support::RandomEdits::WaitForTick();
         }
     }
+}
+
+TEST(KeptUnitsTest, AChangeOfAnyFileIsNoticed)
+{
+    const CompleteInstallation complete(kMore);
+    const support::TempFolder cache;
+    content::HealthOptions withIndex;
+    withIndex.index = {cache.Path(), later};
+    support::RandomEdits edits(complete.Folder(), 0);
+    report(complete, withIndex);
+    edits.ChangeEachFile([&](const std::string &change) {
+        EXPECT_EQ(report(complete, withIndex), report(complete, {})) << change;
+        EXPECT_EQ(figures(complete, withIndex.index), figures(complete, {})) << change;
+    });
 }
 
 TEST(KeptUnitsTest, ASecondRunReadsOnlyChangedFiles)
@@ -120,7 +126,7 @@ TEST(KeptUnitsTest, ASecondRunReadsOnlyChangedFiles)
     int first = 0, second = 0, third = 0;
     const std::string json = report(complete, options, &first);
     EXPECT_EQ(report(complete, options, &second), json);
-    waitForTick();
+    support::RandomEdits::WaitForTick();
     complete.Folder().Write("TRAINS/TRAINSET/Other/o.wag", "Wagon ( o WagonShape ( none.s ) )");
     EXPECT_NE(report(complete, options, &third), json);
     EXPECT_GT(first, 20);
@@ -128,6 +134,22 @@ TEST(KeptUnitsTest, ASecondRunReadsOnlyChangedFiles)
     EXPECT_LT(second, first / 2);
     EXPECT_GE(third, second + 3) << "both vehicles of the folder, and consists";
     EXPECT_LT(third, second + 8);
+}
+
+TEST(KeptUnitsTest, StockFoldersThatConsistsWantAreNoticed)
+{
+    const CompleteInstallation complete(kMore);
+    const support::TempFolder cache;
+    content::HealthOptions withIndex;
+    withIndex.index = {cache.Path(), later};
+    const std::string before = report(complete, withIndex);
+    for (const char *const name :
+         {"TRAINS/TRAINSET/None/x.wag", "TRAINS/TRAINSET/Other/OpenRails/none.wag"}) {
+        support::RandomEdits::WaitForTick();
+        complete.Folder().Write(name, "Wagon ( x WagonShape ( x.s ) )");
+        EXPECT_EQ(report(complete, withIndex), report(complete, {})) << name;
+    }
+    EXPECT_NE(report(complete, {}), before);
 }
 
 TEST(KeptUnitsTest, FiguresOfAFewVehiclesKeepThoseOfTheOthers)

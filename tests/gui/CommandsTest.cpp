@@ -109,6 +109,7 @@ constexpr char kTree[] = R"(>mnuFile [&File]
  mnuViewStatusBar [Status &Bar]
  mnuViewPreview [Previe&w]
  mnuViewRefresh [&Refresh]
+ mnuViewRefreshAll [Refresh &Everything]
  -mnuViewReset [Reset &View]
  -mnuViewShowAll [S&how All]
  -mnuViewLoads [Freight &Loads]
@@ -343,6 +344,7 @@ constexpr Row kRows[] = {
     {From::List, "mnuViewStatusBar", "unchecked\n"},
     {From::List, "mnuViewPreview", "checked\n"},
     {From::List, "mnuViewRefresh", "list|Another Coal Freight North GP38 Local\n"},
+    {From::List, "mnuViewRefreshAll", "list|Another Coal Freight North GP38 Local\n"},
     {From::List, "mnuViewFilter",
      "input|Filter Consist List|Enter a filter string for consists:|\n"},
     {From::Editor, "mnuViewFilter", "input|Filter Stock List|Enter a filter string for stock:|\n"},

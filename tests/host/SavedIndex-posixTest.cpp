@@ -72,6 +72,28 @@ TEST_F(SavedIndexFailuresTest, FailuresLeaveAWholeIndexOrNone)
         }
 }
 
+TEST_F(SavedIndexFailuresTest, TargetsOfLinksAreLookedAt)
+{
+    const support::TempFolder other;
+    std::filesystem::create_symlink(other.Write("target", "0"), content.At("a.wag"));
+    const auto find = [this, &other](bool keep) {
+        host::GameFiles files;
+        host::Snapshot snapshot(files);
+        host::SavedIndex index(snapshot, {cache.Path(), later}, later(), content.Path(), "link");
+        const bool isKept = index.Find("a").has_value();
+        host::Recording recording;
+        EXPECT_EQ(snapshot.FileExists(content.At("a.wag")), other.Exists("target"));
+        if (keep)
+            index.Keep("a", "", recording.Take());
+        index.Save(host::SavedIndex::Extent::Whole);
+        return isKept;
+    };
+    find(true);
+    EXPECT_TRUE(find(false));
+    std::filesystem::remove(other.At("target"));
+    EXPECT_FALSE(find(false));
+}
+
 TEST_F(SavedIndexFailuresTest, ReadOnlyCacheIsNotAnError)
 {
     content.Write("a.wag", "0");

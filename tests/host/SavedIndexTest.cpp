@@ -145,16 +145,13 @@ TEST_F(SavedIndexTest, ReadsNothingBeyondForgedTables)
 TEST_F(SavedIndexTest, TwoProgramsAtOnceNeverMix)
 {
     const std::function<void()> work = [this] {
-        for (int i = 0; i < 60; ++i)
+        for (int i = 0; i < 60; ++i) {
             EXPECT_EQ(Run(*this).All(), "1 2 missing");
+            if (i % 3 == 0)
+                host::SavedIndex::Forget(cache.Path(), content.Path());
+        }
     };
     std::jthread first(work), second(work);
-    for (int i = 0; i < 200; ++i)
-        if (!cache.Names().empty() && cache.Exists(cache.Names().front()) &&
-            cache.Names().front().ends_with(".index")) {
-            EXPECT_TRUE(host::IndexTables::Unpack(cache.Read(cache.Names().front())));
-            std::this_thread::yield();
-        }
 }
 
 TEST_F(SavedIndexTest, ResultsOfClosedOrForeignFoldersAreNotKept)
@@ -167,6 +164,47 @@ TEST_F(SavedIndexTest, ResultsOfClosedOrForeignFoldersAreNotKept)
     first.index.Keep("x", "9", recording.Take());
     first.index.Save(host::SavedIndex::Extent::Whole);
     EXPECT_FALSE(Run(*this).index.Find("x"));
+}
+
+TEST_F(SavedIndexTest, FoldersThatAppearOrLeadElsewhereAreNoticed)
+{
+    content.MakeFolder("SOUND");
+    for (const char *const name : {"Sound", "Extra/Sound", "Trains/Extra"}) {
+        const std::string path = content.At(name);
+        Run first(*this);
+        {
+            host::Recording recording;
+            const std::string there = first.snapshot.FolderExists(path) ? "there" : "absent";
+            first.index.Keep("x", there, recording.Take());
+        }
+        first.index.Save(host::SavedIndex::Extent::Whole);
+        content.Write("TRAINS/more.wag", name);
+        EXPECT_TRUE(Run(*this).index.Find("x")) << name << ": other names do not matter";
+        content.MakeFolder(name);
+        EXPECT_FALSE(Run(*this).index.Find("x")) << name;
+    }
+}
+
+TEST_F(SavedIndexTest, FoldersThatDifferInCaseAreNoticed)
+{
+    if (host::disk::kIgnoresCase)
+        GTEST_SKIP() << "the system has only one folder of a name";
+    content.Write("TRAINS/Sub/b.wag", "1");
+    const std::string path = content.At("TRAINS/Sub/c.wag");
+    const auto isKept = [&] {
+        Run run(*this);
+        const bool found = run.index.Find("x").has_value();
+        host::Recording recording;
+        const std::string there = run.snapshot.FileExists(path) ? "there" : "absent";
+        if (!found)
+            run.index.Keep("x", there, recording.Take());
+        run.index.Save(host::SavedIndex::Extent::Whole);
+        return found;
+    };
+    EXPECT_FALSE(isKept());
+    EXPECT_TRUE(isKept());
+    content.Write("trains/SUB/c.wag", "2");
+    EXPECT_FALSE(isKept());
 }
 
 TEST_F(SavedIndexTest, FactsAreAskedAgain)

@@ -6,9 +6,21 @@
 #include <fstream>
 #include <iterator>
 #include <system_error>
+#include <thread>
 
 namespace support {
 namespace fs = std::filesystem;
+
+namespace {
+
+/// False for links that lead nowhere.
+bool isFolder(const fs::path &path)
+{
+    std::error_code error;
+    return fs::is_directory(path, error);
+}
+
+} // namespace
 
 RandomEdits::RandomEdits(const TempFolder &folder, std::uint32_t seed)
     : m_root(folder.Path())
@@ -27,8 +39,36 @@ std::string RandomEdits::Step()
         &RandomEdits::renameFolder, &RandomEdits::swapFolders,     &RandomEdits::changeCase,
         &RandomEdits::restoreOne,   &RandomEdits::restoreOne,      &RandomEdits::restoreOne,
         &RandomEdits::restoreAll,   &RandomEdits::replaceByFolder, &RandomEdits::linkFolder,
+        &RandomEdits::linkFile,
     };
     return (this->*kEdits[below(std::size(kEdits))])();
+}
+
+void RandomEdits::ChangeEachFile(const std::function<void(const std::string &)> &check)
+{
+    // Backwards, so that files in a folder change before those in folders below it.
+    for (auto file = m_original.rbegin(); file != m_original.rend(); ++file) {
+        const Path &path = file->first;
+        const std::string &bytes = file->second;
+        const auto checkLater = [&](const char *what) {
+            WaitForTick();
+            check(what + path.string());
+            WaitForTick();
+        };
+        if (!bytes.empty()) {
+            write(path, {});
+            checkLater("empty ");
+        }
+        fs::remove(path);
+        checkLater("delete ");
+        write(path, bytes);
+        checkLater("restore ");
+    }
+}
+
+void RandomEdits::WaitForTick()
+{
+    std::this_thread::sleep_for(std::chrono::milliseconds(12));
 }
 
 std::size_t RandomEdits::below(std::size_t count)
@@ -44,9 +84,11 @@ RandomEdits::Path RandomEdits::anyOf(const std::vector<Path> &paths)
 std::vector<RandomEdits::Path> RandomEdits::all(bool folders) const
 {
     std::vector<Path> found;
-    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(m_root))
-        if (folders ? entry.is_directory() : entry.is_regular_file())
+    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(m_root)) {
+        std::error_code error;
+        if (folders ? isFolder(entry.path()) : entry.is_regular_file(error))
             found.push_back(entry.path());
+    }
     std::sort(found.begin(), found.end());
     return found;
 }
@@ -87,7 +129,7 @@ std::string RandomEdits::createFile()
     const auto like =
         std::next(m_original.begin(), static_cast<std::ptrdiff_t>(below(m_original.size())));
     const Path path = anyFolder() / like->first.filename();
-    if (!fs::is_directory(path))
+    if (!isFolder(path))
         write(path, like->second);
     return "create " + path.string();
 }
@@ -126,7 +168,8 @@ std::string RandomEdits::exchangeContent()
 std::string RandomEdits::touch()
 {
     const Path file = anyFile();
-    fs::last_write_time(file, fs::file_time_type::clock::now());
+    std::error_code error;
+    fs::last_write_time(file, fs::file_time_type::clock::now(), error);
     return "touch " + file.string();
 }
 
@@ -184,7 +227,7 @@ std::string RandomEdits::changeCase()
         if (below(2))
             c = static_cast<char>((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ? c ^ 0x20 : c);
     // Sometimes beside the old one, so that names differ only in case.
-    if (below(2) || fs::is_directory(path) || fs::exists(path.parent_path() / name))
+    if (below(2) || isFolder(path) || fs::exists(fs::symlink_status(path.parent_path() / name)))
         return rename(path, path.parent_path() / name);
     write(path.parent_path() / name, bytesOf(path));
     return "copy " + path.string() + " to " + name;
@@ -194,7 +237,7 @@ std::string RandomEdits::restoreOne()
 {
     const auto file =
         std::next(m_original.begin(), static_cast<std::ptrdiff_t>(below(m_original.size())));
-    if (!fs::is_directory(file->first))
+    if (!isFolder(file->first))
         write(file->first, file->second);
     return "restore " + file->first.string();
 }
@@ -228,6 +271,17 @@ std::string RandomEdits::linkFolder()
     fs::remove_all(folder, error);
     fs::create_directory_symlink(target, folder, error);
     return "link " + folder.string() + " to " + target.string();
+}
+
+std::string RandomEdits::linkFile()
+{
+    const Path file = anyFile(), target = anyFile();
+    std::error_code error;
+    if (file == target)
+        return "link nothing";
+    fs::remove(file);
+    fs::create_symlink(target, file, error);
+    return "link " + file.string() + " to " + target.string();
 }
 
 } // namespace support

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <random>
 #include <string>
@@ -22,6 +23,12 @@ public:
 
     /// Makes one change and returns its description.
     std::string Step();
+    /// Empties, deletes and restores each file in turn. Calls `check` with a description after each
+    /// of these, when the clock of the file system has moved on.
+    void ChangeEachFile(const std::function<void(const std::string &)> &check);
+
+    /// Waits until the clock of the file system has certainly moved on.
+    static void WaitForTick();
 
 private:
     using Path = std::filesystem::path;
@@ -42,6 +49,7 @@ private:
     std::string restoreAll();
     std::string replaceByFolder();
     std::string linkFolder();
+    std::string linkFile();
 
     std::size_t below(std::size_t count);
     /// Return a file or folder that exists now; "" if there is none.

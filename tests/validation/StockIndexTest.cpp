@@ -6,9 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <string>
-#include <thread>
 
 namespace {
 
@@ -18,12 +16,6 @@ constexpr std::int64_t kSecond = 1000000000;
 std::int64_t later()
 {
     return host::disk::Now() + 10 * kSecond;
-}
-
-/// Waits until the clock of the file system has certainly moved on.
-void waitForTick()
-{
-    std::this_thread::sleep_for(std::chrono::milliseconds(12));
 }
 
 const Changes kMoreStock = {
@@ -101,12 +93,20 @@ TEST_F(StockIndexTest, ChecksFindTheSameAfterAnyChange)
             ASSERT_EQ(transcript(changing, {indexes.Path(), later}, setting),
                       transcript(changing, {}, setting))
                 << "seed " << seed << history;
-            waitForTick();
+            support::RandomEdits::WaitForTick();
             for (int i = 0; i <= step % 3; ++i)
                 history += '\n' + edits.Step();
-            waitForTick();
+            support::RandomEdits::WaitForTick();
         }
     }
+}
+
+TEST_F(StockIndexTest, AChangeOfAnyFileIsNoticed)
+{
+    support::RandomEdits edits(small.Folder(), 0);
+    withIndex();
+    edits.ChangeEachFile(
+        [&](const std::string &change) { EXPECT_EQ(withIndex(), without()) << change; });
 }
 
 TEST_F(StockIndexTest, ASecondCheckFindsEverythingInTheIndex)

@@ -34,7 +34,7 @@ _zelkctl_command() {
     'check use') options="--stock --consist --route $checks" ;;
     health)
       options='--profile --filter --routes --consist --format --json --out --fail-on --verbose --quiet'
-      options+=' --baseline --write-baseline'
+      options+=' --baseline --write-baseline --no-index'
       ;;
     sheet) files=con names=consists options='--units --json' ;;
     figures) files='eng|wag' options='--json' ;;
@@ -54,7 +54,7 @@ _zelkctl_command() {
 
 _zelkctl() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command='' i
-  local words='' files='' names='' options='' checks='--json --verbose --quiet --report'
+  local words='' files='' names='' options='' checks='--json --verbose --no-index --quiet --report'
   for ((i = 1; i < COMP_CWORD; ++i)); do
     case $command/${COMP_WORDS[i]} in
       */--msts) i=$((i + 1)) ;;

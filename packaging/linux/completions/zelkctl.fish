@@ -13,6 +13,7 @@ complete -c zelkctl -n '__fish_seen_subcommand_from list check health sheet figu
 set -l checking '__fish_seen_subcommand_from check'
 complete -c zelkctl -n "$checking; and not __fish_seen_subcommand_from $checks" -f -a "$checks"
 complete -c zelkctl -n $checking -l verbose -d 'Also report what is in order'
+complete -c zelkctl -n $checking -l no-index -d 'Check everything, also what has not changed'
 complete -c zelkctl -n $checking -l quiet -d 'Show no progress'
 complete -c zelkctl -n $checking -r -l report -d 'Append the findings to this log'
 complete -c zelkctl -n $checking -l no-consists -d 'Do not look for consists (stock)'
@@ -33,6 +34,7 @@ complete -c zelkctl -n $health -x -l consist -d 'Only these consists' \
 complete -c zelkctl -n $health -r -l baseline -d 'Report only changes since this baseline'
 complete -c zelkctl -n $health -r -l write-baseline -d 'Write a baseline to this file'
 complete -c zelkctl -n $health -l verbose -d 'Also report what is in order'
+complete -c zelkctl -n $health -l no-index -d 'Check everything, also what has not changed'
 complete -c zelkctl -n $health -l quiet -d 'Show no progress'
 
 complete -c zelkctl -n '__fish_seen_subcommand_from sheet' -a '(zelkctl list consists 2>/dev/null)'

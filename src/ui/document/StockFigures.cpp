@@ -56,7 +56,8 @@ content::StockReader *StockFigures::reader()
         Forget();
     if (!m_reader && !folder.empty()) {
         m_folder = folder;
-        m_reader = std::make_unique<content::StockReader>(folder, workers());
+        m_reader = std::make_unique<content::StockReader>(
+            folder, workers(), host::IndexOptions{host::SavedIndex::UserFolder()});
         m_seen = 0;
     }
     m_timer.start();

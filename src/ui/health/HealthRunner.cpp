@@ -103,6 +103,7 @@ bool HealthRunner::run(Work &work, host::GameFiles &files, const std::string &fo
 {
     content::HealthOptions options;
     options.consists = consists;
+    options.index.folder = host::SavedIndex::UserFolder();
     content::HealthRun run(files, folder, std::move(options));
     struct Registered
     {

@@ -38,6 +38,7 @@ TSValidation &CheckView::NewValidator()
     validator.MessageRaised = [this](const std::string &message, std::int16_t level) {
         m_window.Validator_MessageRaised(message, level);
     };
+    validator.SetIndex({host::SavedIndex::UserFolder()});
     m_errorsFound = 0;
     m_sinceEvents.invalidate();
     return validator;

@@ -54,7 +54,7 @@ enum class Command
     StockReplace, StockUndoReplace,
 
     ViewToolbar, ViewStatusBar, ViewPreview,
-    ViewRefresh, ViewReset, ViewShowAll, ViewLoads, ViewFilter, ViewOptions,
+    ViewRefresh, ViewRefreshAll, ViewReset, ViewShowAll, ViewLoads, ViewFilter, ViewOptions,
     ViewTS, ViewTSE, ViewShapeViewer,
     ViewPictures,
     ViewFromFront, ViewFromRear, ViewFromAbove, ViewFromOtherSide,
@@ -328,6 +328,9 @@ inline constexpr CommandRow kCommands[] = {
 
     {Command::ViewRefresh, Menu::View, 2, "mnuViewRefresh", "&Refresh", "F5", "refresh",
      "Read the window's content again", when::AnyWindow, [](Handlers &on) { on.view.Refresh(); }},
+    {Command::ViewRefreshAll, Menu::View, 2, "mnuViewRefreshAll", "Refresh &Everything", "Shift+F5",
+     "", "Read all windows again; the next check also reads what has not changed", when::Always,
+     [](Handlers &on) { on.view.RefreshEverything(); }},
     {Command::ViewReset, Menu::View, 2, "mnuViewReset", "Reset &View", "Home", "reset-view",
      "Go back to the first view", when::View, [](Handlers &on) { on.view.Reset(); }},
     {Command::ViewShowAll, Menu::View, 2, "mnuViewShowAll", "S&how All", "End", "",

@@ -4,9 +4,12 @@
 #include "document/WindowMode.h"
 #include "host/Dialogs.h"
 #include "host/GameFiles.h"
+#include "host/SavedIndex.h"
+#include "install/Environment.h"
 #include "ui/main/MainStatusBar.h"
 #include "ui/main/frmMain.h"
 
+#include <QMdiArea>
 #include <QToolBar>
 
 namespace app {
@@ -30,14 +33,18 @@ public:
 
     void Refresh()
     {
-        frmDocument *active = m_window.ActiveDocument();
         m_window.Environment().files.Refresh();
-        if (!active)
-            return;
-        const bool drops =
-            active->Changed() && m_window.Environment().files.FileExists(active->FileName());
-        if (!drops || mayDropChanges())
-            active->RefreshForm();
+        if (frmDocument *active = m_window.ActiveDocument())
+            refresh(*active);
+    }
+
+    void RefreshEverything()
+    {
+        m_window.Environment().files.Refresh();
+        forgetIndexes();
+        for (frmDocument *document : m_window.Documents())
+            refresh(*document);
+        forgetIndexes(); // the figures that were being read may have been saved since
     }
 
     void Reset()
@@ -72,6 +79,20 @@ public:
     }
 
 private:
+    void refresh(frmDocument &document)
+    {
+        const bool drops =
+            document.Changed() && m_window.Environment().files.FileExists(document.FileName());
+        if (drops)
+            document.mdiArea()->setActiveSubWindow(&document);
+        if (!drops || mayDropChanges())
+            document.RefreshForm();
+    }
+    void forgetIndexes()
+    {
+        host::SavedIndex::Forget(host::SavedIndex::UserFolder(),
+                                 m_window.Environment().installation.CurrentFolder());
+    }
     bool mayDropChanges()
     {
         return m_window.Environment().dialogs.Message(
