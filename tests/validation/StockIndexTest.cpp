@@ -122,7 +122,7 @@ TEST_F(StockIndexTest, ASecondCheckFindsEverythingInTheIndex)
 
 TEST_F(StockIndexTest, NewFilesAreCheckedAgain)
 {
-    const host::IndexOptions now{cache.Path(), false, [at = host::disk::Now()] { return at; }};
+    const host::IndexOptions now{cache.Path(), [at = host::disk::Now()] { return at; }};
     small.Folder().Write("Trains/Trainset/B/b.wag", "Wagon ( n )");
     EXPECT_EQ(transcript(small, now, {}), without());
     const auto saved = savedIndex();
