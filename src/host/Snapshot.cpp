@@ -195,6 +195,15 @@ template <typename Place> bool listsAll(const Place &place)
                        [](const auto &listed) { return listed.second; });
 }
 
+/// Reads a file that exists; the error names the path that consists of two parts.
+void read(const std::string &file, std::string_view folder, std::string_view name,
+          std::string &bytes)
+{
+    if (const auto failure = disk::Read(file, GameFiles::kReadLimit, bytes))
+        throw RuntimeError(failure->number,
+                           std::string(folder).append(name) + ": " + failure->reason);
+}
+
 /// A file that no listing shows may still exist: in a folder that cannot be listed, or under a
 /// Windows short name.
 std::optional<std::string> unlisted(std::string_view path)
@@ -236,17 +245,31 @@ Snapshot::Folder::Folder(Snapshot &snapshot, std::string folder)
 {
 }
 
-bool Snapshot::Folder::FileExists(std::string_view name)
+const void *Snapshot::Folder::placeOf(std::string_view name)
 {
-    const bool isPlain =
-        Places::IsPlain(name) && std::none_of(name.begin(), name.end(), IsSeparator);
-    if (!isPlain || FilesUsed::IsRecording())
-        return m_snapshot.FileExists(m_path + std::string(name));
+    if (!Places::IsPlain(name) || std::any_of(name.begin(), name.end(), IsSeparator) ||
+        FilesUsed::IsRecording())
+        return nullptr;
     if (!m_place)
         m_place = m_snapshot.m_places->Known(m_path);
-    const auto *const place = static_cast<const Places::Place *>(m_place);
+    return m_place;
+}
+
+bool Snapshot::Folder::FileExists(std::string_view name)
+{
+    const auto *const place = static_cast<const Places::Place *>(placeOf(name));
     return (place && Places::FileOf({place, name, {}})) ||
            m_snapshot.FileExists(m_path + std::string(name));
+}
+
+bool Snapshot::Folder::ReadFileInto(std::string &bytes, std::string_view name)
+{
+    const auto *const place = static_cast<const Places::Place *>(placeOf(name));
+    const Places::Hit hit = place ? Places::FileOf({place, name, {}}) : Places::Hit();
+    if (!hit)
+        return m_snapshot.ReadFileInto(bytes, m_path + std::string(name));
+    read(hit.Path(), m_path, name, bytes);
+    return true;
 }
 
 const void *Snapshot::IdentityOf(std::string_view path)
@@ -276,8 +299,7 @@ bool Snapshot::ReadFileInto(std::string &bytes, std::string_view path)
     const std::optional<std::string> file = FindFile(path);
     if (!file)
         return false;
-    if (const auto failure = disk::Read(*file, GameFiles::kReadLimit, bytes))
-        throw RuntimeError(failure->number, std::string(path) + ": " + failure->reason);
+    read(*file, path, {}, bytes);
     return true;
 }
 
