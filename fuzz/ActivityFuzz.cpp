@@ -2,6 +2,7 @@
 // Activities: for any bytes, the reader finds the loose consists or reports why it cannot, and
 // their units can be enumerated.
 #include "ScratchFile.h"
+#include "host/GameFiles.h"
 #include "host/RuntimeError.h"
 #include "install/Train.h"
 #include "viewer/LooseConsists.h"

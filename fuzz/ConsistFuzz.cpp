@@ -1,28 +1,17 @@
 // SPDX-License-Identifier: MIT
-// Compares the consist editor with a simple model of it: units in a vector. The input is a train
-// followed by edits. After every edit both must agree, and the saved file must read back as the
-// model predicts.
-#include "ScratchFile.h"
-#include "document/ConsistTree.h"
-#include "host/RuntimeError.h"
-
-#include <algorithm>
-#include <cstdint>
-#include <cstdlib>
+// Compares the editing buttons with a simple model: units in a vector and the unit counter. The
+// input is a train followed by edits of single rows. After every edit both must agree, and the
+// bytes of a save must read back as the model predicts.
+#include "Trains.h"
+#include "host/GameFiles.h"
 
 namespace {
 
 using document::Move;
 
-struct Unit
-{
-    document::StockItem item;
-    bool flipped = false;
-};
-
 struct Model
 {
-    std::vector<Unit> units;
+    std::vector<ModelUnit> units;
     int counter = 0;
     bool hasCounter = false;
 
@@ -53,77 +42,40 @@ void Model::Press(Move move, int row, const document::StockItem &stock)
     }
 }
 
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
 void requireSame(const document::ConsistTree &tree, const Model &model)
 {
-    require(tree.Rows().size() == model.units.size());
-    for (std::size_t i = 0; i < model.units.size(); ++i) {
-        document::StockItem expected = model.units[i].item;
-        expected.type += model.units[i].flipped ? "*" : "";
-        require(tree.Rows()[i].item == expected);
-    }
+    RequireRows(tree, model.units);
     const StfNode cfg = tree.Document().FindNode("Train").Child("TrainCfg");
     const StfNode counter = cfg.Child("NextWagonUID");
-    require(static_cast<bool>(counter) == model.hasCounter);
-    require(!counter || counter.Parameter(0) == std::to_string(model.counter));
-}
-
-document::StockItem stockFor(std::uint8_t choice)
-{
-    static const char *const kNames[] = {"a", "b c", "\xC3\xA9(", "x\"y", "+", "#", "_i", "1"};
-    return {choice & 1 ? "Engine" : "Wagon", kNames[choice >> 1 & 7], kNames[choice >> 4 & 7]};
-}
-
-/// A train of up to seven units as authors write them, with other blocks between them.
-std::string trainFor(std::uint8_t choice, std::uint8_t spice, Model &model)
-{
-    model.hasCounter = spice & 1;
-    std::string text = "SIMISA@@@@@@@@@@JINX0D0t______\n\nTrain (\n TrainCfg ( \"x\"\n";
-    text += spice & 2 ? " MaxVelocity ( 1 2 )\n" : " Name ( \"x\" )\n";
-    if (model.hasCounter)
-        text += "  NextWagonUID ( " + std::to_string(choice % 8) + " )\n";
-    model.counter = model.hasCounter ? choice % 8 : 0;
-    for (int i = 0; i < choice % 8; ++i) {
-        const bool engine = (choice >> 3) + i & 1, flipped = spice >> 2 & i & 1;
-        const std::string type = engine ? "Engine" : "Wagon", shape = "s" + std::to_string(i);
-        text.append(type).append(flipped ? " ( Flip ( ) UiD ( 0 ) " : " ( UiD ( 0 ) ");
-        text.append(type).append("Data ( ").append(shape).append(" \"my folder\" ) )\n");
-        if (spice & 16)
-            text += "  Comment ( Engine ( x ) )\n";
-        model.units.push_back({{type, "my folder", shape}, flipped});
-    }
-    return text + " )\n)\n";
+    Require(static_cast<bool>(counter) == model.hasCounter);
+    Require(!counter || counter.Parameter(0) == std::to_string(model.counter));
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    static const ScratchFile file("x.con");
     static host::GameFiles files;
-    if (size < 2)
-        return 0;
+    Input input(data, size);
+    const std::uint8_t choice = input.Byte(), spice = input.Byte();
     Model model;
-    file.Write(trainFor(data[0], data[1], model));
+    const std::string text = TrainFor(choice, spice, model.units);
+    model.hasCounter = spice & 1;
+    model.counter = model.hasCounter ? choice % 8 : 0;
     document::ConsistTree tree(files);
-    tree.Load(file.Path());
+    tree.Restore({}, text, false);
     requireSame(tree, model);
-    for (std::size_t i = 2; i + 1 < size && i < 200; i += 2) {
-        const Move move = static_cast<Move>(data[i] % 6);
-        const int row = data[i] / 6 % (static_cast<int>(model.units.size()) + 2);
-        const document::StockItem stock = stockFor(data[i + 1]);
-        require(tree.Edit(move, row, &stock).message.empty());
+    for (int edits = 0; !input.IsAtEnd() && edits < 100; ++edits) {
+        const std::uint8_t what = input.Byte();
+        const Move move = static_cast<Move>(what % 6);
+        const int row = what / 6 % (static_cast<int>(model.units.size()) + 2);
+        const document::StockItem stock = StockFor(input.Byte());
+        Require(tree.Edit(move, row, &stock).message.empty());
         model.Press(move, row, stock);
         requireSame(tree, model);
     }
-    tree.Save(file.Path());
     document::ConsistTree again(files);
-    again.Load(file.Path());
+    again.Restore({}, tree.Document().ToBytes(), false);
     requireSame(again, model);
     return 0;
 }

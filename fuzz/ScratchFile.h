@@ -30,13 +30,23 @@ public:
     ScratchFile &operator=(const ScratchFile &) = delete;
 
     const std::string &Path() const { return m_path; }
-    void Write(std::string_view bytes) const
+    void Write(std::string_view bytes) const { write(m_path, bytes); }
+    /// Writes another file, in this folder or one below it.
+    void Write(const std::string &name, std::string_view bytes) const
     {
-        std::ofstream(m_path, std::ios::binary)
+        const std::filesystem::path path = m_folder / name;
+        std::filesystem::create_directories(path.parent_path());
+        write(path, bytes);
+    }
+    const std::filesystem::path &Folder() const { return m_folder; }
+
+private:
+    static void write(const std::filesystem::path &path, std::string_view bytes)
+    {
+        std::ofstream(path, std::ios::binary)
             .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     }
 
-private:
     std::filesystem::path m_folder;
     std::string m_path;
 };

@@ -51,7 +51,7 @@ ReadResult ParseFile(std::string bytes)
     return result;
 }
 
-bool FileStore::isAbsent(std::string_view folder)
+const FileStore::Sought &FileStore::lookFor(std::string_view folder)
 {
     const std::string key(folder);
     {
@@ -59,9 +59,19 @@ bool FileStore::isAbsent(std::string_view folder)
         if (const auto known = m_absent.find(key); known != m_absent.end())
             return known->second;
     }
-    const bool absent = !m_folders.FolderExists(folder);
+    host::Recording recording;
+    const bool isAbsent = !m_folders.FolderExists(folder);
     const std::unique_lock lock(m_absentMutex);
-    return m_absent.emplace(key, absent).first->second;
+    return m_absent.try_emplace(key, Sought{isAbsent, recording.Take()}).first->second;
+}
+
+bool FileStore::isAbsent(std::string_view folder)
+{
+    const Sought &sought = lookFor(folder); // references into the table stay valid
+    host::Recording *const recording = host::Recording::Current();
+    if (sought.isAbsent && recording)
+        recording->Add(sought.dependencies);
+    return sought.isAbsent;
 }
 
 std::optional<std::string> FileStore::Find(const std::string &path)
@@ -80,7 +90,7 @@ std::string FileStore::Bytes(const std::string &path, std::string &fault) const
     std::string bytes;
     if (FileRead)
         FileRead(path);
-    if (const auto failure = host::disk::Read(path, host::GameFiles::kReadLimit, bytes)) {
+    if (const auto failure = host::Snapshot::ReadRecorded(path, bytes)) {
         fault = failure->reason;
         bytes.clear();
     }
@@ -104,8 +114,13 @@ std::shared_ptr<const ReadResult> FileStore::ReadShared(const std::string &path)
             place = std::make_shared<Kept>();
         kept = place;
     }
-    std::call_once(kept->once,
-                   [&] { kept->result = std::make_shared<const ReadResult>(Read(path)); });
+    std::call_once(kept->once, [&] {
+        host::Recording recording;
+        kept->result = std::make_shared<const ReadResult>(Read(path));
+        kept->dependencies = recording.Take();
+    });
+    if (host::Recording *const recording = host::Recording::Current())
+        recording->Add(kept->dependencies);
     return kept->result;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/Recording.h"
 #include "host/Snapshot.h"
 #include "stavfile/Source.h"
 
@@ -54,13 +55,21 @@ private:
     {
         std::once_flag once;
         std::shared_ptr<const ReadResult> result;
+        host::Dependencies dependencies;
     };
 
+    /// A folder that may not exist.
+    struct Sought
+    {
+        bool isAbsent = false;
+        host::Dependencies dependencies;
+    };
+    const Sought &lookFor(std::string_view folder);
     bool isAbsent(std::string_view folder);
 
     host::Snapshot &m_folders;
     std::shared_mutex m_absentMutex;
-    std::unordered_map<std::string, bool> m_absent; ///< by folder; true if it does not exist
+    std::unordered_map<std::string, Sought> m_absent; ///< by folder
     std::mutex m_mutex;
     std::unordered_map<std::string, std::shared_ptr<Kept>> m_kept;
 };

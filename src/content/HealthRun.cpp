@@ -74,12 +74,14 @@ Draft lostFirstLine(const std::string &path, const char *detail)
 
 HealthRun::HealthRun(host::GameFiles &files, const std::string &folder, HealthOptions options)
     : m_options(std::move(options))
+    , m_begin(m_options.index.now())
     , m_snapshot(std::make_unique<host::Snapshot>(files))
     , m_store(*m_snapshot)
     , m_folders(*m_snapshot, folder)
     , m_resolver(m_store, m_folders)
     , m_shared(m_resolver, m_options.keepAll)
 {
+    openIndex(m_begin);
 }
 
 HealthRun::~HealthRun() = default;
@@ -118,6 +120,7 @@ HealthReport HealthRun::Run()
         }
         if (m_options.routes)
             readWorlds();
+        saveIndex();
     }
     return report();
 }
@@ -134,7 +137,7 @@ void HealthRun::readStock()
     m_checked.stockFolders = folders.size();
     workOn(
         folders.size(),
-        [&](std::size_t i) { return stockFolder(folders[i].first, folders[i].second); },
+        [&](std::size_t i) { return keptStockFolder(folders[i].first, folders[i].second); },
         [this](Units &&units) {
             for (Unit &unit : units) {
                 addStock(unit.user);
@@ -317,7 +320,10 @@ bool HealthRun::isKnownUnit(const Reference &reference) const
     if (!skipsKnownUnits())
         return false;
     const std::string key = unitKey(reference);
-    return m_stock.contains(host::ToUpper(key)) || m_units.Has(key);
+    if (isInStock(key))
+        return true;
+    // A record needs the look-ups.
+    return !(m_index && host::Recording::Current()) && m_units.Has(key);
 }
 
 /// Returns the text of a unit's data block, which most consists share with others.
@@ -360,7 +366,7 @@ void HealthRun::readConsists(const std::vector<std::string> &consists)
     std::vector<std::string> vehicles;
     m_checked.consists = consists.size();
     workOn(
-        consists.size(), [&](std::size_t i) { return consist(consists[i]); },
+        consists.size(), [&](std::size_t i) { return keptConsist(consists[i]); },
         [&](Unit &&unit) {
             if (!unit.name.empty())
                 m_consistNames.try_emplace(host::ToUpper(unit.name), unit.user);
@@ -410,11 +416,13 @@ HealthRun::Unit HealthRun::consist(const std::string &path) const
     unit.name = NameOfConsist(*read.source);
     KnownTexts &spellings = m_spellings[static_cast<std::size_t>(read.source->encoding)];
     const auto isKnown = [&](const Block &data) {
-        return skipsKnownUnits() && spellings.Has(spellingOf(data));
+        return skipsKnownUnits() && isKnownSpelling(spellings, spellingOf(data));
     };
-    for (UnitReference &each : UnitsOfConsist(*read.source, isKnown))
+    for (UnitReference &each : UnitsOfConsist(*read.source, isKnown)) {
+        const std::string key = unitKey(each.reference);
         if (addReference(std::move(each.reference), {path, {}, {}}, unit) && skipsKnownUnits())
-            spellings.Add(spellingOf(each.data));
+            addSpelling(spellings, spellingOf(each.data), key);
+    }
     return unit;
 }
 

@@ -6,6 +6,8 @@
 #include "content/SharedFiles.h"
 #include "content/Vehicle.h"
 #include "host/Ahead.h"
+#include "host/Packed.h"
+#include "host/SavedIndex.h"
 
 #include <array>
 #include <atomic>
@@ -36,6 +38,9 @@ struct HealthOptions
     std::vector<std::string> consists;
     bool routes = false;  ///< also checks the routes' own shapes and textures
     bool keepAll = false; ///< also reports references that are in order
+    /// The saved index, which is used unless `keepAll` or `consists` is set, and saved unless
+    /// the run is stopped. The report is the same with and without it.
+    host::IndexOptions index = {};
     std::size_t workers = host::DefaultWorkers();
     std::chrono::milliseconds firstPartial{500}; ///< time before the first findings are handed out
 };
@@ -91,6 +96,19 @@ private:
         Profiles profiles;
         std::vector<std::pair<std::uint32_t, Profiles>> users; ///< indexes into m_users
     };
+
+    std::string indexPurpose() const;
+    void openIndex(std::int64_t begin);
+    void saveIndex();
+    static void pack(host::Packer &out, const Unit &unit);
+    Unit unpack(host::Unpacker &in) const;
+    /// Return what the index keeps, or else make it.
+    template <typename Make> Units kept(const std::string &key, const Make &make) const;
+    Units keptStockFolder(const std::string &folder, bool isEot) const;
+    Unit keptConsist(const std::string &path) const;
+    bool isInStock(const std::string &key) const;
+    bool isKnownSpelling(const KnownTexts &spellings, std::string_view text) const;
+    void addSpelling(KnownTexts &spellings, std::string_view text, const std::string &key) const;
 
     void readStock();
     void addStock(const std::string &path);
@@ -159,16 +177,19 @@ private:
     void sortUsers(HealthReport &report);
 
     HealthOptions m_options;
+    std::int64_t m_begin; ///< a time before the first folder was listed
     std::unique_ptr<host::Snapshot> m_snapshot;
     mutable FileStore m_store; ///< mutable: reading fills its cache
     InstallFolders m_folders;
     Resolver m_resolver;
+    std::unique_ptr<host::SavedIndex> m_index; ///< null if there is none
     mutable SharedFiles m_shared;
     /// Vehicles that both simulators find, as "FOLDER/NAME.WAG" in upper case. Complete and
     /// constant before other threads read it.
     std::unordered_set<std::string> m_stock;
     mutable KnownTexts m_units;                    ///< units and shapes of routes that are in order
     mutable std::array<KnownTexts, 4> m_spellings; ///< data blocks of such units, by encoding
+                                                   ///< (the numbers are facts of m_index)
     NamedFiles m_consistNames;
     std::vector<std::string> m_users;
     std::vector<Merged> m_merged;

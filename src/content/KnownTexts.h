@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <shared_mutex>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 
 namespace content {
 
-/// A growing set of texts. Thread-safe.
+/// A growing set of texts, each with a number. Thread-safe.
 class KnownTexts
 {
 public:
@@ -19,10 +21,17 @@ public:
         const std::shared_lock lock(m_mutex);
         return m_texts.contains(text);
     }
-    void Add(std::string_view text)
+    /// Returns the number of a text; nothing if it is not known.
+    std::optional<std::uint32_t> Find(std::string_view text) const
+    {
+        const std::shared_lock lock(m_mutex);
+        const auto found = m_texts.find(text);
+        return found == m_texts.end() ? std::nullopt : std::optional(found->second);
+    }
+    void Add(std::string_view text, std::uint32_t number = 0)
     {
         const std::unique_lock lock(m_mutex);
-        m_texts.emplace(text);
+        m_texts.emplace(text, number);
     }
 
 private:
@@ -36,7 +45,7 @@ private:
     };
 
     mutable std::shared_mutex m_mutex;
-    std::unordered_set<std::string, Hash, std::equal_to<>> m_texts;
+    std::unordered_map<std::string, std::uint32_t, Hash, std::equal_to<>> m_texts;
 };
 
 } // namespace content

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "content/SharedFiles.h"
 
+#include "content/KeptUnits.h"
 #include "host/GameFiles.h"
 #include "host/Path.h"
 #include "host/Text.h"
@@ -69,23 +70,67 @@ std::shared_ptr<const Value> SharedFiles::once(Table<Value> &table, const std::s
             place = std::make_shared<Slot<Value>>();
         slot = place;
     }
-    std::call_once(slot->once, [&] { slot->value = std::make_shared<const Value>(make()); });
+    std::call_once(slot->once, [&] {
+        host::Recording recording;
+        slot->value = std::make_shared<const Value>(make());
+        slot->dependencies = recording.Take();
+    });
+    if (host::Recording *const recording = host::Recording::Current())
+        recording->Add(slot->dependencies);
     return slot->value;
+}
+
+/// A file without faults is not kept: nobody asks for it until a file that names it changes.
+template <typename Read> SharedFile SharedFiles::keptFile(const std::string &key, const Read &read)
+{
+    if (!m_index)
+        return read();
+    if (const auto kept = m_index->Find(key)) {
+        host::Unpacker in(*kept);
+        SharedFile file;
+        file.path = in.Text();
+        file.drafts = UnpackDrafts(in);
+        return file;
+    }
+    SharedFile file;
+    host::Dependencies used;
+    {
+        host::Recording recording;
+        file = read();
+        used = recording.Take();
+    }
+    if (host::Recording *const outer = host::Recording::Current())
+        outer->Add(used);
+    if (file.drafts.empty())
+        return file;
+    host::Packer out;
+    out.Text(file.path);
+    Pack(out, file.drafts);
+    m_index->Keep(key, out.Bytes(), used);
+    return file;
 }
 
 std::shared_ptr<const SharedFile> SharedFiles::Get(Kind kind, const std::string &path,
                                                    const std::string &stock)
 {
+    const auto get = [&](const std::string &key, const auto &read) {
+        return once(m_files, key, [&] {
+            SharedFile file = keptFile("file " + key, read);
+            file.kind = kind;
+            file.stock = stock;
+            return file;
+        });
+    };
     if (kind == Kind::Sound)
-        return once(m_files, path, [&] { return readSound(path); });
+        return get(path, [&] { return readSound(path); });
     if (kind == Kind::Cab)
-        return once(m_files, path, [&] { return readCabView(path); });
+        return get(path, [&] { return readCabView(path); });
     if (kind == Kind::RouteShape)
-        return once(m_files, path + '\n' + stock, [&] { return readRouteShape(path, stock); });
+        return get(path + '\n' + stock, [&] { return readRouteShape(path, stock); });
     if (!isShape(kind))
         return nullptr;
     const std::string other = FolderOfPath(path) == stock ? std::string() : stock;
-    return once(m_files, path + '\n' + other, [&] { return readShape(path, other); });
+    return get(path + '\n' + other, [&] { return readShape(path, other); });
 }
 
 SharedFile SharedFiles::readSound(const std::string &path) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "content/Resolver.h"
+#include "host/SavedIndex.h"
 
 #include <array>
 #include <memory>
@@ -40,6 +41,8 @@ struct SharedFile
 {
     std::string path;
     std::vector<Draft> drafts; ///< without references in order, unless all are kept
+    Kind kind = Kind::Include; ///< with `stock`, the arguments of SharedFiles::Get
+    std::string stock = {};
 };
 
 /// Sound definitions, cab views and shapes. Each is read once, however many files name it.
@@ -55,6 +58,9 @@ public:
     {
     }
 
+    /// Keeps what was read in an index, which must outlive this object. Call it before Get.
+    void UseIndex(host::SavedIndex &index) { m_index = &index; }
+
     /// Returns the references of a file that was found for a reference of this kind; null for kinds
     /// whose files have none. The textures of a shape are also looked for in `stock`, which for a
     /// route's shape is the route's folder.
@@ -69,6 +75,7 @@ private:
     {
         std::once_flag once;
         std::shared_ptr<const Value> value;
+        host::Dependencies dependencies; ///< what it was made from
     };
     template <typename Value>
     using Table = std::unordered_map<std::string, std::shared_ptr<Slot<Value>>>;
@@ -85,6 +92,7 @@ private:
     template <typename Value, typename Make>
     std::shared_ptr<const Value> once(Table<Value> &table, const std::string &key,
                                       const Make &make);
+    template <typename Read> SharedFile keptFile(const std::string &key, const Read &read);
     SharedFile readSound(const std::string &path) const;
     SharedFile readCabView(const std::string &path) const;
     SharedFile readShape(const std::string &path, const std::string &stock);
@@ -93,6 +101,7 @@ private:
 
     const Resolver &m_resolver;
     bool m_keepAll;
+    host::SavedIndex *m_index = nullptr;
     std::mutex m_mutex;
     Table<SharedFile> m_files; ///< by path, and for shapes of routes or other folders by `stock`
     Table<ShapeNeeds> m_shapes;

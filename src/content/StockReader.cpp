@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "content/StockReader.h"
 
+#include "content/KeptUnits.h"
 #include "content/OwnListings.h"
 #include "host/Process.h"
 #include "host/RuntimeError.h"
@@ -31,23 +32,35 @@ SheetVehicle unreadVehicle(const install::StockItem &item)
 
 } // namespace
 
-struct StockReader::Disk : OwnListings
+struct StockReader::Disk
 {
-    using OwnListings::OwnListings;
+    Disk(const std::string &root, const host::IndexOptions &options)
+        : begin(options.now())
+        , own(root)
+    {
+        if (!options.folder.empty())
+            index = std::make_unique<host::SavedIndex>(own.snapshot, options, begin, root,
+                                                       "figures" + std::string(kKeptVersion) +
+                                                           own.folders.trainset);
+    }
 
-    FigureCache units{store, folders, Profile::OpenRails};
+    std::int64_t begin; ///< a time before the first folder was listed
+    OwnListings own;
+    FigureCache units{own.store, own.folders, Profile::OpenRails};
+    std::unique_ptr<host::SavedIndex> index; ///< null if there is none
 };
 
-StockReader::StockReader(std::string folder, std::size_t workers)
+StockReader::StockReader(std::string folder, std::size_t workers, host::IndexOptions index)
     : m_folder(std::move(folder))
     , m_workers(std::max<std::size_t>(1, workers))
+    , m_index(std::move(index))
 {
 }
 
 StockReader::Disk &StockReader::disk()
 {
     std::call_once(m_opened, [this] {
-        m_disk = std::make_unique<Disk>(m_folder);
+        m_disk = std::make_unique<Disk>(m_folder, m_index);
         m_ready = m_disk.get();
     });
     return *m_disk;
@@ -61,6 +74,8 @@ StockReader::~StockReader()
     }
     m_wake.notify_all();
     m_threads.clear();
+    if (m_disk && m_disk->index)
+        m_disk->index->Save(host::SavedIndex::Extent::Part);
 }
 
 void StockReader::ReadFacts(std::vector<install::StockItem> items)
@@ -170,32 +185,49 @@ void StockReader::readFacts(const install::StockItem &item)
     if (m_stopped || Facts(item))
         return;
     try {
-        keep(item, disk().units.Read(item));
+        keep(item, factsOf(item));
     } catch (const std::bad_alloc &) { // must not leave the worker
-        keep(item, unreadVehicle(item));
+        keep(item, FactsOf(unreadVehicle(item)));
     }
+}
+
+StockFacts StockReader::factsOf(const install::StockItem &item)
+{
+    host::SavedIndex *const index = disk().index.get();
+    const std::string key = keyOf(item);
+    if (const auto kept = index ? index->Find(key) : std::nullopt) {
+        host::Unpacker in(*kept);
+        return UnpackFacts(in);
+    }
+    host::Recording recording;
+    StockFacts facts = FactsOf(disk().units.Read(item));
+    host::Packer out;
+    Pack(out, facts);
+    if (index)
+        index->Keep(key, out.Bytes(), recording.Take());
+    return facts;
 }
 
 void StockReader::readUnit(const install::StockItem &item)
 {
     try {
-        keep(item, *disk().units.Get(item));
+        keep(item, FactsOf(*disk().units.Get(item)));
     } catch (const std::bad_alloc &) {
-        keep(item, unreadVehicle(item));
+        keep(item, FactsOf(unreadVehicle(item)));
     }
 }
 
-void StockReader::keep(const install::StockItem &item, const SheetVehicle &vehicle)
+void StockReader::keep(const install::StockItem &item, StockFacts facts)
 {
-    auto facts = std::make_shared<const StockFacts>(FactsOf(vehicle));
+    auto shared = std::make_shared<const StockFacts>(std::move(facts));
     const std::unique_lock lock(m_factsMutex);
-    m_facts.insert_or_assign(keyOf(item), std::move(facts));
+    m_facts.insert_or_assign(keyOf(item), std::move(shared));
 }
 
 void StockReader::readConsist(ConsistSheet &sheet)
 {
     try {
-        StfFile file(disk().files);
+        StfFile file(disk().own.files);
         file.SetFileName(sheet.path);
         file.Load();
         const StfNode train = install::RequireTrain(file);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "content/StockFacts.h"
+#include "host/SavedIndex.h"
 
 #include <atomic>
 #include <condition_variable>
@@ -39,9 +40,9 @@ class StockReader
 {
 public:
     /// `folder` is the installation folder, which must not be "". Threads start with the first
-    /// request.
-    StockReader(std::string folder, std::size_t workers);
-    /// Drops all requests and waits for the files that are being read.
+    /// request. Facts come from the saved index as long as they hold.
+    StockReader(std::string folder, std::size_t workers, host::IndexOptions index = {});
+    /// Drops all requests, waits for the files that are being read, and saves the index.
     ~StockReader();
     StockReader(const StockReader &) = delete;
     StockReader &operator=(const StockReader &) = delete;
@@ -73,12 +74,14 @@ private:
     void work();
     Disk &disk();
     void readFacts(const install::StockItem &item);
+    StockFacts factsOf(const install::StockItem &item);
     void readUnit(const install::StockItem &item);
     void readConsist(ConsistSheet &sheet);
-    void keep(const install::StockItem &item, const SheetVehicle &vehicle);
+    void keep(const install::StockItem &item, StockFacts facts);
 
     std::string m_folder;
     std::size_t m_workers;
+    host::IndexOptions m_index;
     std::once_flag m_opened;
     std::unique_ptr<Disk> m_disk;          ///< created by the first job
     std::atomic<Disk *> m_ready = nullptr; ///< m_disk, once it is there

@@ -27,11 +27,6 @@ std::int64_t nanoseconds(const timespec &time)
     return static_cast<std::int64_t>(time.tv_sec) * kSecond + time.tv_nsec;
 }
 
-Stamp stampOf(const struct stat &status)
-{
-    return {status.st_dev, status.st_ino, nanoseconds(status.st_mtim), nanoseconds(status.st_ctim)};
-}
-
 Kind kindOf(const struct stat &status)
 {
     if (S_ISREG(status.st_mode))
@@ -78,6 +73,11 @@ std::optional<Failure> readSome(int file, char *to, std::size_t count, std::size
 }
 
 } // namespace
+
+Stamp StampOf(const struct stat &status)
+{
+    return {status.st_dev, status.st_ino, nanoseconds(status.st_mtim), nanoseconds(status.st_ctim)};
+}
 
 Failure FailureOf(int error, ErrorNumber whenMissing)
 {
@@ -160,7 +160,7 @@ std::optional<Stamp> StampOf(const std::string &path)
     struct stat status = {};
     if (stat(path.c_str(), &status) != 0)
         return std::nullopt;
-    return stampOf(status);
+    return StampOf(status);
 }
 
 std::optional<Listing> VisitNames(const std::string &folder, const NameVisitor &visit)
@@ -170,7 +170,8 @@ std::optional<Listing> VisitNames(const std::string &folder, const NameVisitor &
     if (!names || fstat(dirfd(names.get()), &status) != 0)
         return std::nullopt;
     Listing listing;
-    listing.stamp = stampOf(status);
+    listing.stamp = StampOf(status);
+    listing.marked = true;
     listing.settled = IsSettled(listing.stamp, Now());
     errno = 0;
     while (const dirent *entry = readdir(names.get())) {
@@ -195,7 +196,8 @@ Failure WhyAbsent(const std::string &path)
 
 namespace {
 
-std::optional<Failure> readFile(const std::string &path, std::uint64_t limit, std::string &bytes)
+std::optional<Failure> readFile(const std::string &path, std::uint64_t limit, std::string &bytes,
+                                Stamp *stamp)
 {
     // Does not block: a pipe of that name would stop the program until another program writes into
     // it.
@@ -206,6 +208,8 @@ std::optional<Failure> readFile(const std::string &path, std::uint64_t limit, st
         return FailureOf(errno, ErrorNumber::FileNotFound);
     if (!S_ISREG(status.st_mode))
         return Failure{ErrorNumber::PathFileAccess, "it is not a file"};
+    if (stamp)
+        *stamp = StampOf(status);
     const auto size = static_cast<std::uint64_t>(status.st_size);
     if (size > limit)
         return TooLarge(limit);
@@ -217,10 +221,11 @@ std::optional<Failure> readFile(const std::string &path, std::uint64_t limit, st
 
 } // namespace
 
-std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes)
+std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes,
+                            Stamp *stamp)
 {
     // Keeps the old content until then: enlarging a text from nothing would write all of it twice.
-    std::optional<Failure> failure = readFile(path, limit, bytes);
+    std::optional<Failure> failure = readFile(path, limit, bytes, stamp);
     if (failure)
         bytes.clear();
     return failure;

@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include <sys/stat.h>
 #include <sys/types.h>
 
 /// Helpers that the POSIX files of the disk share.
@@ -18,6 +19,8 @@ inline bool HasWritePermission(mode_t mode)
 {
     return (mode & 0222) != 0;
 }
+
+Stamp StampOf(const struct stat &status);
 
 /// Owns an open file.
 class Handle

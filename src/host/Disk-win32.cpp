@@ -39,14 +39,8 @@ HANDLE openToAsk(const std::wstring &path)
 
 std::optional<Stamp> stampOf(HANDLE file)
 {
-    BY_HANDLE_FILE_INFORMATION who = {};
-    FILE_BASIC_INFO when = {};
-    if (!GetFileInformationByHandle(file, &who) ||
-        !GetFileInformationByHandleEx(file, FileBasicInfo, &when, sizeof when))
-        return std::nullopt;
-    const std::uint64_t number = std::uint64_t{who.nFileIndexHigh} << 32 | who.nFileIndexLow;
-    return Stamp{who.dwVolumeSerialNumber, number, nanoseconds(when.LastWriteTime),
-                 nanoseconds(when.ChangeTime)};
+    const std::optional<Marked> marked = MarkOf(file);
+    return marked ? std::optional(marked->stamp) : std::nullopt;
 }
 
 /// Returns false for FAT, which does not mark a folder when the names in it change.
@@ -176,6 +170,21 @@ std::size_t afterStep(std::string_view path, std::size_t from)
 }
 
 } // namespace
+
+std::optional<Marked> MarkOf(void *file)
+{
+    BY_HANDLE_FILE_INFORMATION who = {};
+    FILE_BASIC_INFO when = {};
+    if (!GetFileInformationByHandle(file, &who) ||
+        !GetFileInformationByHandleEx(file, FileBasicInfo, &when, sizeof when))
+        return std::nullopt;
+    const std::uint64_t number = std::uint64_t{who.nFileIndexHigh} << 32 | who.nFileIndexLow;
+    const std::uint64_t size = std::uint64_t{who.nFileSizeHigh} << 32 | who.nFileSizeLow;
+    return Marked{{who.dwVolumeSerialNumber, number, nanoseconds(when.LastWriteTime),
+                   nanoseconds(when.ChangeTime)},
+                  size,
+                  (who.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0};
+}
 
 std::wstring Wide(std::string_view text)
 {
@@ -312,7 +321,8 @@ std::optional<Listing> VisitNames(const std::string &folder, const NameVisitor &
         return std::nullopt;
     Listing listing;
     listing.stamp = *stamp;
-    listing.settled = marksFolders(handle.Get(), stamp->device) && IsSettled(*stamp, Now());
+    listing.marked = marksFolders(handle.Get(), stamp->device);
+    listing.settled = listing.marked && IsSettled(*stamp, Now());
     system += system.ends_with(L'\\') ? L"*" : L"\\*";
     WIN32_FIND_DATAW entry = {};
     const HANDLE search =
@@ -346,7 +356,8 @@ Failure WhyAbsent(const std::string &path)
     return FailureOf(error, ErrorNumber::PathNotFound);
 }
 
-std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes)
+std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes,
+                            Stamp *stamp)
 {
     bytes.clear();
     const std::wstring system = SystemPath(path);
@@ -362,6 +373,8 @@ std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::s
     LARGE_INTEGER size = {};
     if (!file || !GetFileSizeEx(file.Get(), &size))
         return FailureOf(GetLastError(), ErrorNumber::FileNotFound);
+    if (stamp)
+        *stamp = stampOf(file.Get()).value_or(Stamp{});
     const auto expected = static_cast<std::uint64_t>(size.QuadPart);
     if (expected > limit)
         return TooLarge(limit);

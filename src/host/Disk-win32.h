@@ -28,6 +28,16 @@ Failure FailureOf(unsigned long error, ErrorNumber whenMissing);
 /// Returns why a new file must not get this name: the system would change it or refuse it.
 std::optional<Failure> WhyNoName(std::string_view path);
 
+/// A stamp with what the system reports with it.
+struct Marked
+{
+    Stamp stamp;
+    std::uint64_t size = 0;
+    bool isFolder = false;
+};
+/// Returns the stamp of an open file or folder; nothing if the system does not report it.
+std::optional<Marked> MarkOf(void *file);
+
 /// Owns a handle of the system.
 class Handle
 {

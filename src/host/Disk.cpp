@@ -13,16 +13,25 @@ namespace {
 constexpr std::int64_t kMillisecond = 1000000; // in nanoseconds
 constexpr std::int64_t kSecond = 1000 * kMillisecond;
 
-/// True if `time` differs from `now` by more than the file system's clock granularity. Times in
-/// whole hundredths of a second come from file systems that store no more (FAT: 2 s); others are
-/// marked at every tick of the kernel.
+/// Returns the file system's clock granularity. Times in whole hundredths of a second come from
+/// file systems that store no more (FAT: 2 s); others are marked at every tick of the kernel.
+std::int64_t granularityOf(std::int64_t time)
+{
+    return time % (10 * kMillisecond) == 0 ? 2 * kSecond : 100 * kMillisecond;
+}
+
+/// True if `time` differs from `now` by more than the file system's clock granularity.
 bool isFarFrom(std::int64_t time, std::int64_t now)
 {
-    const std::int64_t coarse = time % (10 * kMillisecond) == 0 ? 2 * kSecond : 100 * kMillisecond;
-    return time < now - coarse || time > now + coarse;
+    return IsBefore(time, now) || time > now + granularityOf(time);
 }
 
 } // namespace
+
+bool IsBefore(std::int64_t stamp, std::int64_t now)
+{
+    return stamp < now - granularityOf(stamp);
+}
 
 bool IsSettled(const Stamp &stamp, std::int64_t now)
 {

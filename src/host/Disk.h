@@ -53,6 +53,7 @@ struct ListedName
 struct Listing
 {
     Stamp stamp;                   ///< taken before the names were read
+    bool marked = false;           ///< the stamp changes when a name comes or goes
     bool settled = false;          ///< if false, may be out of date although the stamp is unchanged
     std::vector<ListedName> names; ///< unordered; without "." and ".."
 };
@@ -67,6 +68,9 @@ std::optional<Stamp> StampOf(const std::string &path);
 /// True if every change after `now` (nanoseconds since 1970) must alter the stamp. Time stamps are
 /// coarse: a folder can change twice within one tick of the clock that marks it.
 bool IsSettled(const Stamp &stamp, std::int64_t now);
+/// True if a time stamp is certainly earlier than everything that happens from `now` on, however
+/// coarse the clock of its file system is.
+bool IsBefore(std::int64_t stamp, std::int64_t now);
 std::int64_t Now();
 
 /// Returns the names in a folder, or nothing if it cannot be read. Does not look up each name.
@@ -80,7 +84,9 @@ std::optional<Listing> VisitNames(const std::string &folder, const NameVisitor &
 Failure WhyAbsent(const std::string &path);
 
 /// Reads the whole content of a file; error 5 above `limit` bytes.
-std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes);
+/// Sets `stamp`, if given, to the stamp that the file had before it was read.
+std::optional<Failure> Read(const std::string &path, std::uint64_t limit, std::string &bytes,
+                            Stamp *stamp = nullptr);
 /// Returns the failure that Read reports for a file above its limit.
 Failure TooLarge(std::uint64_t limit);
 /// Deletes a file, or the link itself; refuses a file without any write permission.

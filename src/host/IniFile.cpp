@@ -62,27 +62,30 @@ IniFile IniFile::FromText(std::string_view text)
 {
     IniFile ini;
     std::string section;
+    ini.m_hasByteOrderMark = text.starts_with(kByteOrderMark);
+    if (ini.m_hasByteOrderMark)
+        text.remove_prefix(kByteOrderMark.size());
     const std::size_t firstEnd = text.find('\n');
     if (firstEnd != std::string_view::npos && firstEnd > 0 && text[firstEnd - 1] == '\r')
         ini.m_lineEnd = "\r\n";
     while (!text.empty()) {
-        const std::size_t end = text.find('\n');
-        std::string_view line = text.substr(0, end);
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-        if (line.ends_with('\r'))
-            line.remove_suffix(1);
-        ini.m_lines.push_back(readLine(line, ini.m_lines.empty(), section));
+        const std::size_t feed = text.find('\n');
+        const std::string_view whole =
+            text.substr(0, feed == std::string_view::npos ? feed : feed + 1);
+        ini.m_lines.push_back(readLine(whole, section));
+        text.remove_prefix(whole.size());
     }
     return ini;
 }
 
-IniFile::Line IniFile::readLine(std::string_view text, bool isFirst, std::string &section)
+/// Reads a line with its end. Some editors leave several carriage returns there.
+IniFile::Line IniFile::readLine(std::string_view text, std::string &section)
 {
     Line line;
-    line.text = text;
-    if (isFirst && text.starts_with(kByteOrderMark))
-        text.remove_prefix(kByteOrderMark.size());
-    text = trimmed(text);
+    const std::size_t last = text.find_last_not_of("\r\n");
+    line.end = text.substr(last == std::string_view::npos ? 0 : last + 1);
+    line.text = text.substr(0, text.size() - line.end.size());
+    text = trimmed(line.text);
     const std::size_t equals = text.find('=');
     if (const auto name = sectionName(text)) {
         section = *name;
@@ -102,9 +105,9 @@ bool IniFile::Line::Is(std::string_view ofSection, std::string_view ofKey) const
 
 std::string IniFile::ToText() const
 {
-    std::string text;
+    std::string text(m_hasByteOrderMark ? kByteOrderMark : "");
     for (const Line &line : m_lines)
-        text += line.text + m_lineEnd;
+        text += line.text + line.end;
     return text;
 }
 
@@ -130,6 +133,7 @@ void IniFile::SetValue(std::string_view section, std::string_view key, std::stri
         Line &line = m_lines[i];
         const bool inSection = EqualsNoCase(line.section, section);
         if (line.Is(section, key)) {
+            fresh.end = line.end;
             line = std::move(fresh);
             return;
         }
@@ -137,10 +141,19 @@ void IniFile::SetValue(std::string_view section, std::string_view key, std::stri
             afterSection = i + 1;
     }
     if (afterSection == 0 && !section.empty()) {
-        m_lines.push_back({'[' + fresh.section + ']', fresh.section, {}, {}, false});
+        insert(m_lines.size(), {'[' + fresh.section + ']', {}, fresh.section, {}, {}, false});
         afterSection = m_lines.size();
     }
-    m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(afterSection), std::move(fresh));
+    insert(afterSection, std::move(fresh));
+}
+
+/// Adds a line with an end, also to the line before it if that is the last one and has none.
+void IniFile::insert(std::size_t place, Line line)
+{
+    if (place > 0 && !m_lines[place - 1].end.ends_with('\n'))
+        m_lines[place - 1].end += m_lineEnd;
+    line.end = m_lineEnd;
+    m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(place), std::move(line));
 }
 
 void IniFile::RemoveValue(std::string_view section, std::string_view key)

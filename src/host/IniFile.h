@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,8 +11,8 @@ namespace host {
 
 /// A small text store: "[section]" lines, "key=value" lines, ";" and "#" comment lines. Sections
 /// and keys ignore letter case. A value is the UTF-8 text after the "=", without the blanks around
-/// it; a value in double quotes keeps its blanks. A backslash has no special meaning. Text that the
-/// reader does not understand is kept on writing.
+/// it; a value in double quotes keeps its blanks. A backslash has no special meaning. Every line
+/// that is not set or removed keeps its bytes and its line end.
 class IniFile
 {
 public:
@@ -29,13 +30,16 @@ private:
     struct Line
     {
         std::string text; ///< as read, without its line end
+        std::string end;  ///< "" for a last line without one
         std::string section, key, value;
         bool isValue = false;
 
         bool Is(std::string_view ofSection, std::string_view ofKey) const;
     };
-    static Line readLine(std::string_view text, bool isFirst, std::string &section);
+    static Line readLine(std::string_view text, std::string &section);
+    void insert(std::size_t place, Line line);
 
+    bool m_hasByteOrderMark = false;
     std::vector<Line> m_lines;
     std::string m_lineEnd = "\n"; ///< that of the first line read
 };

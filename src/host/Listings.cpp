@@ -110,6 +110,7 @@ template <typename Folder> std::shared_ptr<const Folder> read(const std::string 
     if (!listing)
         return nullptr;
     folder->stamp = listing->stamp;
+    folder->marked = listing->marked;
     folder->settled = listing->settled;
     folder->entries.reserve(found.size());
     const auto view = [&text](std::size_t at, std::size_t size) {

@@ -36,9 +36,9 @@ public:
         Folder &operator=(const Folder &) = delete;
 
         disk::Stamp stamp;
-        bool settled = false;
-        std::vector<Entry> entries; ///< in listing order
-        std::string text;           ///< all names and keys
+        bool marked = false, settled = false; ///< as in disk::Listing
+        std::vector<Entry> entries;           ///< in listing order
+        std::string text;                     ///< all names and keys
     };
 
     /// Returns the current content of a folder; nothing if it cannot be listed.

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/Snapshot.h"
 
+#include "host/Digest.h"
 #include "host/FilesUsed.h"
 #include "host/Listings.h"
+#include "host/Packed.h"
 #include "host/Path.h"
+#include "host/Recording.h"
 #include "host/RuntimeError.h"
 
 #include <algorithm>
@@ -13,6 +16,43 @@
 
 namespace host {
 
+/// GameFiles::Listings is private to GameFiles and Snapshot.
+struct Snapshot::Listing
+{
+    using Listings = GameFiles::Listings;
+};
+
+/// The folders of the disk that count as one, with their listings.
+struct Place
+{
+    std::string path;
+    const Place *parent = nullptr;
+    std::vector<Snapshot::Listing::Listings::Listed> folders;
+};
+
+namespace {
+
+void noteFolder(const Place *place)
+{
+    if (Recording *const recording = Recording::Current())
+        recording->AddFolder(place);
+}
+
+void noteNames(const Place *place)
+{
+    if (Recording *const recording = Recording::Current())
+        recording->AddNames(place);
+}
+
+/// Notes something that depends on more than the names in folders.
+void noteUnlisted()
+{
+    if (Recording *const recording = Recording::Current())
+        recording->Spoil();
+}
+
+} // namespace
+
 /// The folders of the disk that game paths lead to. Entries are created once and then only read, so
 /// the lock protects only the tables.
 class Snapshot::Places
@@ -20,8 +60,6 @@ class Snapshot::Places
 public:
     using Listings = GameFiles::Listings;
     using Listed = Listings::Listed;
-    /// The folders of the disk that count as one, with their listings.
-    using Place = std::vector<Listed>;
 
     explicit Places(Listings &listings)
         : m_listings(listings)
@@ -52,7 +90,7 @@ public:
     /// The path must outlive it.
     struct Leaf
     {
-        const Place *place;
+        const Place *place = nullptr;
         std::string_view plain; ///< in the path
         std::string resolved;   ///< if the path ends in "." or ".."
 
@@ -70,7 +108,7 @@ public:
         if (!steps || steps->endsInSeparator || steps->names.empty())
             return std::nullopt;
         Leaf leaf{Find(*steps, steps->names.size() - 1), {}, steps->names.back()};
-        if (plain && !folder.empty() && !leaf.place->empty()) {
+        if (plain && !folder.empty() && !leaf.place->folders.empty()) {
             const std::lock_guard lock(m_mutex);
             if (m_aliases.size() < kMaxAliases)
                 m_aliases.try_emplace(std::string(folder), leaf.place);
@@ -91,7 +129,7 @@ public:
     static Hit FileOf(const Leaf &leaf)
     {
         Hit hit;
-        for (const auto &[folder, listing] : *leaf.place) {
+        for (const auto &[folder, listing] : leaf.place->folders) {
             if (!listing)
                 return {}; // the file may still be in it
             for (auto [entry, end] = Listings::Named(*listing, leaf.Name()); entry != end; ++entry)
@@ -123,27 +161,27 @@ private:
         std::string text = path.root;
         const Place *place = lookUp(m_places, text);
         if (!place)
-            place = keep(text, {listed(path.root)});
-        for (std::size_t i = 0; i < depth && !place->empty(); ++i) {
+            place = keep({text, nullptr, {listed(path.root)}});
+        for (std::size_t i = 0; i < depth && !place->folders.empty(); ++i) {
             text += (i == 0 ? "" : std::string(1, path::kSeparator)) + path.names[i];
             const Place *next = lookUp(m_places, text);
-            place = next ? next : keep(text, below(*place, path.names[i]));
+            place = next ? next : keep({text, place, below(*place, path.names[i])});
         }
         return place;
     }
-    Place below(const Place &place, const std::string &name)
+    std::vector<Listed> below(const Place &place, const std::string &name)
     {
-        Place found;
-        for (const auto &[folder, listing] : place)
+        std::vector<Listed> found;
+        for (const auto &[folder, listing] : place.folders)
             for (std::string &match :
                  Listings::MatchesIn(listing.get(), folder, name, disk::Kind::Folder))
                 found.push_back(listed(std::move(match)));
         return found;
     }
-    const Place *keep(const std::string &text, Place place)
+    const Place *keep(Place place)
     {
         const std::lock_guard lock(m_mutex);
-        const auto [kept, isNew] = m_places.try_emplace(text);
+        const auto [kept, isNew] = m_places.try_emplace(place.path);
         if (isNew)
             kept->second = &m_made.emplace_back(std::move(place));
         return kept->second;
@@ -187,19 +225,23 @@ Snapshot::~Snapshot() = default;
 
 namespace {
 
-/// True if the listings of a place show every file that the name can mean.
-template <typename Place> bool listsAll(const Place &place)
+bool canList(const Place &place)
 {
-    return !disk::kIgnoresCase && !place.empty() &&
-           std::all_of(place.begin(), place.end(),
+    return std::all_of(place.folders.begin(), place.folders.end(),
                        [](const auto &listed) { return listed.second; });
+}
+
+/// True if the listings of a place show every file that the name can mean.
+bool listsAll(const Place &place)
+{
+    return !disk::kIgnoresCase && !place.folders.empty() && canList(place);
 }
 
 /// Reads a file that exists; the error names the path that consists of two parts.
 void read(const std::string &file, std::string_view folder, std::string_view name,
           std::string &bytes)
 {
-    if (const auto failure = disk::Read(file, GameFiles::kReadLimit, bytes))
+    if (const auto failure = Snapshot::ReadRecorded(file, bytes))
         throw RuntimeError(failure->number,
                            std::string(folder).append(name) + ": " + failure->reason);
 }
@@ -209,9 +251,10 @@ void read(const std::string &file, std::string_view folder, std::string_view nam
 std::optional<std::string> unlisted(std::string_view path)
 {
     const std::optional<GamePath> steps = GamePath::Of(path);
-    if (steps && disk::KindOf(steps->text) == disk::Kind::File)
-        return steps->text;
-    return std::nullopt;
+    if (!steps || disk::KindOf(steps->text) != disk::Kind::File)
+        return std::nullopt;
+    noteUnlisted();
+    return steps->text;
 }
 
 } // namespace
@@ -223,9 +266,10 @@ std::optional<std::string> Snapshot::FindFile(std::string_view path)
     const auto leaf = m_places->LeafOf(path);
     if (!leaf)
         return std::nullopt;
+    noteNames(leaf->place);
     if (const Places::Hit hit = Places::FileOf(*leaf))
         return hit.Path();
-    for (const auto &[folder, listing] : *leaf->place) {
+    for (const auto &[folder, listing] : leaf->place->folders) {
         std::vector<std::string> matches =
             Places::Listings::MatchesIn(listing.get(), folder, leaf->Name(), disk::Kind::File);
         if (!matches.empty())
@@ -245,7 +289,7 @@ Snapshot::Folder::Folder(Snapshot &snapshot, std::string folder)
 {
 }
 
-const void *Snapshot::Folder::placeOf(std::string_view name)
+const Place *Snapshot::Folder::placeOf(std::string_view name)
 {
     if (!Places::IsPlain(name) || std::any_of(name.begin(), name.end(), IsSeparator) ||
         FilesUsed::IsRecording())
@@ -257,17 +301,21 @@ const void *Snapshot::Folder::placeOf(std::string_view name)
 
 bool Snapshot::Folder::FileExists(std::string_view name)
 {
-    const auto *const place = static_cast<const Places::Place *>(placeOf(name));
-    return (place && Places::FileOf({place, name, {}})) ||
-           m_snapshot.FileExists(m_path + std::string(name));
+    const Place *const place = placeOf(name);
+    if (place && Places::FileOf({place, name, {}})) {
+        noteNames(place);
+        return true;
+    }
+    return m_snapshot.FileExists(m_path + std::string(name));
 }
 
 bool Snapshot::Folder::ReadFileInto(std::string &bytes, std::string_view name)
 {
-    const auto *const place = static_cast<const Places::Place *>(placeOf(name));
+    const Place *const place = placeOf(name);
     const Places::Hit hit = place ? Places::FileOf({place, name, {}}) : Places::Hit();
     if (!hit)
         return m_snapshot.ReadFileInto(bytes, m_path + std::string(name));
+    noteNames(place);
     read(hit.Path(), m_path, name, bytes);
     return true;
 }
@@ -277,7 +325,10 @@ const void *Snapshot::IdentityOf(std::string_view path)
     if (FilesUsed::IsRecording())
         m_files.FindFile(path);
     const auto leaf = m_places->LeafOf(path);
-    return leaf ? Places::FileOf(*leaf).entry : nullptr;
+    if (!leaf)
+        return nullptr;
+    noteNames(leaf->place);
+    return Places::FileOf(*leaf).entry;
 }
 
 std::string Snapshot::ReadFile(std::string_view path)
@@ -303,11 +354,31 @@ bool Snapshot::ReadFileInto(std::string &bytes, std::string_view path)
     return true;
 }
 
+std::optional<disk::Failure> Snapshot::ReadRecorded(const std::string &file, std::string &bytes)
+{
+    disk::Stamp stamp;
+    auto failure = disk::Read(file, GameFiles::kReadLimit, bytes, &stamp);
+    if (Recording *const recording = Recording::Current()) {
+        recording->AddFile(file, stamp, bytes.size());
+        if (failure)
+            recording->Spoil();
+    }
+    return failure;
+}
+
 bool Snapshot::FolderExists(std::string_view path)
 {
     const std::optional<GamePath> steps = GamePath::Of(path);
-    return steps && (!m_places->Find(*steps, steps->names.size())->empty() ||
-                     disk::KindOf(steps->text) == disk::Kind::Folder);
+    if (!steps)
+        return false;
+    const Place *const place = m_places->Find(*steps, steps->names.size());
+    noteFolder(place);
+    if (!place->folders.empty())
+        return true;
+    const bool isUnlisted = disk::KindOf(steps->text) == disk::Kind::Folder;
+    if (isUnlisted)
+        noteUnlisted();
+    return isUnlisted;
 }
 
 bool Snapshot::IsClosed(std::string_view folder)
@@ -315,9 +386,9 @@ bool Snapshot::IsClosed(std::string_view folder)
     const std::optional<GamePath> steps = GamePath::Of(folder);
     if (!steps)
         return false;
-    const auto *const place = m_places->Find(*steps, steps->names.size());
-    return std::any_of(place->begin(), place->end(),
-                       [](const Places::Listed &listed) { return !listed.second; });
+    const Place *const place = m_places->Find(*steps, steps->names.size());
+    noteNames(place);
+    return !canList(*place);
 }
 
 std::vector<std::string> Snapshot::ListFiles(std::string_view folder, std::string_view pattern)
@@ -325,8 +396,9 @@ std::vector<std::string> Snapshot::ListFiles(std::string_view folder, std::strin
     const std::optional<GamePath> steps = GamePath::Of(folder);
     if (!steps)
         return {};
-    return Places::Listings::NamesIn(*m_places->Find(*steps, steps->names.size()), pattern,
-                                     disk::Kind::File);
+    const Place *const place = m_places->Find(*steps, steps->names.size());
+    noteNames(place);
+    return Places::Listings::NamesIn(place->folders, pattern, disk::Kind::File);
 }
 
 std::vector<std::string> Snapshot::ListFolders(std::string_view folder, std::string_view pattern)
@@ -334,8 +406,40 @@ std::vector<std::string> Snapshot::ListFolders(std::string_view folder, std::str
     const std::optional<GamePath> steps = GamePath::Of(folder);
     if (!steps)
         return {};
-    return Places::Listings::NamesIn(*m_places->Find(*steps, steps->names.size()), pattern,
-                                     disk::Kind::Folder);
+    const Place *const place = m_places->Find(*steps, steps->names.size());
+    noteNames(place);
+    return Places::Listings::NamesIn(place->folders, pattern, disk::Kind::Folder);
+}
+
+const Place *Snapshot::PlaceOf(std::string_view folder)
+{
+    const std::optional<GamePath> steps = GamePath::Of(folder);
+    return steps ? m_places->Find(*steps, steps->names.size()) : nullptr;
+}
+
+PlaceState Snapshot::StateOf(const Place &place)
+{
+    PlaceState state;
+    state.path = place.path;
+    state.parent = place.parent;
+    state.isListed = canList(place);
+    Packer names;
+    for (const auto &[folder, listing] : place.folders) {
+        PlaceState::Folder &added = state.folders.emplace_back();
+        added.path = folder;
+        names.Text({});
+        if (!listing)
+            continue;
+        added.mark = FileMark(listing->stamp, 0);
+        added.isMarked = listing->marked;
+        for (const Places::Listings::Entry &entry : listing->entries) {
+            state.hasLinks = state.hasLinks || entry.kind == disk::Kind::Link;
+            names.Text(entry.DiskName());
+            names.Number(static_cast<std::uint64_t>(Places::Listings::KindOf(folder, entry)));
+        }
+    }
+    state.names = Digest(names.Bytes());
+    return state;
 }
 
 } // namespace host

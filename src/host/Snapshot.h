@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/FileMark.h"
 #include "host/GameFiles.h"
 
 #include <memory>
@@ -11,9 +12,31 @@
 
 namespace host {
 
+/// What a folder path leads to in one Snapshot.
+struct Place;
+
+/// A Place as it can be compared with that of another Snapshot.
+struct PlaceState
+{
+    struct Folder
+    {
+        std::string path;      ///< on the disk
+        FileMark mark;         ///< taken before the names were read
+        bool isMarked = false; ///< the mark changes when a name comes or goes
+    };
+
+    std::string path;              ///< absolute and resolved
+    const Place *parent = nullptr; ///< null for a root
+    std::vector<Folder> folders;   ///< those that count as one; none if there is no such folder
+    std::uint64_t names = 0;       ///< a digest of the names in them, with their kinds
+    bool isListed = true;          ///< false if the names in one of them cannot be read
+    bool hasLinks = false;         ///< the kind of a name can change without a change of the mark
+};
+
 /// A consistent view of the folders for one long command. Each folder is listed once, on the first
 /// search in it, and the listing is used as long as the snapshot lives. Finds what GameFiles finds,
-/// but does not query the disk again for names that it has seen. Thread-safe.
+/// but does not query the disk again for names that it has seen. What it is asked becomes part of
+/// the Recording of the thread. Thread-safe.
 class Snapshot
 {
 public:
@@ -50,17 +73,26 @@ public:
 
     private:
         /// Returns the place of a name that needs no whole path; null if it is not known.
-        const void *placeOf(std::string_view name);
+        const Place *placeOf(std::string_view name);
 
         Snapshot &m_snapshot;
         std::string m_path;
-        const void *m_place = nullptr; ///< once a file was looked for in it
+        const Place *m_place = nullptr; ///< once a file was looked for in it
     };
     /// Returns the identity of a file, which is the same for every spelling of its path and valid
     /// as long as the snapshot lives; null for a file that does not exist or that no listing shows.
     const void *IdentityOf(std::string_view path);
+    /// Reads the file on the disk that FindFile has returned.
+    static std::optional<disk::Failure> ReadRecorded(const std::string &file, std::string &bytes);
     std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern);
     std::vector<std::string> ListFolders(std::string_view folder, std::string_view pattern = "*");
+
+    /// Returns what a folder path leads to; null for text that is not a path. The place is valid as
+    /// long as the snapshot lives. Neither of these is recorded.
+    const Place *PlaceOf(std::string_view folder);
+    static PlaceState StateOf(const Place &place);
+
+    struct Listing;
 
 private:
     class Places;

@@ -3,6 +3,7 @@
 
 #include "stavfile/Lexer.h"
 #include "stavfile/Parser.h"
+#include "stavfile/TextCodec.h"
 
 #include <algorithm>
 
@@ -59,7 +60,7 @@ void readHeader(Source &source, std::size_t mark)
     std::string_view header = text.substr(mark, source.body - mark);
     while (lexer::ClassOf(header.back()) == lexer::CharClass::Blank)
         header.remove_suffix(1);
-    source.header = header;
+    source.header = ToShownText(std::string(header), source.encoding);
 }
 
 std::string lineEndOf(std::string_view text)

@@ -42,7 +42,7 @@ struct Source
     bool bom = true;
     std::string oddByte;
     Form form = Form::Text;
-    std::string header;   ///< without line end and trailing blanks
+    std::string header;   ///< in UTF-8, without line end and trailing blanks
     std::size_t body = 0; ///< beginning of the tree, after the header
     std::string lineEnd = "\r\n";
     std::string tailFix; ///< closes a string or a skipped block that the end of the text cut off

@@ -160,7 +160,13 @@ std::shared_ptr<const References> Content::known(char kind, const std::string &p
             place = std::make_shared<Known>();
         entry = place;
     }
-    std::call_once(entry->once, [&] { entry->references = read(path, reader); });
+    std::call_once(entry->once, [&] {
+        host::Recording recording;
+        entry->references = read(path, reader);
+        entry->dependencies = recording.Take();
+    });
+    if (host::Recording *const recording = host::Recording::Current())
+        recording->Add(entry->dependencies);
     return entry->references;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/Recording.h"
 #include "host/Snapshot.h"
 #include "stavfile/Source.h"
 #include "stavfile/StfFile.h"
@@ -101,6 +102,7 @@ private:
     {
         std::once_flag once;
         std::shared_ptr<References> references;
+        host::Dependencies dependencies;
     };
     using Reader = void (*)(const StfFile &file, References &references);
 

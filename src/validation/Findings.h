@@ -24,6 +24,7 @@ public:
     {
     }
     bool Verbose() const { return m_verbose; }
+    bool Messages() const { return m_messages; }
 
     /// Records a verdict and returns it.
     Verdict Record(Verdict verdict, std::string_view file, std::string_view dependent = {});

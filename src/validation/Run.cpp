@@ -61,7 +61,7 @@ std::int16_t TSValidation::Run::CheckFile(validation::FileCheck check, std::stri
 Outcome TSValidation::Run::OutcomeOf(validation::FileCheck check, const std::string &fileName,
                                      bool messages)
 {
-    Outcome outcome{validation::Findings(m_verbose, m_wantsMessages && messages)};
+    Outcome outcome{NewFindings(messages)};
     try {
         outcome.verdict = host::NamingIfOutOfMemory(
             fileName, [&] { return check(m_content, fileName, outcome.findings); });

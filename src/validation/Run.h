@@ -4,7 +4,7 @@
 #include "host/Ahead.h"
 #include "host/OpenFolder.h"
 #include "validation/Content.h"
-#include "validation/Findings.h"
+#include "validation/Outcome.h"
 #include "validation/TSValidation.h"
 
 #include <chrono>
@@ -15,14 +15,6 @@
 #include <vector>
 
 namespace validation {
-
-/// The result of one check of one file.
-struct Outcome
-{
-    Findings findings;
-    Verdict verdict = Verdict::Valid;
-    std::exception_ptr error = nullptr; ///< thrown by the check; the verdict is then meaningless
-};
 
 /// Checks one file; several calls may use `content` at once.
 using FileCheck = Verdict (*)(Content &content, const std::string &fileName, Findings &findings);
@@ -58,6 +50,11 @@ public:
     /// progress lines are left out.
     validation::Outcome OutcomeOf(validation::FileCheck check, const std::string &fileName,
                                   bool messages = true);
+    /// Returns an empty list that takes what the handlers want.
+    validation::Findings NewFindings(bool messages) const
+    {
+        return validation::Findings(m_verbose, m_wantsMessages && messages);
+    }
     validation::Verdict Deliver(const validation::Outcome &outcome);
 
     /// Runs jobs 0 to count-1 on the workers and takes their results in order, until there are no

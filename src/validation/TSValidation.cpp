@@ -12,6 +12,7 @@
 #include "validation/Run.h"
 #include "validation/ShapeCheck.h"
 #include "validation/StockCheck.h"
+#include "validation/StockIndex.h"
 #include "validation/UsageCheck.h"
 
 using host::path::Join;
@@ -44,6 +45,7 @@ void TSValidation::Reset()
     m_findings = {};
     m_messages = {};
     m_stopped = false;
+    m_begin = m_index.now();
     m_snapshot = std::make_unique<host::Snapshot>(m_files);
 }
 
@@ -86,7 +88,8 @@ void TSValidation::tellIfClosed(Run &run, const std::string &folder) const
                    validation::ErrorText(host::ErrorNumber::PathFileAccess));
 }
 
-std::vector<std::string> TSValidation::stockItems(Run &run, const std::string &trainset,
+std::vector<std::string> TSValidation::stockItems(Run &run, validation::StockIndex *index,
+                                                  const std::string &trainset,
                                                   std::string_view filter) const
 {
     if (!m_snapshot->FolderExists(trainset))
@@ -94,15 +97,49 @@ std::vector<std::string> TSValidation::stockItems(Run &run, const std::string &t
     tellIfClosed(run, trainset);
     const auto folders = install::StockFolders(*m_snapshot, trainset, filter);
     std::vector<std::string> items;
-    run.Each<std::vector<std::string>>(
+    const auto list = [&](const std::string &name) {
+        return install::StockFiles(*m_snapshot, trainset, name);
+    };
+    run.Each<StockFolder>(
         folders.size(),
-        [&](std::size_t i) { return install::StockFiles(*m_snapshot, trainset, folders[i]); },
-        [&](std::size_t i, const std::vector<std::string> &files) {
-            tellIfClosed(run, Join(trainset, folders[i]));
-            for (const std::string &file : files)
+        [&](std::size_t i) -> StockFolder {
+            if (index)
+                if (auto files = index->Files(folders[i], list))
+                    return {std::move(*files), false};
+            return {list(folders[i]), m_snapshot->IsClosed(Join(trainset, folders[i]))};
+        },
+        [&](std::size_t i, const StockFolder &folder) {
+            if (folder.isClosed)
+                tellIfClosed(run, Join(trainset, folders[i]));
+            for (const std::string &file : folder.files)
                 items.push_back(Join(folders[i], file));
         });
     return items;
+}
+
+/// Does work that can take longer than a window may pause.
+template <typename Work> void TSValidation::onWorker(Run &run, const Work &work)
+{
+    run.Each<bool>(
+        1,
+        [&](std::size_t) {
+            work();
+            return true;
+        },
+        [](std::size_t, bool) {});
+}
+
+/// Returns null without an index.
+std::unique_ptr<validation::StockIndex> TSValidation::openIndex(Run &run) const
+{
+    std::unique_ptr<validation::StockIndex> index;
+    if (!m_index.folder.empty())
+        onWorker(run, [&] {
+            index = std::make_unique<validation::StockIndex>(*m_snapshot, m_index, m_begin,
+                                                             run.Files().Folder(),
+                                                             run.NewFindings(m_stepMessages));
+        });
+    return index;
 }
 
 std::int16_t TSValidation::CheckAllStock(std::string_view filter)
@@ -113,14 +150,18 @@ std::int16_t TSValidation::CheckAllStock(std::string_view filter)
     run.RaiseMessage("Checking your TS Installation");
     const std::string trainset = run.PathOf(install::kTrainset);
     const std::size_t before = m_errors.size();
-    const std::vector<std::string> items = stockItems(run, trainset, filter);
-    const std::string total = std::to_string(items.size());
     const bool steps = m_stepMessages;
+    const std::unique_ptr<validation::StockIndex> index = openIndex(run);
+    const auto items = stockItems(run, index.get(), trainset, filter);
+    const std::string total = std::to_string(items.size());
     std::int16_t verdict = m_errors.size() == before ? IsValid : IsSuspect;
     run.Each<Outcome>(
         items.size(),
         [&](std::size_t i) {
-            return run.OutcomeOf(validation::CheckStock, Join(trainset, items[i]), steps);
+            const auto check = [&] {
+                return run.OutcomeOf(validation::CheckStock, Join(trainset, items[i]), steps);
+            };
+            return index ? index->OutcomeOf(items[i], check) : check();
         },
         [&](std::size_t i, const Outcome &outcome) {
             run.RaiseProgress(i, items.size());
@@ -130,8 +171,12 @@ std::int16_t TSValidation::CheckAllStock(std::string_view filter)
             if (run.Deliver(outcome) != Verdict::Valid)
                 verdict = IsSuspect;
         });
-    if (!m_stopped)
-        run.RaiseMessage("TS Installation check complete");
+    if (m_stopped)
+        return verdict;
+    using Extent = host::SavedIndex::Extent;
+    if (index)
+        onWorker(run, [&] { index->Save(filter.empty() ? Extent::Whole : Extent::Part); });
+    run.RaiseMessage("TS Installation check complete");
     return verdict;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/Ahead.h"
+#include "host/SavedIndex.h"
 #include "validation/Finding.h"
 
 #include <cstddef>
@@ -10,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace host {
@@ -18,6 +20,10 @@ class Snapshot;
 } // namespace host
 namespace install {
 class Installation;
+}
+
+namespace validation {
+class StockIndex;
 }
 
 /// The dependency checker. Its owner creates one for each check command, runs one or more checks,
@@ -36,8 +42,8 @@ class Installation;
 /// its caller.
 ///
 /// File names are game paths (host/GameFiles.h). Findings name files by the paths that the checks
-/// built, in the platform's own separators. Between checks only the content of Errors and the
-/// listings of folders are kept: each folder is listed once until the next Reset.
+/// built, in the platform's own separators. Between checks only the content of Errors, the listings
+/// of folders and the saved index are kept: each folder is listed once until the next Reset.
 class TSValidation
 {
 public:
@@ -83,6 +89,11 @@ public:
     /// first.
     bool StepMessages() const { return m_stepMessages; }
     void SetStepMessages(bool steps) { m_stepMessages = steps; }
+
+    /// Sets the saved index that CheckAllStock uses and, unless it is stopped, saves. Its findings
+    /// and events are the same with and without an index. Takes effect at the next Reset. No index
+    /// at first.
+    void SetIndex(host::IndexOptions index) { m_index = std::move(index); }
 
     /// Begins a new series of checks: empties Errors, Findings and Messages, and forgets listings
     /// and a Stop. Throws error 5 while a check runs.
@@ -158,14 +169,23 @@ private:
 
     void refuseWhileRunning() const;
     void tellIfClosed(Run &run, const std::string &folder) const;
-    std::vector<std::string> stockItems(Run &run, const std::string &trainset,
-                                        std::string_view filter) const;
+    struct StockFolder
+    {
+        std::vector<std::string> files;
+        bool isClosed = false;
+    };
+    template <typename Work> static void onWorker(Run &run, const Work &work);
+    std::unique_ptr<validation::StockIndex> openIndex(Run &run) const;
+    std::vector<std::string> stockItems(Run &run, validation::StockIndex *index,
+                                        const std::string &trainset, std::string_view filter) const;
     template <typename CountUses>
     std::int16_t searchRoute(Run &run, const RouteSearch &search, CountUses countUses);
 
     const install::Installation &m_installation;
     host::GameFiles &m_files;
     std::size_t m_workers;
+    host::IndexOptions m_index;
+    std::int64_t m_begin = 0; ///< of the snapshot, by the clock of m_index
     std::unique_ptr<host::Snapshot> m_snapshot;
     std::vector<std::string> m_errors, m_messages;
     std::vector<validation::Finding> m_findings;

@@ -21,7 +21,7 @@ struct CheckOptions
     std::vector<std::string> stock, consists, routes;
     std::string filter;
     std::string report;
-    bool noConsists = false, json = false, verbose = false, quiet = false;
+    bool noConsists = false, noIndex = false, json = false, verbose = false, quiet = false;
 };
 
 bool isConsistFile(std::string_view name)
@@ -44,6 +44,8 @@ public:
         , m_validation(installation, session.files)
     {
         m_validation.SetVerboseMessages(options.verbose);
+        if (!options.noIndex)
+            m_validation.SetIndex({host::SavedIndex::UserFolder()});
         m_validation.ResultRecorded = [this](const validation::Finding &finding) {
             m_output.Add(finding);
         };
@@ -265,12 +267,14 @@ void AddCheckCommand(CLI::App &app, Session &session)
     CLI::App *check = app.add_subcommand(
         "check", "Check that the files that content names exist, or find its users");
     check->require_subcommand(1);
-    check->footer("Prints one line for each finding, \"ERROR: ...\" or \"INFO: ...\".\n"
-                  "--json, --verbose, --quiet and --report FILE work with every check.\n"
-                  "Exit code 0: nothing is wrong; 1: there is an ERROR line; 2: a check could not "
-                  "be done; 141: the reader of the output ended first.");
+    check->footer(
+        "Prints one line for each finding, \"ERROR: ...\" or \"INFO: ...\".\n"
+        "--json, --verbose, --no-index, --quiet and --report FILE work with every check.\n"
+        "Exit code 0: nothing is wrong; 1: there is an ERROR line; 2: a check could not "
+        "be done; 141: the reader of the output ended first.");
     check->add_flag("--json", options->json, "As a JSON array of objects");
     check->add_flag("--verbose", options->verbose, "Also report what is in order");
+    check->add_flag("--no-index", options->noIndex, "Check everything, also what has not changed");
     check->add_flag("--quiet", options->quiet, "Show no progress");
     check->add_option("--report", options->report, "Append the findings to this log, framed")
         ->type_name("FILE");

@@ -26,7 +26,7 @@ struct HealthCommandOptions
     std::string format = "text", failOn = "error";
     std::string profile, filter, out, baseline, writeBaseline;
     std::vector<std::string> consists;
-    bool routes = false, json = false, verbose = false, quiet = false;
+    bool routes = false, noIndex = false, json = false, verbose = false, quiet = false;
 };
 
 /// Returns the simulators of this name; for "", those kept for the installation in `folder`.
@@ -114,6 +114,8 @@ content::HealthReport check(Session &session, const HealthCommandOptions &option
     health.filter = options.filter;
     health.routes = options.routes;
     health.keepAll = options.verbose;
+    if (!options.noIndex)
+        health.index.folder = host::SavedIndex::UserFolder();
     for (const std::string &name : options.consists)
         health.consists.push_back(ConsistFile(session, installation, name));
     content::HealthRun run(session.files, folder, std::move(health));
@@ -196,6 +198,8 @@ void AddHealthCommand(CLI::App &app, Session &session)
               "The lowest severity that makes the exit code 1", "error|warning|note|never",
               {"error", "warning", "note", "never"});
     command->add_flag("--verbose", options->verbose, "Also report what is in order");
+    command->add_flag("--no-index", options->noIndex,
+                      "Check everything, also what has not changed");
     command->add_flag("--quiet", options->quiet, "Show no progress");
     command->callback([&session, options] { health(session, *options); });
 }

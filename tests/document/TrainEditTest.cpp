@@ -165,6 +165,7 @@ TEST_F(TrainEditTest, UnitsMoveTogetherToAnyPlace)
         std::vector<int> selected;
     } rows[] = {
         {"abcde", {2}, 1, "bacde 9", {1}},
+        {"abcde", {2, 3}, 5, "adbce 9", {3, 4}},
         {"abcde", {4, 5}, 2, "adebc 9", {2, 3}},
         {"abcde", {1, 2}, 6, "cdeab 9", {4, 5}},
         {"abcde", {1, 3, 5}, 3, "baced 9", {2, 3, 4}},

@@ -56,6 +56,23 @@ TEST(IniFileTest, KeepsUnknownLines)
     EXPECT_EQ(ini.ToText(), "\xEF\xBB\xBF[A]\r\nx=1\r\n\r\n?\r\ny=2\r\n");
 }
 
+TEST(IniFileTest, KeepsTheLineEndsOfOtherLines)
+{
+    const std::string mixed = "[A]\nx=1\r\r\n[B]\r\ny=2\n\n\r\nz=3";
+    IniFile ini = IniFile::FromText(mixed);
+    EXPECT_EQ(ini.ToText(), mixed);
+    EXPECT_EQ(ini.Value("A", "x"), "1");
+    ini.SetValue("A", "x", "one");
+    ini.SetValue("B", "z", "three");
+    EXPECT_EQ(ini.ToText(), "[A]\nx=one\r\r\n[B]\r\ny=2\n\n\r\nz=three");
+    ini.SetValue("B", "new", "n");
+    EXPECT_EQ(ini.ToText(), "[A]\nx=one\r\r\n[B]\r\ny=2\n\n\r\nz=three\nnew=n\n");
+
+    IniFile marked = IniFile::FromText("\xEF\xBB\xBF[A]\r\nx=1");
+    marked.SetValue("", "top", "t");
+    EXPECT_EQ(marked.ToText(), "\xEF\xBB\xBFtop=t\r\n[A]\r\nx=1");
+}
+
 TEST(IniFileTest, SetsValuesInPlace)
 {
     IniFile ini = IniFile::FromText("[A]\na=1\n\n[B]\nb=2\n");

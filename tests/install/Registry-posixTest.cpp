@@ -65,6 +65,11 @@ TEST_F(RegistryTest, ReadsTheFileAgainAndCutsValuesAtNul)
     EXPECT_EQ(path(), "/first");
     folder.Write(".config/zelk/registry.ini", "[SOFTWARE\\Games\\1.0]\nPath=/other\n");
     EXPECT_EQ(path(), "/other");
+    for (int i = 10; i < 60; ++i) { // most of them within one tick of the file system's clock
+        const std::string value = "/game" + std::to_string(i);
+        folder.Write(".config/zelk/registry.ini", "[SOFTWARE\\Games\\1.0]\nPath=" + value + "\n");
+        EXPECT_EQ(path(), value);
+    }
     fs::remove(folder.At(".config/zelk/registry.ini"));
     EXPECT_EQ(path(), "");
     folder.Write(".wine/system.reg",

@@ -31,6 +31,7 @@ constexpr std::string_view kFile = R"(WINE REGISTRY Version 2
 "Na\"me"="quoted name"
 "Control"="a\tb\033c\x1z"
 "Lone"="\xd83dx\xde82"
+"Low"="\xdc00\xdc00"
 "Open"="no end
 
 [Soft\[ware\]] 1
@@ -58,6 +59,7 @@ TEST(WineRegistryTest, ReadsTextValues)
         {game, "Control",
          "a\tb\x1B"
          "c\x01z"},
+        {game, "Low", "\xEF\xBF\xBD\xEF\xBF\xBD"},
         {game, "Lone", "\xEF\xBF\xBDx\xEF\xBF\xBD"},
         {game, "Dword", std::nullopt},
         {game, "Binary", std::nullopt},

@@ -131,6 +131,8 @@ TEST(AceTest, ReadsRareKindsOfRawPixels)
          "FF0000FF FF000000 FF0000DA FF000024\n"},
         {"dxt5, six steps", 0x16, Bytes8({0, 0xFF, 0x88, 0x0E, 0, 0, 0, 0}) + colours,
          "FF000000 FF0000FF FF000033 FF0000FF\n"},
+        {"dxt5, equal end points", 0x16, Bytes8({0x80, 0x80, 0x3E, 0x02, 0, 0, 0, 0}) + colours,
+         "FF000000 FF0000FF FF000080 FF000080\n"},
         {"565", 0x0E, Bytes8({0x00, 0xF8, 0xE0, 0x07, 0x1F, 0}) + std::string(26, '\0'),
          "FF0000FF 00FF00FF 0000FFFF 000000FF\n"},
         {"1555", 0x10, Bytes8({0x00, 0xFC, 0xE0, 0x03}) + std::string(28, '\0'),

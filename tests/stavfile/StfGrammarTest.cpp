@@ -164,6 +164,7 @@ TEST(StfGrammarTest, ReadsHeaders)
         {"skips a malformed line", "SIMISA@@@@ something ( x )\r\nA ( 1 )",
          "SIMISA@@@@ something ( x )", "A(1)"},
         {"cut short", "SIMISA@@@@S", "SIMISA@@@@S", ""},
+        {"in Windows-1252", "SIMISA@@@@\xE9\r\nA ( \xE9 )", "SIMISA@@@@\xC3\xA9", "A(\xC3\xA9)"},
         {"none", "A ( 1 )", "", "A(1)"},
         {"no header and an empty first line", "\r\nA ( 1 )", "", "A(1)"},
         {"no line end at all", "SIMISA@@@@@@@@@@JINX0D0t______", usual, ""},

@@ -140,6 +140,8 @@ TEST(ChecksTest, SoundRules)
         rule("an absent or empty entry names no file", wagonWith(none), wagon, kGood);
     rule("missing", wagonWith("Sound ( b.sms )"), wagon, kReference,
          {"ERROR: A/a.wag references missing file A/Sound/b.sms"});
+    rule("missing below a folder", wagonWith("Sound ( \"b//c.sms\" )"), wagon, kReference,
+         {"ERROR: A/a.wag references missing file A/Sound/b/c.sms"});
     rule("the sound path is normalised", wagonWith("Sound ( \"  .//a.\tsms \" )"), wagon, kGood);
     rule("no section: the sound is reported, the wagon is suspect",
          {inA("Sound/a.sms", "Tr_Sound ( )")}, wagon, kSuspect,

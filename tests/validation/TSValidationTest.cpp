@@ -105,6 +105,21 @@ private:
 using Lines = std::vector<std::string>;
 const std::string kA = "Trains/Trainset/A/";
 
+TEST(TSValidationTest, RaisesTheStepsOfAnEngine)
+{
+    SmallInstallation place;
+    TSValidation validation(place.Location(), place.Files());
+    Listener listener(validation, place);
+    validation.CheckStock(place.At(kA + "e.eng"));
+    const Lines steps = {"0 Checking <M>/Trains/Trainset/A/e.eng",
+                         "0 Checking shape files",
+                         "0 Checking sound files",
+                         "0 Checking engine related files",
+                         "0 Checking cabview files",
+                         "0 Checking sound files"};
+    EXPECT_EQ(listener.Take(), steps);
+}
+
 TEST(TSValidationTest, RaisesEventsInOrder)
 {
     SmallInstallation place(Changes{{kA + "Sound/a.wav", std::nullopt}});
