@@ -237,6 +237,15 @@ bool listsAll(const Place &place)
     return !disk::kIgnoresCase && !place.folders.empty() && canList(place);
 }
 
+/// Reads a file that exists; the error names the path that consists of two parts.
+void read(const std::string &file, std::string_view folder, std::string_view name,
+          std::string &bytes)
+{
+    if (const auto failure = Snapshot::ReadRecorded(file, bytes))
+        throw RuntimeError(failure->number,
+                           std::string(folder).append(name) + ": " + failure->reason);
+}
+
 /// A file that no listing shows may still exist: in a folder that cannot be listed, or under a
 /// Windows short name.
 std::optional<std::string> unlisted(std::string_view path)
@@ -280,19 +289,35 @@ Snapshot::Folder::Folder(Snapshot &snapshot, std::string folder)
 {
 }
 
-bool Snapshot::Folder::FileExists(std::string_view name)
+const Place *Snapshot::Folder::placeOf(std::string_view name)
 {
-    const bool isPlain =
-        Places::IsPlain(name) && std::none_of(name.begin(), name.end(), IsSeparator);
-    if (!isPlain || FilesUsed::IsRecording())
-        return m_snapshot.FileExists(m_path + std::string(name));
+    if (!Places::IsPlain(name) || std::any_of(name.begin(), name.end(), IsSeparator) ||
+        FilesUsed::IsRecording())
+        return nullptr;
     if (!m_place)
         m_place = m_snapshot.m_places->Known(m_path);
-    if (m_place && Places::FileOf({m_place, name, {}})) {
-        noteNames(m_place);
+    return m_place;
+}
+
+bool Snapshot::Folder::FileExists(std::string_view name)
+{
+    const Place *const place = placeOf(name);
+    if (place && Places::FileOf({place, name, {}})) {
+        noteNames(place);
         return true;
     }
     return m_snapshot.FileExists(m_path + std::string(name));
+}
+
+bool Snapshot::Folder::ReadFileInto(std::string &bytes, std::string_view name)
+{
+    const Place *const place = placeOf(name);
+    const Places::Hit hit = place ? Places::FileOf({place, name, {}}) : Places::Hit();
+    if (!hit)
+        return m_snapshot.ReadFileInto(bytes, m_path + std::string(name));
+    noteNames(place);
+    read(hit.Path(), m_path, name, bytes);
+    return true;
 }
 
 const void *Snapshot::IdentityOf(std::string_view path)
@@ -325,8 +350,7 @@ bool Snapshot::ReadFileInto(std::string &bytes, std::string_view path)
     const std::optional<std::string> file = FindFile(path);
     if (!file)
         return false;
-    if (const auto failure = ReadRecorded(*file, bytes))
-        throw RuntimeError(failure->number, std::string(path) + ": " + failure->reason);
+    read(*file, path, {}, bytes);
     return true;
 }
 

@@ -68,11 +68,16 @@ public:
         const std::string &Path() const { return m_path; }
         /// Like Snapshot::FileExists(Path() + name).
         bool FileExists(std::string_view name);
+        /// Like Snapshot::ReadFileInto(bytes, Path() + name).
+        bool ReadFileInto(std::string &bytes, std::string_view name);
 
     private:
+        /// Returns the place of a name that needs no whole path; null if it is not known.
+        const Place *placeOf(std::string_view name);
+
         Snapshot &m_snapshot;
         std::string m_path;
-        const Place *m_place = nullptr; ///< once a file was found in it
+        const Place *m_place = nullptr; ///< once a file was looked for in it
     };
     /// Returns the identity of a file, which is the same for every spelling of its path and valid
     /// as long as the snapshot lives; null for a file that does not exist or that no listing shows.

@@ -119,12 +119,12 @@ Content::Lent::~Lent()
         m_content.m_spare.push_back(std::move(m_file));
 }
 
-bool Content::TryRead(std::string_view path, Lent &lent) const
+bool Content::TryRead(host::Snapshot::Folder &folder, std::string_view name, Lent &lent)
 {
     Buffers &file = *lent.m_file;
     bool exists = true;
     try {
-        exists = m_snapshot.ReadFileInto(file.bytes, path);
+        exists = folder.ReadFileInto(file.bytes, name);
     } catch (const host::RuntimeError &) {
         file.bytes.clear();
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/Recording.h"
+#include "host/Snapshot.h"
 #include "stavfile/Source.h"
 #include "stavfile/StfFile.h"
 
@@ -16,7 +17,6 @@
 
 namespace host {
 class GameFiles;
-class Snapshot;
 } // namespace host
 
 namespace validation {
@@ -80,9 +80,9 @@ public:
         Content &m_content;
         std::unique_ptr<Buffers> m_file;
     };
-    /// Reads a file without making its tree. Returns false if there is no such file. A file that
-    /// cannot be read has no blocks.
-    bool TryRead(std::string_view path, Lent &lent) const;
+    /// Reads a file of a folder without making its tree. Returns false if there is no such file. A
+    /// file that cannot be read has no blocks.
+    static bool TryRead(host::Snapshot::Folder &folder, std::string_view name, Lent &lent);
     /// Like Read, into the bytes of `lent`.
     void Read(std::string_view path, Lent &lent) const;
     /// Returns the bytes of a file; throws RuntimeError like GameFiles::ReadFile.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/Ahead.h"
+#include "host/OpenFolder.h"
 #include "validation/Content.h"
 #include "validation/Outcome.h"
 #include "validation/TSValidation.h"
@@ -57,12 +58,31 @@ public:
     validation::Verdict Deliver(const validation::Outcome &outcome);
 
     /// Runs jobs 0 to count-1 on the workers and takes their results in order, until there are no
-    /// more or the check is stopped. The job must not throw.
+    /// more or the check is stopped. A single worker is the caller's thread, unless that has to
+    /// process events: a second thread would make every use of files and memory slower. The job
+    /// must not throw.
     template <typename Result, typename Job, typename Take>
     void Each(std::size_t count, const Job &job, const Take &take)
     {
         if (m_owner.m_stopped || count == 0)
             return;
+        if (m_owner.m_workers <= 1 && !m_owner.ProcessEvents)
+            eachHere(count, job, take);
+        else
+            eachAhead<Result>(count, job, take);
+    }
+
+private:
+    template <typename Job, typename Take>
+    void eachHere(std::size_t count, const Job &job, const Take &take) const
+    {
+        const host::disk::OpenFolder folder;
+        for (std::size_t i = 0; i < count && !m_owner.m_stopped; ++i)
+            take(i, job(i));
+    }
+    template <typename Result, typename Job, typename Take>
+    void eachAhead(std::size_t count, const Job &job, const Take &take) const
+    {
         host::Ahead<Result> ahead(count, job, m_owner.m_workers, kAhead);
         for (std::size_t i = 0; i < count; ++i) {
             const std::optional<Result> result = next(ahead);
@@ -75,7 +95,6 @@ public:
         }
     }
 
-private:
     /// Longest time without window events while a check waits for a file.
     static constexpr std::chrono::milliseconds kPause{10};
     /// Number of results that may wait to be reported: enough for the workers while the window

@@ -108,7 +108,7 @@ public:
     {
         m_findings.Message("Checking ", m_file);
         Content::Lent file(m_content);
-        if (!m_content.TryRead(m_file, file))
+        if (!Content::TryRead(m_folder, host::path::FileName(m_file), file))
             return m_findings.Record(Verdict::Missing, m_file);
         const std::optional<Block> wagon = vehicleIn(file.Source());
         if (!wagon)

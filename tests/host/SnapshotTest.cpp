@@ -49,8 +49,11 @@ TEST(SnapshotTest, FolderFindsTheSameFilesAsWholePaths)
             snapshot.FileExists(folder.At("Set/") + "a.wag");
         host::Snapshot::Folder set(snapshot, folder.At("Set/"));
         for (const char *name : {"A.WAG", "b.wag", "", ".", "..", "Sound", "sound\\X.sms", "/a.wag",
-                                 "../other.sms", "a.wag/"})
+                                 "../other.sms", "a.wag/"}) {
+            std::string bytes;
             EXPECT_EQ(set.FileExists(name), files.FileExists(set.Path() + name)) << name;
+            EXPECT_EQ(set.ReadFileInto(bytes, name), files.FileExists(set.Path() + name)) << name;
+        }
     }
 }
 

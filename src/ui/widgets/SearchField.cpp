@@ -27,16 +27,26 @@ SearchField::SearchField(const char *name, const QString &title, QWidget *parent
     setAccessibleName(title);
     setAccessibleDescription(QString::fromLatin1(name));
     setPlaceholderText(title + QStringLiteral(" (Ctrl+K)"));
-    setClearButtonEnabled(true);
-    for (auto *clearButton : findChildren<QToolButton *>())
-        clearButton->setAccessibleName(QStringLiteral("Clear: ") + title);
     setFocusPolicy(Qt::ClickFocus);
     setMaxLength(1000);
     setMinimumWidth(60);
     connect(this, &QLineEdit::textChanged, this, [this](const QString &text) {
         if (text.isEmpty())
             SetRemark({});
+        else
+            addClearButton();
     });
+}
+
+/// It shows only beside text. Looking for its icon in the desktop's themes would take a quarter of
+/// the program's start.
+void SearchField::addClearButton()
+{
+    if (isClearButtonEnabled())
+        return;
+    setClearButtonEnabled(true);
+    for (auto *clearButton : findChildren<QToolButton *>())
+        clearButton->setAccessibleName(QStringLiteral("Clear: ") + m_title);
 }
 
 void SearchField::SetRemark(const QString &remark)

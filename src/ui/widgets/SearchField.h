@@ -34,6 +34,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void addClearButton();
     QString shownRemark() const;
     void makeRoom();
 
