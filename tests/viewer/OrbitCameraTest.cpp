@@ -6,9 +6,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <numbers>
 #include <random>
+#include <vector>
 
 using viewer::CameraPose;
 using viewer::OrbitCamera;
@@ -180,4 +182,52 @@ TEST(OrbitCameraTest, LongDragOverTheTargetEndsAboveIt)
         EXPECT_NEAR(pose.CamY, 2 - 10 * up, 1e-3);
         EXPECT_FALSE(camera.IsBesideTarget());
     }
+}
+
+TEST(OrbitCameraTest, LooksFromEachSideAtTheSameTarget)
+{
+    const auto after = [](const std::function<void(OrbitCamera &)> &move) {
+        CameraPose pose{3, 2, -11, 0, 2, -15}; // five metres away
+        OrbitCamera camera(pose);
+        move(camera);
+        EXPECT_EQ(pose.LookAtX, 0);
+        EXPECT_EQ(pose.LookAtY, 2);
+        EXPECT_EQ(pose.LookAtZ, -15);
+        EXPECT_NEAR(distanceOf(pose), 5, 1e-4);
+        return pose;
+    };
+    const auto expectAt = [](const CameraPose &pose, float x, float y, float z) {
+        EXPECT_NEAR(pose.CamX, x, 1e-4);
+        EXPECT_NEAR(pose.CamY, y, 1e-4);
+        EXPECT_NEAR(pose.CamZ, z, 1e-4);
+    };
+    using viewer::Side;
+    expectAt(after([](OrbitCamera &c) { c.LookFrom(Side::Front); }), 0, 2, -10);
+    expectAt(after([](OrbitCamera &c) { c.LookFrom(Side::Rear); }), 0, 2, -20);
+    expectAt(after([](OrbitCamera &c) { c.LookFromOtherSide(); }), -3, 2, -19);
+    const CameraPose above = after([](OrbitCamera &c) { c.LookFrom(Side::Above); });
+    EXPECT_GT(above.CamY, 6.99f);
+    EXPECT_EQ(above.CamZ, -15);
+}
+
+TEST(OrbitCameraTest, TiltsFromStraightAboveTheTarget)
+{
+    CameraPose pose{0, 12, 0, 0, 2, 0};
+    OrbitCamera camera(pose);
+    camera.OrbitOver(0, -100);
+    EXPECT_NEAR(distanceOf(pose), 10, 1e-3) << "and not nowhere";
+    EXPECT_GT(pose.CamX, 0);
+    EXPECT_EQ(pose.CamZ, 0);
+}
+
+TEST(OrbitCameraTest, ShowAllPutsTheTargetIntoTheDepthOfTheMiddle)
+{
+    CameraPose pose{10, 2, 0, 0, 2, 0};
+    OrbitCamera camera(pose);
+    const std::vector<korvat::Vec3> points = {{-2, 0, -20}, {2, 4, 20}};
+    camera.ShowAll(points, {1, 2, 0}, 800, 600);
+    EXPECT_NEAR(pose.LookAtX, 1, 1e-3);
+    EXPECT_NEAR(pose.LookAtY, pose.CamY, 1e-3) << "it is not turned";
+    EXPECT_NEAR(pose.LookAtZ, pose.CamZ, 1e-3);
+    EXPECT_GT(pose.CamX, 15) << "far enough to see both ends";
 }
