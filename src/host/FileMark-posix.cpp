@@ -7,18 +7,22 @@
 
 namespace host {
 
+/// The folder itself needs no handle, which would cost two more system calls.
 struct MarkedFolder::Open
 {
-    explicit Open(const std::string &path)
-        : handle(open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC))
+    int Handle()
     {
+        if (!handle)
+            handle.emplace(open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        return handle->Number();
     }
 
-    disk::Handle handle;
+    std::string path;
+    std::optional<disk::Handle> handle = std::nullopt;
 };
 
 MarkedFolder::MarkedFolder(const std::string &path)
-    : m_open(std::make_unique<Open>(path))
+    : m_open(std::make_unique<Open>(Open{path}))
 {
 }
 
@@ -27,7 +31,7 @@ MarkedFolder::~MarkedFolder() = default;
 std::optional<FileMark> MarkedFolder::Mark() const
 {
     struct stat status = {};
-    if (!m_open->handle || fstat(m_open->handle.Number(), &status) != 0)
+    if (stat(m_open->path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
         return std::nullopt;
     return FileMark(disk::StampOf(status), 0);
 }
@@ -35,8 +39,7 @@ std::optional<FileMark> MarkedFolder::Mark() const
 std::optional<FileMark> MarkedFolder::MarkOf(const std::string &name) const
 {
     struct stat status = {};
-    if (!m_open->handle || fstatat(m_open->handle.Number(), name.c_str(), &status, 0) != 0 ||
-        !S_ISREG(status.st_mode))
+    if (fstatat(m_open->Handle(), name.c_str(), &status, 0) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;
     return FileMark(disk::StampOf(status), static_cast<std::uint64_t>(status.st_size));
 }

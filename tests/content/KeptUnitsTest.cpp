@@ -152,6 +152,23 @@ TEST(KeptUnitsTest, StockFoldersThatConsistsWantAreNoticed)
     EXPECT_NE(report(complete, {}), before);
 }
 
+TEST(KeptUnitsTest, SharedFilesFromTheIndexAreStillWatched)
+{
+    const CompleteInstallation complete(kMore);
+    const support::TempFolder cache;
+    content::HealthOptions withIndex;
+    withIndex.index = {cache.Path(), later};
+    report(complete, withIndex);
+    // The vehicle is read again and finds the faults of its sound in the index.
+    support::RandomEdits::WaitForTick();
+    complete.Folder().Write("TRAINS/TRAINSET/Other/p.wag",
+                            "\nInclude ( p.inc )\nWagon ( p Size ( 2m 3m 4m ) )");
+    EXPECT_EQ(report(complete, withIndex), report(complete, {}));
+    support::RandomEdits::WaitForTick();
+    complete.Folder().Write("TRAINS/TRAINSET/Other/SOUND/p.sms", "Tr_SMS ( File ( gone.wav ) )");
+    EXPECT_EQ(report(complete, withIndex), report(complete, {}));
+}
+
 TEST(KeptUnitsTest, FiguresOfAFewVehiclesKeepThoseOfTheOthers)
 {
     const CompleteInstallation complete(kMore);

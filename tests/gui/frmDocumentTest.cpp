@@ -4,10 +4,13 @@
 #include "GuiTest.h"
 #include "host/Folders.h"
 #include "host/Path.h"
+#include "host/SavedIndex.h"
+#include "host/Snapshot.h"
 #include "ui/widgets/ListView.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
+#include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -421,6 +424,35 @@ TEST_F(frmDocumentTest, RefreshAsksBeforeItDropsChanges)
     EXPECT_TRUE(Wait([&] {
         return Status() == dropped + "  Installed stock list loaded: 5 items";
     })) << Status();
+}
+
+TEST_F(frmDocumentTest, RefreshEverythingReadsAllWindowsAndForgetsTheIndex)
+{
+    Start();
+    OpenEditor("Coal");
+    frmDocument *const coal = Active();
+    button("cmdMove2").click();
+    frmDocument &north = OpenEditor("Freight North");
+    WriteConsist("Coal", {"hopper"});
+    WriteConsist("Freight North", {"box"});
+    const std::string folder = host::SavedIndex::UserFolder();
+    {
+        host::Snapshot snapshot(files);
+        host::SavedIndex index(snapshot, {folder}, 0, installation.CurrentFolder(), "test");
+        index.Keep("key", "value", {});
+        index.Save(host::SavedIndex::Extent::Whole);
+        ASSERT_FALSE(files.ListFiles(folder, "*.index").empty());
+    }
+    dialogs.Answer(DialogAnswer::No);
+    Trigger("mnuViewRefreshAll");
+    EXPECT_EQ(dialogs.TakeLog(),
+              "question (No)|Refresh|Consist has changed.  Reading it again drops all "
+              "changes.  Do you want to continue?\n");
+    EXPECT_EQ(Active(), coal) << "the question is about this window";
+    EXPECT_EQ(shown(), "") << "it keeps its changes";
+    north.mdiArea()->setActiveSubWindow(&north);
+    EXPECT_EQ(shown(), "box");
+    EXPECT_TRUE(files.ListFiles(folder, "*.index").empty());
 }
 
 TEST_F(frmDocumentTest, SurvivesAFileThatIsDamagedOrRemovedUnderItsWindow)
