@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
+#include <QToolButton>
 
 using document::SearchField;
 
@@ -31,6 +32,20 @@ protected:
 constexpr char kAll[] = "box hopper gp38a gp38b Oil";
 
 } // namespace
+
+TEST_F(SearchTest, ButtonInTheFieldClearsIt)
+{
+    Start();
+    for (const char *text : {"first", "second"}) {
+        listField().setText(QString::fromLatin1(text));
+        auto *button = listField().findChild<QToolButton *>();
+        ASSERT_TRUE(button);
+        EXPECT_EQ(button->accessibleName(), QStringLiteral("Clear: Search the consists"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return button->property("opacity").toDouble() == 1; }));
+        button->click();
+        EXPECT_EQ(listField().text(), QString());
+    }
+}
 
 TEST_F(SearchTest, StockFieldHidesWhatDoesNotMatch)
 {
