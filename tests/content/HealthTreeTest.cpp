@@ -85,6 +85,20 @@ TEST(HealthTreeTest, GroupsByCauseAndWantedFileIgnoringCase)
     EXPECT_EQ(linesOf(treeOf(MadeReport())), "");
 }
 
+TEST(HealthTreeTest, FilesOfWorseFindingsComeFirst)
+{
+    MadeReport made;
+    for (const char *user : {"consists/a.con", "consists/b.con"})
+        made.Add("folder:gp38", user, "trainset/GP38/note.eng", Severity::Note);
+    made.Add("folder:gp38", "consists/a.con", "trainset/GP38/error.eng");
+    EXPECT_EQ(linesOf(treeOf(made)), "folder:gp38 3 error\n"
+                                     "  trainset/GP38/error.eng 1\n"
+                                     "    consists/a.con, line 7\n"
+                                     "  trainset/GP38/note.eng 2\n"
+                                     "    consists/a.con, line 7\n"
+                                     "    consists/b.con, line 7\n");
+}
+
 TEST(HealthTreeTest, ShowsExactlyTheFindingsThatPassTheFilter)
 {
     const MadeReport made = MadeReport::Large(300);

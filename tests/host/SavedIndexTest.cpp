@@ -3,11 +3,13 @@
 
 #include "host/GameFiles.h"
 #include "host/IndexTables.h"
+#include "host/Path.h"
 #include "host/Snapshot.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <functional>
 #include <thread>
 
@@ -48,6 +50,21 @@ protected:
             index.Keep(name, result, recording.Take());
             return result;
         }
+        /// Returns the names in the folder.
+        std::string List()
+        {
+            if (const auto kept = index.Find("list")) {
+                ++found;
+                return std::string(*kept);
+            }
+            host::Recording recording;
+            std::string names;
+            for (const std::string &name : snapshot.ListFiles(root + "/Trains", "*"))
+                names += name + ' ';
+            index.Keep("list", names, recording.Take());
+            index.Save(host::SavedIndex::Extent::Whole);
+            return names;
+        }
         std::string All()
         {
             std::string all = ResultOf("a.wag") + ' ' + ResultOf("B.WAG") + ' ' + ResultOf("c.wag");
@@ -84,6 +101,19 @@ TEST_F(SavedIndexTest, KeepsResultsUntilWhatTheyDependOnChanges)
     Run fifth(*this, "another purpose");
     EXPECT_EQ(fifth.All(), "3 2 4");
     EXPECT_EQ(fifth.found, 0);
+}
+
+TEST_F(SavedIndexTest, ListsFollowTheNamesInAFolder)
+{
+    EXPECT_EQ(Run(*this).List(), "a.wag b.wag ");
+    content.Write("TRAINS/c.wag");
+    EXPECT_EQ(Run(*this).List(), "a.wag b.wag c.wag ");
+    std::filesystem::rename(host::path::ToDisk(content.At("TRAINS/a.wag")),
+                            host::path::ToDisk(content.At("TRAINS/z.wag")));
+    EXPECT_EQ(Run(*this).List(), "b.wag c.wag z.wag ");
+    Run again(*this);
+    EXPECT_EQ(again.List(), "b.wag c.wag z.wag ");
+    EXPECT_EQ(again.found, 1);
 }
 
 TEST_F(SavedIndexTest, DropsWhatIsNoLongerUsed)
