@@ -8,6 +8,7 @@
 #include "host/Windows-win32.h"
 
 #include <algorithm>
+#include <limits>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -24,10 +25,12 @@ namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
+/// Disks without such a time give 0, which counts as 1970.
 std::int64_t nanoseconds(const LARGE_INTEGER &time)
 {
     constexpr std::int64_t k1970 = 116444736000000000; // in steps of 100 ns since 1601
-    return (time.QuadPart - k1970) * 100;
+    constexpr std::int64_t kLast = std::numeric_limits<std::int64_t>::max() / 100;
+    return std::clamp<std::int64_t>(time.QuadPart - k1970, 0, kLast) * 100;
 }
 
 /// Opens a file or folder for queries, following links.
