@@ -328,7 +328,7 @@ inline constexpr CommandRow kCommands[] = {
 
     {Command::ViewRefresh, Menu::View, 2, "mnuViewRefresh", "&Refresh", "F5", "refresh",
      "Read the window's content again", when::AnyWindow, [](Handlers &on) { on.view.Refresh(); }},
-    {Command::ViewRefreshAll, Menu::View, 2, "mnuViewRefreshAll", "Refresh &Everything", "Shift+F5",
+    {Command::ViewRefreshAll, Menu::View, 2, "mnuViewRefreshAll", "Refresh Ever&ything", "Shift+F5",
      "", "Read all windows again; the next check also reads what has not changed", when::Always,
      [](Handlers &on) { on.view.RefreshEverything(); }},
     {Command::ViewReset, Menu::View, 2, "mnuViewReset", "Reset &View", "Home", "reset-view",
