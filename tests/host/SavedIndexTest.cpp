@@ -210,8 +210,9 @@ TEST_F(SavedIndexTest, FoldersThatAppearOrLeadElsewhereAreNoticed)
         first.index.Save(host::SavedIndex::Extent::Whole);
         content.Write("TRAINS/more.wag", name);
         EXPECT_TRUE(Run(*this).index.Find("x")) << name << ": other names do not matter";
+        const bool isSame = std::filesystem::exists(path); // the folder in other letters
         content.MakeFolder(name);
-        EXPECT_FALSE(Run(*this).index.Find("x")) << name;
+        EXPECT_EQ(Run(*this).index.Find("x").has_value(), isSame) << name;
     }
 }
 
