@@ -17,11 +17,12 @@ namespace {
 struct State
 {
     bool counting = false, ends = false, fillsDisk = false;
-    int step = 0, error = 0, count = 0, namesRead = 0;
+    int step = 0, error = 0, count = 0;
     const char *refused = "";
     std::vector<std::string> calls;
 };
 State state;
+thread_local int namesRead = 0; ///< of the folder that this thread opened last
 
 bool isRefused(const char *call)
 {
@@ -45,17 +46,17 @@ namespace support {
 
 FailingStep::FailingStep(int step, int error)
 {
-    state = {true, false, false, step, error, 0, 0, "", {}};
+    state = {true, false, false, step, error, 0, "", {}};
 }
 
 FailingStep::FailingStep(int step, EndsProcess)
 {
-    state = {true, true, false, step, 0, 0, 0, "", {}};
+    state = {true, true, false, step, 0, 0, "", {}};
 }
 
 FailingStep::FailingStep(int step, FillsDisk)
 {
-    state = {true, false, true, step, ENOSPC, 0, 0, "", {}};
+    state = {true, false, true, step, ENOSPC, 0, "", {}};
 }
 
 FailingStep::~FailingStep()
@@ -110,7 +111,7 @@ extern "C" DIR *__real_opendir(const char *path);
 extern "C" DIR *__wrap_opendir(const char *path);
 extern "C" DIR *__wrap_opendir(const char *path)
 {
-    state.namesRead = 0;
+    namesRead = 0;
     return isRefused("opendir") ? nullptr : __real_opendir(path);
 }
 
@@ -118,7 +119,7 @@ extern "C" dirent *__real_readdir(DIR *folder);
 extern "C" dirent *__wrap_readdir(DIR *folder);
 extern "C" dirent *__wrap_readdir(DIR *folder)
 {
-    return state.namesRead++ == 1 && isRefused("readdir") ? nullptr : __real_readdir(folder);
+    return namesRead++ == 1 && isRefused("readdir") ? nullptr : __real_readdir(folder);
 }
 
 extern "C" int __real_open(const char *path, int flags, ...);
