@@ -5,6 +5,8 @@
 #include "host/Path.h"
 
 #include <QClipboard>
+#include <QColor>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -94,6 +96,24 @@ TEST_F(frmResultsTest, LongReportArrivesInSlicesWithoutMovingWhatTheUserSees)
     press(Qt::Key_A, Qt::ControlModifier);
     press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text().count(QLatin1Char('\n')), 20'000);
+}
+
+TEST_F(frmResultsTest, FirstWordsHaveTheirColourAtTheFirstPainting)
+{
+    // Returns the number of reddish pixels.
+    const auto reds = [](const QImage &image) {
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor colour = image.pixelColor(x, y);
+                count += colour.red() > colour.green() + 60 && colour.red() > colour.blue() + 60;
+            }
+        return count;
+    };
+    form->SetText("ERROR: a\nERROR: b\nERROR: c\n");
+    const int first = reds(form->txtResults->viewport()->grab().toImage());
+    EXPECT_GT(first, 30);
+    EXPECT_EQ(reds(form->txtResults->viewport()->grab().toImage()), first);
 }
 
 TEST_F(frmResultsTest, SavingTwiceAppendsTwoFramedReports)

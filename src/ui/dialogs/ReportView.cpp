@@ -121,6 +121,7 @@ void ReportView::colourWord(const QTextBlock &line) const
         if (!text.startsWith(QLatin1String(each.word)))
             continue;
         QTextLayout::FormatRange range;
+        range.start = 0;
         range.length = static_cast<int>(std::strlen(each.word));
         range.format.setForeground(each.colour);
         range.format.setFontWeight(each.weight);
