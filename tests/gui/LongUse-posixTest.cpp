@@ -125,6 +125,14 @@ protected:
     {
         ASSERT_TRUE(Active()->close());
     }
+    /// Opens a window with a search in the background, waits for its end and closes the window.
+    template <typename Form> void runToItsEnd(const char *command)
+    {
+        Trigger(command);
+        Form &form = *window->findChild<Form *>();
+        EXPECT_TRUE(Wait([&form] { return !form.Running(); }));
+        form.close();
+    }
     /// Closes the dialog that `open` shows.
     static void dismiss(const std::function<void()> &open)
     {
@@ -237,22 +245,12 @@ TEST_F(LongUseTest, Results)
 
 TEST_F(LongUseTest, HealthReport)
 {
-    Repeat([this] {
-        Trigger("mnuStockHealth");
-        frmHealth &form = *window->findChild<frmHealth *>();
-        EXPECT_TRUE(Wait([&form] { return !form.Running(); }));
-        form.close();
-    });
+    Repeat([this] { runToItsEnd<frmHealth>("mnuStockHealth"); });
 }
 
 TEST_F(LongUseTest, ReplaceInConsists)
 {
-    Repeat([this] {
-        Trigger("mnuStockReplace");
-        frmReplace &form = *window->findChild<frmReplace *>();
-        EXPECT_TRUE(Wait([&form] { return !form.Running(); }));
-        form.close();
-    });
+    Repeat([this] { runToItsEnd<frmReplace>("mnuStockReplace"); });
 }
 
 TEST_F(LongUseTest, Candidates)

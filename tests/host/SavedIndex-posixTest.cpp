@@ -28,7 +28,7 @@ class SavedIndexFailuresTest : public testing::Test
 protected:
     using Guard = std::function<std::unique_ptr<FailingStep>()>;
 
-    /// Returns the content of a file, by way of an index that is read and saved with the guard.
+    /// Returns the content of a file through an index, which is read and saved under the guard.
     std::string run(const Guard &guard)
     {
         host::GameFiles files;
