@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <fstream>
 #include <malloc.h>
 #include <spawn.h>
 #include <sys/resource.h>
@@ -94,6 +95,15 @@ double PeakMebibytes(const std::function<void()> &work)
 {
     const long idle = peakOfCopy([] {});
     return static_cast<double>(std::max(0L, peakOfCopy(work) - idle)) / 1024;
+}
+
+double ResidentMebibytes()
+{
+    std::ifstream pages("/proc/self/statm");
+    long whole = 0, resident = 0;
+    if (!(pages >> whole >> resident))
+        giveUp("/proc/self/statm");
+    return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1 << 20);
 }
 
 double ProcessorMilliseconds()

@@ -18,6 +18,9 @@ std::string RunForOutput(const std::vector<std::string> &command);
 /// work is done in a child process.
 double PeakMebibytes(const std::function<void()> &work);
 
+/// Returns the memory in MiB that this process occupies now.
+double ResidentMebibytes();
+
 /// Returns the processor time, in milliseconds, that this process and the children that it waited
 /// for have used. Other programs on the machine affect it less than wall-clock time.
 double ProcessorMilliseconds();

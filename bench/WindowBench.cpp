@@ -445,23 +445,37 @@ int showPictures(const std::string &folder, const std::string &consist)
     watch.End();
 }
 
-/// Opens a results window with 100,000 lines. Prints the time until it is painted if `what` is
-/// "open", else the longest gap until all lines are there and the window was scrolled to the end.
-int showReport(const std::string &what)
+constexpr int kReportLines = 100'000;
+
+std::string longReport()
 {
-    constexpr int kLines = 100'000;
     std::string text;
-    for (int line = 0; line < kLines; ++line)
+    text.reserve(kReportLines * 80);
+    for (int line = 0; line < kReportLines; ++line)
         text += "ERROR: Stock Folder " + std::to_string(line % 5000) + "/wagon" +
                 std::to_string(line) + ".wag: shape file wagon" + std::to_string(line) +
                 ".s is missing\r\n";
+    return text;
+}
+
+void awaitLines(const frmResults &form)
+{
+    while (form.txtResults->blockCount() <= kReportLines)
+        QCoreApplication::processEvents();
+}
+
+/// Opens a results window with a long report. Prints the time until it is painted if `what` is
+/// "open", else the longest gap until all lines are there and the window was scrolled to the end.
+int showReport(const std::string &what)
+{
+    std::string text = longReport();
     app::DressApplication(*qApp);
     AnsweredDialogs dialogs;
     host::GameFiles files;
     std::unique_ptr<frmResults> form;
     const double open = bench::Milliseconds([&] {
         form = std::make_unique<frmResults>(dialogs, files, "");
-        form->SetText(text);
+        form->SetText(std::move(text));
         form->show();
         QCoreApplication::processEvents();
         form->txtResults->viewport()->repaint();
@@ -472,14 +486,42 @@ int showReport(const std::string &what)
         std::_Exit(0);
     }
     GapWatch watch;
-    while (form->txtResults->blockCount() <= kLines)
-        QCoreApplication::processEvents();
+    awaitLines(*form);
     QScrollBar &bar = *form->txtResults->verticalScrollBar();
     for (int page = 0; page <= 200; ++page) {
         bar.setValue(bar.maximum() / 200 * page);
         QCoreApplication::processEvents();
     }
     watch.End();
+}
+
+/// Prints the memory that a results window with a long report occupies beyond that of a window with
+/// one line, and the size of the text as the toolkit stores it, both in MiB.
+int keepReport()
+{
+    app::DressApplication(*qApp);
+    AnsweredDialogs dialogs;
+    host::GameFiles files;
+    frmResults form(dialogs, files, "");
+    form.SetText("INFO: the first text loads the fonts\r\n");
+    form.show();
+    QCoreApplication::processEvents();
+    const double before = bench::ResidentMebibytes();
+    form.SetText(longReport());
+    const double size = static_cast<double>(form.Text().size()) * sizeof(QChar) / (1 << 20);
+    awaitLines(form);
+    std::printf("%f %f\n", bench::ResidentMebibytes() - before, size);
+    std::fflush(stdout);
+    std::_Exit(0);
+}
+
+bench::Row reportMemoryRow(const std::string &program)
+{
+    char *rest = nullptr;
+    const std::string figures = bench::RunForOutput({program, "--report", "keep"});
+    const double memory = std::strtod(figures.c_str(), &rest);
+    return {"memory of a report of 100,000 lines", "its text in UTF-16", memory,
+            std::strtod(rest, nullptr), "MB"};
 }
 
 /// Returns the shortest of several runs of this program with these arguments, each preceded by its
@@ -568,6 +610,7 @@ int measure(const std::string &program, const std::string &folder)
            {program, "--rows", train.folder, train.consist});
     addGap("opening a report of 100,000 lines", {program, "--report", "open"}, 100);
     addGap("longest gap, reading a report of 100,000 lines", {program, "--report", "read"});
+    rows.push_back(reportMemoryRow(program));
     makeUnhealthy(sample / "unhealthy", 100'000);
     addGap("longest gap, health of 100,000 findings",
            {program, "--health", (sample / "unhealthy").string()});
@@ -615,7 +658,7 @@ int main(int argc, char **argv)
     if (arguments[1] == "--health")
         return reportHealth(arguments[2]);
     if (arguments[1] == "--report")
-        return showReport(arguments[2]);
+        return arguments[2] == "keep" ? keepReport() : showReport(arguments[2]);
     if (arguments[1] == "--train")
         return viewTrain(arguments[2]);
     if (arguments[1] == "--pictures")
