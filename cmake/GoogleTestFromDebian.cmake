@@ -14,10 +14,12 @@ add_subdirectory(${ZELK_GOOGLETEST_SOURCE} ${CMAKE_BINARY_DIR}/_googletest EXCLU
 set(CMAKE_COMPILE_WARNING_AS_ERROR ${ZELK_SAVED_WERROR})
 include(GoogleTest)
 
-# Registers the tests of a program under a label. Each has a limit of 120 s, so that a hanging test
-# cannot stop a run. Further properties may set another limit. zelk_discover_tests(TARGET LABEL
+set(ZELK_TEST_LIMIT 120 CACHE STRING "Seconds that a test may take")
+
+# Registers the tests of a program under a label. Each has a limit, so that a hanging test cannot
+# stop a run. Further properties may set another limit. zelk_discover_tests(TARGET LABEL
 # [PROPERTY VALUE]...)
 function(zelk_discover_tests name label)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
-    PROPERTIES TIMEOUT 120 LABELS ${label} ${ARGN})
+    PROPERTIES TIMEOUT ${ZELK_TEST_LIMIT} LABELS ${label} ${ARGN})
 endfunction()

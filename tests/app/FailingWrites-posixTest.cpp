@@ -301,6 +301,11 @@ TEST_P(FailingWritesTest, FileSystemThatRefusesPermissionsCanBeWrittenTo)
             const std::string message = messageOf(GetParam(), world);
             EXPECT_EQ(withoutTimes(world.Files()), after) << message;
         }
+        World world;
+        const FailingStep failing(step, EIO);
+        const std::string message = messageOf(GetParam(), world);
+        EXPECT_NE(withoutTimes(world.Files()), after) << "another error is not ignored";
+        EXPECT_EQ(message.empty(), GetParam().isSilent);
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "CompleteInstallation.h"
 #include "MadeReport.h"
-
+#include "content/Causes.h"
 #include "content/HealthText.h"
 #include "content/HelpText.h"
 #include "host/RuntimeError.h"
@@ -125,6 +125,20 @@ TEST(HealthTreeTest, ShowsExactlyTheFindingsThatPassTheFilter)
             inCauses += cause.findings;
         EXPECT_EQ(inCauses, expected.size()) << "the causes partition the findings";
     }
+}
+
+TEST(HealthTreeTest, CausesOfTheSameWeightKeepTheirOrder)
+{
+    MadeReport made;
+    for (const char *const cause : {"folder:c", "folder:a", "folder:b"})
+        made.Add(cause, "consists/train.con", std::string(cause + 7) + "/w.wag");
+    made.Add("folder:b", "consists/train.con", "b/x.wag");
+    HealthReport report = made.Report();
+    CountCauses(report);
+    std::string order;
+    for (const Cause &cause : report.causes)
+        order += cause.id + ' ';
+    EXPECT_EQ(order, "folder:b folder:c folder:a ");
 }
 
 TEST(HealthTreeTest, CountsEachSeverityApartFromItsToggle)

@@ -18,6 +18,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QThread>
 #include <QTimer>
 
 #include <algorithm>
@@ -51,19 +52,22 @@ protected:
         open.front()->txtResults->Finish(); // a long text arrives in slices
         return open.front()->txtResults->toPlainText().toStdString();
     }
-    /// Writes enough wagons to make a check of all stock take some time.
+    /// Writes wagons in many folders, so that a check of all stock has a middle.
     void writeManyWagons()
     {
         for (int folder = 0; folder < kFolders; ++folder)
             for (int file = 0; file < kInFolder; ++file)
                 game.Write("Trains/Trainset/Big " + std::to_string(folder) + "/w" +
                                std::to_string(file) + ".wag",
-                           "Wagon ( w WagonShape ( none.s ) )\n#" + std::string(kLength, 'x'));
+                           "Wagon ( w WagonShape ( none.s ) )");
     }
     /// Runs `act` once, from an event in the middle of the next check.
     void inTheMiddle(const std::function<void()> &act)
     {
         auto *timer = new QTimer(window.get());
+        // A check looks at events at intervals; a slow folder makes sure that it does.
+        QObject::connect(&Find<QProgressBar>(*window, "sbStatusBarProgress"),
+                         &QProgressBar::valueChanged, timer, [] { QThread::msleep(30); });
         QObject::connect(timer, &QTimer::timeout, timer, [this, timer, act] {
             if (!window->Validator || !window->Validator->Running() ||
                 Status().find("Checking (") == std::string::npos)
@@ -80,7 +84,7 @@ protected:
         return Find<QProgressBar>(*window, "sbStatusBarProgress").isVisible();
     }
 
-    static constexpr int kFolders = 20, kInFolder = 20, kLength = 65536;
+    static constexpr int kFolders = 20, kInFolder = 20;
     int acted = 0;
 };
 

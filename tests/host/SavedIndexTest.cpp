@@ -238,6 +238,24 @@ TEST_F(SavedIndexTest, FoldersThatDifferInCaseAreNoticed)
     EXPECT_FALSE(isKept());
 }
 
+TEST_F(SavedIndexTest, FilesThatMoveBetweenFoldersThatDifferInCaseAreNoticed)
+{
+    if (host::disk::kIgnoresCase)
+        GTEST_SKIP() << "the system has only one folder of a name";
+    content.Write("TRAINS/SUB/a.wag");
+    content.Write("TRAINS/Sub/b.wag");
+    content.Write("TRAINS/Sub/c.wag");
+    Run first(*this);
+    host::Recording recording;
+    EXPECT_EQ(first.snapshot.ListFiles(content.At("TRAINS/SUB"), "*").size(), 3u);
+    first.index.Keep("x", "9", recording.Take());
+    first.index.Save(host::SavedIndex::Extent::Whole);
+    EXPECT_TRUE(Run(*this).index.Find("x"));
+    // The names of all files one after the other stay the same.
+    std::filesystem::rename(content.At("TRAINS/Sub/b.wag"), content.At("TRAINS/SUB/b.wag"));
+    EXPECT_FALSE(Run(*this).index.Find("x"));
+}
+
 TEST_F(SavedIndexTest, FactsAreAskedAgain)
 {
     Run first(*this);
