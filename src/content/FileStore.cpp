@@ -51,27 +51,22 @@ ReadResult ParseFile(std::string bytes)
     return result;
 }
 
-const FileStore::Sought &FileStore::lookFor(std::string_view folder)
+std::shared_ptr<const FileStore::Sought> FileStore::lookFor(std::string_view folder)
 {
-    const std::string key(folder);
-    {
-        const std::shared_lock lock(m_absentMutex);
-        if (const auto known = m_absent.find(key); known != m_absent.end())
-            return known->second;
-    }
+    if (auto known = m_sought.Find(folder))
+        return std::move(*known);
     host::Recording recording;
     const bool isAbsent = !m_folders.FolderExists(folder);
-    const std::unique_lock lock(m_absentMutex);
-    return m_absent.try_emplace(key, Sought{isAbsent, recording.Take()}).first->second;
+    return m_sought.Add(folder, std::make_shared<const Sought>(Sought{isAbsent, recording.Take()}));
 }
 
 bool FileStore::isAbsent(std::string_view folder)
 {
-    const Sought &sought = lookFor(folder); // references into the table stay valid
+    const std::shared_ptr<const Sought> sought = lookFor(folder);
     host::Recording *const recording = host::Recording::Current();
-    if (sought.isAbsent && recording)
-        recording->Add(sought.dependencies);
-    return sought.isAbsent;
+    if (sought->isAbsent && recording)
+        recording->Add(sought->dependencies);
+    return sought->isAbsent;
 }
 
 std::optional<std::string> FileStore::Find(const std::string &path)
@@ -106,22 +101,7 @@ ReadResult FileStore::Read(const std::string &path) const
 
 std::shared_ptr<const ReadResult> FileStore::ReadShared(const std::string &path)
 {
-    std::shared_ptr<Kept> kept;
-    {
-        const std::lock_guard lock(m_mutex);
-        auto &place = m_kept[path];
-        if (!place)
-            place = std::make_shared<Kept>();
-        kept = place;
-    }
-    std::call_once(kept->once, [&] {
-        host::Recording recording;
-        kept->result = std::make_shared<const ReadResult>(Read(path));
-        kept->dependencies = recording.Take();
-    });
-    if (host::Recording *const recording = host::Recording::Current())
-        recording->Add(kept->dependencies);
-    return kept->result;
+    return m_kept.Get(path, [&] { return Read(path); });
 }
 
 } // namespace content

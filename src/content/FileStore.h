@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/Recording.h"
+#include "host/SharedWork.h"
 #include "host/Snapshot.h"
 #include "stavfile/Source.h"
 
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
-#include <shared_mutex>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 namespace content {
 
@@ -51,27 +48,18 @@ public:
     std::string Bytes(const std::string &path, std::string &fault) const;
 
 private:
-    struct Kept
-    {
-        std::once_flag once;
-        std::shared_ptr<const ReadResult> result;
-        host::Dependencies dependencies;
-    };
-
     /// A folder that may not exist.
     struct Sought
     {
         bool isAbsent = false;
         host::Dependencies dependencies;
     };
-    const Sought &lookFor(std::string_view folder);
+    std::shared_ptr<const Sought> lookFor(std::string_view folder);
     bool isAbsent(std::string_view folder);
 
     host::Snapshot &m_folders;
-    std::shared_mutex m_absentMutex;
-    std::unordered_map<std::string, Sought> m_absent; ///< by folder
-    std::mutex m_mutex;
-    std::unordered_map<std::string, std::shared_ptr<Kept>> m_kept;
+    host::SharedTable<std::shared_ptr<const Sought>> m_sought; ///< by folder
+    host::SharedWork<ReadResult> m_kept;                       ///< by path
 };
 
 /// Reads a structured file from its bytes, which may be compressed.

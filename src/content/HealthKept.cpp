@@ -127,7 +127,7 @@ void HealthRun::addSpelling(KnownTexts &spellings, std::string_view text,
                             const std::string &key) const
 {
     if (!m_index)
-        spellings.Add(text);
+        spellings.Add(text, 0);
     else if (const std::string upper = host::ToUpper(key); m_stock.contains(upper))
         spellings.Add(text, m_index->FactOf(upper));
 }

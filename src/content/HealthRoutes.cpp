@@ -139,7 +139,7 @@ void HealthRun::sortUses(Unit &route)
 void HealthRun::addRouteShape(Reference reference, const World &world, Unit &unit) const
 {
     const std::string key = world.route + '\n' + host::ToUpper(reference.wants);
-    if (!m_options.keepAll && m_units.Has(key))
+    if (!m_options.keepAll && m_units.Find(key))
         return;
     Draft draft;
     draft.reference = std::move(reference);
@@ -151,7 +151,7 @@ void HealthRun::addRouteShape(Reference reference, const World &world, Unit &uni
     if (m_options.keepAll || draft.IsProblem())
         unit.drafts.push_back(std::move(draft));
     else if (world.profiles == Profiles::Both())
-        m_units.Add(key);
+        m_units.Add(key, 0);
 }
 
 } // namespace content

@@ -323,7 +323,7 @@ bool HealthRun::isKnownUnit(const Reference &reference) const
     if (isInStock(key))
         return true;
     // A record needs the look-ups.
-    return !(m_index && host::Recording::Current()) && m_units.Has(key);
+    return !(m_index && host::Recording::Current()) && m_units.Find(key);
 }
 
 /// Returns the text of a unit's data block, which most consists share with others.
@@ -352,7 +352,7 @@ bool HealthRun::addReference(Reference reference, const Context &context, Unit &
     if (m_options.keepAll || isProblem)
         unit.drafts.push_back(std::move(draft));
     else if (isUnit)
-        m_units.Add(unitKey(draft.reference));
+        m_units.Add(unitKey(draft.reference), 0);
     return !isProblem;
 }
 

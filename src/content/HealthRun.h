@@ -2,12 +2,12 @@
 #pragma once
 
 #include "content/Finding.h"
-#include "content/KnownTexts.h"
 #include "content/SharedFiles.h"
 #include "content/Vehicle.h"
 #include "host/Ahead.h"
 #include "host/Packed.h"
 #include "host/SavedIndex.h"
+#include "host/SharedTable.h"
 
 #include <array>
 #include <atomic>
@@ -96,6 +96,9 @@ private:
         Profiles profiles;
         std::vector<std::pair<std::uint32_t, Profiles>> users; ///< indexes into m_users
     };
+
+    /// Texts of units that are in order, with the number of the fact that they depend on.
+    using KnownTexts = host::SharedTable<std::uint32_t>;
 
     std::string indexPurpose() const;
     void openIndex(std::int64_t begin);

@@ -58,28 +58,6 @@ void SharedFiles::Add(Reference reference, const Context &context, std::vector<D
     drafts.push_back(std::move(draft));
 }
 
-template <typename Value, typename Make>
-std::shared_ptr<const Value> SharedFiles::once(Table<Value> &table, const std::string &key,
-                                               const Make &make)
-{
-    std::shared_ptr<Slot<Value>> slot;
-    {
-        const std::lock_guard lock(m_mutex);
-        auto &place = table[key];
-        if (!place)
-            place = std::make_shared<Slot<Value>>();
-        slot = place;
-    }
-    std::call_once(slot->once, [&] {
-        host::Recording recording;
-        slot->value = std::make_shared<const Value>(make());
-        slot->dependencies = recording.Take();
-    });
-    if (host::Recording *const recording = host::Recording::Current())
-        recording->Add(slot->dependencies);
-    return slot->value;
-}
-
 /// A file without faults is not kept: nobody asks for it until a file that names it changes.
 template <typename Read> SharedFile SharedFiles::keptFile(const std::string &key, const Read &read)
 {
@@ -114,7 +92,7 @@ std::shared_ptr<const SharedFile> SharedFiles::Get(Kind kind, const std::string 
                                                    const std::string &stock)
 {
     const auto get = [&](const std::string &key, const auto &read) {
-        return once(m_files, key, [&] {
+        return m_files.Get(key, [&] {
             SharedFile file = keptFile("file " + key, read);
             file.kind = kind;
             file.stock = stock;
@@ -199,7 +177,7 @@ SharedFiles::ShapeNeeds SharedFiles::readNeeds(const std::string &path) const
 SharedFile SharedFiles::readShape(const std::string &path, const std::string &stock)
 {
     SharedFile file{path, {}};
-    const auto needs = once(m_shapes, path, [&] { return readNeeds(path); });
+    const auto needs = m_shapes.Get(path, [&] { return readNeeds(path); });
     if (!needs->fault.empty()) {
         Draft damaged =
             DamagedFile(Kind::Shape, "damaged-shape", path, needs->fault, Severity::Error);
@@ -220,7 +198,7 @@ SharedFile SharedFiles::readShape(const std::string &path, const std::string &st
 SharedFile SharedFiles::readRouteShape(const std::string &path, const std::string &route)
 {
     SharedFile file{path, {}};
-    const auto needs = once(m_shapes, path, [&] { return readNeeds(path); });
+    const auto needs = m_shapes.Get(path, [&] { return readNeeds(path); });
     if (!needs->fault.empty()) {
         file.drafts.push_back(
             DamagedFile(Kind::RouteShape, "damaged-shape", path, needs->fault, Severity::Warning));

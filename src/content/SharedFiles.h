@@ -3,12 +3,11 @@
 
 #include "content/Resolver.h"
 #include "host/SavedIndex.h"
+#include "host/SharedWork.h"
 
 #include <array>
 #include <memory>
-#include <mutex>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace content {
@@ -71,15 +70,6 @@ public:
              const NamedFiles *named = nullptr) const;
 
 private:
-    template <typename Value> struct Slot
-    {
-        std::once_flag once;
-        std::shared_ptr<const Value> value;
-        host::Dependencies dependencies; ///< what it was made from
-    };
-    template <typename Value>
-    using Table = std::unordered_map<std::string, std::shared_ptr<Slot<Value>>>;
-
     /// The needs of a shape, from the shape and its descriptor.
     struct ShapeNeeds
     {
@@ -89,9 +79,6 @@ private:
         int faultLine = 0;
     };
 
-    template <typename Value, typename Make>
-    std::shared_ptr<const Value> once(Table<Value> &table, const std::string &key,
-                                      const Make &make);
     template <typename Read> SharedFile keptFile(const std::string &key, const Read &read);
     SharedFile readSound(const std::string &path) const;
     SharedFile readCabView(const std::string &path) const;
@@ -102,9 +89,9 @@ private:
     const Resolver &m_resolver;
     bool m_keepAll;
     host::SavedIndex *m_index = nullptr;
-    std::mutex m_mutex;
-    Table<SharedFile> m_files; ///< by path, and for shapes of routes or other folders by `stock`
-    Table<ShapeNeeds> m_shapes;
+    /// By path, and for shapes of routes or other folders by `stock`.
+    host::SharedWork<SharedFile> m_files;
+    host::SharedWork<ShapeNeeds> m_shapes;
 };
 
 } // namespace content

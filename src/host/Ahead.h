@@ -8,6 +8,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstddef>
+#include <deque>
 #include <functional>
 #include <mutex>
 #include <optional>
@@ -26,7 +27,7 @@ std::size_t DefaultWorkers();
 /// data of the caller's thread. At most `window` results (at least one) are waiting or in progress.
 /// With many jobs per worker, results are delivered in batches, because each delivery costs about
 /// as much as reading a small file. A batch whose jobs take long is delivered early. While a worker
-/// runs, it keeps a folder open (disk::OpenFolder). Call Take and Stop from one thread only.
+/// runs, it keeps a folder open (disk::OpenFolder). Call everything but Stop from one thread only.
 template <typename Result> class Ahead
 {
 public:
@@ -51,34 +52,25 @@ public:
     /// Returns the next result in order if it is ready; never waits.
     std::optional<Result> TryTake()
     {
-        std::lock_guard lock(m_mutex);
-        return takeLocked();
+        return take([](std::unique_lock<std::mutex> &) {});
     }
     /// Waits for the next result in order and returns it; nothing if all were taken or after Stop.
     std::optional<Result> Take()
     {
-        std::unique_lock lock(m_mutex);
-        m_ready.wait(lock, [this] { return settled(); });
-        return takeLocked();
+        return take([this](std::unique_lock<std::mutex> &lock) {
+            m_ready.wait(lock, [this] { return settled(); });
+        });
     }
     /// Like Take, but also returns nothing when `time` has passed; Done distinguishes the two
     /// cases.
     std::optional<Result> TakeFor(std::chrono::milliseconds time)
     {
-        std::unique_lock lock(m_mutex);
-        m_ready.wait_for(lock, time, [this] { return settled(); });
-        return takeLocked();
+        return take([this, time](std::unique_lock<std::mutex> &lock) {
+            m_ready.wait_for(lock, time, [this] { return settled(); });
+        });
     }
-    bool Done() const
-    {
-        std::lock_guard lock(m_mutex);
-        return m_stopped || m_taken == m_results.size();
-    }
-    std::size_t Taken() const
-    {
-        std::lock_guard lock(m_mutex);
-        return m_taken;
-    }
+    bool Done() const { return m_stopped || Taken() == m_results.size(); }
+    std::size_t Taken() const { return m_fetched - m_here.size(); }
     std::size_t Count() const { return m_results.size(); }
 
     /// Starts no more jobs and waits for the running ones.
@@ -94,20 +86,37 @@ public:
     }
 
 private:
-    /// True if the next result is ready or will never come.
-    bool settled() const
+    /// Returns the next result. Fetches up to a batch of results at a time, after `wait`, to lock
+    /// rarely.
+    template <typename Wait> std::optional<Result> take(const Wait &wait)
     {
-        return m_stopped || m_taken == m_results.size() || m_results[m_taken].has_value();
-    }
-    std::optional<Result> takeLocked()
-    {
-        if (m_stopped || m_taken == m_results.size() || !m_results[m_taken])
+        if (m_here.empty() && !m_stopped) {
+            std::unique_lock lock(m_mutex);
+            makeRoom();
+            wait(lock);
+            while (m_here.size() < m_row && isReady())
+                m_here.push_back(*std::exchange(m_results[m_fetched++], std::nullopt));
+            if (!m_here.empty())
+                makeRoom(1);
+        }
+        if (m_here.empty() || m_stopped)
             return std::nullopt;
-        std::optional<Result> result = std::exchange(m_results[m_taken], std::nullopt);
-        ++m_taken;
+        std::optional<Result> result = std::move(m_here.front());
+        m_here.pop_front();
+        return result;
+    }
+    bool isReady() const
+    {
+        return m_fetched < m_results.size() && m_results[m_fetched].has_value();
+    }
+    /// True if the next result is ready or will never come.
+    bool settled() const { return m_stopped || m_fetched == m_results.size() || isReady(); }
+    /// Counts what the caller has taken, or is about to take, as no longer waiting.
+    void makeRoom(std::size_t more = 0)
+    {
+        m_taken = Taken() + more;
         if (hasRoom())
             m_room.notify_all();
-        return result;
     }
     /// True if the next batch fits into the window.
     bool hasRoom() const { return m_window - (m_next - m_taken) >= nextBatch(); }
@@ -137,9 +146,15 @@ private:
             }
             const std::size_t first = m_next, end = first + nextBatch();
             m_next = end;
-            for (std::size_t at = first; at < end && !m_stopped; at += deliver(row, at)) {
+            for (std::size_t at = first; at < end && !m_stopped;) {
                 lock.unlock();
                 runJobs(row, at, end);
+                lock.lock();
+                at += deliver(row, at);
+                if (!settled())
+                    continue;
+                lock.unlock(); // the caller would wake up only to wait for it
+                m_ready.notify_all();
                 lock.lock();
             }
         }
@@ -159,8 +174,6 @@ private:
         std::move(row.begin(), row.end(), m_results.begin() + static_cast<std::ptrdiff_t>(at));
         const std::size_t count = row.size();
         row.clear();
-        if (settled())
-            m_ready.notify_all();
         return count;
     }
 
@@ -175,8 +188,11 @@ private:
     std::size_t m_row = 1; ///< jobs in a batch
     mutable std::mutex m_mutex;
     std::condition_variable m_ready, m_room;
-    std::size_t m_next = 0, m_taken = 0;
+    std::size_t m_next = 0;
+    std::size_t m_taken = 0;             ///< results that no longer count as waiting
     std::atomic<bool> m_stopped = false; ///< workers check it between jobs
+    std::deque<Result> m_here;           ///< fetched, for the caller's thread only
+    std::size_t m_fetched = 0;           ///< changed only by that thread, under the lock
     std::vector<std::jthread> m_threads;
 };
 

@@ -8,6 +8,7 @@
 #include "host/Path.h"
 #include "host/Recording.h"
 #include "host/RuntimeError.h"
+#include "host/SharedTable.h"
 
 #include <algorithm>
 #include <deque>
@@ -53,8 +54,7 @@ void noteUnlisted()
 
 } // namespace
 
-/// The folders of the disk that game paths lead to. Entries are created once and then only read, so
-/// the lock protects only the tables.
+/// The folders of the disk that game paths lead to. Entries are created once and then only read.
 class Snapshot::Places
 {
 public:
@@ -72,9 +72,8 @@ public:
         std::size_t length = path.root.size();
         for (std::size_t i = 0; i < depth; ++i)
             length += path.names[i].size() + (i == 0 ? 0 : 1);
-        if (const Place *known = lookUp(m_places, std::string_view(path.text).substr(0, length)))
-            return known;
-        return walk(path, depth);
+        const auto known = m_places.Find(std::string_view(path.text).substr(0, length));
+        return known ? *known : walk(path, depth);
     }
 
     /// True if a name can only mean an entry of its folder.
@@ -84,7 +83,10 @@ public:
     }
     /// Returns the place of a folder, given with its separator, in which a file was looked for
     /// already; else null.
-    const Place *Known(std::string_view folder) { return lookUp(m_aliases, folder); }
+    const Place *Known(std::string_view folder) const
+    {
+        return m_aliases.Find(folder).value_or(nullptr);
+    }
 
     /// A path's last name and the place to search for it. A path that cannot be a file's has none.
     /// The path must outlive it.
@@ -108,11 +110,9 @@ public:
         if (!steps || steps->endsInSeparator || steps->names.empty())
             return std::nullopt;
         Leaf leaf{Find(*steps, steps->names.size() - 1), {}, steps->names.back()};
-        if (plain && !folder.empty() && !leaf.place->folders.empty()) {
-            const std::lock_guard lock(m_mutex);
-            if (m_aliases.size() < kMaxAliases)
-                m_aliases.try_emplace(std::string(folder), leaf.place);
-        }
+        if (plain && !folder.empty() && !leaf.place->folders.empty() &&
+            m_aliases.Size() < kMaxAliases)
+            m_aliases.Add(folder, leaf.place);
         return leaf;
     }
 
@@ -146,26 +146,16 @@ private:
     /// Limit of remembered folder spellings; hostile files may contain more.
     static constexpr std::size_t kMaxAliases = 200000;
 
-    struct Hash
-    {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const
-        {
-            return std::hash<std::string_view>()(text);
-        }
-    };
-
     /// Follows the path from the root as far as the folders exist.
     const Place *walk(const GamePath &path, std::size_t depth)
     {
         std::string text = path.root;
-        const Place *place = lookUp(m_places, text);
-        if (!place)
-            place = keep({text, nullptr, {listed(path.root)}});
+        const auto root = m_places.Find(text);
+        const Place *place = root ? *root : keep({text, nullptr, {listed(path.root)}});
         for (std::size_t i = 0; i < depth && !place->folders.empty(); ++i) {
             text += (i == 0 ? "" : std::string(1, path::kSeparator)) + path.names[i];
-            const Place *next = lookUp(m_places, text);
-            place = next ? next : keep({text, place, below(*place, path.names[i])});
+            const auto next = m_places.Find(text);
+            place = next ? *next : keep({text, place, below(*place, path.names[i])});
         }
         return place;
     }
@@ -181,18 +171,10 @@ private:
     const Place *keep(Place place)
     {
         const std::lock_guard lock(m_mutex);
-        const auto [kept, isNew] = m_places.try_emplace(place.path);
-        if (isNew)
-            kept->second = &m_made.emplace_back(std::move(place));
-        return kept->second;
-    }
-    using Table = std::unordered_map<std::string, const Place *, Hash, std::equal_to<>>;
-
-    const Place *lookUp(const Table &table, std::string_view text)
-    {
-        const std::lock_guard lock(m_mutex);
-        const auto found = table.find(text);
-        return found == table.end() ? nullptr : found->second;
+        if (const auto known = m_places.Find(place.path))
+            return *known;
+        const Place &made = m_made.emplace_back(std::move(place));
+        return m_places.Add(made.path, &made);
     }
     /// Returns a folder with its listing. Different spellings lead to the same folder.
     Listed listed(std::string folder)
@@ -208,10 +190,10 @@ private:
     }
 
     Listings &m_listings;
-    std::mutex m_mutex;
-    std::deque<Place> m_made; ///< all places; their addresses do not change
-    Table m_places;           ///< by the text of a resolved path
-    Table m_aliases;          ///< by the text of folders as given, with their separator
+    SharedTable<const Place *> m_places;  ///< by the text of a resolved path
+    SharedTable<const Place *> m_aliases; ///< by the text of folders as given, with their separator
+    std::mutex m_mutex;                   ///< guards the following
+    std::deque<Place> m_made;             ///< all places; their addresses do not change
     std::unordered_map<std::string, std::shared_ptr<const Listings::Folder>> m_read;
 };
 

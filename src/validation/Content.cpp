@@ -133,16 +133,16 @@ bool Content::TryRead(host::Snapshot::Folder &folder, std::string_view name, Len
     return exists;
 }
 
-std::shared_ptr<References> Content::read(const std::string &path, Reader reader) const
+References Content::read(const std::string &path, Reader reader) const
 {
-    auto references = std::make_shared<References>();
+    References references;
     try {
-        reader(Load(path), *references);
+        reader(Load(path), references);
     } catch (const host::RuntimeError &) {
-        references->corrupt = true;
+        references.corrupt = true;
     }
     const std::string folder = host::path::Folder(path);
-    for (References::File &file : references->files)
+    for (References::File &file : references.files)
         file.exists = Exists(Below(folder, file.value));
     return references;
 }
@@ -152,22 +152,12 @@ std::shared_ptr<const References> Content::known(char kind, const std::string &p
     const void *const file = m_snapshot.IdentityOf(path);
     if (!file && !m_snapshot.FindFile(path))
         return nullptr;
-    std::shared_ptr<Known> entry;
-    {
-        const std::lock_guard lock(m_mutex);
-        auto &place = m_known[{kind, file, file ? "" : host::path::Normalise(path)}];
-        if (!place)
-            place = std::make_shared<Known>();
-        entry = place;
-    }
-    std::call_once(entry->once, [&] {
-        host::Recording recording;
-        entry->references = read(path, reader);
-        entry->dependencies = recording.Take();
-    });
-    if (host::Recording *const recording = host::Recording::Current())
-        recording->Add(entry->dependencies);
-    return entry->references;
+    std::string name{kind, file ? 'i' : 'p'};
+    if (file)
+        name.append(reinterpret_cast<const char *>(&file), sizeof file);
+    else
+        name += host::path::Normalise(path);
+    return m_known.Get(name, [&] { return read(path, reader); });
 }
 
 std::shared_ptr<const References> Content::Sound(const std::string &path)

@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/Recording.h"
+#include "host/SharedWork.h"
 #include "host/Snapshot.h"
 #include "stavfile/Source.h"
 #include "stavfile/StfFile.h"
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <vector>
 
 namespace host {
@@ -98,16 +96,10 @@ private:
     /// A larger file's memory is not kept.
     static constexpr std::size_t kKeptText = 1u << 20;
 
-    struct Known
-    {
-        std::once_flag once;
-        std::shared_ptr<References> references;
-        host::Dependencies dependencies;
-    };
     using Reader = void (*)(const StfFile &file, References &references);
 
     std::shared_ptr<const References> known(char kind, const std::string &path, Reader reader);
-    std::shared_ptr<References> read(const std::string &path, Reader reader) const;
+    References read(const std::string &path, Reader reader) const;
 
     host::GameFiles &m_files;
     host::Snapshot &m_snapshot;
@@ -116,7 +108,7 @@ private:
     std::vector<std::unique_ptr<Buffers>> m_spare; ///< for Lent
     std::size_t m_made = 0;                        ///< with those that are in use
     /// By kind and identity or, for files that no listing shows, by kind and path.
-    std::map<std::tuple<char, const void *, std::string>, std::shared_ptr<Known>> m_known;
+    host::SharedWork<References> m_known;
 };
 
 } // namespace validation
