@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "stavfile/Keywords.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstring>
 
 namespace stavfile {
 namespace {
@@ -313,11 +313,11 @@ constexpr std::array<Slot, kSlots> makeSlots()
 
 constexpr std::array kTable = makeSlots();
 
-bool sameName(std::string_view keyword, std::string_view name)
+constexpr bool sameName(std::string_view keyword, std::string_view name)
 {
     if (keyword.size() != name.size())
         return false;
-    if (std::memcmp(keyword.data(), name.data(), name.size()) == 0) // as nearly all are spelled
+    if (keyword == name) // as nearly all are spelled
         return true;
     for (std::size_t i = 0; i < name.size(); ++i)
         if (lower(keyword[i]) != lower(name[i]))
@@ -325,9 +325,7 @@ bool sameName(std::string_view keyword, std::string_view name)
     return true;
 }
 
-} // namespace
-
-const Keyword *FindKeyword(std::string_view name)
+constexpr const Keyword *find(std::string_view name)
 {
     if (name.empty())
         return nullptr;
@@ -338,6 +336,16 @@ const Keyword *FindKeyword(std::string_view name)
             return &keyword;
     }
     return nullptr;
+}
+
+static_assert(std::all_of(kKeywords.begin(), kKeywords.end(),
+                          [](const Keyword &keyword) { return find(keyword.name) == &keyword; }));
+
+} // namespace
+
+const Keyword *FindKeyword(std::string_view name)
+{
+    return find(name);
 }
 
 } // namespace stavfile
