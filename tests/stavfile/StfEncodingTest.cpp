@@ -71,6 +71,21 @@ TEST(StfEncodingTest, ReadsTheSameContentInEveryEncoding)
     }
 }
 
+TEST(StfEncodingTest, EveryUnitOfUtf16ComesBack)
+{
+    for (const bool isBig : {false, true}) {
+        std::string bytes = Utf16("A ( \"", isBig);
+        for (unsigned unit = 0x80; unit <= 0xFFFF; ++unit) { // lone surrogates, too
+            const char low = static_cast<char>(unit & 0xFF), high = static_cast<char>(unit >> 8);
+            bytes += isBig ? std::string{high, low} : std::string{low, high};
+        }
+        bytes += Utf16("\" )", isBig).substr(2);
+        MemoryFile memory(bytes);
+        EXPECT_TRUE(memory.file.FindNode("A"));
+        EXPECT_TRUE(memory.file.ToBytes() == bytes);
+    }
+}
+
 TEST(StfEncodingTest, OtherFormsGiveAnEmptyTreeAndKeepTheirBytes)
 {
     const std::string shape = "SIMISA@@@@@@@@@@JINX0s1b______\r\n"s;
