@@ -58,9 +58,9 @@ TEST(TimetableTest, ReadsConsistsInEveryForm)
          {"2:one", "2:two", "3:three"}},
         {"a comment that goes on", ";A\n#comment;one /consist=x\n;two /consist=y\n", {}},
         {"options in any row",
-         ";A\nStation;10:05 $detach /Consist=one+two /forms=x $transfer /consist=<a/b>$reverse\n"
+         ";A\nStation;10:05 $detach /Consist=one+two /forms=x $transfer /consist=<a/b$c>$reverse\n"
          "#note;$x /consist = no /consist=three $stop\n#dispose;/consist=\n",
-         {"2:one", "2:two", "2:a/b", "3:three"}},
+         {"2:one", "2:two", "2:a/b$c", "3:three"}},
         {"each once", ";A;B\n#consist;one;ONE\n", {"2:one"}},
         {"columns without a train", ";A\n#consist;one;two\n", {"2:one"}},
         {"only one column", "A\n#consist\n", {}},
