@@ -81,7 +81,7 @@ TEST_F(ViewPicturesTest, RestoresThePictureAfterHidingAndResizing)
     shown.resize(300, 200);
     shown.show();
     EXPECT_TRUE(Wait([&shown] { return showsWagon(*shown.sfViewer); })) << "in another window";
-    delete &shown;
+    view.setWidget(&shown);
 }
 
 TEST_F(ViewPicturesTest, SavingWritesNumberedPictures)

@@ -103,7 +103,8 @@ std::vector<std::string> environmentOf(const Machine &machine)
     for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_HOME",
                              "XDG_STATE_HOME", "WINEPREFIX"})
         variables.push_back(std::string(name) + "=" + machine.home.string());
-    for (const char *name : {"DISPLAY", "XAUTHORITY"}) // OpenGL needs the display
+    // OpenGL needs the display, and scripts/asan sets the others.
+    for (const char *name : {"DISPLAY", "XAUTHORITY", "LD_PRELOAD", "LSAN_OPTIONS"})
         if (const char *value = std::getenv(name))
             variables.push_back(std::string(name) + "=" + value);
     return variables;
