@@ -211,6 +211,9 @@ TEST(HealthTreeTest, TextForHelpIsShortAndComplete)
             "Candidates: trainset/Tank/z.wag\n"
             "What to do: Correct the entry if it means one of the candidates; otherwise install "
             "the missing file.\n");
+    const std::vector<HealthTree::UserRow> users = small.UsersOf(small.Wanted().front());
+    ASSERT_EQ(users.size(), 1u);
+    EXPECT_EQ(HelpText(small, users.front()), HelpText(small, small.Wanted().front()));
 }
 
 class KnownFindingsTest : public testing::Test

@@ -142,6 +142,11 @@ TEST_F(TrainEditTest, OneStepGivesTheBytesOfSingleEdits)
              tree.Insert({x}, 3);
              tree.Insert({y}, 4);
          }},
+        {[&] { tree.Insert({x}, 2); },
+         [&] {
+             tree.Insert({x}, 1);
+             tree.Edit(Move::Forwards, 2);
+         }},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(&row - rows);

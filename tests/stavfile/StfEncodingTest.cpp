@@ -96,6 +96,7 @@ TEST(StfEncodingTest, OtherFormsGiveAnEmptyTreeAndKeepTheirBytes)
         {"SIMISA@@@@@@@@@@\x01\0\0\0\x04\0\0\0\x02\0\0\0\x02\0\0\0\x10\0\0\0\x04\0\0\0"s,
          Form::Binary},
         {"A ( b )\0\x01\x02"s, Form::Binary},
+        {"\0A ( b )"s, Form::Binary},
         {"\xFF\xFE\0\0A\0\0\0(\0\0\0)\0\0\0"s, Form::Binary},
         {std::string(5000, '\0'), Form::NulsOnly},
         {"\xFF\xFE"s + std::string(64, '\0'), Form::NulsOnly},
@@ -118,6 +119,17 @@ TEST(StfEncodingTest, NeverReplacesBinaryContentByText)
     MemoryFile memory("SIMISA@F\x1A\x05\0\0@@@@\x78\x9C"s);
     memory.file.Nodes().Add(StfNode::Create());
     EXPECT_THROW(memory.file.ToBytes(), host::RuntimeError);
+}
+
+TEST(StfEncodingTest, PaddingThatIsNoLongerAtTheEndBecomesBlanks)
+{
+    for (const char *const letter : {"a", "\xE4"}) { // UTF-8 and Windows-1252
+        MemoryFile memory("A ( " + std::string(letter) + std::string(5, '\0')); // not closed
+        memory.file.Nodes().Add(StfNode::Create());
+        const std::string bytes = memory.file.ToBytes();
+        EXPECT_EQ(bytes.find('\0'), bytes.npos);
+        EXPECT_TRUE(bytes.starts_with("A ( " + std::string(letter) + "      )")) << bytes;
+    }
 }
 
 TEST(StfEncodingTest, NewTextKeepsTheEncodingIfItFits)

@@ -393,6 +393,14 @@ TEST(ChecksTest, StockInConsistsRules)
          {train("b.con", engine + wagon), train("d.con", wagon + wagon)}, use("a.wag"), kGood,
          {line("b.con"), line("d.con")});
     rule("in no consist", {train("c.con", engine)}, use("a.wag"), kMissing, {none});
+    const std::string boxcar = "Train ( TrainCfg ( x Wagon ( WagonData ( boxcar A ) ) ) )";
+    std::string wide = "\xFF\xFE";
+    for (const char c : boxcar)
+        wide.append({c, '\0'});
+    for (const std::string &text : {boxcar, wide})
+        rule("a name of several letters, in each encoding",
+             {inA("boxcar.wag", "Wagon ( boxcar )"), {"Trains/Consists/c.con", text}},
+             use("boxcar.wag"), kGood, {"INFO: C/c.con references file A/boxcar.wag"});
     rule("compares letter case",
          {train("c.con", "Wagon ( WagonData ( A A ) ) Wagon ( WagonData ( a a ) )")}, use("a.wag"),
          kMissing, {none});

@@ -46,6 +46,12 @@ TEST(OrbitCameraTest, OrbitPanAndApproachMoveTheCamera)
         float dx, dy;
         CameraPose after;
     } rows[] = {
+        {"panning from above moves across the train's length",
+         {0, 12, -15, 0, 2, -15},
+         pan,
+         1,
+         0,
+         {0, 12, -16, 0, 2, -16}},
         {"a quarter turn", side, orbit, quarterX, 0, {0, 2, -5, 0, 2, -15}},
         {"a quarter turn back", along, orbit, -quarterX, 0, {10, 2, -15, 0, 2, -15}},
         {"lifts along the train", along, orbit, 0, -quarterY, {0, 12, -15, 0, 2, -15}},

@@ -90,8 +90,10 @@ Table readCsv(const std::string &text)
 /// Returns the path of a file URI as zelkctl shows paths.
 std::string pathOf(const std::string &uri)
 {
-    static const std::regex kValid("file:///(?:[A-Za-z0-9._~:/-]|%[0-9A-F]{2})*");
+    static const std::regex kLetter("%(3[0-9]|[46][1-9A-F]|[57][0-9A])"),
+        kValid("file:///(?:[A-Za-z0-9._~:/-]|%[0-9A-F]{2})*");
     EXPECT_TRUE(std::regex_match(uri, kValid)) << uri;
+    EXPECT_FALSE(std::regex_search(uri, kLetter)) << uri;
     std::string path;
     for (std::size_t i = std::string_view("file://").size(); i < uri.size(); ++i) {
         if (uri[i] != '%') {
