@@ -3,16 +3,20 @@
 
 #include <QProcess>
 
+#include <optional>
+
 namespace {
 
-QString xdotool(const QStringList &arguments)
+/// Returns the output; nothing if the program fails.
+std::optional<QString> xdotool(const QStringList &arguments)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(QStringLiteral("LD_PRELOAD")); // only for our programs
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral("xdotool"), arguments);
-    process.waitForFinished(20000);
+    if (!process.waitForFinished(20000) || process.exitCode() != 0)
+        return std::nullopt;
     return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
 }
 
@@ -25,11 +29,20 @@ bool CanCloseWindows()
 
 bool CloseWindowOf(long long process, const std::string &title)
 {
-    const QString id = xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                QStringLiteral("--pid"), QString::number(process),
-                                QStringLiteral("--name"), QString::fromStdString(title)});
-    if (id.isEmpty())
+    return PressKeyIn(process, title, "ctrl+q");
+}
+
+bool PressKeyIn(long long process, const std::string &title, const char *key)
+{
+    const QString ids =
+        xdotool({QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
+                 QStringLiteral("--pid"), QString::number(process), QStringLiteral("--name"),
+                 QString::fromStdString(title)})
+            .value_or(QString());
+    if (ids.isEmpty())
         return false;
-    xdotool({QStringLiteral("windowfocus"), id, QStringLiteral("key"), QStringLiteral("ctrl+q")});
-    return true;
+    return xdotool({QStringLiteral("windowfocus"), QStringLiteral("--sync"),
+                    ids.section(QLatin1Char('\n'), 0, 0), QStringLiteral("key"),
+                    QLatin1String(key)})
+        .has_value();
 }

@@ -8,3 +8,6 @@
 bool CloseWindowOf(long long process, const std::string &title);
 /// Returns whether CloseWindowOf works here: it may need a certain kind of display.
 bool CanCloseWindows();
+/// Presses a key, with the name that X gives it, in such a window. Returns false if the process
+/// does not show it (yet). Only on systems with X.
+bool PressKeyIn(long long process, const std::string &title, const char *key);
