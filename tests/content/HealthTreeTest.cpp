@@ -2,6 +2,7 @@
 #include "CompleteInstallation.h"
 #include "MadeReport.h"
 #include "content/Causes.h"
+#include "content/HealthFormats.h"
 #include "content/HealthText.h"
 #include "content/HelpText.h"
 #include "host/RuntimeError.h"
@@ -214,6 +215,15 @@ TEST(HealthTreeTest, TextForHelpIsShortAndComplete)
     const std::vector<HealthTree::UserRow> users = small.UsersOf(small.Wanted().front());
     ASSERT_EQ(users.size(), 1u);
     EXPECT_EQ(HelpText(small, users.front()), HelpText(small, small.Wanted().front()));
+}
+
+TEST(HealthFormatsTest, UrisKeepLettersAndDigits)
+{
+    MadeReport made;
+    made.Add("single-files", "consists/azAZ 09-._~%.con", "trainset/Box/z.wag");
+    std::string log;
+    WriteHealthSarif(made.Report(), "1.0", [&](std::string_view text) { log += text; });
+    EXPECT_NE(log.find("file:///game/consists/azAZ%2009-._~%25.con"), log.npos) << log;
 }
 
 class KnownFindingsTest : public testing::Test
