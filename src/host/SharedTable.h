@@ -65,7 +65,7 @@ private:
         bool operator()(const Hashed &a, const std::string &b) const { return a.text == b; }
         bool operator()(const std::string &a, const Hashed &b) const { return a == b.text; }
     };
-    struct alignas(64) Part // a cache line of its own
+    struct alignas(64) Part // threads on two cores must not share the cache line of a lock
     {
         mutable std::mutex mutex;
         std::unordered_map<std::string, Value, Hash, Equal> values;
